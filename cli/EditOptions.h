@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "engine/brivolantProcessorLite.h"
+#include "formats/BrivolantDocument.h"
+
+namespace CLI {
+class App;
+}
+
+namespace brivolant::cli {
+
+/// What the user asked to change, as it stood on the command line.
+class EditOptions {
+ public:
+  /// Declares the options of a command.
+  void Declare(CLI::App& command);
+  /// Reads them after parsing and checks them. False, with the sentence in `error`, for a wrong
+  /// use.
+  [[nodiscard]] bool Collect(const CLI::App& command, std::string& error);
+
+  /// Applies geometry, style and settings. False, with the sentence in `error`, if the style file
+  /// cannot be used.
+  [[nodiscard]] bool Apply(BrivolantDocument& document, brivolantProcessorLite& processor,
+                           std::string& error) const;
+
+ private:
+  /// One --set, --enable or --stack, in the order given.
+  struct Step {
+    enum Kind { kSet, kEnable, kStack } kind;
+    std::string text;
+  };
+  bool RunSteps(brivolantProcessorLite& processor, std::string& error) const;
+
+  std::vector<Step> steps_;
+  std::vector<std::string> sets_;
+  std::vector<std::string> enables_;
+  std::vector<std::string> stacks_;
+  std::string style_;
+  std::string crop_;
+  std::optional<int> blend_;
+  std::optional<float> opacity_;
+  std::optional<int> rotate_;
+  std::optional<int> flip_;
+  std::optional<std::pair<Pair, Pair>> cropRectangle_;
+};
+
+/// The style data of a style file or a document. Empty, with the sentence in `error`, on failure.
+std::optional<std::string> ReadStyleFile(const FolderItem& file, const Services& services,
+                                         std::string& error);
+
+}  // namespace brivolant::cli

@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: MIT
+#include <CLI/CLI.hpp>
+#include <chrono>
+#include <charconv>
+#include <set>
+
+#include "cli/Commands.h"
+#include "cli/RenderJob.h"
+#include "cli/Texts.h"
+#include "effects/EffectRegistry.h"
+#include "engine/pictures/SharedPictureEffects.h"
+#include "files/FolderitemExtensions.h"
+#include "formats/FileTypes.h"
+#include "formats/ImageFile.h"
+#include "platform/files/AtomicFile.h"
+
+namespace brivolant::cli {
+namespace {
+
+double Since(std::chrono::steady_clock::time_point& last) {
+  const auto now = std::chrono::steady_clock::now();
+  const double milliseconds = std::chrono::duration<double, std::milli>(now - last).count();
+  last = now;
+  return milliseconds;
+}
+
+bool SameFile(const FolderItem& a, const FolderItem& b) {
+  std::error_code error;
+  return std::filesystem::equivalent(a.Path(), b.Path(), error) && !error;
+}
+
+}  // namespace
+
+std::string FormatOf(const FolderItem& file) {
+  for (const FileType* type : ImagesWritableMac::kTypes) {
+    if (FolderitemExtensions::isFileType(file, type)) return std::string(type->Identifier);
+  }
+  return {};
+}
+
+bool OpenInput(const FolderItem& input, BrivolantDocument& document,
+               brivolantProcessorLite& processor, Worker& worker, std::string& error) {
+  processor.Startup();
+  if (!FolderitemExtensions::isFileType(input, &InternalFileTypes::BrivolantPhotosDocument)) {
+    if (document.ReadImage(input)) return true;
+    error = document.lastErrorMessage;
+    return false;
+  }
+  if (!document.Load(input)) {
+    const std::string told = worker.dialogs.Take();
+    error = told.empty()
+                ? texts::Of(texts::kDocumentFailed, input.DisplayName(), document.lastErrorMessage)
+                : told;
+    return false;
+  }
+  if (!document.StyleData.empty() &&
+      processor.StyleData(document.StyleData) != StyleFault::kNone) {
+    error = texts::Of(texts::kDamagedStyle, input.DisplayName());
+    return false;
+  }
+  return true;
+}
+
+bool RenderFile(const FolderItem& input, const FolderItem& output, const EditOptions& edits,
+                const OutputOptions& options, Worker& worker, RenderTimes& times,
+                std::string* style, std::string& error) {
+  if (output.Exists() && SameFile(input, output)) {
+    error = texts::Of(texts::kWouldOverwrite, output.DisplayName());
+    return false;
+  }
+  auto clock = std::chrono::steady_clock::now();
+  BrivolantDocument document(worker.services);
+  brivolantProcessorLite processor(EffectRegistry(), worker.services);
+  if (!OpenInput(input, document, processor, worker, error) ||
+      !edits.Apply(document, processor, error)) {
+    return false;
+  }
+  if (style != nullptr) *style = processor.StyleData();
+  Picture picture = document.Image();
+  document.DropOriginal();
+  if (picture.IsNil()) {
+    error = document.lastErrorMessage;
+    return false;
+  }
+  times.decode = Since(clock);
+  picture = processor.Process(std::move(picture));
+  if (options.fit) {
+    picture = SharedPictureEffects::Scale(picture, static_cast<int>(options.fit->Left),
+                                          static_cast<int>(options.fit->Right),
+                                          SharedPictureEffects::kScaleToFit);
+  }
+  times.render = Since(clock);
+  ImageFile file;
+  file.Folderitem = output;
+  file.FileType = FormatOf(output);
+  file.AddPicture(std::move(picture));
+  if (ExtendedPicture* first = file.FirstImage()) {
+    first->CompressionQuality = static_cast<float>(options.quality) / 100;
+  }
+  const bool saved = file.SaveUnderThisName();
+  error = file.LastError;
+  times.encode = Since(clock);
+  return saved;
+}
+
+namespace {
+
+struct RenderOptions {
+  EditOptions edits;
+  OutputOptions output;
+  std::vector<std::string> inputs;
+  std::string file;
+  std::string folder;
+  std::string saveStyle;
+  std::string fit;
+  int jobs = 0;
+  bool progress = false;
+  bool timing = false;
+};
+
+bool ParseFit(const std::string& text, std::optional<Pair>& fit) {
+  const auto fields = Split(text, 'x');
+  int width = 0;
+  int height = 0;
+  const auto number = [](std::string_view field, int& value) {
+    const auto end = field.data() + field.size();
+    return std::from_chars(field.data(), end, value).ptr == end && value > 0;
+  };
+  if (fields.size() != 2 || !number(fields[0], width) || !number(fields[1], height)) return false;
+  fit = Pair{static_cast<double>(width), static_cast<double>(height)};
+  return true;
+}
+
+/// A name for each input in the folder: its own, with an extension that can be written, and a
+/// number where two inputs would meet.
+std::vector<FolderItem> OutputsIn(const FolderItem& folder, const std::vector<std::string>& inputs) {
+  std::vector<FolderItem> outputs;
+  std::set<std::string> taken;
+  for (const std::string& text : inputs) {
+    const FolderItem input(text);
+    const std::string stem = FolderitemExtensions::FileNameWithoutExtension(input);
+    const std::string extension =
+        FormatOf(input).empty() ? "jpg" : FolderitemExtensions::FileExtension(input);
+    std::string name = stem + "." + extension;
+    for (int n = 1; !taken.insert(name).second; ++n) {
+      name = stem + "-" + std::to_string(n) + "." + extension;
+    }
+    outputs.push_back(folder.Child(name));
+  }
+  return outputs;
+}
+
+/// The outputs of the command, or the sentence why it is used wrongly.
+bool ChooseOutputs(const RenderOptions& options, std::vector<FolderItem>& outputs,
+                   std::string& error) {
+  if (options.file.empty() == options.folder.empty()) {
+    error = texts::kNeedsOutput.Text();
+    return false;
+  }
+  if (!options.folder.empty()) {
+    outputs = OutputsIn(FolderItem(options.folder), options.inputs);
+    return true;
+  }
+  if (options.inputs.size() > 1) {
+    error = texts::kOneOutput.Text();
+    return false;
+  }
+  outputs = {FolderItem(options.file)};
+  if (FormatOf(outputs.front()).empty()) {
+    error = texts::Of(texts::kUnknownExtension, outputs.front().DisplayName());
+    return false;
+  }
+  return true;
+}
+
+void PrintTiming(const FolderItem& input, const RenderTimes& times) {
+  PrintJson(QJsonObject{{ToQt("file"), ToQt(input.ShellPath())},
+                        {ToQt("decode_ms"), times.decode},
+                        {ToQt("render_ms"), times.render},
+                        {ToQt("encode_ms"), times.encode},
+                        {ToQt("peak_memory_bytes"), static_cast<double>(PeakMemory())}},
+            false);
+}
+
+int RunRender(RenderOptions& options, const CLI::App& command, bool verbose) {
+  std::string error;
+  std::vector<FolderItem> outputs;
+  if (!options.fit.empty() && !ParseFit(options.fit, options.output.fit)) {
+    PrintError(WithPlaceholders(texts::kBadFit.Text(), {{"<text>", options.fit}}));
+    return kWrongUse;
+  }
+  if (!ChooseOutputs(options, outputs, error) || !options.edits.Collect(command, error)) {
+    PrintError(error);
+    return kWrongUse;
+  }
+  if (!options.folder.empty()) {
+    const FolderItem folder(options.folder);
+    if (const std::error_code failure = folder.CreateAsFolder()) {
+      PrintError(
+          texts::Of(texts::kCannotMakeFolder, folder.DisplayName(), failure.message()));
+      return kFileFailed;
+    }
+  }
+  const int count = static_cast<int>(options.inputs.size());
+  ProgressBar bar(options.progress, count);
+  std::string style;
+  int failed = RunJobs(count, options.jobs, [&](int index) {
+    Worker worker(verbose);
+    RenderTimes times;
+    std::string why;
+    const FolderItem input(options.inputs[static_cast<std::size_t>(index)]);
+    const bool done =
+        RenderFile(input, outputs[static_cast<std::size_t>(index)], options.edits, options.output,
+                   worker, times, index == 0 ? &style : nullptr, why);
+    if (!done) PrintError(why);
+    if (done && options.timing) PrintTiming(input, times);
+    bar.Advance();
+    return done;
+  });
+  if (!options.saveStyle.empty() && !style.empty()) {
+    const FolderItem file(options.saveStyle);
+    if (const std::error_code failure = WriteFileAtomically(file, style)) {
+      PrintError(texts::Of(texts::kCannotWrite, file.DisplayName(), failure.message()));
+      ++failed;
+    }
+  }
+  return failed == 0 ? kDone : kFileFailed;
+}
+
+}  // namespace
+
+void AddRenderCommand(CLI::App& program, const Common& common, Action& action) {
+  auto options = std::make_shared<RenderOptions>();
+  CLI::App* command = program.add_subcommand("render", texts::kRender.Text());
+  command->add_option("INPUT", options->inputs, texts::kInput.Text())->required();
+  command->add_option("-o,--output", options->file, texts::kOutput.Text());
+  command->add_option("--out-dir", options->folder, texts::kOutDir.Text());
+  options->edits.Declare(*command);
+  command->add_option("--save-style", options->saveStyle, texts::kSaveStyle.Text());
+  command->add_option("--fit", options->fit, texts::kFit.Text());
+  command->add_option("--quality", options->output.quality, texts::kQuality.Text())
+      ->check(CLI::Range(1, 100));
+  command->add_option("--jobs", options->jobs, texts::kJobs.Text())->check(CLI::Range(0, 256));
+  command->add_flag("--progress", options->progress, texts::kProgress.Text());
+  command->add_flag("--timing", options->timing, texts::kTiming.Text());
+  command->callback([options, command, &common, &action] {
+    action = [options, command, &common] {
+      return RunRender(*options, *command, common.verbose);
+    };
+  });
+}
+
+}  // namespace brivolant::cli

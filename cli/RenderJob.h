@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "cli/EditOptions.h"
+#include "cli/Support.h"
+
+namespace brivolant::cli {
+
+/// Times of one render in milliseconds.
+struct RenderTimes {
+  double decode = 0;
+  double render = 0;
+  double encode = 0;
+};
+
+/// What is written, and how.
+struct OutputOptions {
+  /// Fits the result into this many pixels.
+  std::optional<Pair> fit;
+  /// 1 to 100.
+  int quality = 90;
+};
+
+/// Loads an image or a document into `document` and `processor`. False and a sentence in `error` on
+/// failure.
+[[nodiscard]] bool OpenInput(const FolderItem& input, BrivolantDocument& document,
+                             brivolantProcessorLite& processor, Worker& worker,
+                             std::string& error);
+/// Renders one file. False and a sentence in `error` on failure. `style` receives the style data
+/// if it is not null.
+[[nodiscard]] bool RenderFile(const FolderItem& input, const FolderItem& output,
+                              const EditOptions& edits, const OutputOptions& options,
+                              Worker& worker, RenderTimes& times, std::string* style,
+                              std::string& error);
+/// The writable format that the file's extension names, or an empty text.
+std::string FormatOf(const FolderItem& file);
+
+}  // namespace brivolant::cli

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "engine/ModuleParameter.h"
+
+#include <cmath>
+
+namespace brivolant {
+namespace parameters {
+
+double Convert(const Variant& value, double fallback) {
+  const double number = value.ToDouble();
+  return std::isfinite(number) ? number : fallback;
+}
+float Convert(const Variant& value, float fallback) {
+  const auto number = static_cast<float>(value.ToDouble());
+  return std::isfinite(number) ? number : fallback;
+}
+int Convert(const Variant& value, int fallback) {
+  return std::isfinite(value.ToDouble()) ? value.ToInt() : fallback;
+}
+bool Convert(const Variant& value, bool) { return value.ToBool(); }
+Color Convert(const Variant& value, Color) { return value.ToColor(); }
+std::string Convert(const Variant& value, const std::string&) { return value.ToText(); }
+
+const char* NameOf(double) { return "double"; }
+const char* NameOf(float) { return "single"; }
+const char* NameOf(int) { return "integer"; }
+const char* NameOf(bool) { return "boolean"; }
+const char* NameOf(Color) { return "colour"; }
+const char* NameOf(const std::string&) { return "string"; }
+
+}  // namespace parameters
+
+double SliderMapping::ToPosition(double value) const {
+  constexpr double kGrain = 10000;
+  return std::nearbyint((value - offset) * divide / multiply * kGrain) / kGrain;
+}
+
+int TruncatedValue(double value) {
+  constexpr double kRounding = 1e-9;
+  return static_cast<int>(value + std::copysign(kRounding, value));
+}
+
+}  // namespace brivolant

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <chrono>
+
+#include "engine/EditorInterfaces.h"
+#include "engine/brivolantProcessorLite.h"
+#include "engine/pictures/SharedPictureEffects.h"
+#include "formats/BrivolantDocument.h"
+#include "platform/pictures/Graphics.h"
+#include "platform/pictures/kernels/ToneKernels.h"
+
+namespace brivolant {
+namespace {
+
+constexpr double kReferenceSize = 640;
+/// Microseconds above which sliders no longer follow live.
+constexpr double kSlow = 400000;
+/// The display keeps this much free around the preview, in pixels.
+constexpr int kMargin = 20;
+
+double Microseconds() {
+  using namespace std::chrono;
+  return static_cast<double>(
+      duration_cast<microseconds>(steady_clock::now().time_since_epoch()).count());
+}
+
+Picture ScaledTo(const Picture& picture, const std::optional<Point>& size) {
+  if (!size) return picture;
+  return SharedPictureEffects::Scale(picture, static_cast<int>(size->x), static_cast<int>(size->y),
+                                     SharedPictureEffects::kScaleExactly);
+}
+
+const Point* Address(const std::optional<Point>& point) { return point ? &*point : nullptr; }
+
+}  // namespace
+
+double brivolantProcessorLite::ConsistencyScaleFor(const Picture& picture) {
+  const double byWidth = picture.Width() / kReferenceSize;
+  // Height times the quotient, not the height: stored styles rely on what this gives.
+  return picture.Height() * byWidth > kReferenceSize ? picture.Height() / kReferenceSize : byWidth;
+}
+
+void brivolantProcessorLite::RunModules(const StackList& stack, int first, int last,
+                                        Picture& picture) {
+  std::optional<ToneTables> pending;
+  const auto flush = [&] {
+    if (pending) kernels::ApplyToneTables(picture.Edit(), *pending);
+    pending.reset();
+  };
+  for (int i = first; i < last; ++i) {
+    effectModule& module = *stack[static_cast<std::size_t>(i)];
+    if (!module.Enabled()) continue;
+    ToneModule* tone = module.AsToneModule();
+    if (tone == nullptr) {
+      flush();
+      module.Apply(picture, consistencyScale);
+      continue;
+    }
+    if (tone->LooksAtPicture()) flush();
+    if (const auto tables = tone->Tables(picture)) {
+      pending = pending ? tables->After(*pending) : *tables;
+    }
+  }
+  flush();
+}
+
+Picture brivolantProcessorLite::Process(Picture& picture, int stack, int start) {
+  consistencyScale = ConsistencyScaleFor(picture);
+  if (stack == kForeground || stack == kBackground) {
+    const StackList& list = stacks.at(static_cast<std::size_t>(stack));
+    RunModules(list, std::max(start, 0), static_cast<int>(list.size()), picture);
+  }
+  return picture;
+}
+
+bool brivolantProcessorLite::ForegroundMayBePlaced() const {
+  const StackList& stack = stacks[kForeground];
+  return std::any_of(stack.begin(), stack.end(), [](const auto& module) {
+    return module->Enabled() && module->MayPlaceLayer();
+  });
+}
+
+Picture brivolantProcessorLite::Compose(Picture background, Picture foreground) {
+  return Blender.Apply(std::move(background), foreground, BlendAlpha, nullptr,
+                       Address(foregroundScaleTopleft), Address(foregroundScaleSize));
+}
+
+Picture brivolantProcessorLite::Process(Picture source) {
+  if (source.IsNil()) return source;
+  ResetEffectCache();
+  foregroundScaleTopleft.reset();
+  foregroundScaleSize.reset();
+  Picture layer = SharedPictureEffects::Clone(source, 24, false);
+  // A layer that nothing else holds is changed where it is: the source is let go, and a layer that
+  // cannot be seen is not made.
+  source = {};
+  if (BlendAlpha <= 0.0F) return Process(layer, kBackground, 0);
+  if (ForegroundIsOpaque() && !ForegroundMayBePlaced()) {
+    const int width = layer.Width();
+    const int height = layer.Height();
+    Plane mask = layer.Mask() != nullptr ? *layer.Mask() : Plane();
+    layer = Process(layer, kForeground, 0);
+    layer = SharedPictureEffects::Scale(layer, width, height, SharedPictureEffects::kScaleExactly);
+    layer.SetMask(std::move(mask));
+    return layer;
+  }
+  Picture background = layer;
+  background = Process(background, kBackground, 0);
+  layer = Process(layer, kForeground, 0);
+  return Compose(std::move(background), ScaledTo(layer, foregroundScaleSize));
+}
+
+void brivolantProcessorLite::ResetEffectCache() {
+  for (const StackList& stack : stacks) {
+    for (const auto& module : stack) module->ResetCache();
+  }
+}
+
+void brivolantProcessorLite::rebuildCurrentPointCache() {
+  if (Document == nullptr || Document->PreviewBase.IsNil()) return;
+  consistencyScale = ConsistencyScaleFor(Document->PreviewBase);
+  cacheCurrentStack = SharedPictureEffects::Clone(Document->PreviewBase, 24, true);
+  const StackList& stack = Current();
+  const int last = std::min(cacheCurrentStackPoint, static_cast<int>(stack.size()));
+  RunModules(stack, 0, last, cacheCurrentStack);
+}
+
+void brivolantProcessorLite::UpdatePreview(bool full) {
+  if (full && Document != nullptr) {
+    Document->ResetPreviews();
+    cacheBackgroundLayer = {};
+    rebuildCurrentPointCache();
+    ResetEffectCache();
+  }
+  RunRoutine(full);
+}
+
+void brivolantProcessorLite::RenderPreview() {
+  BrivolantDocument& document = *Document;
+  const int width = myDisplay->Width();
+  const int height = myDisplay->Height();
+  if (document.PreviewBase.IsNil() || width != lastWidth || height != lastHeight) {
+    ResetEffectCache();
+    document.GeneratePreviews(width - kMargin, height - kMargin);
+    lastWidth = width;
+    lastHeight = height;
+    rebuildCurrentPointCache();
+  }
+  if (document.PreviewBase.IsNil()) return;
+  document.PreviewAfter = cacheCurrentStack;
+  document.PreviewAfter = Process(document.PreviewAfter, CurrentStack, cacheCurrentStackPoint);
+  if (CurrentStack != kForeground) return;
+  const bool covers = document.PreviewAfter.Width() == document.PreviewBase.Width() &&
+                      document.PreviewAfter.Height() == document.PreviewBase.Height();
+  if (ForegroundIsOpaque() && !foregroundScaleSize && covers) return;
+  if (cacheBackgroundLayer.Width() != document.PreviewBase.Width() ||
+      cacheBackgroundLayer.Height() != document.PreviewBase.Height()) {
+    cacheBackgroundLayer = SharedPictureEffects::Clone(document.PreviewBase, 24, true);
+    cacheBackgroundLayer = Process(cacheBackgroundLayer, kBackground, 0);
+  }
+  document.PreviewAfter =
+      Compose(cacheBackgroundLayer, ScaledTo(document.PreviewAfter, foregroundScaleSize));
+}
+
+void brivolantProcessorLite::RunRoutine(bool full) {
+  const double start = Microseconds();
+  debugProcessTime = start;
+  if (UpdateStarted) UpdateStarted();
+  if (Document != nullptr && myDisplay != nullptr) RenderPreview();
+  if (myDisplay != nullptr) myDisplay->Update(full);
+  debugProcessTime = Microseconds() - start;
+  nonLiveMode = debugProcessTime > kSlow;
+  if (UpdateFinished) UpdateFinished();
+}
+
+Picture brivolantProcessorLite::Preview() {
+  if (Document == nullptr) return {};
+  if (mSelectedeffect == nullptr || Document->PreviewAfter.IsNil()) return Document->PreviewAfter;
+  PostBuffer = SharedPictureEffects::Clone(Document->PreviewAfter, 24, true);
+  mSelectedeffect->firePostProcess(PostBuffer, consistencyScale);
+  return PostBuffer;
+}
+
+}  // namespace brivolant

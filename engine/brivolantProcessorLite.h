@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/ModuleRegistry.h"
+#include "engine/StyleData.h"
+#include "engine/pictures/BlendEffect.h"
+#include "platform/services/Services.h"
+
+namespace brivolant {
+
+class BrivolantDocument;
+class EditorDisplay;
+class EffectStackEditor;
+
+/// Runs the effects of one open document: two stacks of modules, each over its own copy of the
+/// image, composed foreground over background. Renders the preview and the full-size result, and
+/// reads and writes the state of the stacks as style data.
+///
+/// Both stacks always hold every module; applying nothing means that all are disabled.
+class brivolantProcessorLite {
+ public:
+  using StackList = std::vector<std::unique_ptr<effectModule>>;
+
+  /// `registry` lists the modules of both stacks. Everything handed in must outlive the processor.
+  brivolantProcessorLite(ModuleRegistry registry, const Services& services);
+  ~brivolantProcessorLite();
+  brivolantProcessorLite(const brivolantProcessorLite&) = delete;
+  brivolantProcessorLite& operator=(const brivolantProcessorLite&) = delete;
+
+  /// Fills the stacks. Call it once before anything else.
+  void Startup();
+  /// New modules in their first order with their reset settings; blend settings to their defaults.
+  void Reset();
+
+  // The current stack.
+
+  /// The last valid index; -1 for an empty stack.
+  int Count() const;
+  /// Null for an index out of range.
+  effectModule* item(int index) const;
+  /// Null, with a log line, for an unknown identifier.
+  effectModule* ItemVIaID(std::string_view id) const;
+  /// -1, with a log line, for an unknown identifier.
+  int ItemPositionViaID(std::string_view id) const;
+  /// Moves an item; a target out of range means the end.
+  void ChangeItemOrder(int from, int to);
+  /// Tells that a module was switched on or off.
+  void EffectEnabledChanged(int index);
+  void SelectEffect(int index);
+  /// Makes another stack the current one and shows it.
+  void ChangeStack(int stack);
+  effectModule* SelectedEffect() const { return mSelectedeffect; }
+  void SelectedEffect(effectModule* module);
+
+  /// The state of both stacks and the blend settings.
+  std::string StyleData() const;
+  /// Restores it. Data with a wrong header changes nothing; of damaged data what can be read is
+  /// used. Modules that the style does not name keep their settings.
+  StyleFault StyleData(std::string_view bytes);
+
+  // Rendering.
+
+  /// Renders the preview; `full` drops all caches and previews first.
+  void UpdatePreview(bool full);
+  /// Renders the preview with the caches there are.
+  void RunRoutine(bool full);
+  /// The picture for the display, with the selected module's marks; nil without a document.
+  Picture Preview();
+  /// The full-size result. Without any module enabled it equals the source.
+  Picture Process(Picture source);
+  /// Runs one stack from an index on over a picture.
+  Picture Process(Picture& picture, int stack, int start);
+  void ResetEffectCache();
+  void rebuildCurrentPointCache();
+  /// Rendering is done when a call returns: always false.
+  bool Running() const { return false; }
+
+  int BlendMode() const { return Blender.BlendMode; }
+  void BlendMode(int mode) { Blender.BlendMode = mode; }
+
+  /// The factor by which a picture differs from the reference size of 640 pixels.
+  static double ConsistencyScaleFor(const Picture& picture);
+
+  std::vector<StackList> stacks;  ///< kForeground and kBackground.
+  EffectStackEditor* myEffectEditor = nullptr;
+  EditorDisplay* myDisplay = nullptr;
+  BrivolantDocument* Document = nullptr;
+  int CurrentStack = kForeground;
+  /// Opacity of the foreground, 0.0 to 1.0.
+  float BlendAlpha = 1.0F;
+  /// The last render took more than 0.4 seconds.
+  bool nonLiveMode = false;
+  /// Microseconds that the last render took.
+  double debugProcessTime = 0;
+  double consistencyScale = 1;
+  /// Index from which a preview is rendered on cacheCurrentStack; -1 is the whole stack.
+  int cacheCurrentStackPoint = -1;
+  /// Where the foreground lies over the background; empty is full size. Written by the foreground's
+  /// scale module while it is applied.
+  std::optional<Point> foregroundScaleTopleft;
+  std::optional<Point> foregroundScaleSize;
+
+  // Raised to the owner.
+  std::function<void()> UpdateStarted;
+  std::function<void()> UpdateFinished;
+  std::function<void()> SelectedEffectChanged;
+
+ private:
+  StackList& Current() { return stacks.at(static_cast<std::size_t>(CurrentStack)); }
+  const StackList& Current() const { return stacks.at(static_cast<std::size_t>(CurrentStack)); }
+  int PositionOf(std::string_view id) const;
+  void BuildStacks();
+  void CheckIdentifiers();
+  void ApplyStyle(const Dictionary& stack, int number);
+  Dictionary SettingsOf(const StackList& stack) const;
+  /// Applies modules `first` to `last` - 1; consecutive tone curves go over the pixels once.
+  void RunModules(const StackList& stack, int first, int last, Picture& picture);
+  void RenderPreview();
+  /// True if nothing of the background can show through a foreground that covers it.
+  bool ForegroundIsOpaque() const { return BlendMode() == 0 && BlendAlpha >= 1.0F; }
+  bool ForegroundMayBePlaced() const;
+  Picture Compose(Picture background, Picture foreground);
+
+  ModuleRegistry registry_;
+  Services services_;
+  BlendEffect Blender;
+  effectModule* mSelectedeffect = nullptr;
+  int lastWidth = 0;
+  int lastHeight = 0;
+  Picture cacheBackgroundLayer;
+  Picture cacheCurrentStack;
+  Picture PostBuffer;
+};
+
+}  // namespace brivolant

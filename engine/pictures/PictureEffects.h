@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/pictures/Picture.h"
+
+namespace brivolant {
+
+/// The picture operations that effects are made of. An Apply leaves its source untouched; an
+/// ApplyInPlace changes it. A mask that may be null limits the effect: none where it is 255, all
+/// of it where it is 0. Nil in, nil out. All work on colour and keep the source's mask, except
+/// where told.
+
+/// Gaussian blur. The radius is twice the standard deviation, as in CSS (W3C CSS Backgrounds and
+/// Borders, "blur radius"). Beyond the border the outermost pixels go on.
+class GaussianBlur {
+ public:
+  GaussianBlur() = default;
+  /// Pixels, 0 or more.
+  explicit GaussianBlur(int radius) : Radius(radius) {}
+  int Radius = 0;
+
+  Picture ApplyEffect(Picture source, const Plane* mask = nullptr) const;
+  Plane ApplyEffect(Plane source) const;
+};
+
+/// The negative.
+class InvertEffect {
+ public:
+  Picture Apply(Picture source, const Plane* mask = nullptr) const;
+  void ApplyInPlace(Picture& source, const Plane* mask = nullptr) const;
+};
+
+/// Mirrors colour only.
+class FlipEffect {
+ public:
+  Picture ApplyHorizontal(const Picture& source) const;
+  Picture ApplyVertical(const Picture& source) const;
+  Picture ApplyBoth(const Picture& source) const;
+  void ApplyInPlaceHorizontal(Picture& source) const;
+  void ApplyInPlaceVertical(Picture& source) const;
+  void ApplyInPlaceBoth(Picture& source) const;
+};
+
+/// Turns clockwise on a canvas that encloses the result; quarter turns are exact. The mask is not
+/// carried over.
+class RotateEffect {
+ public:
+  /// Corners take `backColor`. `method` 1 interpolates bilinearly; there is no coarser one.
+  Picture Apply(const Picture& source, double angle, Color backColor, int method) const;
+  /// The same for a mask; corners take `outside`.
+  Plane Apply(const Plane& source, double angle, std::uint8_t outside) const;
+  void CalculateDestinationSize(int sourceWidth, int sourceHeight, double angle,
+                                int& destinationWidth, int& destinationHeight) const;
+};
+
+/// Resampling to exactly the size given: bilinear when enlarging, averaging over all source pixels
+/// when shrinking. The mask is not carried over. The same size gives the source.
+class ScaleEffect {
+ public:
+  static Picture BilinearScale(const Picture& source, int width, int height);
+  static Plane BilinearScale(const Plane& source, int width, int height);
+  static Picture StretchHorizontal(const Picture& source, int width);
+  static Picture StretchVertical(const Picture& source, int height);
+};
+
+/// Adds `value`, -255 to 255, to every channel.
+class BrightnessEffect {
+ public:
+  Picture Apply(Picture source, int value, const Plane* mask = nullptr) const;
+  void ApplyInPlace(Picture& source, int value, const Plane* mask = nullptr) const;
+};
+
+/// Stretches around the middle: `value` -100 (all grey) to 100 (twice the contrast), 0 nothing.
+class ContrastEffect {
+ public:
+  Picture Apply(Picture source, int value, const Plane* mask = nullptr) const;
+  void ApplyInPlace(Picture& source, int value, const Plane* mask = nullptr) const;
+};
+
+/// Hue, saturation and lightness in the HSL model; see kernels::ShiftHueSaturationLightness for
+/// the ranges. Channel 0 is all hues.
+class HueSaturation {
+ public:
+  HueSaturation() = default;
+  HueSaturation(double hue, double saturation, double lightness)
+      : hue_(hue), saturation_(saturation), lightness_(lightness) {}
+
+  void Reset() { *this = HueSaturation(); }
+  void Hue(double value) { hue_ = value; }
+  void Saturation(double value) { saturation_ = value; }
+  void Lightness(double value) { lightness_ = value; }
+
+  Picture ApplyEffect(Picture source, const Plane* mask = nullptr) const;
+  void ApplyInPlace(Picture& source, const Plane* mask = nullptr) const;
+
+ private:
+  double hue_ = 0;
+  double saturation_ = 0;
+  double lightness_ = 0;
+};
+
+/// The picture in the layout that effects accept: 24 bits deep, without a mask's influence.
+Picture EnsurePictureCompatible(Picture source);
+
+}  // namespace brivolant

@@ -1,0 +1,327 @@
+// SPDX-License-Identifier: MIT
+#include "files/FolderitemExtensions.h"
+
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <QDateTime>
+#include <QLocale>
+#include <QString>
+#include <QUrl>
+#include <array>
+#include <cmath>
+#include <cstdio>
+
+#include "files/VolumeItem.h"
+#include "platform/files/AtomicFile.h"
+#include "platform/services/SharedFolders.h"
+
+namespace brivolant::FolderitemExtensions {
+namespace {
+
+constexpr LocalizedText kApplicationName{"GlobalApplicationSpecificProperties.ApplicationName",
+                                         "Brivolant Photos"};
+constexpr LocalizedText kDayOfWeekTomorrow{"FolderitemExtensions.kDayOfWeekTomorrow", "Tomorrow"};
+constexpr LocalizedText kDayOfWeekToday{"FolderitemExtensions.kDayOfWeekToday", "Today"};
+constexpr LocalizedText kDayOfWeekYesterday{"FolderitemExtensions.kDayOfWeekYesterday",
+                                            "Yesterday"};
+constexpr std::array<LocalizedText, 7> kDaysOfWeek{{
+    {"FolderitemExtensions.kDayOfWeekSunday", "Sunday"},
+    {"FolderitemExtensions.kDayOfWeekMonday", "Monday"},
+    {"FolderitemExtensions.kDayOfWeekTuesday", "Tuesday"},
+    {"FolderitemExtensions.kDayOfWeekWednesday", "Wednesday"},
+    {"FolderitemExtensions.kDayOfWeekThursday", "Thursday"},
+    {"FolderitemExtensions.kDayOfWeekFriday", "Friday"},
+    {"FolderitemExtensions.kDayOfWeekSaturday", "Saturday"},
+}};
+constexpr LocalizedText kDateAtTime{"FolderitemExtensions.kDateAtTime", "<date> at <time>"};
+
+constexpr LocalizedText kFileErrorOpenWithOutFolderitem{
+    "FolderitemExtensions.kFileErrorOpenWithOutFolderitem",
+    "<applicationName> Was Unable To Open The File"};
+constexpr LocalizedText kFileErrorSaveWithOutFolderItem{
+    "FolderitemExtensions.kFileErrorSaveWithOutFolderItem",
+    "<applicationName> Was Unable To Open The File"};
+constexpr LocalizedText kFileErrorOpenWithFolderItem{
+    "FolderitemExtensions.kFileErrorOpenWithFolderItem",
+    "<applicationName> Was Unable To Open The File \"<filename>\"."};
+constexpr LocalizedText kFileErrorSaveWithFolderitem{
+    "FolderitemExtensions.kFileErrorSaveWithFolderitem",
+    "<applicationName> Was Unable To Save The File \"<filename>\"."};
+constexpr LocalizedText kFileErrorExplanationWithoutFolderitem{
+    "FolderitemExtensions.kFileErrorExplanationWithoutFolderitem",
+    "Please check that the file still exists and you have read and write access to the disk or "
+    "folder that the file is located in."};
+constexpr LocalizedText kFileErrorExplanationWithFolderitem{
+    "FolderitemExtensions.kFileErrorExplanationWithFolderitem",
+    "The file couldn't be used because <reason>."};
+constexpr LocalizedText kFileErrorParentisNIL{
+    "FolderitemExtensions.kFileErrorParentisNIL",
+    "The folder or disk that this file was in or intended to be in no longer exists. Suggest "
+    "either selecting another file or using a different location."};
+constexpr LocalizedText kFileErrorReasonNotExists{
+    "FolderitemExtensions.kFileErrorReasonNotExists",
+    "the file no longer exists at this location, eiher it has been moved or deleted. Please "
+    "either select the new file's location or choose a different file before trying again."};
+constexpr LocalizedText kFileErrorReasonBrokenAlias{
+    "FolderitemExtensions.kFileErrorReasonBrokenAlias",
+    "the file is a broken alias file. The original file that this alias points to cannot be "
+    "found."};
+constexpr LocalizedText kFileErrorReasonCannotRead{
+    "FolderitemExtensions.kFileErrorReasonCannotRead",
+    "you do not have the correct permissions to read this file, please correct the permissions "
+    "using the Finder and try again."};
+constexpr LocalizedText kFileErrorReasonCannotWrite{
+    "FolderitemExtensions.kFileErrorReasonCannotWrite",
+    "the file is either locked, on a locked disk or you do not have permission to save into that "
+    "particular folder or disk. Suggest choosing a different location to save the file."};
+constexpr LocalizedText kFileErrorReasonIncorrectType{
+    "FolderitemExtensions.kFileErrorReasonIncorrectType",
+    "the file is not a <filetype> file. Please select a different file."};
+constexpr LocalizedText kFileErrorReasonFolderAlreadyExists{
+    "FolderitemExtensions.kFileErrorReasonFolderAlreadyExists",
+    "a folder with the same name already exists in that location, either delete that folder or "
+    "choose a different name before trying again."};
+
+constexpr std::string_view kUriList = "text/uri-list";
+
+using Item = brivolant::FolderItem;
+
+bool BrokenAlias(const Item& file) { return file.Alias() && !file.Exists(); }
+
+/// The device that holds a file, without following a link.
+dev_t DeviceOf(const Item& file) {
+  struct stat status {};
+  return lstat(file.Path().c_str(), &status) == 0 ? status.st_dev : 0;
+}
+
+/// The nearest folder above `file` that is still on its device: the volume's root.
+Item TopOfVolume(const Item& file) {
+  Item top = file.Parent();
+  while (top && top.Parent() && DeviceOf(top.Parent()) == DeviceOf(file)) top = top.Parent();
+  return top;
+}
+
+/// Moves into one trash folder; `recorded` is the path as its info file tells it.
+bool MoveInto(const Item& trash, const Item& file, const std::string& recorded) {
+  const Item files = trash.Child("files");
+  const Item info = trash.Child("info");
+  if (files.CreateAsFolder() || info.CreateAsFolder()) return false;
+  const std::string base = FileNameWithoutExtension(file);
+  const std::string extension = FileExtension(file);
+  std::string name = file.Name();
+  for (int n = 1; files.Child(name).Exists() || files.Child(name).Alias() ||
+                  info.Child(name + ".trashinfo").Exists();
+       ++n) {
+    name = base + "-" + std::to_string(n) + (extension.empty() ? "" : "." + extension);
+  }
+  const Item record = info.Child(name + ".trashinfo");
+  const std::string text =
+      "[Trash Info]\nPath=" +
+      QUrl::toPercentEncoding(QString::fromStdString(recorded), "/").toStdString() +
+      "\nDeletionDate=" + QDateTime::currentDateTime().toString(Qt::ISODate).toStdString() + "\n";
+  if (WriteFileAtomically(record, text)) return false;
+  std::error_code error;
+  std::filesystem::rename(file.Path(), files.Child(name).Path(), error);
+  if (error) (void)record.Delete();
+  return !error;
+}
+
+/// `value` with thousands separators and the decimals of a mask such as ".00".
+std::string Grouped(double value, std::size_t decimals) {
+  std::array<char, 64> text{};
+  std::snprintf(text.data(), text.size(), "%.*f", static_cast<int>(decimals), value);
+  std::string number = text.data();
+  const std::size_t point = std::min(number.find('.'), number.size());
+  for (std::size_t at = point; at > 3; at -= 3) number.insert(at - 3, 1, ',');
+  return number;
+}
+
+}  // namespace
+
+bool Package(const Item& file) {
+  const Item contents = file.Child("Contents");
+  return file.Directory() && contents.Directory() && !contents.Alias();
+}
+
+std::string Comment(const Item& file) {
+  std::array<char, 4096> text{};
+  const ssize_t size =
+      getxattr(file.Path().c_str(), "user.xdg.comment", text.data(), text.size());
+  return size > 0 ? EnsureUTF8({text.data(), static_cast<std::size_t>(size)}) : std::string();
+}
+
+Item OriginalFile(const Item& file) {
+  if (!file.Alias() || file.Parent().IsNil()) return file;
+  std::error_code error;
+  const auto original = std::filesystem::canonical(file.Path(), error);
+  return error ? file : Item(original);
+}
+
+VolumeItem Volume(const Item& file) { return VolumeItem(TopOfVolume(file)); }
+
+std::string UnixPath(const Item& file) { return file.ShellPath(); }
+
+bool MoveToTrash(const Item& file) {
+  if (file.IsNil() || (!file.Exists() && !file.Alias())) return false;
+  const Item home = DataFolder().Child("Trash");
+  if (home.CreateAsFolder()) return false;
+  if (DeviceOf(home) == DeviceOf(file)) return MoveInto(home, file, file.ShellPath());
+  // Another volume: its own trash, so that nothing has to be copied. The shared one counts only
+  // if it is a real folder with the sticky bit.
+  const Item top = TopOfVolume(file);
+  const std::string user = std::to_string(getuid());
+  const std::string relative =
+      file.Path().lexically_relative(top.Path()).string();
+  struct stat status {};
+  const Item shared = top.Child(".Trash");
+  if (lstat(shared.Path().c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
+      (status.st_mode & S_ISVTX) != 0 && MoveInto(shared.Child(user), file, relative)) {
+    return true;
+  }
+  return MoveInto(top.Child(".Trash-" + user), file, relative);
+}
+
+bool Reveal(const Item& file, Desktop& desktop) { return desktop.Reveal(file); }
+
+bool MakeAlias(const Item& source, const Item& target) {
+  std::error_code error;
+  std::filesystem::create_symlink(source.Path(), target.Path(), error);
+  return !error;
+}
+
+std::string fixShellPath(std::string_view path) {
+  std::string fixed;
+  for (const char c : path) {
+    if (c != '\\') fixed += c;
+  }
+  return fixed;
+}
+
+std::string ReadAsHex(BinaryStream& stream, int count) {
+  std::string text;
+  for (const char c : stream.ReadUpTo(static_cast<std::size_t>(std::max(count, 0)))) {
+    text += Hexadecimal(static_cast<std::uint8_t>(c), 2);
+  }
+  return text;
+}
+
+std::string RelativeDateTime(const Date& date, const Date& now) {
+  const auto number = [](const Date& d) { return d.Year * 365 + d.DayOfYear(); };
+  const int days = number(now) - number(date);
+  const QLocale locale;
+  const QDate day(date.Year, date.Month, date.Day);
+  std::string word;
+  if (days == -1) {
+    word = kDayOfWeekTomorrow.Text();
+  } else if (days == 0) {
+    word = kDayOfWeekToday.Text();
+  } else if (days == 1) {
+    word = kDayOfWeekYesterday.Text();
+  } else if (days < 8) {
+    word = kDaysOfWeek.at(static_cast<std::size_t>(date.DayOfWeek() - 1)).Text();
+  } else {
+    word = locale.toString(day, QLocale::ShortFormat).toStdString();
+  }
+  const QTime time(date.Hour, date.Minute, date.Second);
+  return WithPlaceholders(
+      kDateAtTime.Text(),
+      {{"<date>", word}, {"<time>", locale.toString(time, QLocale::ShortFormat).toStdString()}});
+}
+
+std::string AsFileSize(double bytes, std::string_view suffix) {
+  constexpr double kKilo = 1024;
+  constexpr double kMega = kKilo * 1024;
+  constexpr double kGiga = kMega * 1024;
+  constexpr double kTera = kGiga * 1024;
+  const double size = std::trunc(std::abs(bytes));
+  const std::size_t decimals = suffix.empty() ? 0 : suffix.size() - 1;
+  std::string text;
+  if (size < kKilo) {
+    text = Grouped(size, 0) + " b";
+  } else if (size < kMega) {
+    text = Grouped(size / kKilo, 0) + " KB";
+  } else if (size < kGiga) {
+    text = Grouped(size / kMega, decimals) + " MB";
+  } else if (size < kTera) {
+    text = Grouped(size / kGiga, decimals) + " GB";
+  } else {
+    text = Grouped(size / kTera, decimals) + " TB";
+  }
+  return bytes < 0 ? "-" + text : text;
+}
+
+bool FolderItemAvailable(const brivolant::Clipboard& clipboard) { return clipboard.Has(kUriList); }
+
+Item FolderItem(const brivolant::Clipboard& clipboard) {
+  const std::string list = clipboard.Data(kUriList);
+  for (const std::string_view line : Split(list, '\n')) {
+    const QUrl url(QString::fromStdString(std::string(Trim(line))));
+    if (url.isLocalFile()) return Item(url.toLocalFile().toStdString());
+  }
+  return {};
+}
+
+void FolderItem(brivolant::Clipboard& clipboard, const Item& file) {
+  clipboard.Set(file.DisplayName(), kUriList, file.URLPath() + "\r\n");
+}
+
+bool Validate(const Item& file, FileAction action, const FileType* type, Dialogs& dialogs) {
+  const auto refuse = [&](const std::string& reason) {
+    StandardFileErrorDialog(file, action, reason, dialogs);
+    return false;
+  };
+  if (file.IsNil() || BrokenAlias(file)) return refuse({});
+  if (action == kRead && (!file.Exists() || !file.IsReadable())) return refuse({});
+  if (action == kSave && (!file.IsWriteable() || !file.Parent().IsWriteable())) return refuse({});
+  if (action == kSave && file.Directory()) {
+    return refuse(kFileErrorReasonFolderAlreadyExists.Text());
+  }
+  if (type != nullptr && !isFileType(file, type)) {
+    return refuse(
+        WithPlaceholders(kFileErrorReasonIncorrectType.Text(), {{"<filetype>", type->Name}}));
+  }
+  return true;
+}
+
+namespace {
+
+/// The explanation for a file, found by looking at it.
+std::string Explain(const Item& file, FileAction action, const std::string& reason) {
+  const auto because = [](const std::string& why) {
+    // The reasons end with their own full stop.
+    const std::string_view text = std::string_view(why).ends_with('.')
+                                      ? std::string_view(why).substr(0, why.size() - 1)
+                                      : std::string_view(why);
+    return WithPlaceholders(kFileErrorExplanationWithFolderitem.Text(), {{"<reason>", text}});
+  };
+  if (!reason.empty()) return because(reason);
+  const Item parent = file.Parent();
+  if (parent.IsNil() || !parent.Exists()) return kFileErrorParentisNIL.Text();
+  if (BrokenAlias(file)) return because(kFileErrorReasonBrokenAlias.Text());
+  if (action == kRead && !file.Exists()) return because(kFileErrorReasonNotExists.Text());
+  if (action == kRead && !file.IsReadable()) return because(kFileErrorReasonCannotRead.Text());
+  return because(kFileErrorReasonCannotWrite.Text());
+}
+
+}  // namespace
+
+void StandardFileErrorDialog(const Item& file, FileAction action, const std::string& reason,
+                             Dialogs& dialogs) {
+  const std::string name = kApplicationName.Text();
+  if (file.IsNil()) {
+    const LocalizedText& text =
+        action == kSave ? kFileErrorSaveWithOutFolderItem : kFileErrorOpenWithOutFolderitem;
+    dialogs.Message(WithPlaceholders(text.Text(), {{"<applicationName>", name}}),
+                    kFileErrorExplanationWithoutFolderitem.Text());
+    return;
+  }
+  const LocalizedText& text =
+      action == kSave ? kFileErrorSaveWithFolderitem : kFileErrorOpenWithFolderItem;
+  dialogs.Message(WithPlaceholders(text.Text(), {{"<applicationName>", name},
+                                                 {"<filename>", file.DisplayName()}}),
+                  Explain(file, action, reason));
+}
+
+}  // namespace brivolant::FolderitemExtensions

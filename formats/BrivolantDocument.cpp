@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+#include "formats/BrivolantDocument.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "engine/pictures/PictureEffects.h"
+#include "engine/pictures/SharedPictureEffects.h"
+#include "files/FolderitemExtensions.h"
+#include "formats/DocumentParts.h"
+#include "formats/ImageFile.h"
+#include "platform/pictures/kernels/ComposeKernels.h"
+#include "platform/values/SharedComponents.h"
+
+namespace brivolant {
+
+BrivolantDocument::BrivolantDocument(const Services& services) : services_(services) {
+  SetDefaults();
+}
+
+BrivolantDocument::BrivolantDocument(const Services& services, Picture picture,
+                                     const std::string& name)
+    : services_(services) {
+  SetDefaults();
+  Name = name;
+  tempImageStorage_ = EnsurePictureCompatible(std::move(picture));
+  MakeTemporaryPackage();
+  Dirty = true;
+}
+
+void BrivolantDocument::SetDefaults() {
+  Creator = services_.UserDetails.FullName();
+  ContactLink = services_.UserDetails.ContactLink();
+  Copyright = services_.UserDetails.Copyright();
+  CreatedWith = services_.UserDetails.CreatedWith();
+  CreatedDate = services_.Clock.Now();
+}
+
+void BrivolantDocument::MakeTemporaryPackage() {
+  File = PackageFor(services_.TemporaryFiles.Child(
+      otherSharedComponents::NewGUID(services_.Random)));
+  if (!Save()) return;
+  tFile = File;
+}
+
+bool BrivolantDocument::ReadImage(const FolderItem& file) {
+  Picture picture = ImageIO::OpenAsPictureUsingImageIO(file, lastErrorMessage);
+  if (picture.IsNil()) return false;
+  tempImageStorage_ = std::move(picture);
+  Name = EnsureUTF8(FolderitemExtensions::FileNameWithoutExtension(file));
+  originalImageFile = file;
+  return true;
+}
+
+bool BrivolantDocument::CreateFromFile(const FolderItem& file) {
+  if (!ReadImage(file)) return false;
+  MakeTemporaryPackage();
+  Dirty = false;
+  return tFile.Exists();
+}
+
+FolderItem BrivolantDocument::OriginalFile() const {
+  const FolderItem& package = File ? File : tFile;
+  if (OriginalImageID.empty()) return package.Directory() ? FolderItem() : package;
+  return IsPlainName(OriginalImageID) ? package.Child(OriginalImageID) : FolderItem();
+}
+
+const Picture& BrivolantDocument::ImageOriginal() {
+  if (tempImageStorage_.IsNil()) {
+    const FolderItem original = File || tFile ? OriginalFile() : originalImageFile;
+    tempImageStorage_ = ImageIO::OpenAsPictureUsingImageIO(original, lastErrorMessage);
+  }
+  return tempImageStorage_;
+}
+
+Picture BrivolantDocument::Image() {
+  return SetOrientation(SharedPictureEffects::Clone(ImageOriginal(), 24, false));
+}
+
+namespace {
+
+/// A part of a picture and its mask. The rectangle is cut to what lies inside, one pixel at least.
+Picture Cropped(const Picture& picture, const Pair& offset, const Pair& size) {
+  const auto pixels = [](double fraction, int whole) {
+    // Single precision, as crops have always been reckoned.
+    const float value = static_cast<float>(fraction) * static_cast<float>(whole);
+    return std::isfinite(value)
+               ? static_cast<int>(std::clamp(value, 0.0F, static_cast<float>(whole)))
+               : 0;
+  };
+  const int x = std::min(pixels(offset.Left, picture.Width()), picture.Width() - 1);
+  const int y = std::min(pixels(offset.Right, picture.Height()), picture.Height() - 1);
+  const int w = std::clamp(pixels(size.Left, picture.Width()), 1, picture.Width() - x);
+  const int h = std::clamp(pixels(size.Right, picture.Height()), 1, picture.Height() - y);
+  Picture part = Picture::Uninitialized(w, h, 32);
+  if (part.IsNil()) return part;
+  part.HorizontalResolution = picture.HorizontalResolution;
+  part.VerticalResolution = picture.VerticalResolution;
+  kernels::CopyArea(picture.View(), x, y, part.Edit());
+  if (const Plane* mask = picture.Mask()) {
+    Plane maskPart = Plane::Uninitialized(w, h);
+    if (!maskPart.IsNil()) kernels::CopyArea(mask->View(), x, y, maskPart.Edit());
+    part.SetMask(std::move(maskPart));
+  }
+  return part;
+}
+
+}  // namespace
+
+Picture BrivolantDocument::SetOrientation(const Picture& picture) const {
+  if (picture.IsNil()) return picture;
+  Picture result = Crop ? Cropped(picture, CropOffSet, CropSize) : picture;
+  if (Orientation == 1 && !result.IsNil()) {
+    result = SharedPictureEffects::Scale(result, result.Height(), result.Width(),
+                                         SharedPictureEffects::kScaleToFill);
+  }
+  if (Rotation >= 1 && Rotation <= 3) {
+    result = SharedPictureEffects::Rotate(result, Rotation * 90, kWhite, 1);
+  }
+  if (Flip == 1) result = SharedPictureEffects::Flip(result, 0);
+  if (Flip == 2) result = SharedPictureEffects::Flip(result, 1);
+  return result;
+}
+
+void BrivolantDocument::GeneratePreviews(int width, int height) {
+  using namespace SharedPictureEffects;
+  PreviewBefore = Scale(ImageOriginal(), width, height, kScaleToFit);
+  PreviewBase = Scale(Image(), width, height, kScaleToFit);
+  PreviewAfter = Clone(PreviewBase, 24, false);
+}
+
+void BrivolantDocument::ResetPreviews() {
+  PreviewBefore = {};
+  PreviewBase = {};
+  PreviewAfter = {};
+}
+
+const ExtendedPicture* BrivolantDocument::MidSizePreview() {
+  if (!midSizePreview_) {
+    const FolderItem& package = tFile.Exists() ? tFile : File;
+    const FolderItem preview = package.Child(kMidSizePreviewName);
+    if (!package.Exists() || !preview.Exists()) return nullptr;
+    std::string error;
+    const auto file = ImageIO::OpenAsImageFile(preview, ImageIO::kEverything, error);
+    if (!file || file->Image.empty()) return nullptr;
+    midSizePreview_ = std::move(file->Image.front());
+  }
+  return &*midSizePreview_;
+}
+
+namespace {
+int Side(const Picture& original, bool crop, double fraction, bool width, int orientation) {
+  const int whole = (orientation == 1) != width ? original.Width() : original.Height();
+  return crop ? static_cast<int>(static_cast<float>(whole) * static_cast<float>(fraction)) : whole;
+}
+}  // namespace
+
+int BrivolantDocument::Width() {
+  return Side(ImageOriginal(), Crop, CropSize.Left, true, Orientation);
+}
+
+int BrivolantDocument::Height() {
+  return Side(ImageOriginal(), Crop, CropSize.Right, false, Orientation);
+}
+
+FolderItem BrivolantDocument::PastedImage(std::string_view name) const {
+  if (!IsFreeName(name, OriginalImageID)) return {};
+  for (const FolderItem& package : {tFile, File}) {
+    const FolderItem child = package.Child(name);
+    if (child.Exists()) return child;
+  }
+  return {};
+}
+
+bool BrivolantDocument::PastedImage(std::string_view name, const FolderItem& file) {
+  if (!IsFreeName(name, OriginalImageID)) return false;
+  const FolderItem& package = tFile ? tFile : File;
+  if (!package.Directory()) return false;
+  const FolderItem child = package.Child(name);
+  if (file == child) return child.Exists();
+  if (child.Delete()) return false;
+  return file.IsNil() || !file.CopyFileTo(child);
+}
+
+}  // namespace brivolant

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "engine/pictures/ExtendedPicture.h"
+#include "platform/files/FolderItem.h"
+#include "platform/pictures/Picture.h"
+#include "platform/services/Services.h"
+#include "platform/values/Date.h"
+#include "platform/values/Pair.h"
+
+namespace brivolant {
+
+class IFFData;
+
+/// An image with the edits that were made to it. On disk a folder package that holds the
+/// untouched original beside the settings and two previews. The older one-file form is read,
+/// never written. A document belongs to one thread at a time.
+class BrivolantDocument {
+ public:
+  static constexpr std::string_view kSettingsName = "Settings";
+  static constexpr std::string_view kThumbnailName = "Thumbnail.jpg";
+  static constexpr std::string_view kMidSizePreviewName = "MidSizePreview.jpg";
+  /// The version of every file written.
+  static constexpr int kVersion = 4;
+
+  /// An empty document of the current user, to be loaded or created.
+  explicit BrivolantDocument(const Services& services);
+  /// A document from a picture that has no file: kept in a temporary package, and dirty.
+  BrivolantDocument(const Services& services, Picture picture, const std::string& name);
+
+  /// Takes an image file for the original and keeps a temporary package. False, and
+  /// lastErrorMessage says why, if no picture can be read from it.
+  [[nodiscard]] bool CreateFromFile(const FolderItem& file);
+  /// The same without the package, for a document that is rendered and never saved.
+  [[nodiscard]] bool ReadImage(const FolderItem& file);
+  /// Reads a package or a one-file document. On failure the user has been told or lastErrorMessage
+  /// says why, and the document is partly filled.
+  [[nodiscard]] bool Load(const FolderItem& file);
+  /// Writes the package at `file`, or at File if nil, under a name with the document's extension.
+  /// Every part is written beside and renamed. False if something could not be written; the user
+  /// has been told, and what was there before is whole.
+  bool Save(const FolderItem& file = {});
+  /// The name that Save gives to a package.
+  static FolderItem PackageFor(const FolderItem& file);
+
+  /// The untouched original. Nil, and lastErrorMessage says why, if it cannot be read.
+  const Picture& ImageOriginal();
+  /// The original cropped and oriented, before any effect.
+  Picture Image();
+  /// Applies crop, orientation, rotation and flip, in this order.
+  Picture SetOrientation(const Picture& picture) const;
+  /// Gives the decoded original back: it is read again when it is asked for.
+  void DropOriginal() { tempImageStorage_ = {}; }
+
+  /// Makes the three previews to fit into a box of pixels.
+  void GeneratePreviews(int width, int height);
+  void ResetPreviews();
+  /// The stored preview of 1024 pixels, or null.
+  const ExtendedPicture* MidSizePreview();
+  /// The size that Image has.
+  int Width();
+  int Height();
+
+  /// An image that was pasted into the document, nil if there is none of that name.
+  FolderItem PastedImage(std::string_view name) const;
+  /// Stores a copy of `file` under that name, or removes it if nil. False if it cannot be, or if
+  /// the name is not free to use.
+  [[nodiscard]] bool PastedImage(std::string_view name, const FolderItem& file);
+
+  std::string Name;
+  std::string Creator;
+  std::string ContactLink;
+  std::string CreatedWith;
+  std::string Copyright;
+  Date CreatedDate;
+  /// The effect stacks, as the processor writes them.
+  std::string StyleData;
+  bool Dirty = false;
+
+  /// Where the package is; may be a temporary folder.
+  FolderItem File;
+  /// The temporary package while the document has not been saved; nil afterwards.
+  FolderItem tFile;
+  /// Image to be copied into the package at the first save; nil for an image without a file.
+  FolderItem originalImageFile;
+  /// File name of the original inside the package; empty for the one-file form.
+  std::string OriginalImageID;
+
+  bool Crop = false;
+  /// Left and top of the crop, and its size, as fractions of the image. A new document's crop tool
+  /// starts a tenth inside the picture.
+  Pair CropOffSet{0.1, 0.1};
+  Pair CropSize{0.8, 0.8};
+  /// 1 swaps width and height.
+  int Orientation = 0;
+  /// 0 none, 1 to 3 quarter turns clockwise.
+  int Rotation = 0;
+  /// 0 none, 1 horizontally, 2 vertically.
+  int Flip = 0;
+
+  /// The original, the image before the effects, and after them, at display size.
+  Picture PreviewBefore;
+  Picture PreviewBase;
+  Picture PreviewAfter;
+
+  std::string lastErrorMessage;
+  /// Version read or last written.
+  int FileDataVersion = 0;
+
+ private:
+  void SetDefaults();
+  void MakeTemporaryPackage();
+  /// The child of the package that holds the original; nil for a name that leaves the package.
+  FolderItem OriginalFile() const;
+
+  // DocumentReader.cpp
+  bool LoadPackage(const FolderItem& file);
+  bool LoadOneFile(const FolderItem& file);
+  bool ReadContainer(std::string_view bytes);
+  bool ReadOldBody(std::string_view bytes);
+  void processNIF(const IFFData& data);
+
+  // DocumentWriter.cpp
+  bool CreatePackage(const FolderItem& target);
+  bool WriteOriginal(const FolderItem& package);
+  bool WriteSettings(const FolderItem& package);
+  bool WritePreviews(const FolderItem& package);
+  std::string SettingsBytes() const;
+
+  Services services_;
+  Picture tempImageStorage_;
+  std::optional<ExtendedPicture> midSizePreview_;
+};
+
+}  // namespace brivolant

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string_view>
+
+#include "platform/values/Text.h"
+
+namespace brivolant {
+
+/// Numbers of the values in a document's settings. 11 is free.
+enum DocumentItem {
+  kItemContactLink = 0,
+  kItemCopyright = 1,
+  kItemCreatedDate = 2,
+  kItemCreatedWith = 3,
+  kItemCreator = 4,
+  kItemCrop = 5,
+  kItemCropRectangle = 6,
+  kItemFlip = 7,
+  kItemName = 8,
+  kItemRotation = 9,
+  kItemStyleData = 10,
+  kItemOriginalImageID = 12,
+  kItemOrientation = 13,
+};
+
+/// True for a name that stays inside its folder. Names come from files, which may be hostile.
+bool IsPlainName(std::string_view name);
+/// True if a pasted image may have that name: the package's own parts are not to be replaced.
+bool IsFreeName(std::string_view name, std::string_view originalImageID);
+
+namespace documentTexts {
+inline constexpr LocalizedText kMissingSettings{
+    "BrivolantDocument.kMissingSettings",
+    "Missing the settings segment form the data file."};
+inline constexpr LocalizedText kUnreadableSettings{
+    "BrivolantDocument.kUnreadableSettings",
+    "Unable to read the settings segment form the data file."};
+inline constexpr LocalizedText kWrongTrailer{"BrivolantDocument.kWrongTrailer",
+                                             "Brivolant Photos Data is screwed."};
+inline constexpr LocalizedText kNotCreated{
+    "BrivolantDocument.kNotCreated", "Something went wrong and the file hasn't been created."};
+inline constexpr LocalizedText kNoSettingsFile{"BrivolantDocument.kNoSettingsFile",
+                                               "Unable to create settings file"};
+}  // namespace documentTexts
+
+}  // namespace brivolant

@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: MIT
+#include <fcntl.h>
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+
+#include "engine/pictures/SharedPictureEffects.h"
+#include "files/FolderitemExtensions.h"
+#include "formats/BrivolantDocument.h"
+#include "formats/DocumentParts.h"
+#include "formats/FileTypes.h"
+#include "formats/IFFData.h"
+#include "formats/ImageFile.h"
+#include "metadata/DocumentTags.h"
+#include "platform/files/AtomicFile.h"
+#include "platform/files/BinaryStream.h"
+#include "platform/values/SharedComponents.h"
+
+namespace brivolant {
+namespace {
+
+using namespace documentTexts;
+
+constexpr double kPreviewQuality = 0.5;
+constexpr int kThumbnailSize = 256;
+constexpr int kMidSize = 1024;
+
+/// Three decimals, a sign only when negative.
+std::string ThreeDecimals(double value) {
+  std::array<char, 64> text{};
+  const double shown = std::abs(value) < 0.0005 || !std::isfinite(value) ? 0.0 : value;
+  std::snprintf(text.data(), text.size(), "%.3f", shown);
+  return text.data();
+}
+
+/// A folder beside the package in which it grows; gone again unless it was moved into place.
+class GrowingFolder {
+ public:
+  GrowingFolder(const FolderItem& target, Random& random)
+      : folder_(target.Parent().Child("." + target.Name() + "-" +
+                                      otherSharedComponents::NewGUID(random).substr(0, 8))) {}
+  ~GrowingFolder() {
+    if (folder_.Exists()) (void)folder_.DeleteFolder();
+  }
+  GrowingFolder(const GrowingFolder&) = delete;
+  GrowingFolder& operator=(const GrowingFolder&) = delete;
+  const FolderItem& Folder() const { return folder_; }
+
+ private:
+  FolderItem folder_;
+};
+
+/// Moves a finished package to its place. A one-file document that stands there lives on inside
+/// the package, so after the exchange it is not needed.
+bool PutInPlace(const FolderItem& package, const FolderItem& target) {
+  if (!target.Exists()) return !package.MoveFileTo(target);
+  if (renameat2(AT_FDCWD, package.Path().c_str(), AT_FDCWD, target.Path().c_str(),
+                RENAME_EXCHANGE) == 0) {
+    return !package.Delete();
+  }
+  // A file system that cannot exchange: there is always one whole document under some name.
+  const FolderItem old = target.Parent().Child(target.Name() + ".old");
+  if (old.Exists() || target.MoveFileTo(old)) return false;
+  if (package.MoveFileTo(target)) return !old.MoveFileTo(target) && false;
+  return !old.Delete();
+}
+
+}  // namespace
+
+FolderItem BrivolantDocument::PackageFor(const FolderItem& file) {
+  if (file.IsNil()) return file;
+  if (FolderitemExtensions::isFileType(file, &InternalFileTypes::BrivolantPhotosDocument)) {
+    return file;
+  }
+  return file.Parent().Child(
+      FolderitemExtensions::FileNameWithoutExtension(file) + "." +
+      std::string(InternalFileTypes::BrivolantPhotosDocument.Extensions));
+}
+
+bool BrivolantDocument::Save(const FolderItem& file) {
+  if (File.IsNil() && file.IsNil()) return false;
+  const FolderItem target = PackageFor(file ? file : File);
+  if (!target.IsWriteable()) {
+    FolderitemExtensions::StandardFileErrorDialog(target, FolderitemExtensions::kSave, "",
+                                                  services_.Dialogs);
+    Dirty = true;
+    return false;
+  }
+  if (tFile && !(tFile == target)) {
+    if (tFile.MoveFileTo(target)) {
+      FolderitemExtensions::StandardFileErrorDialog(target, FolderitemExtensions::kSave, "",
+                                                    services_.Dialogs);
+      Dirty = true;
+      return false;
+    }
+    if (File == tFile) File = target;
+    tFile = {};
+  }
+  bool complete = true;
+  if (!target.Directory()) {
+    if (!CreatePackage(target)) {
+      services_.Dialogs.Message(kNotCreated.Text(), target.DisplayName());
+      Dirty = true;
+      return false;
+    }
+  } else {
+    complete = WriteSettings(target);
+    if (!WritePreviews(target)) {
+      services_.Log.Write("The previews of \"" + target.ShellPath() + "\" could not be written.");
+    }
+  }
+  if (file.IsNil()) {
+    File = target;
+    // What could not be written must be asked for again.
+    Dirty = !complete;
+  }
+  FileDataVersion = kVersion;
+  midSizePreview_.reset();
+  return complete;
+}
+
+bool BrivolantDocument::CreatePackage(const FolderItem& target) {
+  const GrowingFolder growing(target, services_.Random);
+  const FolderItem& package = growing.Folder();
+  const FolderItem contents = package.Child("Contents");
+  if (contents.CreateAsFolder()) return false;
+  const std::string mark = std::string(InternalFileTypes::BrivolantPhotosDocument.MacType) +
+                           std::string(InternalFileTypes::kCreator);
+  if (WriteFileAtomically(contents.Child("PkgInfo"), mark)) return false;
+  if (!WriteOriginal(package) || !WriteSettings(package) || !WritePreviews(package)) return false;
+  return PutInPlace(package, target);
+}
+
+bool BrivolantDocument::WriteOriginal(const FolderItem& package) {
+  // A saved document that is saved elsewhere brings its own original along.
+  FolderItem source = originalImageFile;
+  if (!source.Exists()) source = OriginalFile();
+  if (source.Exists()) {
+    // Settings are UTF-8, so the name that they give must be.
+    std::string name = EnsureUTF8(source.Name());
+    if (FolderitemExtensions::isFileType(source, &InternalFileTypes::BrivolantPhotosDocument)) {
+      // The older form is the image itself, with the data behind it.
+      name = EnsureUTF8(FolderitemExtensions::FileNameWithoutExtension(source)) + "." +
+             LowerCase(FolderitemExtensions::FileFormat(source));
+    }
+    // The image may have the name of one of the package's own parts.
+    if (!IsFreeName(name, {})) name = "Original-" + name;
+    if (source.CopyFileTo(package.Child(name))) return false;
+    OriginalImageID = name;
+    return true;
+  }
+  const Picture& picture = ImageOriginal();
+  const FolderItem jpeg =
+      package.Child(otherSharedComponents::NewGUID(services_.Random) + ".jpg");
+  std::string error;
+  if (!ImageIO::SaveAsJPEG(jpeg, picture, 1.0, error)) {
+    services_.Log.Write(error);
+    return false;
+  }
+  if (!WriteDocumentTags(jpeg, {Name, Creator, Copyright, CreatedWith, picture.Width(),
+                                picture.Height(), picture.HorizontalResolution,
+                                picture.VerticalResolution})) {
+    services_.Log.Write("The image \"" + jpeg.Name() + "\" could not be tagged.");
+  }
+  OriginalImageID = jpeg.Name();
+  return true;
+}
+
+std::string BrivolantDocument::SettingsBytes() const {
+  IFFData data;
+  data.Add(kItemContactLink, ContactLink);
+  data.Add(kItemCopyright, Copyright);
+  data.Add(kItemCreatedDate, CreatedDate);
+  data.Add(kItemCreatedWith, CreatedWith);
+  data.Add(kItemCreator, Creator);
+  data.Add(kItemCrop, Crop);
+  data.Add(kItemCropRectangle, ThreeDecimals(CropOffSet.Left) + ' ' +
+                                   ThreeDecimals(CropOffSet.Right) + ' ' +
+                                   ThreeDecimals(CropSize.Left) + ' ' +
+                                   ThreeDecimals(CropSize.Right));
+  data.Add(kItemFlip, Flip);
+  data.Add(kItemName, Name);
+  data.Add(kItemRotation, Rotation);
+  data.Add(kItemStyleData, StyleData);
+  data.Add(kItemOriginalImageID, OriginalImageID);
+  data.Add(kItemOrientation, Orientation);
+  ByteWriter out;
+  out.UInt16(kVersion);
+  out.Bytes(data.Data());
+  return out.Take();
+}
+
+bool BrivolantDocument::WriteSettings(const FolderItem& package) {
+  const std::error_code error = WriteFileAtomically(package.Child(kSettingsName), SettingsBytes());
+  if (error) services_.Dialogs.Message(kNoSettingsFile.Text(), package.DisplayName());
+  return !error;
+}
+
+bool BrivolantDocument::WritePreviews(const FolderItem& package) {
+  using namespace SharedPictureEffects;
+  if (PreviewAfter.IsNil()) return true;
+  const Picture middle = Scale(PreviewAfter, kMidSize, kMidSize, kScaleToFit);
+  const Picture thumbnail = Scale(middle, kThumbnailSize, kThumbnailSize, kScaleToFit);
+  std::string error;
+  return ImageIO::SaveAsJPEG(package.Child(kThumbnailName), thumbnail, kPreviewQuality, error) &&
+         ImageIO::SaveAsJPEG(package.Child(kMidSizePreviewName), middle, kPreviewQuality, error);
+}
+
+}  // namespace brivolant

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/files/FolderItem.h"
+#include "platform/pictures/Picture.h"
+
+namespace brivolant {
+
+/// Pictures in byte strings, as files of ours embed them. Nil or empty on failure.
+
+class JpegImporter {
+ public:
+  static Picture OpenFromString(std::string_view bytes);
+  static Picture OpenFromFile(const FolderItem& file);
+};
+
+class PngImporter {
+ public:
+  static Picture OpenFromString(std::string_view bytes);
+  static Picture OpenFromFile(const FolderItem& file);
+};
+
+class JpegExporter {
+ public:
+  /// 0 to 100.
+  int Quality = 75;
+  std::string SaveToString(const Picture& picture) const;
+  [[nodiscard]] bool SaveToFile(const FolderItem& file, const Picture& picture) const;
+};
+
+class PngExporter {
+ public:
+  std::string SaveToString(const Picture& picture) const;
+  [[nodiscard]] bool SaveToFile(const FolderItem& file, const Picture& picture) const;
+};
+
+}  // namespace brivolant

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+#include "platform/codecs/ImageCodecs.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/codecs/CodecDetail.h"
+#include "platform/files/AtomicFile.h"
+#include "platform/pictures/kernels/ComposeKernels.h"
+#include "platform/pictures/kernels/ScaleKernels.h"
+#include "platform/pictures/kernels/TurnKernels.h"
+
+namespace brivolant {
+namespace {
+
+/// What turns each TIFF orientation upright, from 1 to 8.
+constexpr std::array<kernels::Turn, 8> kTurns{{{false, false, false},
+                                               {false, true, false},
+                                               {false, true, true},
+                                               {false, false, true},
+                                               {true, false, false},
+                                               {true, true, false},
+                                               {true, true, true},
+                                               {true, false, true}}};
+
+}  // namespace
+
+namespace codecs {
+namespace {
+
+std::string EncodePdf(const FolderItem& file, std::span<const EncodeImage> pictures) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  {
+    QPdfWriter writer(&buffer);
+    writer.setResolution(72);
+    writer.setPageMargins(QMarginsF());
+    QPainter painter;
+    for (const EncodeImage& image : pictures) {
+      const Picture picture = Flattened(image.Pixels);
+      const QSizeF points(picture.Width() * 72.0 / std::max(1, picture.HorizontalResolution),
+                          picture.Height() * 72.0 / std::max(1, picture.VerticalResolution));
+      writer.setPageSize(
+          QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch));
+      if (painter.isActive()) {
+        writer.newPage();
+      } else if (!painter.begin(&writer)) {
+        return CodecMessage(codecTexts::kUnknownFormat, file);
+      }
+      painter.drawImage(QRectF(0, 0, writer.width(), writer.height()), picture.AsImage());
+    }
+  }
+  const std::error_code error = WriteFileAtomically(
+      file, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+  return error ? CodecMessage(codecTexts::kCannotWrite, file, error.message()) : std::string();
+}
+
+}  // namespace
+
+Expected<Picture> Allocate(const FolderItem& file, int width, int height) {
+  if (width <= 0 || height <= 0 || std::int64_t{width} * height > Picture::kMostPixels) {
+    return Expected<Picture>::Failure(WithPlaceholders(
+        CodecMessage(codecTexts::kTooLarge, file),
+        {{"<width>", std::to_string(width)}, {"<height>", std::to_string(height)}}));
+  }
+  Picture picture = Picture::Uninitialized(width, height, 32);
+  if (picture.IsNil()) {
+    return Expected<Picture>::Failure(CodecMessage(codecTexts::kNoMemory, file));
+  }
+  return {std::move(picture), {}};
+}
+
+Picture FitWithin(const Picture& picture, int longest) {
+  const int side = std::max(picture.Width(), picture.Height());
+  if (picture.IsNil() || side <= longest) return picture;
+  const double scale = static_cast<double>(longest) / side;
+  const int width = std::max(1, static_cast<int>(std::lround(picture.Width() * scale)));
+  const int height = std::max(1, static_cast<int>(std::lround(picture.Height() * scale)));
+  const kernels::SourceArea all{0, 0, static_cast<double>(picture.Width()),
+                                static_cast<double>(picture.Height())};
+  Picture small = Picture::Uninitialized(width, height, picture.Depth());
+  if (small.IsNil()) return small;
+  kernels::Scale(picture.View(), all, small.Edit());
+  if (const Plane* mask = picture.Mask()) {
+    Plane scaled = Plane::Uninitialized(width, height);
+    if (!scaled.IsNil()) kernels::Scale(mask->View(), all, scaled.Edit());
+    small.SetMask(std::move(scaled));
+  }
+  return small;
+}
+
+Picture Flattened(const Picture& picture) {
+  const Plane* mask = picture.Mask();
+  if (mask == nullptr) return picture;
+  Picture flat = NewPicture(picture.Width(), picture.Height(), picture.Depth());
+  if (flat.IsNil()) return flat;
+  flat.HorizontalResolution = picture.HorizontalResolution;
+  flat.VerticalResolution = picture.VerticalResolution;
+  kernels::Compose(flat.Edit(), picture.View(), mask->View(), 0, 0);
+  return flat;
+}
+
+}  // namespace codecs
+
+Picture UprightPicture(const Picture& picture, int orientation) {
+  if (picture.IsNil() || orientation <= 1 || orientation > 8) return picture;
+  const kernels::Turn turn = kTurns[static_cast<std::size_t>(orientation - 1)];
+  const int width = turn.exchange ? picture.Height() : picture.Width();
+  const int height = turn.exchange ? picture.Width() : picture.Height();
+  Picture upright = Picture::Uninitialized(width, height, picture.Depth());
+  if (upright.IsNil()) return upright;
+  kernels::TurnPixels(picture.View(), upright.Edit(), turn);
+  upright.HorizontalResolution =
+      turn.exchange ? picture.VerticalResolution : picture.HorizontalResolution;
+  upright.VerticalResolution =
+      turn.exchange ? picture.HorizontalResolution : picture.VerticalResolution;
+  if (const Plane* mask = picture.Mask()) {
+    Plane turned = Plane::Uninitialized(width, height);
+    if (!turned.IsNil()) kernels::TurnPlane(mask->View(), turned.Edit(), turn);
+    upright.SetMask(std::move(turned));
+  }
+  return upright;
+}
+
+std::string CodecMessage(const LocalizedText& text, const FolderItem& file,
+                         std::string_view reason) {
+  return WithPlaceholders(text.Text(),
+                          {{"<filename>", file.DisplayName()}, {"<reason>", reason}});
+}
+
+Expected<std::unique_ptr<ImageSource>> ImageSource::Open(const FolderItem& file) {
+  using Result = Expected<std::unique_ptr<ImageSource>>;
+  if (!file.Exists()) return Result::Failure(CodecMessage(codecTexts::kMissing, file));
+  if (file.Directory() || !file.IsReadable()) {
+    return Result::Failure(CodecMessage(codecTexts::kUnreadable, file));
+  }
+  std::unique_ptr<ImageSource> source;
+  if (codecs::HasRawExtension(file)) source = codecs::OpenRaw(file);
+  if (!source) source = codecs::OpenJpeg(file);
+  if (!source) source = codecs::OpenWithVips(file);
+  if (!source) return Result::Failure(CodecMessage(codecTexts::kUnreadable, file));
+  return {std::move(source), {}};
+}
+
+std::string EncodeImageFile(const FolderItem& file, std::string_view identifier,
+                            std::span<const EncodeImage> pictures) {
+  for (const EncodeImage& image : pictures) {
+    if (image.Pixels.IsNil()) return CodecMessage(codecTexts::kNoMemory, file);
+  }
+  if (pictures.empty()) return CodecMessage(codecTexts::kUnknownFormat, file);
+  if (identifier == "public.jpeg") return codecs::EncodeJpeg(file, pictures.front());
+  if (identifier == "com.adobe.pdf") return codecs::EncodePdf(file, pictures);
+  return codecs::EncodeWithVips(file, identifier, pictures);
+}
+
+Picture DecodeJpegBytes(std::string_view bytes) { return codecs::DecodeJpegPreview(bytes, 0); }
+
+std::string EncodeJpegBytes(const EncodeImage& image) { return codecs::EncodeJpegToMemory(image); }
+
+void ShutDownCodecs() { codecs::ShutDownVips(); }
+
+}  // namespace brivolant

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "platform/files/FolderItem.h"
+#include "platform/pictures/Picture.h"
+#include "platform/values/Text.h"
+
+namespace brivolant {
+
+/// A value or the sentence that says why there is none.
+template <class T>
+struct [[nodiscard]] Expected {
+  std::optional<T> value;
+  std::string error;
+
+  explicit operator bool() const { return value.has_value(); }
+  T& operator*() { return *value; }
+  T* operator->() { return &*value; }
+
+  static Expected Failure(std::string why) { return {std::nullopt, std::move(why)}; }
+};
+
+/// What is known of a picture in a file.
+struct ImageProperties {
+  /// As stored, before Orientation is applied.
+  int Width = 0;
+  int Height = 0;
+  /// TIFF orientation, 1 to 8.
+  int Orientation = 1;
+  /// Pixels per inch.
+  int HorizontalResolution = 72;
+  int VerticalResolution = 72;
+  int BitsPerComponent = 8;
+  bool HasAlpha = false;
+  /// "RGB", "Gray" or "CMYK".
+  std::string ColorModel = "RGB";
+  /// Empty if the file names none.
+  std::string ProfileName;
+};
+
+/// A picture as it lies in the file, in sRGB, not yet turned upright.
+struct DecodedImage {
+  Picture Pixels;
+  ImageProperties Properties;
+};
+
+/// An image file opened for reading. Decoders check every size before memory is asked for.
+class ImageSource {
+ public:
+  virtual ~ImageSource() = default;
+  /// Uniform type identifier, such as "public.jpeg".
+  virtual std::string Type() const = 0;
+  /// Number of pictures.
+  virtual int Count() const = 0;
+  virtual Expected<ImageProperties> Properties(int index) const = 0;
+  virtual Expected<DecodedImage> Decode(int index) const = 0;
+  /// The first picture upright, no side longer than `longest`, by the cheapest way there is: a
+  /// stored preview of that size, or a reduced decode.
+  virtual Expected<Picture> Thumbnail(int longest) const = 0;
+
+  /// The error names the file.
+  static Expected<std::unique_ptr<ImageSource>> Open(const FolderItem& file);
+};
+
+/// One picture to be written.
+struct EncodeImage {
+  Picture Pixels;
+  /// 0 to 1, for formats that lose.
+  double Quality = 0.75;
+};
+
+/// Writes a file of the format with that identifier; see ImagesWritableMac for those known.
+/// The file is complete or untouched. TIFF, GIF and PDF take several pictures, the others the
+/// first. Formats without transparency lay it on white. Empty on success, else a sentence.
+[[nodiscard]] std::string EncodeImageFile(const FolderItem& file, std::string_view identifier,
+                                          std::span<const EncodeImage> pictures);
+
+/// A JPEG in memory; nil if it cannot be decoded.
+Picture DecodeJpegBytes(std::string_view bytes);
+/// A picture as the bytes of a JPEG file; empty if memory runs out.
+std::string EncodeJpegBytes(const EncodeImage& image);
+
+/// Shuts the codec libraries down; call it last, if at all.
+void ShutDownCodecs();
+
+/// Sentences of the codecs; "<filename>" is the file's name.
+namespace codecTexts {
+inline constexpr LocalizedText kMissing{"ImageCodecs.kMissing",
+                                        "The file \"<filename>\" does not exist."};
+inline constexpr LocalizedText kUnreadable{
+    "ImageCodecs.kUnreadable", "The file \"<filename>\" is not an image that can be read."};
+inline constexpr LocalizedText kDamaged{
+    "ImageCodecs.kDamaged", "The image \"<filename>\" is damaged or incomplete (<reason>)."};
+inline constexpr LocalizedText kTooLarge{
+    "ImageCodecs.kTooLarge",
+    "The image \"<filename>\" is too large: it claims <width> x <height> pixels."};
+inline constexpr LocalizedText kNoMemory{
+    "ImageCodecs.kNoMemory", "There is not enough memory to open the image \"<filename>\"."};
+inline constexpr LocalizedText kCannotWrite{"ImageCodecs.kCannotWrite",
+                                            "The file \"<filename>\" cannot be saved: <reason>."};
+inline constexpr LocalizedText kUnknownFormat{
+    "ImageCodecs.kUnknownFormat",
+    "The file \"<filename>\" cannot be saved: its format cannot be written."};
+}  // namespace codecTexts
+
+/// `text` with the file's name put in.
+std::string CodecMessage(const LocalizedText& text, const FolderItem& file,
+                         std::string_view reason = {});
+
+}  // namespace brivolant

@@ -1,0 +1,391 @@
+// SPDX-License-Identifier: MIT
+#include <libexif/exif-data.h>
+
+#include <array>
+#include <cmath>
+#include <csetjmp>
+#include <cstdio>
+// libjpeg wants the declarations of stdio before its own.
+#include <jpeglib.h>
+
+#include <algorithm>
+#include <cstring>
+#include <vector>
+
+#include "platform/codecs/CodecDetail.h"
+#include "platform/files/AtomicFile.h"
+
+namespace brivolant::codecs {
+namespace {
+
+/// A progressive file can make the decoder go over the whole image for every few bytes.
+constexpr int kMostScans = 500;
+
+struct ErrorManager {
+  jpeg_error_mgr base;
+  std::jmp_buf jump;
+  std::array<char, JMSG_LENGTH_MAX> message;
+  bool truncated;
+};
+
+ErrorManager& ManagerOf(j_common_ptr info) { return *reinterpret_cast<ErrorManager*>(info->err); }
+
+[[noreturn]] void OnError(j_common_ptr info) {
+  ErrorManager& manager = ManagerOf(info);
+  info->err->format_message(info, manager.message.data());
+  std::longjmp(manager.jump, 1);
+}
+
+void OnWarning(j_common_ptr info, int level) {
+  if (level >= 0) return;
+  ++info->err->num_warnings;
+  std::array<char, JMSG_LENGTH_MAX> message{};
+  info->err->format_message(info, message.data());
+  if (std::strncmp(message.data(), "Premature end", 13) == 0) ManagerOf(info).truncated = true;
+}
+
+void OnProgress(j_common_ptr info) {
+  if (reinterpret_cast<j_decompress_ptr>(info)->input_scan_number > kMostScans) {
+    std::strcpy(ManagerOf(info).message.data(), "too many scans");
+    std::longjmp(ManagerOf(info).jump, 1);
+  }
+}
+
+void Install(ErrorManager& manager, jpeg_common_struct& info) {
+  info.err = jpeg_std_error(&manager.base);
+  manager.base.error_exit = OnError;
+  manager.base.emit_message = OnWarning;
+  manager.message[0] = '\0';
+  manager.truncated = false;
+}
+
+struct CloseFile {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+/// Orientation and preview from an Exif segment.
+struct ExifFacts {
+  int orientation = 1;
+  std::string preview;
+};
+
+ExifFacts ReadExif(const std::string& segment) {
+  ExifFacts facts;
+  if (segment.empty()) return facts;
+  ExifData* data = exif_data_new_from_data(reinterpret_cast<const unsigned char*>(segment.data()),
+                                           static_cast<unsigned>(segment.size()));
+  if (data == nullptr) return facts;
+  if (ExifEntry* entry = exif_content_get_entry(data->ifd[EXIF_IFD_0], EXIF_TAG_ORIENTATION);
+      entry != nullptr && entry->format == EXIF_FORMAT_SHORT && entry->size >= 2) {
+    const int value = exif_get_short(entry->data, exif_data_get_byte_order(data));
+    if (value >= 1 && value <= 8) facts.orientation = value;
+  }
+  if (data->data != nullptr && data->size > 0) {
+    facts.preview.assign(reinterpret_cast<const char*>(data->data), data->size);
+  }
+  exif_data_unref(data);
+  return facts;
+}
+
+/// What the headers say.
+struct Header {
+  ImageProperties properties;
+  bool plain = false;  ///< Grey or three channels of 8 bits.
+  std::string icc;
+  std::string exif;
+};
+
+/// A decompressor with its error handling. The functions that may jump hold nothing that needs a
+/// destructor.
+class Decompressor {
+ public:
+  Decompressor() {
+    Install(manager_, reinterpret_cast<jpeg_common_struct&>(info_));
+    progress_.progress_monitor = OnProgress;
+  }
+  ~Decompressor() {
+    if (created_) jpeg_destroy_decompress(&info_);
+  }
+  Decompressor(const Decompressor&) = delete;
+  Decompressor& operator=(const Decompressor&) = delete;
+
+  bool ReadHeader(std::FILE* file, std::string_view bytes) {
+    if (setjmp(manager_.jump) != 0) return false;
+    jpeg_create_decompress(&info_);
+    created_ = true;
+    info_.progress = &progress_;
+    if (file != nullptr) {
+      jpeg_stdio_src(&info_, file);
+    } else {
+      jpeg_mem_src(&info_, reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
+    }
+    jpeg_save_markers(&info_, JPEG_APP0 + 1, 0xFFFF);
+    jpeg_save_markers(&info_, JPEG_APP0 + 2, 0xFFFF);
+    jpeg_read_header(&info_, TRUE);
+    return true;
+  }
+
+  /// Chooses the smallest eighths that keep the longer side at `atLeast` pixels; 0 is full size.
+  bool Start(int atLeast) {
+    if (setjmp(manager_.jump) != 0) return false;
+    info_.out_color_space = JCS_EXT_BGRA;
+    if (atLeast > 0) {
+      const int longest = static_cast<int>(std::max(info_.image_width, info_.image_height));
+      info_.scale_denom = 8;
+      info_.scale_num = 8;
+      while (info_.scale_num > 1 &&
+             longest * static_cast<int>(info_.scale_num - 1) / 8 >= atLeast) {
+        --info_.scale_num;
+      }
+    }
+    jpeg_start_decompress(&info_);
+    return true;
+  }
+
+  bool ReadInto(std::uint8_t* data, std::size_t stride) {
+    if (setjmp(manager_.jump) != 0) return false;
+    constexpr int kRows = 16;
+    while (info_.output_scanline < info_.output_height) {
+      std::array<JSAMPROW, kRows> rows{};
+      for (std::size_t i = 0; i < rows.size(); ++i) {
+        const std::size_t y = std::min<std::size_t>(info_.output_scanline + i,
+                                                    info_.output_height - std::size_t{1});
+        rows[i] = data + stride * y;
+      }
+      jpeg_read_scanlines(&info_, rows.data(), kRows);
+    }
+    jpeg_finish_decompress(&info_);
+    return true;
+  }
+
+  Header Facts() {
+    Header header;
+    header.plain = info_.data_precision == 8 &&
+                   (info_.num_components == 1 || info_.num_components == 3);
+    ImageProperties& properties = header.properties;
+    properties.Width = static_cast<int>(info_.image_width);
+    properties.Height = static_cast<int>(info_.image_height);
+    properties.ColorModel = info_.num_components == 1   ? "Gray"
+                            : info_.num_components == 4 ? "CMYK"
+                                                        : "RGB";
+    if (info_.saw_JFIF_marker && info_.density_unit > 0 && info_.X_density > 0) {
+      const double unit = info_.density_unit == 2 ? 2.54 : 1.0;
+      properties.HorizontalResolution = static_cast<int>(std::lround(info_.X_density * unit));
+      properties.VerticalResolution = static_cast<int>(std::lround(info_.Y_density * unit));
+    }
+    JOCTET* icc = nullptr;
+    unsigned size = 0;
+    if (jpeg_read_icc_profile(&info_, &icc, &size)) {
+      header.icc.assign(reinterpret_cast<const char*>(icc), size);
+      std::free(icc);
+    }
+    for (auto* marker = info_.marker_list; marker != nullptr; marker = marker->next) {
+      if (marker->marker == JPEG_APP0 + 1 && marker->data_length > 6 &&
+          std::memcmp(marker->data, "Exif", 4) == 0) {
+        header.exif.assign(reinterpret_cast<const char*>(marker->data), marker->data_length);
+        break;
+      }
+    }
+    return header;
+  }
+
+  int OutputWidth() const { return static_cast<int>(info_.output_width); }
+  int OutputHeight() const { return static_cast<int>(info_.output_height); }
+  bool Truncated() const { return manager_.truncated; }
+  std::string Message() const {
+    return manager_.truncated ? "it ends too early" : manager_.message.data();
+  }
+
+ private:
+  jpeg_decompress_struct info_{};
+  ErrorManager manager_{};
+  jpeg_progress_mgr progress_{};
+  bool created_ = false;
+};
+
+class JpegSource final : public ImageSource {
+ public:
+  JpegSource(FolderItem file, Header header)
+      : file_(std::move(file)), header_(std::move(header)), profile_(header_.icc) {
+    const ExifFacts exif = ReadExif(header_.exif);
+    header_.properties.Orientation = exif.orientation;
+    header_.properties.ProfileName = profile_.Name();
+    preview_ = exif.preview;
+  }
+
+  bool Usable() const { return header_.plain && (header_.icc.empty() || profile_.IsRGB()); }
+
+  std::string Type() const override { return "public.jpeg"; }
+  int Count() const override { return 1; }
+  Expected<ImageProperties> Properties(int) const override { return {header_.properties, {}}; }
+
+  Expected<DecodedImage> Decode(int) const override {
+    Expected<Picture> picture = DecodeAt(0, true);
+    if (!picture) return Expected<DecodedImage>::Failure(picture.error);
+    return {DecodedImage{std::move(*picture), header_.properties}, {}};
+  }
+
+  Expected<Picture> Thumbnail(int longest) const override {
+    Picture picture = preview_.empty() ? Picture() : DecodeJpegPreview(preview_, longest);
+    // Cameras store 160 pixels, often with black bars: only a full-sized preview will do.
+    if (picture.IsNil() || std::max(picture.Width(), picture.Height()) < longest ||
+        !SameShape(picture)) {
+      Expected<Picture> reduced = DecodeAt(longest, false);
+      if (!reduced) return reduced;
+      picture = std::move(*reduced);
+    } else {
+      profile_.ConvertToSRGB(picture);
+    }
+    return {UprightPicture(FitWithin(picture, longest), header_.properties.Orientation), {}};
+  }
+
+ private:
+  bool SameShape(const Picture& picture) const {
+    const double shape = static_cast<double>(picture.Width()) / picture.Height();
+    const ImageProperties& own = header_.properties;
+    return std::abs(shape * own.Height / own.Width - 1) < 0.02;
+  }
+
+  /// `strict` refuses a file that ends too early; a thumbnail shows what there is.
+  Expected<Picture> DecodeAt(int atLeast, bool strict) const {
+    const File stream(std::fopen(file_.Path().c_str(), "rbe"));
+    const auto damaged = [&](const Decompressor& jpeg) {
+      return Expected<Picture>::Failure(
+          CodecMessage(codecTexts::kDamaged, file_, jpeg.Message()));
+    };
+    if (!stream) return Expected<Picture>::Failure(CodecMessage(codecTexts::kUnreadable, file_));
+    Decompressor jpeg;
+    if (!jpeg.ReadHeader(stream.get(), {}) || !jpeg.Start(atLeast)) return damaged(jpeg);
+    Expected<Picture> picture = Allocate(file_, jpeg.OutputWidth(), jpeg.OutputHeight());
+    if (!picture) return picture;
+    const Pixels pixels = picture->Edit();
+    if (!jpeg.ReadInto(pixels.data, pixels.stride) || (strict && jpeg.Truncated())) {
+      return damaged(jpeg);
+    }
+    picture->HorizontalResolution = header_.properties.HorizontalResolution;
+    picture->VerticalResolution = header_.properties.VerticalResolution;
+    profile_.ConvertToSRGB(*picture);
+    return picture;
+  }
+
+  FolderItem file_;
+  Header header_;
+  SourceProfile profile_;
+  std::string preview_;
+};
+
+class Compressor {
+ public:
+  Compressor() { Install(manager_, reinterpret_cast<jpeg_common_struct&>(info_)); }
+  ~Compressor() {
+    if (created_) jpeg_destroy_compress(&info_);
+  }
+  Compressor(const Compressor&) = delete;
+  Compressor& operator=(const Compressor&) = delete;
+
+  bool Write(std::FILE* file, ConstPixels pixels, const Picture& picture, double quality) {
+    if (setjmp(manager_.jump) != 0) return false;
+    jpeg_create_compress(&info_);
+    created_ = true;
+    jpeg_stdio_dest(&info_, file);
+    info_.image_width = static_cast<JDIMENSION>(pixels.width);
+    info_.image_height = static_cast<JDIMENSION>(pixels.height);
+    info_.input_components = 4;
+    info_.in_color_space = JCS_EXT_BGRX;
+    jpeg_set_defaults(&info_);
+    jpeg_set_quality(&info_, static_cast<int>(std::lround(std::clamp(quality, 0.0, 1.0) * 100)),
+                     TRUE);
+    // At the highest qualities the eye sees halved colour before it sees the quantisation.
+    constexpr double kFullColorFrom = 0.95;
+    if (quality >= kFullColorFrom) info_.comp_info[0].h_samp_factor = info_.comp_info[0].v_samp_factor = 1;
+    info_.density_unit = 1;
+    info_.X_density = static_cast<UINT16>(std::clamp(picture.HorizontalResolution, 1, 65535));
+    info_.Y_density = static_cast<UINT16>(std::clamp(picture.VerticalResolution, 1, 65535));
+    jpeg_start_compress(&info_, TRUE);
+    const std::string_view icc = SRGBProfile();
+    jpeg_write_icc_profile(&info_, reinterpret_cast<const JOCTET*>(icc.data()),
+                           static_cast<unsigned>(icc.size()));
+    constexpr int kRows = 16;
+    while (info_.next_scanline < info_.image_height) {
+      std::array<JSAMPROW, kRows> rows{};
+      const int count =
+          std::min(kRows, static_cast<int>(info_.image_height - info_.next_scanline));
+      for (int i = 0; i < count; ++i) {
+        // libjpeg does not write to its input.
+        rows[static_cast<std::size_t>(i)] =
+            const_cast<JSAMPROW>(pixels.Row(static_cast<int>(info_.next_scanline) + i));
+      }
+      jpeg_write_scanlines(&info_, rows.data(), static_cast<JDIMENSION>(count));
+    }
+    jpeg_finish_compress(&info_);
+    return true;
+  }
+
+  std::string Message() const { return manager_.message.data(); }
+
+ private:
+  jpeg_compress_struct info_{};
+  ErrorManager manager_{};
+  bool created_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<ImageSource> OpenJpeg(const FolderItem& file) {
+  const File stream(std::fopen(file.Path().c_str(), "rbe"));
+  if (!stream) return nullptr;
+  Decompressor jpeg;
+  if (!jpeg.ReadHeader(stream.get(), {})) return nullptr;
+  auto source = std::make_unique<JpegSource>(file, jpeg.Facts());
+  return source->Usable() ? std::move(source) : nullptr;
+}
+
+Picture DecodeJpegPreview(std::string_view bytes, int atLeast) {
+  Decompressor jpeg;
+  if (!jpeg.ReadHeader(nullptr, bytes) || !jpeg.Start(atLeast)) return {};
+  Picture picture = Picture::Uninitialized(jpeg.OutputWidth(), jpeg.OutputHeight(), 32);
+  if (picture.IsNil()) return {};
+  const Pixels pixels = picture.Edit();
+  if (!jpeg.ReadInto(pixels.data, pixels.stride)) return {};
+  return picture;
+}
+
+std::string EncodeJpegToMemory(const EncodeImage& image) {
+  char* bytes = nullptr;
+  std::size_t size = 0;
+  std::FILE* stream = open_memstream(&bytes, &size);
+  if (stream == nullptr) return {};
+  const Picture picture = Flattened(image.Pixels);
+  Compressor jpeg;
+  const bool written = jpeg.Write(stream, picture.View(), picture, image.Quality);
+  const bool closed = std::fclose(stream) == 0;
+  std::string result;
+  if (written && closed) result.assign(bytes, size);
+  std::free(bytes);
+  return result;
+}
+
+std::string EncodeJpeg(const FolderItem& file, const EncodeImage& image) {
+  const auto failure = [&](const std::string& reason) {
+    return CodecMessage(codecTexts::kCannotWrite, file, reason);
+  };
+  AtomicFile target(file);
+  if (target.Error()) return failure(target.Error().message());
+  const File stream(std::fopen(target.WorkingFile().Path().c_str(), "wbe"));
+  if (!stream) return failure(std::error_code(errno, std::generic_category()).message());
+  const Picture picture = Flattened(image.Pixels);
+  Compressor jpeg;
+  errno = 0;
+  if (!jpeg.Write(stream.get(), picture.View(), picture, image.Quality)) {
+    return failure(errno != 0 ? std::error_code(errno, std::generic_category()).message()
+                              : jpeg.Message());
+  }
+  if (std::fflush(stream.get()) != 0) {
+    return failure(std::error_code(errno, std::generic_category()).message());
+  }
+  if (const std::error_code error = target.Commit()) return failure(error.message());
+  return {};
+}
+
+}  // namespace brivolant::codecs

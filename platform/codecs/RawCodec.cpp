@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include <libraw/libraw.h>
+
+#include <array>
+#include <cstring>
+
+#include "platform/codecs/CodecDetail.h"
+
+namespace brivolant::codecs {
+namespace {
+
+constexpr std::array<std::string_view, 22> kExtensions{
+    "dng", "cr2", "cr3", "crw", "orf", "nef", "nrw", "srf", "sr2", "arw", "mrw",
+    "raf", "dcr", "kdc", "rw2", "rwl", "pef", "srw", "x3f", "erf", "mef", "3fr"};
+
+struct FreeImage {
+  void operator()(libraw_processed_image_t* image) const { LibRaw::dcraw_clear_mem(image); }
+};
+using ProcessedImage = std::unique_ptr<libraw_processed_image_t, FreeImage>;
+
+/// 8-bit RGB, as the library hands it over, into a picture.
+Picture FromRGB(const libraw_processed_image_t& image) {
+  if (image.type != LIBRAW_IMAGE_BITMAP || image.bits != 8 ||
+      (image.colors != 3 && image.colors != 1)) {
+    return {};
+  }
+  Picture picture = Picture::Uninitialized(image.width, image.height, 32);
+  if (picture.IsNil()) return {};
+  const Pixels pixels = picture.Edit();
+  const std::uint8_t* from = image.data;
+  const int blue = image.colors == 3 ? 2 : 0;
+  const int green = image.colors == 3 ? 1 : 0;
+  for (int y = 0; y < pixels.height; ++y) {
+    std::uint8_t* to = pixels.Row(y);
+    for (int x = 0; x < pixels.width; ++x, to += 4, from += image.colors) {
+      to[0] = from[blue];
+      to[1] = from[green];
+      to[2] = from[0];
+      to[3] = 255;
+    }
+  }
+  return picture;
+}
+
+class RawSource final : public ImageSource {
+ public:
+  RawSource(FolderItem file, const libraw_image_sizes_t& sizes) : file_(std::move(file)) {
+    // The library turns pictures upright itself; a flip of 5 or 6 is a quarter turn.
+    const bool turned = sizes.flip == 5 || sizes.flip == 6;
+    properties_.Width = turned ? sizes.height : sizes.width;
+    properties_.Height = turned ? sizes.width : sizes.height;
+    properties_.BitsPerComponent = 8;
+  }
+
+  std::string Type() const override { return "public.camera-raw-image"; }
+  int Count() const override { return 1; }
+  Expected<ImageProperties> Properties(int) const override { return {properties_, {}}; }
+
+  Expected<DecodedImage> Decode(int) const override {
+    using Result = Expected<DecodedImage>;
+    const auto raw = std::make_unique<LibRaw>();
+    raw->imgdata.params.use_camera_wb = 1;
+    raw->imgdata.params.output_color = 1;
+    raw->imgdata.params.output_bps = 8;
+    int error = raw->open_file(file_.Path().c_str());
+    if (error == LIBRAW_SUCCESS) error = raw->unpack();
+    if (error == LIBRAW_SUCCESS) error = raw->dcraw_process();
+    ProcessedImage image;
+    if (error == LIBRAW_SUCCESS) image.reset(raw->dcraw_make_mem_image(&error));
+    if (!image) {
+      return Result::Failure(
+          CodecMessage(codecTexts::kDamaged, file_, libraw_strerror(error)));
+    }
+    Picture picture = FromRGB(*image);
+    if (picture.IsNil()) return Result::Failure(CodecMessage(codecTexts::kNoMemory, file_));
+    return {DecodedImage{std::move(picture), properties_}, {}};
+  }
+
+  Expected<Picture> Thumbnail(int longest) const override {
+    const auto raw = std::make_unique<LibRaw>();
+    int error = raw->open_file(file_.Path().c_str());
+    if (error == LIBRAW_SUCCESS) error = raw->unpack_thumb();
+    ProcessedImage image;
+    if (error == LIBRAW_SUCCESS) image.reset(raw->dcraw_make_mem_thumb(&error));
+    Picture picture;
+    if (image && image->type == LIBRAW_IMAGE_JPEG) {
+      picture = DecodeJpegPreview(
+          {reinterpret_cast<const char*>(image->data), image->data_size}, longest);
+    } else if (image) {
+      picture = FromRGB(*image);
+    }
+    if (picture.IsNil()) {
+      Expected<DecodedImage> full = Decode(0);
+      if (!full) return Expected<Picture>::Failure(full.error);
+      return {FitWithin(full->Pixels, longest), {}};
+    }
+    // The preview is stored as the sensor stood.
+    constexpr std::array<int, 8> kOrientation{1, 1, 1, 3, 1, 8, 6, 1};
+    const int orientation = kOrientation.at(static_cast<std::size_t>(raw->imgdata.sizes.flip & 7));
+    return {UprightPicture(FitWithin(picture, longest), orientation), {}};
+  }
+
+ private:
+  FolderItem file_;
+  ImageProperties properties_;
+};
+
+}  // namespace
+
+bool HasRawExtension(const FolderItem& file) {
+  const std::string extension = LowerCase(file.Path().extension().string());
+  for (const std::string_view raw : kExtensions) {
+    if (extension.size() == raw.size() + 1 && extension.ends_with(raw)) return true;
+  }
+  return false;
+}
+
+std::unique_ptr<ImageSource> OpenRaw(const FolderItem& file) {
+  const auto raw = std::make_unique<LibRaw>();
+  if (raw->open_file(file.Path().c_str()) != LIBRAW_SUCCESS) return nullptr;
+  const libraw_image_sizes_t& sizes = raw->imgdata.sizes;
+  if (std::int64_t{sizes.width} * sizes.height > Picture::kMostPixels) return nullptr;
+  return std::make_unique<RawSource>(file, sizes);
+}
+
+}  // namespace brivolant::codecs

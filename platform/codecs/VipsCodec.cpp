@@ -1,0 +1,392 @@
+// SPDX-License-Identifier: MIT
+#include <fcntl.h>
+#include <unistd.h>
+#include <vips/vips.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cmath>
+#include <cstring>
+#include <mutex>
+#include <vector>
+
+#include "platform/codecs/CodecDetail.h"
+#include "platform/files/AtomicFile.h"
+
+namespace brivolant::codecs {
+namespace {
+
+struct LoaderType {
+  std::string_view loader;
+  std::string_view type;
+};
+constexpr std::array<LoaderType, 11> kLoaderTypes{{{"jpegload", "public.jpeg"},
+                                                   {"pngload", "public.png"},
+                                                   {"tiffload", "public.tiff"},
+                                                   {"gifload", "com.compuserve.gif"},
+                                                   {"webpload", "org.webmproject.webp"},
+                                                   {"heifload", "public.heic"},
+                                                   {"jp2kload", "public.jpeg-2000"},
+                                                   {"pdfload", "com.adobe.pdf"},
+                                                   {"svgload", "public.svg-image"},
+                                                   {"openexrload", "com.ilm.openexr-image"},
+                                                   {"radload", "public.radiance"}}};
+constexpr std::array<LoaderType, 6> kExtensionTypes{{{".bmp", "com.microsoft.bmp"},
+                                                     {".psd", "com.adobe.photoshop-image"},
+                                                     {".pct", "com.apple.pict"},
+                                                     {".pict", "com.apple.pict"},
+                                                     {".sgi", "com.sgi.sgi-image"},
+                                                     {".tga", "com.truevision.tga-image"}}};
+
+std::atomic<bool> started = false;
+
+bool Start() {
+  static const bool ready = [] {
+    if (vips_init("brivolant") != 0) return false;
+    // Files are read once: what the library would keep only takes memory from pictures.
+    vips_cache_set_max(0);
+    started = true;
+    return true;
+  }();
+  return ready;
+}
+
+struct Unref {
+  void operator()(VipsImage* image) const { g_object_unref(image); }
+};
+using Image = std::unique_ptr<VipsImage, Unref>;
+
+/// The library's own words, in one line.
+std::string TakeError() {
+  std::string text(Trim(vips_error_buffer()));
+  vips_error_clear();
+  std::replace(text.begin(), text.end(), '\n', ';');
+  return text.empty() ? "unknown error" : EnsureUTF8(text);
+}
+
+/// A path that the library takes as it stands: it reads options from square brackets, so a name
+/// with brackets is reached over its descriptor.
+class PlainPath {
+ public:
+  explicit PlainPath(const FolderItem& file) : path_(file.ShellPath()) {
+    if (path_.find('[') == std::string::npos) return;
+    descriptor_ = open(path_.c_str(), O_RDONLY | O_CLOEXEC);
+    path_ = "/proc/self/fd/" + std::to_string(descriptor_);
+  }
+  ~PlainPath() {
+    if (descriptor_ >= 0) close(descriptor_);
+  }
+  PlainPath(const PlainPath&) = delete;
+  PlainPath& operator=(const PlainPath&) = delete;
+  const char* Get() const { return path_.c_str(); }
+
+ private:
+  std::string path_;
+  int descriptor_ = -1;
+};
+
+Image Load(const PlainPath& path, int page) {
+  const std::string name =
+      page > 0 ? std::string(path.Get()) + "[page=" + std::to_string(page) + "]" : path.Get();
+  return Image(vips_image_new_from_file(name.c_str(), "access", VIPS_ACCESS_SEQUENTIAL, "fail_on",
+                                        VIPS_FAIL_ON_TRUNCATED, nullptr));
+}
+
+std::string ProfileOf(VipsImage* image) {
+  const void* data = nullptr;
+  std::size_t size = 0;
+  if (vips_image_get_typeof(image, VIPS_META_ICC_NAME) == 0 ||
+      vips_image_get_blob(image, VIPS_META_ICC_NAME, &data, &size) != 0) {
+    return {};
+  }
+  return {static_cast<const char*>(data), size};
+}
+
+ImageProperties PropertiesOf(VipsImage* image) {
+  ImageProperties properties;
+  properties.Width = vips_image_get_width(image);
+  properties.Height = vips_image_get_height(image);
+  properties.Orientation = std::clamp(vips_image_get_orientation(image), 1, 8);
+  const auto perInch = [](double perMillimetre) {
+    const long resolution = std::lround(perMillimetre * 25.4);
+    // One a millimetre is what loaders say when the file says nothing.
+    return perMillimetre == 1.0 || resolution < 1 ? 72 : static_cast<int>(resolution);
+  };
+  properties.HorizontalResolution = perInch(vips_image_get_xres(image));
+  properties.VerticalResolution = perInch(vips_image_get_yres(image));
+  properties.HasAlpha = vips_image_hasalpha(image) != 0;
+  properties.BitsPerComponent =
+      8 * static_cast<int>(vips_format_sizeof(vips_image_get_format(image)));
+  const VipsInterpretation space = vips_image_guess_interpretation(image);
+  const bool grey = space == VIPS_INTERPRETATION_B_W || space == VIPS_INTERPRETATION_GREY16;
+  properties.ColorModel = grey                                    ? "Gray"
+                          : space == VIPS_INTERPRETATION_CMYK ? "CMYK"
+                                                                  : "RGB";
+  properties.ProfileName = SourceProfile(ProfileOf(image)).Name();
+  return properties;
+}
+
+/// To 8-bit sRGB with three bands, or four with alpha.
+Image ToSRGB(Image image) {
+  VipsImage* next = nullptr;
+  const bool cmyk = vips_image_guess_interpretation(image.get()) == VIPS_INTERPRETATION_CMYK;
+  const std::string icc = ProfileOf(image.get());
+  const bool convert = cmyk || (!icc.empty() && FindIgnoringCase(SourceProfile(icc).Name(),
+                                                                 "srgb") == std::string::npos);
+  if (convert) {
+    const char* fallback = cmyk ? "cmyk" : "srgb";
+    if (vips_icc_transform(image.get(), &next, "srgb", "embedded", TRUE, "input_profile", fallback,
+                           "intent", VIPS_INTENT_PERCEPTUAL, nullptr) == 0) {
+      image.reset(next);
+    } else {
+      // A profile that cannot be used: the numbers are taken for what they most likely are.
+      vips_error_clear();
+    }
+  }
+  if (vips_colourspace(image.get(), &next, VIPS_INTERPRETATION_sRGB, nullptr) != 0) return nullptr;
+  image.reset(next);
+  if (vips_image_get_bands(image.get()) > 4) {
+    if (vips_extract_band(image.get(), &next, 0, "n", 4, nullptr) != 0) return nullptr;
+    image.reset(next);
+  }
+  if (vips_cast_uchar(image.get(), &next, nullptr) != 0) return nullptr;
+  image.reset(next);
+  return image;
+}
+
+struct Target {
+  Pixels pixels;
+  Grey mask;
+};
+
+/// Takes a strip of finished rows.
+int WriteStrip(VipsRegion* region, VipsRect* area, void* data) {
+  const auto& target = *static_cast<Target*>(data);
+  const int bands = region->im->Bands;
+  for (int y = area->top; y < area->top + area->height; ++y) {
+    const VipsPel* from = VIPS_REGION_ADDR(region, area->left, y);
+    std::uint8_t* to = target.pixels.Row(y) + std::ptrdiff_t{4} * area->left;
+    for (int x = 0; x < area->width; ++x, from += bands, to += 4) {
+      to[0] = from[bands >= 3 ? 2 : 0];
+      to[1] = from[bands >= 3 ? 1 : 0];
+      to[2] = from[0];
+      to[3] = 255;
+      if (target.mask.data != nullptr) {
+        target.mask.Row(y)[area->left + x] = static_cast<std::uint8_t>(255 - from[bands - 1]);
+      }
+    }
+  }
+  return 0;
+}
+
+Expected<Picture> Render(const FolderItem& file, VipsImage* image) {
+  Expected<Picture> picture =
+      Allocate(file, vips_image_get_width(image), vips_image_get_height(image));
+  if (!picture) return picture;
+  Target target{picture->Edit(), {}};
+  Plane mask;
+  if (vips_image_hasalpha(image) != 0) {
+    mask = Plane::Uninitialized(picture->Width(), picture->Height());
+    if (mask.IsNil()) return Expected<Picture>::Failure(CodecMessage(codecTexts::kNoMemory, file));
+    target.mask = mask.Edit();
+  }
+  if (vips_sink_disc(image, WriteStrip, &target) != 0) {
+    return Expected<Picture>::Failure(CodecMessage(codecTexts::kDamaged, file, TakeError()));
+  }
+  if (!mask.IsNil()) picture->SetMask(std::move(mask));
+  return picture;
+}
+
+class VipsSource final : public ImageSource {
+ public:
+  VipsSource(FolderItem file, VipsImage* first) : file_(std::move(file)) {
+    const char* loader = nullptr;
+    if (vips_image_get_string(first, VIPS_META_LOADER, &loader) != 0) vips_error_clear();
+    const std::string_view name = loader == nullptr ? "" : loader;
+    for (const LoaderType& known : kLoaderTypes) {
+      if (name.starts_with(known.loader)) type_ = known.type;
+    }
+    const std::string extension = LowerCase(file_.Path().extension().string());
+    for (const LoaderType& known : kExtensionTypes) {
+      if (type_.empty() && extension == known.loader) type_ = known.type;
+    }
+    // Without a page option the library shows only the first page.
+    if (vips_image_get_typeof(first, VIPS_META_N_PAGES) != 0) {
+      constexpr int kMostPages = 10000;
+      count_ = std::clamp(vips_image_get_n_pages(first), 1, kMostPages);
+    }
+  }
+
+  std::string Type() const override { return type_; }
+  int Count() const override { return count_; }
+
+  Expected<ImageProperties> Properties(int index) const override {
+    const PlainPath path(file_);
+    const Image image = Load(path, index);
+    if (!image) return Failure<ImageProperties>();
+    return {PropertiesOf(image.get()), {}};
+  }
+
+  Expected<DecodedImage> Decode(int index) const override {
+    const PlainPath path(file_);
+    Image image = Load(path, index);
+    if (!image) return Failure<DecodedImage>();
+    ImageProperties properties = PropertiesOf(image.get());
+    // Before the pipeline is built: a lying header must not cost memory.
+    if (std::int64_t{properties.Width} * properties.Height > Picture::kMostPixels) {
+      return Expected<DecodedImage>::Failure(
+          Allocate(file_, properties.Width, properties.Height).error);
+    }
+    image = ToSRGB(std::move(image));
+    if (!image) return Failure<DecodedImage>();
+    Expected<Picture> picture = Render(file_, image.get());
+    if (!picture) return Expected<DecodedImage>::Failure(picture.error);
+    picture->HorizontalResolution = properties.HorizontalResolution;
+    picture->VerticalResolution = properties.VerticalResolution;
+    return {DecodedImage{std::move(*picture), std::move(properties)}, {}};
+  }
+
+  Expected<Picture> Thumbnail(int longest) const override {
+    const PlainPath path(file_);
+    VipsImage* small = nullptr;
+    if (vips_thumbnail(path.Get(), &small, longest, "height", longest, "size", VIPS_SIZE_DOWN,
+                       "export_profile", "srgb", nullptr) != 0) {
+      return Failure<Picture>();
+    }
+    const Image image = ToSRGB(Image(small));
+    if (!image) return Failure<Picture>();
+    return Render(file_, image.get());
+  }
+
+ private:
+  template <class T>
+  Expected<T> Failure() const {
+    return Expected<T>::Failure(CodecMessage(codecTexts::kDamaged, file_, TakeError()));
+  }
+
+  FolderItem file_;
+  std::string type_;
+  int count_ = 1;
+};
+
+/// The pictures below each other as RGB or RGBA rows. All are cut or padded to the first's size,
+/// which is what page-by-page formats can hold.
+Image ForWriting(std::span<const EncodeImage> pictures, bool alpha, std::vector<VipsPel>& memory) {
+  const Picture& first = pictures.front().Pixels;
+  const bool masked = alpha && first.Mask() != nullptr;
+  const int bands = masked ? 4 : 3;
+  const auto width = static_cast<std::size_t>(first.Width());
+  const std::size_t size = width * static_cast<std::size_t>(first.Height());
+  memory.assign(size * pictures.size() * static_cast<std::size_t>(bands), 255);
+  VipsPel* to = memory.data();
+  for (const EncodeImage& image : pictures) {
+    const Picture picture = masked ? image.Pixels : Flattened(image.Pixels);
+    const Plane* mask = picture.Mask();
+    for (int y = 0; y < first.Height(); ++y) {
+      for (int x = 0; x < first.Width(); ++x, to += bands) {
+        if (x >= picture.Width() || y >= picture.Height()) continue;
+        const Color color = picture.At(x, y);
+        to[0] = color.Red;
+        to[1] = color.Green;
+        to[2] = color.Blue;
+        if (masked) to[3] = mask == nullptr ? 255 : static_cast<VipsPel>(255 - mask->At(x, y));
+      }
+    }
+  }
+  const int height = first.Height() * static_cast<int>(pictures.size());
+  Image raw(vips_image_new_from_memory(memory.data(), memory.size(), first.Width(), height, bands,
+                                       VIPS_FORMAT_UCHAR));
+  if (!raw) return nullptr;
+  VipsImage* tagged = nullptr;
+  if (vips_copy(raw.get(), &tagged, "interpretation", VIPS_INTERPRETATION_sRGB, "xres",
+                first.HorizontalResolution / 25.4, "yres", first.VerticalResolution / 25.4,
+                nullptr) != 0) {
+    return nullptr;
+  }
+  Image image(tagged);
+  const std::string_view icc = SRGBProfile();
+  vips_image_set_blob_copy(tagged, VIPS_META_ICC_NAME, icc.data(), icc.size());
+  if (pictures.size() > 1) vips_image_set_int(tagged, VIPS_META_PAGE_HEIGHT, first.Height());
+  return image;
+}
+
+struct Writer {
+  std::string_view identifier;
+  bool alpha;
+  bool pages;
+  int (*save)(VipsImage* image, const char* path, double quality);
+};
+
+template <int kIndex>
+int SaveByMagick(VipsImage* image, const char* path, double) {
+  constexpr std::array<const char*, 5> kFormats{"BMP", "PSD", "PICT", "SGI", "TGA"};
+  return vips_magicksave(image, path, "format", kFormats[kIndex], nullptr);
+}
+
+constexpr std::array<Writer, 9> kWriters{{
+    {"public.png", true, false,
+     [](VipsImage* image, const char* path, double) { return vips_pngsave(image, path, nullptr); }},
+    {"public.tiff", true, true,
+     [](VipsImage* image, const char* path, double) {
+       return vips_tiffsave(image, path, "compression", VIPS_FOREIGN_TIFF_COMPRESSION_LZW,
+                            "predictor", VIPS_FOREIGN_TIFF_PREDICTOR_HORIZONTAL, nullptr);
+     }},
+    {"com.compuserve.gif", true, true,
+     [](VipsImage* image, const char* path, double) { return vips_gifsave(image, path, nullptr); }},
+    {"public.jpeg-2000", true, false,
+     [](VipsImage* image, const char* path, double quality) {
+       // The encoder counts from 1; a quality of 1.0 is without loss.
+       const int percent = std::clamp(static_cast<int>(std::lround(quality * 100)), 1, 100);
+       return vips_jp2ksave(image, path, "Q", percent, "lossless", percent == 100, nullptr);
+     }},
+    {"com.microsoft.bmp", false, false, SaveByMagick<0>},
+    {"com.adobe.photoshop-image", true, false, SaveByMagick<1>},
+    {"com.apple.pict", false, false, SaveByMagick<2>},
+    {"com.sgi.sgi-image", true, false, SaveByMagick<3>},
+    {"com.truevision.tga-image", true, false, SaveByMagick<4>},
+}};
+
+}  // namespace
+
+std::unique_ptr<ImageSource> OpenWithVips(const FolderItem& file) {
+  if (!Start()) return nullptr;
+  const PlainPath path(file);
+  const Image image = Load(path, 0);
+  if (!image) {
+    vips_error_clear();
+    return nullptr;
+  }
+  return std::make_unique<VipsSource>(file, image.get());
+}
+
+std::string EncodeWithVips(const FolderItem& file, std::string_view identifier,
+                           std::span<const EncodeImage> pictures) {
+  const auto* writer =
+      std::find_if(kWriters.begin(), kWriters.end(),
+                   [&](const Writer& candidate) { return candidate.identifier == identifier; });
+  if (writer == kWriters.end() || !Start()) {
+    return CodecMessage(codecTexts::kUnknownFormat, file);
+  }
+  AtomicFile target(file);
+  if (target.Error()) {
+    return CodecMessage(codecTexts::kCannotWrite, file, target.Error().message());
+  }
+  std::vector<VipsPel> memory;
+  const Image image =
+      ForWriting(writer->pages ? pictures : pictures.first(1), writer->alpha, memory);
+  if (!image || writer->save(image.get(), target.WorkingFile().Path().c_str(),
+                             pictures.front().Quality) != 0) {
+    return CodecMessage(codecTexts::kCannotWrite, file, TakeError());
+  }
+  if (const std::error_code error = target.Commit()) {
+    return CodecMessage(codecTexts::kCannotWrite, file, error.message());
+  }
+  return {};
+}
+
+void ShutDownVips() {
+  if (started.exchange(false)) vips_shutdown();
+}
+
+}  // namespace brivolant::codecs

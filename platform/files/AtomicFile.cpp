@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "platform/files/AtomicFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+namespace brivolant {
+namespace {
+
+std::error_code LastError() { return {errno, std::generic_category()}; }
+
+/// The permissions a plain new file would get; the umask is only readable by setting it, so a
+/// replaced file's own mode is preferred.
+mode_t ModeFor(const FolderItem& target) {
+  struct stat status {};
+  if (stat(target.Path().c_str(), &status) == 0) return status.st_mode & 07777;
+  const mode_t mask = umask(0);
+  umask(mask);
+  return 0666 & ~mask;
+}
+
+}  // namespace
+
+AtomicFile::AtomicFile(const FolderItem& target) : target_(target) {
+  // A link keeps pointing at the file it names.
+  if (target_.Alias()) {
+    std::error_code error;
+    const auto real = std::filesystem::weakly_canonical(target_.Path(), error);
+    if (!error) target_ = FolderItem(real);
+  }
+  const std::string extension = target_.Path().extension().string();
+  std::string pattern =
+      (target_.Path().parent_path() / ("." + target_.Path().stem().string() + ".XXXXXX")).string() +
+      extension;
+  descriptor_ = mkostemps(pattern.data(), static_cast<int>(extension.size()), O_CLOEXEC);
+  if (descriptor_ < 0) {
+    error_ = LastError();
+    return;
+  }
+  working_ = FolderItem(std::filesystem::path(pattern));
+}
+
+AtomicFile::~AtomicFile() {
+  if (descriptor_ >= 0) close(descriptor_);
+  if (working_) unlink(working_.Path().c_str());
+}
+
+std::error_code AtomicFile::Write(std::string_view bytes) {
+  if (error_) return error_;
+  while (!bytes.empty()) {
+    const ssize_t written = write(descriptor_, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) return error_ = LastError();
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return {};
+}
+
+std::error_code AtomicFile::Commit() {
+  if (error_) return error_;
+  if (fchmod(descriptor_, ModeFor(target_)) != 0 || fsync(descriptor_) != 0) {
+    return error_ = LastError();
+  }
+  if (close(std::exchange(descriptor_, -1)) != 0) return error_ = LastError();
+  if (rename(working_.Path().c_str(), target_.Path().c_str()) != 0) return error_ = LastError();
+  working_ = FolderItem();
+  // The rename itself reaches the disk with the folder; a failure here loses nothing.
+  const int folder = open(target_.Path().parent_path().c_str(), O_RDONLY | O_CLOEXEC);
+  if (folder >= 0) {
+    (void)fsync(folder);
+    close(folder);
+  }
+  return {};
+}
+
+std::error_code WriteFileAtomically(const FolderItem& target, std::string_view bytes) {
+  AtomicFile file(target);
+  if (const std::error_code error = file.Write(bytes)) return error;
+  return file.Commit();
+}
+
+}  // namespace brivolant

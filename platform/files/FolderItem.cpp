@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+#include "platform/files/FolderItem.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <QUrl>
+#include <algorithm>
+#include <fstream>
+
+#include "platform/values/Date.h"
+#include "platform/values/Text.h"
+
+namespace brivolant {
+
+namespace fs = std::filesystem;
+
+FolderItem::FolderItem(fs::path path) {
+  std::error_code error;
+  path_ = path.empty() ? fs::path() : fs::absolute(path, error).lexically_normal();
+  if (!path_.has_filename() && path_.has_relative_path()) path_ = path_.parent_path();
+}
+
+std::string FolderItem::URLPath() const {
+  return QUrl::fromLocalFile(QFile::decodeName(path_.c_str()))
+      .toString(QUrl::FullyEncoded)
+      .toStdString();
+}
+
+std::string FolderItem::AbsolutePath() const {
+  std::string text;
+  for (const fs::path& part : path_.relative_path()) {
+    if (!text.empty()) text += ':';
+    text += part.string();
+  }
+  return text;
+}
+
+std::string FolderItem::Name() const { return path_.filename().string(); }
+
+std::string FolderItem::DisplayName() const { return EnsureUTF8(Name()); }
+
+FolderItem FolderItem::Parent() const {
+  if (IsNil() || !path_.has_relative_path()) return {};
+  return FolderItem(path_.parent_path());
+}
+
+FolderItem FolderItem::Child(std::string_view name) const {
+  return IsNil() ? FolderItem() : FolderItem(path_ / name);
+}
+
+std::vector<FolderItem> FolderItem::Children() const {
+  std::vector<FolderItem> children;
+  std::error_code error;
+  for (fs::directory_iterator at(path_, error), end; !error && at != end; at.increment(error)) {
+    children.emplace_back(at->path());
+  }
+  return children;
+}
+
+bool FolderItem::Exists() const {
+  std::error_code error;
+  return !IsNil() && fs::exists(path_, error);
+}
+
+bool FolderItem::Directory() const {
+  std::error_code error;
+  return !IsNil() && fs::is_directory(path_, error);
+}
+
+bool FolderItem::Alias() const {
+  std::error_code error;
+  return !IsNil() && fs::is_symlink(path_, error);
+}
+
+bool FolderItem::IsReadable() const { return !IsNil() && access(path_.c_str(), R_OK) == 0; }
+
+bool FolderItem::IsWriteable() const {
+  if (IsNil()) return false;
+  if (Exists()) return access(path_.c_str(), W_OK) == 0;
+  const FolderItem parent = Parent();
+  return parent.Directory() && access(parent.path_.c_str(), W_OK) == 0;
+}
+
+std::uint64_t FolderItem::Length() const {
+  std::error_code error;
+  const std::uintmax_t size = IsNil() ? 0 : fs::file_size(path_, error);
+  return error ? 0 : size;
+}
+
+std::optional<Date> FolderItem::ModificationDate() const {
+  struct stat status {};
+  if (IsNil() || stat(path_.c_str(), &status) != 0) return std::nullopt;
+  return Date::FromUnixTime(status.st_mtim.tv_sec);
+}
+
+std::error_code FolderItem::CreateAsFolder() const {
+  std::error_code error;
+  fs::create_directories(path_, error);
+  return error;
+}
+
+std::error_code FolderItem::CopyFileTo(const FolderItem& target) const {
+  std::error_code error;
+  fs::copy_file(path_, target.path_, error);
+  return error;
+}
+
+std::error_code FolderItem::MoveFileTo(const FolderItem& target) const {
+  if (target.Directory()) return std::make_error_code(std::errc::file_exists);
+  std::error_code error;
+  fs::rename(path_, target.path_, error);
+  if (error != std::errc::cross_device_link) return error;
+  // Another file system: the copy stands complete under another name before it takes its place.
+  const FolderItem beside = target.Parent().Child("." + target.Name() + ".moving");
+  std::error_code ignored;
+  fs::remove_all(beside.path_, ignored);
+  error.clear();
+  fs::copy(path_, beside.path_, fs::copy_options::recursive, error);
+  if (!error) fs::rename(beside.path_, target.path_, error);
+  if (error) {
+    fs::remove_all(beside.path_, ignored);
+    return error;
+  }
+  fs::remove_all(path_, error);
+  return error;
+}
+
+std::error_code FolderItem::Delete() const {
+  std::error_code error;
+  fs::remove(path_, error);
+  return error;
+}
+
+std::error_code FolderItem::DeleteFolder() const {
+  std::error_code error;
+  fs::remove_all(path_, error);
+  return error;
+}
+
+std::optional<std::string> ReadFile(const FolderItem& file, std::uint64_t limit) {
+  if (file.Directory()) return std::nullopt;
+  std::ifstream stream(file.Path(), std::ios::binary);
+  if (!stream) return std::nullopt;
+  const std::uint64_t size = file.Length();
+  if (size > limit) return std::nullopt;
+  std::string bytes(size, '\0');
+  stream.read(bytes.data(), static_cast<std::streamsize>(size));
+  if (stream.bad()) return std::nullopt;
+  bytes.resize(static_cast<std::size_t>(stream.gcount()));
+  return bytes;
+}
+
+}  // namespace brivolant

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "platform/pictures/PixelMemory.h"
+
+#include <sys/mman.h>
+
+#include <mutex>
+#include <utility>
+
+namespace brivolant {
+namespace {
+
+constexpr std::size_t kHugePage = std::size_t{2} << 20;
+constexpr std::size_t kLarge = 2 * kHugePage;
+
+struct Block {
+  std::uint8_t* address = nullptr;
+  std::size_t size = 0;
+};
+
+void Unmap(const Block& block) {
+  if (block.address != nullptr) munmap(block.address, block.size);
+}
+
+/// One block at most is kept, so the memory in use never exceeds its own peak by more than it.
+class KeptBlock {
+ public:
+  ~KeptBlock() { Unmap(block_); }
+
+  Block Take(std::size_t size) {
+    const std::lock_guard lock(mutex_);
+    // Up to a quarter larger will do.
+    if (block_.size < size || block_.size > size + size / 4) return {};
+    return std::exchange(block_, {});
+  }
+
+  void Keep(Block block) {
+    {
+      const std::lock_guard lock(mutex_);
+      std::swap(block, block_);
+    }
+    Unmap(block);
+  }
+
+ private:
+  std::mutex mutex_;
+  Block block_;
+};
+
+KeptBlock& Kept() {
+  static KeptBlock kept;
+  return kept;
+}
+
+Block MapHuge(std::size_t size) {
+  void* address = mmap(nullptr, size + kHugePage, PROT_READ | PROT_WRITE,
+                       MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+  if (address == MAP_FAILED) return {};
+  // Cut the mapping to huge page borders.
+  auto* start = static_cast<std::uint8_t*>(address);
+  const std::size_t before =
+      (kHugePage - reinterpret_cast<std::uintptr_t>(start) % kHugePage) % kHugePage;
+  if (before > 0) munmap(start, before);
+  if (const std::size_t after = kHugePage - before; after > 0) munmap(start + before + size, after);
+  (void)madvise(start + before, size, MADV_HUGEPAGE);
+  return {start + before, size};
+}
+
+}  // namespace
+
+std::shared_ptr<std::uint8_t> PixelMemory::Allocate(std::size_t bytes) {
+  constexpr std::size_t kAlignment = 64;
+  if (bytes < kLarge) {
+    const std::size_t rounded = (bytes + kAlignment) / kAlignment * kAlignment;
+    auto* address = static_cast<std::uint8_t*>(
+        ::operator new(rounded, std::align_val_t{kAlignment}, std::nothrow));
+    if (address == nullptr) return nullptr;
+    return {address, [](std::uint8_t* p) { ::operator delete(p, std::align_val_t{kAlignment}); }};
+  }
+  const std::size_t size = (bytes + kHugePage - 1) / kHugePage * kHugePage;
+  Block block = Kept().Take(size);
+  if (block.address == nullptr) block = MapHuge(size);
+  if (block.address == nullptr) {
+    ReleaseKept();
+    block = MapHuge(size);
+  }
+  if (block.address == nullptr) return nullptr;
+  return {block.address, [block](std::uint8_t*) { Kept().Keep(block); }};
+}
+
+void PixelMemory::ReleaseKept() { Kept().Keep({}); }
+
+}  // namespace brivolant

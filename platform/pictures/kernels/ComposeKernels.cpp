@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "platform/pictures/kernels/ComposeKernels.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "platform/pictures/Parallel.h"
+
+namespace brivolant::kernels {
+namespace {
+
+constexpr int kGrain = 64;
+
+/// The part of a source drawn at an offset that falls on the target.
+struct Overlap {
+  Overlap(int targetWidth, int targetHeight, int sourceWidth, int sourceHeight, int x, int y)
+      : left(std::max(0, -x)),
+        top(std::max(0, -y)),
+        right(std::min(sourceWidth, targetWidth - x)),
+        bottom(std::min(sourceHeight, targetHeight - y)) {}
+
+  bool Empty() const { return left >= right || top >= bottom; }
+  int left;
+  int top;
+  int right;
+  int bottom;
+};
+
+std::uint8_t Mix(int over, int under, int mask) {
+  const int sum = over * (255 - mask) + under * mask + 128;
+  return static_cast<std::uint8_t>((sum + (sum >> 8)) >> 8);
+}
+
+}  // namespace
+
+void Compose(Pixels target, ConstPixels source, ConstGrey mask, int x, int y) {
+  const Overlap part(target.width, target.height, source.width, source.height, x, y);
+  if (part.Empty()) return;
+  const auto count = static_cast<std::size_t>(part.right - part.left);
+  ParallelRows(part.bottom - part.top, kGrain, [&](int from, int to) {
+    for (int row = part.top + from; row < part.top + to; ++row) {
+      const std::uint8_t* s = source.Row(row) + std::ptrdiff_t{4} * part.left;
+      std::uint8_t* t = target.Row(row + y) + std::ptrdiff_t{4} * (part.left + x);
+      if (mask.data == nullptr) {
+        std::memcpy(t, s, count * 4);
+        continue;
+      }
+      const std::uint8_t* m = mask.Row(row) + part.left;
+      for (std::size_t i = 0; i < count; ++i, s += 4, t += 4) {
+        for (int c = 0; c < 3; ++c) t[c] = Mix(s[c], t[c], m[i]);
+      }
+    }
+  });
+}
+
+void Compose(Grey target, ConstGrey source, int x, int y) {
+  const Overlap part(target.width, target.height, source.width, source.height, x, y);
+  if (part.Empty()) return;
+  for (int row = part.top; row < part.bottom; ++row) {
+    std::memcpy(target.Row(row + y) + part.left + x, source.Row(row) + part.left,
+                static_cast<std::size_t>(part.right - part.left));
+  }
+}
+
+void CopyArea(ConstPixels source, int x, int y, Pixels target) {
+  ParallelRows(target.height, kGrain, [&](int from, int to) {
+    for (int row = from; row < to; ++row) {
+      std::memcpy(target.Row(row), source.Row(row + y) + std::ptrdiff_t{4} * x,
+                  static_cast<std::size_t>(target.width) * 4);
+    }
+  });
+}
+
+void CopyArea(ConstGrey source, int x, int y, Grey target) {
+  for (int row = 0; row < target.height; ++row) {
+    std::memcpy(target.Row(row), source.Row(row + y) + x, static_cast<std::size_t>(target.width));
+  }
+}
+
+void ReduceToBlackAndWhite(Pixels pixels) {
+  ParallelRows(pixels.height, kGrain, [&](int from, int to) {
+    for (int y = from; y < to; ++y) {
+      std::uint8_t* p = pixels.Row(y);
+      for (int x = 0; x < pixels.width; ++x, p += 4) {
+        const int sum = 77 * p[2] + 150 * p[1] + 29 * p[0];
+        p[0] = p[1] = p[2] = sum >= 32640 ? 255 : 0;
+      }
+    }
+  });
+}
+
+}  // namespace brivolant::kernels

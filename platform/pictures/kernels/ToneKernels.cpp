@@ -1,0 +1,281 @@
+// SPDX-License-Identifier: MIT
+#include "platform/pictures/kernels/ToneKernels.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "platform/pictures/Parallel.h"
+
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "platform/pictures/kernels/ToneKernels.cpp"
+#include <hwy/foreach_target.h>
+#include <hwy/highway.h>
+
+HWY_BEFORE_NAMESPACE();
+namespace brivolant::kernels {
+namespace HWY_NAMESPACE {
+
+namespace hn = hwy::HWY_NAMESPACE;
+
+using Bytes = hn::ScalableTag<std::uint8_t>;
+
+/// A 256-entry table as sixteen 16-byte ones. A byte shuffle gives 0 for an index of 128 or more
+/// and else looks at its low four bits, so with the index lowered by 16 at each step, the steps
+/// that answer are the up to eight before the level's own; `part` holds what makes their
+/// exclusive-or the wanted entry.
+struct SplitTable {
+  alignas(64) std::uint8_t part[16][16];
+
+  explicit SplitTable(const ToneTable& table) {
+    for (int m = 0; m < 16; ++m) {
+      for (int i = 0; i < 16; ++i) {
+        std::uint8_t value = table[static_cast<std::size_t>(m * 16 + i)];
+        for (int k = std::max(0, m - 7); k < m; ++k) value ^= part[k][i];
+        part[m][i] = value;
+      }
+    }
+  }
+};
+
+template <class D, class V = hn::Vec<D>>
+HWY_INLINE V Lookup(D d, const SplitTable& table, V level) {
+  V result = hn::Zero(d);
+  const V sixteen = hn::Set(d, 16);
+  for (int k = 0; k < 16; ++k) {
+#if HWY_ARCH_X86
+    const V index = level;
+#else
+    const V index = hn::And(level, hn::Set(d, 0x8F));
+#endif
+    result = hn::Xor(result, hn::TableLookupBytesOr0(hn::LoadDup128(d, table.part[k]), index));
+    level = hn::Sub(level, sixteen);
+  }
+  return result;
+}
+
+HWY_ATTR void ApplyOneTable(std::uint8_t* bytes, std::size_t count, const SplitTable& table,
+                            std::uint32_t keep) {
+  const Bytes d;
+  const auto kept = hn::BitCast(d, hn::Set(hn::RepartitionToWide<hn::RepartitionToWide<Bytes>>(),
+                                           keep));
+  for (std::size_t i = 0; i < count; i += hn::Lanes(d)) {
+    hn::Store(hn::Or(Lookup(d, table, hn::Load(d, bytes + i)), kept), d, bytes + i);
+  }
+}
+
+HWY_ATTR void ApplyThreeTables(std::uint8_t* bytes, std::size_t count, const SplitTable& red,
+                               const SplitTable& green, const SplitTable& blue,
+                               const ToneTables& tables) {
+  const Bytes d;
+  const std::size_t step = 4 * hn::Lanes(d);
+  std::size_t i = 0;
+  for (; i + step <= count; i += step) {
+    hn::Vec<Bytes> b;
+    hn::Vec<Bytes> g;
+    hn::Vec<Bytes> r;
+    hn::Vec<Bytes> x;
+    hn::LoadInterleaved4(d, bytes + i, b, g, r, x);
+    hn::StoreInterleaved4(Lookup(d, blue, b), Lookup(d, green, g), Lookup(d, red, r), x, d,
+                          bytes + i);
+  }
+  for (; i < count; i += 4) {
+    bytes[i] = tables.Blue[bytes[i]];
+    bytes[i + 1] = tables.Green[bytes[i + 1]];
+    bytes[i + 2] = tables.Red[bytes[i + 2]];
+  }
+}
+
+HWY_ATTR void ToneRows(Pixels pixels, int from, int to, const ToneTables& tables) {
+  const SplitTable red(tables.Red);
+  if (tables.OneForAll()) {
+    for (int y = from; y < to; ++y) {
+      ApplyOneTable(pixels.Row(y), pixels.stride, red, 0xFF000000U);
+    }
+    return;
+  }
+  const SplitTable green(tables.Green);
+  const SplitTable blue(tables.Blue);
+  for (int y = from; y < to; ++y) {
+    ApplyThreeTables(pixels.Row(y), pixels.stride, red, green, blue, tables);
+  }
+}
+
+HWY_ATTR void TonePlaneRows(Grey plane, int from, int to, const ToneTable& table) {
+  const SplitTable split(table);
+  for (int y = from; y < to; ++y) ApplyOneTable(plane.Row(y), plane.stride, split, 0);
+}
+
+HWY_ATTR void InvertBytes(std::uint8_t* bytes, std::size_t count, std::uint32_t mask) {
+  const Bytes d;
+  const auto flip =
+      hn::BitCast(d, hn::Set(hn::RepartitionToWide<hn::RepartitionToWide<Bytes>>(), mask));
+  for (std::size_t i = 0; i < count; i += hn::Lanes(d)) {
+    hn::Store(hn::Xor(hn::Load(d, bytes + i), flip), d, bytes + i);
+  }
+}
+
+HWY_ATTR void AddBytes(std::uint8_t* bytes, std::size_t count, int amount) {
+  const Bytes d;
+  const auto rest = hn::BitCast(
+      d, hn::Set(hn::RepartitionToWide<hn::RepartitionToWide<Bytes>>(), 0xFF000000U));
+  const auto size = hn::Set(d, static_cast<std::uint8_t>(amount < 0 ? -amount : amount));
+  for (std::size_t i = 0; i < count; i += hn::Lanes(d)) {
+    const auto v = hn::Load(d, bytes + i);
+    const auto sum = amount < 0 ? hn::SaturatedSub(v, size) : hn::SaturatedAdd(v, size);
+    hn::Store(hn::Or(sum, rest), d, bytes + i);
+  }
+}
+
+/// 77 R + 150 G + 29 B of each pixel, 0 to 65280.
+template <class D32, class V = hn::Vec<D32>>
+HWY_INLINE V WeightedSum(D32 d, V pixel) {
+  const V byte = hn::Set(d, 0xFF);
+  const V blue = hn::And(pixel, byte);
+  const V green = hn::And(hn::ShiftRight<8>(pixel), byte);
+  const V red = hn::And(hn::ShiftRight<16>(pixel), byte);
+  return hn::Add(hn::Add(hn::Mul(red, hn::Set(d, 77)), hn::Mul(green, hn::Set(d, 150))),
+                 hn::Mul(blue, hn::Set(d, 29)));
+}
+
+HWY_ATTR void LumaRow(const std::uint8_t* row, std::uint8_t* plane, int width, bool oneBit) {
+  const hn::ScalableTag<std::uint32_t> d;
+  const hn::Rebind<std::uint8_t, decltype(d)> d8;
+  const auto* pixels = reinterpret_cast<const std::uint32_t*>(row);
+  const auto half = hn::Set(d, 32640);
+  for (int x = 0; x < width; x += static_cast<int>(hn::Lanes(d))) {
+    const auto sum = WeightedSum(d, hn::Load(d, pixels + x));
+    const auto level = oneBit ? hn::IfThenElseZero(hn::Not(hn::Lt(sum, half)), hn::Set(d, 255))
+                              : hn::ShiftRight<8>(sum);
+    hn::Store(hn::U8FromU32(level), d8, plane + x);
+  }
+}
+
+}  // namespace HWY_NAMESPACE
+}  // namespace brivolant::kernels
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+namespace brivolant::kernels {
+
+HWY_EXPORT(ToneRows);
+HWY_EXPORT(TonePlaneRows);
+HWY_EXPORT(InvertBytes);
+HWY_EXPORT(AddBytes);
+HWY_EXPORT(LumaRow);
+
+namespace {
+constexpr int kGrain = 64;
+constexpr std::uint32_t kColors = 0x00FFFFFFU;
+}  // namespace
+
+void ApplyToneTables(Pixels pixels, const ToneTables& tables) {
+  ParallelRows(pixels.height, kGrain, [&](int from, int to) {
+    HWY_DYNAMIC_DISPATCH(ToneRows)(pixels, from, to, tables);
+  });
+}
+
+void ApplyToneTable(Grey plane, const ToneTable& table) {
+  ParallelRows(plane.height, kGrain, [&](int from, int to) {
+    HWY_DYNAMIC_DISPATCH(TonePlaneRows)(plane, from, to, table);
+  });
+}
+
+void Invert(Pixels pixels) {
+  ParallelRows(pixels.height, kGrain, [&](int from, int to) {
+    for (int y = from; y < to; ++y) {
+      HWY_DYNAMIC_DISPATCH(InvertBytes)(pixels.Row(y), pixels.stride, kColors);
+    }
+  });
+}
+
+void Invert(Grey plane) {
+  ParallelRows(plane.height, kGrain, [&](int from, int to) {
+    for (int y = from; y < to; ++y) {
+      HWY_DYNAMIC_DISPATCH(InvertBytes)(plane.Row(y), plane.stride, 0xFFFFFFFFU);
+    }
+  });
+}
+
+void AddBrightness(Pixels pixels, int amount) {
+  const int limited = std::clamp(amount, -255, 255);
+  ParallelRows(pixels.height, kGrain, [&](int from, int to) {
+    for (int y = from; y < to; ++y) {
+      HWY_DYNAMIC_DISPATCH(AddBytes)(pixels.Row(y), pixels.stride, limited);
+    }
+  });
+}
+
+namespace {
+void LumaRows(ConstPixels pixels, Grey plane, bool oneBit) {
+  ParallelRows(pixels.height, kGrain, [&](int from, int to) {
+    for (int y = from; y < to; ++y) {
+      HWY_DYNAMIC_DISPATCH(LumaRow)(pixels.Row(y), plane.Row(y), pixels.width, oneBit);
+    }
+  });
+}
+}  // namespace
+
+void Luma(ConstPixels pixels, Grey plane) { LumaRows(pixels, plane, false); }
+void BlackAndWhite(ConstPixels pixels, Grey plane) { LumaRows(pixels, plane, true); }
+
+Histograms CountLevels(ConstPixels pixels) {
+  Histograms counts;
+  for (int y = 0; y < pixels.height; ++y) {
+    const std::uint8_t* pixel = pixels.Row(y);
+    for (int x = 0; x < pixels.width; ++x, pixel += 4) {
+      ++counts.Blue[pixel[0]];
+      ++counts.Green[pixel[1]];
+      ++counts.Red[pixel[2]];
+      ++counts.Value[std::max({pixel[0], pixel[1], pixel[2]})];
+    }
+  }
+  return counts;
+}
+
+namespace reference {
+
+void ApplyToneTables(Pixels pixels, const ToneTables& tables) {
+  for (int y = 0; y < pixels.height; ++y) {
+    std::uint8_t* pixel = pixels.Row(y);
+    for (int x = 0; x < pixels.width; ++x, pixel += 4) {
+      pixel[0] = tables.Blue[pixel[0]];
+      pixel[1] = tables.Green[pixel[1]];
+      pixel[2] = tables.Red[pixel[2]];
+    }
+  }
+}
+
+void AddBrightness(Pixels pixels, int amount) {
+  for (int y = 0; y < pixels.height; ++y) {
+    std::uint8_t* pixel = pixels.Row(y);
+    for (int x = 0; x < pixels.width; ++x, pixel += 4) {
+      for (int c = 0; c < 3; ++c) {
+        pixel[c] = static_cast<std::uint8_t>(ClampValue(pixel[c] + amount));
+      }
+    }
+  }
+}
+
+void Luma(ConstPixels pixels, Grey plane) {
+  for (int y = 0; y < pixels.height; ++y) {
+    const std::uint8_t* pixel = pixels.Row(y);
+    for (int x = 0; x < pixels.width; ++x, pixel += 4) {
+      plane.Row(y)[x] =
+          static_cast<std::uint8_t>((77 * pixel[2] + 150 * pixel[1] + 29 * pixel[0]) / 256);
+    }
+  }
+}
+
+void BlackAndWhite(ConstPixels pixels, Grey plane) {
+  for (int y = 0; y < pixels.height; ++y) {
+    const std::uint8_t* pixel = pixels.Row(y);
+    for (int x = 0; x < pixels.width; ++x, pixel += 4) {
+      const int sum = 77 * pixel[2] + 150 * pixel[1] + 29 * pixel[0];
+      plane.Row(y)[x] = sum >= 32640 ? 255 : 0;
+    }
+  }
+}
+
+}  // namespace reference
+}  // namespace brivolant::kernels
+#endif

@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+#include "platform/services/Preferences.h"
+
+#include <QDateTime>
+#include <QString>
+#include <cmath>
+#include <pugixml.hpp>
+#include <sstream>
+
+#include "platform/files/AtomicFile.h"
+#include "platform/values/Text.h"
+
+namespace brivolant {
+namespace {
+
+constexpr int kDeepest = 64;
+
+void ResetToEmpty(pugi::xml_document& document) {
+  document.reset();
+  auto declaration = document.append_child(pugi::node_declaration);
+  declaration.append_attribute("version") = "1.0";
+  declaration.append_attribute("encoding") = "UTF-8";
+  auto root = document.append_child("plist");
+  root.append_attribute("version") = "1.0";
+  root.append_child("dict");
+}
+
+pugi::xml_node Root(const pugi::xml_document& document) {
+  return document.child("plist").child("dict");
+}
+
+/// The key element of that name; its value is the next element.
+pugi::xml_node FindKey(const pugi::xml_node& dictionary, std::string_view key) {
+  for (pugi::xml_node element : dictionary.children("key")) {
+    if (key == element.child_value()) return element;
+  }
+  return {};
+}
+
+pugi::xml_node NextElement(pugi::xml_node node) {
+  do {
+    node = node.next_sibling();
+  } while (node && node.type() != pugi::node_element);
+  return node;
+}
+
+void Store(pugi::xml_document& document, const std::string& key, const Variant& value) {
+  pugi::xml_node dictionary = Root(document);
+  if (pugi::xml_node old = FindKey(dictionary, key)) {
+    if (pugi::xml_node oldValue = NextElement(old)) dictionary.remove_child(oldValue);
+    dictionary.remove_child(old);
+  }
+  dictionary.append_child("key").text().set(key.c_str());
+  CarbonInterchange::Append(dictionary, value);
+}
+
+}  // namespace
+
+namespace CarbonInterchange {
+
+bool Append(pugi::xml_node parent, const Variant& value) {
+  if (const auto* flag = value.As<bool>()) {
+    parent.append_child(*flag ? "true" : "false");
+  } else if (value.Is<std::string>() || value.Is<Color>()) {
+    parent.append_child("string").text().set(EnsureUTF8(value.ToText()).c_str());
+  } else if (const auto* date = value.As<Date>()) {
+    const auto moment = QDateTime::fromSecsSinceEpoch(date->UnixTime(), Qt::UTC);
+    parent.append_child("date").text().set(
+        moment.toString(Qt::ISODate).toStdString().c_str());
+  } else if (const auto* dictionary = value.As<Dictionary>()) {
+    auto element = parent.append_child("dict");
+    for (int i = 0; i < dictionary->Count(); ++i) {
+      auto key = element.append_child("key");
+      key.text().set(EnsureUTF8(dictionary->Key(i).ToText()).c_str());
+      if (!Append(element, dictionary->ValueAt(i))) element.remove_child(key);
+    }
+  } else if (value.IsNumber()) {
+    const double number = value.ToDouble();
+    const bool whole = std::floor(number) == number && std::abs(number) < 9e15;
+    parent.append_child(whole ? "integer" : "real")
+        .text()
+        .set(whole ? Variant(static_cast<std::int64_t>(number)).ToText().c_str()
+                   : Variant(number).ToText().c_str());
+  } else {
+    return false;
+  }
+  return true;
+}
+
+Variant FromElement(const pugi::xml_node& element, int depth) {
+  const std::string_view kind = element.name();
+  if (depth > kDeepest) return {};
+  if (kind == "true" || kind == "false") return kind == "true";
+  if (kind == "string") return element.child_value();
+  if (kind == "integer" || kind == "real") return Variant(element.child_value()).ToDouble();
+  if (kind == "date") {
+    const auto moment =
+        QDateTime::fromString(QString::fromUtf8(element.child_value()), Qt::ISODate);
+    return moment.isValid() ? Variant(Date::FromUnixTime(moment.toSecsSinceEpoch())) : Variant();
+  }
+  if (kind == "dict") {
+    Dictionary dictionary;
+    for (pugi::xml_node key : element.children("key")) {
+      dictionary.Value(key.child_value(), FromElement(NextElement(key), depth + 1));
+    }
+    return dictionary;
+  }
+  if (kind == "array") {
+    Collection collection;
+    for (pugi::xml_node item : element.children()) collection.Add(FromElement(item, depth + 1));
+    return collection;
+  }
+  return {};
+}
+
+}  // namespace CarbonInterchange
+
+Preferences::Preferences(std::string id, FolderItem folder, Log& log)
+    : id_(std::move(id)),
+      folder_(std::move(folder)),
+      log_(log),
+      values_(std::make_unique<pugi::xml_document>()) {
+  if (!Read(*values_)) SetAside();
+}
+
+Preferences::~Preferences() = default;
+
+FolderItem Preferences::File() const { return folder_.Child(id_ + ".plist"); }
+
+bool Preferences::Read(pugi::xml_document& document) const {
+  if (!File().Exists()) {
+    ResetToEmpty(document);
+    return true;
+  }
+  const auto bytes = ReadFile(File());
+  const bool read = bytes && document.load_buffer(bytes->data(), bytes->size(),
+                                                  pugi::parse_default | pugi::parse_doctype |
+                                                      pugi::parse_declaration |
+                                                      pugi::parse_ws_pcdata_single);
+  if (read && Root(document)) return true;
+  ResetToEmpty(document);
+  return false;
+}
+
+void Preferences::SetAside() {
+  FolderItem aside = folder_.Child(id_ + ".damaged.plist");
+  for (int n = 1; aside.Exists(); ++n) {
+    aside = folder_.Child(id_ + ".damaged-" + std::to_string(n) + ".plist");
+  }
+  const std::error_code error = File().MoveFileTo(aside);
+  log_.Write("Preferences: the file \"" + File().ShellPath() + "\" is damaged and was " +
+             (error ? "left where it is: " + error.message()
+                    : "set aside as \"" + aside.Name() + "\"."));
+}
+
+Variant Preferences::Value(std::string_view key, const Variant& fallback) const {
+  const pugi::xml_node element = FindKey(Root(*values_), key);
+  if (!element) return fallback;
+  const Variant value = CarbonInterchange::FromElement(NextElement(element));
+  return value.IsNil() ? fallback : value;
+}
+
+void Preferences::Assign(std::string_view key, const Variant& value) {
+  lastWrittenValue_ = "Writing: " + std::string(key) + " : " +
+                      (value.Is<Dictionary>() ? "Dictionary" : value.ToText());
+  pugi::xml_document scratch;
+  if (!CarbonInterchange::Append(scratch, value)) return;
+  Store(*values_, std::string(key), value);
+  changed_.Value(std::string(key), value);
+}
+
+void Preferences::Synchronize() {
+  lastUpdate_ = File().ModificationDate();
+  if (changed_.Count() == 0) return;
+  // Another running program may have written since: only what changed here is put in.
+  pugi::xml_document fresh;
+  if (!Read(fresh)) {
+    SetAside();
+    fresh.reset(*values_);
+  }
+  for (int i = 0; i < changed_.Count(); ++i) {
+    Store(fresh, changed_.Key(i).ToText(), changed_.ValueAt(i));
+  }
+  std::ostringstream text;
+  fresh.save(text, "\t");
+  std::error_code error = folder_.CreateAsFolder();
+  if (!error) error = WriteFileAtomically(File(), text.str());
+  if (error) {
+    log_.Write("CFPreferencesAppSynchronize failed: lastWrittenValue = " + lastWrittenValue_);
+    return;
+  }
+  values_->reset(fresh);
+  changed_ = {};
+}
+
+}  // namespace brivolant

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "platform/services/SystemServices.h"
+
+#include <QDBusConnection>
+#include <QDBusInterface>
+#include <QDBusReply>
+#include <QFile>
+#include <QProcess>
+#include <QStorageInfo>
+#include <QStringList>
+#include <QVariantMap>
+#include <cstdio>
+
+#include "platform/services/SharedFolders.h"
+#include "platform/values/Text.h"
+
+namespace brivolant {
+
+void StandardErrorLog::Write(std::string_view line) {
+  std::fprintf(stderr, "%.*s\n", static_cast<int>(line.size()), line.data());
+}
+
+SystemRandom::SystemRandom() {
+  std::random_device device;
+  generator_.seed(std::uint64_t{device()} << 32 | device());
+}
+
+double SystemRandom::Rnd() {
+  // 53 random bits: every value is exact and below 1.
+  return static_cast<double>(generator_() >> 11) * 0x1.0p-53;
+}
+
+bool FreedesktopDesktop::Reveal(const FolderItem& item) {
+  QDBusInterface manager(QStringLiteral("org.freedesktop.FileManager1"),
+                         QStringLiteral("/org/freedesktop/FileManager1"),
+                         QStringLiteral("org.freedesktop.FileManager1"));
+  if (manager.isValid()) {
+    const QDBusReply<void> reply =
+        manager.call(QStringLiteral("ShowItems"),
+                     QStringList{QString::fromStdString(item.URLPath())}, QString());
+    if (reply.isValid()) return true;
+  }
+  return QProcess::startDetached(QStringLiteral("xdg-open"),
+                                 {QString::fromStdString(item.Parent().ShellPath())});
+}
+
+std::string FreedesktopDesktop::Eject(const FolderItem& root) {
+  const QStorageInfo storage(QFile::decodeName(root.Path().c_str()));
+  const QString service = QStringLiteral("org.freedesktop.UDisks2");
+  const QString path = QStringLiteral("/org/freedesktop/UDisks2/block_devices/") +
+                       QString::fromUtf8(storage.device()).section(QLatin1Char('/'), -1);
+  QDBusInterface volume(service, path, QStringLiteral("org.freedesktop.UDisks2.Filesystem"),
+                        QDBusConnection::systemBus());
+  const QDBusReply<void> unmounted = volume.call(QStringLiteral("Unmount"), QVariantMap());
+  if (!unmounted.isValid()) {
+    if (unmounted.error().name().endsWith(QLatin1String("DeviceBusy"))) return "busy";
+    return unmounted.error().message().toStdString();
+  }
+  QDBusInterface block(service, path, QStringLiteral("org.freedesktop.UDisks2.Block"),
+                       QDBusConnection::systemBus());
+  const QString drive = block.property("Drive").value<QDBusObjectPath>().path();
+  QDBusInterface ejector(service, drive, QStringLiteral("org.freedesktop.UDisks2.Drive"),
+                         QDBusConnection::systemBus());
+  const QDBusReply<void> ejected = ejector.call(QStringLiteral("Eject"), QVariantMap());
+  // An unmounted stick without an ejectable tray is safe to pull: that is success.
+  (void)ejected;
+  return {};
+}
+
+CleanOnQuit::~CleanOnQuit() {
+  if (root_) (void)root_.DeleteFolder();
+}
+
+bool CleanOnQuit::Configure(const FolderItem& root) {
+  FolderItem folder =
+      root ? root : DocumentsFolder().Child("CleanOnQuitcom.quillmere.brivolantPhotos");
+  // A leading dot is how a folder is hidden here. Two running programs never share a root.
+  std::string name = folder.Name();
+  if (!name.starts_with('.')) name.insert(0, 1, '.');
+  name += '-' + Hexadecimal(static_cast<std::uint64_t>(random_.Rnd() * 4294967295.0), 8);
+  folder = folder.Parent().Child(name);
+  if (folder.CreateAsFolder()) return false;
+  root_ = folder;
+  return true;
+}
+
+FolderItem CleanOnQuit::Child(std::string_view name) {
+  if (!root_) return {};
+  std::string random;
+  for (int i = 0; i < 9; ++i) {
+    random += LowerCase(Hexadecimal(static_cast<std::uint64_t>(random_.Rnd() * 256), 2));
+  }
+  const FolderItem folder = root_.Child(random);
+  if (folder.CreateAsFolder()) return {};
+  return folder.Child(name);
+}
+
+}  // namespace brivolant

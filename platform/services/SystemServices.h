@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <random>
+
+#include "platform/services/Services.h"
+
+namespace brivolant {
+
+/// Lines to standard error.
+class StandardErrorLog final : public Log {
+ public:
+  void Write(std::string_view line) override;
+};
+
+class SystemClock final : public Clock {
+ public:
+  Date Now() override { return Date::Now(); }
+};
+
+/// Numbers that differ from run to run, or repeat for a given seed.
+class SystemRandom final : public Random {
+ public:
+  SystemRandom();
+  explicit SystemRandom(std::uint64_t seed) : generator_(seed) {}
+  double Rnd() override;
+
+ private:
+  std::mt19937_64 generator_;
+};
+
+/// Reveals and ejects over the session's and the system's D-Bus.
+class FreedesktopDesktop final : public Desktop {
+ public:
+  bool Reveal(const FolderItem& item) override;
+  std::string Eject(const FolderItem& root) override;
+};
+
+/// Temporary files of one run. Each child lies in a folder of its own under the root; the root
+/// and all it holds are deleted when the object ends.
+class CleanOnQuit final : public TemporaryFiles {
+ public:
+  explicit CleanOnQuit(Random& random) : random_(random) {}
+  ~CleanOnQuit() override;
+  CleanOnQuit(const CleanOnQuit&) = delete;
+  CleanOnQuit& operator=(const CleanOnQuit&) = delete;
+
+  /// Sets the root folder; nil stands for "CleanOnQuitcom.quillmere.brivolantPhotos" in the
+  /// user's documents folder. The folder is made hidden. False if it cannot be created.
+  [[nodiscard]] bool Configure(const FolderItem& root);
+  FolderItem Child(std::string_view name) override;
+
+ private:
+  Random& random_;
+  FolderItem root_;
+};
+
+}  // namespace brivolant
