@@ -44,6 +44,10 @@ std::atomic<bool> started = false;
 bool Start() {
   static const bool ready = [] {
     if (vips_init("brivolant") != 0) return false;
+    // What is wrong with a file reaches the user as our own sentence.
+    g_log_set_handler(
+        "VIPS", G_LOG_LEVEL_WARNING, [](const char*, GLogLevelFlags, const char*, void*) {},
+        nullptr);
     // Files are read once: what the library would keep only takes memory from pictures.
     vips_cache_set_max(0);
     started = true;
@@ -324,6 +328,20 @@ int SaveByMagick(VipsImage* image, const char* path, double) {
   return vips_magicksave(image, path, "format", kFormats[kIndex], nullptr);
 }
 
+/// The encoder stores the top row first and says that the bottom row comes first: byte 17 of a TGA
+/// file tells the corner, and its bit 5 the top.
+int SaveTga(VipsImage* image, const char* path, double quality) {
+  if (SaveByMagick<4>(image, path, quality) != 0) return -1;
+  constexpr off_t kDescriptor = 17;
+  const int file = open(path, O_RDWR | O_CLOEXEC);
+  std::uint8_t descriptor = 0;
+  bool done = file >= 0 && pread(file, &descriptor, 1, kDescriptor) == 1;
+  descriptor |= 0x20;
+  done = done && pwrite(file, &descriptor, 1, kDescriptor) == 1;
+  if (file >= 0) close(file);
+  return done ? 0 : -1;
+}
+
 constexpr std::array<Writer, 9> kWriters{{
     {"public.png", true, false,
      [](VipsImage* image, const char* path, double) { return vips_pngsave(image, path, nullptr); }},
@@ -344,7 +362,7 @@ constexpr std::array<Writer, 9> kWriters{{
     {"com.adobe.photoshop-image", true, false, SaveByMagick<1>},
     {"com.apple.pict", false, false, SaveByMagick<2>},
     {"com.sgi.sgi-image", true, false, SaveByMagick<3>},
-    {"com.truevision.tga-image", true, false, SaveByMagick<4>},
+    {"com.truevision.tga-image", true, false, SaveTga},
 }};
 
 }  // namespace

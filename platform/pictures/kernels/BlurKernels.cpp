@@ -72,7 +72,7 @@ HWY_ATTR void BoxStrip(std::uint8_t* strip, int length, const GaussianPlan& plan
     int slot2 = 0;
     int slot3 = 0;
     for (int i = 1; i < length + reach; ++i) {
-      s1 = hn::Add(s1, hn::Sub(at(std::min(i, length - 1)), at(std::max(i - w1, 0))));
+      s1 = hn::Add(s1, hn::Sub(at(std::min(i, length - 1)), at(std::clamp(i - w1, 0, length - 1))));
       std::uint32_t* old2 = scratch.second + std::ptrdiff_t{slot2} * lanes;
       s2 = hn::Add(s2, hn::Sub(s1, hn::Load(d, old2)));
       hn::Store(s1, d, old2);
@@ -138,7 +138,31 @@ HWY_EXPORT(BlurStrip);
 namespace {
 
 /// Below this a sampled kernel is as cheap and exact.
-constexpr double kBoxesFrom = 2.0;
+constexpr double kBoxesFrom = 3.0;
+
+/// Three odd widths, the smallest first, whose variances add up to the Gaussian's. Widths near each
+/// other give the better shape, so a small misfit is preferred to a wide spread.
+std::array<int, 3> BoxesFor(double sigma) {
+  const double target = 12 * sigma * sigma + 3;
+  const int middle = static_cast<int>(std::sqrt(target / 3)) | 1;
+  constexpr int kSpread = 6;
+  constexpr double kSpreadCost = 0.1;
+  std::array<int, 3> best{};
+  double least = target;
+  for (int a = std::max(1, middle - kSpread); a <= middle; a += 2) {
+    for (int b = a; b <= middle + kSpread; b += 2) {
+      for (int c = b; c <= middle + kSpread; c += 2) {
+        const double misfit = std::abs(target - (1.0 * a * a + b * b + c * c)) +
+                              kSpreadCost * (c - a) * (c - a);
+        if (misfit < least) {
+          least = misfit;
+          best = {a, b, c};
+        }
+      }
+    }
+  }
+  return best;
+}
 
 /// Columns of 64 bytes taken together along y, so that each row gives whole cache lines.
 constexpr int kStripsAtOnce = 4;
@@ -220,14 +244,7 @@ void AlongY(std::uint8_t* data, std::size_t stride, int height, const GaussianPl
 GaussianPlan::GaussianPlan(double sigma) {
   if (sigma >= kBoxesFrom) {
     usesBoxes = true;
-    const double variance = 12 * std::min(sigma, kLargestSigma) * std::min(sigma, kLargestSigma);
-    int narrow = static_cast<int>(std::sqrt(variance / 3 + 1));
-    if (narrow % 2 == 0) --narrow;
-    const double count =
-        (variance - 3.0 * narrow * narrow - 12.0 * narrow - 9) / (-4.0 * narrow - 4);
-    for (int i = 0; i < 3; ++i) {
-      boxes[static_cast<std::size_t>(i)] = i < std::lround(count) ? narrow : narrow + 2;
-    }
+    boxes = BoxesFor(std::min(sigma, kLargestSigma));
     return;
   }
   const int reach = std::max(1, static_cast<int>(std::ceil(3 * sigma)));

@@ -11,13 +11,14 @@ namespace brivolant::kernels {
 
 /// How a Gaussian of one standard deviation is computed along a line. Small ones are a sampled
 /// kernel with weights in 1/65536; larger ones three box filters in a row, whose cost does not
-/// depend on their widths (P. Kovesi, "Fast Almost-Gaussian Filtering", DICTA 2010; the same
-/// approximation is named by the SVG filter specification, within 3% of the true curve).
+/// depend on their widths (P. Kovesi, "Fast Almost-Gaussian Filtering", DICTA 2010, with the widths
+/// chosen for the closest variance; three boxes are also what the SVG filter standard names, within
+/// 3% of the true curve).
 struct GaussianPlan {
   /// `sigma` in pixels, above 0 and at most kLargestSigma.
   explicit GaussianPlan(double sigma);
 
-  static constexpr double kLargestSigma = 100;
+  static constexpr double kLargestSigma = 90;
 
   /// Odd widths of the boxes; empty when `taps` is used.
   std::array<int, 3> boxes{};

@@ -19,38 +19,46 @@ namespace hn = hwy::HWY_NAMESPACE;
 
 using Bytes = hn::ScalableTag<std::uint8_t>;
 
-/// A 256-entry table as sixteen 16-byte ones. A byte shuffle gives 0 for an index of 128 or more
-/// and else looks at its low four bits, so with the index lowered by 16 at each step, the steps
-/// that answer are the up to eight before the level's own; `part` holds what makes their
+/// A 256-entry table as two halves of eight 16-byte ones. A byte shuffle gives 0 for an index of
+/// 128 or more and else looks at its low four bits. So with an index below 128 that is lowered by
+/// 16 at each step, all steps up to the index's own answer; `part` holds what makes their
 /// exclusive-or the wanted entry.
 struct SplitTable {
   alignas(64) std::uint8_t part[16][16];
 
   explicit SplitTable(const ToneTable& table) {
-    for (int m = 0; m < 16; ++m) {
-      for (int i = 0; i < 16; ++i) {
-        std::uint8_t value = table[static_cast<std::size_t>(m * 16 + i)];
-        for (int k = std::max(0, m - 7); k < m; ++k) value ^= part[k][i];
-        part[m][i] = value;
+    for (std::size_t m = 0; m < 16; ++m) {
+      for (std::size_t i = 0; i < 16; ++i) {
+        const std::uint8_t before = m % 8 == 0 ? 0 : table[(m - 1) * 16 + i];
+        part[m][i] = table[m * 16 + i] ^ before;
       }
     }
   }
 };
 
 template <class D, class V = hn::Vec<D>>
-HWY_INLINE V Lookup(D d, const SplitTable& table, V level) {
+HWY_INLINE V HalfLookup(D d, const SplitTable& table, int first, V index) {
+  const hn::RebindToSigned<D> signedBytes;
+  // The other half's levels stay at 128 or more through all eight steps.
+  index = hn::Or(index, hn::BitCast(d, hn::BroadcastSignBit(hn::BitCast(signedBytes, index))));
   V result = hn::Zero(d);
   const V sixteen = hn::Set(d, 16);
-  for (int k = 0; k < 16; ++k) {
+  for (int k = first; k < first + 8; ++k) {
 #if HWY_ARCH_X86
-    const V index = level;
+    const V bounded = index;
 #else
-    const V index = hn::And(level, hn::Set(d, 0x8F));
+    const V bounded = hn::And(index, hn::Set(d, 0x8F));
 #endif
-    result = hn::Xor(result, hn::TableLookupBytesOr0(hn::LoadDup128(d, table.part[k]), index));
-    level = hn::Sub(level, sixteen);
+    result = hn::Xor(result, hn::TableLookupBytesOr0(hn::LoadDup128(d, table.part[k]), bounded));
+    index = hn::Sub(index, sixteen);
   }
   return result;
+}
+
+template <class D, class V = hn::Vec<D>>
+HWY_INLINE V Lookup(D d, const SplitTable& table, V level) {
+  return hn::Or(HalfLookup(d, table, 0, level),
+                HalfLookup(d, table, 8, hn::Xor(level, hn::Set(d, 0x80))));
 }
 
 HWY_ATTR void ApplyOneTable(std::uint8_t* bytes, std::size_t count, const SplitTable& table,

@@ -1,0 +1,260 @@
+// SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QImage>
+
+#include "Helpers.h"
+#include "formats/FileTypes.h"
+#include "formats/ImageFile.h"
+#include "formats/PictureStrings.h"
+#include "platform/codecs/ImageCodecs.h"
+
+namespace brivolant::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+Picture Smooth(int width, int height) {
+  Picture picture = Picture::Uninitialized(width, height);
+  const Pixels pixels = picture.Edit();
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      std::uint8_t* p = pixels.Row(y) + std::ptrdiff_t{4} * x;
+      p[0] = static_cast<std::uint8_t>(40 + 120 * x / width);
+      p[1] = static_cast<std::uint8_t>(60 + 120 * y / height);
+      p[2] = static_cast<std::uint8_t>(200 - 100 * x / width);
+      p[3] = 255;
+    }
+  }
+  return picture;
+}
+
+TEST(Codecs, EveryWritableFormatComesBack) {
+  TemporaryFolder folder;
+  Picture picture = Smooth(64, 48);
+  picture.HorizontalResolution = picture.VerticalResolution = 300;
+  for (const FileType* type : ImagesWritableMac::kTypes) {
+    SCOPED_TRACE(std::string(type->Name));
+    const FolderItem file = folder.Child("a." + ImageIO::FirstExtension(*type));
+    const std::array<EncodeImage, 1> images{{{picture, 0.9}}};
+    ASSERT_EQ(EncodeImageFile(file, type->Identifier, images), "");
+    std::string error;
+    const Picture back = ImageIO::OpenAsPictureUsingImageIO(file, error);
+    ASSERT_FALSE(back.IsNil()) << error;
+    const bool lossy = type == &ImagesWritableMac::Jpeg || type == &ImagesWritableMac::JPEG2000 ||
+                       type == &ImagesWritableMac::GIF;
+    const bool resampled = type == &ImagesWritableMac::PDF;
+    if (!resampled) {
+      EXPECT_LE(LargestDifference(back, picture), lossy ? 12 : 0);
+    }
+    if (type == &ImagesWritableMac::Jpeg || type == &ImagesWritableMac::PNG ||
+        type == &ImagesWritableMac::TIFF) {
+      EXPECT_EQ(back.HorizontalResolution, 300);
+    }
+  }
+  EXPECT_THAT(EncodeImageFile(folder.Child("a.xyz"), "no.such", std::array<EncodeImage, 1>{{{picture, 1}}}),
+              HasSubstr("its format cannot be written"));
+}
+
+TEST(Codecs, AnotherReaderAgrees) {
+  // The toolkit's own decoders as the oracle for what is written, and its encoders for reading.
+  TemporaryFolder folder;
+  const Picture picture = Smooth(61, 37);
+  const auto toolkit = [](const FolderItem& file) {
+    const QImage image = QImage(QString::fromStdString(file.ShellPath()))
+                             .convertToFormat(QImage::Format_RGB32);
+    Picture result = NewPicture(image.width(), image.height(), 24);
+    for (int y = 0; y < image.height(); ++y) {
+      std::memcpy(result.Edit().Row(y), image.constScanLine(y),
+                  static_cast<std::size_t>(image.width()) * 4);
+    }
+    return result;
+  };
+  std::string error;
+  const FolderItem jpeg = folder.Child("a.jpg");
+  ASSERT_TRUE(ImageIO::SaveAsJPEG(jpeg, picture, 0.95, error));
+  EXPECT_LE(LargestDifference(toolkit(jpeg), ImageIO::OpenAsPictureUsingImageIO(jpeg, error)), 1);
+  const FolderItem png = folder.Child("a.png");
+  ASSERT_TRUE(PngExporter().SaveToFile(png, picture));
+  EXPECT_TRUE(toolkit(png).SameAs(ImageIO::OpenAsPictureUsingImageIO(png, error)));
+  QImage(toolkit(png).AsImage().copy()).save(QString::fromStdString(folder.Child("b.bmp").ShellPath()));
+  EXPECT_TRUE(ImageIO::OpenAsPictureUsingImageIO(folder.Child("b.bmp"), error).SameAs(picture));
+}
+
+TEST(Codecs, TransparencyIsKeptOrLaidOnWhite) {
+  TemporaryFolder folder;
+  Picture picture = PlainPicture(16, 16, {200, 0, 0});
+  picture.Mask(true)->Edit().Row(2)[3] = 255;
+  picture.Mask(true)->Edit().Row(2)[4] = 128;
+  const std::array<EncodeImage, 1> images{{{picture, 1.0}}};
+  std::string error;
+  for (const char* name : {"a.png", "a.tif", "a.psd"}) {
+    ImageFile file;
+    file.Folderitem = folder.Child(name);
+    file.SetFormatFromFile();
+    ASSERT_EQ(EncodeImageFile(file.Folderitem, file.FileType, images), "");
+    const Picture back = ImageIO::OpenAsPictureUsingImageIO(file.Folderitem, error);
+    ASSERT_NE(back.Mask(), nullptr) << name;
+    EXPECT_EQ(back.Mask()->At(3, 2), 255) << name;
+    EXPECT_NEAR(back.Mask()->At(4, 2), 128, 1) << name;
+    EXPECT_EQ(back.Mask()->At(5, 5), 0) << name;
+    EXPECT_EQ(back.At(5, 5), (Color{200, 0, 0})) << name;
+  }
+  ASSERT_TRUE(ImageIO::SaveAsJPEG(folder.Child("a.jpg"), PlainPicture(16, 16, kWhite), 1, error));
+  Picture clear = PlainPicture(16, 16, kBlack);
+  clear.SetMask(Plane(16, 16, 255));
+  ASSERT_TRUE(ImageIO::SaveAsJPEG(folder.Child("a.jpg"), clear, 1, error));
+  EXPECT_EQ(ImageIO::OpenAsPictureUsingImageIO(folder.Child("a.jpg"), error).At(8, 8), kWhite);
+  const Picture string = PngImporter::OpenFromString(PngExporter().SaveToString(picture));
+  EXPECT_TRUE(string.SameAs(picture));
+}
+
+TEST(Codecs, SeveralPicturesAndOpenModes) {
+  TemporaryFolder folder;
+  const FolderItem file = folder.Child("pages.tif");
+  const std::array<EncodeImage, 3> images{
+      {{PlainPicture(20, 10, {255, 0, 0}), 1}, {PlainPicture(20, 10, {0, 255, 0}), 1},
+       {PlainPicture(20, 10, {0, 0, 255}), 1}}};
+  ASSERT_EQ(EncodeImageFile(file, "public.tiff", images), "");
+  std::string error;
+  const auto all = ImageIO::OpenAsImageFile(file, ImageIO::kEverything, error);
+  ASSERT_NE(all, nullptr) << error;
+  EXPECT_EQ(all->Count(), 2);
+  EXPECT_EQ(all->Image[2].Picture().At(5, 5), (Color{0, 0, 255}));
+  EXPECT_TRUE(all->ThumbNail);
+  EXPECT_EQ(all->Properties->Width, 20);
+  EXPECT_EQ(all->FileType, "public.tiff");
+  const auto first = ImageIO::OpenAsImageFile(file, ImageIO::kFirstPicture, error);
+  EXPECT_EQ(first->Count(), 0);
+  EXPECT_FALSE(first->ThumbNail);
+  const auto thumbnail = ImageIO::OpenAsImageFile(file, ImageIO::kThumbnailOnly, error);
+  EXPECT_EQ(thumbnail->Count(), -1);
+  EXPECT_TRUE(thumbnail->ThumbNail);
+}
+
+/// A JPEG with an Exif segment that says how it was stored.
+std::string Turned(const Picture& picture, int orientation) {
+  const std::string jpeg = JpegExporter{.Quality = 95}.SaveToString(picture);
+  const std::string exif = std::string("Exif\0\0", 6) +
+                           Bytes("4D4D002A 00000008 0001 0112 0003 00000001") +
+                           Bytes("00 0" + std::to_string(orientation) + "0000 00000000");
+  std::string segment = Bytes("FFE1 00");
+  segment += static_cast<char>(exif.size() + 2);
+  return jpeg.substr(0, 2) + segment + exif + jpeg.substr(2);
+}
+
+TEST(Codecs, OrientationTurnsPicturesAndThumbnailsUpright) {
+  TemporaryFolder folder;
+  // Red in the top left corner of the upright picture, whatever the orientation.
+  const std::array<std::pair<int, int>, 8> corner{
+      {{0, 0}, {59, 0}, {59, 39}, {0, 39}, {0, 0}, {0, 39}, {59, 39}, {59, 0}}};
+  for (int orientation = 1; orientation <= 8; ++orientation) {
+    Picture stored = PlainPicture(60, 40, {0, 0, 200});
+    const auto [cx, cy] = corner.at(static_cast<std::size_t>(orientation - 1));
+    const Pixels pixels = stored.Edit();
+    for (int y = 0; y < 40; ++y) {
+      for (int x = 0; x < 60; ++x) {
+        if (std::abs(x - cx) < 16 && std::abs(y - cy) < 16) {
+          pixels.Row(y)[4 * x] = 0;
+          pixels.Row(y)[4 * x + 2] = 220;
+        }
+      }
+    }
+    std::string error;
+    const FolderItem file = folder.Write("a.jpg", Turned(stored, orientation));
+    const Picture upright = ImageIO::OpenAsPictureUsingImageIO(file, error);
+    EXPECT_EQ(upright.Width(), orientation >= 5 ? 40 : 60);
+    EXPECT_GT(upright.At(4, 4).Red, 180) << orientation;
+    EXPECT_LT(upright.At(30, 30).Red, 60) << orientation;
+    const auto small = ImageSource::Open(file);
+    ASSERT_TRUE(small);
+    const auto thumbnail = (*small.value)->Thumbnail(30);
+    ASSERT_TRUE(thumbnail);
+    EXPECT_EQ(thumbnail.value->Width(), orientation >= 5 ? 20 : 30);
+    EXPECT_GT(thumbnail.value->At(2, 2).Red, 150) << orientation;
+  }
+}
+
+TEST(Codecs, ThumbnailsKeepTheirBound) {
+  TemporaryFolder folder;
+  std::string error;
+  for (const auto& [w, h] : {std::pair{1000, 100}, {100, 1000}, {40, 30}, {3000, 2000}, {2049, 3}}) {
+    const FolderItem file = folder.Child("a.jpg");
+    ASSERT_TRUE(ImageIO::SaveAsJPEG(file, Smooth(w, h), 0.9, error));
+    const auto source = ImageSource::Open(file);
+    const auto small = (*source.value)->Thumbnail(256);
+    ASSERT_TRUE(small);
+    EXPECT_EQ(std::max(small.value->Width(), small.value->Height()), std::min(256, std::max(w, h)));
+    EXPECT_NEAR(small.value->Width() * h, small.value->Height() * w,
+                std::max(w, h) + std::max(small.value->Width(), small.value->Height()));
+  }
+}
+
+TEST(Codecs, BadFilesGiveOneSentenceWithTheirName) {
+  TemporaryFolder folder;
+  const std::string jpeg = JpegExporter().SaveToString(TestPicture(300, 200));
+  const std::string png = PngExporter().SaveToString(TestPicture(300, 200));
+  std::string huge = jpeg;
+  const std::size_t frame = huge.find(Bytes("FFC0"));
+  ASSERT_NE(frame, std::string::npos);
+  huge.replace(frame + 5, 4, Bytes("FFDC FFDC"));
+  std::string hugePng = png;
+  hugePng.replace(16, 8, Bytes("000186A0 000186A0"));
+  struct Case {
+    const char* name;
+    std::string bytes;
+    const char* reason;
+  };
+  for (const Case& c : {Case{"empty.jpg", "", "not an image"},
+                        Case{"text.jpg", "hello, I am a text", "not an image"},
+                        Case{"half.jpg", jpeg.substr(0, jpeg.size() / 2), "ends too early"},
+                        Case{"head.jpg", jpeg.substr(0, 100), "head.jpg"},
+                        Case{"half.png", png.substr(0, png.size() / 2), "damaged"},
+                        Case{"huge.jpg", huge, "too large: it claims 65500 x 65500 pixels"},
+                        Case{"huge.png", hugePng, "huge.png"},
+                        Case{"raw.dng", "II*\0nothing", "not an image"},
+                        Case{"page.pdf", "%PDF-1.4 broken", "page.pdf"}}) {
+    std::string error;
+    const FolderItem file = folder.Write(c.name, c.bytes);
+    EXPECT_TRUE(ImageIO::OpenAsPictureUsingImageIO(file, error).IsNil()) << c.name;
+    EXPECT_THAT(error, HasSubstr(c.name));
+    EXPECT_THAT(error, HasSubstr(c.reason));
+    EXPECT_EQ(error.find('\n'), std::string::npos);
+  }
+  std::string error;
+  ImageIO::OpenAsPictureUsingImageIO(folder.Child("none.jpg"), error);
+  EXPECT_EQ(error, "The file \"none.jpg\" does not exist.");
+  ImageIO::OpenAsPictureUsingImageIO(folder.Item(), error);
+  EXPECT_THAT(error, HasSubstr("not an image"));
+  // A thumbnail shows what there is.
+  const auto half = ImageSource::Open(folder.Child("half.jpg"));
+  EXPECT_TRUE((*half.value)->Thumbnail(64));
+}
+
+TEST(Codecs, FailedWritesLeaveTheOldFile) {
+  TemporaryFolder folder;
+  const FolderItem file = folder.Write("a.jpg", "old");
+  std::string error;
+  EXPECT_FALSE(ImageIO::SaveAsJPEG(FolderItem("/proc/a.jpg"), TestPicture(5, 5), 1, error));
+  EXPECT_THAT(error, HasSubstr("\"a.jpg\" cannot be saved"));
+  EXPECT_FALSE(ImageIO::SaveAsJPEG(file, Picture(), 1, error));
+  EXPECT_EQ(ReadFile(file), "old");
+  // A name with brackets is a name.
+  const FolderItem odd = folder.Child("a[1] page=2.png");
+  ASSERT_TRUE(PngExporter().SaveToFile(odd, Smooth(9, 9)));
+  EXPECT_TRUE(ImageIO::OpenAsPictureUsingImageIO(odd, error).SameAs(Smooth(9, 9))) << error;
+  const std::array<EncodeImage, 1> images{{{Smooth(9, 9), 1}}};
+  const FolderItem oddTiff = folder.Child("b[1].tif");
+  EXPECT_EQ(EncodeImageFile(oddTiff, "public.tiff", images), "");
+  EXPECT_TRUE(oddTiff.Exists());
+}
+
+TEST(Codecs, EqualPicturesGiveEqualFiles) {
+  const Picture picture = TestPicture(50, 50);
+  EXPECT_EQ(JpegExporter().SaveToString(picture), JpegExporter().SaveToString(picture));
+}
+
+}  // namespace
+}  // namespace brivolant::test

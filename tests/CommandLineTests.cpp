@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+#include "Helpers.h"
+#include "effects/EffectRegistry.h"
+#include "engine/brivolantProcessorLite.h"
+#include "formats/ImageFile.h"
+#include "formats/PictureStrings.h"
+
+namespace brivolant::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+struct Outcome {
+  int code;
+  std::string out;
+  std::string err;
+};
+
+Outcome Cli(const std::vector<std::string>& arguments) {
+  QProcess process;
+  QStringList list;
+  for (const std::string& argument : arguments) list << QString::fromStdString(argument);
+  process.start(QStringLiteral(BRIVOLANT_CLI), list);
+  process.waitForFinished(120000);
+  return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+          process.readAllStandardOutput().toStdString(),
+          process.readAllStandardError().toStdString()};
+}
+
+QJsonObject Json(const std::string& text) {
+  return QJsonDocument::fromJson(QByteArray::fromStdString(text)).object();
+}
+
+/// Two images and the paths to them.
+struct CommandLine : testing::Test {
+  TemporaryFolder folder;
+  Picture picture = TestPicture(90, 60);
+  FolderItem image = folder.Write("photo.png", PngExporter().SaveToString(picture));
+  FolderItem second = folder.Write("second.png", PngExporter().SaveToString(TestPicture(30, 50)));
+  std::string Path(std::string_view name) const { return folder.Child(name).ShellPath(); }
+  Picture Open(std::string_view name) const {
+    std::string error;
+    return ImageIO::OpenAsPictureUsingImageIO(folder.Child(name), error);
+  }
+};
+
+TEST_F(CommandLine, RendersWhatTheProcessorRenders) {
+  const Outcome run =
+      Cli({"render", image.ShellPath(), "-o", Path("out.png"), "--set",
+           "Brightness & Contrast.Brightness=1.4", "--enable", "Auto Levels", "--stack", "back",
+           "--set", "Levels.OutBlack=40", "--stack", "fore", "--set", "exposure.power=-3.5",
+           "--blend", "3", "--opacity", "0.75", "--save-style", Path("style"), "--timing"});
+  ASSERT_EQ(run.code, 0) << run.err;
+  EXPECT_THAT(run.err, IsEmpty());
+  const QJsonObject timing = Json(run.out);
+  EXPECT_GT(timing.value(QStringLiteral("peak_memory_bytes")).toDouble(), 1e6);
+  EXPECT_TRUE(timing.contains(QStringLiteral("decode_ms")));
+
+  TestServices s;
+  brivolantProcessorLite processor(EffectRegistry(), s.services);
+  processor.Startup();
+  ASSERT_EQ(processor.StyleData(*ReadFile(folder.Child("style"))), StyleFault::kNone);
+  EXPECT_EQ(processor.BlendMode(), 3);
+  EXPECT_EQ(processor.BlendAlpha, 0.75F);
+  EXPECT_TRUE(processor.item(8)->Enabled());
+  EXPECT_EQ(processor.item(8)->Settings().Value("Power").ToDouble(), -3.5);
+  EXPECT_TRUE(processor.Process(picture).SameAs(Open("out.png")));
+
+  // The style alone gives the same, on one thread or many.
+  ASSERT_EQ(Cli({"render", image.ShellPath(), "-o", Path("again.png"), "--style", Path("style")}).code, 0);
+  EXPECT_TRUE(Open("again.png").SameAs(Open("out.png")));
+}
+
+TEST_F(CommandLine, GeometryAndSize) {
+  ASSERT_EQ(Cli({"render", image.ShellPath(), "-o", Path("out.tif"), "--crop", "0.5,0,0.5,1",
+                 "--rotate", "1", "--flip", "2", "--fit", "30x400"}).code, 0);
+  EXPECT_EQ(Open("out.tif").Width(), 30);
+  EXPECT_EQ(Open("out.tif").Height(), 22);
+}
+
+TEST_F(CommandLine, OneFailureDoesNotStopTheOthers) {
+  folder.Write("bad.jpg", "nothing");
+  const Outcome run = Cli({"render", image.ShellPath(), Path("bad.jpg"), Path("none.png"),
+                       second.ShellPath(), image.ShellPath(), "--out-dir", Path("made/here"),
+                       "--jobs", "2", "--progress"});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_THAT(run.err, HasSubstr("brivolant-cli: The file \"bad.jpg\" is not an image"));
+  EXPECT_THAT(run.err, HasSubstr("\"none.png\" does not exist."));
+  EXPECT_THAT(run.out, IsEmpty());
+  EXPECT_EQ(Open("made/here/photo.png").Width(), 90);
+  EXPECT_EQ(Open("made/here/second.png").Width(), 30);
+  EXPECT_EQ(Open("made/here/photo-1.png").Width(), 90) << "two inputs of one name stay apart";
+  EXPECT_EQ(folder.Child("made").Child("here").Children().size(), 3U);
+}
+
+TEST_F(CommandLine, WrongUseIsOneSentenceAndCodeTwo) {
+  const std::string in = image.ShellPath();
+  const std::string out = Path("out.jpg");
+  for (const auto& [arguments, reason] : std::vector<std::pair<std::vector<std::string>, std::string>>{
+           {{}, "subcommand"},
+           {{"render"}, "INPUT"},
+           {{"render", in}, "Give -o FILE or --out-dir DIR."},
+           {{"render", in, in, "-o", out}, "one input only"},
+           {{"render", in, "-o", Path("out.xyz")}, "\"out.xyz\""},
+           {{"render", in, "-o", out, "--set", "Exposure"}, "\"Exposure\""},
+           {{"render", in, "-o", out, "--set", "Nothing.Power=1"}, "no effect called \"Nothing\""},
+           {{"render", in, "-o", out, "--set", "Exposure.Nothing=1"}, "it has: Power"},
+           {{"render", in, "-o", out, "--set", "Exposure.Power=bright"}, "\"bright\""},
+           {{"render", in, "-o", out, "--set", "Exposure.Power=1x"}, "\"1x\""},
+           {{"render", in, "-o", out, "--set", "Levels.Shadows=1.5"}, "integer"},
+           {{"render", in, "-o", out, "--enable", "Fixing Tools"}, "no effect called"},
+           {{"render", in, "-o", out, "--enable", "Sepia"}, "not available in this version yet"},
+           {{"render", in, "-o", out, "--stack", "side"}, "fore or back"},
+           {{"render", in, "-o", out, "--blend", "16"}, "--blend"},
+           {{"render", in, "-o", out, "--opacity", "2"}, "--opacity"},
+           {{"render", in, "-o", out, "--crop", "0,0,1"}, "x,y,w,h"},
+           {{"render", in, "-o", out, "--crop", "0,0,0,1"}, "x,y,w,h"},
+           {{"render", in, "-o", out, "--rotate", "4"}, "--rotate"},
+           {{"render", in, "-o", out, "--fit", "100"}, "WxH"},
+           {{"render", in, "-o", out, "--quality", "0"}, "--quality"},
+           {{"render", in, "-o", out, "--unknown"}, "--unknown"},
+           {{"document"}, "subcommand"},
+           {{"thumbnail", in}, "--out-dir"}}) {
+    const Outcome run = Cli(arguments);
+    EXPECT_EQ(run.code, 2) << testing::PrintToString(arguments) << run.err;
+    EXPECT_THAT(run.err, HasSubstr(reason));
+    EXPECT_THAT(run.err, testing::StartsWith("brivolant-cli: "));
+    EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+  }
+  EXPECT_FALSE(folder.Child("out.jpg").Exists());
+  for (const std::vector<std::string>& help : std::vector<std::vector<std::string>>{
+           {"--help"}, {"render", "--help"}, {"document", "--help"}, {"document", "info", "--help"},
+           {"modules", "--help"}, {"style", "--help"}, {"formats", "--help"}, {"thumbnail", "--help"}}) {
+    EXPECT_EQ(Cli(help).code, 0);
+    EXPECT_THAT(Cli(help).out, HasSubstr("--help"));
+  }
+}
+
+TEST_F(CommandLine, OriginalsAndOldOutputsSurvive) {
+  const std::string before = *ReadFile(image);
+  Outcome run = Cli({"render", image.ShellPath(), "-o", image.ShellPath()});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_THAT(run.err, HasSubstr("is the original itself"));
+  run = Cli({"render", image.ShellPath(), "--out-dir", folder.Item().ShellPath()});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_EQ(*ReadFile(image), before);
+  run = Cli({"render", image.ShellPath(), "-o", "/proc/out.jpg"});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_THAT(run.err, HasSubstr("\"out.jpg\" cannot be saved"));
+  run = Cli({"render", image.ShellPath(), "--out-dir", "/proc/none"});
+  EXPECT_EQ(run.code, 1);
+
+  folder.Write("style", std::string(48, '\x2F'));
+  run = Cli({"render", image.ShellPath(), "-o", Path("out.jpg"), "--style", Path("style")});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_THAT(run.err, HasSubstr("\"style\" is not style data"));
+  EXPECT_FALSE(folder.Child("out.jpg").Exists());
+}
+
+TEST_F(CommandLine, DocumentsReopenWithTheSameStyleAndPixels) {
+  ASSERT_EQ(Cli({"render", image.ShellPath(), "-o", Path("direct.png"), "--set",
+                 "Exposure.Power=6", "--rotate", "3"}).code, 0);
+  Outcome run = Cli({"document", "create", image.ShellPath(), Path("doc"), "--set", "Exposure.Power=6",
+                 "--rotate", "3"});
+  ASSERT_EQ(run.code, 0) << run.err;
+  ASSERT_EQ(Cli({"document", "render", Path("doc.brvPhoto"), "-o", Path("one.png")}).code, 0);
+  ASSERT_EQ(Cli({"render", Path("doc.brvPhoto"), "-o", Path("two.png")}).code, 0);
+  EXPECT_TRUE(Open("one.png").SameAs(Open("direct.png")));
+  EXPECT_TRUE(Open("two.png").SameAs(Open("direct.png")));
+
+  const QJsonObject info = Json(Cli({"document", "info", Path("doc.brvPhoto"), "--json"}).out);
+  EXPECT_EQ(info.value(QStringLiteral("rotation")).toInt(), 3);
+  EXPECT_EQ(info.value(QStringLiteral("name")).toString(), QStringLiteral("photo"));
+  EXPECT_EQ(info.value(QStringLiteral("version")).toInt(), 4);
+  EXPECT_THAT(Cli({"document", "info", Path("doc.brvPhoto")}).out, HasSubstr("rotation: 3"));
+
+  const QJsonObject style = Json(Cli({"style", Path("doc.brvPhoto"), "--json"}).out);
+  const QJsonObject exposure = style.value(QStringLiteral("foreground")).toArray().at(8).toObject();
+  EXPECT_EQ(exposure.value(QStringLiteral("name")).toString(), QStringLiteral("Exposure"));
+  EXPECT_TRUE(exposure.value(QStringLiteral("enabled")).toBool());
+  EXPECT_EQ(exposure.value(QStringLiteral("settings")).toObject().value(QStringLiteral("Power")).toDouble(), 6);
+
+  run = Cli({"document", "create", image.ShellPath(), Path("doc")});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_THAT(run.err, HasSubstr("\"doc.brvPhoto\" exists already"));
+  ASSERT_FALSE(folder.Child("empty.brvPhoto").CreateAsFolder());
+  for (const char* verb : {"info", "render"}) {
+    std::vector<std::string> arguments{"document", verb, Path("empty.brvPhoto")};
+    if (std::string(verb) == "render") arguments.insert(arguments.end(), {"-o", Path("x.png")});
+    run = Cli(arguments);
+    EXPECT_EQ(run.code, 1);
+    EXPECT_THAT(run.err, HasSubstr("\"empty.brvPhoto\""));
+    EXPECT_THAT(run.err, HasSubstr("Missing the settings segment"));
+  }
+  EXPECT_EQ(Cli({"document", "info", Path("missing.brvPhoto")}).code, 1);
+}
+
+TEST_F(CommandLine, ListsModulesAndFormats) {
+  const QJsonObject modules = Json(Cli({"modules", "--json"}).out);
+  const QJsonArray fore = modules.value(QStringLiteral("foreground")).toArray();
+  ASSERT_EQ(fore.size(), 50);
+  const QJsonObject levels = fore.at(9).toObject();
+  EXPECT_EQ(levels.value(QStringLiteral("class")).toString(), QStringLiteral("EffectModuleLevels"));
+  EXPECT_EQ(levels.value(QStringLiteral("identifier")).toString(),
+            QStringLiteral("7FFFFFFF-B3AC-4C8A-146F-1F804A5B9B06"));
+  EXPECT_EQ(levels.value(QStringLiteral("controls")).toArray().size(), 6);
+  EXPECT_EQ(levels.value(QStringLiteral("controls")).toArray().at(3).toObject().value(QStringLiteral("caption")).toString(),
+            QStringLiteral("Out"));
+  const QJsonObject power = fore.at(8).toObject().value(QStringLiteral("settings")).toArray().at(0).toObject();
+  EXPECT_EQ(power.value(QStringLiteral("type")).toString(), QStringLiteral("double"));
+  EXPECT_EQ(power.value(QStringLiteral("defaultOnRead")).toDouble(), 1);
+  EXPECT_EQ(power.value(QStringLiteral("reset")).toDouble(), 0);
+  const QJsonObject white = fore.at(6).toObject().value(QStringLiteral("controls")).toArray().at(0).toObject();
+  EXPECT_EQ(white.value(QStringLiteral("tick")).toDouble(), 0.15);
+  EXPECT_EQ(modules.value(QStringLiteral("background")).toArray().at(37).toObject().value(QStringLiteral("class")).toString(),
+            QStringLiteral("EffectModuleBackgroundScale"));
+  EXPECT_THAT(Cli({"modules"}).out, HasSubstr("8  Exposure  Power=0"));
+  EXPECT_EQ(Json(Cli({"formats", "--json"}).out).value(QStringLiteral("writable")).toArray().size(), 11);
+  EXPECT_THAT(Cli({"formats"}).out, HasSubstr("HEIF image: heic heif avif"));
+}
+
+TEST_F(CommandLine, WritesThumbnails) {
+  folder.Write("bad.jpg", "x");
+  ASSERT_EQ(Cli({"document", "create", image.ShellPath(), Path("doc"), "--set",
+                 "Levels.OutWhite=0"}).code, 0);
+  const Outcome run = Cli({"thumbnail", image.ShellPath(), second.ShellPath(), Path("bad.jpg"),
+                       Path("doc.brvPhoto"), "--out-dir", Path("small"), "--size", "40"});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_EQ(Open("small/photo.jpg").Width(), 40);
+  EXPECT_EQ(Open("small/second.jpg").Height(), 40);
+  EXPECT_LT(Open("small/doc.jpg").At(5, 5).Red, 20) << "a document is shown as it was edited";
+  EXPECT_FALSE(folder.Child("small").Child("bad.jpg").Exists());
+}
+
+}  // namespace
+}  // namespace brivolant::test

@@ -1,0 +1,324 @@
+// SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "Helpers.h"
+#include "effects/EffectRegistry.h"
+#include "engine/EditorInterfaces.h"
+#include "engine/brivolantProcessorLite.h"
+#include "engine/pictures/SharedPictureEffects.h"
+#include "formats/BrivolantDocument.h"
+#include "platform/files/BinaryStream.h"
+
+namespace brivolant::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+constexpr const char* kExposure = "3237324B-C5C6-997D-40B1-DFC3C16BAEB2";
+constexpr const char* kLevels = "7FFFFFFF-B3AC-4C8A-146F-1F804A5B9B06";
+constexpr const char* kSepia = "0E53677B-85AE-A580-B18B-AB374768FB98";
+
+struct Processor : TestServices {
+  Processor() { processor.Startup(); }
+  brivolantProcessorLite processor{EffectRegistry(), services};
+
+  effectModule& Set(int stack, const char* name, int row, double position) {
+    processor.CurrentStack = stack;
+    for (int i = 0; i <= processor.Count(); ++i) {
+      effectModule& module = *processor.item(i);
+      if (module.Name() != name) continue;
+      module.ControlValue(row, position);
+      module.Enabled(true);
+      return module;
+    }
+    throw std::runtime_error(name);
+  }
+};
+
+TEST(ProcessorStacks, IndexesOrderAndIdentifiers) {
+  Processor p;
+  brivolantProcessorLite& processor = p.processor;
+  EXPECT_EQ(processor.Count(), 49);
+  EXPECT_EQ(processor.item(-1), nullptr);
+  EXPECT_EQ(processor.item(50), nullptr);
+  EXPECT_EQ(processor.ItemPositionViaID(kExposure), 8);
+  EXPECT_EQ(processor.ItemPositionViaID("nothing"), -1);
+  EXPECT_EQ(processor.ItemVIaID("nothing"), nullptr);
+  EXPECT_THAT(p.log.lines, ElementsAre("Cannot find a module with the ID: nothing",
+                                       "Cannot find a module with the ID: nothing"));
+  processor.ChangeItemOrder(8, 2);
+  EXPECT_EQ(processor.ItemPositionViaID(kExposure), 2);
+  processor.ChangeItemOrder(2, -1);
+  EXPECT_EQ(processor.ItemPositionViaID(kExposure), 49);
+  processor.ChangeItemOrder(99, 0);
+  EXPECT_TRUE(p.dialogs.messages.empty()) << "no two modules share an identifier";
+  processor.Reset();
+  EXPECT_EQ(processor.ItemPositionViaID(kExposure), 8);
+  EXPECT_FALSE(processor.Running());
+}
+
+TEST(ProcessorStacks, TheSameIdentifierTwiceIsTold) {
+  TestServices s;
+  const std::array<ModuleEntry, 2> twice{EffectRegistry()[8], EffectRegistry()[8]};
+  brivolantProcessorLite processor(twice, s.services);
+  processor.Startup();
+  EXPECT_EQ(s.dialogs.messages.at(0), "Exposure has the same ID as Exposure");
+}
+
+TEST(ProcessorRender, ConsistencyScaleFollowsItsOwnRule) {
+  const auto scale = [](int w, int h) {
+    return brivolantProcessorLite::ConsistencyScaleFor(NewPicture(w, h, 24));
+  };
+  EXPECT_EQ(scale(640, 480), 1.0);
+  EXPECT_EQ(scale(1600, 1200), 1.875);
+  EXPECT_EQ(scale(1600, 100), 2.5);
+  EXPECT_EQ(scale(100, 4000), 0.15625);
+}
+
+TEST(ProcessorRender, NothingEnabledEqualsTheSource) {
+  Processor p;
+  Picture source = TestPicture(70, 50);
+  source.Mask(true)->Edit().Row(3)[4] = 200;
+  EXPECT_TRUE(p.processor.Process(source).SameAs(source));
+  p.processor.BlendAlpha = 0.5F;
+  EXPECT_TRUE(p.processor.Process(source).SameAs(source));
+  EXPECT_TRUE(p.processor.Process(Picture()).IsNil());
+}
+
+TEST(ProcessorRender, ComposedToneCurvesEqualOneAfterTheOther) {
+  Processor p;
+  p.Set(kForeground, "Exposure", 0, 63);
+  p.Set(kForeground, "Levels", 1, 12);
+  p.Set(kForeground, "Brightness & Contrast", 1, 70);
+  p.Set(kForeground, "White Balance", 0, 25);
+  p.Set(kForeground, "Auto Levels", 0, 0);
+  p.Set(kForeground, "Channel Contrast", 2, 90);
+  p.Set(kForeground, "Digital Flash", 0, 40);
+  const Picture source = TestPicture(150, 90);
+  Picture expected = source;
+  const double scale = brivolantProcessorLite::ConsistencyScaleFor(source);
+  for (const auto& module : p.processor.stacks[kForeground]) module->Apply(expected, scale);
+  EXPECT_TRUE(p.processor.Process(source).SameAs(expected));
+}
+
+TEST(ProcessorRender, ForegroundIsBlendedOverBackground) {
+  Processor p;
+  p.Set(kForeground, "Exposure", 0, 80);
+  p.Set(kBackground, "Levels", 5, 50);
+  p.processor.BlendMode(1);
+  p.processor.BlendAlpha = 0.5F;
+  const Picture source = TestPicture(60, 40);
+  Picture fore = source;
+  Picture back = source;
+  fore = p.processor.Process(fore, kForeground, 0);
+  back = p.processor.Process(back, kBackground, 0);
+  BlendEffect blender;
+  blender.BlendMode = 1;
+  EXPECT_TRUE(p.processor.Process(source).SameAs(blender.Apply(back, fore, 0.5)));
+  p.processor.BlendAlpha = 0;
+  EXPECT_TRUE(p.processor.Process(source).SameAs(back));
+  p.processor.BlendAlpha = 1;
+  p.processor.BlendMode(0);
+  EXPECT_TRUE(p.processor.Process(source).SameAs(fore));
+
+  // A foreground that was placed lands on its rectangle.
+  struct Placing final : effectModule {
+    brivolantProcessorLite* processor = nullptr;
+    std::string getID() const override { return "P"; }
+    std::string getName() const override { return "Placing"; }
+    bool MayPlaceLayer() const override { return true; }
+    void ApplyEffect(Picture&, double) override {
+      processor->foregroundScaleTopleft = Point{10, 5};
+      processor->foregroundScaleSize = Point{20, 15};
+    }
+  };
+  auto placing = std::make_unique<Placing>();
+  placing->processor = &p.processor;
+  placing->Enabled(true);
+  p.processor.stacks[kForeground].push_back(std::move(placing));
+  const Picture placed = p.processor.Process(source);
+  EXPECT_EQ(placed.At(9, 5), back.At(9, 5));
+  EXPECT_EQ(placed.At(29, 19), SharedPictureEffects::Scale(fore, 20, 15, 0).At(19, 14));
+}
+
+/// A document of a test picture, and a display of 320 x 240.
+struct Editing : Processor {
+  Editing() : document(services, TestPicture(600, 400), "test") {
+    processor.myDisplay = &display;
+    processor.Document = &document;
+    processor.UpdateStarted = [this] { events.emplace_back("started"); };
+    processor.UpdateFinished = [this] { events.emplace_back("finished"); };
+    processor.SelectedEffectChanged = [this] { events.emplace_back("selected"); };
+    display.events = &events;
+    processor.UpdatePreview(true);
+  }
+  struct Display final : EditorDisplay {
+    std::vector<std::string>* events = nullptr;
+    int width = 320;
+    int Width() const override { return width; }
+    int Height() const override { return 240; }
+    void Update(bool full) override { events->emplace_back(full ? "shown full" : "shown"); }
+  } display;
+  BrivolantDocument document;
+  std::vector<std::string> events;
+};
+
+TEST(ProcessorPreview, FitsTheDisplayAndTellsItsEvents) {
+  Editing e;
+  EXPECT_THAT(e.events, ElementsAre("started", "shown full", "finished"));
+  EXPECT_EQ(e.document.PreviewBase.Width(), 300);
+  EXPECT_EQ(e.document.PreviewBase.Height(), 200);
+  EXPECT_FALSE(e.processor.nonLiveMode);
+  e.display.width = 220;
+  e.processor.UpdatePreview(false);
+  EXPECT_EQ(e.processor.Preview().Width(), 200) << "another display size means new previews";
+}
+
+TEST(ProcessorPreview, CachesGiveWhatAFullRenderGives) {
+  Editing e;
+  e.Set(kForeground, "Exposure", 0, 70);
+  e.Set(kForeground, "Shadow & Highlight", 0, 30);
+  effectModule& white = e.Set(kForeground, "White Balance", 0, 22);
+  e.Set(kBackground, "Levels", 1, 20);
+  e.processor.CurrentStack = kForeground;
+  e.processor.BlendAlpha = 0.6F;
+  e.processor.UpdatePreview(true);
+  const Picture whole = e.document.PreviewAfter;
+  EXPECT_FALSE(whole.SameAs(e.document.PreviewBase));
+  // Dragging a slider of a module in the middle of the stack.
+  e.processor.SelectEffect(e.processor.ItemPositionViaID(kExposure));
+  for (const int position : {10, 90, 70}) {
+    e.processor.item(8)->ControlValue(0, position);
+    e.processor.UpdatePreview(false);
+  }
+  EXPECT_TRUE(e.document.PreviewAfter.SameAs(whole));
+  // Switching off a module above the selected one.
+  white.Enabled(false);
+  e.processor.EffectEnabledChanged(6);
+  e.processor.UpdatePreview(false);
+  const Picture without = e.document.PreviewAfter;
+  e.processor.UpdatePreview(true);
+  EXPECT_TRUE(e.document.PreviewAfter.SameAs(without));
+  EXPECT_FALSE(without.SameAs(whole));
+}
+
+TEST(ProcessorPreview, TheBackgroundIsShownAlone) {
+  Editing e;
+  e.Set(kForeground, "Exposure", 0, 90);
+  e.processor.CurrentStack = kForeground;
+  e.events.clear();
+  e.processor.ChangeStack(kBackground);
+  EXPECT_THAT(e.events, ElementsAre("selected", "started", "shown", "finished"));
+  EXPECT_TRUE(e.document.PreviewAfter.SameAs(e.document.PreviewBase));
+  e.events.clear();
+  e.processor.ChangeStack(kBackground);
+  EXPECT_TRUE(e.events.empty());
+}
+
+TEST(ProcessorPreview, SelectedModuleDrawsItsMarksAlsoWhileDisabled) {
+  Editing e;
+  const int levels = e.processor.ItemPositionViaID(kLevels);
+  e.processor.SelectEffect(levels);
+  EXPECT_EQ(e.processor.SelectedEffect(), e.processor.item(levels));
+  EXPECT_FALSE(e.processor.Preview().SameAs(e.document.PreviewAfter));
+  e.processor.SelectedEffect(nullptr);
+  EXPECT_TRUE(e.processor.Preview().SameAs(e.document.PreviewAfter));
+}
+
+std::string Header() {
+  return std::string("\x2F") + "Quillmere Brivolant Photos Processor Style Data" + Bytes("01 00");
+}
+
+TEST(StyleData, BytesAreThoseOfTheFormat) {
+  Processor p;
+  p.processor.BlendAlpha = 0.25F;
+  p.processor.BlendMode(7);
+  const std::string style = p.processor.StyleData();
+  EXPECT_TRUE(style.starts_with(Header() + "EFFC"));
+  EXPECT_EQ(style.substr(58, 4), "FORE");
+  EXPECT_EQ(style.substr(66, 8), "bdicvlox");
+  EXPECT_EQ(style.substr(style.size() - 15),
+            "PROC" + Bytes("07 00 00 00 00 00 80 3E 07 00 00"));
+  BinaryStream stream(style);
+  stream.LittleEndian = true;
+  stream.Position(54);
+  EXPECT_EQ(stream.ReadUInt32(), style.size() - 58 - 15) << "the record takes the rest";
+}
+
+TEST(StyleData, SettingsOrderAndBlendComeBack) {
+  Processor from;
+  from.Set(kForeground, "Exposure", 0, 63);
+  from.Set(kBackground, "Levels", 1, 33);
+  from.processor.CurrentStack = kForeground;
+  from.processor.ChangeItemOrder(8, 1);
+  from.processor.CurrentStack = kBackground;
+  from.processor.ChangeItemOrder(9, 40);
+  from.processor.BlendMode(3);
+  from.processor.BlendAlpha = 0.4F;
+  const std::string style = from.processor.StyleData();
+
+  Processor to;
+  EXPECT_EQ(to.processor.StyleData(style), StyleFault::kNone);
+  EXPECT_EQ(to.processor.StyleData(), style);
+  EXPECT_EQ(to.processor.CurrentStack, kForeground);
+  EXPECT_EQ(to.processor.ItemPositionViaID(kExposure), 1);
+  EXPECT_TRUE(to.processor.item(1)->Enabled());
+  const Picture source = TestPicture(40, 30);
+  EXPECT_TRUE(to.processor.Process(source).SameAs(from.processor.Process(source)));
+}
+
+TEST(StyleData, UnknownModulesAreSkippedAndPendingSettingsKept) {
+  Dictionary sepia;
+  sepia.Value("Strength", 0.7);
+  sepia.Value("Enabled", true);
+  Dictionary stack;
+  stack.Value("00000000-0000-0000-0000-000000000000", sepia);
+  stack.Value(kSepia, sepia);
+  Processor p;
+  p.processor.BlendAlpha = 0.3F;
+  EXPECT_EQ(p.processor.StyleData(WriteStyleData(stack, stack, 1, 0).substr(0, 1u << 20)),
+            StyleFault::kNone);
+  EXPECT_THAT(p.log.lines.at(0), HasSubstr("00000000-0000"));
+  EXPECT_EQ(p.processor.ItemPositionViaID(kSepia), 1) << "its place in the style is its place";
+  EXPECT_TRUE(p.processor.item(1)->Settings() == sepia);
+  p.processor.Reset();
+  EXPECT_EQ(p.processor.ItemVIaID(kSepia)->Settings().Count(), 0);
+}
+
+TEST(StyleData, DamageIsReportedAndTheRestUsed) {
+  Processor good;
+  good.Set(kForeground, "Exposure", 0, 63);
+  const std::string style = good.processor.StyleData();
+  const std::string blend = "PROC" + Bytes("07 00 00 00 00 00 80 3E 05 00 00");
+
+  Processor p;
+  const std::string before = p.processor.StyleData();
+  for (const std::string& wrong : {std::string(), std::string("x"), style.substr(1),
+                                   std::string(48, '\x2F')}) {
+    EXPECT_EQ(p.processor.StyleData(wrong), StyleFault::kWrongHeader);
+    EXPECT_EQ(p.processor.StyleData(), before);
+  }
+  // A record that claims too much: reading goes on behind its header.
+  EXPECT_EQ(p.processor.StyleData(Header() + "LIES" + Bytes("FF FF FF FF") + blend),
+            StyleFault::kDamaged);
+  EXPECT_EQ(p.processor.BlendMode(), 5);
+  EXPECT_EQ(p.processor.BlendAlpha, 0.25F);
+  // Unknown records are passed over, a style without blend settings keeps them.
+  EXPECT_EQ(p.processor.StyleData(Header() + "NEWS" + Bytes("02 00 00 00 AA BB")),
+            StyleFault::kNone);
+  EXPECT_EQ(p.processor.BlendMode(), 5);
+  // A damaged dictionary leaves that stack as it was.
+  std::string broken = style;
+  broken[66] = 'X';
+  EXPECT_EQ(p.processor.StyleData(broken), StyleFault::kDamaged);
+  EXPECT_FALSE(p.processor.ItemVIaID(kExposure)->Enabled());
+  EXPECT_EQ(p.processor.BlendMode(), 0);
+  for (std::size_t length = 0; length < style.size(); length += 97) {
+    EXPECT_NE(p.processor.StyleData(style.substr(0, length)), StyleFault::kNone);
+  }
+}
+
+}  // namespace
+}  // namespace brivolant::test
