@@ -42,8 +42,7 @@ int Create(DocumentOptions& options, const CLI::App& command, bool verbose) {
   document.PreviewAfter = processor.Process(document.PreviewBase);
   document.StyleData = processor.StyleData();
   if (document.Save(package)) return kDone;
-  return Fail(
-      texts::Of(texts::kDocumentNotSaved, package.DisplayName(), worker.dialogs.Take()));
+  return Fail(texts::Of(texts::kDocumentNotSaved, package.DisplayName(), worker.dialogs.Take()));
 }
 
 QJsonObject Describe(BrivolantDocument& document) {
@@ -86,11 +85,10 @@ int Info(const DocumentOptions& options, bool verbose) {
   }
   for (auto entry = object.begin(); entry != object.end(); ++entry) {
     const QJsonValue value = entry.value();
-    const QString text = value.isArray()
-                             ? QString::number(value.toArray().at(0).toDouble()) +
-                                   QLatin1String(", ") +
-                                   QString::number(value.toArray().at(1).toDouble())
-                             : value.toVariant().toString();
+    const QString text = value.isArray() ? QString::number(value.toArray().at(0).toDouble()) +
+                                               QLatin1String(", ") +
+                                               QString::number(value.toArray().at(1).toDouble())
+                                         : value.toVariant().toString();
     PrintLine(entry.key().toStdString() + ": " + text.toStdString());
   }
   return kDone;

@@ -21,12 +21,12 @@ QJsonArray Controls(effectModule& module) {
   QJsonArray controls;
   for (int i = 0; i < module.ControlCount(); ++i) {
     const EffectModuleControl& control = module.Control(i);
-    controls.append(QJsonObject{
-        {ToQt("caption"), ToQt(control.Caption)},
-        {ToQt("type"), control.Type},
-        {ToQt("kind"), ToQt(kKindNames.at(static_cast<std::size_t>(control.Type)))},
-        {ToQt("tick"), ToJson(control.DrawLine)},
-        {ToQt("value"), ToJson(module.ControlValue(i))}});
+    controls.append(
+        QJsonObject{{ToQt("caption"), ToQt(control.Caption)},
+                    {ToQt("type"), control.Type},
+                    {ToQt("kind"), ToQt(kKindNames.at(static_cast<std::size_t>(control.Type)))},
+                    {ToQt("tick"), ToJson(control.DrawLine)},
+                    {ToQt("value"), ToJson(module.ControlValue(i))}});
   }
   return controls;
 }
@@ -121,11 +121,10 @@ int ShowStyle(const std::string& file, bool json, bool verbose) {
   processor.Startup();
   StyleFault fault = StyleFault::kNone;
   const StyleContent content = ReadStyleData(*style, fault);
-  QJsonObject result{
-      {ToQt("foreground"), StackOfStyle(content.Foreground.value_or(Dictionary()),
-                                        processor.stacks[kForeground])},
-      {ToQt("background"), StackOfStyle(content.Background.value_or(Dictionary()),
-                                        processor.stacks[kBackground])}};
+  QJsonObject result{{ToQt("foreground"), StackOfStyle(content.Foreground.value_or(Dictionary()),
+                                                       processor.stacks[kForeground])},
+                     {ToQt("background"), StackOfStyle(content.Background.value_or(Dictionary()),
+                                                       processor.stacks[kBackground])}};
   if (content.BlendAlpha) result.insert(ToQt("blendAlpha"), ToJson(*content.BlendAlpha));
   if (content.BlendMode) {
     result.insert(ToQt("blendMode"), *content.BlendMode);
@@ -149,11 +148,12 @@ QJsonArray Extensions(std::string_view list) {
 }
 
 /// What the codecs read beside the registered special formats.
-constexpr std::array<FileType, 5> kCommonReadable{{{"WebP image", "webp", {}, {}, {}},
-                                                   {"HEIF image", "heic;heif;avif", {}, {}, {}},
-                                                   {"SVG image", "svg;svgz", {}, {}, {}},
-                                                   {"JPEG XL image", "jxl", {}, {}, {}},
-                                                   {"Netpbm image", "ppm;pgm;pbm;pfm", {}, {}, {}}}};
+constexpr std::array<FileType, 5> kCommonReadable{
+    {{"WebP image", "webp", {}, {}, {}},
+     {"HEIF image", "heic;heif;avif", {}, {}, {}},
+     {"SVG image", "svg;svgz", {}, {}, {}},
+     {"JPEG XL image", "jxl", {}, {}, {}},
+     {"Netpbm image", "ppm;pgm;pbm;pfm", {}, {}, {}}}};
 
 int ListFormats(bool json) {
   QJsonArray readable;

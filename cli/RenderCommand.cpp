@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <CLI/CLI.hpp>
-#include <chrono>
 #include <charconv>
+#include <chrono>
 #include <set>
 
 #include "cli/Commands.h"
@@ -53,8 +53,7 @@ bool OpenInput(const FolderItem& input, BrivolantDocument& document,
                 : told;
     return false;
   }
-  if (!document.StyleData.empty() &&
-      processor.StyleData(document.StyleData) != StyleFault::kNone) {
+  if (!document.StyleData.empty() && processor.StyleData(document.StyleData) != StyleFault::kNone) {
     error = texts::Of(texts::kDamagedStyle, input.DisplayName());
     return false;
   }
@@ -133,7 +132,8 @@ bool ParseFit(const std::string& text, std::optional<Pair>& fit) {
 
 /// A name for each input in the folder: its own, with an extension that can be written, and a
 /// number where two inputs would meet.
-std::vector<FolderItem> OutputsIn(const FolderItem& folder, const std::vector<std::string>& inputs) {
+std::vector<FolderItem> OutputsIn(const FolderItem& folder,
+                                  const std::vector<std::string>& inputs) {
   std::vector<FolderItem> outputs;
   std::set<std::string> taken;
   for (const std::string& text : inputs) {
@@ -196,8 +196,7 @@ int RunRender(RenderOptions& options, const CLI::App& command, bool verbose) {
   if (!options.folder.empty()) {
     const FolderItem folder(options.folder);
     if (const std::error_code failure = folder.CreateAsFolder()) {
-      PrintError(
-          texts::Of(texts::kCannotMakeFolder, folder.DisplayName(), failure.message()));
+      PrintError(texts::Of(texts::kCannotMakeFolder, folder.DisplayName(), failure.message()));
       return kFileFailed;
     }
   }
@@ -209,9 +208,8 @@ int RunRender(RenderOptions& options, const CLI::App& command, bool verbose) {
     RenderTimes times;
     std::string why;
     const FolderItem input(options.inputs[static_cast<std::size_t>(index)]);
-    const bool done =
-        RenderFile(input, outputs[static_cast<std::size_t>(index)], options.edits, options.output,
-                   worker, times, index == 0 ? &style : nullptr, why);
+    const bool done = RenderFile(input, outputs[static_cast<std::size_t>(index)], options.edits,
+                                 options.output, worker, times, index == 0 ? &style : nullptr, why);
     if (!done) PrintError(why);
     if (done && options.timing) PrintTiming(input, times);
     bar.Advance();
@@ -244,9 +242,7 @@ void AddRenderCommand(CLI::App& program, const Common& common, Action& action) {
   command->add_flag("--progress", options->progress, texts::kProgress.Text());
   command->add_flag("--timing", options->timing, texts::kTiming.Text());
   command->callback([options, command, &common, &action] {
-    action = [options, command, &common] {
-      return RunRender(*options, *command, common.verbose);
-    };
+    action = [options, command, &common] { return RunRender(*options, *command, common.verbose); };
   });
 }
 

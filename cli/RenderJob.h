@@ -27,8 +27,7 @@ struct OutputOptions {
 /// Loads an image or a document into `document` and `processor`. False and a sentence in `error` on
 /// failure.
 [[nodiscard]] bool OpenInput(const FolderItem& input, BrivolantDocument& document,
-                             brivolantProcessorLite& processor, Worker& worker,
-                             std::string& error);
+                             brivolantProcessorLite& processor, Worker& worker, std::string& error);
 /// Renders one file. False and a sentence in `error` on failure. `style` receives the style data
 /// if it is not null.
 [[nodiscard]] bool RenderFile(const FolderItem& input, const FolderItem& output,

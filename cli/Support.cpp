@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "cli/Support.h"
 
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <QJsonArray>
@@ -10,6 +9,7 @@
 #include <atomic>
 #include <cmath>
 #include <cstdio>
+#include <fstream>
 #include <thread>
 
 #include "platform/values/Text.h"
@@ -35,17 +35,17 @@ void CollectingDialogs::Message(const std::string& message, const std::string& e
   if (!explanation.empty()) said_ += ' ' + explanation;
 }
 
-std::string CollectingDialogs::Take() { return OneLine(std::exchange(said_, {})); }
+std::string CollectingDialogs::Take() {
+  return OneLine(std::exchange(said_, {}));
+}
 
 void OptionalLog::Write(std::string_view line) {
   if (shown_) PrintError(std::string(line));
 }
 
 Worker::Worker(bool verbose)
-    : log(verbose),
-      user(log),
-      temporary(random),
-      services{log, dialogs, user, temporary, clock, random} {}
+    : log(verbose), user(log), temporary(random), services{log,       dialogs, user,
+                                                           temporary, clock,   random} {}
 
 void PrintError(const std::string& sentence) {
   const std::lock_guard lock(Output());
@@ -59,14 +59,16 @@ void PrintLine(const std::string& line) {
 }
 
 void PrintJson(const QJsonValue& value, bool indented) {
-  const QJsonDocument document = value.isArray() ? QJsonDocument(value.toArray())
-                                                 : QJsonDocument(value.toObject());
+  const QJsonDocument document =
+      value.isArray() ? QJsonDocument(value.toArray()) : QJsonDocument(value.toObject());
   PrintLine(document.toJson(indented ? QJsonDocument::Indented : QJsonDocument::Compact)
                 .trimmed()
                 .toStdString());
 }
 
-QString ToQt(std::string_view text) { return QString::fromStdString(EnsureUTF8(text)); }
+QString ToQt(std::string_view text) {
+  return QString::fromStdString(EnsureUTF8(text));
+}
 
 QJsonValue ToJson(const Variant& value) {
   if (const auto* flag = value.As<bool>()) return *flag;
@@ -109,9 +111,8 @@ void ProgressBar::Advance() {
 void ProgressBar::Draw() const {
   constexpr int kWidth = 40;
   const int filled = total_ == 0 ? kWidth : kWidth * done_ / total_;
-  const std::string bar =
-      std::string(static_cast<std::size_t>(filled), '#') +
-      std::string(static_cast<std::size_t>(kWidth - filled), '.');
+  const std::string bar = std::string(static_cast<std::size_t>(filled), '#') +
+                          std::string(static_cast<std::size_t>(kWidth - filled), '.');
   std::fprintf(stderr, "\r[%s] %d of %d", bar.c_str(), done_, total_);
   std::fflush(stderr);
 }
@@ -134,9 +135,12 @@ int RunJobs(int count, int jobs, const std::function<bool(int)>& work) {
 }
 
 std::int64_t PeakMemory() {
-  rusage usage{};
-  getrusage(RUSAGE_SELF, &usage);
-  return std::int64_t{usage.ru_maxrss} * 1024;
+  // The counter of getrusage also holds what the parent used before this program was started.
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);) {
+    if (line.starts_with("VmHWM:")) return Variant(line.substr(6)).ToInt() * std::int64_t{1024};
+  }
+  return 0;
 }
 
 }  // namespace brivolant::cli

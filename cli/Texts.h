@@ -11,8 +11,7 @@ inline constexpr LocalizedText kAbout{
 inline constexpr LocalizedText kVerbose{"cli.kVerbose", "Show log lines"};
 inline constexpr LocalizedText kRender{"cli.kRender", "Apply effects to images or documents"};
 inline constexpr LocalizedText kModules{"cli.kModules", "List every effect and its settings"};
-inline constexpr LocalizedText kStyle{"cli.kStyle",
-                                      "Show the style in a style file or a document"};
+inline constexpr LocalizedText kStyle{"cli.kStyle", "Show the style in a style file or a document"};
 inline constexpr LocalizedText kDocument{"cli.kDocument", "Work with document packages"};
 inline constexpr LocalizedText kDocumentCreate{"cli.kDocumentCreate",
                                                "Make a document package from an image"};
@@ -79,8 +78,8 @@ inline constexpr LocalizedText kBadFit{"cli.kBadFit",
                                        "\"<text>\" is not a size: give it as WxH in pixels."};
 inline constexpr LocalizedText kNotStyle{"cli.kNotStyle",
                                          "The file \"<filename>\" is not style data."};
-inline constexpr LocalizedText kDamagedStyle{
-    "cli.kDamagedStyle", "The style data in \"<filename>\" is damaged."};
+inline constexpr LocalizedText kDamagedStyle{"cli.kDamagedStyle",
+                                             "The style data in \"<filename>\" is damaged."};
 inline constexpr LocalizedText kCannotRead{"cli.kCannotRead",
                                            "The file \"<filename>\" cannot be read."};
 inline constexpr LocalizedText kCannotWrite{"cli.kCannotWrite",
@@ -91,8 +90,8 @@ inline constexpr LocalizedText kDocumentFailed{
     "cli.kDocumentFailed", "The document \"<filename>\" cannot be opened: <reason>"};
 inline constexpr LocalizedText kDocumentNotSaved{
     "cli.kDocumentNotSaved", "The document \"<filename>\" cannot be saved: <reason>"};
-inline constexpr LocalizedText kExists{
-    "cli.kExists", "\"<filename>\" exists already; it was left as it is."};
+inline constexpr LocalizedText kExists{"cli.kExists",
+                                       "\"<filename>\" exists already; it was left as it is."};
 inline constexpr LocalizedText kWouldOverwrite{
     "cli.kWouldOverwrite",
     "\"<filename>\" is the original itself; it was left as it is. Choose another output."};

@@ -23,9 +23,10 @@ struct ThumbnailOptions {
 FolderItem Shown(const FolderItem& input, int size) {
   constexpr int kThumbnailSize = 256;
   if (!input.Directory()) return input;
-  for (const std::string_view name : {size <= kThumbnailSize ? BrivolantDocument::kThumbnailName
-                                                             : BrivolantDocument::kMidSizePreviewName,
-                                      BrivolantDocument::kMidSizePreviewName}) {
+  for (const std::string_view name :
+       {size <= kThumbnailSize ? BrivolantDocument::kThumbnailName
+                               : BrivolantDocument::kMidSizePreviewName,
+        BrivolantDocument::kMidSizePreviewName}) {
     if (input.Child(name).Exists()) return input.Child(name);
   }
   return input;
@@ -84,10 +85,8 @@ void AddThumbnailCommand(CLI::App& program, const Common&, Action& action) {
   auto options = std::make_shared<ThumbnailOptions>();
   command->add_option("INPUT", options->inputs, texts::kInput.Text())->required();
   command->add_option("--out-dir", options->folder, texts::kOutDir.Text())->required();
-  command->add_option("--size", options->size, texts::kSize.Text())
-      ->check(CLI::Range(1, 10000));
-  command->callback(
-      [options, &action] { action = [options] { return RunThumbnails(*options); }; });
+  command->add_option("--size", options->size, texts::kSize.Text())->check(CLI::Range(1, 10000));
+  command->callback([options, &action] { action = [options] { return RunThumbnails(*options); }; });
 }
 
 }  // namespace brivolant::cli

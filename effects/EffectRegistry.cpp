@@ -28,15 +28,13 @@ struct Named {
 
 template <class Module>
 constexpr ModuleEntry Effect(std::string_view name) {
-  return {name, name, [](Stack) -> std::unique_ptr<effectModule> {
-            return std::make_unique<Module>();
-          }};
+  return {name, name,
+          [](Stack) -> std::unique_ptr<effectModule> { return std::make_unique<Module>(); }};
 }
 
 template <const Named& kNamed>
 constexpr ModuleEntry Divider() {
-  return {"EffectModuleDivider", "EffectModuleDivider",
-          [](Stack) -> std::unique_ptr<effectModule> {
+  return {"EffectModuleDivider", "EffectModuleDivider", [](Stack) -> std::unique_ptr<effectModule> {
             return std::make_unique<EffectModuleDivider>(
                 kNamed.name.Text(), std::string(kNamed.icon), std::string(kNamed.id));
           }};
@@ -72,7 +70,9 @@ constexpr Named kFinishes{"0756B539-CD93-AD22-CB8D-D02A2FF15DA5",
                           "effectListFinishes.png"};
 
 #define BRIVOLANT_PENDING(constant, id, class, text) \
-  constexpr Named constant { id, {class ".kName", text}, {} }
+  constexpr Named constant {                         \
+    id, {class ".kName", text}, {}                   \
+  }
 BRIVOLANT_PENDING(kBarrel, "22BEFEB7-2944-6DE5-F57E-DFE98DF1D845", "EffectModuleBarrelDistortion",
                   "Barrel Distortion");
 BRIVOLANT_PENDING(kSharpen, "5B350827-F6A9-3E34-0A70-990F7B550769", "EffectModuleSharpen",
@@ -114,29 +114,25 @@ BRIVOLANT_PENDING(kLineArt, "0BDF9AD3-852D-855C-82F2-D7830B635FD6", "EffectModul
 BRIVOLANT_PENDING(kMosaic, "7FFFFFFF-0A01-FC1E-5CF8-D5EBC600183D", "EffectModuleMosaic", "Mosaic");
 BRIVOLANT_PENDING(kOilPainting, "7FFFFFFF-023A-4E6B-9007-9285482F4F50", "EffectModuleOilPainting",
                   "Oil Painting");
-BRIVOLANT_PENDING(kPopArt, "5271AE9B-A57E-1FD4-D2CC-2970B29CD03F", "EffectModulePopArt",
-                  "Pop Art");
+BRIVOLANT_PENDING(kPopArt, "5271AE9B-A57E-1FD4-D2CC-2970B29CD03F", "EffectModulePopArt", "Pop Art");
 BRIVOLANT_PENDING(kForegroundScale, "6538471D-51C4-6A7B-FE80-6B09BA5EAC32",
                   "EffectModuleForegroundScale", "Scale Layer");
 BRIVOLANT_PENDING(kBackgroundScale, "404C05B7-3F0B-1122-DAF4-1948DA9032F3",
                   "EffectModuleBackgroundScale", "Scale Layer");
 BRIVOLANT_PENDING(kSegment, "3C80E86B-331A-3C40-B7DF-2C5AA2E88F87", "EffectModuleSegment",
                   "Segment");
-BRIVOLANT_PENDING(kString, "7FFFFFFF-0F4A-DF74-A393-4BA94AC514F7", "EffectModuleString",
-                  "Strings");
+BRIVOLANT_PENDING(kString, "7FFFFFFF-0F4A-DF74-A393-4BA94AC514F7", "EffectModuleString", "Strings");
 BRIVOLANT_PENDING(kText, "150B71E5-A262-009C-42A9-CD07B87C0B76", "EffectModuleText", "Text");
 BRIVOLANT_PENDING(kTexture, "4DD95F09-F9ED-A5C3-F38F-EC4F5C760FA0", "EffectModuleTexture",
                   "Texture");
 BRIVOLANT_PENDING(kWave, "7FFFFFFF-9141-7F3B-2928-36DFC5F5CC73", "EffectModuleWave", "Wave");
 BRIVOLANT_PENDING(kWaterdrops, "7FFFFFFF-6EDA-E3AC-9108-9A3086CD24E7", "EffectModuleWaterdrops",
                   "Water Drops");
-BRIVOLANT_PENDING(kOutline, "70325F49-FB0D-5FA0-251B-1CF7387C3762", "EffectModuleOutline",
-                  "Matte");
+BRIVOLANT_PENDING(kOutline, "70325F49-FB0D-5FA0-251B-1CF7387C3762", "EffectModuleOutline", "Matte");
 BRIVOLANT_PENDING(kVignette, "0F62EDAB-27E1-55C8-F332-BDA8872B9C70", "EffectModuleVignette",
                   "Vignette");
 BRIVOLANT_PENDING(kGloss, "17629B63-4AC7-83B3-B805-B7D5CE5360B0", "EffectModuleGloss", "Gloss");
-BRIVOLANT_PENDING(kBorder, "722F92BB-914A-BE34-7B81-40D006AE5CE4", "EffectModuleBorder",
-                  "Borders");
+BRIVOLANT_PENDING(kBorder, "722F92BB-914A-BE34-7B81-40D006AE5CE4", "EffectModuleBorder", "Borders");
 BRIVOLANT_PENDING(kReflection, "7FFFFFFF-868D-CF59-2D15-F7BDFA4F5D04", "EffectModuleReflection",
                   "Reflection");
 #undef BRIVOLANT_PENDING
@@ -197,6 +193,8 @@ constexpr std::array kEntries{
 
 }  // namespace
 
-ModuleRegistry EffectRegistry() { return kEntries; }
+ModuleRegistry EffectRegistry() {
+  return kEntries;
+}
 
 }  // namespace brivolant

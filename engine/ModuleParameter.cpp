@@ -17,16 +17,34 @@ float Convert(const Variant& value, float fallback) {
 int Convert(const Variant& value, int fallback) {
   return std::isfinite(value.ToDouble()) ? value.ToInt() : fallback;
 }
-bool Convert(const Variant& value, bool) { return value.ToBool(); }
-Color Convert(const Variant& value, Color) { return value.ToColor(); }
-std::string Convert(const Variant& value, const std::string&) { return value.ToText(); }
+bool Convert(const Variant& value, bool) {
+  return value.ToBool();
+}
+Color Convert(const Variant& value, Color) {
+  return value.ToColor();
+}
+std::string Convert(const Variant& value, const std::string&) {
+  return value.ToText();
+}
 
-const char* NameOf(double) { return "double"; }
-const char* NameOf(float) { return "single"; }
-const char* NameOf(int) { return "integer"; }
-const char* NameOf(bool) { return "boolean"; }
-const char* NameOf(Color) { return "colour"; }
-const char* NameOf(const std::string&) { return "string"; }
+const char* NameOf(double) {
+  return "double";
+}
+const char* NameOf(float) {
+  return "single";
+}
+const char* NameOf(int) {
+  return "integer";
+}
+const char* NameOf(bool) {
+  return "boolean";
+}
+const char* NameOf(Color) {
+  return "colour";
+}
+const char* NameOf(const std::string&) {
+  return "string";
+}
 
 }  // namespace parameters
 

@@ -181,8 +181,7 @@ class SliderParameter final : public Parameter<T>, public ControlRow {
 /// A yes or no set by a check box.
 class CheckBoxParameter final : public Parameter<bool>, public ControlRow {
  public:
-  CheckBoxParameter(effectModule& owner, const Setting<bool>& setting,
-                    const LocalizedText& caption)
+  CheckBoxParameter(effectModule& owner, const Setting<bool>& setting, const LocalizedText& caption)
       : Parameter<bool>(owner, setting), ControlRow(owner), caption_(caption) {}
   using Parameter<bool>::operator=;
 

@@ -30,7 +30,9 @@ Picture ScaledTo(const Picture& picture, const std::optional<Point>& size) {
                                      SharedPictureEffects::kScaleExactly);
 }
 
-const Point* Address(const std::optional<Point>& point) { return point ? &*point : nullptr; }
+const Point* Address(const std::optional<Point>& point) {
+  return point ? &*point : nullptr;
+}
 
 }  // namespace
 

@@ -73,17 +73,18 @@ void brivolantProcessorLite::CheckIdentifiers() {
     for (const auto& module : stack) {
       const auto [known, added] = names.try_emplace(module->ID(), module->Name());
       if (!added) {
-        services_.Dialogs.Message(
-            WithPlaceholders(kSameID.Text(),
-                             {{"<module>", module->Name()}, {"<other>", known->second}}),
-            {});
+        services_.Dialogs.Message(WithPlaceholders(kSameID.Text(), {{"<module>", module->Name()},
+                                                                    {"<other>", known->second}}),
+                                  {});
       }
       module->ResetSettings();
     }
   }
 }
 
-int brivolantProcessorLite::Count() const { return static_cast<int>(Current().size()) - 1; }
+int brivolantProcessorLite::Count() const {
+  return static_cast<int>(Current().size()) - 1;
+}
 
 effectModule* brivolantProcessorLite::item(int index) const {
   return index < 0 || index > Count() ? nullptr : Current()[static_cast<std::size_t>(index)].get();

@@ -18,26 +18,16 @@ struct Signature {
   std::string_view kind;
 };
 constexpr std::array<Signature, 20> kSignatures{{
-    {"FFD8FFE0", 0, "", "JPG"},
-    {"FFD8FFE1", 0, "", "JPG"},
-    {"49492A00", 0, "", "TIF"},
-    {"4D4D002A", 0, "", "TIF"},
-    {"3C3F786D", 0, "", "XML"},
-    {"4D546864", 0, "", "MID"},
-    {"47494638", 0, "", "GIF"},
-    {"25504446", 0, "", "PDF"},
-    {"38425053", 0, "", "PSD"},
-    {"2E524D46", 0, "", "RMF"},
-    {"52494646", 4, "41434F4E", "ANI"},
-    {"52494646", 4, "41564920", "AVI"},
-    {"52494646", 4, "524D4944", "RMI"},
-    {"52494646", 4, "57415645", "WAV"},
-    {"D7CDC69A", 0, "", "WMF"},
-    {"01000000", 0, "", "EMF"},
-    {"000001BA", 0, "", "MPG"},
-    {"89504E47", 0, "0D0A1A0A", "PNG"},
-    {"7B5C7274", 0, "6631", "RTF"},
-    {"3026B275", 0, "8E66CF11A6D900AA0062CE6C", "ASF"},
+    {"FFD8FFE0", 0, "", "JPG"},         {"FFD8FFE1", 0, "", "JPG"},
+    {"49492A00", 0, "", "TIF"},         {"4D4D002A", 0, "", "TIF"},
+    {"3C3F786D", 0, "", "XML"},         {"4D546864", 0, "", "MID"},
+    {"47494638", 0, "", "GIF"},         {"25504446", 0, "", "PDF"},
+    {"38425053", 0, "", "PSD"},         {"2E524D46", 0, "", "RMF"},
+    {"52494646", 4, "41434F4E", "ANI"}, {"52494646", 4, "41564920", "AVI"},
+    {"52494646", 4, "524D4944", "RMI"}, {"52494646", 4, "57415645", "WAV"},
+    {"D7CDC69A", 0, "", "WMF"},         {"01000000", 0, "", "EMF"},
+    {"000001BA", 0, "", "MPG"},         {"89504E47", 0, "0D0A1A0A", "PNG"},
+    {"7B5C7274", 0, "6631", "RTF"},     {"3026B275", 0, "8E66CF11A6D900AA0062CE6C", "ASF"},
 }};
 
 struct BaseType {
@@ -45,10 +35,24 @@ struct BaseType {
   std::string_view base;
 };
 constexpr std::array<BaseType, 18> kBaseTypes{{
-    {"JPG", "Image"}, {"GIF", "Image"}, {"TIF", "Image"}, {"BMP", "Image"}, {"PSD", "Image"},
-    {"PCT", "Image"}, {"WMF", "Image"}, {"EMF", "Image"}, {"PNG", "Image"}, {"RMF", "Movie"},
-    {"AVI", "Movie"}, {"MPG", "Movie"}, {"MOV", "Movie"}, {"MP4", "Movie"}, {"ASF", "Movie"},
-    {"WAV", "Sound"}, {"AMR", "Sound"}, {"MP3", "Sound"},
+    {"JPG", "Image"},
+    {"GIF", "Image"},
+    {"TIF", "Image"},
+    {"BMP", "Image"},
+    {"PSD", "Image"},
+    {"PCT", "Image"},
+    {"WMF", "Image"},
+    {"EMF", "Image"},
+    {"PNG", "Image"},
+    {"RMF", "Movie"},
+    {"AVI", "Movie"},
+    {"MPG", "Movie"},
+    {"MOV", "Movie"},
+    {"MP4", "Movie"},
+    {"ASF", "Movie"},
+    {"WAV", "Sound"},
+    {"AMR", "Sound"},
+    {"MP3", "Sound"},
 }};
 
 /// The beginning of a file and its last 128 bytes.
@@ -159,9 +163,8 @@ bool isFileType(const brivolant::FolderItem& file, const FileType* type) {
   const std::string extension = FileExtension(file);
   if (extension.empty()) return false;
   const auto fields = Split(type->Extensions, ';');
-  return std::any_of(fields.begin(), fields.end(), [&](std::string_view field) {
-    return EqualIgnoringCase(field, extension);
-  });
+  return std::any_of(fields.begin(), fields.end(),
+                     [&](std::string_view field) { return EqualIgnoringCase(field, extension); });
 }
 
 std::string Kind(const brivolant::FolderItem& file) {

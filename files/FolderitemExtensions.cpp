@@ -88,7 +88,9 @@ constexpr std::string_view kUriList = "text/uri-list";
 
 using Item = brivolant::FolderItem;
 
-bool BrokenAlias(const Item& file) { return file.Alias() && !file.Exists(); }
+bool BrokenAlias(const Item& file) {
+  return file.Alias() && !file.Exists();
+}
 
 /// The device that holds a file, without following a link.
 dev_t DeviceOf(const Item& file) {
@@ -147,8 +149,7 @@ bool Package(const Item& file) {
 
 std::string Comment(const Item& file) {
   std::array<char, 4096> text{};
-  const ssize_t size =
-      getxattr(file.Path().c_str(), "user.xdg.comment", text.data(), text.size());
+  const ssize_t size = getxattr(file.Path().c_str(), "user.xdg.comment", text.data(), text.size());
   return size > 0 ? EnsureUTF8({text.data(), static_cast<std::size_t>(size)}) : std::string();
 }
 
@@ -159,9 +160,13 @@ Item OriginalFile(const Item& file) {
   return error ? file : Item(original);
 }
 
-VolumeItem Volume(const Item& file) { return VolumeItem(TopOfVolume(file)); }
+VolumeItem Volume(const Item& file) {
+  return VolumeItem(TopOfVolume(file));
+}
 
-std::string UnixPath(const Item& file) { return file.ShellPath(); }
+std::string UnixPath(const Item& file) {
+  return file.ShellPath();
+}
 
 bool MoveToTrash(const Item& file) {
   if (file.IsNil() || (!file.Exists() && !file.Alias())) return false;
@@ -172,8 +177,7 @@ bool MoveToTrash(const Item& file) {
   // if it is a real folder with the sticky bit.
   const Item top = TopOfVolume(file);
   const std::string user = std::to_string(getuid());
-  const std::string relative =
-      file.Path().lexically_relative(top.Path()).string();
+  const std::string relative = file.Path().lexically_relative(top.Path()).string();
   struct stat status {};
   const Item shared = top.Child(".Trash");
   if (lstat(shared.Path().c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
@@ -183,7 +187,9 @@ bool MoveToTrash(const Item& file) {
   return MoveInto(top.Child(".Trash-" + user), file, relative);
 }
 
-bool Reveal(const Item& file, Desktop& desktop) { return desktop.Reveal(file); }
+bool Reveal(const Item& file, Desktop& desktop) {
+  return desktop.Reveal(file);
+}
 
 bool MakeAlias(const Item& source, const Item& target) {
   std::error_code error;
@@ -252,7 +258,9 @@ std::string AsFileSize(double bytes, std::string_view suffix) {
   return bytes < 0 ? "-" + text : text;
 }
 
-bool FolderItemAvailable(const brivolant::Clipboard& clipboard) { return clipboard.Has(kUriList); }
+bool FolderItemAvailable(const brivolant::Clipboard& clipboard) {
+  return clipboard.Has(kUriList);
+}
 
 Item FolderItem(const brivolant::Clipboard& clipboard) {
   const std::string list = clipboard.Data(kUriList);

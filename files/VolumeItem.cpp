@@ -64,11 +64,18 @@ bool VolumeItem::isRemote() const {
   return std::find(kRemoteKinds.begin(), kRemoteKinds.end(), kind) != kRemoteKinds.end();
 }
 
-bool VolumeItem::Ejectable() const { return isRemote() || Removable(root_); }
+bool VolumeItem::Ejectable() const {
+  return isRemote() || Removable(root_);
+}
 
 std::string VolumeItem::Media() const {
   if (isRemote()) {
-    return Child("\xEF\xBB\xBF" "About your iDisk.rtf").Exists() ? "iDisk" : kMediaRemote.Text();
+    return Child(
+               "\xEF\xBB\xBF"
+               "About your iDisk.rtf")
+                   .Exists()
+               ? "iDisk"
+               : kMediaRemote.Text();
   }
   if (!Ejectable()) return kMediaFixedDisk.Text();
   if (Child("iPod_Control").Exists()) return "iPod";

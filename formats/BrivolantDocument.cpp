@@ -37,8 +37,8 @@ void BrivolantDocument::SetDefaults() {
 }
 
 void BrivolantDocument::MakeTemporaryPackage() {
-  File = PackageFor(services_.TemporaryFiles.Child(
-      otherSharedComponents::NewGUID(services_.Random)));
+  File =
+      PackageFor(services_.TemporaryFiles.Child(otherSharedComponents::NewGUID(services_.Random)));
   if (!Save()) return;
   tFile = File;
 }

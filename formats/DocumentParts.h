@@ -30,9 +30,8 @@ bool IsPlainName(std::string_view name);
 bool IsFreeName(std::string_view name, std::string_view originalImageID);
 
 namespace documentTexts {
-inline constexpr LocalizedText kMissingSettings{
-    "BrivolantDocument.kMissingSettings",
-    "Missing the settings segment form the data file."};
+inline constexpr LocalizedText kMissingSettings{"BrivolantDocument.kMissingSettings",
+                                                "Missing the settings segment form the data file."};
 inline constexpr LocalizedText kUnreadableSettings{
     "BrivolantDocument.kUnreadableSettings",
     "Unable to read the settings segment form the data file."};

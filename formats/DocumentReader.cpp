@@ -33,10 +33,9 @@ std::string ReadText(BinaryStream& stream) {
 }
 
 std::string WrongData(const FolderItem& file) {
-  return WithPlaceholders(
-      FolderitemExtensions::kErrorMessageFileContainsIncorrectData.Text(),
-      {{"<filename>", file.DisplayName()},
-       {"<filetype>", InternalFileTypes::BrivolantPhotosDocument.Name}});
+  return WithPlaceholders(FolderitemExtensions::kErrorMessageFileContainsIncorrectData.Text(),
+                          {{"<filename>", file.DisplayName()},
+                           {"<filetype>", InternalFileTypes::BrivolantPhotosDocument.Name}});
 }
 
 }  // namespace
@@ -84,9 +83,8 @@ bool BrivolantDocument::LoadOneFile(const FolderItem& file) {
   constexpr std::uint64_t kLongestBody = std::uint64_t{1} << 30;
   const std::string trailer = ReadTail(file, kTrailer);
   if (trailer.empty() && file.Length() > 0) {
-    lastErrorMessage =
-        WithPlaceholders(FolderitemExtensions::kErrorMessageUnableToRead.Text(),
-                         {{"<filename>", file.DisplayName()}});
+    lastErrorMessage = WithPlaceholders(FolderitemExtensions::kErrorMessageUnableToRead.Text(),
+                                        {{"<filename>", file.DisplayName()}});
     return false;
   }
   const std::string mark = std::string(InternalFileTypes::kCreator) +
@@ -217,8 +215,8 @@ bool BrivolantDocument::ReadOldBody(std::string_view bytes) {
 }
 
 bool IsPlainName(std::string_view name) {
-  return !name.empty() && name != "." && name != ".." &&
-         name.find('/') == std::string_view::npos && name.find('\0') == std::string_view::npos;
+  return !name.empty() && name != "." && name != ".." && name.find('/') == std::string_view::npos &&
+         name.find('\0') == std::string_view::npos;
 }
 
 bool IsFreeName(std::string_view name, std::string_view originalImageID) {

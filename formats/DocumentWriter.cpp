@@ -73,9 +73,8 @@ FolderItem BrivolantDocument::PackageFor(const FolderItem& file) {
   if (FolderitemExtensions::isFileType(file, &InternalFileTypes::BrivolantPhotosDocument)) {
     return file;
   }
-  return file.Parent().Child(
-      FolderitemExtensions::FileNameWithoutExtension(file) + "." +
-      std::string(InternalFileTypes::BrivolantPhotosDocument.Extensions));
+  return file.Parent().Child(FolderitemExtensions::FileNameWithoutExtension(file) + "." +
+                             std::string(InternalFileTypes::BrivolantPhotosDocument.Extensions));
 }
 
 bool BrivolantDocument::Save(const FolderItem& file) {
@@ -151,16 +150,15 @@ bool BrivolantDocument::WriteOriginal(const FolderItem& package) {
     return true;
   }
   const Picture& picture = ImageOriginal();
-  const FolderItem jpeg =
-      package.Child(otherSharedComponents::NewGUID(services_.Random) + ".jpg");
+  const FolderItem jpeg = package.Child(otherSharedComponents::NewGUID(services_.Random) + ".jpg");
   std::string error;
   if (!ImageIO::SaveAsJPEG(jpeg, picture, 1.0, error)) {
     services_.Log.Write(error);
     return false;
   }
-  if (!WriteDocumentTags(jpeg, {Name, Creator, Copyright, CreatedWith, picture.Width(),
-                                picture.Height(), picture.HorizontalResolution,
-                                picture.VerticalResolution})) {
+  if (!WriteDocumentTags(jpeg,
+                         {Name, Creator, Copyright, CreatedWith, picture.Width(), picture.Height(),
+                          picture.HorizontalResolution, picture.VerticalResolution})) {
     services_.Log.Write("The image \"" + jpeg.Name() + "\" could not be tagged.");
   }
   OriginalImageID = jpeg.Name();
@@ -175,10 +173,9 @@ std::string BrivolantDocument::SettingsBytes() const {
   data.Add(kItemCreatedWith, CreatedWith);
   data.Add(kItemCreator, Creator);
   data.Add(kItemCrop, Crop);
-  data.Add(kItemCropRectangle, ThreeDecimals(CropOffSet.Left) + ' ' +
-                                   ThreeDecimals(CropOffSet.Right) + ' ' +
-                                   ThreeDecimals(CropSize.Left) + ' ' +
-                                   ThreeDecimals(CropSize.Right));
+  data.Add(kItemCropRectangle,
+           ThreeDecimals(CropOffSet.Left) + ' ' + ThreeDecimals(CropOffSet.Right) + ' ' +
+               ThreeDecimals(CropSize.Left) + ' ' + ThreeDecimals(CropSize.Right));
   data.Add(kItemFlip, Flip);
   data.Add(kItemName, Name);
   data.Add(kItemRotation, Rotation);

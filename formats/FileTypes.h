@@ -11,24 +11,24 @@ namespace brivolant {
 /// The program's own file types.
 namespace InternalFileTypes {
 inline constexpr std::string_view kCreator = "QMBP";
-inline constexpr FileType BrivolantPhotosOneClickWonder{"Brivolant Photos 1-Click Style",
-                                                        "oneClick", "onCW", kCreator, {}};
-inline constexpr FileType BrivolantPhotosDocument{"Brivolant Photos Document", "brvPhoto", "brPh",
-                                                  kCreator, {}};
-inline constexpr FileType BrivolantPhotosBorder{"Brivolant Photos Border", "brvBorder", "BORD",
-                                                kCreator, {}};
-inline constexpr FileType BrivolantPhotosTextEffects{"Brivolant Photos Text Effects", "brvEffects",
-                                                     "TXEF", kCreator, {}};
-inline constexpr FileType BrivolantPhotosCombinerLayouts{"Brivolant Photos Combiner Layouts",
-                                                         "cLay", "cLay", kCreator, {}};
-inline constexpr FileType BrivolantPhotosSidebarItems{"Brivolant Photos Sidebar Items", "sbit",
-                                                      "sbit", kCreator, {}};
-inline constexpr FileType BrivolantPhotosHelpLink{"Brivolant Photos Help Link", "brvhlnk", "HLNK",
-                                                  kCreator, {}};
+inline constexpr FileType BrivolantPhotosOneClickWonder{
+    "Brivolant Photos 1-Click Style", "oneClick", "onCW", kCreator, {}};
+inline constexpr FileType BrivolantPhotosDocument{
+    "Brivolant Photos Document", "brvPhoto", "brPh", kCreator, {}};
+inline constexpr FileType BrivolantPhotosBorder{
+    "Brivolant Photos Border", "brvBorder", "BORD", kCreator, {}};
+inline constexpr FileType BrivolantPhotosTextEffects{
+    "Brivolant Photos Text Effects", "brvEffects", "TXEF", kCreator, {}};
+inline constexpr FileType BrivolantPhotosCombinerLayouts{
+    "Brivolant Photos Combiner Layouts", "cLay", "cLay", kCreator, {}};
+inline constexpr FileType BrivolantPhotosSidebarItems{
+    "Brivolant Photos Sidebar Items", "sbit", "sbit", kCreator, {}};
+inline constexpr FileType BrivolantPhotosHelpLink{
+    "Brivolant Photos Help Link", "brvhlnk", "HLNK", kCreator, {}};
 inline constexpr std::array<const FileType*, 7> kAll{
-    &BrivolantPhotosOneClickWonder,  &BrivolantPhotosDocument,     &BrivolantPhotosBorder,
-    &BrivolantPhotosTextEffects,     &BrivolantPhotosCombinerLayouts,
-    &BrivolantPhotosSidebarItems,    &BrivolantPhotosHelpLink};
+    &BrivolantPhotosOneClickWonder, &BrivolantPhotosDocument,        &BrivolantPhotosBorder,
+    &BrivolantPhotosTextEffects,    &BrivolantPhotosCombinerLayouts, &BrivolantPhotosSidebarItems,
+    &BrivolantPhotosHelpLink};
 }  // namespace InternalFileTypes
 
 /// Image formats that can be read beyond the common ones.
@@ -50,8 +50,7 @@ std::string All();
 namespace ImagesWritableMac {
 inline constexpr FileType Jpeg{"JPEG image", "jpg;jpe;jpeg", "JPEG", "", "public.jpeg"};
 inline constexpr FileType JPEG2000{"JPEG 2000 image", "jp2", "", "", "public.jpeg-2000"};
-inline constexpr FileType WindowsBitmap{"Windows bitmap image", "bmp", "", "",
-                                        "com.microsoft.bmp"};
+inline constexpr FileType WindowsBitmap{"Windows bitmap image", "bmp", "", "", "com.microsoft.bmp"};
 inline constexpr FileType PNG{"PNG image", "png", "PNGf", "", "public.png"};
 inline constexpr FileType PDF{"PDF document", "pdf", "", "", "com.adobe.pdf"};
 inline constexpr FileType Photoshop{"Adobe Photoshop document", "psd", "", "",

@@ -15,8 +15,8 @@ constexpr LocalizedText kDeadAlias{"ImageIO.kDeadAlias", "Dead Alias/Link: <path
 
 /// The order in which formats are tried by name: the last that fits wins.
 constexpr std::array<const FileType*, 11> kFormatOrder{
-    &ImagesWritableMac::WindowsBitmap, &ImagesWritableMac::GIF,  &ImagesWritableMac::Jpeg,
-    &ImagesWritableMac::JPEG2000,      &ImagesWritableMac::PDF,  &ImagesWritableMac::PICT,
+    &ImagesWritableMac::WindowsBitmap, &ImagesWritableMac::GIF,       &ImagesWritableMac::Jpeg,
+    &ImagesWritableMac::JPEG2000,      &ImagesWritableMac::PDF,       &ImagesWritableMac::PICT,
     &ImagesWritableMac::PNG,           &ImagesWritableMac::Photoshop, &ImagesWritableMac::SGI,
     &ImagesWritableMac::TGA,           &ImagesWritableMac::TIFF};
 

@@ -21,7 +21,9 @@ bool ToFile(const FolderItem& file, const std::string& bytes) {
 
 }  // namespace
 
-Picture JpegImporter::OpenFromString(std::string_view bytes) { return DecodeJpegBytes(bytes); }
+Picture JpegImporter::OpenFromString(std::string_view bytes) {
+  return DecodeJpegBytes(bytes);
+}
 Picture JpegImporter::OpenFromFile(const FolderItem& file) {
   return FromFile(file, OpenFromString);
 }

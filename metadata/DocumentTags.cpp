@@ -3,6 +3,8 @@
 
 namespace brivolant {
 
-bool WriteDocumentTags(const FolderItem& jpeg, const DocumentTags&) { return jpeg.Exists(); }
+bool WriteDocumentTags(const FolderItem& jpeg, const DocumentTags&) {
+  return jpeg.Exists();
+}
 
 }  // namespace brivolant

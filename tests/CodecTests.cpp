@@ -54,8 +54,9 @@ TEST(Codecs, EveryWritableFormatComesBack) {
       EXPECT_EQ(back.HorizontalResolution, 300);
     }
   }
-  EXPECT_THAT(EncodeImageFile(folder.Child("a.xyz"), "no.such", std::array<EncodeImage, 1>{{{picture, 1}}}),
-              HasSubstr("its format cannot be written"));
+  EXPECT_THAT(
+      EncodeImageFile(folder.Child("a.xyz"), "no.such", std::array<EncodeImage, 1>{{{picture, 1}}}),
+      HasSubstr("its format cannot be written"));
 }
 
 TEST(Codecs, AnotherReaderAgrees) {
@@ -63,8 +64,8 @@ TEST(Codecs, AnotherReaderAgrees) {
   TemporaryFolder folder;
   const Picture picture = Smooth(61, 37);
   const auto toolkit = [](const FolderItem& file) {
-    const QImage image = QImage(QString::fromStdString(file.ShellPath()))
-                             .convertToFormat(QImage::Format_RGB32);
+    const QImage image =
+        QImage(QString::fromStdString(file.ShellPath())).convertToFormat(QImage::Format_RGB32);
     Picture result = NewPicture(image.width(), image.height(), 24);
     for (int y = 0; y < image.height(); ++y) {
       std::memcpy(result.Edit().Row(y), image.constScanLine(y),
@@ -79,7 +80,8 @@ TEST(Codecs, AnotherReaderAgrees) {
   const FolderItem png = folder.Child("a.png");
   ASSERT_TRUE(PngExporter().SaveToFile(png, picture));
   EXPECT_TRUE(toolkit(png).SameAs(ImageIO::OpenAsPictureUsingImageIO(png, error)));
-  QImage(toolkit(png).AsImage().copy()).save(QString::fromStdString(folder.Child("b.bmp").ShellPath()));
+  QImage(toolkit(png).AsImage().copy())
+      .save(QString::fromStdString(folder.Child("b.bmp").ShellPath()));
   EXPECT_TRUE(ImageIO::OpenAsPictureUsingImageIO(folder.Child("b.bmp"), error).SameAs(picture));
 }
 
@@ -114,9 +116,9 @@ TEST(Codecs, TransparencyIsKeptOrLaidOnWhite) {
 TEST(Codecs, SeveralPicturesAndOpenModes) {
   TemporaryFolder folder;
   const FolderItem file = folder.Child("pages.tif");
-  const std::array<EncodeImage, 3> images{
-      {{PlainPicture(20, 10, {255, 0, 0}), 1}, {PlainPicture(20, 10, {0, 255, 0}), 1},
-       {PlainPicture(20, 10, {0, 0, 255}), 1}}};
+  const std::array<EncodeImage, 3> images{{{PlainPicture(20, 10, {255, 0, 0}), 1},
+                                           {PlainPicture(20, 10, {0, 255, 0}), 1},
+                                           {PlainPicture(20, 10, {0, 0, 255}), 1}}};
   ASSERT_EQ(EncodeImageFile(file, "public.tiff", images), "");
   std::string error;
   const auto all = ImageIO::OpenAsImageFile(file, ImageIO::kEverything, error);
@@ -180,7 +182,8 @@ TEST(Codecs, OrientationTurnsPicturesAndThumbnailsUpright) {
 TEST(Codecs, ThumbnailsKeepTheirBound) {
   TemporaryFolder folder;
   std::string error;
-  for (const auto& [w, h] : {std::pair{1000, 100}, {100, 1000}, {40, 30}, {3000, 2000}, {2049, 3}}) {
+  for (const auto& [w, h] :
+       {std::pair{1000, 100}, {100, 1000}, {40, 30}, {3000, 2000}, {2049, 3}}) {
     const FolderItem file = folder.Child("a.jpg");
     ASSERT_TRUE(ImageIO::SaveAsJPEG(file, Smooth(w, h), 0.9, error));
     const auto source = ImageSource::Open(file);
@@ -207,15 +210,15 @@ TEST(Codecs, BadFilesGiveOneSentenceWithTheirName) {
     std::string bytes;
     const char* reason;
   };
-  for (const Case& c : {Case{"empty.jpg", "", "not an image"},
-                        Case{"text.jpg", "hello, I am a text", "not an image"},
-                        Case{"half.jpg", jpeg.substr(0, jpeg.size() / 2), "ends too early"},
-                        Case{"head.jpg", jpeg.substr(0, 100), "head.jpg"},
-                        Case{"half.png", png.substr(0, png.size() / 2), "damaged"},
-                        Case{"huge.jpg", huge, "too large: it claims 65500 x 65500 pixels"},
-                        Case{"huge.png", hugePng, "huge.png"},
-                        Case{"raw.dng", "II*\0nothing", "not an image"},
-                        Case{"page.pdf", "%PDF-1.4 broken", "page.pdf"}}) {
+  for (const Case& c :
+       {Case{"empty.jpg", "", "not an image"},
+        Case{"text.jpg", "hello, I am a text", "not an image"},
+        Case{"half.jpg", jpeg.substr(0, jpeg.size() / 2), "ends too early"},
+        Case{"head.jpg", jpeg.substr(0, 100), "head.jpg"},
+        Case{"half.png", png.substr(0, png.size() / 2), "damaged"},
+        Case{"huge.jpg", huge, "too large: it claims 65500 x 65500 pixels"},
+        Case{"huge.png", hugePng, "huge.png"}, Case{"raw.dng", "II*\0nothing", "not an image"},
+        Case{"page.pdf", "%PDF-1.4 broken", "page.pdf"}}) {
     std::string error;
     const FolderItem file = folder.Write(c.name, c.bytes);
     EXPECT_TRUE(ImageIO::OpenAsPictureUsingImageIO(file, error).IsNil()) << c.name;
@@ -249,6 +252,30 @@ TEST(Codecs, FailedWritesLeaveTheOldFile) {
   const FolderItem oddTiff = folder.Child("b[1].tif");
   EXPECT_EQ(EncodeImageFile(oddTiff, "public.tiff", images), "");
   EXPECT_TRUE(oddTiff.Exists());
+}
+
+TEST(Codecs, JpegStripsAreJoinedWithoutASeam) {
+  // Tall pictures are encoded in strips of 256 rows, 128 at full colour. A part that begins where a
+  // strip begins is coded alike on its own, so it must decode alike.
+  const Picture tall = Smooth(70, 2500);
+  for (const int quality : {80, 97}) {
+    const int first = 256 * 3;
+    Picture part = Picture::Uninitialized(70, 2500 - first);
+    for (int y = 0; y < part.Height(); ++y) {
+      std::memcpy(part.Edit().Row(y), tall.View().Row(y + first), 70 * 4);
+    }
+    const JpegExporter exporter{.Quality = quality};
+    const Picture whole = JpegImporter::OpenFromString(exporter.SaveToString(tall));
+    const Picture alone = JpegImporter::OpenFromString(exporter.SaveToString(part));
+    ASSERT_EQ(whole.Height(), 2500);
+    for (int y = 2; y < part.Height(); ++y) {
+      for (int x = 0; x < 70; ++x) ASSERT_EQ(whole.At(x, y + first), alone.At(x, y)) << y;
+    }
+    EXPECT_LE(LargestDifference(whole, tall), 12);
+  }
+  const std::array<EncodeImage, 1> wide{{{NewPicture(65501, 1, 24), 0.9}}};
+  TemporaryFolder folder;
+  EXPECT_THAT(EncodeImageFile(folder.Child("w.jpg"), "public.jpeg", wide), HasSubstr("65500"));
 }
 
 TEST(Codecs, EqualPicturesGiveEqualFiles) {

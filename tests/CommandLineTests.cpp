@@ -54,11 +54,18 @@ struct CommandLine : testing::Test {
 };
 
 TEST_F(CommandLine, RendersWhatTheProcessorRenders) {
-  const Outcome run =
-      Cli({"render", image.ShellPath(), "-o", Path("out.png"), "--set",
-           "Brightness & Contrast.Brightness=1.4", "--enable", "Auto Levels", "--stack", "back",
-           "--set", "Levels.OutBlack=40", "--stack", "fore", "--set", "exposure.power=-3.5",
-           "--blend", "3", "--opacity", "0.75", "--save-style", Path("style"), "--timing"});
+  const Outcome run = Cli({"render",       image.ShellPath(),
+                           "-o",           Path("out.png"),
+                           "--set",        "Brightness & Contrast.Brightness=1.4",
+                           "--enable",     "Auto Levels",
+                           "--stack",      "back",
+                           "--set",        "Levels.OutBlack=40",
+                           "--stack",      "fore",
+                           "--set",        "exposure.power=-3.5",
+                           "--blend",      "3",
+                           "--opacity",    "0.75",
+                           "--save-style", Path("style"),
+                           "--timing"});
   ASSERT_EQ(run.code, 0) << run.err;
   EXPECT_THAT(run.err, IsEmpty());
   const QJsonObject timing = Json(run.out);
@@ -76,22 +83,26 @@ TEST_F(CommandLine, RendersWhatTheProcessorRenders) {
   EXPECT_TRUE(processor.Process(picture).SameAs(Open("out.png")));
 
   // The style alone gives the same, on one thread or many.
-  ASSERT_EQ(Cli({"render", image.ShellPath(), "-o", Path("again.png"), "--style", Path("style")}).code, 0);
+  ASSERT_EQ(
+      Cli({"render", image.ShellPath(), "-o", Path("again.png"), "--style", Path("style")}).code,
+      0);
   EXPECT_TRUE(Open("again.png").SameAs(Open("out.png")));
 }
 
 TEST_F(CommandLine, GeometryAndSize) {
   ASSERT_EQ(Cli({"render", image.ShellPath(), "-o", Path("out.tif"), "--crop", "0.5,0,0.5,1",
-                 "--rotate", "1", "--flip", "2", "--fit", "30x400"}).code, 0);
+                 "--rotate", "1", "--flip", "2", "--fit", "30x400"})
+                .code,
+            0);
   EXPECT_EQ(Open("out.tif").Width(), 30);
   EXPECT_EQ(Open("out.tif").Height(), 22);
 }
 
 TEST_F(CommandLine, OneFailureDoesNotStopTheOthers) {
   folder.Write("bad.jpg", "nothing");
-  const Outcome run = Cli({"render", image.ShellPath(), Path("bad.jpg"), Path("none.png"),
-                       second.ShellPath(), image.ShellPath(), "--out-dir", Path("made/here"),
-                       "--jobs", "2", "--progress"});
+  const Outcome run =
+      Cli({"render", image.ShellPath(), Path("bad.jpg"), Path("none.png"), second.ShellPath(),
+           image.ShellPath(), "--out-dir", Path("made/here"), "--jobs", "2", "--progress"});
   EXPECT_EQ(run.code, 1);
   EXPECT_THAT(run.err, HasSubstr("brivolant-cli: The file \"bad.jpg\" is not an image"));
   EXPECT_THAT(run.err, HasSubstr("\"none.png\" does not exist."));
@@ -105,7 +116,8 @@ TEST_F(CommandLine, OneFailureDoesNotStopTheOthers) {
 TEST_F(CommandLine, WrongUseIsOneSentenceAndCodeTwo) {
   const std::string in = image.ShellPath();
   const std::string out = Path("out.jpg");
-  for (const auto& [arguments, reason] : std::vector<std::pair<std::vector<std::string>, std::string>>{
+  for (const auto& [arguments, reason] :
+       std::vector<std::pair<std::vector<std::string>, std::string>>{
            {{}, "subcommand"},
            {{"render"}, "INPUT"},
            {{"render", in}, "Give -o FILE or --out-dir DIR."},
@@ -137,9 +149,15 @@ TEST_F(CommandLine, WrongUseIsOneSentenceAndCodeTwo) {
     EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
   }
   EXPECT_FALSE(folder.Child("out.jpg").Exists());
-  for (const std::vector<std::string>& help : std::vector<std::vector<std::string>>{
-           {"--help"}, {"render", "--help"}, {"document", "--help"}, {"document", "info", "--help"},
-           {"modules", "--help"}, {"style", "--help"}, {"formats", "--help"}, {"thumbnail", "--help"}}) {
+  for (const std::vector<std::string>& help :
+       std::vector<std::vector<std::string>>{{"--help"},
+                                             {"render", "--help"},
+                                             {"document", "--help"},
+                                             {"document", "info", "--help"},
+                                             {"modules", "--help"},
+                                             {"style", "--help"},
+                                             {"formats", "--help"},
+                                             {"thumbnail", "--help"}}) {
     EXPECT_EQ(Cli(help).code, 0);
     EXPECT_THAT(Cli(help).out, HasSubstr("--help"));
   }
@@ -167,10 +185,12 @@ TEST_F(CommandLine, OriginalsAndOldOutputsSurvive) {
 }
 
 TEST_F(CommandLine, DocumentsReopenWithTheSameStyleAndPixels) {
-  ASSERT_EQ(Cli({"render", image.ShellPath(), "-o", Path("direct.png"), "--set",
-                 "Exposure.Power=6", "--rotate", "3"}).code, 0);
-  Outcome run = Cli({"document", "create", image.ShellPath(), Path("doc"), "--set", "Exposure.Power=6",
-                 "--rotate", "3"});
+  ASSERT_EQ(Cli({"render", image.ShellPath(), "-o", Path("direct.png"), "--set", "Exposure.Power=6",
+                 "--rotate", "3"})
+                .code,
+            0);
+  Outcome run = Cli({"document", "create", image.ShellPath(), Path("doc"), "--set",
+                     "Exposure.Power=6", "--rotate", "3"});
   ASSERT_EQ(run.code, 0) << run.err;
   ASSERT_EQ(Cli({"document", "render", Path("doc.brvPhoto"), "-o", Path("one.png")}).code, 0);
   ASSERT_EQ(Cli({"render", Path("doc.brvPhoto"), "-o", Path("two.png")}).code, 0);
@@ -187,7 +207,11 @@ TEST_F(CommandLine, DocumentsReopenWithTheSameStyleAndPixels) {
   const QJsonObject exposure = style.value(QStringLiteral("foreground")).toArray().at(8).toObject();
   EXPECT_EQ(exposure.value(QStringLiteral("name")).toString(), QStringLiteral("Exposure"));
   EXPECT_TRUE(exposure.value(QStringLiteral("enabled")).toBool());
-  EXPECT_EQ(exposure.value(QStringLiteral("settings")).toObject().value(QStringLiteral("Power")).toDouble(), 6);
+  EXPECT_EQ(exposure.value(QStringLiteral("settings"))
+                .toObject()
+                .value(QStringLiteral("Power"))
+                .toDouble(),
+            6);
 
   run = Cli({"document", "create", image.ShellPath(), Path("doc")});
   EXPECT_EQ(run.code, 1);
@@ -213,27 +237,42 @@ TEST_F(CommandLine, ListsModulesAndFormats) {
   EXPECT_EQ(levels.value(QStringLiteral("identifier")).toString(),
             QStringLiteral("7FFFFFFF-B3AC-4C8A-146F-1F804A5B9B06"));
   EXPECT_EQ(levels.value(QStringLiteral("controls")).toArray().size(), 6);
-  EXPECT_EQ(levels.value(QStringLiteral("controls")).toArray().at(3).toObject().value(QStringLiteral("caption")).toString(),
+  EXPECT_EQ(levels.value(QStringLiteral("controls"))
+                .toArray()
+                .at(3)
+                .toObject()
+                .value(QStringLiteral("caption"))
+                .toString(),
             QStringLiteral("Out"));
-  const QJsonObject power = fore.at(8).toObject().value(QStringLiteral("settings")).toArray().at(0).toObject();
+  const QJsonObject power =
+      fore.at(8).toObject().value(QStringLiteral("settings")).toArray().at(0).toObject();
   EXPECT_EQ(power.value(QStringLiteral("type")).toString(), QStringLiteral("double"));
   EXPECT_EQ(power.value(QStringLiteral("defaultOnRead")).toDouble(), 1);
   EXPECT_EQ(power.value(QStringLiteral("reset")).toDouble(), 0);
-  const QJsonObject white = fore.at(6).toObject().value(QStringLiteral("controls")).toArray().at(0).toObject();
+  const QJsonObject white =
+      fore.at(6).toObject().value(QStringLiteral("controls")).toArray().at(0).toObject();
   EXPECT_EQ(white.value(QStringLiteral("tick")).toDouble(), 0.15);
-  EXPECT_EQ(modules.value(QStringLiteral("background")).toArray().at(37).toObject().value(QStringLiteral("class")).toString(),
+  EXPECT_EQ(modules.value(QStringLiteral("background"))
+                .toArray()
+                .at(37)
+                .toObject()
+                .value(QStringLiteral("class"))
+                .toString(),
             QStringLiteral("EffectModuleBackgroundScale"));
   EXPECT_THAT(Cli({"modules"}).out, HasSubstr("8  Exposure  Power=0"));
-  EXPECT_EQ(Json(Cli({"formats", "--json"}).out).value(QStringLiteral("writable")).toArray().size(), 11);
+  EXPECT_EQ(Json(Cli({"formats", "--json"}).out).value(QStringLiteral("writable")).toArray().size(),
+            11);
   EXPECT_THAT(Cli({"formats"}).out, HasSubstr("HEIF image: heic heif avif"));
 }
 
 TEST_F(CommandLine, WritesThumbnails) {
   folder.Write("bad.jpg", "x");
-  ASSERT_EQ(Cli({"document", "create", image.ShellPath(), Path("doc"), "--set",
-                 "Levels.OutWhite=0"}).code, 0);
+  ASSERT_EQ(
+      Cli({"document", "create", image.ShellPath(), Path("doc"), "--set", "Levels.OutWhite=0"})
+          .code,
+      0);
   const Outcome run = Cli({"thumbnail", image.ShellPath(), second.ShellPath(), Path("bad.jpg"),
-                       Path("doc.brvPhoto"), "--out-dir", Path("small"), "--size", "40"});
+                           Path("doc.brvPhoto"), "--out-dir", Path("small"), "--size", "40"});
   EXPECT_EQ(run.code, 1);
   EXPECT_EQ(Open("small/photo.jpg").Width(), 40);
   EXPECT_EQ(Open("small/second.jpg").Height(), 40);

@@ -102,10 +102,9 @@ TEST(Document, SettingsBytesAreThoseOfTheFormat) {
   using P = std::pair<int, std::string>;
   EXPECT_THAT(items,
               ElementsAre(P{0, "https://ada.example"}, P{1, "\xC2\xA9 Ada"},
-                          P{2, "2009-03-04 14:05:06"},
-                          P{3, "Brivolant Photos/1.0.0.0/Mac/x86/"}, P{4, "Ada Lens"},
-                          P{5, "False"}, P{6, "0.000 -0.250 0.800 0.800"}, P{7, "0"}, P{8, "a"},
-                          P{9, "0"}, P{10, "S"}, P{12, "a.png"}, P{13, "0"}));
+                          P{2, "2009-03-04 14:05:06"}, P{3, "Brivolant Photos/1.0.0.0/Mac/x86/"},
+                          P{4, "Ada Lens"}, P{5, "False"}, P{6, "0.000 -0.250 0.800 0.800"},
+                          P{7, "0"}, P{8, "a"}, P{9, "0"}, P{10, "S"}, P{12, "a.png"}, P{13, "0"}));
   EXPECT_TRUE(stream.EndOfFile());
 }
 
@@ -136,9 +135,9 @@ TEST(Document, GeometryIsAppliedInItsOrder) {
   EXPECT_EQ(result.Height(), 20);
 
   // Crops from hostile files still give a picture.
-  for (const auto& [offset, size] :
-       {std::pair{Pair{0.9, 0.9}, Pair{5, 5}}, {Pair{-3, 7}, Pair{0, 0}},
-        {Pair{std::nan(""), 1e300}, Pair{-1e300, std::nan("")}}}) {
+  for (const auto& [offset, size] : {std::pair{Pair{0.9, 0.9}, Pair{5, 5}},
+                                     {Pair{-3, 7}, Pair{0, 0}},
+                                     {Pair{std::nan(""), 1e300}, Pair{-1e300, std::nan("")}}}) {
     document.CropOffSet = offset;
     document.CropSize = size;
     EXPECT_FALSE(document.SetOrientation(picture).IsNil());
@@ -249,7 +248,8 @@ TEST(Document, WhatCannotBeLoadedSaysWhy) {
   const FolderItem empty = s.folder.Child("empty.brvPhoto");
   ASSERT_FALSE(empty.CreateAsFolder());
   EXPECT_EQ(load(empty), "Missing the settings segment form the data file.");
-  ASSERT_FALSE(WriteFileAtomically(empty.Child("Settings"), Bytes("04 00 FF 00 00 00 01 00 09 00")));
+  ASSERT_FALSE(
+      WriteFileAtomically(empty.Child("Settings"), Bytes("04 00 FF 00 00 00 01 00 09 00")));
   EXPECT_THAT(load(empty), HasSubstr("\"empty.brvPhoto\" doesn't appear to contain the correct"));
   EXPECT_EQ(load(s.folder.Write("x.brvPhoto", "no trailer here")),
             "Brivolant Photos Data is screwed.");
@@ -364,8 +364,7 @@ TEST(Document, OlderOneFileFormsAreReadAndBecomePackages) {
   // Version 3 has the container of today.
   const std::string settings = ReadFile(now.File.Child("Settings")).value();
   BrivolantDocument third(s.services);
-  ASSERT_TRUE(
-      third.Load(s.folder.Write("three.brvPhoto", OneFile(image, 3, settings.substr(2)))));
+  ASSERT_TRUE(third.Load(s.folder.Write("three.brvPhoto", OneFile(image, 3, settings.substr(2)))));
   EXPECT_EQ(third.Name, "Old One");
   for (std::size_t cut = 1; cut < settings.size(); cut += 13) {
     BrivolantDocument cutOff(s.services);

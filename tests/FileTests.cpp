@@ -44,9 +44,15 @@ TEST(FileFormat, ByContentThenByName) {
       {"ID3v2", "MP3"},
       {tagged, "MP3"},
       {"BM....", "BMP"},
-      {"\x01\x01\x01\x01" "ftypmp42", "MP4"},
-      {"\x01\x01\x01\x01" "ftypqt  ", "MOV"},
-      {"\x01\x01\x01\x01" "moov", "MOV"},
+      {"\x01\x01\x01\x01"
+       "ftypmp42",
+       "MP4"},
+      {"\x01\x01\x01\x01"
+       "ftypqt  ",
+       "MOV"},
+      {"\x01\x01\x01\x01"
+       "moov",
+       "MOV"},
       {"#!AMR", "AMR"},
   }};
   for (const auto& [bytes, kind] : cases) {
@@ -126,8 +132,8 @@ TEST(Trash, NamesDoNotMeetAndTheOriginIsRecorded) {
   EXPECT_EQ(ReadFile(files.Child("a b.jpg")), "1");
   EXPECT_EQ(ReadFile(files.Child("a b-1.jpg")), "2");
   EXPECT_EQ(ReadFile(files.Child("a b-2.jpg")), "3");
-  const auto info = ReadFile(home.Child("data").Child("Trash").Child("info").Child(
-      "a b-1.jpg.trashinfo"));
+  const auto info =
+      ReadFile(home.Child("data").Child("Trash").Child("info").Child("a b-1.jpg.trashinfo"));
   EXPECT_THAT(info.value(), HasSubstr("/a%20b.jpg\nDeletionDate="));
   EXPECT_FALSE(fx::MoveToTrash(home.Child("missing")));
   EXPECT_FALSE(home.Child("a b.jpg").Exists());
@@ -175,12 +181,16 @@ TEST(Validate, TellsWhatIsWrong) {
            Case{file, fx::kRead, jpeg, nullptr, ""},
            Case{file, fx::kSave, nullptr, nullptr, ""},
            Case{folder.Child("new.jpg"), fx::kSave, jpeg, nullptr, ""},
-           Case{{}, fx::kRead, nullptr, "Brivolant Photos Was Unable To Open The File",
+           Case{{},
+                fx::kRead,
+                nullptr,
+                "Brivolant Photos Was Unable To Open The File",
                 "Please check that the file still exists"},
            Case{file, fx::kRead, png, "Unable To Open The File \"a.jpg\".",
                 "because the file is not a PNG image file"},
            Case{dead, fx::kRead, nullptr, "\"dead.jpg\"", "is a broken alias file"},
-           Case{folder.Child("b"), fx::kRead, nullptr, "\"b\"", "because the file no longer exists"},
+           Case{folder.Child("b"), fx::kRead, nullptr, "\"b\"",
+                "because the file no longer exists"},
            Case{folder.Child("no").Child("b"), fx::kSave, nullptr, "Unable To Save",
                 "The folder or disk that this file was in"},
            Case{folder.Item(), fx::kSave, nullptr, "Unable To Save",
@@ -206,8 +216,8 @@ TEST(AtomicFile, TheOldContentStaysUntilTheNewIsWhole) {
     EXPECT_EQ(ReadFile(file), "old");
   }
   EXPECT_THAT(folder.Names(), ElementsAre("a.txt"));
-  std::filesystem::permissions(file.Path(), std::filesystem::perms::owner_read |
-                                                std::filesystem::perms::owner_write);
+  std::filesystem::permissions(
+      file.Path(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
   const FolderItem link = folder.Child("link");
   ASSERT_TRUE(fx::MakeAlias(file, link));
   EXPECT_FALSE(WriteFileAtomically(link, "new"));

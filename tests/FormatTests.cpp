@@ -113,7 +113,8 @@ TEST(BinaryDictionaryFormat, Files) {
   TemporaryFolder folder;
   const FolderItem file = folder.Child("items.sbit");
   EXPECT_EQ(OpenAsBinaryDictionary(file)->Count(), 0) << "a missing file is an empty start";
-  EXPECT_TRUE(SaveAsBinaryDictionary(file, One(1), &InternalFileTypes::BrivolantPhotosSidebarItems));
+  EXPECT_TRUE(
+      SaveAsBinaryDictionary(file, One(1), &InternalFileTypes::BrivolantPhotosSidebarItems));
   EXPECT_TRUE(SaveAsBinaryDictionary(file, One(2), nullptr));
   EXPECT_EQ(OpenAsBinaryDictionary(file)->Value("a").ToInt(), 2);
   EXPECT_FALSE(OpenAsBinaryDictionary(folder.Write("bad", "no")));
@@ -152,11 +153,12 @@ TEST(ImageFileNames, ExtensionsAndFormats) {
     const char* type;
     const char* result;
   };
-  for (const Case& c : {Case{"trip.2009.png", "public.jpeg", "trip.jpg"},
-                        Case{"A.JPG", "public.jpeg", "A.JPG"}, Case{"a", "public.tiff", "a.tif"},
-                        Case{"a.jpg", "unknown", "a.jpg"}}) {
-    EXPECT_EQ(ImageFile::attachFileExtension(FolderItem(std::string("/p/") + c.name), c.type).Name(),
-              c.result);
+  for (const Case& c :
+       {Case{"trip.2009.png", "public.jpeg", "trip.jpg"}, Case{"A.JPG", "public.jpeg", "A.JPG"},
+        Case{"a", "public.tiff", "a.tif"}, Case{"a.jpg", "unknown", "a.jpg"}}) {
+    EXPECT_EQ(
+        ImageFile::attachFileExtension(FolderItem(std::string("/p/") + c.name), c.type).Name(),
+        c.result);
   }
   struct Format {
     const char* name;

@@ -17,7 +17,9 @@ TemporaryFolder::TemporaryFolder() {
   folder_ = FolderItem(std::filesystem::path(pattern));
 }
 
-TemporaryFolder::~TemporaryFolder() { (void)folder_.DeleteFolder(); }
+TemporaryFolder::~TemporaryFolder() {
+  (void)folder_.DeleteFolder();
+}
 
 FolderItem TemporaryFolder::Write(std::string_view name, std::string_view bytes) const {
   const FolderItem file = folder_.Child(name);
@@ -32,7 +34,9 @@ std::vector<std::string> TemporaryFolder::Names() const {
   return names;
 }
 
-TestServices::TestServices() { EXPECT_TRUE(temporary.Configure(folder.Child("CleanOnQuit"))); }
+TestServices::TestServices() {
+  EXPECT_TRUE(temporary.Configure(folder.Child("CleanOnQuit")));
+}
 
 Picture TestPicture(int width, int height, std::uint32_t seed) {
   std::mt19937 random(seed);
@@ -97,7 +101,8 @@ int LargestDifference(const Plane& a, const Plane& b) {
   if (a.Width() != b.Width() || a.Height() != b.Height()) return 1000;
   int largest = 0;
   for (int y = 0; y < a.Height(); ++y) {
-    for (int x = 0; x < a.Width(); ++x) largest = std::max(largest, std::abs(a.At(x, y) - b.At(x, y)));
+    for (int x = 0; x < a.Width(); ++x)
+      largest = std::max(largest, std::abs(a.At(x, y) - b.At(x, y)));
   }
   return largest;
 }

@@ -48,8 +48,7 @@ void ExpectSame(const Picture& source, Fast fast, Plain plain) {
   OnEveryTarget([&] {
     Picture actual = source;
     fast(actual.Edit());
-    EXPECT_EQ(LargestDifference(actual, expected), 0)
-        << source.Width() << " x " << source.Height();
+    EXPECT_EQ(LargestDifference(actual, expected), 0) << source.Width() << " x " << source.Height();
     for (int y = 0; y < actual.Height(); ++y) {
       for (int x = 0; x < actual.Width(); ++x) {
         ASSERT_EQ(actual.View().Row(y)[4 * x + 3], 255) << "the unused byte must stay full";
@@ -68,10 +67,9 @@ ToneTable RandomTable(std::uint32_t seed) {
 TEST(Kernels, ToneTablesReachEveryEntry) {
   for (const Size size : kSizes) {
     const Picture source = TestPicture(size.width, size.height);
-    for (const ToneTables& tables :
-         {ToneTables::All(RandomTable(1)),
-          ToneTables{RandomTable(2), RandomTable(3), RandomTable(4)},
-          ToneTables::All(IdentityTable())}) {
+    for (const ToneTables& tables : {ToneTables::All(RandomTable(1)),
+                                     ToneTables{RandomTable(2), RandomTable(3), RandomTable(4)},
+                                     ToneTables::All(IdentityTable())}) {
       ExpectSame(
           source, [&](Pixels p) { kernels::ApplyToneTables(p, tables); },
           [&](Pixels p) { kernels::reference::ApplyToneTables(p, tables); });
@@ -108,7 +106,8 @@ TEST(Kernels, PointOperationsEqualTheirReference) {
           [&](Pixels p) { kernels::reference::AddBrightness(p, amount); });
     }
     ToneTable negative{};
-    for (int i = 0; i < 256; ++i) negative[static_cast<std::size_t>(i)] = static_cast<std::uint8_t>(255 - i);
+    for (int i = 0; i < 256; ++i)
+      negative[static_cast<std::size_t>(i)] = static_cast<std::uint8_t>(255 - i);
     ExpectSame(
         source, [&](Pixels p) { kernels::Invert(p); },
         [&](Pixels p) { kernels::reference::ApplyToneTables(p, ToneTables::All(negative)); });
@@ -146,9 +145,7 @@ TEST(Kernels, EveryBlendModeEqualsItsReference) {
         for (const ConstGrey& over : {ConstGrey{}, mask.View()}) {
           ExpectSame(
               base, [&](Pixels p) { kernels::Blend(p, fill.View(), mode, opacity, over); },
-              [&](Pixels p) {
-                kernels::reference::Blend(p, fill.View(), mode, opacity, over);
-              });
+              [&](Pixels p) { kernels::reference::Blend(p, fill.View(), mode, opacity, over); });
         }
       }
     }

@@ -57,12 +57,12 @@ TEST(Modules, SlidersMapBothWays) {
   const std::shared_ptr<effectModule> exposure = Made<EffectModuleExposure>();
   const std::shared_ptr<effectModule> balance = Made<EffectModuleColorAdjuster>();
   const std::shared_ptr<effectModule> white = Made<EffectModuleWhiteBalance>();
-  for (const Case& c : {Case{levels, 2, 100, "Highlights", 255}, Case{levels, 1, 50, "Shadows", 127},
-                        Case{levels, 4, 1, "OutBlack", 2}, Case{hue, 0, 0, "Hue", -180},
-                        Case{hue, 0, 51, "Hue", 3}, Case{hue, 0, 49, "Hue", -3},
-                        Case{hue, 1, 100, "Saturation", 200}, Case{exposure, 0, 50, "Power", 0},
-                        Case{exposure, 0, 100, "Power", 20}, Case{balance, 1, 35, "Green", 0.7F},
-                        Case{white, 0, 19, "Temperature", 4845}}) {
+  for (const Case& c :
+       {Case{levels, 2, 100, "Highlights", 255}, Case{levels, 1, 50, "Shadows", 127},
+        Case{levels, 4, 1, "OutBlack", 2}, Case{hue, 0, 0, "Hue", -180}, Case{hue, 0, 51, "Hue", 3},
+        Case{hue, 0, 49, "Hue", -3}, Case{hue, 1, 100, "Saturation", 200},
+        Case{exposure, 0, 50, "Power", 0}, Case{exposure, 0, 100, "Power", 20},
+        Case{balance, 1, 35, "Green", 0.7F}, Case{white, 0, 19, "Temperature", 4845}}) {
     c.module->ControlValue(c.row, c.position);
     EXPECT_EQ(c.module->Settings().Value(c.key).ToDouble(), c.value) << c.key;
   }
@@ -303,9 +303,10 @@ TEST(Modules, ColorBalanceNeutralizesThePickedPixel) {
   EXPECT_TRUE(module->PushButton(3));
   EXPECT_EQ(module->Red.Value(), 1.0F);
   EXPECT_TRUE(told.empty());
-  for (const auto& [color, red, green, blue] :
-       {std::tuple{Color{200, 149, 98}, 1.0F, 1.2F, 1.4F}, {Color{149, 200, 98}, 1.2F, 1.0F, 1.4F},
-        {Color{98, 149, 200}, 1.4F, 1.2F, 1.0F}, {Color{9, 9, 9}, 1.0F, 1.0F, 1.0F}}) {
+  for (const auto& [color, red, green, blue] : {std::tuple{Color{200, 149, 98}, 1.0F, 1.2F, 1.4F},
+                                                {Color{149, 200, 98}, 1.2F, 1.0F, 1.4F},
+                                                {Color{98, 149, 200}, 1.4F, 1.2F, 1.0F},
+                                                {Color{9, 9, 9}, 1.0F, 1.0F, 1.0F}}) {
     const Color picked = color;
     module->PickColor = [picked] { return std::optional(picked); };
     EXPECT_TRUE(module->PushButton(3)) << "the preview is to be refreshed";
@@ -347,7 +348,8 @@ TEST(Registry, IsCompleteAndInOrder) {
     EXPECT_EQ(module->ID().size(), 36U);
     EXPECT_FALSE(module->Name().empty());
     EXPECT_TRUE(registry[i].foregroundClass.starts_with("EffectModule"));
-    if (registry[i].foregroundClass == "EffectModuleDivider") dividers.push_back(static_cast<int>(i));
+    if (registry[i].foregroundClass == "EffectModuleDivider")
+      dividers.push_back(static_cast<int>(i));
     if (module->Complete() && !module->Parameters().empty()) ++complete;
     // Settings survive a round trip through the module.
     Dictionary settings = module->Settings();

@@ -184,7 +184,8 @@ TEST(SharedPictureEffects, BlurAndExposure) {
   const ToneTable plus = spe::ExposureTable(10);
   EXPECT_EQ(plus[0], 0);
   EXPECT_EQ(plus[255], 255);
-  EXPECT_EQ(plus[64], static_cast<int>((64 / 255.0 + std::sqrt(64 / 255.0) * (1 - 64 / 255.0)) * 255));
+  EXPECT_EQ(plus[64],
+            static_cast<int>((64 / 255.0 + std::sqrt(64 / 255.0) * (1 - 64 / 255.0)) * 255));
   const ToneTable none = spe::ExposureTable(0);
   for (int i = 0; i < 256; ++i) EXPECT_NEAR(none[static_cast<std::size_t>(i)], i, 1);
 }

@@ -239,8 +239,7 @@ TEST(StyleData, BytesAreThoseOfTheFormat) {
   EXPECT_TRUE(style.starts_with(Header() + "EFFC"));
   EXPECT_EQ(style.substr(58, 4), "FORE");
   EXPECT_EQ(style.substr(66, 8), "bdicvlox");
-  EXPECT_EQ(style.substr(style.size() - 15),
-            "PROC" + Bytes("07 00 00 00 00 00 80 3E 07 00 00"));
+  EXPECT_EQ(style.substr(style.size() - 15), "PROC" + Bytes("07 00 00 00 00 00 80 3E 07 00 00"));
   BinaryStream stream(style);
   stream.LittleEndian = true;
   stream.Position(54);
@@ -295,8 +294,8 @@ TEST(StyleData, DamageIsReportedAndTheRestUsed) {
 
   Processor p;
   const std::string before = p.processor.StyleData();
-  for (const std::string& wrong : {std::string(), std::string("x"), style.substr(1),
-                                   std::string(48, '\x2F')}) {
+  for (const std::string& wrong :
+       {std::string(), std::string("x"), style.substr(1), std::string(48, '\x2F')}) {
     EXPECT_EQ(p.processor.StyleData(wrong), StyleFault::kWrongHeader);
     EXPECT_EQ(p.processor.StyleData(), before);
   }

@@ -70,7 +70,8 @@ TEST(Text, PlaceholdersSearchAndEncoding) {
   EXPECT_EQ(EnsureUTF8("caf\xE9"), "caf\xC3\xA9");
   EXPECT_EQ(EnsureUTF8("caf\xC3\xA9"), "caf\xC3\xA9");
   EXPECT_FALSE(IsUTF8("\xED\xA0\x80"));
-  const std::string bytes("\0\x01\xFFmore than fifty-seven bytes so that a line has to break here", 66);
+  const std::string bytes("\0\x01\xFFmore than fifty-seven bytes so that a line has to break here",
+                          66);
   const std::string lines = Base64Encode(bytes, 76);
   EXPECT_EQ(lines.find("\r\n"), 76U);
   EXPECT_EQ(Base64Decode(lines), bytes);
@@ -95,7 +96,8 @@ TEST(SharedComponents, NamesAndIdentifiers) {
   }
 
   MenuItem menu;
-  menu.Children = {createMenuItem("a", "1", "", false, true), createMenuItem("b", "2", "", true, true)};
+  menu.Children = {createMenuItem("a", "1", "", false, true),
+                   createMenuItem("b", "2", "", true, true)};
   Selected(menu, 0);
   EXPECT_TRUE(menu.Children[0].Checked);
   EXPECT_FALSE(menu.Children[1].Checked);

@@ -33,8 +33,12 @@ std::string StoredUserDetails::FullName() const {
   return name.empty() ? AccountName() : name;
 }
 
-std::string StoredUserDetails::ContactLink() const { return Stored("usersContactLink"); }
-std::string StoredUserDetails::Copyright() const { return Stored("usersCopyright"); }
+std::string StoredUserDetails::ContactLink() const {
+  return Stored("usersContactLink");
+}
+std::string StoredUserDetails::Copyright() const {
+  return Stored("usersCopyright");
+}
 std::string StoredUserDetails::CreatedWith() const {
   return GlobalApplicationSpecificProperties::CreatedWithString();
 }

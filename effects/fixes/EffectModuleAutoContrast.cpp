@@ -10,14 +10,16 @@ constexpr LocalizedText kName{"EffectModuleAutoContrast.kName", "Auto Contrast"}
 constexpr int kThumbnailWidth = 128;
 }  // namespace
 
-std::string EffectModuleAutoContrast::getName() const { return kName.Text(); }
+std::string EffectModuleAutoContrast::getName() const {
+  return kName.Text();
+}
 
 void EffectModuleAutoContrast::calculateAutoLevels(const Picture& picture) {
   const double scale = static_cast<double>(kThumbnailWidth) / picture.Width();
-  const Picture small = HistogramThumbnail(picture, kThumbnailWidth,
-                                           static_cast<int>(picture.Height() * scale));
-  levels_ = LevelRange::Of(kernels::CountLevels(small.View()).Value,
-                           small.Width() * small.Height());
+  const Picture small =
+      HistogramThumbnail(picture, kThumbnailWidth, static_cast<int>(picture.Height() * scale));
+  levels_ =
+      LevelRange::Of(kernels::CountLevels(small.View()).Value, small.Width() * small.Height());
 }
 
 std::optional<ToneTables> EffectModuleAutoContrast::Tables(const Picture& picture) {

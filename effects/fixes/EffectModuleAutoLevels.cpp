@@ -10,7 +10,9 @@ constexpr LocalizedText kName{"EffectModuleAutoLevels.kName", "Auto Levels"};
 constexpr int kThumbnailSize = 320;
 }  // namespace
 
-std::string EffectModuleAutoLevels::getName() const { return kName.Text(); }
+std::string EffectModuleAutoLevels::getName() const {
+  return kName.Text();
+}
 
 void EffectModuleAutoLevels::calculateAutoLevels(const Picture& picture) {
   double scale = static_cast<double>(kThumbnailSize) / picture.Width();

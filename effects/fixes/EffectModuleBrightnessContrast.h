@@ -12,8 +12,7 @@ class EffectModuleBrightnessContrast final : public ToneModule {
                                        "Brightness & Contrast"};
   static constexpr LocalizedText kBrightness{"EffectModuleBrightnessContrast.kBrightness",
                                              "Brightness:"};
-  static constexpr LocalizedText kContrast{"EffectModuleBrightnessContrast.kContrast",
-                                           "Contrast:"};
+  static constexpr LocalizedText kContrast{"EffectModuleBrightnessContrast.kContrast", "Contrast:"};
 
   SliderParameter<double> Brightness{
       *this, {"Brightness", 1.0, 1.0}, {kBrightness, {.divide = 50}, 0.5F}};

@@ -10,8 +10,7 @@ namespace brivolant {
 /// picture.
 class EffectModuleShadowsHighlight final : public effectModule {
  public:
-  static constexpr LocalizedText kName{"EffectModuleShadowsHighlight.kName",
-                                       "Shadow & Highlight"};
+  static constexpr LocalizedText kName{"EffectModuleShadowsHighlight.kName", "Shadow & Highlight"};
   static constexpr LocalizedText kShadow{"EffectModuleShadowsHighlight.kShadow", "Shadow:"};
   static constexpr LocalizedText kHighlight{"EffectModuleShadowsHighlight.kHighlight",
                                             "Highlight:"};

@@ -39,8 +39,9 @@ class BlendEffect {
   /// `fill` over `source` with `opacity` 0.0 to 1.0. Without `location` and `size` the fill covers
   /// the source; otherwise it lands on that rectangle, scaled to it. `fillMask` (255 transparent)
   /// may be null. Works on colour: the result has the source's size and mask.
-  Picture Apply(Picture source, const Picture& fill, double opacity, const Plane* fillMask = nullptr,
-                const Point* location = nullptr, const Point* size = nullptr) const;
+  Picture Apply(Picture source, const Picture& fill, double opacity,
+                const Plane* fillMask = nullptr, const Point* location = nullptr,
+                const Point* size = nullptr) const;
 };
 
 namespace PictureExtensions {

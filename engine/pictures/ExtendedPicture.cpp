@@ -27,7 +27,9 @@ ExtendedPicture::ExtendedPicture(DecodedImage image)
                                                          : image.Properties.ProfileName),
       bitsPerComponent_(image.Properties.BitsPerComponent) {}
 
-int ExtendedPicture::Depth() const { return bitsPerComponent_ * (hasAlpha() ? 4 : 3); }
+int ExtendedPicture::Depth() const {
+  return bitsPerComponent_ * (hasAlpha() ? 4 : 3);
+}
 
 AffineTransform ExtendedPicture::Transformer() const {
   const double w = Width();

@@ -37,7 +37,9 @@ Picture Changed(Picture picture, const Plane* mask, Effect effect) {
   return picture;
 }
 
-double Sigma(int radius) { return radius / 2.0; }
+double Sigma(int radius) {
+  return radius / 2.0;
+}
 
 kernels::SourceArea All(int width, int height) {
   return {0, 0, static_cast<double>(width), static_cast<double>(height)};
@@ -55,8 +57,8 @@ void Blur(Bitmap& bitmap, double sigma) {
   while (sigma / factor > kernels::GaussianPlan::kLargestSigma) factor *= 2;
   const int width = bitmap.Width();
   const int height = bitmap.Height();
-  Bitmap small = ScaleEffect::BilinearScale(bitmap, std::max(1, width / factor),
-                                            std::max(1, height / factor));
+  Bitmap small =
+      ScaleEffect::BilinearScale(bitmap, std::max(1, width / factor), std::max(1, height / factor));
   Blur(small, sigma / factor);
   kernels::Scale(small.View(), All(small.Width(), small.Height()), bitmap.Edit());
 }
@@ -115,7 +117,9 @@ Picture FlipEffect::ApplyHorizontal(const Picture& source) const {
 Picture FlipEffect::ApplyVertical(const Picture& source) const {
   return Mirrored(source, false, true);
 }
-Picture FlipEffect::ApplyBoth(const Picture& source) const { return Mirrored(source, true, true); }
+Picture FlipEffect::ApplyBoth(const Picture& source) const {
+  return Mirrored(source, true, true);
+}
 
 void FlipEffect::ApplyInPlaceHorizontal(Picture& source) const {
   Change(source, nullptr, [](Pixels pixels) { kernels::Mirror(pixels, true, false); });
@@ -131,11 +135,16 @@ namespace {
 /// The turn of 0, 90, 180 or 270 degrees clockwise; false for any other angle.
 bool QuarterTurn(double angle, kernels::Turn& turn) {
   const double quarters = std::fmod(std::fmod(angle, 360) + 360, 360) / 90;
-  if (quarters == 0) turn = {};
-  else if (quarters == 1) turn = {true, true, false};
-  else if (quarters == 2) turn = {false, true, true};
-  else if (quarters == 3) turn = {true, false, true};
-  else return false;
+  if (quarters == 0)
+    turn = {};
+  else if (quarters == 1)
+    turn = {true, true, false};
+  else if (quarters == 2)
+    turn = {false, true, true};
+  else if (quarters == 3)
+    turn = {true, false, true};
+  else
+    return false;
   return true;
 }
 }  // namespace
@@ -234,9 +243,8 @@ void ContrastEffect::ApplyInPlace(Picture& source, int value, const Plane* mask)
   const double gain = 1 + std::clamp(value, -100, 100) / 100.0;
   const ToneTable table =
       MakeTable([gain](int i) { return ((i / 255.0 - 0.5) * gain + 0.5) * 255 + 0.5; });
-  Change(source, mask, [&table](Pixels pixels) {
-    kernels::ApplyToneTables(pixels, ToneTables::All(table));
-  });
+  Change(source, mask,
+         [&table](Pixels pixels) { kernels::ApplyToneTables(pixels, ToneTables::All(table)); });
 }
 
 Picture HueSaturation::ApplyEffect(Picture source, const Plane* mask) const {

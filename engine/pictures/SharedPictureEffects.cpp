@@ -18,7 +18,9 @@ Picture GaussianBlur(const Picture& source, double radius) {
   return brivolant::GaussianBlur(static_cast<int>(radius)).ApplyEffect(source);
 }
 
-Picture Invert(const Picture& source) { return InvertEffect().Apply(source); }
+Picture Invert(const Picture& source) {
+  return InvertEffect().Apply(source);
+}
 
 Picture Blend(const Picture& base, const Picture& fill, int mode, float opacity) {
   BlendEffect blender;
@@ -150,8 +152,12 @@ void Exposure(Picture& picture, double amount) {
   kernels::ApplyToneTables(picture.Edit(), ToneTables::All(ExposureTable(amount)));
 }
 
-double Radians(int degrees) { return degrees * 0.017453292519943295; }
+double Radians(int degrees) {
+  return degrees * 0.017453292519943295;
+}
 
-int Orientation(const Picture& picture) { return picture.Width() < picture.Height() ? 1 : 0; }
+int Orientation(const Picture& picture) {
+  return picture.Width() < picture.Height() ? 1 : 0;
+}
 
 }  // namespace brivolant::SharedPictureEffects

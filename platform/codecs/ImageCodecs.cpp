@@ -46,8 +46,7 @@ std::string EncodePdf(const FolderItem& file, std::span<const EncodeImage> pictu
       const Picture picture = Flattened(image.Pixels);
       const QSizeF points(picture.Width() * 72.0 / std::max(1, picture.HorizontalResolution),
                           picture.Height() * 72.0 / std::max(1, picture.VerticalResolution));
-      writer.setPageSize(
-          QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch));
+      writer.setPageSize(QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch));
       if (painter.isActive()) {
         writer.newPage();
       } else if (!painter.begin(&writer)) {
@@ -130,8 +129,7 @@ Picture UprightPicture(const Picture& picture, int orientation) {
 
 std::string CodecMessage(const LocalizedText& text, const FolderItem& file,
                          std::string_view reason) {
-  return WithPlaceholders(text.Text(),
-                          {{"<filename>", file.DisplayName()}, {"<reason>", reason}});
+  return WithPlaceholders(text.Text(), {{"<filename>", file.DisplayName()}, {"<reason>", reason}});
 }
 
 Expected<std::unique_ptr<ImageSource>> ImageSource::Open(const FolderItem& file) {
@@ -159,10 +157,16 @@ std::string EncodeImageFile(const FolderItem& file, std::string_view identifier,
   return codecs::EncodeWithVips(file, identifier, pictures);
 }
 
-Picture DecodeJpegBytes(std::string_view bytes) { return codecs::DecodeJpegPreview(bytes, 0); }
+Picture DecodeJpegBytes(std::string_view bytes) {
+  return codecs::DecodeJpegPreview(bytes, 0);
+}
 
-std::string EncodeJpegBytes(const EncodeImage& image) { return codecs::EncodeJpegToMemory(image); }
+std::string EncodeJpegBytes(const EncodeImage& image) {
+  return codecs::EncodeJpegToMemory(image);
+}
 
-void ShutDownCodecs() { codecs::ShutDownVips(); }
+void ShutDownCodecs() {
+  codecs::ShutDownVips();
+}
 
 }  // namespace brivolant

@@ -14,6 +14,7 @@
 
 #include "platform/codecs/CodecDetail.h"
 #include "platform/files/AtomicFile.h"
+#include "platform/pictures/Parallel.h"
 
 namespace brivolant::codecs {
 namespace {
@@ -28,7 +29,9 @@ struct ErrorManager {
   bool truncated;
 };
 
-ErrorManager& ManagerOf(j_common_ptr info) { return *reinterpret_cast<ErrorManager*>(info->err); }
+ErrorManager& ManagerOf(j_common_ptr info) {
+  return *reinterpret_cast<ErrorManager*>(info->err);
+}
 
 [[noreturn]] void OnError(j_common_ptr info) {
   ErrorManager& manager = ManagerOf(info);
@@ -149,8 +152,8 @@ class Decompressor {
     while (info_.output_scanline < info_.output_height) {
       std::array<JSAMPROW, kRows> rows{};
       for (std::size_t i = 0; i < rows.size(); ++i) {
-        const std::size_t y = std::min<std::size_t>(info_.output_scanline + i,
-                                                    info_.output_height - std::size_t{1});
+        const std::size_t y =
+            std::min<std::size_t>(info_.output_scanline + i, info_.output_height - std::size_t{1});
         rows[i] = data + stride * y;
       }
       jpeg_read_scanlines(&info_, rows.data(), kRows);
@@ -161,8 +164,8 @@ class Decompressor {
 
   Header Facts() {
     Header header;
-    header.plain = info_.data_precision == 8 &&
-                   (info_.num_components == 1 || info_.num_components == 3);
+    header.plain =
+        info_.data_precision == 8 && (info_.num_components == 1 || info_.num_components == 3);
     ImageProperties& properties = header.properties;
     properties.Width = static_cast<int>(info_.image_width);
     properties.Height = static_cast<int>(info_.image_height);
@@ -251,8 +254,7 @@ class JpegSource final : public ImageSource {
   Expected<Picture> DecodeAt(int atLeast, bool strict) const {
     const File stream(std::fopen(file_.Path().c_str(), "rbe"));
     const auto damaged = [&](const Decompressor& jpeg) {
-      return Expected<Picture>::Failure(
-          CodecMessage(codecTexts::kDamaged, file_, jpeg.Message()));
+      return Expected<Picture>::Failure(CodecMessage(codecTexts::kDamaged, file_, jpeg.Message()));
     };
     if (!stream) return Expected<Picture>::Failure(CodecMessage(codecTexts::kUnreadable, file_));
     Decompressor jpeg;
@@ -275,60 +277,161 @@ class JpegSource final : public ImageSource {
   std::string preview_;
 };
 
+/// Rows of blocks between two restart markers. A fixed number, so that a file does not depend on
+/// the machine that wrote it; at 16 the interval's 16 bits hold the widest JPEG.
+constexpr int kRestartRows = 16;
+/// At the highest qualities the eye sees halved colour before it sees the quantisation.
+constexpr double kFullColorFrom = 0.95;
+
+int PixelsPerRestart(double quality) {
+  return kRestartRows * (quality >= kFullColorFrom ? 8 : 16);
+}
+
+/// Encodes some rows of a picture as a JPEG of their own.
 class Compressor {
  public:
   Compressor() { Install(manager_, reinterpret_cast<jpeg_common_struct&>(info_)); }
   ~Compressor() {
     if (created_) jpeg_destroy_compress(&info_);
+    std::free(bytes_);
   }
   Compressor(const Compressor&) = delete;
   Compressor& operator=(const Compressor&) = delete;
 
-  bool Write(std::FILE* file, ConstPixels pixels, const Picture& picture, double quality) {
+  bool Write(ConstPixels rows, const Picture& picture, double quality, bool withProfile) {
     if (setjmp(manager_.jump) != 0) return false;
     jpeg_create_compress(&info_);
     created_ = true;
-    jpeg_stdio_dest(&info_, file);
-    info_.image_width = static_cast<JDIMENSION>(pixels.width);
-    info_.image_height = static_cast<JDIMENSION>(pixels.height);
+    jpeg_mem_dest(&info_, &bytes_, &size_);
+    info_.image_width = static_cast<JDIMENSION>(rows.width);
+    info_.image_height = static_cast<JDIMENSION>(rows.height);
     info_.input_components = 4;
     info_.in_color_space = JCS_EXT_BGRX;
     jpeg_set_defaults(&info_);
     jpeg_set_quality(&info_, static_cast<int>(std::lround(std::clamp(quality, 0.0, 1.0) * 100)),
                      TRUE);
-    // At the highest qualities the eye sees halved colour before it sees the quantisation.
-    constexpr double kFullColorFrom = 0.95;
-    if (quality >= kFullColorFrom) info_.comp_info[0].h_samp_factor = info_.comp_info[0].v_samp_factor = 1;
+    if (quality >= kFullColorFrom) {
+      info_.comp_info[0].h_samp_factor = 1;
+      info_.comp_info[0].v_samp_factor = 1;
+    }
     info_.density_unit = 1;
     info_.X_density = static_cast<UINT16>(std::clamp(picture.HorizontalResolution, 1, 65535));
     info_.Y_density = static_cast<UINT16>(std::clamp(picture.VerticalResolution, 1, 65535));
     jpeg_start_compress(&info_, TRUE);
-    const std::string_view icc = SRGBProfile();
-    jpeg_write_icc_profile(&info_, reinterpret_cast<const JOCTET*>(icc.data()),
-                           static_cast<unsigned>(icc.size()));
-    constexpr int kRows = 16;
+    if (withProfile) {
+      const std::string_view icc = SRGBProfile();
+      jpeg_write_icc_profile(&info_, reinterpret_cast<const JOCTET*>(icc.data()),
+                             static_cast<unsigned>(icc.size()));
+    }
     while (info_.next_scanline < info_.image_height) {
-      std::array<JSAMPROW, kRows> rows{};
-      const int count =
-          std::min(kRows, static_cast<int>(info_.image_height - info_.next_scanline));
-      for (int i = 0; i < count; ++i) {
-        // libjpeg does not write to its input.
-        rows[static_cast<std::size_t>(i)] =
-            const_cast<JSAMPROW>(pixels.Row(static_cast<int>(info_.next_scanline) + i));
-      }
-      jpeg_write_scanlines(&info_, rows.data(), static_cast<JDIMENSION>(count));
+      // libjpeg does not write to its input.
+      auto* row = const_cast<JSAMPROW>(rows.Row(static_cast<int>(info_.next_scanline)));
+      jpeg_write_scanlines(&info_, &row, 1);
     }
     jpeg_finish_compress(&info_);
     return true;
   }
 
+  std::string_view Bytes() const { return {reinterpret_cast<const char*>(bytes_), size_}; }
   std::string Message() const { return manager_.message.data(); }
 
  private:
   jpeg_compress_struct info_{};
   ErrorManager manager_{};
+  unsigned char* bytes_ = nullptr;
+  unsigned long size_ = 0;  // NOLINT(google-runtime-int): the type of libjpeg
   bool created_ = false;
 };
+
+/// Where the parts of a JPEG lie that was just written.
+struct Layout {
+  std::size_t frame = 0;  ///< Of the frame header's marker.
+  std::size_t scan = 0;   ///< Of the scan header's marker.
+  std::size_t data = 0;   ///< Of the first byte of coded data.
+};
+
+Layout LayoutOf(std::string_view jpeg) {
+  Layout layout;
+  const auto byte = [&](std::size_t at) { return static_cast<std::uint8_t>(jpeg[at]); };
+  std::size_t at = 2;
+  while (at + 4 <= jpeg.size()) {
+    const std::size_t next = at + 2 + (std::size_t{byte(at + 2)} << 8 | byte(at + 3));
+    if (byte(at + 1) == 0xC0) layout.frame = at;
+    if (byte(at + 1) == 0xDA) {
+      layout.scan = at;
+      layout.data = next;
+      break;
+    }
+    at = next;
+  }
+  return layout;
+}
+
+void AppendBigEndian(std::string& bytes, int value) {
+  bytes += static_cast<char>(value >> 8);
+  bytes += static_cast<char>(value);
+}
+
+/// A whole JPEG from strips that were encoded apart. The coder starts afresh after a restart
+/// marker, so their data only has to be put in a row with such markers between (ITU-T T.81,
+/// section F.1.1.5.2); the frame header takes the whole height, and an interval is declared.
+std::string Assembled(const std::vector<std::string>& strips, ConstPixels pixels, double quality) {
+  const std::string& first = strips.front();
+  const Layout layout = LayoutOf(first);
+  std::string jpeg = first.substr(0, layout.scan);
+  jpeg[layout.frame + 5] = static_cast<char>(pixels.height >> 8);
+  jpeg[layout.frame + 6] = static_cast<char>(pixels.height);
+  if (strips.size() > 1) {
+    const int block = PixelsPerRestart(quality) / kRestartRows;
+    jpeg += "\xFF\xDD";
+    AppendBigEndian(jpeg, 4);
+    AppendBigEndian(jpeg, (pixels.width + block - 1) / block * kRestartRows);
+  }
+  jpeg.append(first, layout.scan, layout.data - layout.scan);
+  for (std::size_t i = 0; i < strips.size(); ++i) {
+    constexpr std::size_t kEndMarker = 2;
+    const std::size_t data = LayoutOf(strips[i]).data;
+    jpeg.append(strips[i], data, strips[i].size() - data - kEndMarker);
+    if (i + 1 == strips.size()) break;
+    jpeg += '\xFF';
+    jpeg += static_cast<char>(0xD0 + i % 8);
+  }
+  return jpeg + "\xFF\xD9";
+}
+
+/// The bytes of a JPEG file; empty, with the reason in `error`, on failure.
+std::string Encoded(const EncodeImage& image, std::string& error) {
+  const Picture picture = Flattened(image.Pixels);
+  const ConstPixels pixels = picture.View();
+  constexpr int kLargestSide = 65500;
+  if (std::max(pixels.width, pixels.height) > kLargestSide) {
+    error = "a JPEG has at most 65500 pixels a side";
+    return {};
+  }
+  const int rows = PixelsPerRestart(image.Quality);
+  std::vector<std::string> strips(static_cast<std::size_t>((pixels.height + rows - 1) / rows));
+  std::vector<std::string> errors(strips.size());
+  ParallelRows(static_cast<int>(strips.size()), 1, [&](int from, int to) {
+    for (int i = from; i < to; ++i) {
+      ConstPixels part = pixels;
+      part.data = pixels.Row(i * rows);
+      part.height = std::min(rows, pixels.height - i * rows);
+      Compressor jpeg;
+      const auto at = static_cast<std::size_t>(i);
+      if (jpeg.Write(part, picture, image.Quality, i == 0)) {
+        strips[at] = jpeg.Bytes();
+      } else {
+        errors[at] = jpeg.Message();
+      }
+    }
+  });
+  for (const std::string& failure : errors) {
+    if (failure.empty()) continue;
+    error = failure;
+    return {};
+  }
+  return Assembled(strips, pixels, image.Quality);
+}
 
 }  // namespace
 
@@ -352,40 +455,19 @@ Picture DecodeJpegPreview(std::string_view bytes, int atLeast) {
 }
 
 std::string EncodeJpegToMemory(const EncodeImage& image) {
-  char* bytes = nullptr;
-  std::size_t size = 0;
-  std::FILE* stream = open_memstream(&bytes, &size);
-  if (stream == nullptr) return {};
-  const Picture picture = Flattened(image.Pixels);
-  Compressor jpeg;
-  const bool written = jpeg.Write(stream, picture.View(), picture, image.Quality);
-  const bool closed = std::fclose(stream) == 0;
-  std::string result;
-  if (written && closed) result.assign(bytes, size);
-  std::free(bytes);
-  return result;
+  std::string error;
+  return Encoded(image, error);
 }
 
 std::string EncodeJpeg(const FolderItem& file, const EncodeImage& image) {
-  const auto failure = [&](const std::string& reason) {
-    return CodecMessage(codecTexts::kCannotWrite, file, reason);
-  };
-  AtomicFile target(file);
-  if (target.Error()) return failure(target.Error().message());
-  const File stream(std::fopen(target.WorkingFile().Path().c_str(), "wbe"));
-  if (!stream) return failure(std::error_code(errno, std::generic_category()).message());
-  const Picture picture = Flattened(image.Pixels);
-  Compressor jpeg;
-  errno = 0;
-  if (!jpeg.Write(stream.get(), picture.View(), picture, image.Quality)) {
-    return failure(errno != 0 ? std::error_code(errno, std::generic_category()).message()
-                              : jpeg.Message());
+  std::string reason;
+  const std::string bytes = Encoded(image, reason);
+  if (!bytes.empty()) {
+    const std::error_code error = WriteFileAtomically(file, bytes);
+    if (!error) return {};
+    reason = error.message();
   }
-  if (std::fflush(stream.get()) != 0) {
-    return failure(std::error_code(errno, std::generic_category()).message());
-  }
-  if (const std::error_code error = target.Commit()) return failure(error.message());
-  return {};
+  return CodecMessage(codecTexts::kCannotWrite, file, reason);
 }
 
 }  // namespace brivolant::codecs

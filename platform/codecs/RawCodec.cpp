@@ -68,8 +68,7 @@ class RawSource final : public ImageSource {
     ProcessedImage image;
     if (error == LIBRAW_SUCCESS) image.reset(raw->dcraw_make_mem_image(&error));
     if (!image) {
-      return Result::Failure(
-          CodecMessage(codecTexts::kDamaged, file_, libraw_strerror(error)));
+      return Result::Failure(CodecMessage(codecTexts::kDamaged, file_, libraw_strerror(error)));
     }
     Picture picture = FromRGB(*image);
     if (picture.IsNil()) return Result::Failure(CodecMessage(codecTexts::kNoMemory, file_));
@@ -84,8 +83,8 @@ class RawSource final : public ImageSource {
     if (error == LIBRAW_SUCCESS) image.reset(raw->dcraw_make_mem_thumb(&error));
     Picture picture;
     if (image && image->type == LIBRAW_IMAGE_JPEG) {
-      picture = DecodeJpegPreview(
-          {reinterpret_cast<const char*>(image->data), image->data_size}, longest);
+      picture = DecodeJpegPreview({reinterpret_cast<const char*>(image->data), image->data_size},
+                                  longest);
     } else if (image) {
       picture = FromRGB(*image);
     }

@@ -124,9 +124,7 @@ ImageProperties PropertiesOf(VipsImage* image) {
       8 * static_cast<int>(vips_format_sizeof(vips_image_get_format(image)));
   const VipsInterpretation space = vips_image_guess_interpretation(image);
   const bool grey = space == VIPS_INTERPRETATION_B_W || space == VIPS_INTERPRETATION_GREY16;
-  properties.ColorModel = grey                                    ? "Gray"
-                          : space == VIPS_INTERPRETATION_CMYK ? "CMYK"
-                                                                  : "RGB";
+  properties.ColorModel = grey ? "Gray" : space == VIPS_INTERPRETATION_CMYK ? "CMYK" : "RGB";
   properties.ProfileName = SourceProfile(ProfileOf(image)).Name();
   return properties;
 }
@@ -380,9 +378,9 @@ std::unique_ptr<ImageSource> OpenWithVips(const FolderItem& file) {
 
 std::string EncodeWithVips(const FolderItem& file, std::string_view identifier,
                            std::span<const EncodeImage> pictures) {
-  const auto* writer =
-      std::find_if(kWriters.begin(), kWriters.end(),
-                   [&](const Writer& candidate) { return candidate.identifier == identifier; });
+  const auto* writer = std::find_if(kWriters.begin(), kWriters.end(), [&](const Writer& candidate) {
+    return candidate.identifier == identifier;
+  });
   if (writer == kWriters.end() || !Start()) {
     return CodecMessage(codecTexts::kUnknownFormat, file);
   }

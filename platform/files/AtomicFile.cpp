@@ -11,7 +11,9 @@
 namespace brivolant {
 namespace {
 
-std::error_code LastError() { return {errno, std::generic_category()}; }
+std::error_code LastError() {
+  return {errno, std::generic_category()};
+}
 
 /// The permissions a plain new file would get; the umask is only readable by setting it, so a
 /// replaced file's own mode is preferred.

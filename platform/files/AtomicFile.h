@@ -38,7 +38,6 @@ class AtomicFile {
 };
 
 /// Replaces the content of `target` by `bytes`, or leaves it as it was.
-[[nodiscard]] std::error_code WriteFileAtomically(const FolderItem& target,
-                                                  std::string_view bytes);
+[[nodiscard]] std::error_code WriteFileAtomically(const FolderItem& target, std::string_view bytes);
 
 }  // namespace brivolant

@@ -21,9 +21,13 @@ std::uint64_t BinaryStream::ReadInteger(int size) {
   return value;
 }
 
-float BinaryStream::ReadSingle() { return std::bit_cast<float>(ReadUInt32()); }
+float BinaryStream::ReadSingle() {
+  return std::bit_cast<float>(ReadUInt32());
+}
 
-double BinaryStream::ReadDouble() { return std::bit_cast<double>(ReadUInt64()); }
+double BinaryStream::ReadDouble() {
+  return std::bit_cast<double>(ReadUInt64());
+}
 
 std::string_view BinaryStream::Read(std::size_t length) {
   if (length > Remaining()) {
@@ -44,9 +48,13 @@ void ByteWriter::Integer(std::uint64_t value, int size) {
   for (int i = 0; i < size; ++i) bytes_ += static_cast<char>(value >> (8 * i));
 }
 
-void ByteWriter::Single(float value) { UInt32(std::bit_cast<std::uint32_t>(value)); }
+void ByteWriter::Single(float value) {
+  UInt32(std::bit_cast<std::uint32_t>(value));
+}
 
-void ByteWriter::Double(double value) { UInt64(std::bit_cast<std::uint64_t>(value)); }
+void ByteWriter::Double(double value) {
+  UInt64(std::bit_cast<std::uint64_t>(value));
+}
 
 void ByteWriter::PatchUInt32(std::size_t position, std::uint32_t value) {
   for (std::size_t i = 0; i < 4; ++i) bytes_.at(position + i) = static_cast<char>(value >> (8 * i));

@@ -37,9 +37,13 @@ std::string FolderItem::AbsolutePath() const {
   return text;
 }
 
-std::string FolderItem::Name() const { return path_.filename().string(); }
+std::string FolderItem::Name() const {
+  return path_.filename().string();
+}
 
-std::string FolderItem::DisplayName() const { return EnsureUTF8(Name()); }
+std::string FolderItem::DisplayName() const {
+  return EnsureUTF8(Name());
+}
 
 FolderItem FolderItem::Parent() const {
   if (IsNil() || !path_.has_relative_path()) return {};
@@ -74,7 +78,9 @@ bool FolderItem::Alias() const {
   return !IsNil() && fs::is_symlink(path_, error);
 }
 
-bool FolderItem::IsReadable() const { return !IsNil() && access(path_.c_str(), R_OK) == 0; }
+bool FolderItem::IsReadable() const {
+  return !IsNil() && access(path_.c_str(), R_OK) == 0;
+}
 
 bool FolderItem::IsWriteable() const {
   if (IsNil()) return false;

@@ -17,10 +17,14 @@
 namespace brivolant {
 namespace {
 
-QColor ToQt(Color color) { return {color.Red, color.Green, color.Blue}; }
+QColor ToQt(Color color) {
+  return {color.Red, color.Green, color.Blue};
+}
 
 /// An outline of one pixel lies on the pixels of its rectangle's edge.
-QRectF Outline(double x, double y, double w, double h) { return {x + 0.5, y + 0.5, w - 1, h - 1}; }
+QRectF Outline(double x, double y, double w, double h) {
+  return {x + 0.5, y + 0.5, w - 1, h - 1};
+}
 
 }  // namespace
 
@@ -46,8 +50,12 @@ Graphics::Graphics(Picture& target) : picture_(&target) {}
 Graphics::Graphics(Plane& target) : plane_(&target) {}
 Graphics::~Graphics() = default;
 
-int Graphics::Width() const { return picture_ != nullptr ? picture_->Width() : plane_->Width(); }
-int Graphics::Height() const { return picture_ != nullptr ? picture_->Height() : plane_->Height(); }
+int Graphics::Width() const {
+  return picture_ != nullptr ? picture_->Width() : plane_->Width();
+}
+int Graphics::Height() const {
+  return picture_ != nullptr ? picture_->Height() : plane_->Height();
+}
 
 Graphics::Painter& Graphics::Paint() {
   if (!painter_) {
@@ -138,8 +146,12 @@ double Graphics::StringHeight(const std::string& text, double wrapWidth) {
       .height();
 }
 
-double Graphics::TextHeight() { return QFontMetricsF(FontOf(*this)).height(); }
-double Graphics::TextAscent() { return QFontMetricsF(FontOf(*this)).ascent(); }
+double Graphics::TextHeight() {
+  return QFontMetricsF(FontOf(*this)).height();
+}
+double Graphics::TextAscent() {
+  return QFontMetricsF(FontOf(*this)).ascent();
+}
 
 Color Graphics::Pixel(int x, int y) const {
   if (picture_ != nullptr) return picture_->At(x, y);
@@ -175,8 +187,8 @@ void Graphics::DrawPicture(const Picture& picture, int x, int y, int w, int h, i
   }
   if (picture_ != nullptr) {
     const Plane* mask = part.Mask();
-    kernels::Compose(picture_->Edit(), part.View(), mask != nullptr ? mask->View() : ConstGrey{},
-                     x, y);
+    kernels::Compose(picture_->Edit(), part.View(), mask != nullptr ? mask->View() : ConstGrey{}, x,
+                     y);
     if (picture_->Depth() == 1) kernels::ReduceToBlackAndWhite(picture_->Edit());
   } else {
     Plane luma = Plane::Uninitialized(part.Width(), part.Height());

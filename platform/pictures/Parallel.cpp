@@ -28,6 +28,8 @@ void ParallelRows(int count, int grain, const std::function<void(int, int)>& wor
 
 ThreadLimit::ThreadLimit(int threads) : before_(std::exchange(limit, threads)) {}
 
-ThreadLimit::~ThreadLimit() { limit = before_; }
+ThreadLimit::~ThreadLimit() {
+  limit = before_;
+}
 
 }  // namespace brivolant

@@ -10,7 +10,9 @@
 namespace brivolant {
 namespace {
 
-constexpr std::size_t Aligned(std::size_t bytes) { return (bytes + 63) / 64 * 64; }
+constexpr std::size_t Aligned(std::size_t bytes) {
+  return (bytes + 63) / 64 * 64;
+}
 
 bool Possible(int width, int height) {
   return width > 0 && height > 0 && std::int64_t{width} * height <= Picture::kMostPixels;
@@ -73,8 +75,8 @@ Pixels Picture::Edit() {
 
 QImage Picture::AsImage() const {
   if (IsNil()) return {};
-  return {static_cast<const uchar*>(bytes_.get()), width_, height_,
-          static_cast<qsizetype>(stride_), QImage::Format_RGB32};
+  return {static_cast<const uchar*>(bytes_.get()), width_, height_, static_cast<qsizetype>(stride_),
+          QImage::Format_RGB32};
 }
 
 QImage Picture::EditImage() {

@@ -72,9 +72,9 @@ std::shared_ptr<std::uint8_t> PixelMemory::Allocate(std::size_t bytes) {
   if (bytes < kLarge) {
     const std::size_t rounded = (bytes + kAlignment) / kAlignment * kAlignment;
     auto* address = static_cast<std::uint8_t*>(
-        ::operator new(rounded, std::align_val_t{kAlignment}, std::nothrow));
+        ::operator new (rounded, std::align_val_t{kAlignment}, std::nothrow));
     if (address == nullptr) return nullptr;
-    return {address, [](std::uint8_t* p) { ::operator delete(p, std::align_val_t{kAlignment}); }};
+    return {address, [](std::uint8_t* p) { ::operator delete (p, std::align_val_t{kAlignment}); }};
   }
   const std::size_t size = (bytes + kHugePage - 1) / kHugePage * kHugePage;
   Block block = Kept().Take(size);
@@ -87,6 +87,8 @@ std::shared_ptr<std::uint8_t> PixelMemory::Allocate(std::size_t bytes) {
   return {block.address, [block](std::uint8_t*) { Kept().Keep(block); }};
 }
 
-void PixelMemory::ReleaseKept() { Kept().Keep({}); }
+void PixelMemory::ReleaseKept() {
+  Kept().Keep({});
+}
 
 }  // namespace brivolant

@@ -29,7 +29,9 @@ struct ToneTables {
 };
 
 /// `value` limited to 0 to 255.
-constexpr int ClampValue(int value) { return value < 0 ? 0 : value > 255 ? 255 : value; }
+constexpr int ClampValue(int value) {
+  return value < 0 ? 0 : value > 255 ? 255 : value;
+}
 
 /// The integer part of `value` limited to 0 to 255; what is not a number gives 0.
 constexpr std::uint8_t ClampedLevel(double value) {

@@ -65,8 +65,7 @@ bool Append(pugi::xml_node parent, const Variant& value) {
     parent.append_child("string").text().set(EnsureUTF8(value.ToText()).c_str());
   } else if (const auto* date = value.As<Date>()) {
     const auto moment = QDateTime::fromSecsSinceEpoch(date->UnixTime(), Qt::UTC);
-    parent.append_child("date").text().set(
-        moment.toString(Qt::ISODate).toStdString().c_str());
+    parent.append_child("date").text().set(moment.toString(Qt::ISODate).toStdString().c_str());
   } else if (const auto* dictionary = value.As<Dictionary>()) {
     auto element = parent.append_child("dict");
     for (int i = 0; i < dictionary->Count(); ++i) {
@@ -125,7 +124,9 @@ Preferences::Preferences(std::string id, FolderItem folder, Log& log)
 
 Preferences::~Preferences() = default;
 
-FolderItem Preferences::File() const { return folder_.Child(id_ + ".plist"); }
+FolderItem Preferences::File() const {
+  return folder_.Child(id_ + ".plist");
+}
 
 bool Preferences::Read(pugi::xml_document& document) const {
   if (!File().Exists()) {
@@ -133,10 +134,10 @@ bool Preferences::Read(pugi::xml_document& document) const {
     return true;
   }
   const auto bytes = ReadFile(File());
-  const bool read = bytes && document.load_buffer(bytes->data(), bytes->size(),
-                                                  pugi::parse_default | pugi::parse_doctype |
-                                                      pugi::parse_declaration |
-                                                      pugi::parse_ws_pcdata_single);
+  const bool read =
+      bytes && document.load_buffer(bytes->data(), bytes->size(),
+                                    pugi::parse_default | pugi::parse_doctype |
+                                        pugi::parse_declaration | pugi::parse_ws_pcdata_single);
   if (read && Root(document)) return true;
   ResetToEmpty(document);
   return false;
@@ -148,9 +149,9 @@ void Preferences::SetAside() {
     aside = folder_.Child(id_ + ".damaged-" + std::to_string(n) + ".plist");
   }
   const std::error_code error = File().MoveFileTo(aside);
-  log_.Write("Preferences: the file \"" + File().ShellPath() + "\" is damaged and was " +
-             (error ? "left where it is: " + error.message()
-                    : "set aside as \"" + aside.Name() + "\"."));
+  log_.Write(
+      "Preferences: the file \"" + File().ShellPath() + "\" is damaged and was " +
+      (error ? "left where it is: " + error.message() : "set aside as \"" + aside.Name() + "\"."));
 }
 
 Variant Preferences::Value(std::string_view key, const Variant& fallback) const {

@@ -33,9 +33,15 @@ FolderItem Created(const FolderItem& folder) {
 
 }  // namespace
 
-FolderItem DocumentsFolder() { return Standard(QStandardPaths::DocumentsLocation); }
-FolderItem ConfigurationFolder() { return Standard(QStandardPaths::GenericConfigLocation); }
-FolderItem DataFolder() { return Standard(QStandardPaths::GenericDataLocation); }
+FolderItem DocumentsFolder() {
+  return Standard(QStandardPaths::DocumentsLocation);
+}
+FolderItem ConfigurationFolder() {
+  return Standard(QStandardPaths::GenericConfigLocation);
+}
+FolderItem DataFolder() {
+  return Standard(QStandardPaths::GenericDataLocation);
+}
 
 namespace otherSharedComponents {
 

@@ -48,7 +48,9 @@ Date FromCivilSeconds(std::int64_t seconds) {
 
 }  // namespace
 
-Date Date::Now() { return FromUnixTime(std::time(nullptr)); }
+Date Date::Now() {
+  return FromUnixTime(std::time(nullptr));
+}
 
 Date Date::FromTotalSeconds(double seconds) {
   // Ten thousand years each way: a damaged document must not overflow the calendar.
@@ -123,6 +125,8 @@ int Date::DayOfWeek() const {
   return static_cast<int>(std::chrono::weekday{sys_days{days{day}}}.c_encoding()) + 1;
 }
 
-Date Date::Normalized() const { return FromCivilSeconds(CivilSeconds(*this)); }
+Date Date::Normalized() const {
+  return FromCivilSeconds(CivilSeconds(*this));
+}
 
 }  // namespace brivolant

@@ -14,11 +14,15 @@ namespace {
 // Written once at start, before any thread exists.
 TranslationLookup translations = nullptr;
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+char Lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 }  // namespace
 
-void InstallTranslations(TranslationLookup lookup) { translations = lookup; }
+void InstallTranslations(TranslationLookup lookup) {
+  translations = lookup;
+}
 
 std::string LocalizedText::Text() const {
   if (translations != nullptr) {
@@ -77,15 +81,13 @@ std::string_view Trim(std::string_view text) {
 
 std::string Hexadecimal(std::uint64_t value, int digits) {
   std::array<char, 32> text{};
-  std::snprintf(text.data(), text.size(), "%0*llX", digits,
-                static_cast<unsigned long long>(value));
+  std::snprintf(text.data(), text.size(), "%0*llX", digits, static_cast<unsigned long long>(value));
   return text.data();
 }
 
 bool IsUTF8(std::string_view text) {
   QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-  const QString decoded =
-      decoder(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
+  const QString decoded = decoder(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
   return !decoder.hasError();
 }
 

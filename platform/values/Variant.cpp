@@ -66,9 +66,13 @@ Dictionary::Data& Dictionary::Own() {
   return *data_;
 }
 
-int Dictionary::Count() const { return data_ ? static_cast<int>(data_->entries.size()) : 0; }
+int Dictionary::Count() const {
+  return data_ ? static_cast<int>(data_->entries.size()) : 0;
+}
 
-bool Dictionary::HasKey(const Variant& key) const { return data_ && data_->index.contains(key); }
+bool Dictionary::HasKey(const Variant& key) const {
+  return data_ && data_->index.contains(key);
+}
 
 const Variant& Dictionary::Key(int index) const {
   return data_->entries.at(static_cast<std::size_t>(index)).first;
@@ -78,7 +82,9 @@ const Variant& Dictionary::ValueAt(int index) const {
   return data_->entries.at(static_cast<std::size_t>(index)).second;
 }
 
-const Variant& Dictionary::Value(const Variant& key) const { return Lookup(key, kNil); }
+const Variant& Dictionary::Value(const Variant& key) const {
+  return Lookup(key, kNil);
+}
 
 const Variant& Dictionary::Lookup(const Variant& key, const Variant& fallback) const {
   if (!data_) return fallback;
@@ -121,7 +127,9 @@ void Collection::Add(Variant value, std::string key) {
   items_.emplace_back(std::move(key), std::move(value));
 }
 
-bool operator==(const Collection& a, const Collection& b) { return a.items_ == b.items_; }
+bool operator==(const Collection& a, const Collection& b) {
+  return a.items_ == b.items_;
+}
 
 bool Variant::IsNumber() const {
   return Is<std::int32_t>() || Is<std::int64_t>() || Is<float>() || Is<double>() || Is<Currency>();
@@ -138,15 +146,14 @@ std::int32_t Variant::ToInt() const {
 
 double Variant::ToDouble() const {
   return std::visit(
-      Overload{[](std::int32_t v) { return static_cast<double>(v); },
-               [](std::int64_t v) { return static_cast<double>(v); },
-               [](float v) { return static_cast<double>(v); }, [](double v) { return v; },
-               [](Currency v) { return static_cast<double>(v.TenThousandths) / 10000.0; },
-               [](const Date& v) { return v.TotalSeconds(); },
-               [](const std::string& v) { return ParseDouble(v); },
-               [](bool v) { return v ? 1.0 : 0.0; },
-               [](Color v) { return static_cast<double>(v.RGB()); },
-               [](const auto&) { return 0.0; }},
+      Overload{
+          [](std::int32_t v) { return static_cast<double>(v); },
+          [](std::int64_t v) { return static_cast<double>(v); },
+          [](float v) { return static_cast<double>(v); }, [](double v) { return v; },
+          [](Currency v) { return static_cast<double>(v.TenThousandths) / 10000.0; },
+          [](const Date& v) { return v.TotalSeconds(); },
+          [](const std::string& v) { return ParseDouble(v); }, [](bool v) { return v ? 1.0 : 0.0; },
+          [](Color v) { return static_cast<double>(v.RGB()); }, [](const auto&) { return 0.0; }},
       value_);
 }
 
@@ -160,19 +167,18 @@ bool Variant::ToBool() const {
 }
 
 std::string Variant::ToText() const {
-  return std::visit(Overload{[](std::int32_t v) { return NumberText(v); },
-                             [](std::int64_t v) { return NumberText(v); },
-                             [](float v) { return NumberText(v); },
-                             [](double v) { return NumberText(v); },
-                             [this](Currency) { return NumberText(ToDouble()); },
-                             [](const Date& v) { return v.Text(); },
-                             [](const std::string& v) { return v; },
-                             [](bool v) { return std::string(v ? "True" : "False"); },
-                             [](Color v) { return "&c" + Hexadecimal(v.RGB(), 6); },
-                             [](const FolderItem& v) { return v.ShellPath(); },
-                             [](Pair v) { return NumberText(v.Left) + ' ' + NumberText(v.Right); },
-                             [](const auto&) { return std::string(); }},
-                    value_);
+  return std::visit(
+      Overload{[](std::int32_t v) { return NumberText(v); },
+               [](std::int64_t v) { return NumberText(v); }, [](float v) { return NumberText(v); },
+               [](double v) { return NumberText(v); },
+               [this](Currency) { return NumberText(ToDouble()); },
+               [](const Date& v) { return v.Text(); }, [](const std::string& v) { return v; },
+               [](bool v) { return std::string(v ? "True" : "False"); },
+               [](Color v) { return "&c" + Hexadecimal(v.RGB(), 6); },
+               [](const FolderItem& v) { return v.ShellPath(); },
+               [](Pair v) { return NumberText(v.Left) + ' ' + NumberText(v.Right); },
+               [](const auto&) { return std::string(); }},
+      value_);
 }
 
 Color Variant::ToColor() const {

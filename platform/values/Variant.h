@@ -70,18 +70,18 @@ class Collection {
 /// A value of any simple type. Conversions never fail: what has no meaning gives 0, "" or false.
 class Variant {
  public:
-  using Storage = std::variant<std::monostate, std::int32_t, std::int64_t, float, double, Currency,
-                               Date, std::string, bool, Color, Dictionary, Collection, FolderItem,
-                               Pair>;
+  using Storage =
+      std::variant<std::monostate, std::int32_t, std::int64_t, float, double, Currency, Date,
+                   std::string, bool, Color, Dictionary, Collection, FolderItem, Pair>;
 
   Variant() = default;
-  Variant(std::int32_t value) : value_(value) {}           // NOLINT(google-explicit-constructor)
-  Variant(std::int64_t value) : value_(value) {}           // NOLINT(google-explicit-constructor)
-  Variant(float value) : value_(value) {}                  // NOLINT(google-explicit-constructor)
-  Variant(double value) : value_(value) {}                 // NOLINT(google-explicit-constructor)
-  Variant(Currency value) : value_(value) {}               // NOLINT(google-explicit-constructor)
-  Variant(const Date& value) : value_(value) {}            // NOLINT(google-explicit-constructor)
-  Variant(std::string value) : value_(std::move(value)) {} // NOLINT(google-explicit-constructor)
+  Variant(std::int32_t value) : value_(value) {}            // NOLINT(google-explicit-constructor)
+  Variant(std::int64_t value) : value_(value) {}            // NOLINT(google-explicit-constructor)
+  Variant(float value) : value_(value) {}                   // NOLINT(google-explicit-constructor)
+  Variant(double value) : value_(value) {}                  // NOLINT(google-explicit-constructor)
+  Variant(Currency value) : value_(value) {}                // NOLINT(google-explicit-constructor)
+  Variant(const Date& value) : value_(value) {}             // NOLINT(google-explicit-constructor)
+  Variant(std::string value) : value_(std::move(value)) {}  // NOLINT(google-explicit-constructor)
   Variant(std::string_view value) : value_(std::string(value)) {}  // NOLINT
   Variant(const char* value) : value_(std::string(value)) {}       // NOLINT
   Variant(bool value) : value_(value) {}                   // NOLINT(google-explicit-constructor)

@@ -49,9 +49,7 @@ struct Multiply {
   V16 operator()(V16 b, V16 s) const { return Div255(hn::Mul(b, s)); }
 };
 struct Screen {
-  V16 operator()(V16 b, V16 s) const {
-    return hn::Sub(hn::Add(b, s), Div255(hn::Mul(b, s)));
-  }
+  V16 operator()(V16 b, V16 s) const { return hn::Sub(hn::Add(b, s), Div255(hn::Mul(b, s))); }
 };
 struct Overlay {
   V16 operator()(V16 b, V16 s) const { return HardLight(s, b); }
@@ -107,14 +105,14 @@ struct SoftLight {
     const VF cb = hn::Mul(b, scale);
     const VF cs = hn::Mul(s, scale);
     const VF k = hn::Sub(hn::Add(cs, cs), one);
-    const VF poly = hn::Mul(
-        hn::Add(hn::Mul(hn::Sub(hn::Mul(hn::Set(d, 16.0F), cb), hn::Set(d, 12.0F)), cb),
-                hn::Set(d, 4.0F)),
-        cb);
+    const VF poly =
+        hn::Mul(hn::Add(hn::Mul(hn::Sub(hn::Mul(hn::Set(d, 16.0F), cb), hn::Set(d, 12.0F)), cb),
+                        hn::Set(d, 4.0F)),
+                cb);
     const VF root = hn::IfThenElse(hn::Le(cb, hn::Set(d, 0.25F)), poly, hn::Sqrt(cb));
     const VF dark = hn::Mul(cb, hn::Sub(one, cb));
-    const VF step = hn::IfThenElse(hn::Le(hn::Add(s, s), hn::Set(d, 255.0F)), dark,
-                                   hn::Sub(root, cb));
+    const VF step =
+        hn::IfThenElse(hn::Le(hn::Add(s, s), hn::Set(d, 255.0F)), dark, hn::Sub(root, cb));
     return hn::Mul(hn::Add(cb, hn::Mul(k, step)), hn::Set(d, 255.0F));
   }
 };
@@ -199,11 +197,19 @@ HWY_INLINE VF Lum(const Rgb& c) {
   return hn::Add(hn::Add(hn::Mul(c.r, hn::Set(d, 0.3F)), hn::Mul(c.g, hn::Set(d, 0.59F))),
                  hn::Mul(c.b, hn::Set(d, 0.11F)));
 }
-HWY_INLINE VF Largest(const Rgb& c) { return hn::Max(hn::Max(c.r, c.g), c.b); }
-HWY_INLINE VF Smallest(const Rgb& c) { return hn::Min(hn::Min(c.r, c.g), c.b); }
-HWY_INLINE VF Sat(const Rgb& c) { return hn::Sub(Largest(c), Smallest(c)); }
+HWY_INLINE VF Largest(const Rgb& c) {
+  return hn::Max(hn::Max(c.r, c.g), c.b);
+}
+HWY_INLINE VF Smallest(const Rgb& c) {
+  return hn::Min(hn::Min(c.r, c.g), c.b);
+}
+HWY_INLINE VF Sat(const Rgb& c) {
+  return hn::Sub(Largest(c), Smallest(c));
+}
 
-HWY_INLINE VF Around(VF l, VF v, VF k) { return hn::Add(l, hn::Mul(hn::Sub(v, l), k)); }
+HWY_INLINE VF Around(VF l, VF v, VF k) {
+  return hn::Add(l, hn::Mul(hn::Sub(v, l), k));
+}
 
 template <class Wrong>
 HWY_INLINE Rgb ClipWhere(const Rgb& c, Wrong wrong, VF l, VF k) {
@@ -250,7 +256,9 @@ HWY_INLINE V32 Channel(V32 pixel) {
   return hn::And(hn::ShiftRight<kShift>(pixel), hn::Set(D32(), 0xFF));
 }
 
-HWY_INLINE VF FloatOf(V32 level) { return hn::ConvertTo(DF(), hn::BitCast(DI(), level)); }
+HWY_INLINE VF FloatOf(V32 level) {
+  return hn::ConvertTo(DF(), hn::BitCast(DI(), level));
+}
 
 HWY_INLINE Rgb Unpack(V32 pixel) {
   return {FloatOf(Channel<16>(pixel)), FloatOf(Channel<8>(pixel)), FloatOf(Channel<0>(pixel))};
@@ -275,8 +283,7 @@ HWY_ATTR void BlendColorRow(std::uint8_t* base, const std::uint8_t* fill, const 
     const Rgb blended = mode(Unpack(b), Unpack(hn::Load(d, fills + i)));
     V32 weight = full;
     if (mask != nullptr) {
-      const V32 visible =
-          hn::Sub(hn::Set(d, 255), hn::PromoteTo(d, hn::Load(d8, mask + i)));
+      const V32 visible = hn::Sub(hn::Set(d, 255), hn::PromoteTo(d, hn::Load(d8, mask + i)));
       const V32 rounded = hn::Add(hn::Mul(full, visible), round);
       weight = hn::ShiftRight<8>(hn::Add(rounded, hn::ShiftRight<8>(rounded)));
     }

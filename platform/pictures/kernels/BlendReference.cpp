@@ -81,10 +81,18 @@ struct Rgb {
   float b;
 };
 
-float Lum(Rgb c) { return c.r * 0.3F + c.g * 0.59F + c.b * 0.11F; }
-float Largest(Rgb c) { return std::max(std::max(c.r, c.g), c.b); }
-float Smallest(Rgb c) { return std::min(std::min(c.r, c.g), c.b); }
-float Sat(Rgb c) { return Largest(c) - Smallest(c); }
+float Lum(Rgb c) {
+  return c.r * 0.3F + c.g * 0.59F + c.b * 0.11F;
+}
+float Largest(Rgb c) {
+  return std::max(std::max(c.r, c.g), c.b);
+}
+float Smallest(Rgb c) {
+  return std::min(std::min(c.r, c.g), c.b);
+}
+float Sat(Rgb c) {
+  return Largest(c) - Smallest(c);
+}
 
 template <class F>
 Rgb Each(Rgb c, F f) {
@@ -138,8 +146,7 @@ void Blend(Pixels base, ConstPixels fill, int mode, int opacity, ConstGrey mask)
     std::uint8_t* b = base.Row(y);
     const std::uint8_t* s = fill.Row(y);
     for (int x = 0; x < base.width; ++x, b += 4, s += 4) {
-      const int weight =
-          mask.data == nullptr ? opacity : Div255(opacity * (255 - mask.Row(y)[x]));
+      const int weight = mask.data == nullptr ? opacity : Div255(opacity * (255 - mask.Row(y)[x]));
       int blended[3];
       if (mode >= 12 && mode <= 15) {
         const Rgb c = NonSeparable(

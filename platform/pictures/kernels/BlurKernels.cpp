@@ -152,8 +152,8 @@ std::array<int, 3> BoxesFor(double sigma) {
   for (int a = std::max(1, middle - kSpread); a <= middle; a += 2) {
     for (int b = a; b <= middle + kSpread; b += 2) {
       for (int c = b; c <= middle + kSpread; c += 2) {
-        const double misfit = std::abs(target - (1.0 * a * a + b * b + c * c)) +
-                              kSpreadCost * (c - a) * (c - a);
+        const double misfit =
+            std::abs(target - (1.0 * a * a + b * b + c * c)) + kSpreadCost * (c - a) * (c - a);
         if (misfit < least) {
           least = misfit;
           best = {a, b, c};
@@ -273,8 +273,8 @@ BlurScratch::BlurScratch(const GaussianPlan& plan, int length) {
   constexpr std::size_t kLine = 16 * sizeof(std::uint32_t);
   const std::size_t ring2 = static_cast<std::size_t>(plan.boxes[1]) * kLine;
   const std::size_t ring3 = static_cast<std::size_t>(plan.boxes[2]) * kLine;
-  memory = PixelMemory::Allocate(
-      ring2 + ring3 + (plan.usesBoxes ? 0 : static_cast<std::size_t>(length) * kStrip));
+  memory = PixelMemory::Allocate(ring2 + ring3 +
+                                 (plan.usesBoxes ? 0 : static_cast<std::size_t>(length) * kStrip));
   if (!memory) throw std::bad_alloc();
   second = reinterpret_cast<std::uint32_t*>(memory.get());
   third = reinterpret_cast<std::uint32_t*>(memory.get() + ring2);
@@ -327,10 +327,8 @@ void GaussianBlur(Grey plane, const GaussianPlan& plan) {
       }
     }
   };
-  pass(plane.height, plane.width,
-       [&](int y, int x) -> std::uint8_t& { return plane.Row(y)[x]; });
-  pass(plane.width, plane.height,
-       [&](int x, int y) -> std::uint8_t& { return plane.Row(y)[x]; });
+  pass(plane.height, plane.width, [&](int y, int x) -> std::uint8_t& { return plane.Row(y)[x]; });
+  pass(plane.width, plane.height, [&](int x, int y) -> std::uint8_t& { return plane.Row(y)[x]; });
 }
 
 }  // namespace reference

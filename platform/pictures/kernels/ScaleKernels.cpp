@@ -141,8 +141,8 @@ void Scale(ConstPixels source, const SourceArea& area, Pixels target) {
 void Scale(ConstGrey source, const SourceArea& area, Grey target) {
   const ScalePlan across(source.width, area.x, area.width, target.width);
   const ScalePlan down(source.height, area.y, area.height, target.height);
-  ScaleRows(source.data, source.stride, down, target.height,
-            static_cast<std::size_t>(source.width), [&](int y, const std::uint16_t* sum) {
+  ScaleRows(source.data, source.stride, down, target.height, static_cast<std::size_t>(source.width),
+            [&](int y, const std::uint16_t* sum) {
               for (int x = 0; x < target.width; ++x) target.Row(y)[x] = SumBytes(sum, across, x);
             });
 }

@@ -64,8 +64,8 @@ HWY_INLINE V Lookup(D d, const SplitTable& table, V level) {
 HWY_ATTR void ApplyOneTable(std::uint8_t* bytes, std::size_t count, const SplitTable& table,
                             std::uint32_t keep) {
   const Bytes d;
-  const auto kept = hn::BitCast(d, hn::Set(hn::RepartitionToWide<hn::RepartitionToWide<Bytes>>(),
-                                           keep));
+  const auto kept =
+      hn::BitCast(d, hn::Set(hn::RepartitionToWide<hn::RepartitionToWide<Bytes>>(), keep));
   for (std::size_t i = 0; i < count; i += hn::Lanes(d)) {
     hn::Store(hn::Or(Lookup(d, table, hn::Load(d, bytes + i)), kept), d, bytes + i);
   }
@@ -124,8 +124,8 @@ HWY_ATTR void InvertBytes(std::uint8_t* bytes, std::size_t count, std::uint32_t 
 
 HWY_ATTR void AddBytes(std::uint8_t* bytes, std::size_t count, int amount) {
   const Bytes d;
-  const auto rest = hn::BitCast(
-      d, hn::Set(hn::RepartitionToWide<hn::RepartitionToWide<Bytes>>(), 0xFF000000U));
+  const auto rest =
+      hn::BitCast(d, hn::Set(hn::RepartitionToWide<hn::RepartitionToWide<Bytes>>(), 0xFF000000U));
   const auto size = hn::Set(d, static_cast<std::uint8_t>(amount < 0 ? -amount : amount));
   for (std::size_t i = 0; i < count; i += hn::Lanes(d)) {
     const auto v = hn::Load(d, bytes + i);
@@ -223,8 +223,12 @@ void LumaRows(ConstPixels pixels, Grey plane, bool oneBit) {
 }
 }  // namespace
 
-void Luma(ConstPixels pixels, Grey plane) { LumaRows(pixels, plane, false); }
-void BlackAndWhite(ConstPixels pixels, Grey plane) { LumaRows(pixels, plane, true); }
+void Luma(ConstPixels pixels, Grey plane) {
+  LumaRows(pixels, plane, false);
+}
+void BlackAndWhite(ConstPixels pixels, Grey plane) {
+  LumaRows(pixels, plane, true);
+}
 
 Histograms CountLevels(ConstPixels pixels) {
   Histograms counts;

@@ -241,9 +241,9 @@ void Mirror(Pixels pixels, bool alongX, bool alongY) {
 }
 
 void RotateAnyAngle(ConstPixels source, Pixels target, double degrees, std::uint32_t back) {
-  const std::uint8_t outside[4] = {
-      static_cast<std::uint8_t>(back), static_cast<std::uint8_t>(back >> 8),
-      static_cast<std::uint8_t>(back >> 16), 255};
+  const std::uint8_t outside[4] = {static_cast<std::uint8_t>(back),
+                                   static_cast<std::uint8_t>(back >> 8),
+                                   static_cast<std::uint8_t>(back >> 16), 255};
   RotateBytes(source.data, source.stride, source.width, source.height, 4, target.data,
               target.stride, target.width, target.height, degrees, outside);
 }

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+#include "Peers.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vips/vips.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+#include <opencv2/core.hpp>
+#include <opencv2/imgproc.hpp>
+
+extern char** environ;
+
+namespace brivolant::bench {
+
+std::vector<double> Fastest(const std::vector<Work>& works, int rounds) {
+  std::vector<double> fastest(works.size(), std::numeric_limits<double>::max());
+  for (int round = 0; round < rounds; ++round) {
+    for (std::size_t i = 0; i < works.size(); ++i) {
+      const auto start = std::chrono::steady_clock::now();
+      works[i]();
+      const std::chrono::duration<double, std::milli> time =
+          std::chrono::steady_clock::now() - start;
+      fastest[i] = std::min(fastest[i], time.count());
+    }
+  }
+  return fastest;
+}
+
+namespace {
+
+void Spawn(const std::vector<std::string>& command) {
+  std::vector<char*> arguments;
+  for (const std::string& argument : command) {
+    arguments.push_back(const_cast<char*>(argument.c_str()));
+  }
+  arguments.push_back(nullptr);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+  pid_t child = 0;
+  int status = -1;
+  if (posix_spawnp(&child, arguments[0], &actions, nullptr, arguments.data(), environ) != 0 ||
+      waitpid(child, &status, 0) != child || status != 0) {
+    std::fprintf(stderr, "peer-table: %s failed\n", command[0].c_str());
+    std::exit(1);
+  }
+  posix_spawn_file_actions_destroy(&actions);
+}
+
+}  // namespace
+
+void RunProgram(const std::vector<std::string>& command) {
+  Spawn(command);
+}
+
+double PeakTold(const std::vector<std::string>& command) {
+  std::string line;
+  for (const std::string& argument : command) line += "'" + argument + "' ";
+  std::FILE* output = popen(line.c_str(), "r");
+  if (output == nullptr) return 0;
+  std::array<char, 4096> text{};
+  const std::size_t size = std::fread(text.data(), 1, text.size() - 1, output);
+  pclose(output);
+  const std::string_view json(text.data(), size);
+  constexpr std::string_view kKey = "\"peak_memory_bytes\":";
+  const std::size_t at = json.find(kKey);
+  return at == std::string_view::npos ? 0 : std::atof(text.data() + at + kKey.size());
+}
+
+struct VipsPeer::Image {
+  VipsImage* vips;
+};
+
+VipsPeer::VipsPeer(const Picture& picture, const char* programName) : image_(new Image{}) {
+  VIPS_INIT(programName);
+  vips_cache_set_max(0);
+  memory_.reserve(static_cast<std::size_t>(picture.Width()) * picture.Height() * 3);
+  for (int y = 0; y < picture.Height(); ++y) {
+    for (int x = 0; x < picture.Width(); ++x) {
+      const Color color = picture.At(x, y);
+      memory_.insert(memory_.end(), {color.Red, color.Green, color.Blue});
+    }
+  }
+  image_->vips = vips_image_new_from_memory(memory_.data(), memory_.size(), picture.Width(),
+                                            picture.Height(), 3, VIPS_FORMAT_UCHAR);
+}
+
+VipsPeer::~VipsPeer() {
+  g_object_unref(image_->vips);
+  delete image_;
+}
+
+namespace {
+/// Computes a pipeline into memory.
+void Finish(VipsImage* pipeline) {
+  std::size_t size = 0;
+  void* bytes = vips_image_write_to_memory(pipeline, &size);
+  g_free(bytes);
+  g_object_unref(pipeline);
+}
+}  // namespace
+
+void VipsPeer::Blur(double sigma) const {
+  VipsImage* out = nullptr;
+  vips_gaussblur(image_->vips, &out, sigma, nullptr);
+  Finish(out);
+}
+
+void VipsPeer::Resize(double scale) const {
+  VipsImage* out = nullptr;
+  vips_resize(image_->vips, &out, scale, nullptr);
+  Finish(out);
+}
+
+void VipsPeer::Rotate90() const {
+  VipsImage* out = nullptr;
+  vips_rot(image_->vips, &out, VIPS_ANGLE_D90, nullptr);
+  Finish(out);
+}
+
+struct OpenCvPeer::Images {
+  cv::Mat source;
+  cv::Mat target;
+  cv::Mat turned;
+  cv::Mat table;
+};
+
+OpenCvPeer::OpenCvPeer(const Picture& picture) : images_(new Images) {
+  const cv::Mat four(picture.Height(), picture.Width(), CV_8UC4,
+                     const_cast<std::uint8_t*>(picture.View().data), picture.View().stride);
+  cv::cvtColor(four, images_->source, cv::COLOR_BGRA2BGR);
+  images_->table = cv::Mat(1, 256, CV_8U);
+  for (int i = 0; i < 256; ++i)
+    images_->table.at<std::uint8_t>(i) = static_cast<std::uint8_t>(255 - i);
+}
+
+OpenCvPeer::~OpenCvPeer() {
+  delete images_;
+}
+
+void OpenCvPeer::Blur(double sigma) const {
+  cv::GaussianBlur(images_->source, images_->target, cv::Size(0, 0), sigma, sigma,
+                   cv::BORDER_REPLICATE);
+}
+void OpenCvPeer::Resize(int width, int height) const {
+  cv::Mat small;
+  cv::resize(images_->source, small, cv::Size(width, height), 0, 0, cv::INTER_AREA);
+}
+void OpenCvPeer::Lookup() const {
+  cv::LUT(images_->source, images_->table, images_->target);
+}
+void OpenCvPeer::Rotate90() const {
+  cv::rotate(images_->source, images_->turned, cv::ROTATE_90_CLOCKWISE);
+}
+void OpenCvPeer::Flip() const {
+  cv::flip(images_->source, images_->target, 1);
+}
+
+}  // namespace brivolant::bench

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/pictures/Picture.h"
+
+namespace brivolant::bench {
+
+/// One timed thing.
+using Work = std::function<void()>;
+
+/// The fastest of several runs of each work, in milliseconds. The works take turns, so that a busy
+/// moment of the machine meets all of them; the fastest run is the one it disturbed least.
+std::vector<double> Fastest(const std::vector<Work>& works, int rounds);
+
+/// Runs a program and waits for it; its output goes nowhere. Ends the bench if it fails.
+void RunProgram(const std::vector<std::string>& command);
+/// The peak memory in bytes that the command prints of itself with --timing. (The system's count
+/// for a child holds what this process used before the child became another program.)
+double PeakTold(const std::vector<std::string>& command);
+
+/// Peers in this process, on the same pixels as three channels in memory.
+class VipsPeer {
+ public:
+  VipsPeer(const Picture& picture, const char* programName);
+  ~VipsPeer();
+  VipsPeer(const VipsPeer&) = delete;
+  VipsPeer& operator=(const VipsPeer&) = delete;
+  void Blur(double sigma) const;
+  void Resize(double scale) const;
+  void Rotate90() const;
+
+ private:
+  std::vector<unsigned char> memory_;
+  struct Image;
+  Image* image_;
+};
+
+class OpenCvPeer {
+ public:
+  explicit OpenCvPeer(const Picture& picture);
+  ~OpenCvPeer();
+  OpenCvPeer(const OpenCvPeer&) = delete;
+  OpenCvPeer& operator=(const OpenCvPeer&) = delete;
+  void Blur(double sigma) const;
+  void Resize(int width, int height) const;
+  void Lookup() const;
+  void Rotate90() const;
+  void Flip() const;
+
+ private:
+  struct Images;
+  Images* images_;
+};
+
+}  // namespace brivolant::bench

@@ -1,0 +1,43 @@
+# SPDX-License-Identifier: MIT
+# Shared by the scripts: the packages that are needed, and the optimised build.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+build_packages=(
+  g++ cmake ninja-build ccache pkg-config
+  qt6-base-dev libgl-dev libvips-dev libraw-dev libhwy-dev libtbb-dev liblcms2-dev libpugixml-dev
+  libexif-dev libjpeg-dev libcli11-dev
+)
+test_packages=(libgtest-dev libgmock-dev shared-mime-info)
+check_packages=(clang-format clang-tidy git binutils)
+bench_packages=(
+  libbenchmark-dev libopencv-dev libjpeg-turbo-progs libvips-tools imagemagick graphicsmagick gegl
+)
+
+# Installs those of the packages that are missing.
+need() {
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' ||
+      missing+=("$package")
+  done
+  if [ ${#missing[@]} -eq 0 ]; then
+    return
+  fi
+  local root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    root=(sudo)
+  fi
+  echo "Installing: ${missing[*]}"
+  "${root[@]}" apt-get update -qq
+  "${root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# build PRESET [OPTION...]: configures and builds into build/PRESET.
+build() {
+  local preset=$1
+  shift
+  cmake --preset "$preset" "$@" >/dev/null
+  cmake --build --preset "$preset" -- --quiet
+}
