@@ -16,8 +16,6 @@
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
 
-extern char** environ;
-
 namespace brivolant::bench {
 
 std::vector<double> Fastest(const std::vector<Work>& works, int rounds) {
@@ -38,6 +36,7 @@ namespace {
 
 void Spawn(const std::vector<std::string>& command) {
   std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
   for (const std::string& argument : command) {
     arguments.push_back(const_cast<char*>(argument.c_str()));
   }

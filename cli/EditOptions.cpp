@@ -53,6 +53,7 @@ std::optional<Variant> Typed(std::string_view text, const std::string& type) {
 effectModule* ByName(const brivolantProcessorLite& processor, std::string_view name) {
   for (int i = 0; i <= processor.Count(); ++i) {
     effectModule* module = processor.item(i);
+    if (module == nullptr) continue;
     const bool heading = dynamic_cast<EffectModuleDivider*>(module) != nullptr;
     if (!heading && EqualIgnoringCase(module->Name(), name)) return module;
   }

@@ -96,7 +96,7 @@ QJsonArray StackOfStyle(const Dictionary& stack, const brivolantProcessorLite::S
 
 void PrintStack(const char* name, const QJsonArray& stack) {
   PrintLine(name);
-  for (const QJsonValue& value : stack) {
+  for (const auto& value : stack) {
     const QJsonObject entry = value.toObject();
     if (!entry.value(ToQt("enabled")).toBool()) continue;
     std::string line = "  " + entry.value(ToQt("name")).toString().toStdString();
@@ -176,9 +176,9 @@ int ListFormats(bool json) {
   }
   const auto print = [](const char* heading, const QJsonArray& types) {
     PrintLine(heading);
-    for (const QJsonValue& type : types) {
+    for (const auto& type : types) {
       std::string line = "  " + type.toObject().value(ToQt("name")).toString().toStdString() + ":";
-      for (const QJsonValue& extension : type.toObject().value(ToQt("extensions")).toArray()) {
+      for (const auto& extension : type.toObject().value(ToQt("extensions")).toArray()) {
         line += " " + extension.toString().toStdString();
       }
       PrintLine(line);

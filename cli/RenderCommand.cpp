@@ -92,7 +92,8 @@ bool RenderFile(const FolderItem& input, const FolderItem& output, const EditOpt
   ImageFile file;
   file.Folderitem = output;
   file.FileType = FormatOf(output);
-  file.AddPicture(std::move(picture));
+  file.AddPicture(picture);
+  picture = {};
   if (ExtendedPicture* first = file.FirstImage()) {
     first->CompressionQuality = static_cast<float>(options.quality) / 100;
   }
@@ -141,10 +142,14 @@ std::vector<FolderItem> OutputsIn(const FolderItem& folder,
     const std::string stem = FolderitemExtensions::FileNameWithoutExtension(input);
     const std::string extension =
         FormatOf(input).empty() ? "jpg" : FolderitemExtensions::FileExtension(input);
-    std::string name = stem + "." + extension;
-    for (int n = 1; !taken.insert(name).second; ++n) {
-      name = stem + "-" + std::to_string(n) + "." + extension;
-    }
+    std::string name;
+    int n = 0;
+    do {
+      name = stem;
+      if (n > 0) name.append("-").append(std::to_string(n));
+      name.append(".").append(extension);
+      ++n;
+    } while (!taken.insert(name).second);
     outputs.push_back(folder.Child(name));
   }
   return outputs;

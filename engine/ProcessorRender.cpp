@@ -82,7 +82,7 @@ bool brivolantProcessorLite::ForegroundMayBePlaced() const {
   });
 }
 
-Picture brivolantProcessorLite::Compose(Picture background, Picture foreground) {
+Picture brivolantProcessorLite::Compose(Picture background, const Picture& foreground) {
   return Blender.Apply(std::move(background), foreground, BlendAlpha, nullptr,
                        Address(foregroundScaleTopleft), Address(foregroundScaleSize));
 }

@@ -126,7 +126,7 @@ class brivolantProcessorLite {
   /// True if nothing of the background can show through a foreground that covers it.
   bool ForegroundIsOpaque() const { return BlendMode() == 0 && BlendAlpha >= 1.0F; }
   bool ForegroundMayBePlaced() const;
-  Picture Compose(Picture background, Picture foreground);
+  Picture Compose(Picture background, const Picture& foreground);
 
   ModuleRegistry registry_;
   Services services_;

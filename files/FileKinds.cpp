@@ -148,7 +148,7 @@ std::string FileExtension(const brivolant::FolderItem& file) {
 }
 
 std::string FileNameWithoutExtension(const brivolant::FolderItem& file) {
-  const std::string name = file.Name();
+  std::string name = file.Name();
   const std::size_t dot = name.rfind('.');
   if (dot == std::string::npos || dot + 1 == name.size()) return name;
   return name.substr(0, dot);

@@ -166,7 +166,7 @@ int BrivolantDocument::Height() {
 FolderItem BrivolantDocument::PastedImage(std::string_view name) const {
   if (!IsFreeName(name, OriginalImageID)) return {};
   for (const FolderItem& package : {tFile, File}) {
-    const FolderItem child = package.Child(name);
+    FolderItem child = package.Child(name);
     if (child.Exists()) return child;
   }
   return {};

@@ -70,8 +70,7 @@ TEST(Text, PlaceholdersSearchAndEncoding) {
   EXPECT_EQ(EnsureUTF8("caf\xE9"), "caf\xC3\xA9");
   EXPECT_EQ(EnsureUTF8("caf\xC3\xA9"), "caf\xC3\xA9");
   EXPECT_FALSE(IsUTF8("\xED\xA0\x80"));
-  const std::string bytes("\0\x01\xFFmore than fifty-seven bytes so that a line has to break here",
-                          66);
+  const std::string bytes = std::string("\0\x01\xFF", 3) + std::string(80, 'm');
   const std::string lines = Base64Encode(bytes, 76);
   EXPECT_EQ(lines.find("\r\n"), 76U);
   EXPECT_EQ(Base64Decode(lines), bytes);

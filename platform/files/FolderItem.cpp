@@ -16,7 +16,7 @@ namespace brivolant {
 
 namespace fs = std::filesystem;
 
-FolderItem::FolderItem(fs::path path) {
+FolderItem::FolderItem(const fs::path& path) {
   std::error_code error;
   path_ = path.empty() ? fs::path() : fs::absolute(path, error).lexically_normal();
   if (!path_.has_filename() && path_.has_relative_path()) path_ = path_.parent_path();
@@ -119,7 +119,7 @@ std::error_code FolderItem::MoveFileTo(const FolderItem& target) const {
   fs::rename(path_, target.path_, error);
   if (error != std::errc::cross_device_link) return error;
   // Another file system: the copy stands complete under another name before it takes its place.
-  const FolderItem beside = target.Parent().Child("." + target.Name() + ".moving");
+  const FolderItem beside = target.Parent().Child('.' + target.Name() + ".moving");
   std::error_code ignored;
   fs::remove_all(beside.path_, ignored);
   error.clear();

@@ -18,7 +18,7 @@ struct Date;
 class FolderItem {
  public:
   FolderItem() = default;
-  explicit FolderItem(std::filesystem::path path);
+  explicit FolderItem(const std::filesystem::path& path);
 
   bool IsNil() const { return path_.empty(); }
   explicit operator bool() const { return !IsNil(); }

@@ -119,16 +119,23 @@ bool operator==(const Dictionary& a, const Dictionary& b) {
   return a.Count() == 0 || a.data_->entries == b.data_->entries;
 }
 
+int Collection::Count() const { return static_cast<int>(items_.size()); }
+
 const Variant& Collection::Item(int index) const {
-  return items_.at(static_cast<std::size_t>(index)).second;
+  return items_.at(static_cast<std::size_t>(index));
+}
+
+const std::string& Collection::Key(int index) const {
+  return keys_.at(static_cast<std::size_t>(index));
 }
 
 void Collection::Add(Variant value, std::string key) {
-  items_.emplace_back(std::move(key), std::move(value));
+  items_.push_back(std::move(value));
+  keys_.push_back(std::move(key));
 }
 
 bool operator==(const Collection& a, const Collection& b) {
-  return a.items_ == b.items_;
+  return a.items_ == b.items_ && a.keys_ == b.keys_;
 }
 
 bool Variant::IsNumber() const {

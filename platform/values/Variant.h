@@ -56,15 +56,17 @@ class Dictionary {
 /// A list of variants, each under an optional key.
 class Collection {
  public:
-  int Count() const { return static_cast<int>(items_.size()); }
-  /// The item at `index`, counted from 0.
+  int Count() const;
+  /// The item at `index`, counted from 0, and its key.
   const Variant& Item(int index) const;
+  const std::string& Key(int index) const;
   void Add(Variant value, std::string key = {});
 
   friend bool operator==(const Collection& a, const Collection& b);
 
  private:
-  std::vector<std::pair<std::string, Variant>> items_;
+  std::vector<Variant> items_;
+  std::vector<std::string> keys_;
 };
 
 /// A value of any simple type. Conversions never fail: what has no meaning gives 0, "" or false.
