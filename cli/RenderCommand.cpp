@@ -29,6 +29,17 @@ bool SameFile(const FolderItem& a, const FolderItem& b) {
   return std::filesystem::equivalent(a.Path(), b.Path(), error) && !error;
 }
 
+/// A style may ask for an effect that has none here yet: the user is told what the picture lacks.
+void WarnOfIncomplete(const brivolantProcessorLite& processor, const FolderItem& input) {
+  for (const auto& stack : processor.stacks) {
+    for (const auto& module : stack) {
+      if (!module->Enabled() || module->Complete()) continue;
+      PrintError(WithPlaceholders(texts::kLeftOut.Text(), {{"<name>", module->Name()},
+                                                           {"<filename>", input.DisplayName()}}));
+    }
+  }
+}
+
 }  // namespace
 
 std::string FormatOf(const FolderItem& file) {
@@ -74,6 +85,7 @@ bool RenderFile(const FolderItem& input, const FolderItem& output, const EditOpt
       !edits.Apply(document, processor, error)) {
     return false;
   }
+  WarnOfIncomplete(processor, input);
   if (style != nullptr) *style = processor.StyleData();
   Picture picture = document.Image();
   document.DropOriginal();
@@ -213,8 +225,10 @@ int RunRender(RenderOptions& options, const CLI::App& command, bool verbose) {
     RenderTimes times;
     std::string why;
     const FolderItem input(options.inputs[static_cast<std::size_t>(index)]);
-    const bool done = RenderFile(input, outputs[static_cast<std::size_t>(index)], options.edits,
-                                 options.output, worker, times, index == 0 ? &style : nullptr, why);
+    const bool done = Guarded(input, why, [&] {
+      return RenderFile(input, outputs[static_cast<std::size_t>(index)], options.edits,
+                        options.output, worker, times, index == 0 ? &style : nullptr, why);
+    });
     if (!done) PrintError(why);
     if (done && options.timing) PrintTiming(input, times);
     bar.Advance();

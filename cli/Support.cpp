@@ -12,6 +12,7 @@
 #include <fstream>
 #include <thread>
 
+#include "platform/codecs/ImageCodecs.h"
 #include "platform/values/Text.h"
 
 namespace brivolant::cli {
@@ -132,6 +133,17 @@ int RunJobs(int count, int jobs, const std::function<bool(int)>& work) {
   run();
   for (std::thread& thread : others) thread.join();
   return failed;
+}
+
+bool Guarded(const FolderItem& file, std::string& error, const std::function<bool()>& work) {
+  try {
+    return work();
+  } catch (const std::bad_alloc&) {
+    error = CodecMessage(codecTexts::kNoMemory, file);
+  } catch (const std::exception& failure) {
+    error = CodecMessage(codecTexts::kDamaged, file, failure.what());
+  }
+  return false;
 }
 
 std::int64_t PeakMemory() {

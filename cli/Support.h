@@ -3,6 +3,7 @@
 
 #include <QJsonObject>
 #include <QJsonValue>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -80,6 +81,10 @@ class ProgressBar {
 /// Runs `work(index)` for each index on `jobs` threads (0: as many as cores). Gives the number of
 /// indexes for which it returned false.
 int RunJobs(int count, int jobs, const std::function<bool(int index)>& work);
+
+/// Runs `work`; an exception, such as memory that ran out, becomes the sentence in `error` and
+/// false.
+bool Guarded(const FolderItem& file, std::string& error, const std::function<bool()>& work);
 
 /// The largest memory that the process has used, in bytes.
 std::int64_t PeakMemory();

@@ -63,6 +63,10 @@ inline constexpr LocalizedText kUnknownModule{"cli.kUnknownModule",
                                               "There is no effect called \"<name>\"."};
 inline constexpr LocalizedText kIncompleteModule{
     "cli.kIncompleteModule", "The effect \"<name>\" is not available in this version yet."};
+inline constexpr LocalizedText kLeftOut{
+    "cli.kLeftOut",
+    "The effect \"<name>\" was left out of \"<filename>\": it is not available in this version "
+    "yet."};
 inline constexpr LocalizedText kUnknownKey{
     "cli.kUnknownKey", "The effect \"<name>\" has no setting \"<key>\"; it has: <keys>."};
 inline constexpr LocalizedText kNoKeys{"cli.kNoKeys", "none"};

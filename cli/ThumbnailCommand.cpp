@@ -69,7 +69,8 @@ int RunThumbnails(const ThumbnailOptions& options) {
     std::error_code ignored;
     if (std::filesystem::equivalent(input.Path(), outputs[i].Path(), ignored)) {
       error = texts::Of(texts::kWouldOverwrite, outputs[i].DisplayName());
-    } else if (WriteThumbnail(input, outputs[i], options.size, error)) {
+    } else if (Guarded(input, error,
+                       [&] { return WriteThumbnail(input, outputs[i], options.size, error); })) {
       return true;
     }
     PrintError(error);

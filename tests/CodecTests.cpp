@@ -245,9 +245,16 @@ TEST(Codecs, FailedWritesLeaveTheOldFile) {
   EXPECT_FALSE(ImageIO::SaveAsJPEG(file, Picture(), 1, error));
   EXPECT_EQ(ReadFile(file), "old");
   // A name with brackets is a name.
-  const FolderItem odd = folder.Child("a[1] page=2.png");
-  ASSERT_TRUE(PngExporter().SaveToFile(odd, Smooth(9, 9)));
-  EXPECT_TRUE(ImageIO::OpenAsPictureUsingImageIO(odd, error).SameAs(Smooth(9, 9))) << error;
+  const std::array<EncodeImage, 1> any{{{Smooth(9, 9), 1}}};
+  for (const char* name : {"a[1] page=2", "%d", "a%03d[0-9]", "png:x"}) {
+    for (const auto& [extension, type] :
+         {std::pair{".png", "public.png"}, {".bmp", "com.microsoft.bmp"}}) {
+      const FolderItem odd = folder.Child(std::string(name) + extension);
+      ASSERT_EQ(EncodeImageFile(odd, type, any), "");
+      ASSERT_TRUE(odd.Exists()) << odd.Name();
+      EXPECT_TRUE(ImageIO::OpenAsPictureUsingImageIO(odd, error).SameAs(Smooth(9, 9))) << error;
+    }
+  }
   const std::array<EncodeImage, 1> images{{{Smooth(9, 9), 1}}};
   const FolderItem oddTiff = folder.Child("b[1].tif");
   EXPECT_EQ(EncodeImageFile(oddTiff, "public.tiff", images), "");

@@ -213,6 +213,20 @@ TEST_F(CommandLine, DocumentsReopenWithTheSameStyleAndPixels) {
                 .toDouble(),
             6);
 
+  // A style that asks for an effect without one: the user is told.
+  TestServices s;
+  brivolantProcessorLite processor(EffectRegistry(), s.services);
+  processor.Startup();
+  processor.ItemVIaID("0E53677B-85AE-A580-B18B-AB374768FB98")->Enabled(true);
+  folder.Write("sepia", processor.StyleData());
+  run = Cli({"render", image.ShellPath(), "-o", Path("s.png"), "--style", Path("sepia")});
+  EXPECT_EQ(run.code, 0);
+  EXPECT_THAT(run.err, HasSubstr("\"Sepia\" was left out of \"photo.png\""));
+  folder.Write("lies", processor.StyleData().replace(54, 4, Bytes("FF FF FF 7F")));
+  run = Cli({"render", image.ShellPath(), "-o", Path("s2.png"), "--style", Path("lies")});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_THAT(run.err, HasSubstr("The style data in \"lies\" is damaged."));
+
   run = Cli({"document", "create", image.ShellPath(), Path("doc")});
   EXPECT_EQ(run.code, 1);
   EXPECT_THAT(run.err, HasSubstr("\"doc.brvPhoto\" exists already"));

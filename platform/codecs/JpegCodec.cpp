@@ -49,7 +49,8 @@ void OnWarning(j_common_ptr info, int level) {
 
 void OnProgress(j_common_ptr info) {
   if (reinterpret_cast<j_decompress_ptr>(info)->input_scan_number > kMostScans) {
-    std::strcpy(ManagerOf(info).message.data(), "too many scans");
+    ErrorManager& manager = ManagerOf(info);
+    std::snprintf(manager.message.data(), manager.message.size(), "too many scans");
     std::longjmp(ManagerOf(info).jump, 1);
   }
 }
@@ -109,6 +110,7 @@ class Decompressor {
   }
   ~Decompressor() {
     if (created_) jpeg_destroy_decompress(&info_);
+    std::free(icc_);
   }
   Decompressor(const Decompressor&) = delete;
   Decompressor& operator=(const Decompressor&) = delete;
@@ -126,6 +128,7 @@ class Decompressor {
     jpeg_save_markers(&info_, JPEG_APP0 + 1, 0xFFFF);
     jpeg_save_markers(&info_, JPEG_APP0 + 2, 0xFFFF);
     jpeg_read_header(&info_, TRUE);
+    jpeg_read_icc_profile(&info_, &icc_, &iccSize_);
     return true;
   }
 
@@ -177,12 +180,7 @@ class Decompressor {
       properties.HorizontalResolution = static_cast<int>(std::lround(info_.X_density * unit));
       properties.VerticalResolution = static_cast<int>(std::lround(info_.Y_density * unit));
     }
-    JOCTET* icc = nullptr;
-    unsigned size = 0;
-    if (jpeg_read_icc_profile(&info_, &icc, &size)) {
-      header.icc.assign(reinterpret_cast<const char*>(icc), size);
-      std::free(icc);
-    }
+    if (icc_ != nullptr) header.icc.assign(reinterpret_cast<const char*>(icc_), iccSize_);
     for (auto* marker = info_.marker_list; marker != nullptr; marker = marker->next) {
       if (marker->marker == JPEG_APP0 + 1 && marker->data_length > 6 &&
           std::memcmp(marker->data, "Exif", 4) == 0) {
@@ -204,6 +202,8 @@ class Decompressor {
   jpeg_decompress_struct info_{};
   ErrorManager manager_{};
   jpeg_progress_mgr progress_{};
+  JOCTET* icc_ = nullptr;
+  unsigned iccSize_ = 0;
   bool created_ = false;
 };
 

@@ -69,12 +69,12 @@ std::string TakeError() {
   return text.empty() ? "unknown error" : EnsureUTF8(text);
 }
 
-/// A path that the library takes as it stands: it reads options from square brackets, so a name
-/// with brackets is reached over its descriptor.
+/// A path that the libraries take as it stands: they read options from square brackets and numbers
+/// from percent signs, so a name with such is reached over its descriptor.
 class PlainPath {
  public:
   explicit PlainPath(const FolderItem& file) : path_(file.ShellPath()) {
-    if (path_.find('[') == std::string::npos) return;
+    if (path_.find_first_of("[%") == std::string::npos) return;
     descriptor_ = open(path_.c_str(), O_RDONLY | O_CLOEXEC);
     path_ = "/proc/self/fd/" + std::to_string(descriptor_);
   }
@@ -391,8 +391,9 @@ std::string EncodeWithVips(const FolderItem& file, std::string_view identifier,
   std::vector<VipsPel> memory;
   const Image image =
       ForWriting(writer->pages ? pictures : pictures.first(1), writer->alpha, memory);
-  if (!image || writer->save(image.get(), target.WorkingFile().Path().c_str(),
-                             pictures.front().Quality) != 0) {
+  // Over the descriptor, so that no library reads a meaning into the name.
+  const std::string path = "/proc/self/fd/" + std::to_string(target.Descriptor());
+  if (!image || writer->save(image.get(), path.c_str(), pictures.front().Quality) != 0) {
     return CodecMessage(codecTexts::kCannotWrite, file, TakeError());
   }
   if (const std::error_code error = target.Commit()) {

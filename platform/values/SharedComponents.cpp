@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/values/SharedComponents.h"
 
+#include <QGuiApplication>
+#include <QStyleHints>
+
 #include "platform/services/Services.h"
 
 namespace brivolant::otherSharedComponents {
@@ -27,6 +30,15 @@ std::string iNetSafe(std::string_view text) {
     safe += c == ' ' ? '_' : c;
   }
   return safe;
+}
+
+double DoubleClickTime() {
+  constexpr double kTicksPerMillisecond = 60 / 1000.0;
+  constexpr double kWithoutDesktop = 400 * kTicksPerMillisecond;
+  if (QGuiApplication::instance() == nullptr) return kWithoutDesktop;
+  static const double ticks =
+      QGuiApplication::styleHints()->mouseDoubleClickInterval() * kTicksPerMillisecond;
+  return ticks;
 }
 
 std::string NewGUID(Random& random) {

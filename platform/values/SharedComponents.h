@@ -24,6 +24,8 @@ void Selected(MenuItem& menu, int index);
 /// A name for uploads: blanks become "_"; dots, quotes, apostrophes and commas go; at most 31
 /// characters.
 std::string iNetSafe(std::string_view text);
+/// The longest time between the clicks of a double click, in sixtieths of a second.
+double DoubleClickTime();
 /// 36 characters, 8-4-4-4-12 in upper-case hexadecimal. No version or variant bits.
 std::string NewGUID(Random& random);
 

@@ -119,7 +119,9 @@ bool operator==(const Dictionary& a, const Dictionary& b) {
   return a.Count() == 0 || a.data_->entries == b.data_->entries;
 }
 
-int Collection::Count() const { return static_cast<int>(items_.size()); }
+int Collection::Count() const {
+  return static_cast<int>(items_.size());
+}
 
 const Variant& Collection::Item(int index) const {
   return items_.at(static_cast<std::size_t>(index));
