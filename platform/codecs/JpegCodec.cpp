@@ -15,6 +15,7 @@
 #include "platform/codecs/CodecDetail.h"
 #include "platform/files/AtomicFile.h"
 #include "platform/pictures/Parallel.h"
+#include "platform/pictures/PixelMemory.h"
 
 namespace brivolant::codecs {
 namespace {
@@ -262,6 +263,8 @@ class JpegSource final : public ImageSource {
     Expected<Picture> picture = Allocate(file_, jpeg.OutputWidth(), jpeg.OutputHeight());
     if (!picture) return picture;
     const Pixels pixels = picture->Edit();
+    const auto touched = PixelMemory::TouchAhead(
+        pixels.data, pixels.stride * static_cast<std::size_t>(pixels.height));
     if (!jpeg.ReadInto(pixels.data, pixels.stride) || (strict && jpeg.Truncated())) {
       return damaged(jpeg);
     }

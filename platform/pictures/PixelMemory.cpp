@@ -9,8 +9,8 @@
 namespace brivolant {
 namespace {
 
-constexpr std::size_t kHugePage = std::size_t{2} << 20;
-constexpr std::size_t kLarge = 2 * kHugePage;
+constexpr std::size_t kPage = 4096;
+constexpr std::size_t kLarge = std::size_t{4} << 20;
 
 struct Block {
   std::uint8_t* address = nullptr;
@@ -51,18 +51,11 @@ KeptBlock& Kept() {
   return kept;
 }
 
-Block MapHuge(std::size_t size) {
-  void* address = mmap(nullptr, size + kHugePage, PROT_READ | PROT_WRITE,
+Block Map(std::size_t size) {
+  void* address = mmap(nullptr, size, PROT_READ | PROT_WRITE,
                        MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
   if (address == MAP_FAILED) return {};
-  // Cut the mapping to huge page borders.
-  auto* start = static_cast<std::uint8_t*>(address);
-  const std::size_t before =
-      (kHugePage - reinterpret_cast<std::uintptr_t>(start) % kHugePage) % kHugePage;
-  if (before > 0) munmap(start, before);
-  if (const std::size_t after = kHugePage - before; after > 0) munmap(start + before + size, after);
-  (void)madvise(start + before, size, MADV_HUGEPAGE);
-  return {start + before, size};
+  return {static_cast<std::uint8_t*>(address), size};
 }
 
 }  // namespace
@@ -76,15 +69,28 @@ std::shared_ptr<std::uint8_t> PixelMemory::Allocate(std::size_t bytes) {
     if (address == nullptr) return nullptr;
     return {address, [](std::uint8_t* p) { ::operator delete (p, std::align_val_t{kAlignment}); }};
   }
-  const std::size_t size = (bytes + kHugePage - 1) / kHugePage * kHugePage;
+  const std::size_t size = (bytes + kPage - 1) / kPage * kPage;
   Block block = Kept().Take(size);
-  if (block.address == nullptr) block = MapHuge(size);
+  if (block.address == nullptr) block = Map(size);
   if (block.address == nullptr) {
     ReleaseKept();
-    block = MapHuge(size);
+    block = Map(size);
   }
   if (block.address == nullptr) return nullptr;
   return {block.address, [block](std::uint8_t*) { Kept().Keep(block); }};
+}
+
+std::future<void> PixelMemory::TouchAhead(std::uint8_t* address, std::size_t bytes) {
+  return std::async(std::launch::async, [=] {
+    // Pages are whole; the first and last may be shared with a neighbour and are left out.
+    const auto start = reinterpret_cast<std::uintptr_t>(address);
+    const std::uintptr_t first = (start + kPage - 1) / kPage * kPage;
+    const std::uintptr_t last = (start + bytes) / kPage * kPage;
+    // A kernel that does not know the advice refuses it, and pages come when they are touched.
+    if (first < last) {
+      (void)madvise(reinterpret_cast<void*>(first), last - first, MADV_POPULATE_WRITE);
+    }
+  });
 }
 
 void PixelMemory::ReleaseKept() {
