@@ -226,7 +226,7 @@ Picture Paint(int width, int height) {
         const Rgb color = Scene((static_cast<float>(x) + 0.5F) / static_cast<float>(width),
                                 (static_cast<float>(y) + 0.5F) / static_cast<float>(height));
         const auto noise = [&](std::uint32_t channel) {
-          return (Random(x, y, 200 + channel) + Random(x, y, 210 + channel) - 1) * 7.0F;
+          return (Random(x, y, 200 + channel) + Random(x, y, 210 + channel) - 1) * 10.0F;
         };
         p[0] = Level(color.b, noise(0));
         p[1] = Level(color.g, noise(1));
