@@ -179,6 +179,28 @@ TEST(Codecs, OrientationTurnsPicturesAndThumbnailsUpright) {
   }
 }
 
+TEST(Codecs, DamagedExifIsPassedOver) {
+  TemporaryFolder folder;
+  const Picture picture = Smooth(40, 30);
+  const std::string jpeg = JpegExporter{.Quality = 95}.SaveToString(picture);
+  for (const std::string& exif :
+       {std::string("Exif\0\0", 6), std::string("Exif\0\0MM\0*\xFF\xFF\xFF\xFF", 14),
+        std::string("Exif\0\0", 6) + Bytes("4D4D002A 00000008 FFFF 0112 0003 00000001 0009 0000"),
+        std::string("Exif\0\0", 6) +
+            Bytes("4D4D002A 00000008 0001 0112 0003 00000001 0009 0000 00000000"),
+        std::string("Exif\0\0", 6) +
+            Bytes("4D4D002A 00000008 0001 0112 0002 FFFFFFFF 00060000 00000008")}) {
+    std::string segment = Bytes("FFE1 00");
+    segment += static_cast<char>(exif.size() + 2);
+    std::string error;
+    const FolderItem file =
+        folder.Write("a.jpg", jpeg.substr(0, 2) + segment + exif + jpeg.substr(2));
+    const Picture back = ImageIO::OpenAsPictureUsingImageIO(file, error);
+    ASSERT_EQ(back.Width(), 40) << error;
+    EXPECT_LE(LargestDifference(back, picture), 12);
+  }
+}
+
 TEST(Codecs, ThumbnailsKeepTheirBound) {
   TemporaryFolder folder;
   std::string error;

@@ -116,6 +116,24 @@ TEST(SharedFolders, LieInTheUsersDocuments) {
               HasSubstr("Clicking \"OK\" will take you to a web page"));
 }
 
+TEST(UserDetails, ComeFromTheSettingsOrTheAccount) {
+  TemporaryFolder home;
+  setenv("XDG_CONFIG_HOME", home.Item().ShellPath().c_str(), 1);
+  RecordingLog log;
+  EXPECT_FALSE(StoredUserDetails(log).FullName().empty()) << "the account has a name";
+  EXPECT_EQ(StoredUserDetails(log).Copyright(), "");
+  Preferences preferences(kID, home.Item(), log);
+  preferences.Assign("usersFullName", "Ada Lens");
+  preferences.Assign("usersContactLink", "https://ada.example");
+  preferences.Assign("usersCopyright", "\xC2\xA9 Ada");
+  preferences.Synchronize();
+  const StoredUserDetails details(log);
+  EXPECT_EQ(details.FullName(), "Ada Lens");
+  EXPECT_EQ(details.ContactLink(), "https://ada.example");
+  EXPECT_EQ(details.Copyright(), "\xC2\xA9 Ada");
+  EXPECT_EQ(details.CreatedWith(), "Brivolant Photos/1.0.0.0/Mac/x86/");
+}
+
 TEST(CleanOnQuit, ChildrenAreApartAndGoWithTheProgram) {
   TemporaryFolder folder;
   SystemRandom random(3);

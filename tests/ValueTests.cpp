@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "Helpers.h"
@@ -56,6 +57,7 @@ TEST(Date, CalendarArithmetic) {
   EXPECT_EQ((Date{2024, 12, 31, 0, 0, 0}).DayOfYear(), 366);
   EXPECT_FALSE(Date::FromText("2009-02-30 10:00:00"));
   EXPECT_FALSE(Date::FromText("yesterday"));
+  EXPECT_EQ((Date{65279, 12, 1, 0, 0, 0}).Normalized().Year, 32767);
   EXPECT_EQ(Date::FromTotalSeconds(std::nan("")), Date{});
   EXPECT_GT(Date::FromTotalSeconds(1e300).Year, 9000) << "a damaged number has a bound";
 }
@@ -74,6 +76,22 @@ TEST(Text, PlaceholdersSearchAndEncoding) {
   const std::string lines = Base64Encode(bytes, 76);
   EXPECT_EQ(lines.find("\r\n"), 76U);
   EXPECT_EQ(Base64Decode(lines), bytes);
+}
+
+TEST(Text, PartsOfTexts) {
+  using testing::ElementsAre;
+  EXPECT_THAT(Split("a,,b", ','), ElementsAre("a", "", "b"));
+  EXPECT_THAT(Split("", ','), ElementsAre(""));
+  EXPECT_EQ(Trim(" \t a b \r\n"), "a b");
+  EXPECT_EQ(Trim("  "), "");
+  EXPECT_EQ(Hexadecimal(255, 4), "00FF");
+  EXPECT_TRUE(EqualIgnoringCase("aBc1", "AbC1"));
+  EXPECT_FALSE(EqualIgnoringCase("ab", "abc"));
+  EXPECT_EQ(LowerCase("\xC3\x84"
+                      "BC"),
+            "\xC3\x84"
+            "bc")
+      << "bytes of other letters stay";
 }
 
 TEST(SharedComponents, NamesAndIdentifiers) {

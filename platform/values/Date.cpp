@@ -17,7 +17,9 @@ using std::chrono::sys_days;
 constexpr std::int64_t kSecondsFrom1904To1970 = 2082844800;
 constexpr std::int64_t kSecondsPerDay = 86400;
 
-sys_days FirstOf(int year, int month) {
+sys_days FirstOf(int anyYear, int month) {
+  // Years come from files; the calendar's own range is as good as any bound.
+  const int year = std::clamp(anyYear, -32767, 32767);
   return sys_days{std::chrono::year{year} / std::chrono::month{static_cast<unsigned>(month)} / 1};
 }
 
