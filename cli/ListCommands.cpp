@@ -67,6 +67,7 @@ int ListModules(bool json, bool verbose) {
       for (const ParameterBase* parameter : module.Parameters()) {
         line += "  " + parameter->Key() + "=" + parameter->ResetValue().ToText();
       }
+      if (!module.Complete()) line += "  (" + texts::kNotYet.Text() + ")";
       PrintLine(line);
     }
     result.insert(ToQt(kStackNames.at(static_cast<std::size_t>(stack))), modules);

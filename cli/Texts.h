@@ -67,6 +67,7 @@ inline constexpr LocalizedText kLeftOut{
     "cli.kLeftOut",
     "The effect \"<name>\" was left out of \"<filename>\": it is not available in this version "
     "yet."};
+inline constexpr LocalizedText kNotYet{"cli.kNotYet", "not available in this version yet"};
 inline constexpr LocalizedText kUnknownKey{
     "cli.kUnknownKey", "The effect \"<name>\" has no setting \"<key>\"; it has: <keys>."};
 inline constexpr LocalizedText kNoKeys{"cli.kNoKeys", "none"};

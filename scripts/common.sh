@@ -34,6 +34,9 @@ need() {
     apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
+# A checkout in another folder compiles the same: paths below it do not count.
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+
 # build PRESET [OPTION...]: configures and builds into build/PRESET.
 build() {
   local preset=$1

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <QImage>
+#include <csignal>
 
 #include "Helpers.h"
 #include "formats/FileTypes.h"
@@ -281,6 +283,27 @@ TEST(Codecs, FailedWritesLeaveTheOldFile) {
   const FolderItem oddTiff = folder.Child("b[1].tif");
   EXPECT_EQ(EncodeImageFile(oddTiff, "public.tiff", images), "");
   EXPECT_TRUE(oddTiff.Exists());
+}
+
+TEST(Codecs, AFullDiskIsToldInEveryFormat) {
+  TemporaryFolder folder;
+  const std::array<EncodeImage, 1> images{{{TestPicture(200, 150), 0.9}}};
+  const auto before = std::signal(SIGXFSZ, SIG_IGN);
+  rlimit limit{};
+  getrlimit(RLIMIT_FSIZE, &limit);
+  for (const FileType* type : ImagesWritableMac::kTypes) {
+    const std::string name = "a." + ImageIO::FirstExtension(*type);
+    folder.Write(name, "old");
+    const rlimit small{5000, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    const std::string error = EncodeImageFile(folder.Child(name), type->Identifier, images);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_THAT(error, HasSubstr("\"" + name + "\" cannot be saved: "));
+    EXPECT_THAT(error, Not(HasSubstr("/proc")));
+    EXPECT_EQ(ReadFile(folder.Child(name)), "old") << name;
+  }
+  std::signal(SIGXFSZ, before);
+  EXPECT_EQ(folder.Names().size(), ImagesWritableMac::kTypes.size()) << "nothing is left behind";
 }
 
 TEST(Codecs, JpegStripsAreJoinedWithoutASeam) {

@@ -104,6 +104,8 @@ inline constexpr LocalizedText kNoMemory{
     "ImageCodecs.kNoMemory", "There is not enough memory to open the image \"<filename>\"."};
 inline constexpr LocalizedText kCannotWrite{"ImageCodecs.kCannotWrite",
                                             "The file \"<filename>\" cannot be saved: <reason>."};
+inline constexpr LocalizedText kEncoderFailed{"ImageCodecs.kEncoderFailed",
+                                              "the disk may be full or cannot be written to"};
 inline constexpr LocalizedText kUnknownFormat{
     "ImageCodecs.kUnknownFormat",
     "The file \"<filename>\" cannot be saved: its format cannot be written."};

@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <cerrno>
 #include <cmath>
+#include <cstdio>
 #include <cstring>
 #include <mutex>
 #include <vector>
@@ -313,6 +315,16 @@ Image ForWriting(std::span<const EncodeImage> pictures, bool alpha, std::vector<
   return image;
 }
 
+/// Why an encoder could not write: the system's own words where the library quotes them.
+std::string WriteFailure() {
+  const std::string text = TakeError();
+  constexpr std::string_view kQuote = "unix error: ";
+  const std::size_t at = text.find(kQuote);
+  if (at == std::string::npos) return codecTexts::kEncoderFailed.Text();
+  const std::size_t from = at + kQuote.size();
+  return text.substr(from, text.find(';', from) - from);
+}
+
 struct Writer {
   std::string_view identifier;
   bool alpha;
@@ -354,7 +366,19 @@ constexpr std::array<Writer, 9> kWriters{{
      [](VipsImage* image, const char* path, double quality) {
        // The encoder counts from 1; a quality of 1.0 is without loss.
        const int percent = std::clamp(static_cast<int>(std::lround(quality * 100)), 1, 100);
-       return vips_jp2ksave(image, path, "Q", percent, "lossless", percent == 100, nullptr);
+       // Through memory: after a failed write to a file the encoder never comes back.
+       void* bytes = nullptr;
+       std::size_t size = 0;
+       if (vips_jp2ksave_buffer(image, &bytes, &size, "Q", percent, "lossless", percent == 100,
+                                nullptr) != 0) {
+         return -1;
+       }
+       std::FILE* file = std::fopen(path, "wbe");
+       const bool written = file != nullptr && std::fwrite(bytes, 1, size, file) == size;
+       if (!written) vips_error_system(errno, "jp2ksave", "write failed");
+       const bool closed = file != nullptr && std::fclose(file) == 0;
+       g_free(bytes);
+       return written && closed ? 0 : -1;
      }},
     {"com.microsoft.bmp", false, false, SaveByMagick<0>},
     {"com.adobe.photoshop-image", true, false, SaveByMagick<1>},
@@ -394,7 +418,7 @@ std::string EncodeWithVips(const FolderItem& file, std::string_view identifier,
   // Over the descriptor, so that no library reads a meaning into the name.
   const std::string path = "/proc/self/fd/" + std::to_string(target.Descriptor());
   if (!image || writer->save(image.get(), path.c_str(), pictures.front().Quality) != 0) {
-    return CodecMessage(codecTexts::kCannotWrite, file, TakeError());
+    return CodecMessage(codecTexts::kCannotWrite, file, WriteFailure());
   }
   if (const std::error_code error = target.Commit()) {
     return CodecMessage(codecTexts::kCannotWrite, file, error.message());
