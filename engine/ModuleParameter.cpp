@@ -55,7 +55,7 @@ double SliderMapping::ToPosition(double value) const {
 
 int TruncatedValue(double value) {
   constexpr double kRounding = 1e-9;
-  return static_cast<int>(value + std::copysign(kRounding, value));
+  return Variant(value + std::copysign(kRounding, value)).ToInt();
 }
 
 }  // namespace brivolant

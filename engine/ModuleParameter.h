@@ -141,7 +141,7 @@ struct SliderMapping {
   /// Rounded to a ten-thousandth, so that the truncating panel shows what was set.
   double ToPosition(double value) const;
 };
-/// The integer part of a number that is whole but for rounding.
+/// The integer part of a number that is whole but for rounding, limited to 32 bits.
 int TruncatedValue(double value);
 
 /// Caption, mapping and tick of a slider.

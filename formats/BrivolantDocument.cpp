@@ -68,6 +68,11 @@ FolderItem BrivolantDocument::OriginalFile() const {
 const Picture& BrivolantDocument::ImageOriginal() {
   if (tempImageStorage_.IsNil()) {
     const FolderItem original = File || tFile ? OriginalFile() : originalImageFile;
+    if (original.IsNil()) {
+      lastErrorMessage =
+          WithPlaceholders(documentTexts::kNoOriginal.Text(), {{"<filename>", File.DisplayName()}});
+      return tempImageStorage_;
+    }
     tempImageStorage_ = ImageIO::OpenAsPictureUsingImageIO(original, lastErrorMessage);
   }
   return tempImageStorage_;

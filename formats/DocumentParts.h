@@ -37,6 +37,8 @@ inline constexpr LocalizedText kUnreadableSettings{
     "Unable to read the settings segment form the data file."};
 inline constexpr LocalizedText kWrongTrailer{"BrivolantDocument.kWrongTrailer",
                                              "Brivolant Photos Data is screwed."};
+inline constexpr LocalizedText kNoOriginal{"BrivolantDocument.kNoOriginal",
+                                           "The document \"<filename>\" names no image."};
 inline constexpr LocalizedText kNotCreated{
     "BrivolantDocument.kNotCreated", "Something went wrong and the file hasn't been created."};
 inline constexpr LocalizedText kNoSettingsFile{"BrivolantDocument.kNoSettingsFile",

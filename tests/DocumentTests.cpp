@@ -284,6 +284,7 @@ TEST(Document, NamesFromFilesStayInsideThePackage) {
   hostile.File = document.File;
   hostile.OriginalImageID = "../../../secret.png";
   EXPECT_TRUE(hostile.ImageOriginal().IsNil());
+  EXPECT_THAT(hostile.lastErrorMessage, HasSubstr("names no image"));
 }
 
 std::string OldText(std::string_view text) {

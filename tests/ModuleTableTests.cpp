@@ -162,9 +162,12 @@ TEST(ModuleTables, ExtremesOfEverySliderGiveAPicture) {
       module->Constructor();
       module->ResetSettings();
       Dictionary settings;
+      double sign = 1;
       for (const ParameterBase* parameter : module->Parameters()) {
-        settings.Value(parameter->Key(), extreme);
+        settings.Value(parameter->Key(), extreme * sign);
+        sign = -sign;
       }
+      for (int i = 0; i < module->ControlCount(); ++i) module->ControlValue(i, extreme);
       settings.Value("Enabled", true);
       // A blur of two thousand million pixels is a plain mean; it need not be waited for here.
       if (facts.position == 10) settings.Value("Blur", std::min(extreme, 500.0));

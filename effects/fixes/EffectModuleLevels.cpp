@@ -18,12 +18,15 @@ constexpr Color kBlue{0, 0, 255};
 }  // namespace
 
 std::optional<ToneTables> EffectModuleLevels::Tables(const Picture&) {
-  const double range = Highlights - Shadows;
+  // As floats: a stored style may hold any integers.
+  const double shadows = Shadows;
+  const double black = OutBlack;
+  const double white = OutWhite;
+  const double range = Highlights - shadows;
   // Where both ends meet, everything above them is white and everything below black.
-  const double ratio = range == 0 ? 255.0 * 255.0 : (OutWhite - OutBlack) / range;
-  return ToneTables::All(MakeTable([&](int i) {
-    return OutBlack + std::max(std::min((i - Shadows) * ratio, static_cast<double>(OutWhite)), 0.0);
-  }));
+  const double ratio = range == 0 ? 255.0 * 255.0 : (white - black) / range;
+  return ToneTables::All(MakeTable(
+      [&](int i) { return black + std::max(std::min((i - shadows) * ratio, white), 0.0); }));
 }
 
 void EffectModuleLevels::PostProcess(Picture& picture, double) {
