@@ -16,12 +16,11 @@
 #include "files/VolumeItem.h"
 #include "platform/files/AtomicFile.h"
 #include "platform/services/SharedFolders.h"
+#include "platform/values/ApplicationName.h"
 
 namespace brivolant::FolderitemExtensions {
 namespace {
 
-constexpr LocalizedText kApplicationName{"GlobalApplicationSpecificProperties.ApplicationName",
-                                         "Brivolant Photos"};
 constexpr LocalizedText kDayOfWeekTomorrow{"FolderitemExtensions.kDayOfWeekTomorrow", "Tomorrow"};
 constexpr LocalizedText kDayOfWeekToday{"FolderitemExtensions.kDayOfWeekToday", "Today"};
 constexpr LocalizedText kDayOfWeekYesterday{"FolderitemExtensions.kDayOfWeekYesterday",
@@ -109,7 +108,10 @@ Item TopOfVolume(const Item& file) {
 bool MoveInto(const Item& trash, const Item& file, const std::string& recorded) {
   const Item files = trash.Child("files");
   const Item info = trash.Child("info");
+  const bool fresh = !trash.Exists();
   if (files.CreateAsFolder() || info.CreateAsFolder()) return false;
+  // What one user throws away is not for the others.
+  if (fresh) (void)chmod(trash.Path().c_str(), S_IRWXU);
   const std::string base = FileNameWithoutExtension(file);
   const std::string extension = FileExtension(file);
   std::string name = file.Name();
@@ -170,9 +172,10 @@ std::string UnixPath(const Item& file) {
 
 bool MoveToTrash(const Item& file) {
   if (file.IsNil() || (!file.Exists() && !file.Alias())) return false;
-  const Item home = DataFolder().Child("Trash");
-  if (home.CreateAsFolder()) return false;
-  if (DeviceOf(home) == DeviceOf(file)) return MoveInto(home, file, file.ShellPath());
+  const Item data = DataFolder();
+  if (data.CreateAsFolder()) return false;
+  const Item home = data.Child("Trash");
+  if (DeviceOf(data) == DeviceOf(file)) return MoveInto(home, file, file.ShellPath());
   // Another volume: its own trash, so that nothing has to be copied. The shared one counts only
   // if it is a real folder with the sticky bit.
   const Item top = TopOfVolume(file);

@@ -129,6 +129,8 @@ TEST(Trash, NamesDoNotMeetAndTheOriginIsRecorded) {
     ASSERT_TRUE(fx::MoveToTrash(home.Write("a b.jpg", content)));
   }
   const FolderItem files = home.Child("data").Child("Trash").Child("files");
+  EXPECT_EQ(std::filesystem::status(files.Parent().Path()).permissions(),
+            std::filesystem::perms::owner_all);
   EXPECT_EQ(ReadFile(files.Child("a b.jpg")), "1");
   EXPECT_EQ(ReadFile(files.Child("a b-1.jpg")), "2");
   EXPECT_EQ(ReadFile(files.Child("a b-2.jpg")), "3");

@@ -3,13 +3,12 @@
 
 #include <string>
 
-#include "platform/values/Text.h"
+#include "platform/values/ApplicationName.h"
 
 /// Who and what the program is.
 namespace brivolant::GlobalApplicationSpecificProperties {
 
-inline constexpr LocalizedText ApplicationName{
-    "GlobalApplicationSpecificProperties.ApplicationName", "Brivolant Photos"};
+inline constexpr LocalizedText ApplicationName = kApplicationName;
 inline constexpr LocalizedText ApplicationPublisherName{
     "GlobalApplicationSpecificProperties.ApplicationPublisherName", "Quillmere"};
 inline constexpr LocalizedText URLApplicationWebPage{
