@@ -83,13 +83,10 @@ std::shared_ptr<std::uint8_t> PixelMemory::Allocate(std::size_t bytes) {
 std::future<void> PixelMemory::TouchAhead(std::uint8_t* address, std::size_t bytes) {
   return std::async(std::launch::async, [=] {
     // Pages are whole; the first and last may be shared with a neighbour and are left out.
-    const auto start = reinterpret_cast<std::uintptr_t>(address);
-    const std::uintptr_t first = (start + kPage - 1) / kPage * kPage;
-    const std::uintptr_t last = (start + bytes) / kPage * kPage;
+    const std::size_t before = (kPage - reinterpret_cast<std::uintptr_t>(address) % kPage) % kPage;
+    if (before >= bytes) return;
     // A kernel that does not know the advice refuses it, and pages come when they are touched.
-    if (first < last) {
-      (void)madvise(reinterpret_cast<void*>(first), last - first, MADV_POPULATE_WRITE);
-    }
+    (void)madvise(address + before, (bytes - before) / kPage * kPage, MADV_POPULATE_WRITE);
   });
 }
 

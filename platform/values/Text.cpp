@@ -97,10 +97,9 @@ std::string EnsureUTF8(std::string_view text) {
 }
 
 std::string Base64Encode(std::string_view bytes, int lineLength) {
-  const std::string text =
-      QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()))
-          .toBase64()
-          .toStdString();
+  std::string text = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()))
+                         .toBase64()
+                         .toStdString();
   if (lineLength <= 0) return text;
   std::string lines;
   for (std::size_t at = 0; at < text.size(); at += static_cast<std::size_t>(lineLength)) {
