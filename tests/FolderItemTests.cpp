@@ -10,9 +10,6 @@
 namespace brivolant::test {
 namespace {
 
-using testing::ElementsAre;
-using testing::UnorderedElementsAre;
-
 TEST(FolderItems, PathsAndNames) {
   EXPECT_TRUE(FolderItem().IsNil());
   EXPECT_TRUE(FolderItem("").IsNil());

@@ -115,10 +115,13 @@ TEST(Kernels, PointOperationsEqualTheirReference) {
         source, [&](Pixels p) { kernels::BlendTableByDarkness(p, negative); },
         [&](Pixels p) { kernels::reference::BlendTableByDarkness(p, negative); });
     const Plane mask = TestPlane(size.width, size.height, 9);
-    for (const auto& [lift, lower] : {std::pair{60, 0}, {0, 80}, {255, 255}, {33, 17}}) {
+    for (const std::pair<int, int>& amounts : {std::pair{60, 0}, {0, 80}, {255, 255}, {33, 17}}) {
       ExpectSame(
-          source, [&](Pixels p) { kernels::LiftAndLower(p, mask.View(), lift, lower); },
-          [&](Pixels p) { kernels::reference::LiftAndLower(p, mask.View(), lift, lower); });
+          source,
+          [&](Pixels p) { kernels::LiftAndLower(p, mask.View(), amounts.first, amounts.second); },
+          [&](Pixels p) {
+            kernels::reference::LiftAndLower(p, mask.View(), amounts.first, amounts.second);
+          });
     }
     Plane luma(size.width, size.height, 0);
     Plane oneBit(size.width, size.height, 0);
@@ -231,7 +234,8 @@ TEST(Kernels, BlurOfAPictureIsThatOfItsChannels) {
 }
 
 TEST(Kernels, BlurIsNearlyGaussian) {
-  for (double sigma = 0.5; sigma <= 90; sigma += 0.5) {
+  for (int radius = 1; radius <= 180; ++radius) {
+    const double sigma = radius / 2.0;
     const auto kernel = kernels::reference::Kernel(kernels::GaussianPlan(sigma));
     double sum = kernel[0];
     double variance = 0;
