@@ -71,13 +71,8 @@ QJsonObject Describe(BrivolantDocument& document) {
 int Info(const DocumentOptions& options, bool verbose) {
   Worker worker(verbose);
   BrivolantDocument document(worker.services);
-  const FolderItem package(options.package);
-  if (!document.Load(package)) {
-    const std::string told = worker.dialogs.Take();
-    return Fail(told.empty() ? texts::Of(texts::kDocumentFailed, package.DisplayName(),
-                                         document.lastErrorMessage)
-                             : told);
-  }
+  std::string error;
+  if (!LoadDocument(document, FolderItem(options.package), worker, error)) return Fail(error);
   const QJsonObject object = Describe(document);
   if (options.json) {
     PrintJson(object, true);

@@ -191,7 +191,7 @@ bool EditOptions::Apply(BrivolantDocument& document, brivolantProcessorLite& pro
   if (flip_) document.Flip = *flip_;
   if (!style_.empty()) {
     Worker worker(false);
-    const auto style = ReadStyleFile(FolderItem(style_), worker.services, error);
+    const auto style = ReadStyleFile(FolderItem(style_), worker, error);
     if (!style) return false;
     processor.Reset();
     (void)processor.StyleData(*style);
@@ -202,15 +202,22 @@ bool EditOptions::Apply(BrivolantDocument& document, brivolantProcessorLite& pro
   return true;
 }
 
-std::optional<std::string> ReadStyleFile(const FolderItem& file, const Services& services,
+bool LoadDocument(BrivolantDocument& document, const FolderItem& file, Worker& worker,
+                  std::string& error) {
+  if (document.Load(file)) return true;
+  const std::string told = worker.dialogs.Take();
+  error = told.empty()
+              ? texts::Of(texts::kDocumentFailed, file.DisplayName(), document.lastErrorMessage)
+              : told;
+  return false;
+}
+
+std::optional<std::string> ReadStyleFile(const FolderItem& file, Worker& worker,
                                          std::string& error) {
   std::optional<std::string> style;
   if (FolderitemExtensions::isFileType(file, &InternalFileTypes::BrivolantPhotosDocument)) {
-    BrivolantDocument document(services);
-    if (!document.Load(file)) {
-      error = texts::Of(texts::kDocumentFailed, file.DisplayName(), document.lastErrorMessage);
-      return std::nullopt;
-    }
+    BrivolantDocument document(worker.services);
+    if (!LoadDocument(document, file, worker, error)) return std::nullopt;
     style = document.StyleData;
   } else {
     style = ReadFile(file);

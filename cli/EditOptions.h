@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/Support.h"
 #include "engine/brivolantProcessorLite.h"
 #include "formats/BrivolantDocument.h"
 
@@ -49,8 +50,12 @@ class EditOptions {
   std::optional<std::pair<Pair, Pair>> cropRectangle_;
 };
 
+/// Loads a document. False on failure, with one sentence in `error` whoever found the fault.
+[[nodiscard]] bool LoadDocument(BrivolantDocument& document, const FolderItem& file, Worker& worker,
+                                std::string& error);
+
 /// The style data of a style file or a document. Empty, with the sentence in `error`, on failure.
-std::optional<std::string> ReadStyleFile(const FolderItem& file, const Services& services,
+std::optional<std::string> ReadStyleFile(const FolderItem& file, Worker& worker,
                                          std::string& error);
 
 }  // namespace brivolant::cli

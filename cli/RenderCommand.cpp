@@ -2,7 +2,6 @@
 #include <CLI/CLI.hpp>
 #include <charconv>
 #include <chrono>
-#include <set>
 
 #include "cli/Commands.h"
 #include "cli/RenderJob.h"
@@ -22,11 +21,6 @@ double Since(std::chrono::steady_clock::time_point& last) {
   const double milliseconds = std::chrono::duration<double, std::milli>(now - last).count();
   last = now;
   return milliseconds;
-}
-
-bool SameFile(const FolderItem& a, const FolderItem& b) {
-  std::error_code error;
-  return std::filesystem::equivalent(a.Path(), b.Path(), error) && !error;
 }
 
 /// A style may ask for an effect that has none here yet: the user is told what the picture lacks.
@@ -57,13 +51,7 @@ bool OpenInput(const FolderItem& input, BrivolantDocument& document,
     error = document.lastErrorMessage;
     return false;
   }
-  if (!document.Load(input)) {
-    const std::string told = worker.dialogs.Take();
-    error = told.empty()
-                ? texts::Of(texts::kDocumentFailed, input.DisplayName(), document.lastErrorMessage)
-                : told;
-    return false;
-  }
+  if (!LoadDocument(document, input, worker, error)) return false;
   if (!document.StyleData.empty() && processor.StyleData(document.StyleData) != StyleFault::kNone) {
     error = texts::Of(texts::kDamagedStyle, input.DisplayName());
     return false;
@@ -143,30 +131,6 @@ bool ParseFit(const std::string& text, std::optional<Pair>& fit) {
   return true;
 }
 
-/// A name for each input in the folder: its own, with an extension that can be written, and a
-/// number where two inputs would meet.
-std::vector<FolderItem> OutputsIn(const FolderItem& folder,
-                                  const std::vector<std::string>& inputs) {
-  std::vector<FolderItem> outputs;
-  std::set<std::string> taken;
-  for (const std::string& text : inputs) {
-    const FolderItem input(text);
-    const std::string stem = FolderitemExtensions::FileNameWithoutExtension(input);
-    const std::string extension =
-        FormatOf(input).empty() ? "jpg" : FolderitemExtensions::FileExtension(input);
-    std::string name;
-    int n = 0;
-    do {
-      name = stem;
-      if (n > 0) name.append("-").append(std::to_string(n));
-      name.append(".").append(extension);
-      ++n;
-    } while (!taken.insert(name).second);
-    outputs.push_back(folder.Child(name));
-  }
-  return outputs;
-}
-
 /// The outputs of the command, or the sentence why it is used wrongly.
 bool ChooseOutputs(const RenderOptions& options, std::vector<FolderItem>& outputs,
                    std::string& error) {
@@ -175,7 +139,9 @@ bool ChooseOutputs(const RenderOptions& options, std::vector<FolderItem>& output
     return false;
   }
   if (!options.folder.empty()) {
-    outputs = OutputsIn(FolderItem(options.folder), options.inputs);
+    outputs = OutputsIn(FolderItem(options.folder), options.inputs, [](const FolderItem& input) {
+      return FormatOf(input).empty() ? "jpg" : FolderitemExtensions::FileExtension(input);
+    });
     return true;
   }
   if (options.inputs.size() > 1) {

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <CLI/CLI.hpp>
-#include <set>
 
 #include "cli/Commands.h"
 #include "cli/Support.h"
 #include "cli/Texts.h"
-#include "files/FolderitemExtensions.h"
 #include "formats/BrivolantDocument.h"
 #include "formats/FileTypes.h"
 #include "formats/ImageFile.h"
@@ -54,20 +52,13 @@ int RunThumbnails(const ThumbnailOptions& options) {
     PrintError(texts::Of(texts::kCannotMakeFolder, folder.DisplayName(), failure.message()));
     return kFileFailed;
   }
-  std::vector<FolderItem> outputs;
-  std::set<std::string> taken;
-  for (const std::string& text : options.inputs) {
-    const std::string stem = FolderitemExtensions::FileNameWithoutExtension(FolderItem(text));
-    std::string name = stem;
-    for (int n = 1; !taken.insert(name).second; ++n) name = stem + "-" + std::to_string(n);
-    outputs.push_back(folder.Child(name + ".jpg"));
-  }
+  const std::vector<FolderItem> outputs =
+      OutputsIn(folder, options.inputs, [](const FolderItem&) { return std::string("jpg"); });
   const int failed = RunJobs(static_cast<int>(outputs.size()), 0, [&](int index) {
     const auto i = static_cast<std::size_t>(index);
     const FolderItem input(options.inputs[i]);
     std::string error;
-    std::error_code ignored;
-    if (std::filesystem::equivalent(input.Path(), outputs[i].Path(), ignored)) {
+    if (SameFile(input, outputs[i])) {
       error = texts::Of(texts::kWouldOverwrite, outputs[i].DisplayName());
     } else if (Guarded(input, error,
                        [&] { return WriteThumbnail(input, outputs[i], options.size, error); })) {

@@ -240,6 +240,9 @@ TEST_F(CommandLine, DocumentsReopenWithTheSameStyleAndPixels) {
     EXPECT_THAT(run.err, HasSubstr("Missing the settings segment"));
   }
   EXPECT_EQ(Cli({"document", "info", Path("missing.brvPhoto")}).code, 1);
+  run = Cli({"style", Path("missing.brvPhoto")});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_THAT(run.err, HasSubstr("the file no longer exists"));
 }
 
 TEST_F(CommandLine, ListsModulesAndFormats) {
