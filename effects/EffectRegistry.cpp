@@ -14,6 +14,7 @@
 #include "effects/fixes/EffectModuleHueSaturation.h"
 #include "effects/fixes/EffectModuleLevels.h"
 #include "effects/fixes/EffectModuleShadowsHighlight.h"
+#include "effects/fixes/EffectModuleStraighten.h"
 #include "effects/fixes/EffectModuleWhiteBalance.h"
 
 namespace brivolant {
@@ -77,8 +78,6 @@ BRIVOLANT_PENDING(kBarrel, "22BEFEB7-2944-6DE5-F57E-DFE98DF1D845", "EffectModule
                   "Barrel Distortion");
 BRIVOLANT_PENDING(kSharpen, "5B350827-F6A9-3E34-0A70-990F7B550769", "EffectModuleSharpen",
                   "Sharpen");
-BRIVOLANT_PENDING(kStraighten, "31C7BD01-3049-4413-66B4-DEAB8A4AE849", "EffectModuleStraighten",
-                  "Straighten");
 BRIVOLANT_PENDING(kBitDepth, "33062761-D902-8058-6FCB-FBC98920EB69", "EffectModuleBitDepth",
                   "Bit Depth Simulation");
 BRIVOLANT_PENDING(kDuoTone, "7FFFFFFF-B14F-1B2D-4590-F6C1B320F535", "EffectModuleDuoTone",
@@ -150,7 +149,7 @@ constexpr std::array kEntries{
     Effect<EffectModuleLevels>("EffectModuleLevels"),
     Effect<EffectModuleShadowsHighlight>("EffectModuleShadowsHighlight"),
     Pending<kSharpen>("EffectModuleSharpen"),
-    Pending<kStraighten>("EffectModuleStraighten"),
+    Effect<EffectModuleStraighten>("EffectModuleStraighten"),
     Divider<kColors>(),
     Pending<kBitDepth>("EffectModuleBitDepth"),
     Pending<kDuoTone>("EffectModuleDuoTone"),

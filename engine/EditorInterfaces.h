@@ -5,10 +5,14 @@ namespace brivolant {
 
 class effectModule;
 
+/// The display keeps this much free around the preview, both sides together, in the desktop's
+/// coordinates.
+inline constexpr int kPreviewMargin = 20;
+
 /// What modules and the processor need of the effect panel.
-class EffectStackEditor {
+class EffectPanel {
  public:
-  virtual ~EffectStackEditor() = default;
+  virtual ~EffectPanel() = default;
   /// A module is about to change itself.
   virtual void AboutToChange(effectModule& module) = 0;
   /// The index of the selected row; -1 for none.
@@ -20,12 +24,14 @@ class EffectStackEditor {
 };
 
 /// What the processor needs of the editor's display.
-class EditorDisplay {
+class PreviewDisplay {
  public:
-  virtual ~EditorDisplay() = default;
-  /// Pixels.
+  virtual ~PreviewDisplay() = default;
+  /// Pixels of the screen, not of the desktop's scaled coordinates.
   virtual int Width() const = 0;
   virtual int Height() const = 0;
+  /// Pixels of the screen in one unit of the desktop's coordinates; 1 on a plain screen.
+  virtual double PixelRatio() const { return 1; }
   /// Shows the processor's preview; `full` when everything was rendered anew.
   virtual void Update(bool full) = 0;
 };

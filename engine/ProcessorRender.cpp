@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 
 #include "engine/EditorInterfaces.h"
 #include "engine/brivolantProcessorLite.h"
@@ -15,8 +16,6 @@ namespace {
 constexpr double kReferenceSize = 640;
 /// Microseconds above which sliders no longer follow live.
 constexpr double kSlow = 400000;
-/// The display keeps this much free around the preview, in pixels.
-constexpr int kMargin = 20;
 
 double Microseconds() {
   using namespace std::chrono;
@@ -52,6 +51,7 @@ void brivolantProcessorLite::RunModules(const StackList& stack, int first, int l
   for (int i = first; i < last; ++i) {
     effectModule& module = *stack[static_cast<std::size_t>(i)];
     if (!module.Enabled()) continue;
+    if (Stopped()) return;
     ToneModule* tone = module.AsToneModule();
     if (tone == nullptr) {
       flush();
@@ -64,6 +64,22 @@ void brivolantProcessorLite::RunModules(const StackList& stack, int first, int l
     }
   }
   flush();
+}
+
+bool brivolantProcessorLite::Stopped() {
+  if (!counting_ || !Progress) return false;
+  stopped_ = stopped_ || !Progress(1.0 * modulesDone_ / std::max(modulesToDo_, 1));
+  ++modulesDone_;
+  return stopped_;
+}
+
+int brivolantProcessorLite::EnabledModules() const {
+  std::ptrdiff_t count = 0;
+  for (const StackList& stack : stacks) {
+    count += std::count_if(stack.begin(), stack.end(),
+                           [](const auto& module) { return module->Enabled(); });
+  }
+  return static_cast<int>(count);
 }
 
 Picture brivolantProcessorLite::Process(Picture& picture, int stack, int start) {
@@ -88,6 +104,16 @@ Picture brivolantProcessorLite::Compose(Picture background, const Picture& foreg
 }
 
 Picture brivolantProcessorLite::Process(Picture source) {
+  counting_ = true;
+  stopped_ = false;
+  modulesDone_ = 0;
+  modulesToDo_ = EnabledModules();
+  Picture result = ProcessLayers(std::move(source));
+  counting_ = false;
+  return stopped_ ? Picture() : result;
+}
+
+Picture brivolantProcessorLite::ProcessLayers(Picture source) {
   if (source.IsNil()) return source;
   ResetEffectCache();
   foregroundScaleTopleft.reset();
@@ -143,7 +169,8 @@ void brivolantProcessorLite::RenderPreview() {
   const int height = myDisplay->Height();
   if (document.PreviewBase.IsNil() || width != lastWidth || height != lastHeight) {
     ResetEffectCache();
-    document.GeneratePreviews(width - kMargin, height - kMargin);
+    const int margin = static_cast<int>(std::lround(kPreviewMargin * myDisplay->PixelRatio()));
+    document.GeneratePreviews(width - margin, height - margin);
     lastWidth = width;
     lastHeight = height;
     rebuildCurrentPointCache();

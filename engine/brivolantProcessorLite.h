@@ -16,8 +16,8 @@
 namespace brivolant {
 
 class BrivolantDocument;
-class EditorDisplay;
-class EffectStackEditor;
+class PreviewDisplay;
+class EffectPanel;
 
 /// Runs the effects of one open document: two stacks of modules, each over its own copy of the
 /// image, composed foreground over background. Renders the preview and the full-size result, and
@@ -73,7 +73,8 @@ class brivolantProcessorLite {
   void RunRoutine(bool full);
   /// The picture for the display, with the selected module's marks; nil without a document.
   Picture Preview();
-  /// The full-size result. Without any module enabled it equals the source.
+  /// The full-size result. Without any module enabled it equals the source. Nil if Progress
+  /// stopped it.
   Picture Process(Picture source);
   /// Runs one stack from an index on over a picture.
   Picture Process(Picture& picture, int stack, int start);
@@ -89,8 +90,8 @@ class brivolantProcessorLite {
   static double ConsistencyScaleFor(const Picture& picture);
 
   std::vector<StackList> stacks;  ///< kForeground and kBackground.
-  EffectStackEditor* myEffectEditor = nullptr;
-  EditorDisplay* myDisplay = nullptr;
+  EffectPanel* myEffectEditor = nullptr;
+  PreviewDisplay* myDisplay = nullptr;
   BrivolantDocument* Document = nullptr;
   int CurrentStack = kForeground;
   /// Opacity of the foreground, 0.0 to 1.0.
@@ -107,10 +108,16 @@ class brivolantProcessorLite {
   std::optional<Point> foregroundScaleTopleft;
   std::optional<Point> foregroundScaleSize;
 
+  /// Asked after each module of a full-size render, with what is done from 0 to 1; false stops the
+  /// render.
+  std::function<bool(double done)> Progress;
+
   // Raised to the owner.
   std::function<void()> UpdateStarted;
   std::function<void()> UpdateFinished;
   std::function<void()> SelectedEffectChanged;
+  /// Raised for every module that Reset makes.
+  std::function<void(effectModule&)> ModuleCreated;
 
  private:
   StackList& Current() { return stacks.at(static_cast<std::size_t>(CurrentStack)); }
@@ -123,9 +130,13 @@ class brivolantProcessorLite {
   /// Applies modules `first` to `last` - 1; consecutive tone curves go over the pixels once.
   void RunModules(const StackList& stack, int first, int last, Picture& picture);
   void RenderPreview();
+  Picture ProcessLayers(Picture source);
   /// True if nothing of the background can show through a foreground that covers it.
   bool ForegroundIsOpaque() const { return BlendMode() == 0 && BlendAlpha >= 1.0F; }
   bool ForegroundMayBePlaced() const;
+  /// Tells Progress of one more module; true once the render is to stop.
+  bool Stopped();
+  int EnabledModules() const;
   Picture Compose(Picture background, const Picture& foreground);
 
   ModuleRegistry registry_;
@@ -137,6 +148,11 @@ class brivolantProcessorLite {
   Picture cacheBackgroundLayer;
   Picture cacheCurrentStack;
   Picture PostBuffer;
+  // Of a full-size render.
+  bool counting_ = false;
+  bool stopped_ = false;
+  int modulesDone_ = 0;
+  int modulesToDo_ = 0;
 };
 
 }  // namespace brivolant

@@ -14,7 +14,7 @@
 namespace brivolant {
 
 class ControlRow;
-class EffectStackEditor;
+class EffectPanel;
 class ParameterBase;
 
 /// Pointers over the image; kNone leaves the display's own.
@@ -101,7 +101,7 @@ class effectModule {
   virtual bool Complete() const { return true; }
 
   /// The panel while this module is selected; not owned.
-  EffectStackEditor* Parent = nullptr;
+  EffectPanel* Parent = nullptr;
 
  protected:
   virtual std::string getID() const = 0;

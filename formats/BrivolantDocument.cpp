@@ -119,19 +119,48 @@ Picture BrivolantDocument::SetOrientation(const Picture& picture) const {
     result = SharedPictureEffects::Scale(result, result.Height(), result.Width(),
                                          SharedPictureEffects::kScaleToFill);
   }
+  return Turned(std::move(result));
+}
+
+Picture BrivolantDocument::Turned(Picture picture) const {
   if (Rotation >= 1 && Rotation <= 3) {
-    result = SharedPictureEffects::Rotate(result, Rotation * 90, kWhite, 1);
+    picture = SharedPictureEffects::Rotate(picture, Rotation * 90, kWhite, 1);
   }
-  if (Flip == 1) result = SharedPictureEffects::Flip(result, 0);
-  if (Flip == 2) result = SharedPictureEffects::Flip(result, 1);
-  return result;
+  if (Flip == 1) return SharedPictureEffects::Flip(picture, 0);
+  if (Flip == 2) return SharedPictureEffects::Flip(picture, 1);
+  return picture;
 }
 
 void BrivolantDocument::GeneratePreviews(int width, int height) {
   using namespace SharedPictureEffects;
-  PreviewBefore = Scale(ImageOriginal(), width, height, kScaleToFit);
-  PreviewBase = Scale(Image(), width, height, kScaleToFit);
+  const PreviewKey key{width, height, Crop, CropOffSet, CropSize, Orientation, Rotation, Flip};
+  // Most calls follow a change of the effects alone: then the scaled pictures are those of before.
+  if (!scaledBefore_.IsNil() && previewKey_ == key) {
+    PreviewBefore = scaledBefore_;
+    PreviewBase = scaledBase_;
+  } else {
+    const bool plain = !Crop && Orientation != 1 && Rotation == 0 && Flip == 0;
+    if (scaledBefore_.IsNil() || previewKey_.Width != width || previewKey_.Height != height) {
+      scaledBefore_ = Scale(ImageOriginal(), width, height, kScaleToFit);
+    }
+    PreviewBefore = scaledBefore_;
+    PreviewBase = plain ? PreviewBefore : ScaledImage(width, height);
+    scaledBase_ = PreviewBase;
+    previewKey_ = key;
+  }
   PreviewAfter = Clone(PreviewBase, 24, false);
+}
+
+Picture BrivolantDocument::ScaledImage(int width, int height) {
+  using namespace SharedPictureEffects;
+  const Picture& original = ImageOriginal();
+  if (original.IsNil()) return {};
+  if (Orientation == 1) return Scale(Image(), width, height, kScaleToFit);
+  // A quarter turn or a mirror image of fewer pixels is the same picture at a fraction of the work.
+  const bool quarter = Rotation == 1 || Rotation == 3;
+  const Picture cropped = Crop ? Cropped(original, CropOffSet, CropSize) : original;
+  return Turned(Scale(Clone(cropped, 24, false), quarter ? height : width, quarter ? width : height,
+                      kScaleToFit));
 }
 
 void BrivolantDocument::ResetPreviews() {

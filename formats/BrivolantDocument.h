@@ -132,8 +132,26 @@ class BrivolantDocument {
   bool WritePreviews(const FolderItem& package);
   std::string SettingsBytes() const;
 
+  /// What the scaled pictures of the previews depend on.
+  struct PreviewKey {
+    int Width = 0;
+    int Height = 0;
+    bool Crop = false;
+    Pair CropOffSet;
+    Pair CropSize;
+    int Orientation = 0;
+    int Rotation = 0;
+    int Flip = 0;
+    friend bool operator==(const PreviewKey&, const PreviewKey&) = default;
+  };
+  Picture ScaledImage(int width, int height);
+  Picture Turned(Picture picture) const;
+
   Services services_;
   Picture tempImageStorage_;
+  PreviewKey previewKey_;
+  Picture scaledBefore_;
+  Picture scaledBase_;
   std::optional<ExtendedPicture> midSizePreview_;
 };
 

@@ -289,7 +289,7 @@ TEST(Modules, HueAndSaturationKnowsNoChange) {
 TEST(Modules, ColorBalanceNeutralizesThePickedPixel) {
   const auto module = Made<EffectModuleColorAdjuster>();
   std::vector<effectModule*> told;
-  struct Panel final : EffectStackEditor {
+  struct Panel final : EffectPanel {
     std::vector<effectModule*>* told;
     void AboutToChange(effectModule& m) override { told->push_back(&m); }
     void selectedEffect(int) override {}
@@ -357,7 +357,7 @@ TEST(Registry, IsCompleteAndInOrder) {
     EXPECT_TRUE(module->Settings() == settings) << module->Name();
   }
   EXPECT_THAT(dividers, ElementsAre(0, 13, 27, 44));
-  EXPECT_EQ(complete, 9);
+  EXPECT_EQ(complete, 10);
   EXPECT_EQ(registry[37].backgroundClass, "EffectModuleBackgroundScale");
   EXPECT_NE(registry[37].create(kForeground)->ID(), registry[37].create(kBackground)->ID());
 }

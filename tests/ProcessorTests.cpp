@@ -154,7 +154,7 @@ struct Editing : Processor {
     display.events = &events;
     processor.UpdatePreview(true);
   }
-  struct Display final : EditorDisplay {
+  struct Display final : PreviewDisplay {
     std::vector<std::string>* events = nullptr;
     int width = 320;
     int Width() const override { return width; }

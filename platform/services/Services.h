@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/files/FolderItem.h"
+#include "platform/values/Color.h"
 #include "platform/values/Date.h"
 
 namespace brivolant {
+
+class Picture;
 
 /// What the model needs of the application and the desktop, handed in from above: the window
 /// shows, the command line prints, tests record.
@@ -19,11 +24,23 @@ class Log {
   virtual void Write(std::string_view line) = 0;
 };
 
+/// A question with two or three answers. A button without a text is left out.
+struct Question {
+  std::string Message;
+  std::string Explanation;
+  std::string ActionButton;
+  std::string CancelButton;
+  std::string AlternateButton;
+};
+enum class Answer { kAction, kCancel, kAlternate };
+
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
   /// Tells the user something; returns when it has been seen.
   virtual void Message(const std::string& message, const std::string& explanation) = 0;
+  /// Asks; a dialog that is closed gives kCancel, and so does a program that cannot ask.
+  virtual Answer Ask(const Question&) { return Answer::kCancel; }
 };
 
 /// Who works here: written into documents and exported images.
@@ -75,6 +92,45 @@ class Clipboard {
   virtual std::string Data(std::string_view mimeType) const = 0;
   /// Replaces the content by a text and data of one further type.
   virtual void Set(std::string_view text, std::string_view mimeType, std::string_view data) = 0;
+  virtual bool HasPicture() const { return false; }
+  /// Nil if there is none.
+  virtual brivolant::Picture Picture() const;
+  virtual void Picture(const brivolant::Picture& picture);
+};
+
+/// A kind of file in a file dialog: a name and extensions without dots, separated by semicolons.
+struct FileFilter {
+  std::string Name;
+  std::string Extensions;
+};
+
+/// The desktop's dialogs for files.
+class FileDialogs {
+ public:
+  virtual ~FileDialogs() = default;
+  /// The chosen files; empty if the user cancelled.
+  virtual std::vector<FolderItem> Open(const std::string& title, const FolderItem& folder,
+                                       const std::vector<FileFilter>& filters) = 0;
+  /// The chosen place, or nil if the user cancelled. `filter` is the index of the kind that is
+  /// chosen first, and then of the kind that the user chose. The dialog asks before it gives a
+  /// file that exists.
+  virtual FolderItem Save(const std::string& title, const FolderItem& suggestion,
+                          const std::vector<FileFilter>& filters, int& filter) = 0;
+};
+
+/// The desktop's colour dialog, which stays open beside the window and tells of each change.
+class ColorPanel {
+ public:
+  virtual ~ColorPanel() = default;
+  virtual void Show() = 0;
+  virtual void Close() = 0;
+  virtual bool Visible() const = 0;
+  virtual void SetColor(const RGBAColor& color) = 0;
+  virtual RGBAColor SelectedRGBAColor() const = 0;
+  virtual bool showsAlpha() const = 0;
+  virtual void showsAlpha(bool shows) = 0;
+  /// Raised for every change of the colour by the user.
+  std::function<void(const RGBAColor&)> ColorChanged;
 };
 
 /// The services a document and a processor work with. All must outlive them.

@@ -11,10 +11,16 @@
 #include <QVariantMap>
 #include <cstdio>
 
+#include "platform/pictures/Picture.h"
 #include "platform/services/SharedFolders.h"
 #include "platform/values/Text.h"
 
 namespace brivolant {
+
+Picture Clipboard::Picture() const {
+  return {};
+}
+void Clipboard::Picture(const brivolant::Picture&) {}
 
 void StandardErrorLog::Write(std::string_view line) {
   std::fprintf(stderr, "%.*s\n", static_cast<int>(line.size()), line.data());

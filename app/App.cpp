@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+#include "app/App.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QUrl>
+
+#include "app/AboutBox.h"
+#include "app/MainWindow.h"
+#include "app/PreferencesWindow.h"
+#include "app/ProgressDialog.h"
+#include "app/core/ApplicationServices.h"
+#include "app/core/GlobalApplicationSpecificProperties.h"
+#include "engine/ui/EffectStackEditor.h"
+#include "files/FolderitemExtensions.h"
+#include "formats/FileTypes.h"
+#include "kit/AnimationCore.h"
+#include "kit/Appearance.h"
+#include "kit/SvgIcon.h"
+#include "platform/services/SharedFolders.h"
+
+namespace brivolant {
+namespace {
+
+using namespace GlobalApplicationSpecificProperties;
+
+constexpr const char* kUpdateCheckPeriod = "UpdateCheckPeriod";
+constexpr const char* kAppearance = "Appearance";
+
+}  // namespace
+
+App::App(QApplication& application, DesktopParts parts)
+    : application_(application),
+      dialogs_(parts.Dialogs != nullptr ? parts.Dialogs : &ownDialogs_),
+      fileDialogs_(parts.FileDialogs != nullptr ? parts.FileDialogs : &ownFileDialogs_),
+      clipboard_(parts.Clipboard != nullptr ? parts.Clipboard : &ownClipboard_),
+      colorPanel_(parts.ColorPanel != nullptr ? parts.ColorPanel : &ownColorPanel_) {}
+
+App::~App() {
+  AnimationCore::Stop();
+}
+
+bool App::Open(bool openingScreen) {
+  const FolderItem resources = otherSharedComponents::ResourcesFolder();
+  if (!resources.Directory()) {
+    dialogs_->Message(otherSharedComponents::MissingResourcesMessage(
+                          ApplicationName.Text(), ApplicationPublisherName.Text(),
+                          URLApplicationPublisher.Text()),
+                      {});
+    return false;
+  }
+  SetIconFolder(resources.Child("Icons"));
+  preferences_ =
+      std::make_unique<brivolant::Preferences>(kPreferencesID, ConfigurationFolder(), log_);
+  Appearance::Apply(application_, static_cast<Appearance::Scheme>(AppearanceChoice()));
+  QApplication::setWindowIcon(SvgIcon(QStringLiteral("brivolant-photos")));
+  InstallEffectStackAccessibility();
+  if (openingScreen) {
+    about_ = std::make_unique<AboutBox>();
+    about_->UseAsOpeningScreen();
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  }
+  AnimationCore::Start();
+  ReadUserDetails();
+  // Beside the user's own styles, so that a document can be moved into place by a rename.
+  if (!temporary_.Configure(otherSharedComponents::userElementsFolder().Child("CleanOnQuit"))) {
+    log_.Write("There is no folder for temporary files.");
+  }
+  recent_ = std::make_unique<RecentItems>(*preferences_);
+  recovery_ = std::make_unique<brivolant::Recovery>(DataFolder().Child("brivolant-photos"), log_);
+  progress_ = std::make_unique<ProgressDialog>();
+  progress_->OpenChanged = [this](bool open) { progressWindowOpen = open; };
+  window_ = std::make_unique<MainWindow>(*this);
+  recent_->UpdateRecentMenu = [this] { window_->UpdateRecentMenu(); };
+  ownDialogs_.Window(window_.get());
+  ownFileDialogs_.Window(window_.get());
+  ownColorPanel_.Window(window_.get());
+  window_->Open();
+  about_.reset();
+  return true;
+}
+
+void App::ReadUserDetails() {
+  usersContactLink = preferences_->Value("usersContactLink", "").ToText();
+  usersCopyright = preferences_->Value("usersCopyright", "").ToText();
+  usersEmailApp = preferences_->Value("usersEmailApp", "Mail").ToText();
+  usersFullName = preferences_->Value("usersFullName", "").ToText();
+  if (usersFullName.empty()) usersFullName = StoredUserDetails(log_).FullName();
+  userTagImages = preferences_->Value("userTagImages", true).ToBool();
+}
+
+void App::SaveUserDetails() {
+  preferences_->Assign("usersContactLink", usersContactLink);
+  preferences_->Assign("usersCopyright", usersCopyright);
+  preferences_->Assign("usersEmailApp", usersEmailApp);
+  preferences_->Assign("usersFullName", usersFullName);
+  preferences_->Assign("userTagImages", userTagImages);
+  preferences_->Synchronize();
+}
+
+void App::Close() {
+  if (recovery_) recovery_->Forget();
+  preferencesWindow_.reset();
+  about_.reset();
+  window_.reset();
+  progress_.reset();
+}
+
+void App::OpenDocument(const FolderItem& item) {
+  using namespace InternalFileTypes;
+  using FolderitemExtensions::isFileType;
+  if (!MainWindowOpen) log_.Write("OpenDocument fired before open!");
+  const auto refuse = [&](const LocalizedText& text) {
+    dialogs_->Message(WithPlaceholders(text.Text(), {{"<filename>", item.DisplayName()}}), {});
+  };
+  if (isFileType(item, &BrivolantPhotosOneClickWonder)) return refuse(kUnableToLoad1Click);
+  if (isFileType(item, &BrivolantPhotosBorder)) return refuse(kUnableToLoadBorder);
+  if (isFileType(item, &BrivolantPhotosCombinerLayouts)) return refuse(kUnableToLoadLayout);
+  if (isFileType(item, &BrivolantPhotosHelpLink)) {
+    QDesktopServices::openUrl(
+        QUrl(QStringLiteral("mailto:") + QString::fromStdString(URLSupportEmailAddress.Text())));
+    if (item.Delete()) log_.Write(std::string("Not deleted: ").append(item.ShellPath()));
+    return;
+  }
+  if (window_ && !window_->AskToSave()) window_->OpenImage(item, {});
+}
+
+void App::OpenRecent(const std::string& path) {
+  const FolderItem item(path);
+  if (!item.Exists()) {
+    dialogs_->Message(
+        WithPlaceholders(kCannotOpen.Text(), {{"<filename>", RecentItems::TextFor(path)}}), {});
+    return;
+  }
+  if (!window_->AskToSave()) window_->OpenImage(item, {});
+}
+
+void App::BringToFront() {
+  if (!window_) return;
+  if (window_->isMinimized()) window_->showNormal();
+  window_->show();
+  window_->raise();
+  window_->activateWindow();
+}
+
+std::string App::CreatedWithString() const {
+  return GlobalApplicationSpecificProperties::CreatedWithString();
+}
+
+void App::ShowAboutBox() {
+  about_ = std::make_unique<AboutBox>(window_.get());
+  about_->show();
+}
+
+void App::ShowPreferences() {
+  if (preferencesWindow_ && preferencesWindow_->isVisible()) {
+    preferencesWindow_->raise();
+    preferencesWindow_->activateWindow();
+    return;
+  }
+  preferencesWindow_ = std::make_unique<PreferencesWindow>(*this, window_.get());
+  preferencesWindow_->show();
+}
+
+bool App::OfferRecovery() {
+  const std::optional<RecoveredEdits> left = recovery_->Left();
+  if (!left) {
+    recovery_->Forget();
+    return false;
+  }
+  const Answer answer =
+      dialogs_->Ask({WithPlaceholders(kRecoverMessage.Text(), {{"<filename>", left->Name}}),
+                     kRecoverExplanation.Text(),
+                     kRecover.Text(),
+                     kGiveUp.Text(),
+                     {}});
+  // Given up or brought back: the next start asks no more.
+  const bool back = answer == Answer::kAction && window_->OpenRecovered(*left);
+  if (!back) recovery_->Forget();
+  return back;
+}
+
+void App::UnhandledException(const std::string& what) {
+  log_.Write("Unhandled exception: " + what);
+  dialogs_->Message(kUnhandled.Text(), what);
+}
+
+int App::UpdateCheckPeriod() const {
+  return std::clamp(preferences_->Value(kUpdateCheckPeriod, 0).ToInt(), 0, 4);
+}
+
+void App::UpdateCheckPeriod(int period) {
+  preferences_->Assign(kUpdateCheckPeriod, period);
+}
+
+int App::AppearanceChoice() const {
+  return std::clamp(preferences_->Value(kAppearance, 0).ToInt(), 0, 2);
+}
+
+void App::AppearanceChoice(int choice) {
+  preferences_->Assign(kAppearance, choice);
+  Appearance::Apply(application_, static_cast<Appearance::Scheme>(choice));
+}
+
+brivolant::Services App::Services() {
+  return {log_, *dialogs_, *this, temporary_, clock_, random_};
+}
+
+}  // namespace brivolant

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/core/RecentItems.h"
+#include "app/core/Recovery.h"
+#include "kit/ColorPanelBridge.h"
+#include "kit/DesktopServices.h"
+#include "platform/services/Preferences.h"
+#include "platform/services/SystemServices.h"
+#include "platform/values/Text.h"
+
+class QApplication;
+
+namespace brivolant {
+
+class AboutBox;
+class MainWindow;
+class PreferencesWindow;
+class ProgressDialog;
+
+/// What stands for the desktop; the real one where null. Tests hand in their own.
+struct DesktopParts {
+  brivolant::Dialogs* Dialogs = nullptr;
+  brivolant::FileDialogs* FileDialogs = nullptr;
+  brivolant::Clipboard* Clipboard = nullptr;
+  brivolant::ColorPanel* ColorPanel = nullptr;
+};
+
+/// The program: exists for the whole run, owns what outlives a window, and answers requests to
+/// open files.
+class App final : public UserDetails {
+ public:
+  static constexpr LocalizedText kUnableToLoad1Click{
+      "App.kUnableToLoad1Click",
+      "Sorry I was unable to open the 1-Click Style called \"<filename>\"."};
+  static constexpr LocalizedText kUnableToLoadBorder{
+      "App.kUnableToLoadBorder", "Sorry I was unable to open the Border \"<filename>\"."};
+  static constexpr LocalizedText kUnableToLoadLayout{
+      "App.kUnableToLoadLayout", "Sorry I was unable to open the layout \"<filename>\"."};
+  static constexpr LocalizedText kCannotOpen{
+      "App.kCannotOpen",
+      "Brivolant Photos cannot open the file \"<filename>\" as it can no longer be found."};
+  static constexpr LocalizedText kUnhandled{"App.kUnhandled",
+                                            "Something went wrong, and the last action may not "
+                                            "have been completed. Your photo is still open."};
+  static constexpr LocalizedText kRecoverMessage{
+      "App.kRecoverMessage",
+      "The changes made to the photo \"<filename>\" were not saved when the program last ended."};
+  static constexpr LocalizedText kRecoverExplanation{"App.kRecoverExplanation",
+                                                     "Do you want to bring them back?"};
+  static constexpr LocalizedText kRecover{"App.kRecover", "Bring Back"};
+  static constexpr LocalizedText kGiveUp{"App.kGiveUp", "Give Up"};
+
+  explicit App(QApplication& application, DesktopParts parts = {});
+  ~App() override;
+
+  /// Starts: reads the settings and shows the main window. False, and the user has been told, if
+  /// the resources are missing.
+  [[nodiscard]] bool Open(bool openingScreen = true);
+  /// Ends: nothing is left of a clean end.
+  void Close();
+  /// A file given by the desktop, the command line or another start.
+  void OpenDocument(const FolderItem& item);
+  /// A file chosen from the recent items.
+  void OpenRecent(const std::string& path);
+  void AddToRecentMenu(const FolderItem& item) { recent_->Add(item); }
+  void ClearRecentMenu() { recent_->Clear(); }
+  const std::vector<std::string>& RecentItem() const { return recent_->RecentItem(); }
+  void BringToFront();
+  void SaveUserDetails();
+  std::string CreatedWithString() const;
+  void ShowAboutBox();
+  void ShowPreferences();
+  /// Offers to bring back what an unclean end left. True if it was brought back.
+  bool OfferRecovery();
+  /// What nothing else caught.
+  void UnhandledException(const std::string& what);
+
+  // UserDetails.
+  std::string FullName() const override { return usersFullName; }
+  std::string ContactLink() const override { return usersContactLink; }
+  std::string Copyright() const override { return usersCopyright; }
+  std::string CreatedWith() const override { return CreatedWithString(); }
+
+  bool progressWindowOpen = false;
+  bool MainWindowOpen = false;
+  std::string usersEmailApp = "Mail";
+  std::string usersFullName;
+  std::string usersContactLink;
+  std::string usersCopyright;
+  bool userTagImages = true;
+
+  int UpdateCheckPeriod() const;
+  void UpdateCheckPeriod(int period);
+  /// An Appearance::Scheme.
+  int AppearanceChoice() const;
+  void AppearanceChoice(int choice);
+
+  brivolant::Services Services();
+  brivolant::Preferences& Preferences() { return *preferences_; }
+  brivolant::FileDialogs& FileDialogs() { return *fileDialogs_; }
+  brivolant::Dialogs& Dialogs() { return *dialogs_; }
+  brivolant::Clipboard& Clipboard() { return *clipboard_; }
+  brivolant::ColorPanel& ColorPanel() { return *colorPanel_; }
+  brivolant::Log& Log() { return log_; }
+  ProgressDialog& Progress() { return *progress_; }
+  brivolant::Recovery& Recovery() { return *recovery_; }
+  /// Null before Open.
+  MainWindow* Window() { return window_.get(); }
+  PreferencesWindow* PreferencesShown() { return preferencesWindow_.get(); }
+  AboutBox* AboutShown() { return about_.get(); }
+
+ private:
+  void ReadUserDetails();
+
+  QApplication& application_;
+  StandardErrorLog log_;
+  SystemRandom random_;
+  SystemClock clock_;
+  CleanOnQuit temporary_{random_};
+  WidgetDialogs ownDialogs_;
+  WidgetFileDialogs ownFileDialogs_;
+  WidgetClipboard ownClipboard_;
+  WidgetColorPanel ownColorPanel_;
+  brivolant::Dialogs* dialogs_;
+  brivolant::FileDialogs* fileDialogs_;
+  brivolant::Clipboard* clipboard_;
+  brivolant::ColorPanel* colorPanel_;
+  std::unique_ptr<brivolant::Preferences> preferences_;
+  std::unique_ptr<RecentItems> recent_;
+  std::unique_ptr<brivolant::Recovery> recovery_;
+  std::unique_ptr<ProgressDialog> progress_;
+  std::unique_ptr<MainWindow> window_;
+  std::unique_ptr<PreferencesWindow> preferencesWindow_;
+  std::unique_ptr<AboutBox> about_;
+};
+
+}  // namespace brivolant

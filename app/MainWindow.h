@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QTimer>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/MainMenuBar.h"
+#include "app/core/UndoHandler.h"
+#include "engine/brivolantProcessorLite.h"
+#include "kit/ColorPanelBridge.h"
+#include "kit/ifkWindow.h"
+#include "platform/values/Text.h"
+
+class QComboBox;
+class QScrollBar;
+
+namespace brivolant {
+
+class App;
+class BrivolantDocument;
+class CropEditor;
+class CropModule;
+class EditorDisplay;
+class EffectStackEditor;
+class QuickLookWindow;
+class WelcomePage;
+class ifkSegmentView;
+class ifkSlider;
+class ifkStaticText;
+struct DragItem;
+struct RecoveredEdits;
+
+/// The one document window. It holds the working areas, of which one is in view, and owns the
+/// editing session: one document in the processor, one history, and a dirty flag.
+class MainWindow final : public ifkWindow {
+ public:
+  enum Pane { kBrowserPane = 0, kEditorPane = 1, kLayoutPane = 2 };
+
+  static constexpr LocalizedText kOpenAnImage{"MainWindow.kOpenAnImage", "<Open an Image>"};
+  static constexpr LocalizedText kFullScreen{"MainWindow.kFullScreen", "Picture Full Screen"};
+  static constexpr LocalizedText kForeground{"MainWindow.kForeground", "Top Layer"};
+  static constexpr LocalizedText kBackground{"MainWindow.kBackground", "Bottom Layer"};
+  static constexpr LocalizedText kBlend{"MainWindow.kBlend", "Blend:"};
+  static constexpr LocalizedText kOpacity{"MainWindow.kOpacity", "Opacity:"};
+  static constexpr LocalizedText kImageInfo{"MainWindow.kImageInfo",
+                                            "<width> x <height> (<megapixel>, Ratio: <ratio>)"};
+  static constexpr LocalizedText kOpeningImage{"MainWindow.kOpeningImage",
+                                               "Opening Image <filename>..."};
+  static constexpr LocalizedText kUpdatingPreview{"MainWindow.kUpdatingPreview",
+                                                  "Updating Preview..."};
+  static constexpr LocalizedText kProgressGeneric{"MainWindow.kProgressGeneric",
+                                                  "Processing Image..."};
+  static constexpr LocalizedText kAskToSaveMessage{
+      "MainWindow.kAskToSaveMessage",
+      "Do you want to save the changes you made to the photo <filename>?"};
+  static constexpr LocalizedText kAskToSaveExplaination{
+      "MainWindow.kAskToSaveExplaination",
+      "If you choose not to save the changes you have made to the photo, they will be lost."};
+  static constexpr LocalizedText kNewFromClipboard{"MainWindow.kNewFromClipboard",
+                                                   "New Image from Clipboard"};
+  static constexpr LocalizedText kDroppedPicture{"MainWindow.kDroppedPicture", "New Image"};
+  static constexpr LocalizedText kOpenTitle{"MainWindow.kOpenTitle", "Open a Photo"};
+  static constexpr LocalizedText kSaveTitle{"MainWindow.kSaveTitle", "Save the Photo"};
+  static constexpr LocalizedText kSaveCopyTitle{"MainWindow.kSaveCopyTitle",
+                                                "Save the Finished Picture"};
+  static constexpr LocalizedText kAllPhotos{"MainWindow.kAllPhotos", "Photos and Documents"};
+  static constexpr LocalizedText kAllFiles{"MainWindow.kAllFiles", "All Files"};
+  static constexpr LocalizedText kCannotReplace{
+      "MainWindow.kCannotReplace",
+      "The file \"<filename>\" cannot be replaced: it could not be moved to the trash."};
+  static constexpr LocalizedText kNotSaved{"MainWindow.kNotSaved",
+                                           "The picture \"<filename>\" was not saved."};
+  // What an entry of the history is called.
+  static constexpr LocalizedText kUndoRotate{"MainWindow.kUndoRotate", "Rotate"};
+  static constexpr LocalizedText kUndoFlip{"MainWindow.kUndoFlip", "Flip"};
+  static constexpr LocalizedText kUndoOrientation{"MainWindow.kUndoOrientation",
+                                                  "Change Orientation"};
+  static constexpr LocalizedText kUndoCrop{"MainWindow.kUndoCrop", "Crop"};
+  static constexpr LocalizedText kUndoRewind{"MainWindow.kUndoRewind", "Rewind"};
+  static constexpr LocalizedText kUndoBlending{"MainWindow.kUndoBlending", "Blending"};
+  static constexpr LocalizedText kUndoClearStyle{"MainWindow.kUndoClearStyle", "Clear Style"};
+  static constexpr LocalizedText kUndoPasteStyle{"MainWindow.kUndoPasteStyle", "Paste Style"};
+  static constexpr LocalizedText kUndoLastStyle{"MainWindow.kUndoLastStyle", "Last Style"};
+
+  /// The application must outlive the window.
+  explicit MainWindow(App& app);
+  ~MainWindow() override;
+
+  /// Reads the settings and shows the window; once.
+  void Open();
+
+  // The session; MainWindowSession.cpp.
+
+  /// Opens an image file or a document. An empty name stands for the file's own. False, and the
+  /// user has been told, if it cannot be read; the session before goes on then.
+  bool OpenImage(const FolderItem& item, std::string name);
+  /// Opens a picture that has no file.
+  bool OpenImage(const Picture& picture, const std::string& name);
+  /// Opens what an unclean end left, not yet saved.
+  bool OpenRecovered(const RecoveredEdits& edits);
+  /// Saves; asks where to if the photo has no place yet. False if it is not saved.
+  bool SaveMethod();
+  /// True if the user cancelled.
+  bool AskToSave();
+  void SetDirty(bool dirty);
+  void PerformRewind();
+  void updateProcessorRelatedInterfaceElements();
+  /// Asks for a place and writes the finished picture there.
+  bool SaveACopyAs();
+
+  // Commands; MainWindowCommands.cpp.
+
+  /// Acts on a menu item or a button of the toolbar by its name or identifier.
+  void MenuAction(const std::string& name);
+  void ToolAction(const std::string& identifier);
+  void EnableMenuItems();
+  void UpdateRecentMenu();
+  void CropMethod();
+  void FullScreenMethod();
+  /// True to keep the window.
+  bool CancelClose();
+  bool Cropping() const;
+
+  // Layout; MainWindowLayout.cpp.
+
+  void SwapDisplay(int mode);
+  void buildToolbar(int mode);
+  void ShowHideEffects(bool visible);
+  /// Size, megapixels and proportions of the document's image; empty without one.
+  std::string getSimpleImageInfo();
+
+  // Named controls.
+  std::unique_ptr<brivolantProcessorLite> myProcessor;
+  UndoHandler UndoGizmo;
+  EditorDisplay* MyDisplay = nullptr;
+  EffectStackEditor* AdvancedPanel = nullptr;
+  QScrollBar* EffectScrollbar = nullptr;
+  ifkSegmentView* AdvancedSectionheader = nullptr;
+  QComboBox* BlendMode = nullptr;
+  ifkSlider* BlendAlpha = nullptr;
+  ifkSegmentView* PreviewTitle = nullptr;
+  ifkStaticText* infotext = nullptr;
+  QToolBar* rbToolBar = nullptr;
+  WelcomePage* Welcome = nullptr;
+  std::unique_ptr<MyColorPanelHelper> myColorPanel;
+  QTimer ResizedUpdateTimer;
+  QTimer RecoveryTimer;
+
+  int DisplayPane = kBrowserPane;
+  bool updating = false;
+  bool ShownProgress = false;
+  bool LastDirty = false;
+  bool isResizing = false;
+  std::string LastStyle;
+
+  BrivolantDocument* Document() const { return document_.get(); }
+  MainMenuBar& Menu() { return *menu_; }
+  CropEditor* Cropper() { return cropEditor_.get(); }
+  QuickLookWindow* FullScreen() { return quickLook_.get(); }
+  /// True while work on another thread uses the document.
+  bool Busy() const { return busy_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  using Pairs = std::vector<std::pair<std::string, Variant>>;
+
+  void BuildControls();
+  void BuildEditor();
+  void BuildPanel();
+  void WireProcessor();
+  void WirePanel();
+  void WireUndo();
+  QRect EditorPlace() const;
+  void PlaceSeats();
+  void LayoutEditor();
+  void Settle();
+
+  void Record(const Pairs& pairs, const std::string& name);
+  std::string ModuleKey(const char* kind, const effectModule& module) const;
+  bool UndoAction(const std::string& key, const Variant& value);
+  bool UndoModuleAction(const std::string& key, const Variant& value);
+  void CompleteUndo(bool redo);
+  bool StartSession(std::unique_ptr<BrivolantDocument> document, bool rewindable);
+  void ShowTitle();
+  void ApplyStyleData(const std::string& styleData);
+  FolderItem AskWhereToSave();
+  bool GiveDocumentAPlace();
+  void KeepEdits();
+  void InBackground(const std::function<void()>& work);
+
+  void Toggle(int BrivolantDocument::*field, int value, const char* key, const LocalizedText& name);
+  void ChooseAndOpen();
+  void Drop(const DragItem& item);
+  void CopyPicture();
+  void CopyStyle();
+  void PasteStyle();
+  void ClearStyle();
+  void ApplyLastStyle();
+  void NewFromClipboard();
+  void BeginCrop();
+  void EndCrop(bool applied);
+  void LockForCrop(bool locked);
+  void UpdateCommands();
+  void EnableEditorItems();
+  void UndoTexts();
+  void SelectedEffectChanged();
+  std::optional<Color> PickScreenColor();
+  void ColorWellClicked(int index);
+  void ColorChanged(const RGBAColor& color);
+  void StorePreferences();
+
+  App& app_;
+  std::unique_ptr<MainMenuBar> menu_;
+  std::unique_ptr<BrivolantDocument> document_;
+  std::unique_ptr<CropModule> crop_;
+  std::unique_ptr<CropEditor> cropEditor_;
+  std::unique_ptr<QuickLookWindow> quickLook_;
+  QWidget* stage_ = nullptr;
+  QWidget* EditorSeat = nullptr;
+  QWidget* panelSeat_ = nullptr;
+  QWidget* blendLabel_ = nullptr;
+  QWidget* opacityLabel_ = nullptr;
+  QTimer settleTimer_;
+  Pairs cropBefore_;
+  bool busy_ = false;
+  bool rewindable_ = false;
+};
+
+}  // namespace brivolant

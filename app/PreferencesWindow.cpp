@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "app/PreferencesWindow.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <array>
+
+#include "app/App.h"
+#include "kit/InterfaceKitSupport.h"
+#include "kit/ifkButton.h"
+
+namespace brivolant {
+namespace {
+
+constexpr int kMargin = 24;
+constexpr int kWidth = 460;
+constexpr int kFieldHeight = 28;
+constexpr std::array kMailPrograms{"Mail", "Entourage", "Mailsmith", "Eudora", "GyazMail"};
+
+}  // namespace
+
+PreferencesWindow::PreferencesWindow(App& app, QWidget* parent)
+    : ifkWindow(parent, Qt::Dialog),
+      app_(app),
+      contactName_(new QLineEdit),
+      contactLink_(new QLineEdit),
+      copyright_(new QLineEdit),
+      eMailApp_(new QComboBox),
+      updateCheck_(new QComboBox),
+      appearance_(new QComboBox) {
+  setWindowTitle(Shown(kWindowTitle));
+  setWindowModality(Qt::NonModal);
+  auto* content = new QWidget(this);
+  auto* form = new QFormLayout(content);
+  form->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  form->setSpacing(8);
+  form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+  form->addRow(Shown(kFullName), contactName_);
+  form->addRow(Shown(kContactLink), contactLink_);
+  auto* sign = new ifkButton(nullptr, QStringLiteral("\u00A9"));
+  sign->setFixedSize(32, kFieldHeight);
+  sign->setToolTip(Shown(kCopyRightHelp));
+  sign->Action = [this] { copyright_->insert(QStringLiteral("\u00A9")); };
+  copyRightButton_ = sign;
+  auto* copyrightRow = new QHBoxLayout;
+  copyrightRow->setSpacing(8);
+  copyrightRow->addWidget(copyright_);
+  copyrightRow->addWidget(sign);
+  form->addRow(Shown(kCopyRight), copyrightRow);
+  for (QLineEdit* field : {contactName_, contactLink_, copyright_}) {
+    field->setMinimumHeight(kFieldHeight);
+  }
+
+  for (const char* name : kMailPrograms) eMailApp_->addItem(QString::fromLatin1(name));
+  form->addRow(Shown(kPreferredEmailClient), eMailApp_);
+  for (const LocalizedText& text : {kUpdateCheckEveryLaunch, kUpdateCheckDaily, kUpdateCheckWeekly,
+                                    kUpdateCheckMonthly, kUpdateCheckNever}) {
+    updateCheck_->addItem(Shown(text));
+  }
+  form->addRow(Shown(kCheckForUpdate), updateCheck_);
+  for (const LocalizedText& text : {kFollowDesktop, kLight, kDark}) {
+    appearance_->addItem(Shown(text));
+  }
+  form->addRow(Shown(kAppearance), appearance_);
+  setCentralWidget(content);
+
+  contactName_->setText(ToQString(app.usersFullName));
+  contactLink_->setText(ToQString(app.usersContactLink));
+  copyright_->setText(ToQString(app.usersCopyright));
+  eMailApp_->setCurrentIndex(
+      std::max(eMailApp_->findText(ToQString(app.usersEmailApp), Qt::MatchExactly), 0));
+  updateCheck_->setCurrentIndex(app.UpdateCheckPeriod());
+  appearance_->setCurrentIndex(app.AppearanceChoice());
+  connect(eMailApp_, &QComboBox::currentTextChanged, this,
+          [this](const QString& name) { app_.usersEmailApp = name.toStdString(); });
+  connect(appearance_, &QComboBox::currentIndexChanged, this,
+          [this](int index) { app_.AppearanceChoice(index); });
+  setFixedWidth(kWidth);
+  setFixedHeight(sizeHint().height());
+}
+
+void PreferencesWindow::Save() {
+  app_.usersFullName = contactName_->text().toStdString();
+  app_.usersContactLink = contactLink_->text().toStdString();
+  app_.usersCopyright = copyright_->text().toStdString();
+  app_.UpdateCheckPeriod(updateCheck_->currentIndex());
+  app_.SaveUserDetails();
+}
+
+void PreferencesWindow::closeEvent(QCloseEvent* event) {
+  Save();
+  ifkWindow::closeEvent(event);
+}
+
+void PreferencesWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {
+    close();
+  } else {
+    ifkWindow::keyPressEvent(event);
+  }
+}
+
+}  // namespace brivolant

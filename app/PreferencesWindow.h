@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "kit/ifkWindow.h"
+#include "platform/values/Text.h"
+
+class QComboBox;
+class QLineEdit;
+
+namespace brivolant {
+
+class App;
+
+/// The user's own details. Closing the window saves them.
+class PreferencesWindow final : public ifkWindow {
+ public:
+  static constexpr LocalizedText kWindowTitle{"PreferencesWindow.kWindowTitle", "Preferences"};
+  static constexpr LocalizedText kFullName{"PreferencesWindow.kFullName", "Full Name:"};
+  static constexpr LocalizedText kContactLink{"PreferencesWindow.kContactLink", "Contact Link:"};
+  static constexpr LocalizedText kCopyRight{"PreferencesWindow.kCopyRight", "Copyright:"};
+  static constexpr LocalizedText kPreferredEmailClient{"PreferencesWindow.kPreferredEmailClient",
+                                                       "e-mail application:"};
+  static constexpr LocalizedText kCheckForUpdate{"PreferencesWindow.kCheckForUpdate",
+                                                 "Check For Update:"};
+  static constexpr LocalizedText kUpdateCheckEveryLaunch{
+      "PreferencesWindow.kUpdateCheckEveryLaunch", "Every Launch"};
+  static constexpr LocalizedText kUpdateCheckDaily{"PreferencesWindow.kUpdateCheckDaily", "Daily"};
+  static constexpr LocalizedText kUpdateCheckWeekly{"PreferencesWindow.kUpdateCheckWeekly",
+                                                    "Weekly"};
+  static constexpr LocalizedText kUpdateCheckMonthly{"PreferencesWindow.kUpdateCheckMonthly",
+                                                     "Monthly"};
+  static constexpr LocalizedText kUpdateCheckNever{"PreferencesWindow.kUpdateCheckNever", "Never"};
+  static constexpr LocalizedText kAppearance{"PreferencesWindow.kAppearance", "Appearance:"};
+  static constexpr LocalizedText kFollowDesktop{"PreferencesWindow.kFollowDesktop",
+                                                "As the desktop"};
+  static constexpr LocalizedText kLight{"PreferencesWindow.kLight", "Light"};
+  static constexpr LocalizedText kDark{"PreferencesWindow.kDark", "Dark"};
+  static constexpr LocalizedText kCopyRightHelp{"PreferencesWindow.kCopyRightHelp",
+                                                "Puts \xC2\xA9 at the caret"};
+
+  /// Filled from the application; it must outlive the window.
+  explicit PreferencesWindow(App& app, QWidget* parent = nullptr);
+
+  QLineEdit& contactName() { return *contactName_; }
+  QLineEdit& contactLink() { return *contactLink_; }
+  QLineEdit& copyright() { return *copyright_; }
+  QWidget& copyRightButton() { return *copyRightButton_; }
+  QComboBox& eMailApp() { return *eMailApp_; }
+  QComboBox& updateCheck() { return *updateCheck_; }
+  QComboBox& appearance() { return *appearance_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void Save();
+
+  App& app_;
+  QLineEdit* contactName_;
+  QLineEdit* contactLink_;
+  QLineEdit* copyright_;
+  QWidget* copyRightButton_;
+  QComboBox* eMailApp_;
+  QComboBox* updateCheck_;
+  QComboBox* appearance_;
+};
+
+}  // namespace brivolant

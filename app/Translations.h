@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "platform/files/FolderItem.h"
+
+namespace brivolant {
+
+/// Loads the texts of a language, such as "de" or "de_AT", from a folder of compiled translations.
+/// False if there are none: the texts then are English. Call it before any text is shown.
+bool LoadTranslations(const FolderItem& folder, const std::string& language);
+
+}  // namespace brivolant

@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: MIT
+#include "effects/crop/CropModule.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "engine/brivolantProcessorLite.h"
+#include "engine/pictures/AdvancedGraphics.h"
+#include "engine/pictures/SharedPictureEffects.h"
+#include "formats/BrivolantDocument.h"
+
+namespace brivolant {
+namespace {
+
+constexpr LocalizedText kCrop{"CropModule.kCrop", "Crop"};
+constexpr double kGrab = 0.05;
+constexpr double kSmallest = 0.2;
+constexpr double kFarthest = 0.8;
+constexpr double kKeyStep = 0.01;
+constexpr double kShade = 0.5;
+
+bool Near(double a, double b) {
+  return std::abs(a - b) < kGrab;
+}
+
+CGRect Rect(double x, double y, double w, double h) {
+  return AdvancedGraphicsModule::MakeCGRect(static_cast<float>(x), static_cast<float>(y),
+                                            static_cast<float>(w), static_cast<float>(h));
+}
+
+}  // namespace
+
+std::string CropModule::getName() const {
+  return kCrop.Text();
+}
+
+Pair CropModule::PhotoRatio() const {
+  return SharedPictureEffects::AspectRatioAsPair(picWidth, picHeight);
+}
+
+void CropModule::Prepare(brivolantProcessorLite& processor) {
+  myProcessor = &processor;
+  cDoc = processor.Document;
+  const Picture& original = cDoc->ImageOriginal();
+  picWidth = original.Width();
+  picHeight = original.Height();
+  CropOffset = cDoc->CropOffSet;
+  CropSize = cDoc->CropSize;
+  CropRatio = SharedPictureEffects::AspectRatioAsPair(static_cast<int>(CropSize.Left * picWidth),
+                                                      static_cast<int>(CropSize.Right * picHeight));
+  lastCropEnabled = cDoc->Crop;
+  cDoc->Crop = false;
+  processor.UpdatePreview(true);
+}
+
+void CropModule::Apply() {
+  cDoc->CropOffSet = CropOffset;
+  cDoc->CropSize = CropSize;
+  cDoc->Crop = true;
+  if (host_.SetDirty) host_.SetDirty();
+  if (host_.CropMethod) host_.CropMethod();
+}
+
+void CropModule::Cancel() {
+  cDoc->Crop = lastCropEnabled;
+  if (host_.CropMethod) host_.CropMethod();
+}
+
+void CropModule::ClosingRoutine() {
+  if (host_.CloseEditor) host_.CloseEditor();
+}
+
+void CropModule::SetCropRatio(const std::string& text) {
+  using namespace CropEditorTexts;
+  struct Known {
+    const LocalizedText& text;
+    Pair ratio;
+  };
+  const Known known[] = {
+      {kCropAspectRatio16x9, {16, 9}}, {kCropAspectRatio1x1, {1, 1}},
+      {kCropAspectRatio3x2, {3, 2}},   {kCropAspectRatio4x3, {4, 3}},
+      {kCropAspectRatio8x10, {8, 10}}, {kCropAspectRatioFreeForm, {0, 0}},
+  };
+  CropRatio = PhotoRatio();
+  for (const Known& entry : known) {
+    if (text == entry.text.Text()) CropRatio = entry.ratio;
+  }
+  ConstrainCrop();
+  myProcessor->UpdatePreview(false);
+}
+
+void CropModule::ConstrainCrop() {
+  const int termW = static_cast<int>(CropRatio.Left);
+  const int termH = static_cast<int>(CropRatio.Right);
+  if (termW <= 0 || termH <= 0 || picWidth <= 0 || picHeight <= 0) return;
+  const double pixelW = CropSize.Left * picWidth;
+  const double pixelH = pixelW / CropRatio.Left * CropRatio.Right;
+  CropSize = {pixelW / picWidth, pixelH / picHeight};
+  if (CropOffset.Left + CropSize.Left <= 1 && CropOffset.Right + CropSize.Right <= 1) return;
+  const double spaceX = std::trunc(picWidth - picWidth * CropOffset.Left);
+  const double spaceY = std::trunc(picHeight - picHeight * CropOffset.Right);
+  const double pw = picWidth * CropSize.Left;
+  const double ph = picHeight * CropSize.Right;
+  double factor = spaceX / pw;
+  if (spaceY < ph * factor) factor = spaceY / ph;
+  CropSize = {pw * factor / picWidth, ph * factor / picHeight};
+}
+
+int CropModule::HandleAt(double x, double y) const {
+  const double l = CropOffset.Left;
+  const double t = CropOffset.Right;
+  const double r = l + CropSize.Left;
+  const double b = t + CropSize.Right;
+  if (Near(x, l)) return Near(y, t) ? kLeftTop : Near(y, b) ? kLeftBottom : kNoHandle;
+  if (Near(x, r)) return Near(y, t) ? kRightTop : Near(y, b) ? kRightBottom : kNoHandle;
+  return l < x && x < r && t < y && y < b ? kInside : kNoHandle;
+}
+
+bool CropModule::MouseActionDown(float x, float y, bool&) {
+  lastMouse = {x, y};
+  dragHandle_ = HandleAt(x, y);
+  mouseDown_ = dragHandle_ != kNoHandle;
+  return mouseDown_;
+}
+
+void CropModule::Drag(int handle, double dx, double dy) {
+  double l = CropOffset.Left;
+  double t = CropOffset.Right;
+  double w = CropSize.Left;
+  double h = CropSize.Right;
+  const double r = l + w;
+  const double b = t + h;
+  switch (handle) {
+    case kLeftTop:
+      w -= dx;
+      h -= dy;
+      l = r - w;
+      t = b - h;
+      break;
+    case kLeftBottom:
+      w -= dx;
+      h += dy;
+      l = r - w;
+      break;
+    case kRightTop:
+      w += dx;
+      h -= dy;
+      t = b - h;
+      break;
+    case kRightBottom:
+      w += dx;
+      h += dy;
+      break;
+    case kInside:
+      l = l + w + dx >= 1 ? 1 - w : l + dx;
+      t = t + h + dy >= 1 ? 1 - h : t + dy;
+      break;
+    default:
+      return;
+  }
+  l = std::max(std::min(l, kFarthest), 0.0);
+  t = std::max(std::min(t, kFarthest), 0.0);
+  CropOffset = {l, t};
+  CropSize = {std::max(std::min(w, 1 - l), kSmallest), std::max(std::min(h, 1 - t), kSmallest)};
+  ConstrainCrop();
+}
+
+void CropModule::MouseActionDrag(float x, float y) {
+  Drag(dragHandle_, x - lastMouse.Left, y - lastMouse.Right);
+  lastMouse = {x, y};
+}
+
+void CropModule::MouseActionUp(float, float) {
+  mouseDown_ = false;
+  dragHandle_ = kNoHandle;
+}
+
+bool CropModule::KeyDown(const std::string& key, bool&) {
+  if (key == "Left") {
+    Drag(kInside, -kKeyStep, 0);
+  } else if (key == "Right") {
+    Drag(kInside, kKeyStep, 0);
+  } else if (key == "Up") {
+    Drag(kInside, 0, -kKeyStep);
+  } else if (key == "Down") {
+    Drag(kInside, 0, kKeyStep);
+  } else if (key == "+") {
+    Drag(kRightBottom, kKeyStep, kKeyStep);
+  } else if (key == "-") {
+    Drag(kRightBottom, -kKeyStep, -kKeyStep);
+  } else if (key == "Return") {
+    Apply();
+  } else if (key == "Escape") {
+    Cancel();
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void CropModule::PostProcess(Picture& picture, double scale) {
+  const double width = picture.Width();
+  const double height = picture.Height();
+  const double x = CropOffset.Left * width;
+  const double y = CropOffset.Right * height;
+  const double w = CropSize.Left * width;
+  const double h = CropSize.Right * height;
+  AdvancedGraphics g(picture);
+  g.SetFillColor(kBlack, kShade);
+  g.SetStrokeColor(kWhite, 1);
+  g.DrawRect(Rect(0, 0, width, y), kFill);
+  g.DrawRect(Rect(0, y + h, width, height - (y + h)), kFill);
+  g.DrawRect(Rect(0, y, x, h), kFill);
+  g.DrawRect(Rect(x + w, y, width - (x + w), h), kFill);
+  g.PenThickness(std::max(1.0, scale / 2));
+  g.DrawRect(Rect(x, y, w, h), kStroke);
+  if (mouseDown_) {
+    g.DrawRect(Rect(x + w / 3, y, w / 3, h), kStroke);
+    g.DrawRect(Rect(x, y + h / 3, w, h / 3), kStroke);
+  }
+  // Corners that look as if they can be taken.
+  const double arm = std::min({w, h, 24 * std::max(1.0, scale / 2)}) / 2;
+  g.PenThickness(3 * std::max(1.0, scale / 2));
+  for (const double cx : {x, x + w}) {
+    for (const double cy : {y, y + h}) {
+      AdvancedGraphicsPath corner = g.NewPath();
+      corner.MoveToPoint(cx + (cx == x ? arm : -arm), cy);
+      corner.AddLineToPoint(cx, cy);
+      corner.AddLineToPoint(cx, cy + (cy == y ? arm : -arm));
+      g.DrawPath(corner, kStroke);
+    }
+  }
+}
+
+void CropModule::GotFocus() {
+  if (host_.ShowEditor) host_.ShowEditor(*this);
+}
+
+void CropModule::LostFocus() {
+  ClosingRoutine();
+}
+
+brivolant::MouseCursor CropModule::GetMouseCursor(int pointerState) {
+  if (pointerState == kPointerDown && dragHandle_ == kInside) {
+    return brivolant::MouseCursor::kClosedHand;
+  }
+  return brivolant::MouseCursor::kOpenHand;
+}
+
+}  // namespace brivolant
