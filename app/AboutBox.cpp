@@ -56,6 +56,8 @@ AboutBox::AboutBox(QWidget* parent) : ifkWindow(parent, Qt::Dialog) {
   status_ = line({});
   status_->hide();
   setCentralWidget(content);
+  content->setFocusPolicy(Qt::StrongFocus);
+  content->setFocus();
 }
 
 QString AboutBox::VersionLine() const {

@@ -86,7 +86,7 @@ void CropEditor::Show(CropModule& module, const QWidget& control) {
   updating = true;
   FillRatios();
   aspectRatio_->setCurrentIndex(IndexOfRatio());
-  adjustSize();
+  resize(sizeHint());
   const QPoint corner = control.mapToGlobal(QPoint(0, 0));
   QPoint place(corner.x() + (control.width() - width()) / 2, corner.y() + control.height());
   // A window that reaches the screen's end leaves no room below it.

@@ -5,6 +5,7 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <array>
 
@@ -67,6 +68,10 @@ PreferencesWindow::PreferencesWindow(App& app, QWidget* parent)
   }
   form->addRow(Shown(kAppearance), appearance_);
   setCentralWidget(content);
+  for (QComboBox* choice : {eMailApp_, updateCheck_, appearance_}) {
+    choice->setMinimumHeight(kFieldHeight);
+  }
+  for (QLabel* label : content->findChildren<QLabel*>()) label->setMinimumHeight(kFieldHeight);
 
   contactName_->setText(ToQString(app.usersFullName));
   contactLink_->setText(ToQString(app.usersContactLink));

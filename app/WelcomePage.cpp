@@ -85,6 +85,7 @@ void WelcomePage::Show(const std::vector<std::string>& paths) {
   }
   items_ = std::move(items);
   hover_ = -1;
+  PlaceButton();
   const int longest = static_cast<int>(std::lround(kTile * devicePixelRatioF()));
   for (std::size_t i = 0; i < items_.size(); ++i) {
     previews_->pool.start([shared = previews_, page = QPointer<WelcomePage>(this), generation, i,
@@ -196,6 +197,10 @@ void WelcomePage::paintEvent(QPaintEvent*) {
 }
 
 void WelcomePage::resizeEvent(QResizeEvent*) {
+  PlaceButton();
+}
+
+void WelcomePage::PlaceButton() {
   const QSize size = open_->sizeHint() + QSize(16, 8);
   const QRect zone = DropZone();
   open_->setGeometry(zone.center().x() - size.width() / 2, zone.top() + 104, size.width(),

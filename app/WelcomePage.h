@@ -58,6 +58,7 @@ class WelcomePage final : public QWidget {
   };
   struct Previews;
   int Columns() const;
+  void PlaceButton();
   int ItemAt(const QPoint& position) const;
   QRect DropZone() const;
 

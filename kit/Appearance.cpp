@@ -8,6 +8,8 @@
 #include <QPalette>
 #include <QStyleFactory>
 
+#include "kit/SvgIcon.h"
+
 namespace brivolant::Appearance {
 namespace {
 
@@ -66,22 +68,47 @@ QPalette PaletteOf(const Tones& t) {
   return palette;
 }
 
-/// Flat bars and buttons on the 8-pixel grid; everything else is the toolkit's Fusion style.
+/// Flat bars, fields and buttons on the 8-pixel grid; everything else is the toolkit's Fusion style.
 QString Sheet(const Tones& t) {
-  const auto name = [](QRgb color) { return QColor::fromRgb(color).name(); };
-  return QString::fromLatin1(
-             "QToolBar { background: %1; border: none; border-bottom: 1px solid %2; padding: 4px; "
-             "spacing: 4px; }"
-             "QToolBar QToolButton { border: none; border-radius: 6px; padding: 4px 8px; }"
-             "QToolBar QToolButton:hover { background: %3; }"
-             "QToolBar QToolButton:pressed, QToolBar QToolButton:checked { background: %2; }"
-             "QToolBar QToolButton:focus { border: 1px solid %4; padding: 3px 7px; }"
-             "QToolBar QToolButton::menu-indicator { image: none; }"
-             "QToolBar QToolButton::menu-button { border: none; width: 16px; }"
-             "QMenuBar { background: %1; border: none; }"
-             "QToolTip { background: %5; color: %6; border: 1px solid %2; padding: 4px; }")
-      .arg(name(t.window), name(t.border), name(t.hover), name(t.accent), name(t.button),
-           name(t.text));
+  QString sheet = QStringLiteral(
+      "QToolBar { background: @window; border: none; border-bottom: 1px solid @border; "
+      "padding: 4px; spacing: 4px; }"
+      "QToolBar QToolButton { border: none; border-radius: 6px; padding: 4px 8px; }"
+      "QToolBar QToolButton:hover { background: @hover; }"
+      "QToolBar QToolButton:pressed, QToolBar QToolButton:checked { background: @border; }"
+      "QToolBar QToolButton:focus { border: 1px solid @accent; padding: 3px 7px; }"
+      "QToolBar QToolButton::menu-indicator { image: none; }"
+      "QMenuBar { background: @window; border: none; }"
+      "QToolTip { background: @button; color: @text; border: 1px solid @border; padding: 4px; }"
+      "QComboBox { background: @button; border: 1px solid @border; border-radius: 6px; "
+      "padding: 2px 8px; min-height: 20px; }"
+      "QComboBox:hover { background: @hover; }"
+      "QComboBox:focus { border: 1px solid @accent; }"
+      "QComboBox:disabled { color: @faint; }"
+      "QComboBox::drop-down { border: none; width: 22px; }"
+      "QComboBox::down-arrow { image: url(@down); width: 12px; height: 12px; }"
+      "QLineEdit { background: @base; border: 1px solid @border; border-radius: 6px; "
+      "padding: 2px 6px; }"
+      "QLineEdit:focus { border: 1px solid @accent; }"
+      "QScrollBar:vertical { background: transparent; width: 12px; margin: 0; }"
+      "QScrollBar::handle:vertical { background: @faint; border-radius: 3px; min-height: 32px; "
+      "margin: 3px; }"
+      "QScrollBar::handle:vertical:hover { background: @text; }"
+      "QScrollBar::add-line, QScrollBar::sub-line { height: 0; width: 0; border: none; }"
+      "QScrollBar::add-page, QScrollBar::sub-page { background: none; }");
+  const auto put = [&sheet](const char* name, QRgb color) {
+    sheet.replace(QLatin1String(name), QColor::fromRgb(color).name());
+  };
+  put("@window", t.window);
+  put("@border", t.border);
+  put("@hover", t.hover);
+  put("@accent", t.accent);
+  put("@button", t.button);
+  put("@base", t.base);
+  put("@text", t.text);
+  put("@faint", t.faint);
+  sheet.replace(QLatin1String("@down"), SvgPath(QStringLiteral("Down")));
+  return sheet;
 }
 
 }  // namespace

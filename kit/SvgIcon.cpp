@@ -33,8 +33,10 @@ void Draw(const QString& name, QPainter& painter, const QRectF& rect, const QCol
   if (text.isEmpty()) return;
   text.replace("currentColor", color.name().toLatin1());
   QSvgRenderer renderer(text);
-  painter.setOpacity(painter.opacity() * color.alphaF());
+  const double before = painter.opacity();
+  painter.setOpacity(before * color.alphaF());
   renderer.render(&painter, rect);
+  painter.setOpacity(before);
 }
 
 class SvgEngine final : public QIconEngine {
@@ -66,6 +68,10 @@ class SvgEngine final : public QIconEngine {
 
 void SetIconFolder(const FolderItem& folder) {
   Folder() = folder;
+}
+
+QString SvgPath(const QString& name) {
+  return QString::fromStdString(Folder().Child(name.toStdString() + ".svg").ShellPath());
 }
 
 QIcon SvgIcon(const QString& name) {

@@ -14,6 +14,8 @@ void SetIconFolder(const FolderItem& folder);
 /// the palette's text colour where the drawing says "currentColor". An unknown name gives an
 /// empty icon.
 QIcon SvgIcon(const QString& name);
+/// The file of a drawing.
+QString SvgPath(const QString& name);
 /// The drawing at `size` units of the desktop's coordinates in one colour.
 QPixmap SvgPixmap(const QString& name, const QSize& size, double ratio, const QColor& color);
 

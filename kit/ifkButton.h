@@ -47,6 +47,7 @@ class ifkButton : public QWidget {
   std::function<void(int x, int y)> ContextualMenu;
 
   QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

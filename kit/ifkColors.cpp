@@ -61,6 +61,10 @@ QColor SecondaryHighlightColor() {
 QColor FillColor() {
   return Of(QPalette::Window);
 }
+QColor Thumb(bool active) {
+  const QColor plain = QColor::fromRgb(0xfafafc);
+  return active ? plain.darker(106) : plain;
+}
 QColor Hover() {
   return Of(QPalette::Midlight);
 }

@@ -21,6 +21,8 @@ QColor iAppsHighLightColor();
 QColor SecondaryHighlightColor();
 /// What windows are filled with.
 QColor FillColor();
+/// The knob of a slider.
+QColor Thumb(bool active);
 /// Behind the pointer.
 QColor Hover();
 

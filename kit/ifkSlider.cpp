@@ -92,8 +92,7 @@ void ifkSlider::paintEvent(QPaintEvent*) {
     painter.setOpacity(opacity * (isEnabled() ? 1 : 0.4));
     painter.setPen(QPen(thumbPressed_ || hasFocus() ? ifkColors::Focus() : ifkColors::FrameActive(),
                         hasFocus() ? 2 : 1));
-    painter.setBrush(
-        palette().color(thumbPressed_ || mouseOver_ ? QPalette::Midlight : QPalette::Button));
+    painter.setBrush(ifkColors::Thumb(thumbPressed_ || mouseOver_));
     painter.drawEllipse(rect.adjusted(1, 1, -1, -1));
   };
   draw(place, 1);

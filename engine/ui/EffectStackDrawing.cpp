@@ -225,7 +225,7 @@ void EffectStackEditor::drawSlider(QPainter& painter, const QRect& rect, double 
   painter.drawRoundedRect(QRectF(std::min(from, x), middle - 1.5, std::abs(x - from), 3), 1.5, 1.5);
   painter.setPen(
       QPen(pressed || focused ? ifkColors::Focus() : ifkColors::TextDisabled(), focused ? 2 : 1));
-  painter.setBrush(pressed ? ifkColors::Focus() : palette().color(QPalette::Button));
+  painter.setBrush(pressed ? ifkColors::Focus() : ifkColors::Thumb(false));
   painter.drawEllipse(QPointF(x, middle), kThumb / 2, kThumb / 2);
 }
 

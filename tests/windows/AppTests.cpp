@@ -1,0 +1,280 @@
+// SPDX-License-Identifier: MIT
+// The program as a whole: settings, menus, languages, one instance.
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTest>
+#include <QToolBar>
+#include <fstream>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <thread>
+
+#include "WindowHelpers.h"
+#include "app/AboutBox.h"
+#include "app/Menus.h"
+#include "app/PreferencesWindow.h"
+#include "app/QuickLookWindow.h"
+#include "app/SaveAsCopy.h"
+#include "app/SingleInstance.h"
+#include "app/ToolButtons.h"
+#include "app/Translations.h"
+#include "effects/EffectRegistry.h"
+#include "kit/AnimationCore.h"
+#include "kit/Appearance.h"
+#include "kit/SvgIcon.h"
+#include "kit/ifkSegmentView.h"
+#include "platform/services/SharedFolders.h"
+#include "support/LanguageTools.h"
+
+namespace brivolant::test {
+namespace {
+
+TEST(Settings, OfTheUserAreSavedByClosingTheWindow) {
+  Program program;
+  program.Choose("EditPreferences");
+  PreferencesWindow* window = program.app->PreferencesShown();
+  ASSERT_NE(window, nullptr);
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+  window->activateWindow();
+  window->contactName().setText(QStringLiteral("Ada Lens"));
+  window->contactLink().setText(QStringLiteral("https://ada.example"));
+  window->copyright().setText(QStringLiteral("2026 Ada"));
+  window->copyright().setCursorPosition(0);
+  Click(window->copyRightButton());
+  window->eMailApp().setCurrentIndex(3);
+  EXPECT_EQ(program.app->usersEmailApp, "Eudora");
+  window->updateCheck().setCurrentIndex(2);
+  window->appearance().setCurrentIndex(Appearance::kDark);
+  EXPECT_TRUE(Appearance::IsDark());
+  Key(*window, Qt::Key_Escape);
+  EXPECT_FALSE(window->isVisible());
+  program.Start();
+  EXPECT_EQ(program.app->usersFullName, "Ada Lens");
+  EXPECT_EQ(program.app->ContactLink(), "https://ada.example");
+  EXPECT_EQ(program.app->Copyright(), "\xC2\xA9" "2026 Ada");
+  EXPECT_EQ(program.app->usersEmailApp, "Eudora");
+  EXPECT_EQ(program.app->UpdateCheckPeriod(), 2);
+  EXPECT_TRUE(Appearance::IsDark());
+  program.app->AppearanceChoice(Appearance::kLight);
+  EXPECT_FALSE(Appearance::IsDark());
+  // A mail program that is none of the list shows the first.
+  program.app->usersEmailApp = "Pigeon";
+  program.app->ShowPreferences();
+  EXPECT_EQ(program.app->PreferencesShown()->eMailApp().currentIndex(), 0);
+}
+
+TEST(Settings, OfTheWindowComeBack) {
+  Program program;
+  MainWindow& window = program.Window();
+  window.setGeometry(120, 130, 900, 640);
+  program.Choose("ViewIconOnly");
+  program.Choose("ViewUseSmallSize");
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  SegmentViewPiece* advanced = window.PreviewTitle->SegmentByTag("advanced");
+  ASSERT_TRUE(advanced->Selected);
+  const int narrow = program.Display().width();
+  program.Choose("Viewadvanced");
+  Settle();
+  EXPECT_GT(program.Display().width(), narrow + 200);
+  const std::string frame = window.Dimensions();
+  EXPECT_TRUE(window.close());
+  program.Start();
+  EXPECT_EQ(program.Window().Dimensions(), frame);
+  EXPECT_EQ(ToolButtons::DisplayMode(*program.Window().rbToolBar), 2);
+  EXPECT_EQ(ToolButtons::DisplaySize(*program.Window().rbToolBar), 2);
+  EXPECT_FALSE(program.Window().PreviewTitle->SegmentByTag("advanced")->Selected);
+  program.Choose("ViewHideToolbar");
+  EXPECT_FALSE(program.Window().rbToolBar->isVisible());
+  program.Window().EnableMenuItems();
+  EXPECT_EQ(program.Menu("ViewHideToolbar").text(), QStringLiteral("Show Toolbar"));
+}
+
+TEST(Menus, EveryItemHasATextAndShortcutsAreUnique) {
+  Program program;
+  std::set<QString> shortcuts;
+  for (const auto& [name, action] : program.Window().Menu().Items()) {
+    EXPECT_FALSE(action->text().isEmpty()) << name;
+    EXPECT_FALSE(action->text().contains(QLatin1Char('<'))) << name;
+    if (action->shortcut().isEmpty()) continue;
+    EXPECT_TRUE(shortcuts.insert(action->shortcut().toString()).second) << name;
+  }
+  // Without a photo, what needs one is disabled.
+  program.Window().EnableMenuItems();
+  for (const char* name : {"FileSave", "EditCrop", "EditUndo", "ViewBeforeAfter", "ViewFullScreen",
+                           "ViewBrowseMyPhotos", "FileSaveACopyAs"}) {
+    EXPECT_FALSE(program.Menu(name).isEnabled()) << name;
+  }
+}
+
+TEST(Menus, TheBrowserAndBackKeepsTheDirtyMark) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  program.Choose("RotateAndFlipRotate180");
+  program.dialogs.answers = {Answer::kAlternate};
+  program.Choose("ViewBrowseMyPhotos");
+  Settle();
+  EXPECT_EQ(program.Window().DisplayPane, MainWindow::kBrowserPane);
+  EXPECT_FALSE(program.Window().isWindowModified());
+  EXPECT_EQ(program.Menu("ViewBrowseMyPhotos").text(), QStringLiteral("Photo Editor"));
+  program.Tool(ToolButtons::Editor().Identifier);
+  Settle();
+  EXPECT_EQ(program.Window().DisplayPane, MainWindow::kEditorPane);
+  EXPECT_TRUE(program.Window().isWindowModified());
+}
+
+TEST(Menus, FullScreenShowsTheFinishedPictureUntilAKey) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  program.Choose("ViewFullScreen");
+  QuickLookWindow* full = program.Window().FullScreen();
+  ASSERT_NE(full, nullptr);
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(full));
+  EXPECT_TRUE(full->isFullScreen());
+  EXPECT_FALSE(program.app->progressWindowOpen);
+  Key(*full, Qt::Key_Escape);
+  EXPECT_FALSE(full->isVisible());
+}
+
+TEST(Menus, AboutSaysNameAndVersion) {
+  Program program;
+  program.Choose("HelpAboutappName");
+  ASSERT_NE(program.app->AboutShown(), nullptr);
+  EXPECT_EQ(program.app->AboutShown()->VersionLine(), QStringLiteral("version 1.0.0 (0)"));
+  EXPECT_EQ(program.Menu("HelpAboutappName").text(), QStringLiteral("About Brivolant Photos..."));
+}
+
+TEST(Toolbar, EveryButtonHasItsOwnDrawing) {
+  Program program;
+  std::set<QByteArray> drawings;
+  for (const auto* item : {&ToolButtons::Browser(), &ToolButtons::Editor(), &ToolButtons::Open(),
+                           &ToolButtons::Save(), &ToolButtons::SaveCopy(), &ToolButtons::Copy(),
+                           &ToolButtons::Rewind(), &ToolButtons::Crop(), &ToolButtons::Rotate(),
+                           &ToolButtons::Undo(), &ToolButtons::BeforeAfter(),
+                           &ToolButtons::Quillmere()}) {
+    const QIcon icon = SvgIcon(QString::fromLatin1(item->Icon));
+    ASSERT_FALSE(icon.isNull()) << item->Icon;
+    // Twice the density gives twice the pixels, not an enlarged picture.
+    const QImage image = icon.pixmap(QSize(24, 24), 2.0).toImage();
+    ASSERT_EQ(image.size(), QSize(48, 48));
+    QByteArray bytes(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes());
+    EXPECT_GT(bytes.size() - bytes.count('\0'), 200) << item->Icon;
+    EXPECT_TRUE(drawings.insert(bytes).second) << item->Icon;
+  }
+}
+
+TEST(Instance, AnotherStartHandsItsFilesOver) {
+  const std::string name = "brivolant-test-" + std::to_string(getpid());
+  const FolderItem strange("/tmp/name with \xFF and \xC3\xA9.jpg");
+  SingleInstance alone(name);
+  EXPECT_FALSE(alone.HandOver({strange}));
+  ASSERT_TRUE(alone.Listen());
+  std::vector<std::vector<FolderItem>> arrived;
+  alone.Arrived = [&](const std::vector<FolderItem>& files) { arrived.push_back(files); };
+  const auto hand = [&](const std::vector<FolderItem>& files) {
+    bool taken = false;
+    std::atomic<bool> done = false;
+    std::thread other([&] {
+      taken = SingleInstance(name).HandOver(files);
+      done = true;
+    });
+    EXPECT_TRUE(Until([&] { return done.load(); }));
+    other.join();
+    return taken;
+  };
+  EXPECT_TRUE(hand({strange, FolderItem("/tmp/b.jpg")}));
+  EXPECT_TRUE(hand({}));
+  ASSERT_EQ(arrived.size(), 2U);
+  EXPECT_THAT(arrived[0], testing::ElementsAre(strange, FolderItem("/tmp/b.jpg")));
+  EXPECT_TRUE(arrived[1].empty());
+}
+
+TEST(Copies, AreCancelledBetweenTwoEffects) {
+  TestServices services;
+  brivolantProcessorLite processor(EffectRegistry(), services.services);
+  processor.Startup();
+  for (const int row : {4, 8, 10}) processor.item(row)->Enabled(true);
+  const FolderItem target = services.folder.Child("copy.jpg");
+  std::string error;
+  std::vector<double> told;
+  const SaveAsCopy::Job job{TestPicture(60, 40), processor.StyleData(), target, "public.jpeg"};
+  EXPECT_EQ(SaveAsCopy::Run(
+                job, services.services,
+                [&](double done) {
+                  told.push_back(done);
+                  return told.size() < 2;
+                },
+                error),
+            SaveAsCopy::Outcome::kCancelled);
+  EXPECT_FALSE(target.Exists());
+  told.clear();
+  EXPECT_EQ(SaveAsCopy::Run(
+                job, services.services,
+                [&](double done) {
+                  told.push_back(done);
+                  return true;
+                },
+                error),
+            SaveAsCopy::Outcome::kDone);
+  EXPECT_TRUE(target.Exists());
+  EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+  EXPECT_EQ(told.size(), 4U);
+}
+
+/// Keys and English texts as the sources give them.
+std::map<std::string, std::string> TextsOfTheSources() {
+  std::map<std::string, std::string> texts;
+  const std::regex text(
+      "\"([A-Za-z0-9]+\\.[A-Za-z][A-Za-z0-9]*)\",\\s*((?:\"(?:[^\"\\\\]|\\\\.)*\"\\s*)+)");
+  for (const char* folder : {"platform", "engine", "files", "metadata", "formats", "effects", "kit",
+                             "support", "app", "cli"}) {
+    const std::filesystem::path root = std::filesystem::path(BRIVOLANT_SOURCE) / folder;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
+      const std::string extension = entry.path().extension();
+      if (extension != ".h" && extension != ".cpp") continue;
+      std::ifstream file(entry.path());
+      std::stringstream content;
+      content << file.rdbuf();
+      const std::string source = content.str();
+      for (auto it = std::sregex_iterator(source.begin(), source.end(), text);
+           it != std::sregex_iterator(); ++it) {
+        texts[(*it)[1]] = (*it)[2];
+      }
+    }
+  }
+  return texts;
+}
+
+TEST(Languages, GermanTranslatesEveryTextOfTheProgram) {
+  const FolderItem folder = otherSharedComponents::ResourcesFolder().Child("translations");
+  EXPECT_EQ(LanguageTools::UsersLangeuageID(), 0);
+  EXPECT_FALSE(LoadTranslations(folder, "xx"));
+  ASSERT_TRUE(LoadTranslations(folder, "de_AT"));
+  EXPECT_EQ(LanguageTools::UsersLangeuageID(), 3);
+  EXPECT_EQ(Menus::kFileOpen.Text(), "&\xC3\x96" "ffnen...");
+  const std::regex placeholder("<[A-Za-z]+>");
+  const auto texts = TextsOfTheSources();
+  EXPECT_GT(texts.size(), 250U);
+  for (const auto& [key, english] : texts) {
+    const LocalizedText text{key.c_str(), ""};
+    const std::string german = text.Text();
+    EXPECT_NE(german, "") << key << " " << english;
+    // The same placeholders, in whatever order.
+    const auto names = [&](const std::string& in) {
+      std::multiset<std::string> found;
+      for (auto it = std::sregex_iterator(in.begin(), in.end(), placeholder);
+           it != std::sregex_iterator(); ++it) {
+        found.insert(LowerCase((*it)[0].str()));
+      }
+      return found;
+    };
+    EXPECT_EQ(names(german), names(english)) << key;
+  }
+  InstallTranslations(nullptr);
+  EXPECT_EQ(Menus::kFileOpen.Text(), "&Open...");
+}
+
+}  // namespace
+}  // namespace brivolant::test

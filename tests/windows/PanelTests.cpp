@@ -1,0 +1,260 @@
+// SPDX-License-Identifier: MIT
+// The panel of the effect stack: mouse, keys, assistive tools.
+#include <QAccessible>
+#include <QApplication>
+#include <QScrollBar>
+
+#include "WindowHelpers.h"
+
+namespace brivolant::test {
+namespace {
+
+struct PanelTest : testing::Test {
+  PanelTest() { program.OpenPhoto(program.Photo("photo.jpg")); }
+  QPoint CheckBoxOf(const std::string& name) {
+    return {12, program.Panel().RowRect(program.Row(name)).top() + 10};
+  }
+  Program program;
+};
+
+TEST_F(PanelTest, CheckBoxesFollowTheirRules) {
+  EffectStackEditor& panel = program.Panel();
+  // Switching an effect on selects it.
+  Click(panel, CheckBoxOf("Auto Levels"));
+  EXPECT_TRUE(program.Module("Auto Levels").Enabled());
+  EXPECT_EQ(panel.selectedEffect(), program.Row("Auto Levels"));
+  EXPECT_TRUE(program.Document().Dirty);
+  // Switching it off leaves the selection.
+  Click(panel, CheckBoxOf("Auto Levels"));
+  EXPECT_FALSE(program.Module("Auto Levels").Enabled());
+  EXPECT_EQ(panel.selectedEffect(), program.Row("Auto Levels"));
+  // With Ctrl an effect is only switched on.
+  Click(panel, CheckBoxOf("Auto Contrast"), Qt::ControlModifier);
+  EXPECT_TRUE(program.Module("Auto Contrast").Enabled());
+  EXPECT_EQ(panel.selectedEffect(), program.Row("Auto Levels"));
+  // Selecting an effect by its name switches it on too.
+  program.SelectRow("Exposure");
+  EXPECT_TRUE(program.Module("Exposure").Enabled());
+  // Below an unfolded row the column belongs to the row.
+  const int below = program.Row("Levels");
+  Click(panel, {12, panel.RowRect(below).top() + 15});
+  EXPECT_EQ(panel.selectedEffect(), below);
+  EXPECT_TRUE(program.Module("Levels").Enabled());
+}
+
+TEST_F(PanelTest, HeadingsAndUnfinishedEffectsSwitchNothing) {
+  EffectStackEditor& panel = program.Panel();
+  const std::string before = program.Processor().StyleData();
+  Click(panel, {12, 10});
+  EXPECT_EQ(panel.selectedEffect(), 0);
+  Click(panel, CheckBoxOf("Sharpen"));
+  EXPECT_FALSE(program.Module("Sharpen").Enabled());
+  EXPECT_EQ(program.Processor().StyleData(), before);
+  EXPECT_FALSE(program.Window().UndoGizmo.UndoAvailable());
+  // Far below the last row there is nothing.
+  program.Window().resize(1100, 1400);
+  Settle();
+  Click(panel, {60, panel.height() - 5});
+  EXPECT_EQ(panel.selectedEffect(), program.Row("Sharpen"));
+}
+
+TEST_F(PanelTest, ADraggedSliderChangesThePhotoLiveAndIsOneUndo) {
+  program.SelectRow("Exposure");
+  const double before = Mean(program.Shown(), 1);
+  EffectStackEditor& panel = program.Panel();
+  Press(panel, program.ControlAt(0, 0.5));
+  Move(panel, program.ControlAt(0, 0.7));
+  const double during = Mean(program.Shown(), 1);
+  EXPECT_GT(during, before + 3);
+  Move(panel, program.ControlAt(0, 0.9));
+  EXPECT_GT(Mean(program.Shown(), 1), during + 3);
+  // Beyond the track the value stays at its end.
+  Move(panel, program.ControlAt(0, 0.9) + QPoint(400, 40));
+  Release(panel, program.ControlAt(0, 0.9) + QPoint(400, 40));
+  EXPECT_EQ(program.Module("Exposure").ControlValue(0).ToInt(), 100);
+  EXPECT_EQ(program.Menu("EditUndo").text(), QStringLiteral("&Undo Exposure"));
+  program.Choose("EditUndo");
+  EXPECT_NEAR(Mean(program.Shown(), 1), before, 0.01);
+  program.Choose("EditRedo");
+  EXPECT_EQ(program.Module("Exposure").ControlValue(0).ToInt(), 100);
+  EXPECT_GT(Mean(program.Shown(), 1), during + 3);
+}
+
+TEST_F(PanelTest, APressOnAControlOfADisabledEffectEnablesIt) {
+  program.SelectRow("Exposure");
+  Click(program.Panel(), CheckBoxOf("Exposure"));
+  ASSERT_FALSE(program.Module("Exposure").Enabled());
+  Click(program.Panel(), program.ControlAt(0, 0.8));
+  EXPECT_TRUE(program.Module("Exposure").Enabled());
+  EXPECT_NEAR(program.Module("Exposure").ControlValue(0).ToInt(), 80, 1);
+}
+
+TEST_F(PanelTest, ResetStandsOnEffectsWithControlsAndCanBeUndone) {
+  program.SelectRow("Exposure");
+  EffectStackEditor& panel = program.Panel();
+  Click(panel, program.ControlAt(0, 0.9));
+  const Variant set = program.Module("Exposure").ControlValue(0);
+  Click(panel, {panel.ResetButtonLeft() + 20, panel.RowRect(panel.selectedEffect()).top() + 9});
+  EXPECT_EQ(program.Module("Exposure").ControlValue(0).ToInt(), 50);
+  EXPECT_TRUE(program.Module("Exposure").Enabled());
+  program.Choose("EditUndo");
+  EXPECT_EQ(program.Module("Exposure").ControlValue(0), set);
+  // A row without controls has none: the place belongs to the row.
+  Click(panel, CheckBoxOf("Auto Levels"));
+  Click(panel, {panel.ResetButtonLeft() + 20, panel.RowRect(panel.selectedEffect()).top() + 9});
+  EXPECT_EQ(panel.mouseStatus(), EffectStackEditor::kIdle);
+}
+
+TEST_F(PanelTest, RowsMoveByDraggingAndBackByUndo) {
+  EffectStackEditor& panel = program.Panel();
+  const int from = program.Row("Auto Contrast");
+  const QPoint start(60, panel.RowRect(from).top() + 10);
+  // Five pixels are no drag.
+  Drag(panel, start, start + QPoint(0, 5));
+  EXPECT_EQ(program.Row("Auto Contrast"), from);
+  EXPECT_EQ(panel.selectedEffect(), from);
+  // Six are, and the controls fold away while it lasts.
+  Press(panel, start);
+  Move(panel, start + QPoint(0, 6));
+  EXPECT_EQ(panel.mouseStatus(), EffectStackEditor::kDraggingRow);
+  EXPECT_EQ(panel.RowRect(from).height(), EffectStackEditor::kRow);
+  Move(panel, start + QPoint(0, 105));
+  Release(panel, start + QPoint(0, 105));
+  const int to = program.Row("Auto Contrast");
+  EXPECT_EQ(to, 5);
+  EXPECT_EQ(panel.selectedEffect(), to);
+  program.Choose("EditUndo");
+  EXPECT_EQ(program.Row("Auto Contrast"), from);
+  program.Choose("EditRedo");
+  EXPECT_EQ(program.Row("Auto Contrast"), to);
+}
+
+TEST_F(PanelTest, ARowDroppedUnderTheLastGoesToTheEnd) {
+  program.Window().resize(1100, 1400);
+  Settle();
+  EffectStackEditor& panel = program.Panel();
+  const QPoint start(60, panel.RowRect(1).top() + 10);
+  Drag(panel, start, {60, panel.height() - 20});
+  const int last = program.Processor().Count();
+  EXPECT_EQ(program.Row("Auto Contrast"), last);
+  program.Choose("EditUndo");
+  EXPECT_EQ(program.Row("Auto Contrast"), 1);
+  program.Choose("EditRedo");
+  EXPECT_EQ(program.Row("Auto Contrast"), last);
+}
+
+TEST_F(PanelTest, EverythingIsReachedByKeys) {
+  EffectStackEditor& panel = program.Panel();
+  MainWindow& window = program.Window();
+  panel.setFocus();
+  program.SelectRow("Exposure");
+  // Down and up, and no further than the ends.
+  Key(window, Qt::Key_Down);
+  EXPECT_EQ(panel.selectedEffect(), program.Row("Levels"));
+  EXPECT_FALSE(program.Module("Levels").Enabled());
+  Key(window, Qt::Key_Space);
+  EXPECT_TRUE(program.Module("Levels").Enabled());
+  Key(window, Qt::Key_Space);
+  Key(window, Qt::Key_Up);
+  for (int i = 0; i < 20; ++i) Key(window, Qt::Key_Up);
+  EXPECT_EQ(panel.selectedEffect(), 0);
+  for (int i = 0; i < 60; ++i) Key(window, Qt::Key_Down);
+  EXPECT_EQ(panel.selectedEffect(), program.Processor().Count());
+  EXPECT_GT(program.Window().EffectScrollbar->value(), 0);
+  EXPECT_LE(panel.RowRect(panel.selectedEffect()).bottom(), panel.height());
+
+  program.Window().EffectScrollbar->setValue(0);
+  program.SelectRow("Exposure");
+  effectModule& exposure = program.Module("Exposure");
+  Key(window, Qt::Key_Tab);
+  EXPECT_EQ(panel.focusedControl(), 0);
+  Key(window, Qt::Key_Right);
+  EXPECT_EQ(exposure.ControlValue(0).ToInt(), 51);
+  Key(window, Qt::Key_Right, Qt::ShiftModifier);
+  EXPECT_EQ(exposure.ControlValue(0).ToInt(), 61);
+  Key(window, Qt::Key_End);
+  EXPECT_EQ(exposure.ControlValue(0).ToInt(), 100);
+  Key(window, Qt::Key_Home);
+  EXPECT_EQ(exposure.ControlValue(0).ToInt(), 0);
+  // All those steps were one change.
+  program.Choose("EditUndo");
+  EXPECT_EQ(program.Module("Exposure").ControlValue(0).ToInt(), 50);
+  Key(window, Qt::Key_Right);
+  EXPECT_EQ(program.Module("Exposure").ControlValue(0).ToInt(), 51);
+  program.Choose("EditUndo");
+  EXPECT_EQ(program.Module("Exposure").ControlValue(0).ToInt(), 50);
+  Key(window, Qt::Key_Left);
+  Key(window, Qt::Key_Delete);
+  EXPECT_EQ(program.Module("Exposure").ControlValue(0).ToInt(), 50);
+
+  const int before = program.Row("Exposure");
+  Key(window, Qt::Key_Down, Qt::ControlModifier);
+  EXPECT_EQ(program.Row("Exposure"), before + 1);
+  Key(window, Qt::Key_Up, Qt::ControlModifier);
+  EXPECT_EQ(program.Row("Exposure"), before);
+  // Past the last control the focus leaves the panel.
+  Key(window, Qt::Key_Tab);
+  Key(window, Qt::Key_Tab);
+  EXPECT_FALSE(panel.hasFocus());
+}
+
+TEST_F(PanelTest, TheListScrollsByBarAndWheel) {
+  EffectStackEditor& panel = program.Panel();
+  QScrollBar& bar = *program.Window().EffectScrollbar;
+  ASSERT_TRUE(bar.isEnabled());
+  EXPECT_EQ(bar.maximum(), EffectStackEditor::kRow * 50 - panel.height());
+  bar.setValue(100);
+  EXPECT_EQ(panel.yOffset(), 100);
+  EXPECT_EQ(panel.rowAtXY(0, 5), 5);
+  program.Window().resize(1100, 1500);
+  Settle();
+  EXPECT_FALSE(bar.isEnabled());
+  EXPECT_EQ(panel.rowAtXY(0, 5), 0);
+  EXPECT_EQ(panel.rowAtXY(0, panel.height() - 1), -1);
+}
+
+TEST_F(PanelTest, TheBottomLayerShowsAloneAndUndoReturnsToIt) {
+  MainWindow& window = program.Window();
+  QWidget& header = *reinterpret_cast<QWidget*>(window.AdvancedSectionheader);
+  Click(header, {header.width() * 3 / 4, header.height() / 2});
+  EXPECT_EQ(program.Processor().CurrentStack, 1);
+  const double plain = Mean(program.Shown(), 0);
+  program.SelectRow("Exposure");
+  Click(program.Panel(), program.ControlAt(0, 0.9));
+  EXPECT_GT(Mean(program.Shown(), 0), plain + 3);
+  Click(header, {header.width() / 4, header.height() / 2});
+  EXPECT_EQ(program.Processor().CurrentStack, 0);
+  EXPECT_NEAR(Mean(program.Shown(), 0), plain, 0.01);
+  program.Choose("EditUndo");
+  EXPECT_EQ(program.Processor().CurrentStack, 1);
+}
+
+TEST_F(PanelTest, AssistiveToolsReadAndActOnEveryRow) {
+  program.SelectRow("Exposure");
+  QAccessibleInterface* panel = QAccessible::queryAccessibleInterface(&program.Panel());
+  ASSERT_NE(panel, nullptr);
+  EXPECT_EQ(panel->role(), QAccessible::List);
+  ASSERT_EQ(panel->childCount(), 51);
+  EXPECT_EQ(panel->child(0)->role(), QAccessible::Heading);
+  QAccessibleInterface* row = panel->child(program.Row("Auto Levels"));
+  EXPECT_EQ(row->text(QAccessible::Name), QStringLiteral("Auto Levels"));
+  EXPECT_FALSE(row->state().checked);
+  row->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_TRUE(program.Module("Auto Levels").Enabled());
+  EXPECT_TRUE(row->state().checked);
+  EXPECT_TRUE(panel->child(program.Row("Sharpen"))->state().disabled);
+  QAccessibleInterface* slider = panel->child(50);
+  EXPECT_EQ(slider->role(), QAccessible::Slider);
+  EXPECT_EQ(slider->parent(), panel);
+  EXPECT_EQ(panel->indexOfChild(slider), 50);
+  slider->valueInterface()->setCurrentValue(75);
+  EXPECT_EQ(program.Module("Exposure").ControlValue(0).ToInt(), 75);
+  EXPECT_EQ(slider->text(QAccessible::Value), QStringLiteral("75"));
+  slider->actionInterface()->doAction(QAccessibleActionInterface::decreaseAction());
+  EXPECT_EQ(slider->valueInterface()->currentValue().toInt(), 74);
+  const QPoint middle = program.Panel().mapToGlobal(program.ControlAt(0, 0.5));
+  EXPECT_EQ(panel->childAt(middle.x(), middle.y()), slider);
+}
+
+}  // namespace
+}  // namespace brivolant::test

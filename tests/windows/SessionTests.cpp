@@ -1,0 +1,552 @@
+// SPDX-License-Identifier: MIT
+// What a person does with a photo: open, improve, save, reopen, rewind.
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <QMouseEvent>
+#include <QToolBar>
+#include <fstream>
+
+#include "WindowHelpers.h"
+#include "app/ProgressDialog.h"
+#include "app/ToolButtons.h"
+#include "app/WelcomePage.h"
+#include "app/core/UpdateCheck.h"
+#include "engine/pictures/SharedPictureEffects.h"
+#include "formats/ImageFile.h"
+#include "kit/ifkButton.h"
+#include "kit/ifkSegmentView.h"
+#include "kit/ifkSlider.h"
+#include "platform/codecs/ImageCodecs.h"
+#include "platform/files/BinaryStream.h"
+#include "platform/services/SharedFolders.h"
+
+namespace brivolant::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+Picture Read(const FolderItem& file) {
+  std::string error;
+  Picture picture = ImageIO::OpenAsPictureUsingImageIO(file, error);
+  EXPECT_EQ(error, "");
+  return picture;
+}
+
+TEST(Opening, ByDialogDropDesktopAndRecentMenu) {
+  Program program;
+  const FolderItem first = program.Photo("first.jpg");
+  const FolderItem second = program.Photo("second.png", 100, 200);
+  MainWindow& window = program.Window();
+  EXPECT_EQ(window.DisplayPane, MainWindow::kBrowserPane);
+  EXPECT_EQ(Mean(program.Shown(), 0) > 0, false);
+
+  program.fileDialogs.files = {first};
+  Click(window.Welcome->OpenButton());
+  Settle();
+  EXPECT_EQ(program.Document().Name, "first");
+  EXPECT_EQ(window.DisplayPane, MainWindow::kEditorPane);
+  EXPECT_FALSE(program.Document().Dirty);
+  EXPECT_FALSE(window.isWindowModified());
+  EXPECT_EQ(window.getSimpleImageInfo(), "320 x 240 (0.1 Megapixel, Ratio: 4 : 3)");
+
+  DropFile(program.Display(), second);
+  Settle();
+  EXPECT_EQ(program.Document().Name, "second");
+  program.app->OpenDocument(first);
+  EXPECT_EQ(program.Document().Name, "first");
+
+  // The newest stands first, each once.
+  const QList<QAction*> recent = window.Menu().Submenu("FileOpenRecent").actions();
+  ASSERT_EQ(recent.size(), 4);
+  EXPECT_EQ(recent[0]->text(), QStringLiteral("first"));
+  EXPECT_EQ(recent[1]->text(), QStringLiteral("second"));
+  recent[1]->trigger();
+  QApplication::processEvents();
+  EXPECT_EQ(program.Document().Name, "second");
+  // A cancelled dialog changes nothing.
+  program.Choose("FileOpen");
+  EXPECT_EQ(program.Document().Name, "second");
+  EXPECT_THAT(program.dialogs.messages, IsEmpty());
+}
+
+TEST(Opening, WelcomePageShowsTheLastPhotosAndOpensThem) {
+  Program program;
+  program.OpenPhoto(program.Photo("one.jpg"));
+  program.OpenPhoto(program.Photo("two.jpg"));
+  program.Tool(ToolButtons::Browser().Identifier);
+  Settle();
+  WelcomePage& page = *program.Window().Welcome;
+  ASSERT_TRUE(Until([&] { return page.PreviewsShown() == 2; }));
+  EXPECT_EQ(page.geometry(), page.parentWidget()->rect());
+  Click(page, page.ItemRect(1).center());
+  Settle();
+  EXPECT_EQ(program.Document().Name, "one");
+  // With keys, too.
+  program.Choose("ViewBrowseMyPhotos");
+  Settle();
+  page.setFocus();
+  Key(program.Window(), Qt::Key_Right);
+  Key(program.Window(), Qt::Key_Return);
+  Settle();
+  EXPECT_EQ(program.Document().Name, "two");
+}
+
+TEST(Opening, WhatCannotBeReadLeavesTheSession) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  const FolderItem broken = program.home.Write("broken.jpg", "no picture at all");
+  const FolderItem document = program.home.Child("empty.brvPhoto");
+  EXPECT_FALSE(document.CreateAsFolder());
+  for (const FolderItem& file : {broken, document, program.home.Child("missing.jpg")}) {
+    program.dialogs.messages.clear();
+    EXPECT_FALSE(program.Window().OpenImage(file, {}));
+    ASSERT_EQ(program.dialogs.messages.size(), 1U);
+    EXPECT_THAT(program.dialogs.messages[0], HasSubstr(file.Name()));
+    EXPECT_EQ(program.Document().Name, "photo");
+    EXPECT_EQ(program.Window().DisplayPane, MainWindow::kEditorPane);
+  }
+  EXPECT_EQ(program.app->RecentItem().size(), 1U);
+  // Styles, borders and layouts say that they cannot be loaded.
+  program.dialogs.messages.clear();
+  program.app->OpenDocument(program.home.Write("warm.oneClick", "x"));
+  EXPECT_THAT(program.dialogs.messages,
+              ElementsAre("Sorry I was unable to open the 1-Click Style called "
+                          "\"warm.oneClick\"."));
+  // A recent item whose file is gone says so and stays in the list.
+  program.dialogs.messages.clear();
+  EXPECT_FALSE(program.home.Child("photo.jpg").Delete());
+  program.app->OpenRecent(program.app->RecentItem().front());
+  EXPECT_THAT(program.dialogs.messages,
+              ElementsAre("Brivolant Photos cannot open the file \"photo\" as it can no longer be "
+                          "found."));
+  EXPECT_EQ(program.app->RecentItem().size(), 1U);
+}
+
+TEST(Opening, AnOlderDocumentIsSavedInTheCurrentForm) {
+  Program program;
+  const FolderItem photo = program.Photo("old.jpg");
+  const auto image = ReadFile(photo);
+  ASSERT_TRUE(image);
+  // A one-file document of version 3: the image, its data, and the trailer.
+  ByteWriter body;
+  body.UInt8(3);
+  body.UInt32(8);
+  body.UInt16(1);
+  body.UInt16(0);
+  const std::string data = body.Take();
+  ByteWriter trailer;
+  trailer.UInt32(static_cast<std::uint32_t>(data.size()));
+  const FolderItem document =
+      program.home.Write("old.brvPhoto", *image + data + trailer.Take() + "QMBPbrPh");
+  program.OpenPhoto(document);
+  EXPECT_TRUE(document.Directory());
+  EXPECT_EQ(program.Document().FileDataVersion, BrivolantDocument::kVersion);
+  EXPECT_FALSE(program.Document().Dirty);
+  EXPECT_EQ(Read(document.Child(program.Document().OriginalImageID)).Width(), 320);
+}
+
+TEST(Turning, TogglesAndComesBack) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  BrivolantDocument& document = program.Document();
+  const Picture plain = program.Shown();
+  program.Choose("RotateAndFlipRotate90");
+  EXPECT_EQ(document.Rotation, 1);
+  EXPECT_GT(program.Shown().Height(), program.Shown().Width());
+  EXPECT_TRUE(program.Menu("RotateAndFlipRotate90").isChecked());
+  program.Choose("RotateAndFlipRotate90");
+  EXPECT_EQ(document.Rotation, 0);
+  program.Choose("EditUndo");
+  EXPECT_EQ(document.Rotation, 1);
+  program.Choose("RotateAndFlipRotate180");
+  // The preview is turned after it is scaled, so it is the plain one turned.
+  EXPECT_LE(LargestDifference(program.Shown(), SharedPictureEffects::Rotate(plain, 180, kWhite, 1)),
+            1);
+  // A new change ended the redo history.
+  EXPECT_FALSE(program.Window().UndoGizmo.RedoAvailable());
+  program.Choose("RotateAndFlipRotate180");
+  program.Choose("RotateAndFlipFlipHorizontally");
+  EXPECT_LE(LargestDifference(program.Shown(), SharedPictureEffects::Flip(plain, 0)), 1);
+  EXPECT_EQ(program.Menu("EditUndo").text(), QStringLiteral("&Undo Flip"));
+  program.Choose("RotateAndFlipFlipVertially");
+  EXPECT_EQ(document.Flip, 2);
+  program.Choose("EditChangeOrientationTo");
+  EXPECT_GT(program.Shown().Height(), program.Shown().Width());
+  while (program.Window().UndoGizmo.UndoAvailable()) program.Choose("EditUndo");
+  EXPECT_EQ(document.Rotation + document.Flip + document.Orientation, 0);
+  EXPECT_LE(LargestDifference(program.Shown(), plain), 1);
+}
+
+TEST(Blending, ModeAndOpacityCompositeTheLayers) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  MainWindow& window = program.Window();
+  const double plain = Mean(program.Shown(), 0);
+  window.BlendMode->setFocus();
+  window.BlendMode->setCurrentIndex(1);
+  EXPECT_LT(Mean(program.Shown(), 0), plain - 3);
+  EXPECT_TRUE(program.Document().Dirty);
+  ifkSlider& opacity = *window.BlendAlpha;
+  Drag(opacity, {opacity.width() - 8, 12}, {8, 12});
+  EXPECT_EQ(program.Processor().BlendAlpha, 0.0F);
+  EXPECT_NEAR(Mean(program.Shown(), 0), plain, 0.5);
+  program.Choose("EditUndo");
+  EXPECT_EQ(program.Processor().BlendAlpha, 1.0F);
+  EXPECT_EQ(opacity.value(), 100);
+  program.Choose("EditUndo");
+  EXPECT_EQ(window.BlendMode->currentIndex(), 0);
+  EXPECT_NEAR(Mean(program.Shown(), 0), plain, 0.01);
+  EXPECT_EQ(program.Menu("EditRedo").text(), QStringLiteral("Red&o Blending"));
+}
+
+TEST(Saving, FirstAsksWhereThenSavesInPlaceAndReopens) {
+  Program program;
+  const FolderItem photo = program.Photo("photo.jpg");
+  const auto original = ReadFile(photo);
+  program.OpenPhoto(photo);
+  program.SelectRow("Exposure");
+  Click(program.Panel(), program.ControlAt(0, 0.8));
+  const Picture edited = program.Shown();
+  ASSERT_TRUE(program.Window().isWindowModified());
+
+  // Cancelled: nothing happens.
+  program.Tool(ToolButtons::Save().Identifier);
+  EXPECT_TRUE(program.Document().Dirty);
+  ASSERT_EQ(program.fileDialogs.suggestions.size(), 1U);
+  EXPECT_EQ(program.fileDialogs.suggestions[0].Name(), "photo.brvPhoto");
+  EXPECT_EQ(program.fileDialogs.suggestions[0].Parent(),
+            otherSharedComponents::DefaultPipDocumentsFolder());
+
+  const FolderItem place = program.home.Child("better.brvPhoto");
+  program.fileDialogs.files = {place};
+  program.Tool(ToolButtons::Save().Identifier);
+  EXPECT_TRUE(place.Directory());
+  EXPECT_FALSE(program.Document().Dirty);
+  EXPECT_FALSE(program.Window().isWindowModified());
+  EXPECT_EQ(program.Document().Name, "better");
+  EXPECT_EQ(program.app->RecentItem().front(), place.ShellPath());
+  // The original lies inside, byte for byte, and the photo itself was not touched.
+  EXPECT_EQ(ReadFile(place.Child(program.Document().OriginalImageID)), original);
+  EXPECT_EQ(ReadFile(photo), original);
+
+  // From now on it saves in place, without a question.
+  program.Choose("RotateAndFlipRotate90");
+  program.Choose("FileSave");
+  EXPECT_EQ(program.fileDialogs.suggestions.size(), 2U);
+  EXPECT_FALSE(program.Menu("FileSave").isEnabled());
+  program.Choose("EditUndo");
+  program.Choose("FileSave");
+  program.OpenPhoto(program.Photo("other.jpg"));
+  program.OpenPhoto(place);
+  EXPECT_TRUE(program.Module("Exposure").Enabled());
+  EXPECT_EQ(LargestDifference(program.Shown(), edited), 0);
+}
+
+TEST(Saving, OverAnExistingFileMovesThatToTheTrash) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  program.Choose("RotateAndFlipRotate180");
+  const FolderItem place = program.home.Child("kept.brvPhoto");
+  EXPECT_FALSE(place.CreateAsFolder());
+  const FolderItem inside = place.Child("precious.txt");
+  std::ofstream(inside.Path()) << "not to be lost";
+  program.fileDialogs.files = {place};
+  program.Choose("FileSave");
+  EXPECT_FALSE(program.Document().Dirty);
+  EXPECT_FALSE(inside.Exists());
+  const FolderItem trashed =
+      program.home.Child("data").Child("Trash").Child("files").Child("kept.brvPhoto");
+  EXPECT_EQ(ReadFile(trashed.Child("precious.txt")), "not to be lost");
+}
+
+TEST(Saving, AFailureKeepsEverythingAndAsksAgain) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  program.Choose("RotateAndFlipRotate180");
+  program.fileDialogs.files = {program.home.Child("no such folder").Child("a.brvPhoto")};
+  program.Choose("FileSave");
+  EXPECT_TRUE(program.Document().Dirty);
+  EXPECT_EQ(program.dialogs.messages.size(), 1U);
+  const FolderItem place = program.home.Child("second.brvPhoto");
+  program.fileDialogs.files = {place};
+  program.Choose("FileSave");
+  EXPECT_FALSE(program.Document().Dirty);
+  EXPECT_TRUE(place.Child("photo.jpg").Exists());
+}
+
+TEST(Saving, ACopyIsTheFinishedPictureAtFullSize) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg", 900, 600));
+  program.SelectRow("Exposure");
+  Click(program.Panel(), program.ControlAt(0, 0.8));
+  program.fileDialogs.files = {program.home.Child("copy.png")};
+  program.Choose("FileSaveACopyAs");
+  Picture expected = Read(program.home.Child("photo.jpg"));
+  expected = program.Processor().Process(expected);
+  EXPECT_EQ(LargestDifference(Read(program.home.Child("copy.png")), expected), 0);
+  // The photo itself is as it was, and so is the document.
+  EXPECT_TRUE(program.Document().Dirty);
+
+  // The folder and the format are those of last time; a file in the way goes to the trash.
+  program.home.Write("copy2.png", "older");
+  program.fileDialogs.files = {program.home.Child("copy2")};
+  program.Choose("FileSaveACopyAs");
+  EXPECT_EQ(program.fileDialogs.suggestions.back().Name(), "photo.png");
+  EXPECT_EQ(program.fileDialogs.suggestions.back().Parent(), program.home.Item());
+  EXPECT_EQ(Read(program.home.Child("copy2.png")).Width(), 900);
+  const FolderItem trash = program.home.Child("data").Child("Trash").Child("files");
+  EXPECT_EQ(ReadFile(trash.Child("copy2.png")), "older");
+  for (const char* name : {"copy.jpg", "copy.tif"}) {
+    program.fileDialogs.files = {program.home.Child(name)};
+    program.Choose("FileSaveACopyAs");
+    EXPECT_EQ(Read(program.home.Child(name)).Height(), 600) << name;
+  }
+  program.fileDialogs.files = {FolderItem("/proc/nowhere/copy.jpg")};
+  program.Choose("FileSaveACopyAs");
+  ASSERT_FALSE(program.dialogs.messages.empty());
+  EXPECT_THAT(program.dialogs.messages.back(), HasSubstr("copy.jpg"));
+}
+
+TEST(Closing, EachAnswerDoesWhatItSays) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  MainWindow& window = program.Window();
+  // A clean document is not asked about.
+  EXPECT_FALSE(window.AskToSave());
+  EXPECT_THAT(program.dialogs.questions, IsEmpty());
+  program.Choose("RotateAndFlipRotate180");
+
+  program.dialogs.answers = {Answer::kCancel};
+  EXPECT_FALSE(window.close());
+  EXPECT_TRUE(window.isVisible());
+  ASSERT_EQ(program.dialogs.questions.size(), 1U);
+  EXPECT_EQ(program.dialogs.questions[0].Message,
+            "Do you want to save the changes you made to the photo photo?");
+  EXPECT_EQ(program.dialogs.questions[0].AlternateButton, "Don't Save");
+
+  // Saving, but then not saying where: the window stays, since the changes would be lost.
+  program.dialogs.answers = {Answer::kAction};
+  EXPECT_FALSE(window.close());
+  EXPECT_TRUE(program.Document().Dirty);
+
+  // The same at the way back to the browser.
+  program.dialogs.answers = {Answer::kCancel};
+  program.Tool(ToolButtons::Browser().Identifier);
+  EXPECT_EQ(window.DisplayPane, MainWindow::kEditorPane);
+
+  program.dialogs.answers = {Answer::kAction};
+  program.fileDialogs.files = {program.home.Child("saved.brvPhoto")};
+  EXPECT_TRUE(window.close());
+  EXPECT_TRUE(program.home.Child("saved.brvPhoto").Directory());
+
+  program.Start();
+  program.OpenPhoto(program.home.Child("photo.jpg"));
+  program.Choose("RotateAndFlipRotate180");
+  program.dialogs.answers = {Answer::kAlternate};
+  EXPECT_TRUE(program.Window().close());
+}
+
+TEST(Closing, TheRealDialogAnswersByItsButtons) {
+  Program program;
+  WidgetDialogs dialogs;
+  dialogs.Window(&program.Window());
+  for (const auto& [label, answer] :
+       {std::pair{"Save", Answer::kAction}, {"Cancel", Answer::kCancel},
+        {"Don't Save", Answer::kAlternate}}) {
+    QTimer::singleShot(0, [label = QString::fromLatin1(label)] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      for (QAbstractButton* button : box->buttons()) {
+        if (button->text().remove(QLatin1Char('&')) == label) button->click();
+      }
+    });
+    EXPECT_EQ(dialogs.Ask({"Question?", "", "Save", "Cancel", "Don't Save"}), answer);
+  }
+}
+
+TEST(Rewinding, IsOneStepThatCanBeUndone) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  BrivolantDocument& document = program.Document();
+  const Picture plain = program.Shown();
+  const auto rewind = [&] {
+    return ToolButtons::itemViaIdentifier(*program.Window().rbToolBar,
+                                          ToolButtons::Rewind().Identifier);
+  };
+  // A photo that was just read has nothing to rewind.
+  EXPECT_FALSE(rewind()->isEnabled());
+  document.CropOffSet = {0.25, 0.25};
+  document.CropSize = {0.5, 0.5};
+  document.Crop = true;
+  program.Choose("RotateAndFlipRotate90");
+  program.SelectRow("Exposure");
+  Click(program.Panel(), program.ControlAt(0, 0.9));
+  const Picture edited = program.Shown();
+  EXPECT_TRUE(rewind()->isEnabled());
+  program.Tool(ToolButtons::Rewind().Identifier);
+  EXPECT_EQ(LargestDifference(program.Shown(), plain), 0);
+  EXPECT_FALSE(document.Crop);
+  EXPECT_FALSE(rewind()->isEnabled());
+  EXPECT_EQ(program.Menu("EditUndo").text(), QStringLiteral("&Undo Rewind"));
+  program.Tool(ToolButtons::Undo().Identifier);
+  EXPECT_TRUE(document.Crop);
+  EXPECT_EQ(document.Rotation, 1);
+  EXPECT_TRUE(program.Module("Exposure").Enabled());
+  EXPECT_EQ(LargestDifference(program.Shown(), edited), 0);
+  program.Choose("EditRedo");
+  EXPECT_EQ(LargestDifference(program.Shown(), plain), 0);
+}
+
+TEST(Styles, AreCopiedPastedClearedAndTakenFromTheLastPhoto) {
+  Program program;
+  program.OpenPhoto(program.Photo("first.jpg"));
+  EXPECT_FALSE(program.Menu("FileApplyLastStyle").isEnabled());
+  program.SelectRow("Exposure");
+  Click(program.Panel(), program.ControlAt(0, 0.9));
+  const Picture edited = program.Shown();
+  program.Choose("EditCopyStyle");
+  program.Choose("EditClearStyle");
+  EXPECT_FALSE(program.Module("Exposure").Enabled());
+  const Picture plain = program.Shown();
+  program.Choose("EditPasteStyle");
+  EXPECT_EQ(LargestDifference(program.Shown(), edited), 0);
+  program.Choose("EditUndo");
+  EXPECT_EQ(LargestDifference(program.Shown(), plain), 0);
+  program.Choose("EditRedo");
+
+  program.dialogs.answers = {Answer::kAlternate};
+  program.app->OpenDocument(program.Photo("second.jpg"));
+  EXPECT_FALSE(program.Module("Exposure").Enabled());
+  program.Choose("FileApplyLastStyle");
+  EXPECT_EQ(LargestDifference(program.Shown(), edited), 0);
+}
+
+TEST(Clipboard, TakesThePreviewAndGivesANewPhoto) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  program.Choose("EditCopy");
+  const Picture copied = program.app->Clipboard().Picture();
+  EXPECT_EQ(LargestDifference(copied, program.Document().PreviewAfter), 0);
+  program.Choose("FileNewFromClipboard");
+  EXPECT_EQ(program.Document().Name, "New Image from Clipboard");
+  EXPECT_EQ(program.Document().ImageOriginal().Width(), copied.Width());
+  // It exists nowhere else, so leaving it asks.
+  program.dialogs.answers = {Answer::kCancel};
+  EXPECT_TRUE(program.Window().AskToSave());
+}
+
+TEST(Recovery, BringsBackWhatACrashInterrupted) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  program.SelectRow("Exposure");
+  Click(program.Panel(), program.ControlAt(0, 0.9));
+  program.Choose("RotateAndFlipRotate90");
+  const Picture edited = program.Shown();
+  program.Window().RecoveryTimer.setInterval(1);
+  ASSERT_TRUE(Until([&] { return program.home.Child("data/brivolant-photos/Recovery").Exists(); }));
+  program.Crash();
+  program.dialogs.answers = {Answer::kAction};
+  program.Start();
+  EXPECT_TRUE(program.app->OfferRecovery());
+  Settle();
+  EXPECT_EQ(program.Document().Name, "photo");
+  EXPECT_TRUE(program.Document().Dirty);
+  EXPECT_EQ(LargestDifference(program.Shown(), edited), 0);
+  // It still has no place of its own.
+  program.fileDialogs.files = {program.home.Child("back.brvPhoto")};
+  program.Choose("FileSave");
+  EXPECT_TRUE(program.home.Child("back.brvPhoto").Directory());
+  // After a save there is nothing to bring back, and nothing lies beside the photos.
+  program.Crash();
+  program.Start();
+  EXPECT_FALSE(program.app->OfferRecovery());
+  EXPECT_EQ(program.dialogs.questions.size(), 1U);
+  EXPECT_THAT(program.home.Names(),
+              testing::Not(testing::Contains(testing::HasSubstr(".recovery"))));
+}
+
+TEST(Recovery, LiesBesideASavedDocumentAndCanBeGivenUp) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  program.fileDialogs.files = {program.home.Child("doc.brvPhoto")};
+  ASSERT_TRUE(program.Window().SaveMethod());
+  program.Choose("RotateAndFlipRotate180");
+  program.Window().RecoveryTimer.setInterval(1);
+  const FolderItem kept = program.home.Child(".doc.brvPhoto.recovery");
+  ASSERT_TRUE(Until([&] { return kept.Exists(); }));
+  program.Crash();
+  program.dialogs.answers = {Answer::kCancel};
+  program.Start();
+  EXPECT_FALSE(program.app->OfferRecovery());
+  EXPECT_FALSE(kept.Exists());
+  program.OpenPhoto(program.home.Child("doc.brvPhoto"));
+  EXPECT_EQ(program.Document().Rotation, 0);
+}
+
+TEST(Rendering, EventsComeInOrderAndASlowRenderWaitsForTheRelease) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  brivolantProcessorLite& processor = program.Processor();
+  std::vector<std::string> events;
+  const auto started = processor.UpdateStarted;
+  const auto finished = processor.UpdateFinished;
+  struct Watch final : PreviewDisplay {
+    explicit Watch(EditorDisplay& d, std::vector<std::string>& e) : display(d), events(e) {}
+    int Width() const override { return display.Width(); }
+    int Height() const override { return display.Height(); }
+    void Update(bool full) override {
+      events.emplace_back("shown");
+      display.Update(full);
+    }
+    EditorDisplay& display;
+    std::vector<std::string>& events;
+  } watch(program.Display(), events);
+  processor.UpdateStarted = [&] { events.emplace_back("started"); };
+  processor.UpdateFinished = [&] { events.emplace_back("finished"); };
+  processor.myDisplay = &watch;
+  program.SelectRow("Exposure");
+  events.clear();
+  // Three moves before the next turn of the loop are one render, of the newest value.
+  EffectStackEditor& panel = program.Panel();
+  Press(panel, program.ControlAt(0, 0.5));
+  QApplication::processEvents();
+  events.clear();
+  for (const double at : {0.6, 0.7, 0.8}) {
+    const QPoint local = program.ControlAt(0, at);
+    QMouseEvent move(QEvent::MouseMove, local, panel.mapToGlobal(local), Qt::NoButton,
+                     Qt::LeftButton, {});
+    QApplication::sendEvent(&panel, &move);
+  }
+  QApplication::processEvents();
+  EXPECT_THAT(events, ElementsAre("started", "shown", "finished"));
+  EXPECT_NEAR(program.Module("Exposure").ControlValue(0).ToInt(), 80, 1);
+  // After a slow render nothing is shown until the release.
+  events.clear();
+  processor.nonLiveMode = true;
+  Move(panel, program.ControlAt(0, 0.3));
+  EXPECT_THAT(events, IsEmpty());
+  Release(panel, program.ControlAt(0, 0.3));
+  EXPECT_THAT(events, ElementsAre("started", "shown", "finished"));
+  processor.myDisplay = &program.Display();
+  // In slow mode a label tells; it goes when the render has ended.
+  processor.UpdateStarted = started;
+  processor.UpdateFinished = [&] {
+    EXPECT_TRUE(program.app->progressWindowOpen);
+    finished();
+  };
+  processor.nonLiveMode = true;
+  processor.UpdatePreview(false);
+  EXPECT_EQ(program.app->Progress().StatusMessage(), "Updating Preview...");
+  EXPECT_FALSE(program.app->progressWindowOpen);
+  processor.UpdateFinished = finished;
+}
+
+}  // namespace
+}  // namespace brivolant::test

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QPoint>
+#include <QWidget>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Helpers.h"
+#include "app/App.h"
+#include "app/MainWindow.h"
+#include "engine/ui/EditorDisplay.h"
+#include "engine/ui/EffectStackEditor.h"
+#include "formats/BrivolantDocument.h"
+
+class QAction;
+
+namespace brivolant::test {
+
+// Events as the windowing system gives them: to the window, which finds the control.
+void Press(QWidget& control, const QPoint& at, Qt::KeyboardModifiers modifiers = {});
+void Move(QWidget& control, const QPoint& at);
+void Release(QWidget& control, const QPoint& at);
+void Click(QWidget& control, const QPoint& at, Qt::KeyboardModifiers modifiers = {});
+void Click(QWidget& control);
+/// Press, a few moves, release.
+void Drag(QWidget& control, const QPoint& from, const QPoint& to);
+/// To the control that has the focus in the window.
+void Key(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+void Type(QWidget& window, const std::string& text);
+void DropFile(QWidget& control, const FolderItem& file);
+/// Handles events until nothing moves any more.
+void Settle();
+/// Handles events until the condition holds; false after five seconds.
+bool Until(const std::function<bool()>& condition);
+
+/// Answers questions with what was laid ready, and remembers them.
+struct AnsweringDialogs final : Dialogs {
+  std::vector<std::string> messages;
+  std::vector<Question> questions;
+  std::deque<Answer> answers;
+  void Message(const std::string& message, const std::string& explanation) override;
+  Answer Ask(const Question& question) override;
+};
+
+/// Gives the files that were laid ready; nil, a cancelled dialog, when there are none.
+struct AnsweringFileDialogs final : FileDialogs {
+  std::deque<FolderItem> files;
+  std::vector<FolderItem> suggestions;
+  int filter = -1;
+  std::vector<FolderItem> Open(const std::string& title, const FolderItem& folder,
+                               const std::vector<FileFilter>& filters) override;
+  FolderItem Save(const std::string& title, const FolderItem& suggestion,
+                  const std::vector<FileFilter>& filters, int& chosen) override;
+};
+
+/// A home of its own for one test, and the program started in it.
+class Program {
+ public:
+  Program();
+  ~Program();
+  /// Starts (again, as a new process would).
+  void Start();
+  /// Ends as a crash does: nothing is tidied up.
+  void Crash();
+  /// A file in the home with a test picture; the kind follows from the name.
+  FolderItem Photo(const std::string& name, int width = 320, int height = 240);
+  /// Opens a photo and waits until the editor stands.
+  void OpenPhoto(const FolderItem& file);
+
+  MainWindow& Window() { return *app->Window(); }
+  brivolantProcessorLite& Processor() { return *Window().myProcessor; }
+  EffectStackEditor& Panel() { return *Window().AdvancedPanel; }
+  EditorDisplay& Display() { return *Window().MyDisplay; }
+  BrivolantDocument& Document() { return *Window().Document(); }
+  QAction& Menu(const std::string& name) { return Window().Menu().Item(name); }
+  /// Chooses an item as the menu does; fails if it is disabled.
+  void Choose(const std::string& name);
+  /// Clicks a button of the toolbar.
+  void Tool(const char* identifier);
+  /// Index of a module in the current stack by its name.
+  int Row(const std::string& name);
+  effectModule& Module(const std::string& name) { return *Processor().item(Row(name)); }
+  /// Selects a row of the panel by clicking its name, after it is scrolled into view.
+  void SelectRow(const std::string& name);
+  /// A position on a control of the selected row; `fraction` is along its width.
+  QPoint ControlAt(int control, double fraction);
+  /// What the window shows.
+  Picture Shown() { return Processor().Preview(); }
+
+  TemporaryFolder home;
+  AnsweringDialogs dialogs;
+  AnsweringFileDialogs fileDialogs;
+  std::unique_ptr<App> app;
+};
+
+/// Mean of a channel (0 red, 1 green, 2 blue) of a picture.
+double Mean(const Picture& picture, int channel);
+
+}  // namespace brivolant::test

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+// Pictures of the windows, written under the build folder for eyes to look at; the tests assert
+// what a machine can see of them.
+#include <QApplication>
+#include <QDir>
+#include <QPixmap>
+#include <QTest>
+
+#include "WindowHelpers.h"
+#include "app/AboutBox.h"
+#include "app/CropEditor.h"
+#include "app/PreferencesWindow.h"
+#include "app/ToolButtons.h"
+#include "app/WelcomePage.h"
+#include "kit/Appearance.h"
+#include "kit/ifkColors.h"
+
+namespace brivolant::test {
+namespace {
+
+QImage Take(QWidget& window, const QString& name) {
+  Settle();
+  const QPixmap pixmap = window.grab();
+  const QString folder = QStringLiteral(BRIVOLANT_PICTURES);
+  QDir().mkpath(folder);
+  const QString scale = QString::number(pixmap.devicePixelRatio());
+  EXPECT_TRUE(pixmap.save(folder + QLatin1Char('/') + name + QStringLiteral("-") + scale +
+                          QStringLiteral("x.png")));
+  EXPECT_EQ(pixmap.size(), window.size() * window.devicePixelRatioF());
+  return pixmap.toImage();
+}
+
+/// A photo that is worth looking at: the sample of the project.
+FolderItem Sample(Program& program) {
+  const FolderItem file = program.home.Child("sample.jpg");
+  const std::string command = std::string(BRIVOLANT_SAMPLE) + " '" + file.ShellPath() +
+                              "' 1500 1000 >/dev/null";
+  EXPECT_EQ(std::system(command.c_str()), 0);  // NOLINT: a tool of this build
+  return file;
+}
+
+TEST(WindowPictures, OfTheEditorInBothAppearances) {
+  Program program;
+  program.OpenPhoto(Sample(program));
+  program.SelectRow("Exposure");
+  Click(program.Panel(), program.ControlAt(0, 0.62));
+  for (const auto& [scheme, name] :
+       {std::pair{Appearance::kLight, "editor-light"}, {Appearance::kDark, "editor-dark"}}) {
+    program.app->AppearanceChoice(scheme);
+    const QImage image = Take(program.Window(), QString::fromLatin1(name));
+    const QRgb panel = image.pixel(image.width() - 60 * image.devicePixelRatio(),
+                                   image.height() - 40 * image.devicePixelRatio());
+    EXPECT_EQ(qGray(panel) < 128, scheme == Appearance::kDark);
+  }
+  program.Choose("ViewBeforeAfter");
+  Take(program.Window(), QStringLiteral("before-after"));
+  program.Choose("ViewBeforeAfter");
+  program.SelectRow("Levels");
+  Take(program.Window(), QStringLiteral("levels"));
+  program.app->AppearanceChoice(Appearance::kLight);
+  program.Tool(ToolButtons::Browser().Identifier);
+}
+
+TEST(WindowPictures, OfTheCropAndItsPalette) {
+  Program program;
+  program.app->AppearanceChoice(Appearance::kDark);
+  program.OpenPhoto(Sample(program));
+  program.Tool(ToolButtons::Crop().Identifier);
+  const QRect rect = program.Display().PreviewRect();
+  const double ratio = program.Display().devicePixelRatioF();
+  const auto at = [&](double x, double y) {
+    return QPointF((rect.x() + x * rect.width()) / ratio, (rect.y() + y * rect.height()) / ratio)
+        .toPoint();
+  };
+  Press(program.Display(), at(0.5, 0.5));
+  Move(program.Display(), at(0.52, 0.52));
+  Take(program.Window(), QStringLiteral("crop"));
+  // Outside the rectangle the photo is darkened.
+  const QImage& shown = program.Display().Buffer();
+  EXPECT_LT(qGray(shown.pixel(rect.center().x(), rect.top() + 8)), 128);
+  Release(program.Display(), at(0.52, 0.52));
+  Take(*program.Window().Cropper(), QStringLiteral("crop-palette"));
+  program.Window().CropMethod();
+  program.app->AppearanceChoice(Appearance::kLight);
+}
+
+TEST(WindowPictures, OfTheWelcomePageAndTheSmallWindows) {
+  Program program;
+  Take(program.Window(), QStringLiteral("welcome-empty"));
+  const FolderItem sample = Sample(program);
+  program.OpenPhoto(sample);
+  program.Choose("RotateAndFlipRotate90");
+  program.fileDialogs.files = {program.home.Child("My tall photo.brvPhoto")};
+  program.Choose("FileSave");
+  program.Tool(ToolButtons::Browser().Identifier);
+  ASSERT_TRUE(Until([&] { return program.Window().Welcome->PreviewsShown() == 2; }));
+  Take(program.Window(), QStringLiteral("welcome"));
+  program.app->ShowPreferences();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(program.app->PreferencesShown()));
+  Take(*program.app->PreferencesShown(), QStringLiteral("preferences"));
+  program.app->ShowAboutBox();
+  Take(*program.app->AboutShown(), QStringLiteral("about"));
+}
+
+}  // namespace
+}  // namespace brivolant::test
