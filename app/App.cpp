@@ -180,6 +180,13 @@ bool App::OfferRecovery() {
   return back;
 }
 
+void App::RemoveLeftovers() {
+  for (const FolderItem& item : otherSharedComponents::userElementsFolder().Children()) {
+    if (!item.Name().starts_with(".CleanOnQuit-")) continue;
+    if (item.DeleteFolder()) log_.Write("Not deleted: " + item.DisplayName());
+  }
+}
+
 void App::UnhandledException(const std::string& what) {
   log_.Write("Unhandled exception: " + what);
   dialogs_->Message(kUnhandled.Text(), what);

@@ -77,6 +77,8 @@ class App final : public UserDetails {
   void ShowPreferences();
   /// Offers to bring back what an unclean end left. True if it was brought back.
   bool OfferRecovery();
+  /// Deletes what earlier runs left in temporary folders. Only for the one running program.
+  void RemoveLeftovers();
   /// What nothing else caught.
   void UnhandledException(const std::string& what);
 

@@ -36,7 +36,7 @@
 namespace brivolant {
 namespace {
 
-constexpr const char* kStyleType = "application/x-brivolant-style";
+constexpr const char* kStyleType = "application/x-brivolant-style-data";
 /// Extensions that a dialog for photos shows.
 constexpr const char* kPhotoExtensions =
     "jpg;jpeg;jpe;png;tif;tiff;heic;heif;avif;webp;gif;bmp;jp2;psd;brvPhoto;dng;cr2;cr3;crw;nef;"

@@ -227,10 +227,10 @@ void MainWindow::ShowHideEffects(bool visible) {
 
 std::string MainWindow::getSimpleImageInfo() {
   if (!document_) return {};
-  const Picture image = document_->Image();
-  if (image.IsNil()) return {};
-  const int w = image.Width();
-  const int h = image.Height();
+  int w = document_->Width();
+  int h = document_->Height();
+  if (w <= 0 || h <= 0) return {};
+  if (document_->Rotation == 1 || document_->Rotation == 3) std::swap(w, h);
   return WithPlaceholders(kImageInfo.Text(),
                           {{"<width>", std::to_string(w)},
                            {"<height>", std::to_string(h)},

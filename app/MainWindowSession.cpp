@@ -279,7 +279,11 @@ bool MainWindow::StartSession(std::unique_ptr<BrivolantDocument> document, bool 
   AdvancedPanel->Update();
   myProcessor->ChangeStack(0);
   myProcessor->nonLiveMode = false;
-  if (DisplayPane != kEditorPane) EditorSeat->setGeometry(EditorPlace());
+  if (DisplayPane != kEditorPane) {
+    // A hidden widget is laid out when it is shown, but the preview is made for its size now.
+    EditorSeat->setGeometry(EditorPlace());
+    LayoutEditor();
+  }
   updateProcessorRelatedInterfaceElements();
   SwapDisplay(kEditorPane);
   document_->Dirty = false;

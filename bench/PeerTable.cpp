@@ -22,21 +22,6 @@ namespace {
 
 constexpr int kRounds = 7;
 
-void Heading() {
-  std::printf("%-46s %10s  %-34s %10s %8s %8s\n", "work", "ours ms", "beside", "its ms", "ratio",
-              "at most");
-}
-
-/// `aim` is the promised ratio; 0 for a row that only informs.
-void Row(const std::string& work, double ours, const std::string& peer, double theirs, double aim) {
-  const double ratio = ours / theirs;
-  char aimText[16] = "-";
-  if (aim > 0) std::snprintf(aimText, sizeof aimText, "%.2f", aim);
-  std::printf("%-46s %10.2f  %-34s %10.2f %8.3f %8s %s\n", work.c_str(), ours, peer.c_str(), theirs,
-              ratio, aimText, aim > 0 && ratio > aim ? "MISSED" : "");
-  std::fflush(stdout);
-}
-
 class Silent final : public Log, public Dialogs {
  public:
   void Write(std::string_view) override {}

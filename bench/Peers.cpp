@@ -61,18 +61,50 @@ void RunProgram(const std::vector<std::string>& command) {
   Spawn(command);
 }
 
+void Heading() {
+  std::printf("%-46s %10s  %-34s %10s %8s %8s\n", "work", "ours", "beside", "its", "ratio",
+              "at most");
+}
+
+void Row(const std::string& work, double ours, const std::string& peer, double theirs, double aim) {
+  const double ratio = ours / theirs;
+  char aimText[16] = "-";
+  if (aim > 0) std::snprintf(aimText, sizeof aimText, "%.2f", aim);
+  std::printf("%-46s %10.2f  %-34s %10.2f %8.3f %8s %s\n", work.c_str(), ours, peer.c_str(), theirs,
+              ratio, aimText, aim > 0 && ratio > aim ? "MISSED" : "");
+  std::fflush(stdout);
+}
+
+double Percentile95(const std::function<void(int)>& work, int runs) {
+  std::vector<double> times;
+  for (int i = 0; i < runs; ++i) {
+    const auto start = std::chrono::steady_clock::now();
+    work(i);
+    times.push_back(
+        std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+            .count());
+  }
+  std::sort(times.begin(), times.end());
+  return times[times.size() * 95 / 100];
+}
+
 double PeakTold(const std::vector<std::string>& command) {
+  return NumberTold(command, "peak_memory_bytes");
+}
+
+double NumberTold(const std::vector<std::string>& command, const std::string& key) {
   std::string line;
   for (const std::string& argument : command) line += "'" + argument + "' ";
+  line += "2>/dev/null";
   std::FILE* output = popen(line.c_str(), "r");
   if (output == nullptr) return 0;
   std::array<char, 4096> text{};
   const std::size_t size = std::fread(text.data(), 1, text.size() - 1, output);
   pclose(output);
   const std::string_view json(text.data(), size);
-  constexpr std::string_view kKey = "\"peak_memory_bytes\":";
-  const std::size_t at = json.find(kKey);
-  return at == std::string_view::npos ? 0 : std::atof(text.data() + at + kKey.size());
+  const std::string name = "\"" + key + "\":";
+  const std::size_t at = json.find(name);
+  return at == std::string_view::npos ? 0 : std::atof(text.data() + at + name.size());
 }
 
 struct VipsPeer::Image {

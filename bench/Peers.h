@@ -16,11 +16,22 @@ using Work = std::function<void()>;
 /// moment of the machine meets all of them; the fastest run is the one it disturbed least.
 std::vector<double> Fastest(const std::vector<Work>& works, int rounds);
 
+/// The 95th percentile of the times of single runs of one work, in milliseconds.
+double Percentile95(const std::function<void(int run)>& work, int runs);
+
+/// The head of a table of rows.
+void Heading();
+/// One row: our time or size, the peer's, their ratio, and the ratio that is promised; 0 for a row
+/// that only informs. Says so when a row misses its aim.
+void Row(const std::string& work, double ours, const std::string& peer, double theirs, double aim);
+
 /// Runs a program and waits for it; its output goes nowhere. Ends the bench if it fails.
 void RunProgram(const std::vector<std::string>& command);
 /// The peak memory in bytes that the command prints of itself with --timing. (The system's count
 /// for a child holds what this process used before the child became another program.)
 double PeakTold(const std::vector<std::string>& command);
+/// Any number that a command prints as JSON under that key.
+double NumberTold(const std::vector<std::string>& command, const std::string& key);
 
 /// Peers in this process, on the same pixels as three channels in memory.
 class VipsPeer {

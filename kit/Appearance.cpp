@@ -68,7 +68,8 @@ QPalette PaletteOf(const Tones& t) {
   return palette;
 }
 
-/// Flat bars, fields and buttons on the 8-pixel grid; everything else is the toolkit's Fusion style.
+/// Flat bars, fields and buttons on the 8-pixel grid; everything else is the toolkit's Fusion
+/// style.
 QString Sheet(const Tones& t) {
   QString sheet = QStringLiteral(
       "QToolBar { background: @window; border: none; border-bottom: 1px solid @border; "

@@ -135,18 +135,34 @@ void DrawDropShadow(QPainter& painter, const QRectF& rect, double dx, double dy,
   };
   const auto across = profile(shadow.width(), area.width());
   const auto down = profile(shadow.height(), area.height());
-  QImage image(static_cast<int>(across.size()), static_cast<int>(down.size()),
-               QImage::Format_Alpha8);
-  if (image.isNull()) return;
-  for (int y = 0; y < image.height(); ++y) {
-    uchar* row = image.scanLine(y);
-    const double strength = 255 * kDarkness * down[static_cast<std::size_t>(y)];
-    for (int x = 0; x < image.width(); ++x) {
-      row[x] = static_cast<uchar>(std::lround(strength * across[static_cast<std::size_t>(x)]));
+  const int width = static_cast<int>(across.size());
+  const int height = static_cast<int>(down.size());
+  const auto draw = [&](int left, int top, int w, int h) {
+    if (w <= 0 || h <= 0) return;
+    QImage image(w, h, QImage::Format_Alpha8);
+    if (image.isNull()) return;
+    for (int y = 0; y < h; ++y) {
+      uchar* row = image.scanLine(y);
+      const double strength = 255 * kDarkness * down[static_cast<std::size_t>(top + y)];
+      for (int x = 0; x < w; ++x) {
+        row[x] =
+            static_cast<uchar>(std::lround(strength * across[static_cast<std::size_t>(left + x)]));
+      }
     }
-  }
-  image.setDevicePixelRatio(ratio);
-  painter.drawImage(area.topLeft(), image);
+    image.setDevicePixelRatio(ratio);
+    painter.drawImage(area.topLeft() + QPointF(left, top) / ratio, image);
+  };
+  // Only what the rectangle itself will not cover.
+  const auto inside = [ratio](double length) { return static_cast<int>(length * ratio); };
+  const int left = std::clamp(inside(rect.left() - area.left()), 0, width);
+  const int right = std::clamp(inside(rect.right() - area.left()), left, width);
+  const int top = std::clamp(inside(rect.top() - area.top()), 0, height);
+  const int bottom = std::clamp(inside(rect.bottom() - area.top()), top, height);
+  draw(0, 0, width, top);
+  draw(0, bottom, width, height - bottom);
+  draw(0, top, left, bottom - top);
+  draw(right, top, width - right, bottom - top);
+  painter.fillRect(rect, Qt::black);
 }
 
 void DrawGradient(QPainter& painter, const QRect& rect, const QColor& from, const QColor& to,

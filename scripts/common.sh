@@ -5,10 +5,12 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 build_packages=(
   g++ cmake ninja-build ccache pkg-config
-  qt6-base-dev libgl-dev libvips-dev libraw-dev libhwy-dev libtbb-dev liblcms2-dev libpugixml-dev
+  qt6-base-dev qt6-svg-dev qt6-l10n-tools fonts-dejavu-core libgl-dev libvips-dev libraw-dev libhwy-dev libtbb-dev liblcms2-dev libpugixml-dev
   libexif-dev libjpeg-dev libcli11-dev
 )
-test_packages=(libgtest-dev libgmock-dev shared-mime-info)
+test_packages=(
+  libgtest-dev libgmock-dev shared-mime-info xvfb xauth desktop-file-utils appstream
+)
 check_packages=(clang-format clang-tidy git binutils)
 bench_packages=(
   libbenchmark-dev libopencv-dev libjpeg-turbo-progs libvips-tools imagemagick graphicsmagick gegl
@@ -35,7 +37,8 @@ need() {
 }
 
 # A checkout in another folder compiles the same: paths below it do not count.
-export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+# Precompiled headers need the sloppiness.
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
 
 # build PRESET [OPTION...]: configures and builds into build/PRESET.
 build() {

@@ -1,30 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "effects/fixes/EffectModuleStraighten.h"
 
-#include <algorithm>
 #include <cstdlib>
 
-#include "engine/pictures/PictureEffects.h"
 #include "platform/pictures/Graphics.h"
-#include "platform/pictures/kernels/ScaleKernels.h"
+#include "platform/pictures/kernels/TurnKernels.h"
 
 namespace brivolant {
 
 void EffectModuleStraighten::ApplyEffect(Picture& picture, double) {
   if (Angle == 0 || picture.IsNil()) return;
-  const Picture rotated = RotateEffect().Apply(picture, Angle, kWhite, 1);
-  if (rotated.IsNil()) return;
-  const double factor = 1 + std::abs(Angle) / 50.0;
-  const int width = static_cast<int>(rotated.Width() * factor);
-  const int height = static_cast<int>(rotated.Height() * factor);
-  const int x = (picture.Width() - width) / 2;
-  const int y = (picture.Height() - height) / 2;
-  // Only what comes to lie inside the picture is scaled.
-  const double perX = 1.0 * rotated.Width() / width;
-  const double perY = 1.0 * rotated.Height() / height;
-  const kernels::SourceArea area{std::max(-x, 0) * perX, std::max(-y, 0) * perY,
-                                 picture.Width() * perX, picture.Height() * perY};
-  kernels::Scale(rotated.View(), area, picture.Edit());
+  // The turned picture is enlarged about its centre; what comes to lie outside is never made.
+  const double zoom = 1 + std::abs(Angle) / 50.0;
+  Picture turned = Picture::Uninitialized(picture.Width(), picture.Height(), picture.Depth());
+  if (turned.IsNil()) return;
+  kernels::RotateAnyAngle(picture.View(), turned.Edit(), Angle, kWhite.RGB(), zoom);
+  turned.HorizontalResolution = picture.HorizontalResolution;
+  turned.VerticalResolution = picture.VerticalResolution;
+  if (const Plane* mask = picture.Mask()) turned.SetMask(*mask);
+  picture = std::move(turned);
 }
 
 void EffectModuleStraighten::PostProcess(Picture& picture, double) {

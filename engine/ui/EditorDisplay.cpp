@@ -11,6 +11,7 @@
 #include <cmath>
 
 #include "engine/brivolantProcessorLite.h"
+#include "engine/pictures/SharedPictureEffects.h"
 #include "formats/BrivolantDocument.h"
 #include "kit/DesktopServices.h"
 #include "kit/InterfaceKitSupport.h"
@@ -138,7 +139,13 @@ void EditorDisplay::DrawPictures(bool full) {
   show(preview, PreviewRect());
   if (ShowBefore && !beforePicture.IsNil() && bw > 0 && bh > 0) {
     before_ = {std::max(drawX - (bw + gap), side), (h - bh) / 2, bw, bh};
-    show(beforePicture, before_);
+    if (!beforeSource_.SharesPixelsWith(beforePicture) || beforeShown_.Width() != bw ||
+        beforeShown_.Height() != bh) {
+      beforeSource_ = beforePicture;
+      beforeShown_ =
+          SharedPictureEffects::Scale(beforePicture, bw, bh, SharedPictureEffects::kScaleExactly);
+    }
+    show(beforeShown_, before_);
   }
 }
 

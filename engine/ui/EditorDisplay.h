@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "engine/EditorInterfaces.h"
+#include "platform/pictures/Picture.h"
 
 namespace brivolant {
 
@@ -74,6 +75,9 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   QImage buffer_;
   QImage backdrop_;
   QRect before_;
+  // The picture before the effects at the size at which it is shown.
+  Picture beforeSource_;
+  Picture beforeShown_;
 };
 
 /// The name that a key has for effect modules: its text, or "Left", "Return", "Escape" and the

@@ -20,7 +20,7 @@
 #include "app/SaveAsCopy.h"
 #include "app/SingleInstance.h"
 #include "app/ToolButtons.h"
-#include "app/Translations.h"
+#include "app/core/Translations.h"
 #include "effects/EffectRegistry.h"
 #include "kit/AnimationCore.h"
 #include "kit/Appearance.h"
@@ -54,7 +54,9 @@ TEST(Settings, OfTheUserAreSavedByClosingTheWindow) {
   program.Start();
   EXPECT_EQ(program.app->usersFullName, "Ada Lens");
   EXPECT_EQ(program.app->ContactLink(), "https://ada.example");
-  EXPECT_EQ(program.app->Copyright(), "\xC2\xA9" "2026 Ada");
+  EXPECT_EQ(program.app->Copyright(),
+            "\xC2\xA9"
+            "2026 Ada");
   EXPECT_EQ(program.app->usersEmailApp, "Eudora");
   EXPECT_EQ(program.app->UpdateCheckPeriod(), 2);
   EXPECT_TRUE(Appearance::IsDark());
@@ -149,11 +151,11 @@ TEST(Menus, AboutSaysNameAndVersion) {
 TEST(Toolbar, EveryButtonHasItsOwnDrawing) {
   Program program;
   std::set<QByteArray> drawings;
-  for (const auto* item : {&ToolButtons::Browser(), &ToolButtons::Editor(), &ToolButtons::Open(),
-                           &ToolButtons::Save(), &ToolButtons::SaveCopy(), &ToolButtons::Copy(),
-                           &ToolButtons::Rewind(), &ToolButtons::Crop(), &ToolButtons::Rotate(),
-                           &ToolButtons::Undo(), &ToolButtons::BeforeAfter(),
-                           &ToolButtons::Quillmere()}) {
+  for (const auto* item :
+       {&ToolButtons::Browser(), &ToolButtons::Editor(), &ToolButtons::Open(), &ToolButtons::Save(),
+        &ToolButtons::SaveCopy(), &ToolButtons::Copy(), &ToolButtons::Rewind(),
+        &ToolButtons::Crop(), &ToolButtons::Rotate(), &ToolButtons::Undo(),
+        &ToolButtons::BeforeAfter(), &ToolButtons::Quillmere()}) {
     const QIcon icon = SvgIcon(QString::fromLatin1(item->Icon));
     ASSERT_FALSE(icon.isNull()) << item->Icon;
     // Twice the density gives twice the pixels, not an enlarged picture.
@@ -227,9 +229,9 @@ TEST(Copies, AreCancelledBetweenTwoEffects) {
 std::map<std::string, std::string> TextsOfTheSources() {
   std::map<std::string, std::string> texts;
   const std::regex text(
-      "\"([A-Za-z0-9]+\\.[A-Za-z][A-Za-z0-9]*)\",\\s*((?:\"(?:[^\"\\\\]|\\\\.)*\"\\s*)+)");
-  for (const char* folder : {"platform", "engine", "files", "metadata", "formats", "effects", "kit",
-                             "support", "app", "cli"}) {
+      "\"([A-Za-z0-9]+\\.(?:[kK]|[A-Z])[A-Za-z0-9]*)\",\\s*((?:\"(?:[^\"\\\\]|\\\\.)*\"\\s*)+)");
+  for (const char* folder :
+       {"platform", "engine", "files", "metadata", "formats", "effects", "kit", "support", "app"}) {
     const std::filesystem::path root = std::filesystem::path(BRIVOLANT_SOURCE) / folder;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
       const std::string extension = entry.path().extension();
@@ -253,7 +255,9 @@ TEST(Languages, GermanTranslatesEveryTextOfTheProgram) {
   EXPECT_FALSE(LoadTranslations(folder, "xx"));
   ASSERT_TRUE(LoadTranslations(folder, "de_AT"));
   EXPECT_EQ(LanguageTools::UsersLangeuageID(), 3);
-  EXPECT_EQ(Menus::kFileOpen.Text(), "&\xC3\x96" "ffnen...");
+  EXPECT_EQ(Menus::kFileOpen.Text(),
+            "&\xC3\x96"
+            "ffnen...");
   const std::regex placeholder("<[A-Za-z]+>");
   const auto texts = TextsOfTheSources();
   EXPECT_GT(texts.size(), 250U);

@@ -83,8 +83,8 @@ TEST_F(CropTest, ProportionsConstrainTheHeight) {
     EXPECT_LE(Crop().CropOffset.Right + size.Right, 1.0001);
   }
   // The smallest width still gives a lower height.
-  Drag(Crop().CropOffset.Left + Crop().CropSize.Left, Crop().CropOffset.Right + Crop().CropSize.Right,
-       0.12, 0.12);
+  Drag(Crop().CropOffset.Left + Crop().CropSize.Left,
+       Crop().CropOffset.Right + Crop().CropSize.Right, 0.12, 0.12);
   EXPECT_NEAR(Crop().CropSize.Left, 0.2, 0.001);
   EXPECT_NEAR(Crop().CropSize.Right, 0.2 * 4 / 3 * 9 / 16, 0.001);
 }

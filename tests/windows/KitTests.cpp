@@ -129,8 +129,14 @@ TEST(Window, AnchorsSayWhatStays) {
     int left;
     int top;
   };
-  for (const Case& c : {Case{0, 300, 200}, {1, 260, 200}, {2, 300, 180}, {3, 260, 180},
-                        {4, 280, 200}, {5, 300, 190}, {6, 280, 180}, {7, 260, 190},
+  for (const Case& c : {Case{0, 300, 200},
+                        {1, 260, 200},
+                        {2, 300, 180},
+                        {3, 260, 180},
+                        {4, 280, 200},
+                        {5, 300, 190},
+                        {6, 280, 180},
+                        {7, 260, 190},
                         {8, 280, 190}}) {
     EXPECT_EQ(window.ResizedFrame(140, 100, c.anchor), (AnimationRect{c.left, c.top, 140, 100}))
         << c.anchor;

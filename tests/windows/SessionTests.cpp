@@ -5,9 +5,9 @@
 #include <QComboBox>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTimer>
-#include <QMouseEvent>
 #include <QToolBar>
 #include <fstream>
 
@@ -357,9 +357,9 @@ TEST(Closing, TheRealDialogAnswersByItsButtons) {
   Program program;
   WidgetDialogs dialogs;
   dialogs.Window(&program.Window());
-  for (const auto& [label, answer] :
-       {std::pair{"Save", Answer::kAction}, {"Cancel", Answer::kCancel},
-        {"Don't Save", Answer::kAlternate}}) {
+  for (const auto& [label, answer] : {std::pair{"Save", Answer::kAction},
+                                      {"Cancel", Answer::kCancel},
+                                      {"Don't Save", Answer::kAlternate}}) {
     QTimer::singleShot(0, [label = QString::fromLatin1(label)] {
       auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
       ASSERT_NE(box, nullptr);

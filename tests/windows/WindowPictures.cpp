@@ -33,8 +33,8 @@ QImage Take(QWidget& window, const QString& name) {
 /// A photo that is worth looking at: the sample of the project.
 FolderItem Sample(Program& program) {
   const FolderItem file = program.home.Child("sample.jpg");
-  const std::string command = std::string(BRIVOLANT_SAMPLE) + " '" + file.ShellPath() +
-                              "' 1500 1000 >/dev/null";
+  const std::string command =
+      std::string(BRIVOLANT_SAMPLE) + " '" + file.ShellPath() + "' 1500 1000 >/dev/null";
   EXPECT_EQ(std::system(command.c_str()), 0);  // NOLINT: a tool of this build
   return file;
 }

@@ -129,9 +129,10 @@ void Exchange(ConstPixels source, Pixels target, const Turn& turn) {
 
 /// A source position for each target pixel.
 struct Mapping {
-  Mapping(int sourceWidth, int sourceHeight, int targetWidth, int targetHeight, double degrees)
-      : cosine(std::cos(degrees * std::numbers::pi / 180)),
-        sine(std::sin(degrees * std::numbers::pi / 180)),
+  Mapping(int sourceWidth, int sourceHeight, int targetWidth, int targetHeight, double degrees,
+          double zoom)
+      : cosine(std::cos(degrees * std::numbers::pi / 180) / zoom),
+        sine(std::sin(degrees * std::numbers::pi / 180) / zoom),
         sourceX(sourceWidth / 2.0),
         sourceY(sourceHeight / 2.0),
         targetX(targetWidth / 2.0),
@@ -152,36 +153,40 @@ struct Mapping {
   }
 };
 
-/// Interpolates `channels` bytes between the four neighbours of each position; neighbours outside
-/// the source are `outside`.
+/// Interpolates between the four neighbours of each position, kChannels bytes each; neighbours
+/// outside the source are `outside`.
+template <int kChannels>
 void RotateBytes(const std::uint8_t* source, std::size_t stride, int width, int height,
-                 int channels, std::uint8_t* target, std::size_t targetStride, int targetWidth,
-                 int targetHeight, double degrees, const std::uint8_t* outside) {
-  const Mapping map(width, height, targetWidth, targetHeight, degrees);
+                 std::uint8_t* target, std::size_t targetStride, int targetWidth, int targetHeight,
+                 const Mapping& map, const std::uint8_t* outside) {
   const auto pixel = [&](int x, int y) {
     return x < 0 || y < 0 || x >= width || y >= height
                ? outside
-               : source + stride * static_cast<std::size_t>(y) + std::ptrdiff_t{channels} * x;
+               : source + stride * static_cast<std::size_t>(y) + std::ptrdiff_t{kChannels} * x;
   };
   ParallelRows(targetHeight, 16, [&](int from, int to) {
     for (int y = from; y < to; ++y) {
       std::uint8_t* out = target + targetStride * static_cast<std::size_t>(y);
-      for (int x = 0; x < targetWidth; ++x, out += channels) {
+      for (int x = 0; x < targetWidth; ++x, out += kChannels) {
         const double sx = map.X(x, y);
         const double sy = map.Y(x, y);
         if (sx <= -1 || sy <= -1 || sx >= width || sy >= height) {
-          std::memcpy(out, outside, static_cast<std::size_t>(channels));
+          std::memcpy(out, outside, kChannels);
           continue;
         }
-        const int x0 = static_cast<int>(std::floor(sx));
-        const int y0 = static_cast<int>(std::floor(sy));
+        // Shifted, so that truncation rounds down also left of the source.
+        const int x0 = static_cast<int>(sx + 1) - 1;
+        const int y0 = static_cast<int>(sy + 1) - 1;
         const int wx = static_cast<int>((sx - x0) * 256);
         const int wy = static_cast<int>((sy - y0) * 256);
-        const std::uint8_t* a = pixel(x0, y0);
-        const std::uint8_t* b = pixel(x0 + 1, y0);
-        const std::uint8_t* c = pixel(x0, y0 + 1);
-        const std::uint8_t* d = pixel(x0 + 1, y0 + 1);
-        for (int k = 0; k < channels; ++k) {
+        const bool inside = x0 >= 0 && y0 >= 0 && x0 + 1 < width && y0 + 1 < height;
+        const std::uint8_t* a =
+            inside ? source + stride * static_cast<std::size_t>(y0) + std::ptrdiff_t{kChannels} * x0
+                   : pixel(x0, y0);
+        const std::uint8_t* b = inside ? a + kChannels : pixel(x0 + 1, y0);
+        const std::uint8_t* c = inside ? a + stride : pixel(x0, y0 + 1);
+        const std::uint8_t* d = inside ? c + kChannels : pixel(x0 + 1, y0 + 1);
+        for (int k = 0; k < kChannels; ++k) {
           const int top = a[k] * (256 - wx) + b[k] * wx;
           const int bottom = c[k] * (256 - wx) + d[k] * wx;
           out[k] = static_cast<std::uint8_t>((top * (256 - wy) + bottom * wy + 32768) >> 16);
@@ -240,17 +245,21 @@ void Mirror(Pixels pixels, bool alongX, bool alongY) {
   }
 }
 
-void RotateAnyAngle(ConstPixels source, Pixels target, double degrees, std::uint32_t back) {
+void RotateAnyAngle(ConstPixels source, Pixels target, double degrees, std::uint32_t back,
+                    double zoom) {
   const std::uint8_t outside[4] = {static_cast<std::uint8_t>(back),
                                    static_cast<std::uint8_t>(back >> 8),
                                    static_cast<std::uint8_t>(back >> 16), 255};
-  RotateBytes(source.data, source.stride, source.width, source.height, 4, target.data,
-              target.stride, target.width, target.height, degrees, outside);
+  RotateBytes<4>(source.data, source.stride, source.width, source.height, target.data,
+                 target.stride, target.width, target.height,
+                 {source.width, source.height, target.width, target.height, degrees, zoom},
+                 outside);
 }
 
 void RotateAnyAngle(ConstGrey source, Grey target, double degrees, std::uint8_t outside) {
-  RotateBytes(source.data, source.stride, source.width, source.height, 1, target.data,
-              target.stride, target.width, target.height, degrees, &outside);
+  RotateBytes<1>(source.data, source.stride, source.width, source.height, target.data,
+                 target.stride, target.width, target.height,
+                 {source.width, source.height, target.width, target.height, degrees, 1}, &outside);
 }
 
 }  // namespace brivolant::kernels

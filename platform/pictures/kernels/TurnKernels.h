@@ -22,8 +22,10 @@ void TurnPlane(ConstGrey source, Grey target, const Turn& turn);
 void Mirror(Pixels pixels, bool alongX, bool alongY);
 
 /// The source turned clockwise about its centre by `degrees`, drawn in the middle of the target
-/// with bilinear interpolation. Outside the source lies `back` (0xRRGGBB); a plane takes `outside`.
-void RotateAnyAngle(ConstPixels source, Pixels target, double degrees, std::uint32_t back);
+/// with bilinear interpolation and enlarged by `zoom`, 1 or more. Outside the source lies `back`
+/// (0xRRGGBB); a plane takes `outside`.
+void RotateAnyAngle(ConstPixels source, Pixels target, double degrees, std::uint32_t back,
+                    double zoom = 1);
 void RotateAnyAngle(ConstGrey source, Grey target, double degrees, std::uint8_t outside);
 
 }  // namespace brivolant::kernels

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "app/Translations.h"
+#include "app/core/Translations.h"
 
 #include <QCoreApplication>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
 
-#include "kit/InterfaceKitSupport.h"
 #include "platform/values/Text.h"
 
 namespace brivolant {
@@ -20,15 +19,23 @@ std::string Lookup(const char* key) {
 
 }  // namespace
 
+std::string UserLanguage() {
+  for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    const QString value = qEnvironmentVariable(variable);
+    if (!value.isEmpty()) return value.section(QLatin1Char('.'), 0, 0).toStdString();
+  }
+  return "en";
+}
+
 bool LoadTranslations(const FolderItem& folder, const std::string& language) {
   static QTranslator own;
   static QTranslator toolkit;
-  const QLocale locale(ToQString(language));
+  const QLocale locale(QString::fromStdString(language));
   QCoreApplication::removeTranslator(&own);
   QCoreApplication::removeTranslator(&toolkit);
   InstallTranslations(nullptr);
   if (!own.load(locale, QStringLiteral("brivolant"), QStringLiteral("_"),
-                ToQString(folder.ShellPath()))) {
+                QString::fromStdString(folder.ShellPath()))) {
     return false;
   }
   QCoreApplication::installTranslator(&own);

@@ -7,6 +7,8 @@
 
 namespace brivolant {
 
+/// The language of messages, by the usual environment variables in their order.
+std::string UserLanguage();
 /// Loads the texts of a language, such as "de" or "de_AT", from a folder of compiled translations.
 /// False if there are none: the texts then are English. Call it before any text is shown.
 bool LoadTranslations(const FolderItem& folder, const std::string& language);

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+// What a person feels in the editor: from an event to pixels on the widget's buffer, at a preview
+// of 1600 pixels on a window of that size.
+#include <QApplication>
+#include <QMouseEvent>
+#include <QTimer>
+#include <cstdio>
+
+#include "Peers.h"
+#include "app/App.h"
+#include "app/MainWindow.h"
+#include "engine/ui/EditorDisplay.h"
+#include "engine/ui/EffectStackEditor.h"
+#include "formats/BrivolantDocument.h"
+
+namespace brivolant::bench {
+namespace {
+
+constexpr QSize kWindow{1871, 1330};
+constexpr int kSteps = 120;
+
+struct Editor {
+  explicit Editor(App& app) : window(*app.Window()), panel(*window.AdvancedPanel) {}
+
+  int Row(const std::string& name) {
+    for (int i = 0; i <= window.myProcessor->Count(); ++i) {
+      if (window.myProcessor->item(i)->Name() == name) return i;
+    }
+    return -1;
+  }
+
+  void Send(QEvent::Type type, const QPoint& at) {
+    const bool move = type == QEvent::MouseMove;
+    QMouseEvent event(type, at, panel.mapToGlobal(at), move ? Qt::NoButton : Qt::LeftButton,
+                      type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, {});
+    QApplication::sendEvent(&panel, &event);
+    // The render, and the paint of what it showed.
+    QApplication::processEvents();
+  }
+
+  /// One step of a slider by the mouse.
+  double SliderStep(const std::string& name, int control) {
+    panel.SelectRow(Row(name));
+    QApplication::processEvents();
+    // Nothing of the effect stands at a value that would save it work.
+    effectModule& module = *window.myProcessor->SelectedEffect();
+    constexpr int kBusy = 60;
+    for (int i = 0; i < module.ControlCount(); ++i) {
+      if (module.Control(i).Type == kControlSlider) module.ControlValue(i, kBusy);
+    }
+    window.myProcessor->UpdatePreview(false);
+    const QRect rect = panel.ControlRect(control);
+    const auto at = [&](int step) {
+      return QPoint(rect.left() + 20 + step % 100, rect.top() + 10);
+    };
+    Send(QEvent::MouseButtonPress, at(0));
+    const double time = Percentile95(
+        [&](int i) { Send(QEvent::MouseMove, at(i % 2 == 0 ? 90 - i % 40 : i % 40)); }, kSteps);
+    Send(QEvent::MouseButtonRelease, at(0));
+    window.MenuAction("EditClearStyle");
+    return time;
+  }
+
+  MainWindow& window;
+  EffectStackEditor& panel;
+};
+
+void Rows(App& app, const std::string& photo, const std::string& program) {
+  Editor editor(app);
+  MainWindow& window = editor.window;
+  window.OpenImage(FolderItem(photo), {});
+  const auto start = std::chrono::steady_clock::now();
+  while (std::chrono::steady_clock::now() - start < std::chrono::seconds(1)) {
+    QApplication::processEvents();
+  }
+  const QSize preview(window.Document()->PreviewAfter.Width(),
+                      window.Document()->PreviewAfter.Height());
+  std::printf("preview of %d x %d pixels\n", preview.width(), preview.height());
+  Heading();
+  struct Module {
+    const char* name;
+    int control;
+    double allowed;
+  };
+  for (const Module& module : {Module{"Brightness & Contrast", 0, 16},
+                               {"Color Balance", 0, 16},
+                               {"White Balance", 0, 16},
+                               {"Digital Flash", 0, 16},
+                               {"Exposure", 0, 16},
+                               {"Levels", 1, 16},
+                               {"Channel Contrast", 0, 16},
+                               {"Hue & Saturation", 1, 33},
+                               {"Shadow & Highlight", 0, 33},
+                               {"Straighten", 0, 33}}) {
+    Row(std::string("slider step of ") + module.name + ", 95%",
+        editor.SliderStep(module.name, module.control),
+        std::to_string(static_cast<int>(module.allowed)) + " ms", module.allowed, 1);
+  }
+  Row("before and after toggled, 95%",
+      Percentile95(
+          [&](int) {
+            window.MenuAction("ViewBeforeAfter");
+            QApplication::processEvents();
+          },
+          40),
+      "16 ms", 16, 1);
+  editor.panel.SelectRow(editor.Row("Exposure"));
+  for (int i = 0; i < 40; ++i) {
+    const QRect rect = editor.panel.ControlRect(0);
+    const QPoint at(rect.left() + 20 + i, rect.top() + 10);
+    editor.Send(QEvent::MouseButtonPress, at);
+    editor.Send(QEvent::MouseButtonRelease, at);
+  }
+  Row("undo of a slider, 95%",
+      Percentile95(
+          [&](int) {
+            window.MenuAction("EditUndo");
+            QApplication::processEvents();
+          },
+          40),
+      "33 ms", 33, 1);
+  const auto turn = [&](int) {
+    window.MenuAction("RotateAndFlipRotate90");
+    QApplication::processEvents();
+  };
+  Row("rotate by 90, 95%", Percentile95(turn, 20), "33 ms", 33, 0);
+
+  constexpr double kMega = 1024 * 1024;
+  double opening = 1e9;
+  for (int i = 0; i < 7; ++i) {
+    opening = std::min(opening, NumberTold({program, "--measure-start", photo}, "open_ms"));
+  }
+  const auto t = Fastest({[&] {
+                            RunProgram({"djpeg", "-outfile", "/dev/null", photo});
+                          },
+                          [&] {
+                            RunProgram({program, "--measure-start"});
+                          }},
+                         7);
+  Row("opening 24 megapixels to its first preview", opening, "djpeg to /dev/null", t[0], 2);
+  Row("start to first paint, and the end", t[1], "400 ms", 400, 1);
+  Row("peak memory with 24 megapixels open (MiB)",
+      PeakTold({program, "--measure-start", photo}) / kMega, "350 MB", 350e6 / kMega, 1);
+}
+
+}  // namespace
+}  // namespace brivolant::bench
+
+int main(int argc, char** argv) {
+  using namespace brivolant;
+  if (argc != 3) {
+    std::fprintf(stderr, "usage: window-table PHOTO.jpg BRIVOLANT\n");
+    return 2;
+  }
+  QApplication application(argc, argv);
+  App app(application);
+  if (!app.Open(false)) return 1;
+  app.Window()->resize(bench::kWindow);
+  QTimer::singleShot(0, [&] {
+    bench::Rows(app, argv[1], argv[2]);
+    QApplication::quit();
+  });
+  const int code = QApplication::exec();
+  app.Close();
+  return code;
+}

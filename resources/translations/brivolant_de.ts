@@ -1,0 +1,1316 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<!-- SPDX-License-Identifier: MIT -->
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="AboutBox.kDescription">
+        <source>Improves, keeps and prints your photos. Every edit can be taken back.</source>
+        <translation>Verbessert, bewahrt und druckt Ihre Fotos. Jede Änderung lässt sich zurücknehmen.</translation>
+    </message>
+    <message id="AboutBox.kLicense">
+        <source>Free software, MIT license.</source>
+        <translation>Freie Software, MIT-Lizenz.</translation>
+    </message>
+    <message id="AboutBox.kProgressLoading">
+        <source>Loading &lt;ApplicationName&gt;.</source>
+        <translation>&lt;ApplicationName&gt; wird geladen.</translation>
+    </message>
+    <message id="AboutBox.kVersion">
+        <source>version</source>
+        <translation>Version</translation>
+    </message>
+    <message id="App.kCannotOpen">
+        <source>Brivolant Photos cannot open the file "&lt;filename&gt;" as it can no longer be found.</source>
+        <translation>Brivolant Photos kann die Datei „&lt;filename&gt;“ nicht öffnen, weil sie nicht mehr zu finden ist.</translation>
+    </message>
+    <message id="App.kGiveUp">
+        <source>Give Up</source>
+        <translation>Aufgeben</translation>
+    </message>
+    <message id="App.kRecover">
+        <source>Bring Back</source>
+        <translation>Zurückholen</translation>
+    </message>
+    <message id="App.kRecoverExplanation">
+        <source>Do you want to bring them back?</source>
+        <translation>Möchten Sie sie zurückholen?</translation>
+    </message>
+    <message id="App.kRecoverMessage">
+        <source>The changes made to the photo "&lt;filename&gt;" were not saved when the program last ended.</source>
+        <translation>Die Änderungen am Foto „&lt;filename&gt;“ waren nicht gesichert, als das Programm zuletzt endete.</translation>
+    </message>
+    <message id="App.kUnableToLoad1Click">
+        <source>Sorry I was unable to open the 1-Click Style called "&lt;filename&gt;".</source>
+        <translation>Der 1-Klick-Stil „&lt;filename&gt;“ ließ sich leider nicht öffnen.</translation>
+    </message>
+    <message id="App.kUnableToLoadBorder">
+        <source>Sorry I was unable to open the Border "&lt;filename&gt;".</source>
+        <translation>Der Rahmen „&lt;filename&gt;“ ließ sich leider nicht öffnen.</translation>
+    </message>
+    <message id="App.kUnableToLoadLayout">
+        <source>Sorry I was unable to open the layout "&lt;filename&gt;".</source>
+        <translation>Das Layout „&lt;filename&gt;“ ließ sich leider nicht öffnen.</translation>
+    </message>
+    <message id="App.kUnhandled">
+        <source>Something went wrong, and the last action may not have been completed. Your photo is still open.</source>
+        <translation>Etwas ging schief, und die letzte Handlung ist vielleicht unvollständig. Ihr Foto ist weiterhin geöffnet.</translation>
+    </message>
+    <message id="BrivolantDocument.kMissingSettings">
+        <source>Missing the settings segment form the data file.</source>
+        <translation>Der Datei fehlt der Teil mit den Einstellungen.</translation>
+    </message>
+    <message id="BrivolantDocument.kNoOriginal">
+        <source>The document "&lt;filename&gt;" names no image.</source>
+        <translation>Das Dokument „&lt;filename&gt;“ nennt kein Bild.</translation>
+    </message>
+    <message id="BrivolantDocument.kNoSettingsFile">
+        <source>Unable to create settings file</source>
+        <translation>Die Datei mit den Einstellungen lässt sich nicht anlegen</translation>
+    </message>
+    <message id="BrivolantDocument.kNotCreated">
+        <source>Something went wrong and the file hasn't been created.</source>
+        <translation>Etwas ging schief, und die Datei wurde nicht angelegt.</translation>
+    </message>
+    <message id="BrivolantDocument.kUnreadableSettings">
+        <source>Unable to read the settings segment form the data file.</source>
+        <translation>Der Teil mit den Einstellungen lässt sich nicht lesen.</translation>
+    </message>
+    <message id="BrivolantDocument.kWrongTrailer">
+        <source>Brivolant Photos Data is screwed.</source>
+        <translation>Die Brivolant-Photos-Daten sind verdorben.</translation>
+    </message>
+    <message id="Captions.kCancel">
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message id="Captions.kDontSave">
+        <source>Don't Save</source>
+        <translation>Nicht sichern</translation>
+    </message>
+    <message id="Captions.kOK">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="Captions.kSave">
+        <source>Save</source>
+        <translation>Sichern</translation>
+    </message>
+    <message id="ColorPanel.kTitle">
+        <source>Colors</source>
+        <translation>Farben</translation>
+    </message>
+    <message id="CropEditor.kApply">
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
+    <message id="CropEditor.kCropAspectRatio16x9">
+        <source>16:9 Widescreen, High Definition or HD</source>
+        <translation>16:9 Breitbild, HD</translation>
+    </message>
+    <message id="CropEditor.kCropAspectRatio1x1">
+        <source>1:1 Square</source>
+        <translation>1:1 Quadrat</translation>
+    </message>
+    <message id="CropEditor.kCropAspectRatio3x2">
+        <source>3:2 Slightly wider Photos</source>
+        <translation>3:2 Etwas breitere Fotos</translation>
+    </message>
+    <message id="CropEditor.kCropAspectRatio4x3">
+        <source>4:3 Photo, Books, DVD, PipCard®</source>
+        <translation>4:3 Foto, Bücher, DVD, PipCard®</translation>
+    </message>
+    <message id="CropEditor.kCropAspectRatio8x10">
+        <source>8:10 Portrait Photo</source>
+        <translation>8:10 Porträtfoto</translation>
+    </message>
+    <message id="CropEditor.kCropAspectRatioFreeForm">
+        <source>Free form</source>
+        <translation>Freie Form</translation>
+    </message>
+    <message id="CropEditor.kCurrentRatio">
+        <source>Current Photo's Ratio &lt;ratio&gt;</source>
+        <translation>Seitenverhältnis des Fotos &lt;ratio&gt;</translation>
+    </message>
+    <message id="CropEditor.kWindowTitle">
+        <source>Cropping Tools</source>
+        <translation>Zuschneiden</translation>
+    </message>
+    <message id="CropModule.kCrop">
+        <source>Crop</source>
+        <translation>Zuschneiden</translation>
+    </message>
+    <message id="EffectModuleAutoContrast.kName">
+        <source>Auto Contrast</source>
+        <translation>Auto-Kontrast</translation>
+    </message>
+    <message id="EffectModuleAutoLevels.kName">
+        <source>Auto Levels</source>
+        <translation>Auto-Tonwerte</translation>
+    </message>
+    <message id="EffectModuleBackgroundScale.kName">
+        <source>Scale Layer</source>
+        <translation>Ebene skalieren</translation>
+    </message>
+    <message id="EffectModuleBarrelDistortion.kName">
+        <source>Barrel Distortion</source>
+        <translation>Tonnenverzerrung</translation>
+    </message>
+    <message id="EffectModuleBitDepth.kName">
+        <source>Bit Depth Simulation</source>
+        <translation>Farbtiefe</translation>
+    </message>
+    <message id="EffectModuleBorder.kName">
+        <source>Borders</source>
+        <translation>Rahmen</translation>
+    </message>
+    <message id="EffectModuleBrightnessContrast.kBrightness">
+        <source>Brightness:</source>
+        <translation>Helligkeit:</translation>
+    </message>
+    <message id="EffectModuleBrightnessContrast.kContrast">
+        <source>Contrast:</source>
+        <translation>Kontrast:</translation>
+    </message>
+    <message id="EffectModuleBrightnessContrast.kName">
+        <source>Brightness &amp; Contrast</source>
+        <translation>Helligkeit &amp; Kontrast</translation>
+    </message>
+    <message id="EffectModuleChannelContrast.kBlue">
+        <source>Blue:</source>
+        <translation>Blau:</translation>
+    </message>
+    <message id="EffectModuleChannelContrast.kGreen">
+        <source>Green:</source>
+        <translation>Grün:</translation>
+    </message>
+    <message id="EffectModuleChannelContrast.kName">
+        <source>Channel Contrast</source>
+        <translation>Kanalkontrast</translation>
+    </message>
+    <message id="EffectModuleChannelContrast.kRed">
+        <source>Red:</source>
+        <translation>Rot:</translation>
+    </message>
+    <message id="EffectModuleColorAdjuster.kBlue">
+        <source>Blue:</source>
+        <translation>Blau:</translation>
+    </message>
+    <message id="EffectModuleColorAdjuster.kGreen">
+        <source>Green:</source>
+        <translation>Grün:</translation>
+    </message>
+    <message id="EffectModuleColorAdjuster.kName">
+        <source>Color Balance</source>
+        <translation>Farbbalance</translation>
+    </message>
+    <message id="EffectModuleColorAdjuster.kPixel">
+        <source>Pixel:</source>
+        <translation>Pixel:</translation>
+    </message>
+    <message id="EffectModuleColorAdjuster.kRed">
+        <source>Red:</source>
+        <translation>Rot:</translation>
+    </message>
+    <message id="EffectModuleColorAdjuster.kSelect">
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message id="EffectModuleColorize.kName">
+        <source>Colorize</source>
+        <translation>Einfärben</translation>
+    </message>
+    <message id="EffectModuleConfetti.kName">
+        <source>Confetti</source>
+        <translation>Konfetti</translation>
+    </message>
+    <message id="EffectModuleDiffuse.kName">
+        <source>Diffuse</source>
+        <translation>Streuen</translation>
+    </message>
+    <message id="EffectModuleDigitalFlash.kName">
+        <source>Digital Flash</source>
+        <translation>Digitaler Blitz</translation>
+    </message>
+    <message id="EffectModuleDivider.kArtisticAdjustments">
+        <source>Artistic Adjustments</source>
+        <translation>Künstlerisches</translation>
+    </message>
+    <message id="EffectModuleDivider.kColorAdjustments">
+        <source>Color Adjustments</source>
+        <translation>Farbe</translation>
+    </message>
+    <message id="EffectModuleDivider.kFinishes">
+        <source>Finishing Touches</source>
+        <translation>Letzter Schliff</translation>
+    </message>
+    <message id="EffectModuleDivider.kFixes">
+        <source>Fixing Tools</source>
+        <translation>Korrekturen</translation>
+    </message>
+    <message id="EffectModuleDuoTone.kName">
+        <source>Duo Tone</source>
+        <translation>Duplex</translation>
+    </message>
+    <message id="EffectModuleExposure.kExposure">
+        <source>Exposure:</source>
+        <translation>Belichtung:</translation>
+    </message>
+    <message id="EffectModuleExposure.kName">
+        <source>Exposure</source>
+        <translation>Belichtung</translation>
+    </message>
+    <message id="EffectModuleFlip.kName">
+        <source>Flip</source>
+        <translation>Spiegeln</translation>
+    </message>
+    <message id="EffectModuleForegroundScale.kName">
+        <source>Scale Layer</source>
+        <translation>Ebene skalieren</translation>
+    </message>
+    <message id="EffectModuleGaussianBlur.kName">
+        <source>Blur</source>
+        <translation>Weichzeichnen</translation>
+    </message>
+    <message id="EffectModuleGloss.kName">
+        <source>Gloss</source>
+        <translation>Glanz</translation>
+    </message>
+    <message id="EffectModuleGreyScale.kName">
+        <source>Greyscale</source>
+        <translation>Graustufen</translation>
+    </message>
+    <message id="EffectModuleHueSaturation.kHue">
+        <source>Hue:</source>
+        <translation>Farbton:</translation>
+    </message>
+    <message id="EffectModuleHueSaturation.kName">
+        <source>Hue &amp; Saturation</source>
+        <translation>Farbton &amp; Sättigung</translation>
+    </message>
+    <message id="EffectModuleHueSaturation.kSaturation">
+        <source>Saturation:</source>
+        <translation>Sättigung:</translation>
+    </message>
+    <message id="EffectModuleInterlace.kName">
+        <source>Interlace</source>
+        <translation>Zeilensprung</translation>
+    </message>
+    <message id="EffectModuleInverse.kName">
+        <source>Inverse</source>
+        <translation>Negativ</translation>
+    </message>
+    <message id="EffectModuleLevels.kDark">
+        <source>Black:</source>
+        <translation>Schwarz:</translation>
+    </message>
+    <message id="EffectModuleLevels.kIn">
+        <source>In</source>
+        <translation>Eingang</translation>
+    </message>
+    <message id="EffectModuleLevels.kLight">
+        <source>White:</source>
+        <translation>Weiß:</translation>
+    </message>
+    <message id="EffectModuleLevels.kName">
+        <source>Levels</source>
+        <translation>Tonwerte</translation>
+    </message>
+    <message id="EffectModuleLevels.kOut">
+        <source>Out</source>
+        <translation>Ausgang</translation>
+    </message>
+    <message id="EffectModuleLineArt.kName">
+        <source>Line Art</source>
+        <translation>Strichzeichnung</translation>
+    </message>
+    <message id="EffectModuleMosaic.kName">
+        <source>Mosaic</source>
+        <translation>Mosaik</translation>
+    </message>
+    <message id="EffectModuleMotionBlur.kName">
+        <source>Motion Blur</source>
+        <translation>Bewegungsunschärfe</translation>
+    </message>
+    <message id="EffectModuleOilPainting.kName">
+        <source>Oil Painting</source>
+        <translation>Ölgemälde</translation>
+    </message>
+    <message id="EffectModuleOutline.kName">
+        <source>Matte</source>
+        <translation>Passepartout</translation>
+    </message>
+    <message id="EffectModuleOverBurn.kName">
+        <source>Over Burn</source>
+        <translation>Überbelichtung</translation>
+    </message>
+    <message id="EffectModuleOverlay.kName">
+        <source>Overlay</source>
+        <translation>Überlagerung</translation>
+    </message>
+    <message id="EffectModulePopArt.kName">
+        <source>Pop Art</source>
+        <translation>Pop-Art</translation>
+    </message>
+    <message id="EffectModulePosterize.kName">
+        <source>Posterize</source>
+        <translation>Tontrennung</translation>
+    </message>
+    <message id="EffectModuleReflection.kName">
+        <source>Reflection</source>
+        <translation>Spiegelung</translation>
+    </message>
+    <message id="EffectModuleSegment.kName">
+        <source>Segment</source>
+        <translation>Segmente</translation>
+    </message>
+    <message id="EffectModuleSepia.kName">
+        <source>Sepia</source>
+        <translation>Sepia</translation>
+    </message>
+    <message id="EffectModuleShadowsHighlight.kHighlight">
+        <source>Highlight:</source>
+        <translation>Lichter:</translation>
+    </message>
+    <message id="EffectModuleShadowsHighlight.kName">
+        <source>Shadow &amp; Highlight</source>
+        <translation>Tiefen &amp; Lichter</translation>
+    </message>
+    <message id="EffectModuleShadowsHighlight.kShadow">
+        <source>Shadow:</source>
+        <translation>Tiefen:</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kAngle">
+        <source>Angle:</source>
+        <translation>Winkel:</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kBlur">
+        <source>Blur:</source>
+        <translation>Weich:</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kColor">
+        <source>Color:</source>
+        <translation>Farbe:</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kDiameter">
+        <source>Diameter:</source>
+        <translation>Breite:</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kDropShadow">
+        <source>Drop Shadow:</source>
+        <translation>Schatten:</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kEffect">
+        <source>Effect:</source>
+        <translation>Effekt:</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kMaxSize">
+        <source>Max Size:</source>
+        <translation>Höchstgröße:</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kNone">
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kOpacity">
+        <source>Opacity:</source>
+        <translation>Deckkraft:</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kQuantity">
+        <source>Quantity:</source>
+        <translation>Anzahl:</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kRadius">
+        <source>Radius:</source>
+        <translation>Radius:</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kRandom">
+        <source>Random</source>
+        <translation>Zufällig</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kScale">
+        <source>Scale:</source>
+        <translation>Größe:</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kShape">
+        <source>Shape:</source>
+        <translation>Form:</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kShapeNameCircles">
+        <source>Oval</source>
+        <translation>Oval</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kShapeNameFlower">
+        <source>Flower</source>
+        <translation>Blume</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kShapeNameHeart">
+        <source>Heart</source>
+        <translation>Herz</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kShapeNameRoundedSquares">
+        <source>Rounded Square</source>
+        <translation>Abgerundetes Quadrat</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kShapeNameSquares">
+        <source>Square</source>
+        <translation>Quadrat</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kStrength">
+        <source>Strength:</source>
+        <translation>Stärke:</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kThreshold">
+        <source>Threshold:</source>
+        <translation>Schwelle:</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kType">
+        <source>Type:</source>
+        <translation>Art:</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kbackColor">
+        <source>Back Color:</source>
+        <translation>Hintergrund:</translation>
+    </message>
+    <message id="EffectModuleSharedConstants.kuseFocalPoint">
+        <source>Use a Focal Point</source>
+        <translation>Schärfepunkt verwenden</translation>
+    </message>
+    <message id="EffectModuleSharpen.kName">
+        <source>Sharpen</source>
+        <translation>Schärfen</translation>
+    </message>
+    <message id="EffectModuleStraighten.kAngle">
+        <source>Angle:</source>
+        <translation>Winkel:</translation>
+    </message>
+    <message id="EffectModuleStraighten.kName">
+        <source>Straighten</source>
+        <translation>Ausrichten</translation>
+    </message>
+    <message id="EffectModuleString.kName">
+        <source>Strings</source>
+        <translation>Fäden</translation>
+    </message>
+    <message id="EffectModuleTechnicolor.kName">
+        <source>2-Strip Technicolor Simulation</source>
+        <translation>Zweifarbenfilm</translation>
+    </message>
+    <message id="EffectModuleText.kName">
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message id="EffectModuleTexture.kName">
+        <source>Texture</source>
+        <translation>Struktur</translation>
+    </message>
+    <message id="EffectModuleVignette.kName">
+        <source>Vignette</source>
+        <translation>Vignette</translation>
+    </message>
+    <message id="EffectModuleWaterdrops.kName">
+        <source>Water Drops</source>
+        <translation>Wassertropfen</translation>
+    </message>
+    <message id="EffectModuleWave.kName">
+        <source>Wave</source>
+        <translation>Wellen</translation>
+    </message>
+    <message id="EffectModuleWhiteBalance.kName">
+        <source>White Balance</source>
+        <translation>Weißabgleich</translation>
+    </message>
+    <message id="EffectModuleWhiteBalance.kTemperature">
+        <source>Temperature:</source>
+        <translation>Temperatur:</translation>
+    </message>
+    <message id="EffectStackEditor.kLabel">
+        <source>Effects</source>
+        <translation>Effekte</translation>
+    </message>
+    <message id="EffectStackEditor.kReset">
+        <source>Reset</source>
+        <translation>Zurück</translation>
+    </message>
+    <message id="ExtendedPicture.kColorProfileNone">
+        <source>None</source>
+        <translation>Keines</translation>
+    </message>
+    <message id="FolderitemExtensions.kDateAtTime">
+        <source>&lt;date&gt; at &lt;time&gt;</source>
+        <translation>&lt;date&gt; um &lt;time&gt;</translation>
+    </message>
+    <message id="FolderitemExtensions.kDayOfWeekFriday">
+        <source>Friday</source>
+        <translation>Freitag</translation>
+    </message>
+    <message id="FolderitemExtensions.kDayOfWeekMonday">
+        <source>Monday</source>
+        <translation>Montag</translation>
+    </message>
+    <message id="FolderitemExtensions.kDayOfWeekSaturday">
+        <source>Saturday</source>
+        <translation>Samstag</translation>
+    </message>
+    <message id="FolderitemExtensions.kDayOfWeekSunday">
+        <source>Sunday</source>
+        <translation>Sonntag</translation>
+    </message>
+    <message id="FolderitemExtensions.kDayOfWeekThursday">
+        <source>Thursday</source>
+        <translation>Donnerstag</translation>
+    </message>
+    <message id="FolderitemExtensions.kDayOfWeekToday">
+        <source>Today</source>
+        <translation>Heute</translation>
+    </message>
+    <message id="FolderitemExtensions.kDayOfWeekTomorrow">
+        <source>Tomorrow</source>
+        <translation>Morgen</translation>
+    </message>
+    <message id="FolderitemExtensions.kDayOfWeekTuesday">
+        <source>Tuesday</source>
+        <translation>Dienstag</translation>
+    </message>
+    <message id="FolderitemExtensions.kDayOfWeekWednesday">
+        <source>Wednesday</source>
+        <translation>Mittwoch</translation>
+    </message>
+    <message id="FolderitemExtensions.kDayOfWeekYesterday">
+        <source>Yesterday</source>
+        <translation>Gestern</translation>
+    </message>
+    <message id="FolderitemExtensions.kErrorMessageCreatingFileFailed">
+        <source>The file "&lt;filename&gt;" cannot be saved as creating the file failed for an unknown reason. Please check permissions before trying again.</source>
+        <translation>Die Datei „&lt;filename&gt;“ kann nicht gesichert werden, weil sie sich aus unbekanntem Grund nicht anlegen ließ. Prüfen Sie die Zugriffsrechte und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message id="FolderitemExtensions.kErrorMessageFileContainsIncorrectData">
+        <source>The file "&lt;filename&gt;" doesn't appear to contain the correct &lt;filetype&gt; data.</source>
+        <translation>Die Datei „&lt;filename&gt;“ enthält offenbar keine gültigen Daten der Art „&lt;filetype&gt;“.</translation>
+    </message>
+    <message id="FolderitemExtensions.kErrorMessageOpeningforWriteFailed">
+        <source>The file "&lt;filename&gt;" cannot be saved because the file couldn't be opened to write the data. Check the permissions on the file before trying again.</source>
+        <translation>Die Datei „&lt;filename&gt;“ kann nicht gesichert werden, weil sie sich nicht zum Schreiben öffnen ließ. Prüfen Sie die Zugriffsrechte und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message id="FolderitemExtensions.kErrorMessageUnableToRead">
+        <source>Unable to open the file "&lt;filename&gt;" to read its contents. Check permissions on the file, and make sure that other programs are not using it.</source>
+        <translation>Die Datei „&lt;filename&gt;“ lässt sich nicht lesen. Prüfen Sie die Zugriffsrechte und ob ein anderes Programm sie gerade benutzt.</translation>
+    </message>
+    <message id="FolderitemExtensions.kFileErrorExplanationWithFolderitem">
+        <source>The file couldn't be used because &lt;reason&gt;.</source>
+        <translation>Der Grund: &lt;reason&gt;.</translation>
+    </message>
+    <message id="FolderitemExtensions.kFileErrorExplanationWithoutFolderitem">
+        <source>Please check that the file still exists and you have read and write access to the disk or folder that the file is located in.</source>
+        <translation>Prüfen Sie bitte, ob es die Datei noch gibt und ob Sie auf ihren Datenträger oder Ordner lesend und schreibend zugreifen dürfen.</translation>
+    </message>
+    <message id="FolderitemExtensions.kFileErrorOpenWithFolderItem">
+        <source>&lt;applicationName&gt; Was Unable To Open The File "&lt;filename&gt;".</source>
+        <translation>&lt;applicationName&gt; konnte die Datei „&lt;filename&gt;“ nicht öffnen.</translation>
+    </message>
+    <message id="FolderitemExtensions.kFileErrorOpenWithOutFolderitem">
+        <source>&lt;applicationName&gt; Was Unable To Open The File</source>
+        <translation>&lt;applicationName&gt; konnte die Datei nicht öffnen</translation>
+    </message>
+    <message id="FolderitemExtensions.kFileErrorParentisNIL">
+        <source>The folder or disk that this file was in or intended to be in no longer exists. Suggest either selecting another file or using a different location.</source>
+        <translation>Den Ordner oder Datenträger der Datei gibt es nicht mehr. Wählen Sie eine andere Datei oder einen anderen Ort.</translation>
+    </message>
+    <message id="FolderitemExtensions.kFileErrorReasonBrokenAlias">
+        <source>the file is a broken alias file. The original file that this alias points to cannot be found.</source>
+        <translation>Die Datei ist eine Verknüpfung, deren Ziel nicht zu finden ist.</translation>
+    </message>
+    <message id="FolderitemExtensions.kFileErrorReasonCannotRead">
+        <source>you do not have the correct permissions to read this file, please correct the permissions using the Finder and try again.</source>
+        <translation>Sie haben nicht das Recht, diese Datei zu lesen. Ändern Sie die Zugriffsrechte und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message id="FolderitemExtensions.kFileErrorReasonCannotWrite">
+        <source>the file is either locked, on a locked disk or you do not have permission to save into that particular folder or disk. Suggest choosing a different location to save the file.</source>
+        <translation>Die Datei oder ihr Datenträger ist geschützt, oder Sie dürfen in diesen Ordner nicht schreiben. Wählen Sie einen anderen Ort.</translation>
+    </message>
+    <message id="FolderitemExtensions.kFileErrorReasonFolderAlreadyExists">
+        <source>a folder with the same name already exists in that location, either delete that folder or choose a different name before trying again.</source>
+        <translation>An diesem Ort gibt es schon einen Ordner gleichen Namens. Löschen Sie ihn oder wählen Sie einen anderen Namen.</translation>
+    </message>
+    <message id="FolderitemExtensions.kFileErrorReasonIncorrectType">
+        <source>the file is not a &lt;filetype&gt; file. Please select a different file.</source>
+        <translation>Die Datei ist nicht von der Art „&lt;filetype&gt;“. Wählen Sie eine andere Datei.</translation>
+    </message>
+    <message id="FolderitemExtensions.kFileErrorReasonNotExists">
+        <source>the file no longer exists at this location, eiher it has been moved or deleted. Please either select the new file's location or choose a different file before trying again.</source>
+        <translation>Die Datei ist nicht mehr da, sie wurde verschoben oder gelöscht. Wählen Sie ihren neuen Ort oder eine andere Datei.</translation>
+    </message>
+    <message id="FolderitemExtensions.kFileErrorSaveWithFolderitem">
+        <source>&lt;applicationName&gt; Was Unable To Save The File "&lt;filename&gt;".</source>
+        <translation>&lt;applicationName&gt; konnte die Datei „&lt;filename&gt;“ nicht sichern.</translation>
+    </message>
+    <message id="FolderitemExtensions.kFileErrorSaveWithOutFolderItem">
+        <source>&lt;applicationName&gt; Was Unable To Open The File</source>
+        <translation>&lt;applicationName&gt; konnte die Datei nicht sichern</translation>
+    </message>
+    <message id="GlobalApplicationSpecificProperties.ApplicationName">
+        <source>Brivolant Photos</source>
+        <translation>Brivolant Photos</translation>
+    </message>
+    <message id="GlobalApplicationSpecificProperties.ApplicationPublisherName">
+        <source>Quillmere</source>
+        <translation>Quillmere</translation>
+    </message>
+    <message id="GlobalApplicationSpecificProperties.URLApplicationPublisher">
+        <source>https://www.quillmere.example/</source>
+        <translation>https://www.quillmere.example/</translation>
+    </message>
+    <message id="GlobalApplicationSpecificProperties.URLApplicationWebPage">
+        <source>https://www.quillmere.example/brivolantphotos/</source>
+        <translation>https://www.quillmere.example/brivolantphotos/</translation>
+    </message>
+    <message id="GlobalApplicationSpecificProperties.URLSupportEmailAddress">
+        <source>support@quillmere.example</source>
+        <translation>support@quillmere.example</translation>
+    </message>
+    <message id="GlobalApplicationSpecificProperties.URLSupportEmailProductID">
+        <source>brivolantPhotos</source>
+        <translation>brivolantPhotos</translation>
+    </message>
+    <message id="GlobalApplicationSpecificProperties.URLSupportEmailServerAddress">
+        <source>https://www.quillmere.example/report</source>
+        <translation>https://www.quillmere.example/report</translation>
+    </message>
+    <message id="ImageCodecs.kCannotWrite">
+        <source>The file "&lt;filename&gt;" cannot be saved: &lt;reason&gt;.</source>
+        <translation>Die Datei „&lt;filename&gt;“ kann nicht gesichert werden: &lt;reason&gt;.</translation>
+    </message>
+    <message id="ImageCodecs.kDamaged">
+        <source>The image "&lt;filename&gt;" is damaged or incomplete (&lt;reason&gt;).</source>
+        <translation>Das Bild „&lt;filename&gt;“ ist beschädigt oder unvollständig (&lt;reason&gt;).</translation>
+    </message>
+    <message id="ImageCodecs.kEncoderFailed">
+        <source>the disk may be full or cannot be written to</source>
+        <translation>der Datenträger ist vielleicht voll oder nicht beschreibbar</translation>
+    </message>
+    <message id="ImageCodecs.kMissing">
+        <source>The file "&lt;filename&gt;" does not exist.</source>
+        <translation>Die Datei „&lt;filename&gt;“ gibt es nicht.</translation>
+    </message>
+    <message id="ImageCodecs.kNoMemory">
+        <source>There is not enough memory to open the image "&lt;filename&gt;".</source>
+        <translation>Der Speicher reicht nicht, um das Bild „&lt;filename&gt;“ zu öffnen.</translation>
+    </message>
+    <message id="ImageCodecs.kTooLarge">
+        <source>The image "&lt;filename&gt;" is too large: it claims &lt;width&gt; x &lt;height&gt; pixels.</source>
+        <translation>Das Bild „&lt;filename&gt;“ ist zu groß: Es gibt &lt;width&gt; x &lt;height&gt; Pixel an.</translation>
+    </message>
+    <message id="ImageCodecs.kUnknownFormat">
+        <source>The file "&lt;filename&gt;" cannot be saved: its format cannot be written.</source>
+        <translation>Die Datei „&lt;filename&gt;“ kann nicht gesichert werden: Ihr Format lässt sich nicht schreiben.</translation>
+    </message>
+    <message id="ImageCodecs.kUnreadable">
+        <source>The file "&lt;filename&gt;" is not an image that can be read.</source>
+        <translation>Die Datei „&lt;filename&gt;“ ist kein lesbares Bild.</translation>
+    </message>
+    <message id="ImageFile.kNoFile">
+        <source>No File To Save To</source>
+        <translation>Keine Datei zum Sichern</translation>
+    </message>
+    <message id="ImageFile.kNoImages">
+        <source>No Images</source>
+        <translation>Keine Bilder</translation>
+    </message>
+    <message id="ImageIO.kDeadAlias">
+        <source>Dead Alias/Link: &lt;path&gt;</source>
+        <translation>Verknüpfung ohne Ziel: &lt;path&gt;</translation>
+    </message>
+    <message id="LanguageTools.UserLanguageID">
+        <source>0</source>
+        <translation>3</translation>
+    </message>
+    <message id="MainWindow.kAllFiles">
+        <source>All Files</source>
+        <translation>Alle Dateien</translation>
+    </message>
+    <message id="MainWindow.kAllPhotos">
+        <source>Photos and Documents</source>
+        <translation>Fotos und Dokumente</translation>
+    </message>
+    <message id="MainWindow.kAskToSaveExplaination">
+        <source>If you choose not to save the changes you have made to the photo, they will be lost.</source>
+        <translation>Wenn Sie die Änderungen am Foto nicht sichern, gehen sie verloren.</translation>
+    </message>
+    <message id="MainWindow.kAskToSaveMessage">
+        <source>Do you want to save the changes you made to the photo &lt;filename&gt;?</source>
+        <translation>Möchten Sie die Änderungen am Foto &lt;filename&gt; sichern?</translation>
+    </message>
+    <message id="MainWindow.kBackground">
+        <source>Bottom Layer</source>
+        <translation>Untere Ebene</translation>
+    </message>
+    <message id="MainWindow.kBlend">
+        <source>Blend:</source>
+        <translation>Modus:</translation>
+    </message>
+    <message id="MainWindow.kCannotReplace">
+        <source>The file "&lt;filename&gt;" cannot be replaced: it could not be moved to the trash.</source>
+        <translation>Die Datei „&lt;filename&gt;“ kann nicht ersetzt werden: Sie ließ sich nicht in den Papierkorb legen.</translation>
+    </message>
+    <message id="MainWindow.kDroppedPicture">
+        <source>New Image</source>
+        <translation>Neues Bild</translation>
+    </message>
+    <message id="MainWindow.kForeground">
+        <source>Top Layer</source>
+        <translation>Obere Ebene</translation>
+    </message>
+    <message id="MainWindow.kFullScreen">
+        <source>Picture Full Screen</source>
+        <translation>Bild im Vollbild</translation>
+    </message>
+    <message id="MainWindow.kImageInfo">
+        <source>&lt;width&gt; x &lt;height&gt; (&lt;megapixel&gt;, Ratio: &lt;ratio&gt;)</source>
+        <translation>&lt;width&gt; x &lt;height&gt; (&lt;megapixel&gt;, Verhältnis: &lt;ratio&gt;)</translation>
+    </message>
+    <message id="MainWindow.kNewFromClipboard">
+        <source>New Image from Clipboard</source>
+        <translation>Neues Bild aus der Zwischenablage</translation>
+    </message>
+    <message id="MainWindow.kNotSaved">
+        <source>The picture "&lt;filename&gt;" was not saved.</source>
+        <translation>Das Bild „&lt;filename&gt;“ wurde nicht gesichert.</translation>
+    </message>
+    <message id="MainWindow.kOpacity">
+        <source>Opacity:</source>
+        <translation>Deckkraft:</translation>
+    </message>
+    <message id="MainWindow.kOpenAnImage">
+        <source>&lt;Open an Image&gt;</source>
+        <translation>&lt;Öffnen Sie ein Bild&gt;</translation>
+    </message>
+    <message id="MainWindow.kOpenTitle">
+        <source>Open a Photo</source>
+        <translation>Foto öffnen</translation>
+    </message>
+    <message id="MainWindow.kOpeningImage">
+        <source>Opening Image &lt;filename&gt;...</source>
+        <translation>Bild &lt;filename&gt; wird geöffnet ...</translation>
+    </message>
+    <message id="MainWindow.kProgressGeneric">
+        <source>Processing Image...</source>
+        <translation>Bild wird berechnet ...</translation>
+    </message>
+    <message id="MainWindow.kSaveCopyTitle">
+        <source>Save the Finished Picture</source>
+        <translation>Fertiges Bild sichern</translation>
+    </message>
+    <message id="MainWindow.kSaveTitle">
+        <source>Save the Photo</source>
+        <translation>Foto sichern</translation>
+    </message>
+    <message id="MainWindow.kUndoBlending">
+        <source>Blending</source>
+        <translation>Überblenden</translation>
+    </message>
+    <message id="MainWindow.kUndoClearStyle">
+        <source>Clear Style</source>
+        <translation>Stil entfernen</translation>
+    </message>
+    <message id="MainWindow.kUndoCrop">
+        <source>Crop</source>
+        <translation>Zuschneiden</translation>
+    </message>
+    <message id="MainWindow.kUndoFlip">
+        <source>Flip</source>
+        <translation>Spiegeln</translation>
+    </message>
+    <message id="MainWindow.kUndoLastStyle">
+        <source>Last Style</source>
+        <translation>Letzter Stil</translation>
+    </message>
+    <message id="MainWindow.kUndoOrientation">
+        <source>Change Orientation</source>
+        <translation>Format wechseln</translation>
+    </message>
+    <message id="MainWindow.kUndoPasteStyle">
+        <source>Paste Style</source>
+        <translation>Stil einsetzen</translation>
+    </message>
+    <message id="MainWindow.kUndoRewind">
+        <source>Rewind</source>
+        <translation>Zurückspulen</translation>
+    </message>
+    <message id="MainWindow.kUndoRotate">
+        <source>Rotate</source>
+        <translation>Drehen</translation>
+    </message>
+    <message id="MainWindow.kUpdatingPreview">
+        <source>Updating Preview...</source>
+        <translation>Vorschau wird erneuert ...</translation>
+    </message>
+    <message id="Menus.EditMenu">
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message id="Menus.FileMenu">
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message id="Menus.HelpMenu">
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message id="Menus.KFileOpenRecent">
+        <source>Open Recent</source>
+        <translation>Zuletzt geöffnet</translation>
+    </message>
+    <message id="Menus.ViewMenu">
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message id="Menus.WindowMenu">
+        <source>Window</source>
+        <translation>&amp;Fenster</translation>
+    </message>
+    <message id="Menus.kEditChangeOrientation">
+        <source>Change Orientation</source>
+        <translation>Zwischen Hoch- und Querformat wechseln</translation>
+    </message>
+    <message id="Menus.kEditClearStyle">
+        <source>Clear Style</source>
+        <translation>Stil entfernen</translation>
+    </message>
+    <message id="Menus.kEditCopy">
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message id="Menus.kEditCopyStyle">
+        <source>Copy Style</source>
+        <translation>Stil kopieren</translation>
+    </message>
+    <message id="Menus.kEditCrop">
+        <source>Crop</source>
+        <translation>Zuschneiden</translation>
+    </message>
+    <message id="Menus.kEditPasteStyle">
+        <source>Paste Style</source>
+        <translation>Stil einsetzen</translation>
+    </message>
+    <message id="Menus.kEditPreferences">
+        <source>Preferences...</source>
+        <translation>Einstellungen...</translation>
+    </message>
+    <message id="Menus.kEditRedo">
+        <source>Red&amp;o</source>
+        <translation>&amp;Wiederholen:</translation>
+    </message>
+    <message id="Menus.kEditUndo">
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig:</translation>
+    </message>
+    <message id="Menus.kFileApplyLastStyle">
+        <source>Use Style From Last PIcture</source>
+        <translation>Stil des letzten Bildes verwenden</translation>
+    </message>
+    <message id="Menus.kFileClose">
+        <source>&amp;Close Window</source>
+        <translation>Fenster s&amp;chließen</translation>
+    </message>
+    <message id="Menus.kFileNewFromClipboard">
+        <source>New From Clipboard</source>
+        <translation>Neu aus der Zwischenablage</translation>
+    </message>
+    <message id="Menus.kFileOpen">
+        <source>&amp;Open...</source>
+        <translation>&amp;Öffnen...</translation>
+    </message>
+    <message id="Menus.kFileQuit">
+        <source>&amp;Quit</source>
+        <translation>B&amp;eenden</translation>
+    </message>
+    <message id="Menus.kFileRestoreToOriginal">
+        <source>&amp;Rewind To Original</source>
+        <translation>Zum O&amp;riginal zurückspulen</translation>
+    </message>
+    <message id="Menus.kFileRestoreToOriginalBalloonHelp">
+        <source>Takes back all changes and shows the photo as it was taken.</source>
+        <translation>Nimmt alle Änderungen zurück und zeigt das Foto, wie es aufgenommen wurde.</translation>
+    </message>
+    <message id="Menus.kFileSave">
+        <source>&amp;Save</source>
+        <translation>&amp;Sichern</translation>
+    </message>
+    <message id="Menus.kFileSaveCopyAs">
+        <source>Save As Copy...</source>
+        <translation>Kopie sichern unter...</translation>
+    </message>
+    <message id="Menus.kHelpAbout">
+        <source>About &lt;ApplicationName&gt;...</source>
+        <translation>Über &lt;ApplicationName&gt;...</translation>
+    </message>
+    <message id="Menus.kHelpWebPage">
+        <source>&lt;ApplicationName&gt; Web Page...</source>
+        <translation>Webseite von &lt;ApplicationName&gt;...</translation>
+    </message>
+    <message id="Menus.kOpenRecentClearRecentMenu">
+        <source>Clear Menu</source>
+        <translation>Menü leeren</translation>
+    </message>
+    <message id="Menus.kRotateAndFlipFlipHorizontally">
+        <source>Flip Horizontally</source>
+        <translation>Waagrecht spiegeln</translation>
+    </message>
+    <message id="Menus.kRotateAndFlipFlipVertically">
+        <source>Flip Vertically</source>
+        <translation>Senkrecht spiegeln</translation>
+    </message>
+    <message id="Menus.kRotateAndFlipRotate180">
+        <source>Rotate 180˙ Clockwise</source>
+        <translation>Um 180° im Uhrzeigersinn drehen</translation>
+    </message>
+    <message id="Menus.kRotateAndFlipRotate270">
+        <source>Rotate 270˙ Clockwise</source>
+        <translation>Um 270° im Uhrzeigersinn drehen</translation>
+    </message>
+    <message id="Menus.kRotateAndFlipRotate90">
+        <source>Rotate 90˙ Clockwise</source>
+        <translation>Um 90° im Uhrzeigersinn drehen</translation>
+    </message>
+    <message id="Menus.kViewAdvancedOptions">
+        <source>Advanced Options</source>
+        <translation>Erweiterte Optionen</translation>
+    </message>
+    <message id="Menus.kViewBeforeAndAfter">
+        <source>Before &amp;&amp; After</source>
+        <translation>Vorher &amp;&amp; nachher</translation>
+    </message>
+    <message id="Menus.kViewBrowseMyPhotos">
+        <source>Photo Browser</source>
+        <translation>Fotoübersicht</translation>
+    </message>
+    <message id="Menus.kViewCustomizeToolbar">
+        <source>Customize Toolbar</source>
+        <translation>Symbolleiste anpassen</translation>
+    </message>
+    <message id="Menus.kViewFullScreenPicture">
+        <source>Picture Full Screen</source>
+        <translation>Bild im Vollbild</translation>
+    </message>
+    <message id="Menus.kViewHideToolBar">
+        <source>Hide Toolbar</source>
+        <translation>Symbolleiste ausblenden</translation>
+    </message>
+    <message id="Menus.kViewHideToolBarHidden">
+        <source>Show Toolbar</source>
+        <translation>Symbolleiste einblenden</translation>
+    </message>
+    <message id="Menus.kViewIconOnly">
+        <source>Icon Only</source>
+        <translation>Nur Symbol</translation>
+    </message>
+    <message id="Menus.kViewIconText">
+        <source>Icon &amp;&amp; Text</source>
+        <translation>Symbol &amp;&amp; Text</translation>
+    </message>
+    <message id="Menus.kViewReturnToEditor">
+        <source>Photo Editor</source>
+        <translation>Fotoeditor</translation>
+    </message>
+    <message id="Menus.kViewShowColors">
+        <source>Show Colors</source>
+        <translation>Farben einblenden</translation>
+    </message>
+    <message id="Menus.kViewTextOnly">
+        <source>Text Only</source>
+        <translation>Nur Text</translation>
+    </message>
+    <message id="Menus.kViewUseSmallSize">
+        <source>Use Small Size</source>
+        <translation>Kleine Größe verwenden</translation>
+    </message>
+    <message id="Menus.kWindowBringAllToFront">
+        <source>Bring All To Front</source>
+        <translation>Alle nach vorne bringen</translation>
+    </message>
+    <message id="Menus.kWindowMinimize">
+        <source>Minimize</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message id="Menus.kWindowZoom">
+        <source>Zoom</source>
+        <translation>Zoomen</translation>
+    </message>
+    <message id="PictureExtensions.kBlendNameColor">
+        <source>Color</source>
+        <translation>Farbe</translation>
+    </message>
+    <message id="PictureExtensions.kBlendNameColorBurn">
+        <source>Color Burn</source>
+        <translation>Farbig nachbelichten</translation>
+    </message>
+    <message id="PictureExtensions.kBlendNameColorDodge">
+        <source>Color Dodge</source>
+        <translation>Farbig abwedeln</translation>
+    </message>
+    <message id="PictureExtensions.kBlendNameDarken">
+        <source>Darken</source>
+        <translation>Abdunkeln</translation>
+    </message>
+    <message id="PictureExtensions.kBlendNameDifference">
+        <source>Difference</source>
+        <translation>Differenz</translation>
+    </message>
+    <message id="PictureExtensions.kBlendNameExclusion">
+        <source>Exclusion</source>
+        <translation>Ausschluss</translation>
+    </message>
+    <message id="PictureExtensions.kBlendNameHue">
+        <source>Hue</source>
+        <translation>Farbton</translation>
+    </message>
+    <message id="PictureExtensions.kBlendNameLighten">
+        <source>Lighten</source>
+        <translation>Aufhellen</translation>
+    </message>
+    <message id="PictureExtensions.kBlendNameLuminosity">
+        <source>Luminosity</source>
+        <translation>Helligkeit</translation>
+    </message>
+    <message id="PictureExtensions.kBlendNameMultiply">
+        <source>Multiply</source>
+        <translation>Multiplizieren</translation>
+    </message>
+    <message id="PictureExtensions.kBlendNameNormal">
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message id="PictureExtensions.kBlendNameOverlay">
+        <source>Overlay</source>
+        <translation>Ineinanderkopieren</translation>
+    </message>
+    <message id="PictureExtensions.kBlendNameSaturation">
+        <source>Saturation</source>
+        <translation>Sättigung</translation>
+    </message>
+    <message id="PictureExtensions.kBlendNameScreen">
+        <source>Screen</source>
+        <translation>Negativ multiplizieren</translation>
+    </message>
+    <message id="PictureExtensions.kBlendNameSoftLight">
+        <source>Soft Light</source>
+        <translation>Weiches Licht</translation>
+    </message>
+    <message id="PictureExtensions.kBlendNamehardLight">
+        <source>Hard Light</source>
+        <translation>Hartes Licht</translation>
+    </message>
+    <message id="PreferencesWindow.kAppearance">
+        <source>Appearance:</source>
+        <translation>Erscheinungsbild:</translation>
+    </message>
+    <message id="PreferencesWindow.kCheckForUpdate">
+        <source>Check For Update:</source>
+        <translation>Nach Updates suchen:</translation>
+    </message>
+    <message id="PreferencesWindow.kContactLink">
+        <source>Contact Link:</source>
+        <translation>Kontaktadresse:</translation>
+    </message>
+    <message id="PreferencesWindow.kCopyRight">
+        <source>Copyright:</source>
+        <translation>Copyright:</translation>
+    </message>
+    <message id="PreferencesWindow.kCopyRightHelp">
+        <source>Puts © at the caret</source>
+        <translation>Setzt © an die Einfügemarke</translation>
+    </message>
+    <message id="PreferencesWindow.kDark">
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message id="PreferencesWindow.kFollowDesktop">
+        <source>As the desktop</source>
+        <translation>Wie die Arbeitsumgebung</translation>
+    </message>
+    <message id="PreferencesWindow.kFullName">
+        <source>Full Name:</source>
+        <translation>Voller Name:</translation>
+    </message>
+    <message id="PreferencesWindow.kLight">
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message id="PreferencesWindow.kPreferredEmailClient">
+        <source>e-mail application:</source>
+        <translation>E-Mail-Programm:</translation>
+    </message>
+    <message id="PreferencesWindow.kUpdateCheckDaily">
+        <source>Daily</source>
+        <translation>Täglich</translation>
+    </message>
+    <message id="PreferencesWindow.kUpdateCheckEveryLaunch">
+        <source>Every Launch</source>
+        <translation>Bei jedem Start</translation>
+    </message>
+    <message id="PreferencesWindow.kUpdateCheckMonthly">
+        <source>Monthly</source>
+        <translation>Monatlich</translation>
+    </message>
+    <message id="PreferencesWindow.kUpdateCheckNever">
+        <source>Never</source>
+        <translation>Nie</translation>
+    </message>
+    <message id="PreferencesWindow.kUpdateCheckWeekly">
+        <source>Weekly</source>
+        <translation>Wöchentlich</translation>
+    </message>
+    <message id="PreferencesWindow.kWindowTitle">
+        <source>Preferences</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message id="SaveAsCopy.kCannotReplace">
+        <source>The file "&lt;filename&gt;" cannot be replaced: it could not be moved to the trash.</source>
+        <translation>Die Datei „&lt;filename&gt;“ kann nicht ersetzt werden: Sie ließ sich nicht in den Papierkorb legen.</translation>
+    </message>
+    <message id="SaveAsCopy.kSaving">
+        <source>Saving "&lt;filename&gt;"...</source>
+        <translation>„&lt;filename&gt;“ wird gesichert ...</translation>
+    </message>
+    <message id="SharedPictureEffects.kMegaPixel">
+        <source>Megapixel</source>
+        <translation>Megapixel</translation>
+    </message>
+    <message id="SharedPictureEffects.kOr">
+        <source>or</source>
+        <translation>oder</translation>
+    </message>
+    <message id="ShowColorsMenuItem.kHideColors">
+        <source>Hide Colors</source>
+        <translation>Farben ausblenden</translation>
+    </message>
+    <message id="ShowColorsMenuItem.kShowColors">
+        <source>Show Colors</source>
+        <translation>Farben einblenden</translation>
+    </message>
+    <message id="ToolButtons.kBeforeAfter">
+        <source>Before</source>
+        <translation>Vorher</translation>
+    </message>
+    <message id="ToolButtons.kBeforeAfterHelp">
+        <source>Shows the photo beside itself before the changes.</source>
+        <translation>Zeigt das Foto neben sich selbst vor den Änderungen.</translation>
+    </message>
+    <message id="ToolButtons.kBrowser">
+        <source>Back To Browser</source>
+        <translation>Zur Übersicht</translation>
+    </message>
+    <message id="ToolButtons.kBrowserHelp">
+        <source>Return to browser to find images</source>
+        <translation>Zurück zur Übersicht, um Bilder zu suchen</translation>
+    </message>
+    <message id="ToolButtons.kCopy">
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message id="ToolButtons.kCopyHelp">
+        <source>Copies the image as it is to the clipboard for use with other applications.</source>
+        <translation>Kopiert das Bild, wie es ist, für andere Programme in die Zwischenablage.</translation>
+    </message>
+    <message id="ToolButtons.kCrop">
+        <source>Crop</source>
+        <translation>Zuschneiden</translation>
+    </message>
+    <message id="ToolButtons.kCropHelp">
+        <source>Trim the fat from the picture to focus in or change the aspect ratio.</source>
+        <translation>Überflüssiges abschneiden oder das Seitenverhältnis ändern.</translation>
+    </message>
+    <message id="ToolButtons.kEditor">
+        <source>Return To Editor</source>
+        <translation>Zum Editor</translation>
+    </message>
+    <message id="ToolButtons.kEditorHelp">
+        <source>Opens the selected images in the editor, where effects can be applied to the photo.</source>
+        <translation>Öffnet die ausgewählten Bilder im Editor, wo Effekte auf sie angewendet werden.</translation>
+    </message>
+    <message id="ToolButtons.kOpen">
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message id="ToolButtons.kOpenHelp">
+        <source>Choose a photo to edit.</source>
+        <translation>Ein Foto zum Bearbeiten auswählen.</translation>
+    </message>
+    <message id="ToolButtons.kRotate">
+        <source>Rotate</source>
+        <translation>Drehen</translation>
+    </message>
+    <message id="ToolButtons.kRotateHelp">
+        <source>Rotate or Flip the whole image</source>
+        <translation>Das ganze Bild drehen oder spiegeln</translation>
+    </message>
+    <message id="ToolButtons.kSave">
+        <source>Save</source>
+        <translation>Sichern</translation>
+    </message>
+    <message id="ToolButtons.kSaveCopy">
+        <source>Save Copy</source>
+        <translation>Kopie sichern</translation>
+    </message>
+    <message id="ToolButtons.kSaveCopyHelp">
+        <source>Writes the finished picture as an image file.</source>
+        <translation>Schreibt das fertige Bild als Bilddatei.</translation>
+    </message>
+    <message id="ToolButtons.kSaveHelp">
+        <source>Save the picture with the changes that have been made.</source>
+        <translation>Sichert das Bild mit den Änderungen.</translation>
+    </message>
+    <message id="ToolButtons.kUndoHelp">
+        <source>Undoes the last action you performed if available</source>
+        <translation>Nimmt die letzte Handlung zurück, wenn es eine gibt</translation>
+    </message>
+    <message id="VolumeItem.ErrorEjectFailedInUseExplaniation">
+        <source>Try closing unused documents and applications, especially documents that are saved on the device.</source>
+        <translation>Schließen Sie Dokumente und Programme, vor allem Dokumente, die auf dem Gerät liegen.</translation>
+    </message>
+    <message id="VolumeItem.ErrorEjectFailedInUseMessage">
+        <source>The device "&lt;deviceName&gt;" couldn't be ejected at the moment, because it is currently in use.</source>
+        <translation>Das Gerät „&lt;deviceName&gt;“ kann im Moment nicht ausgeworfen werden, weil es benutzt wird.</translation>
+    </message>
+    <message id="VolumeItem.kMediaFixedDisk">
+        <source>Hard Drive</source>
+        <translation>Festplatte</translation>
+    </message>
+    <message id="VolumeItem.kMediaRemote">
+        <source>Remote Volume</source>
+        <translation>Netzlaufwerk</translation>
+    </message>
+    <message id="WelcomePage.kDrop">
+        <source>or drop one here</source>
+        <translation>oder eines hierher ziehen</translation>
+    </message>
+    <message id="WelcomePage.kOpen">
+        <source>Open a Photo...</source>
+        <translation>Foto öffnen ...</translation>
+    </message>
+    <message id="WelcomePage.kRecent">
+        <source>Edited last</source>
+        <translation>Zuletzt bearbeitet</translation>
+    </message>
+    <message id="brivolantProcessorLite.kSameID">
+        <source>&lt;module&gt; has the same ID as &lt;other&gt;</source>
+        <translation>&lt;module&gt; hat dieselbe Kennung wie &lt;other&gt;</translation>
+    </message>
+    <message id="ifkSplitter.kOnlyControls">
+        <source>Sorry but currently the ifkSplitter only accepts RectControl</source>
+        <translation>Der Teiler nimmt zurzeit leider nur Steuerelemente an</translation>
+    </message>
+    <message id="ifkStaticText.kLinksTo">
+        <source>Links to "&lt;url&gt;"</source>
+        <translation>Führt zu „&lt;url&gt;“</translation>
+    </message>
+    <message id="otherSharedComponents.kDefaultPhotoDirectoryName">
+        <source>My Brivolant Photos</source>
+        <translation>Meine Brivolant-Fotos</translation>
+    </message>
+    <message id="otherSharedComponents.kMissingResources">
+        <source>&lt;applicationName&gt; is missing its resources and is unable to continue until it can access its resources. Clicking "OK" will take you to a web page where you can download and install a fresh copy of &lt;applicationName&gt;. If you still get this error then please contact &lt;publisherName&gt; using &lt;supportPage&gt;.</source>
+        <translation>&lt;applicationName&gt; findet seine Ressourcen nicht und kann ohne sie nicht weiterarbeiten. Ein Klick auf „OK“ führt zu einer Webseite, von der sich &lt;applicationName&gt; neu laden und installieren lässt. Bleibt der Fehler bestehen, wenden Sie sich bitte an &lt;publisherName&gt;: &lt;supportPage&gt;.</translation>
+    </message>
+</context>
+</TS>
