@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QTimer>
 #include <QUrl>
 
 #include "app/AboutBox.h"
@@ -110,6 +111,12 @@ void App::OpenDocument(const FolderItem& item) {
   using namespace InternalFileTypes;
   using FolderitemExtensions::isFileType;
   if (!MainWindowOpen) log_.Write("OpenDocument fired before open!");
+  if (window_ && window_->Busy()) {
+    // Its turn comes when the work on the present photo has ended.
+    constexpr int kLater = 100;
+    QTimer::singleShot(kLater, window_.get(), [this, item] { OpenDocument(item); });
+    return;
+  }
   const auto refuse = [&](const LocalizedText& text) {
     dialogs_->Message(WithPlaceholders(text.Text(), {{"<filename>", item.DisplayName()}}), {});
   };
@@ -172,10 +179,10 @@ bool App::OfferRecovery() {
       dialogs_->Ask({WithPlaceholders(kRecoverMessage.Text(), {{"<filename>", left->Name}}),
                      kRecoverExplanation.Text(),
                      kRecover.Text(),
-                     kGiveUp.Text(),
-                     {}});
-  // Given up or brought back: the next start asks no more.
-  const bool back = answer == Answer::kAction && window_->OpenRecovered(*left);
+                     {},
+                     kGiveUp.Text()});
+  // Only a clear answer gives edits up. Either way the next start asks no more.
+  const bool back = answer != Answer::kAlternate && window_->OpenRecovered(*left);
   if (!back) recovery_->Forget();
   return back;
 }

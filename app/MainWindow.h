@@ -203,7 +203,7 @@ class MainWindow final : public ifkWindow {
   void ApplyLastStyle();
   void NewFromClipboard();
   void BeginCrop();
-  void EndCrop(bool applied);
+  void EndCrop();
   void LockForCrop(bool locked);
   void UpdateCommands();
   void EnableEditorItems();

@@ -20,6 +20,7 @@
 #include "app/ToolButtons.h"
 #include "app/WelcomePage.h"
 #include "app/core/GlobalApplicationSpecificProperties.h"
+#include "effects/EffectRegistry.h"
 #include "effects/crop/CropModule.h"
 #include "engine/pictures/SharedPictureEffects.h"
 #include "engine/ui/EditorDisplay.h"
@@ -68,6 +69,8 @@ class ClickedColor final : public QObject {
         return true;
       case QEvent::KeyPress:
       case QEvent::ShortcutOverride:
+        // Nothing else happens until the click.
+        event->accept();
         if (static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Escape) loop_.quit();
         return true;
       default:
@@ -414,7 +417,7 @@ void MainWindow::Toggle(int BrivolantDocument::*field, int value, const char* ke
 void MainWindow::CropMethod() {
   if (!document_ || busy_) return;
   if (Cropping()) {
-    EndCrop(false);
+    EndCrop();
   } else {
     BeginCrop();
   }
@@ -447,8 +450,9 @@ void MainWindow::BeginCrop() {
   UpdateCommands();
 }
 
-void MainWindow::EndCrop(bool) {
+void MainWindow::EndCrop() {
   CropModule& crop = *crop_;
+  crop.Ended();
   // The toolbar's button gives up what was not applied.
   if (!document_->Crop) document_->Crop = cropBefore_.front().second.ToBool();
   myProcessor->SelectedEffect(crop.lem);
@@ -514,6 +518,7 @@ void MainWindow::FullScreenMethod() {
   app_.Progress().Show(kProgressGeneric.Text(), this);
   const QScreen* on = screen();
   const QSize pixels = on->size() * on->devicePixelRatio();
+  const std::string style = myProcessor->StyleData();
   Picture result;
   InBackground([&] {
     const Picture& original = document_->ImageOriginal();
@@ -526,11 +531,12 @@ void MainWindow::FullScreenMethod() {
     } else {
       source = document_->Image();
     }
-    result = myProcessor->Process(std::move(source));
+    // Its own stacks: those of the window may be drawn meanwhile.
+    brivolantProcessorLite processor(EffectRegistry(), app_.Services());
+    processor.Startup();
+    processor.StyleData(style);
+    result = processor.Process(std::move(source));
   });
-  // The caches now belong to another size.
-  myProcessor->ResetEffectCache();
-  myProcessor->rebuildCurrentPointCache();
   if (!quickLook_) quickLook_ = std::make_unique<QuickLookWindow>();
   quickLook_->ShowFullScreen(result, document_->Name);
   app_.Progress().hide();

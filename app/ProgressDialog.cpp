@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScreen>
+#include <QWindow>
 
 #include "kit/InterfaceKitSupport.h"
 
@@ -44,6 +45,9 @@ void ProgressDialog::Show(const std::string& text, const QRect& over) {
 
 void ProgressDialog::Show(const std::string& text, const QWidget* over) {
   if (over == nullptr) return Show(text, QGuiApplication::primaryScreen()->availableGeometry());
+  // Some windowing systems place such a window only beside another.
+  winId();
+  windowHandle()->setTransientParent(over->window()->windowHandle());
   Show(text, QRect(over->mapToGlobal(QPoint(0, 0)), over->size()));
 }
 

@@ -122,6 +122,8 @@ int Run(int argc, char** argv) {
   QCoreApplication::setApplicationName(QStringLiteral("brivolant-photos"));
   QGuiApplication::setDesktopFileName(QStringLiteral("brivolant-photos"));
   Application application(argc, argv);
+  QGuiApplication::setApplicationDisplayName(
+      QString::fromStdString(GlobalApplicationSpecificProperties::ApplicationName.Text()));
   SingleInstance instance;
   if (!arguments.measure && instance.HandOver(arguments.files)) return 0;
   (void)LoadTranslations(otherSharedComponents::ResourcesFolder().Child("translations"),

@@ -38,24 +38,62 @@ Pair CropModule::PhotoRatio() const {
   return SharedPictureEffects::AspectRatioAsPair(picWidth, picHeight);
 }
 
+void CropModule::ToShown() {
+  double l = CropOffset.Left;
+  double t = CropOffset.Right;
+  double w = CropSize.Left;
+  double h = CropSize.Right;
+  for (int turn = 0; turn < cDoc->Rotation; ++turn) {
+    const double left = l;
+    l = 1 - (t + h);
+    t = left;
+    std::swap(w, h);
+  }
+  if (cDoc->Flip == 1) l = 1 - (l + w);
+  if (cDoc->Flip == 2) t = 1 - (t + h);
+  CropOffset = {l, t};
+  CropSize = {w, h};
+}
+
+void CropModule::ToImage(Pair& offset, Pair& size) const {
+  double l = CropOffset.Left;
+  double t = CropOffset.Right;
+  double w = CropSize.Left;
+  double h = CropSize.Right;
+  if (cDoc->Flip == 1) l = 1 - (l + w);
+  if (cDoc->Flip == 2) t = 1 - (t + h);
+  for (int turn = 0; turn < cDoc->Rotation; ++turn) {
+    const double left = l;
+    l = t;
+    t = 1 - (left + w);
+    std::swap(w, h);
+  }
+  offset = {l, t};
+  size = {w, h};
+}
+
 void CropModule::Prepare(brivolantProcessorLite& processor) {
   myProcessor = &processor;
   cDoc = processor.Document;
   const Picture& original = cDoc->ImageOriginal();
   picWidth = original.Width();
   picHeight = original.Height();
+  if (cDoc->Rotation == 1 || cDoc->Rotation == 3) std::swap(picWidth, picHeight);
   CropOffset = cDoc->CropOffSet;
   CropSize = cDoc->CropSize;
+  ToShown();
   CropRatio = SharedPictureEffects::AspectRatioAsPair(static_cast<int>(CropSize.Left * picWidth),
                                                       static_cast<int>(CropSize.Right * picHeight));
   lastCropEnabled = cDoc->Crop;
   cDoc->Crop = false;
+  // A change of the format cuts the picture, and the crop is chosen on all of it.
+  lastOrientation = cDoc->Orientation;
+  cDoc->Orientation = 0;
   processor.UpdatePreview(true);
 }
 
 void CropModule::Apply() {
-  cDoc->CropOffSet = CropOffset;
-  cDoc->CropSize = CropSize;
+  ToImage(cDoc->CropOffSet, cDoc->CropSize);
   cDoc->Crop = true;
   if (host_.SetDirty) host_.SetDirty();
   if (host_.CropMethod) host_.CropMethod();
@@ -230,6 +268,10 @@ void CropModule::PostProcess(Picture& picture, double scale) {
       g.DrawPath(corner, kStroke);
     }
   }
+}
+
+void CropModule::Ended() {
+  cDoc->Orientation = lastOrientation;
 }
 
 void CropModule::GotFocus() {

@@ -67,8 +67,11 @@ class CropModule final : public effectModule {
   /// Shrinks the rectangle to CropRatio and into the picture.
   void ConstrainCrop();
   void ClosingRoutine();
+  /// Gives the document back what Prepare took from it; called once, when the crop ends.
+  void Ended();
 
-  /// Working rectangle: left and top, width and height, as fractions of the picture.
+  /// Working rectangle: left and top, width and height, as fractions of the picture as it is shown,
+  /// which may be turned and mirrored.
   Pair CropOffset{0.1, 0.1};
   Pair CropSize{0.8, 0.8};
   /// Terms of width and height; (0, 0) is free.
@@ -89,6 +92,9 @@ class CropModule final : public effectModule {
   brivolant::MouseCursor GetMouseCursor(int pointerState) override;
 
  private:
+  /// The rectangle of the untouched image as it lies in the shown picture, and the reverse.
+  void ToShown();
+  void ToImage(Pair& offset, Pair& size) const;
   int HandleAt(double x, double y) const;
   void Drag(int handle, double dx, double dy);
 
@@ -101,6 +107,7 @@ class CropModule final : public effectModule {
   Pair lastMouse;
   bool mouseDown_ = false;
   bool lastCropEnabled = false;
+  int lastOrientation = 0;
 };
 
 }  // namespace brivolant

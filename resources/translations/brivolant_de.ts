@@ -898,11 +898,11 @@
     </message>
     <message id="Menus.kEditRedo">
         <source>Red&amp;o</source>
-        <translation>&amp;Wiederholen:</translation>
+        <translation>&amp;Wiederholen</translation>
     </message>
     <message id="Menus.kEditUndo">
         <source>&amp;Undo</source>
-        <translation>&amp;Rückgängig:</translation>
+        <translation>&amp;Rückgängig</translation>
     </message>
     <message id="Menus.kFileApplyLastStyle">
         <source>Use Style From Last PIcture</source>

@@ -3,13 +3,12 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDirIterator>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QTest>
 #include <QToolBar>
-#include <fstream>
-#include <regex>
 #include <set>
-#include <sstream>
 #include <thread>
 
 #include "WindowHelpers.h"
@@ -226,27 +225,34 @@ TEST(Copies, AreCancelledBetweenTwoEffects) {
 }
 
 /// Keys and English texts as the sources give them.
-std::map<std::string, std::string> TextsOfTheSources() {
-  std::map<std::string, std::string> texts;
-  const std::regex text(
-      "\"([A-Za-z0-9]+\\.(?:[kK]|[A-Z])[A-Za-z0-9]*)\",\\s*((?:\"(?:[^\"\\\\]|\\\\.)*\"\\s*)+)");
+std::map<std::string, QString> TextsOfTheSources() {
+  std::map<std::string, QString> texts;
+  const QRegularExpression text(QStringLiteral(
+      "\"([A-Za-z0-9]+\\.[kA-Z][A-Za-z0-9]*)\",\\s*((?:\"(?:[^\"\\\\]|\\\\.)*\"\\s*)+)"));
   for (const char* folder :
        {"platform", "engine", "files", "metadata", "formats", "effects", "kit", "support", "app"}) {
-    const std::filesystem::path root = std::filesystem::path(BRIVOLANT_SOURCE) / folder;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
-      const std::string extension = entry.path().extension();
-      if (extension != ".h" && extension != ".cpp") continue;
-      std::ifstream file(entry.path());
-      std::stringstream content;
-      content << file.rdbuf();
-      const std::string source = content.str();
-      for (auto it = std::sregex_iterator(source.begin(), source.end(), text);
-           it != std::sregex_iterator(); ++it) {
-        texts[(*it)[1]] = (*it)[2];
+    QDirIterator files(QStringLiteral(BRIVOLANT_SOURCE "/") + QLatin1String(folder),
+                       {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+      QFile file(files.next());
+      EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+      auto found = text.globalMatch(QString::fromUtf8(file.readAll()));
+      while (found.hasNext()) {
+        const QRegularExpressionMatch match = found.next();
+        texts[match.captured(1).toStdString()] = match.captured(2);
       }
     }
   }
   return texts;
+}
+
+/// The placeholders of a text, whatever their order and case.
+std::multiset<QString> PlaceholdersOf(const QString& text) {
+  std::multiset<QString> names;
+  auto found = QRegularExpression(QStringLiteral("<[A-Za-z]+>")).globalMatch(text);
+  while (found.hasNext()) names.insert(found.next().captured().toLower());
+  return names;
 }
 
 TEST(Languages, GermanTranslatesEveryTextOfTheProgram) {
@@ -258,23 +264,12 @@ TEST(Languages, GermanTranslatesEveryTextOfTheProgram) {
   EXPECT_EQ(Menus::kFileOpen.Text(),
             "&\xC3\x96"
             "ffnen...");
-  const std::regex placeholder("<[A-Za-z]+>");
   const auto texts = TextsOfTheSources();
   EXPECT_GT(texts.size(), 250U);
   for (const auto& [key, english] : texts) {
-    const LocalizedText text{key.c_str(), ""};
-    const std::string german = text.Text();
-    EXPECT_NE(german, "") << key << " " << english;
-    // The same placeholders, in whatever order.
-    const auto names = [&](const std::string& in) {
-      std::multiset<std::string> found;
-      for (auto it = std::sregex_iterator(in.begin(), in.end(), placeholder);
-           it != std::sregex_iterator(); ++it) {
-        found.insert(LowerCase((*it)[0].str()));
-      }
-      return found;
-    };
-    EXPECT_EQ(names(german), names(english)) << key;
+    const QString german = QString::fromStdString(LocalizedText{key.c_str(), ""}.Text());
+    EXPECT_FALSE(german.isEmpty()) << key;
+    EXPECT_EQ(PlaceholdersOf(german), PlaceholdersOf(english)) << key;
   }
   InstallTranslations(nullptr);
   EXPECT_EQ(Menus::kFileOpen.Text(), "&Open...");

@@ -115,6 +115,49 @@ TEST_F(CropTest, ApplyCropsAndUndoAndRedoFollow) {
   EXPECT_NEAR(1.0 * program.Shown().Width() / program.Shown().Height(), 4 / 3.0, 0.02);
 }
 
+TEST_F(CropTest, OnATurnedPhotoCropsWhatIsShown) {
+  const auto check = [&](const char* what) {
+    const Picture whole = program.Document().Image();
+    Begin();
+    Editor().AspectRatio().setCurrentIndex(8);
+    Drag(Crop().CropOffset.Left + Crop().CropSize.Left,
+         Crop().CropOffset.Right + Crop().CropSize.Right, 0.5, 0.7);
+    const Pair offset = Crop().CropOffset;
+    const Pair size = Crop().CropSize;
+    Click(Editor().ApplyButton());
+    const Picture cropped = program.Document().Image();
+    ASSERT_NEAR(cropped.Width(), size.Left * whole.Width(), 1.01) << what;
+    ASSERT_NEAR(cropped.Height(), size.Right * whole.Height(), 1.01) << what;
+    // The part that was framed, to within the rounding of its corner.
+    const int x = qRound(offset.Left * whole.Width());
+    const int y = qRound(offset.Right * whole.Height());
+    bool found = false;
+    for (int dx = -1; dx <= 1; ++dx) {
+      for (int dy = -1; dy <= 1; ++dy) {
+        const auto same = [&](int px, int py) {
+          return cropped.At(px, py) == whole.At(x + px + dx, y + py + dy);
+        };
+        found = found || (same(3, 5) && same(20, 9) && same(40, 33) && same(60, 70));
+      }
+    }
+    EXPECT_TRUE(found) << what;
+    program.Choose("EditUndo");
+  };
+  check("plain");
+  for (const char* turn :
+       {"RotateAndFlipRotate90", "RotateAndFlipRotate180", "RotateAndFlipRotate270",
+        "RotateAndFlipFlipHorizontally", "RotateAndFlipFlipVertially"}) {
+    program.Choose(turn);
+    check(turn);
+  }
+  // A changed format is put aside for the crop, and comes back.
+  program.Choose("EditChangeOrientationTo");
+  Begin();
+  EXPECT_EQ(program.Document().Orientation, 0);
+  Click(Editor().CancelButton());
+  EXPECT_EQ(program.Document().Orientation, 1);
+}
+
 TEST_F(CropTest, GivingUpLeavesNothingBehind) {
   const auto giveUp = [&](const std::function<void()>& how) {
     Begin();

@@ -482,7 +482,7 @@ TEST(Recovery, LiesBesideASavedDocumentAndCanBeGivenUp) {
   const FolderItem kept = program.home.Child(".doc.brvPhoto.recovery");
   ASSERT_TRUE(Until([&] { return kept.Exists(); }));
   program.Crash();
-  program.dialogs.answers = {Answer::kCancel};
+  program.dialogs.answers = {Answer::kAlternate};
   program.Start();
   EXPECT_FALSE(program.app->OfferRecovery());
   EXPECT_FALSE(kept.Exists());

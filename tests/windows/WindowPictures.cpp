@@ -52,6 +52,20 @@ TEST(WindowPictures, OfTheEditorInBothAppearances) {
                                    image.height() - 40 * image.devicePixelRatio());
     EXPECT_EQ(qGray(panel) < 128, scheme == Appearance::kDark);
   }
+  // Every pixel of the preview is a pixel of the screen: nothing was scaled on its way.
+  const QImage shown = program.Display().grab().toImage();
+  const QRect rect = program.Display().PreviewRect();
+  const Picture preview = program.Shown();
+  ASSERT_EQ(rect.size(), QSize(preview.Width(), preview.Height()));
+  int differing = 0;
+  for (int y = 5; y < rect.height() - 5; y += 7) {
+    for (int x = 5; x < rect.width() - 5; x += 7) {
+      const QRgb pixel = shown.pixel(rect.x() + x, rect.y() + y);
+      const Color color = preview.At(x, y);
+      differing += pixel != qRgb(color.Red, color.Green, color.Blue);
+    }
+  }
+  EXPECT_EQ(differing, 0);
   program.Choose("ViewBeforeAfter");
   Take(program.Window(), QStringLiteral("before-after"));
   program.Choose("ViewBeforeAfter");
