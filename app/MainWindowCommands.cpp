@@ -9,6 +9,8 @@
 #include <QScreen>
 #include <QToolBar>
 #include <QUrl>
+#include <algorithm>
+#include <cmath>
 #include <map>
 
 #include "app/App.h"
@@ -493,7 +495,7 @@ void MainWindow::ColorChanged(const RGBAColor& color) {
   if (control < 0 || module == nullptr || control >= module->ControlCount()) return;
   Record({{ModuleKey("EffectChanged:", *module), module->Settings()}}, module->Name());
   const auto byte = [](float part) {
-    return static_cast<std::uint8_t>(std::clamp(static_cast<int>(part * 255 + 0.5F), 0, 255));
+    return static_cast<std::uint8_t>(std::clamp(std::lround(part * 255), 0L, 255L));
   };
   module->ControlValue(control, Color{byte(color.Red), byte(color.Green), byte(color.Blue)});
   SetDirty(true);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <QAction>
 #include <QComboBox>
+#include <QMenu>
 #include <QScrollBar>
 #include <QToolBar>
 #include <QToolButton>

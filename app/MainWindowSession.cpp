@@ -385,6 +385,7 @@ bool MainWindow::SaveACopyAs() {
   int filter = std::clamp(preferences.Value(kCopyFormat, 0).ToInt(), 0,
                           static_cast<int>(kCopyTypes.size()) - 1);
   std::vector<FileFilter> filters;
+  filters.reserve(kCopyTypes.size());
   for (const FileType* type : kCopyTypes) {
     filters.push_back({std::string(type->Name), std::string(type->Extensions)});
   }

@@ -80,6 +80,7 @@ void WelcomePage::Show(const std::vector<std::string>& paths) {
   const int generation = ++previews_->generation;
   previews_->pool.clear();
   std::vector<Item> items;
+  items.reserve(paths.size());
   for (const std::string& path : paths) {
     items.push_back({path, ToQString(RecentItems::TextFor(path)), {}, false});
   }

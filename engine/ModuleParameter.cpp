@@ -58,4 +58,10 @@ int TruncatedValue(double value) {
   return Variant(value + std::copysign(kRounding, value)).ToInt();
 }
 
+EffectModuleControl MenuParameter::Declare() const {
+  MenuItem menu;
+  for (const LocalizedText& text : items_) menu.Children.emplace_back().Text = text.Text();
+  return {caption_.Text(), kControlMenu, std::move(menu), 0};
+}
+
 }  // namespace brivolant

@@ -153,7 +153,7 @@ struct Slider {
 
 /// A number set by a slider.
 template <class T>
-class SliderParameter final : public Parameter<T>, public ControlRow {
+class SliderParameter : public Parameter<T>, public ControlRow {
  public:
   SliderParameter(effectModule& owner, const Setting<T>& setting, const Slider& slider)
       : Parameter<T>(owner, setting), ControlRow(owner), slider_(slider) {}
@@ -179,7 +179,7 @@ class SliderParameter final : public Parameter<T>, public ControlRow {
 };
 
 /// A yes or no set by a check box.
-class CheckBoxParameter final : public Parameter<bool>, public ControlRow {
+class CheckBoxParameter : public Parameter<bool>, public ControlRow {
  public:
   CheckBoxParameter(effectModule& owner, const Setting<bool>& setting, const LocalizedText& caption)
       : Parameter<bool>(owner, setting), ControlRow(owner), caption_(caption) {}
@@ -193,6 +193,43 @@ class CheckBoxParameter final : public Parameter<bool>, public ControlRow {
 
  private:
   LocalizedText caption_;
+};
+
+/// A colour set by a well.
+class ColorParameter : public Parameter<Color>, public ControlRow {
+ public:
+  ColorParameter(effectModule& owner, const Setting<Color>& setting, const LocalizedText& caption)
+      : Parameter<Color>(owner, setting), ControlRow(owner), caption_(caption) {}
+  using Parameter<Color>::operator=;
+
+  EffectModuleControl Declare() const override {
+    return {caption_.Text(), kControlColorWell, {}, 0};
+  }
+  Variant Shown() const override { return Value(); }
+  void Set(const Variant& value) override { *this = value.ToColor(); }
+
+ private:
+  LocalizedText caption_;
+};
+
+/// A choice from a menu, stored as the index of the item.
+class MenuParameter : public Parameter<int>, public ControlRow {
+ public:
+  MenuParameter(effectModule& owner, const Setting<int>& setting, const LocalizedText& caption,
+                std::vector<LocalizedText> items)
+      : Parameter<int>(owner, setting),
+        ControlRow(owner),
+        caption_(caption),
+        items_(std::move(items)) {}
+  using Parameter<int>::operator=;
+
+  EffectModuleControl Declare() const override;
+  Variant Shown() const override { return Value(); }
+  void Set(const Variant& value) override { *this = value.ToInt(); }
+
+ private:
+  LocalizedText caption_;
+  std::vector<LocalizedText> items_;
 };
 
 }  // namespace brivolant

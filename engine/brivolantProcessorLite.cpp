@@ -63,6 +63,7 @@ void brivolantProcessorLite::BuildStacks() {
     for (const ModuleEntry& entry : registry_) {
       stack.push_back(entry.create(number));
       stack.back()->Constructor();
+      stack.back()->BelongsTo(*this);
       if (ModuleCreated) ModuleCreated(*stack.back());
     }
   }

@@ -44,7 +44,10 @@ void effectModule::Apply(Picture& picture, double scale) {
 
 void effectModule::fireShowMenu(int index, int x, int y, const MenuPresenter& present) {
   if (ShowMenu(index, x, y)) return;
-  ControlValue(index, Control(index).ShowMenu(x, y, present));
+  // The check mark follows what was loaded or undone since the menu was last shown.
+  EffectModuleControl& control = Control(index);
+  if (control.Menu) otherSharedComponents::Selected(*control.Menu, ControlValue(index).ToInt());
+  ControlValue(index, control.ShowMenu(x, y, present));
 }
 
 void effectModule::AboutToChange() {

@@ -93,6 +93,8 @@ class effectModule {
   /// A module whose effect is a tone curve gives it here instead of painting: consecutive curves
   /// are composed before the pixels are touched. Null for all other modules.
   virtual class ToneModule* AsToneModule() { return nullptr; }
+  /// Tells the module the processor whose stack it stands in, once, after its creation.
+  virtual void BelongsTo(class brivolantProcessorLite&) {}
   /// True if the module may leave the layer smaller than the background, or elsewhere over it.
   virtual bool MayPlaceLayer() const { return false; }
   /// Its parameters, for listings.

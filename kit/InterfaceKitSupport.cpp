@@ -141,12 +141,14 @@ void DrawDropShadow(QPainter& painter, const QRectF& rect, double dx, double dy,
     if (w <= 0 || h <= 0) return;
     QImage image(w, h, QImage::Format_Alpha8);
     if (image.isNull()) return;
+    const auto x0 = static_cast<std::size_t>(left);
+    const auto y0 = static_cast<std::size_t>(top);
     for (int y = 0; y < h; ++y) {
       uchar* row = image.scanLine(y);
-      const double strength = 255 * kDarkness * down[static_cast<std::size_t>(top + y)];
+      const double strength = 255 * kDarkness * down.at(y0 + static_cast<std::size_t>(y));
       for (int x = 0; x < w; ++x) {
-        row[x] =
-            static_cast<uchar>(std::lround(strength * across[static_cast<std::size_t>(left + x)]));
+        const double share = across.at(x0 + static_cast<std::size_t>(x));
+        row[x] = static_cast<uchar>(std::lround(strength * share));
       }
     }
     image.setDevicePixelRatio(ratio);

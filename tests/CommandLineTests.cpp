@@ -130,7 +130,7 @@ TEST_F(CommandLine, WrongUseIsOneSentenceAndCodeTwo) {
            {{"render", in, "-o", out, "--set", "Exposure.Power=1x"}, "\"1x\""},
            {{"render", in, "-o", out, "--set", "Levels.Shadows=1.5"}, "integer"},
            {{"render", in, "-o", out, "--enable", "Fixing Tools"}, "no effect called"},
-           {{"render", in, "-o", out, "--enable", "Sepia"}, "not available in this version yet"},
+           {{"render", in, "-o", out, "--enable", "Borders"}, "not available in this version yet"},
            {{"render", in, "-o", out, "--stack", "side"}, "fore or back"},
            {{"render", in, "-o", out, "--blend", "16"}, "--blend"},
            {{"render", in, "-o", out, "--opacity", "2"}, "--opacity"},
@@ -217,11 +217,11 @@ TEST_F(CommandLine, DocumentsReopenWithTheSameStyleAndPixels) {
   TestServices s;
   brivolantProcessorLite processor(EffectRegistry(), s.services);
   processor.Startup();
-  processor.ItemVIaID("0E53677B-85AE-A580-B18B-AB374768FB98")->Enabled(true);
-  folder.Write("sepia", processor.StyleData());
-  run = Cli({"render", image.ShellPath(), "-o", Path("s.png"), "--style", Path("sepia")});
+  processor.ItemVIaID("722F92BB-914A-BE34-7B81-40D006AE5CE4")->Enabled(true);
+  folder.Write("borders", processor.StyleData());
+  run = Cli({"render", image.ShellPath(), "-o", Path("s.png"), "--style", Path("borders")});
   EXPECT_EQ(run.code, 0);
-  EXPECT_THAT(run.err, HasSubstr("\"Sepia\" was left out of \"photo.png\""));
+  EXPECT_THAT(run.err, HasSubstr("\"Borders\" was left out of \"photo.png\""));
   folder.Write("lies", processor.StyleData().replace(54, 4, Bytes("FF FF FF 7F")));
   run = Cli({"render", image.ShellPath(), "-o", Path("s2.png"), "--style", Path("lies")});
   EXPECT_EQ(run.code, 1);

@@ -18,7 +18,7 @@ using testing::HasSubstr;
 
 constexpr const char* kExposure = "3237324B-C5C6-997D-40B1-DFC3C16BAEB2";
 constexpr const char* kLevels = "7FFFFFFF-B3AC-4C8A-146F-1F804A5B9B06";
-constexpr const char* kSepia = "0E53677B-85AE-A580-B18B-AB374768FB98";
+constexpr const char* kBorders = "722F92BB-914A-BE34-7B81-40D006AE5CE4";
 
 struct Processor : TestServices {
   Processor() { processor.Startup(); }
@@ -274,16 +274,16 @@ TEST(StyleData, UnknownModulesAreSkippedAndPendingSettingsKept) {
   sepia.Value("Enabled", true);
   Dictionary stack;
   stack.Value("00000000-0000-0000-0000-000000000000", sepia);
-  stack.Value(kSepia, sepia);
+  stack.Value(kBorders, sepia);
   Processor p;
   p.processor.BlendAlpha = 0.3F;
   EXPECT_EQ(p.processor.StyleData(WriteStyleData(stack, stack, 1, 0).substr(0, 1u << 20)),
             StyleFault::kNone);
   EXPECT_THAT(p.log.lines.at(0), HasSubstr("00000000-0000"));
-  EXPECT_EQ(p.processor.ItemPositionViaID(kSepia), 1) << "its place in the style is its place";
+  EXPECT_EQ(p.processor.ItemPositionViaID(kBorders), 1) << "its place in the style is its place";
   EXPECT_TRUE(p.processor.item(1)->Settings() == sepia);
   p.processor.Reset();
-  EXPECT_EQ(p.processor.ItemVIaID(kSepia)->Settings().Count(), 0);
+  EXPECT_EQ(p.processor.ItemVIaID(kBorders)->Settings().Count(), 0);
 }
 
 TEST(StyleData, DamageIsReportedAndTheRestUsed) {

@@ -26,7 +26,8 @@ void Shuffle(brivolantProcessorLite& processor, std::mt19937& random) {
     }
     for (int i = 0; i <= processor.Count(); ++i) {
       effectModule& module = *processor.item(i);
-      module.Enabled(random() % 3 == 0);
+      // A layer that is placed elsewhere is the processor's own work.
+      module.Enabled(random() % 3 == 0 && !module.MayPlaceLayer());
       for (int row = 0; row < module.ControlCount(); ++row) {
         if (random() % 2 == 0) module.ControlValue(row, static_cast<int>(random() % 101));
       }

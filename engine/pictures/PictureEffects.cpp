@@ -5,6 +5,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "engine/pictures/MaskedChange.h"
 #include "platform/pictures/ToneTable.h"
 #include "platform/pictures/kernels/BlendKernels.h"
 #include "platform/pictures/kernels/BlurKernels.h"
@@ -15,27 +16,6 @@
 
 namespace brivolant {
 namespace {
-
-/// Changes `picture` by `effect(pixels)`, wholly or where the mask lets it.
-template <class Effect>
-void Change(Picture& picture, const Plane* mask, Effect effect) {
-  if (picture.IsNil()) return;
-  if (mask == nullptr || mask->IsNil()) {
-    effect(picture.Edit());
-    return;
-  }
-  Picture changed = picture;
-  effect(changed.Edit());
-  constexpr int kNormal = 0;
-  constexpr int kFull = 256;
-  kernels::Blend(picture.Edit(), changed.View(), kNormal, kFull, mask->View());
-}
-
-template <class Effect>
-Picture Changed(Picture picture, const Plane* mask, Effect effect) {
-  Change(picture, mask, effect);
-  return picture;
-}
 
 double Sigma(int radius) {
   return radius / 2.0;

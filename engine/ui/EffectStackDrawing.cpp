@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <QPaintEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <algorithm>

@@ -148,13 +148,29 @@
         <source>Auto Levels</source>
         <translation>Auto-Tonwerte</translation>
     </message>
-    <message id="EffectModuleBackgroundScale.kName">
-        <source>Scale Layer</source>
-        <translation>Ebene skalieren</translation>
-    </message>
     <message id="EffectModuleBarrelDistortion.kName">
         <source>Barrel Distortion</source>
         <translation>Tonnenverzerrung</translation>
+    </message>
+    <message id="EffectModuleBitDepth.kDepth">
+        <source>Bit Depth:</source>
+        <translation>Farbtiefe:</translation>
+    </message>
+    <message id="EffectModuleBitDepth.kDepth1">
+        <source>1-Bit - 2 Colors</source>
+        <translation>1 Bit - 2 Farben</translation>
+    </message>
+    <message id="EffectModuleBitDepth.kDepth2">
+        <source>2-Bit - 4 Colors</source>
+        <translation>2 Bit - 4 Farben</translation>
+    </message>
+    <message id="EffectModuleBitDepth.kDepth4">
+        <source>4-Bit - 16 Colors</source>
+        <translation>4 Bit - 16 Farben</translation>
+    </message>
+    <message id="EffectModuleBitDepth.kDepth8">
+        <source>8-Bit - 256 Colors</source>
+        <translation>8 Bit - 256 Farben</translation>
     </message>
     <message id="EffectModuleBitDepth.kName">
         <source>Bit Depth Simulation</source>
@@ -220,6 +236,10 @@
         <source>Colorize</source>
         <translation>Einfärben</translation>
     </message>
+    <message id="EffectModuleColorize.kShift">
+        <source>Color Shift</source>
+        <translation>Farbe addieren</translation>
+    </message>
     <message id="EffectModuleConfetti.kName">
         <source>Confetti</source>
         <translation>Konfetti</translation>
@@ -260,13 +280,25 @@
         <source>Exposure</source>
         <translation>Belichtung</translation>
     </message>
+    <message id="EffectModuleFlip.kBoth">
+        <source>Both</source>
+        <translation>Beides</translation>
+    </message>
+    <message id="EffectModuleFlip.kDirection">
+        <source>Direction:</source>
+        <translation>Richtung:</translation>
+    </message>
+    <message id="EffectModuleFlip.kHorizontally">
+        <source>Horizontally</source>
+        <translation>Waagrecht</translation>
+    </message>
     <message id="EffectModuleFlip.kName">
         <source>Flip</source>
         <translation>Spiegeln</translation>
     </message>
-    <message id="EffectModuleForegroundScale.kName">
-        <source>Scale Layer</source>
-        <translation>Ebene skalieren</translation>
+    <message id="EffectModuleFlip.kVertically">
+        <source>Vertically</source>
+        <translation>Senkrecht</translation>
     </message>
     <message id="EffectModuleGaussianBlur.kName">
         <source>Blur</source>
@@ -275,6 +307,30 @@
     <message id="EffectModuleGloss.kName">
         <source>Gloss</source>
         <translation>Glanz</translation>
+    </message>
+    <message id="EffectModuleGreyScale.kMethod">
+        <source>Method:</source>
+        <translation>Methode:</translation>
+    </message>
+    <message id="EffectModuleGreyScale.kMethodName1">
+        <source>NTSC and PAL</source>
+        <translation>NTSC und PAL</translation>
+    </message>
+    <message id="EffectModuleGreyScale.kMethodName2">
+        <source>ITU-R</source>
+        <translation>ITU-R</translation>
+    </message>
+    <message id="EffectModuleGreyScale.kMethodName3">
+        <source>Average</source>
+        <translation>Mittelwert</translation>
+    </message>
+    <message id="EffectModuleGreyScale.kMethodName4">
+        <source>Weighted Average</source>
+        <translation>Gewichtetes Mittel</translation>
+    </message>
+    <message id="EffectModuleGreyScale.kMethodName5">
+        <source>Desaturate</source>
+        <translation>Entsättigen</translation>
     </message>
     <message id="EffectModuleGreyScale.kName">
         <source>Greyscale</source>
@@ -299,6 +355,10 @@
     <message id="EffectModuleInverse.kName">
         <source>Inverse</source>
         <translation>Negativ</translation>
+    </message>
+    <message id="EffectModuleInverse.kOnlyLight">
+        <source>Only light</source>
+        <translation>Nur Helligkeit</translation>
     </message>
     <message id="EffectModuleLevels.kDark">
         <source>Black:</source>
@@ -356,9 +416,33 @@
         <source>Posterize</source>
         <translation>Tontrennung</translation>
     </message>
+    <message id="EffectModuleReflection.kAll">
+        <source>All</source>
+        <translation>Ganz</translation>
+    </message>
+    <message id="EffectModuleReflection.kBottom">
+        <source>Bottom</source>
+        <translation>Unten</translation>
+    </message>
+    <message id="EffectModuleReflection.kLeft">
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message id="EffectModuleReflection.kMode">
+        <source>Mode:</source>
+        <translation>Modus:</translation>
+    </message>
     <message id="EffectModuleReflection.kName">
         <source>Reflection</source>
         <translation>Spiegelung</translation>
+    </message>
+    <message id="EffectModuleReflection.kRight">
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message id="EffectModuleReflection.kTop">
+        <source>Top</source>
+        <translation>Oben</translation>
     </message>
     <message id="EffectModuleSegment.kName">
         <source>Segment</source>
@@ -723,6 +807,10 @@
     <message id="LanguageTools.UserLanguageID">
         <source>0</source>
         <translation>3</translation>
+    </message>
+    <message id="LayerScale.kName">
+        <source>Scale Layer</source>
+        <translation>Ebene skalieren</translation>
     </message>
     <message id="MainWindow.kAllFiles">
         <source>All Files</source>

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#include "effects/geometry/EffectModuleGaussianBlur.h"
+
+#include "engine/pictures/PictureEffects.h"
+
+namespace brivolant {
+
+void EffectModuleGaussianBlur::ApplyEffect(Picture& picture, double scale) {
+  const Plane* mask = Focus.MaskFor(picture);
+  const GaussianBlur blur(static_cast<int>(GaussianRadius * scale));
+  picture = blur.ApplyEffect(std::move(picture), mask);
+}
+
+}  // namespace brivolant

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#include "effects/looks/EffectModuleTechnicolor.h"
+
+#include "platform/pictures/kernels/LookKernels.h"
+
+namespace brivolant {
+
+void EffectModuleTechnicolor::ApplyEffect(Picture& picture, double) {
+  static const kernels::ChannelMix mix =
+      kernels::MakeChannelMix({{{1, 0, 0}, {0, 1, 0}, {0, 1, 0}}});
+  kernels::MixChannels(picture.Edit(), mix);
+}
+
+}  // namespace brivolant

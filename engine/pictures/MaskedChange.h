@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <utility>
+
+#include "platform/pictures/Picture.h"
+#include "platform/pictures/kernels/BlendKernels.h"
+
+namespace brivolant {
+
+/// Changes `picture` by `effect(pixels)`, wholly or where the mask lets it: none where it is 255.
+template <class Effect>
+void Change(Picture& picture, const Plane* mask, Effect effect) {
+  if (picture.IsNil()) return;
+  if (mask == nullptr || mask->IsNil()) {
+    effect(picture.Edit());
+    return;
+  }
+  Picture changed = picture;
+  effect(changed.Edit());
+  constexpr int kNormal = 0;
+  constexpr int kFull = 256;
+  kernels::Blend(picture.Edit(), changed.View(), kNormal, kFull, mask->View());
+}
+
+/// The same on a copy.
+template <class Effect>
+Picture Changed(Picture picture, const Plane* mask, Effect effect) {
+  Change(picture, mask, effect);
+  return picture;
+}
+
+}  // namespace brivolant
