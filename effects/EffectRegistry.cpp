@@ -20,11 +20,16 @@
 #include "effects/fixes/EffectModuleStraighten.h"
 #include "effects/fixes/EffectModuleWhiteBalance.h"
 #include "effects/geometry/EffectModuleBackgroundScale.h"
+#include "effects/geometry/EffectModuleBarrelDistortion.h"
+#include "effects/geometry/EffectModuleDiffuse.h"
 #include "effects/geometry/EffectModuleFlip.h"
 #include "effects/geometry/EffectModuleForegroundScale.h"
 #include "effects/geometry/EffectModuleGaussianBlur.h"
 #include "effects/geometry/EffectModuleInterlace.h"
+#include "effects/geometry/EffectModuleMotionBlur.h"
 #include "effects/geometry/EffectModuleSharpen.h"
+#include "effects/geometry/EffectModuleWaterdrops.h"
+#include "effects/geometry/EffectModuleWave.h"
 #include "effects/looks/EffectModuleBitDepth.h"
 #include "effects/looks/EffectModuleColorize.h"
 #include "effects/looks/EffectModuleDuoTone.h"
@@ -93,16 +98,10 @@ constexpr Named kFinishes{"0756B539-CD93-AD22-CB8D-D02A2FF15DA5",
   constexpr Named constant {                       \
     id, {key, text}, {}                            \
   }
-BRIVOLANT_PENDING(kBarrel, "22BEFEB7-2944-6DE5-F57E-DFE98DF1D845",
-                  "EffectModuleBarrelDistortion.kName", "Barrel Distortion");
 BRIVOLANT_PENDING(kOverlay, "7FFFFFFF-B371-0D5F-E410-E0CB34849A08", "EffectModuleOverlay.kName",
                   "Overlay");
-BRIVOLANT_PENDING(kMotionBlur, "3305A849-B86A-A505-407A-ECC1375B21D3",
-                  "EffectModuleMotionBlur.kName", "Motion Blur");
 BRIVOLANT_PENDING(kConfetti, "629ACFD7-A1C2-325C-767F-1972350657FD", "EffectModuleConfetti.kName",
                   "Confetti");
-BRIVOLANT_PENDING(kDiffuse, "4DEE873B-66F0-3E98-B850-11CD1F0AEAF9", "EffectModuleDiffuse.kName",
-                  "Diffuse");
 BRIVOLANT_PENDING(kLineArt, "0BDF9AD3-852D-855C-82F2-D7830B635FD6", "EffectModuleLineArt.kName",
                   "Line Art");
 BRIVOLANT_PENDING(kMosaic, "7FFFFFFF-0A01-FC1E-5CF8-D5EBC600183D", "EffectModuleMosaic.kName",
@@ -116,9 +115,6 @@ BRIVOLANT_PENDING(kString, "7FFFFFFF-0F4A-DF74-A393-4BA94AC514F7", "EffectModule
 BRIVOLANT_PENDING(kText, "150B71E5-A262-009C-42A9-CD07B87C0B76", "EffectModuleText.kName", "Text");
 BRIVOLANT_PENDING(kTexture, "4DD95F09-F9ED-A5C3-F38F-EC4F5C760FA0", "EffectModuleTexture.kName",
                   "Texture");
-BRIVOLANT_PENDING(kWave, "7FFFFFFF-9141-7F3B-2928-36DFC5F5CC73", "EffectModuleWave.kName", "Wave");
-BRIVOLANT_PENDING(kWaterdrops, "7FFFFFFF-6EDA-E3AC-9108-9A3086CD24E7",
-                  "EffectModuleWaterdrops.kName", "Water Drops");
 BRIVOLANT_PENDING(kOutline, "70325F49-FB0D-5FA0-251B-1CF7387C3762", "EffectModuleOutline.kName",
                   "Matte");
 BRIVOLANT_PENDING(kBorder, "722F92BB-914A-BE34-7B81-40D006AE5CE4", "EffectModuleBorder.kName",
@@ -129,7 +125,7 @@ constexpr std::array kEntries{
     Divider<kFixes>(),
     Effect<EffectModuleAutoContrast>("EffectModuleAutoContrast"),
     Effect<EffectModuleAutoLevels>("EffectModuleAutoLevels"),
-    Pending<kBarrel>("EffectModuleBarrelDistortion"),
+    Effect<EffectModuleBarrelDistortion>("EffectModuleBarrelDistortion"),
     Effect<EffectModuleBrightnessContrast>("EffectModuleBrightnessContrast"),
     Effect<EffectModuleColorAdjuster>("EffectModuleColorAdjuster"),
     Effect<EffectModuleWhiteBalance>("EffectModuleWhiteBalance"),
@@ -155,9 +151,9 @@ constexpr std::array kEntries{
     Effect<EffectModuleSepia>("EffectModuleSepia"),
     Divider<kArtistic>(),
     Effect<EffectModuleGaussianBlur>("EffectModuleGaussianBlur"),
-    Pending<kMotionBlur>("EffectModuleMotionBlur"),
+    Effect<EffectModuleMotionBlur>("EffectModuleMotionBlur"),
     Pending<kConfetti>("EffectModuleConfetti"),
-    Pending<kDiffuse>("EffectModuleDiffuse"),
+    Effect<EffectModuleDiffuse>("EffectModuleDiffuse"),
     Effect<EffectModuleFlip>("EffectModuleFlip"),
     Pending<kLineArt>("EffectModuleLineArt"),
     Pending<kMosaic>("EffectModuleMosaic"),
@@ -169,8 +165,8 @@ constexpr std::array kEntries{
     Pending<kString>("EffectModuleString"),
     Pending<kText>("EffectModuleText"),
     Pending<kTexture>("EffectModuleTexture"),
-    Pending<kWave>("EffectModuleWave"),
-    Pending<kWaterdrops>("EffectModuleWaterdrops"),
+    Effect<EffectModuleWave>("EffectModuleWave"),
+    Effect<EffectModuleWaterdrops>("EffectModuleWaterdrops"),
     Divider<kFinishes>(),
     Pending<kOutline>("EffectModuleOutline"),
     Effect<EffectModuleVignette>("EffectModuleVignette"),

@@ -64,6 +64,7 @@ void brivolantProcessorLite::BuildStacks() {
       stack.push_back(entry.create(number));
       stack.back()->Constructor();
       stack.back()->BelongsTo(*this);
+      stack.back()->Seed(static_cast<std::uint32_t>(services_.Random.Rnd() * 4294967295.0));
       if (ModuleCreated) ModuleCreated(*stack.back());
     }
   }

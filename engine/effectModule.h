@@ -95,6 +95,8 @@ class effectModule {
   virtual class ToneModule* AsToneModule() { return nullptr; }
   /// Tells the module the processor whose stack it stands in, once, after its creation.
   virtual void BelongsTo(class brivolantProcessorLite&) {}
+  /// Gives a module that plays dice the number from which its dice follow.
+  virtual void Seed(std::uint32_t) {}
   /// True if the module may leave the layer smaller than the background, or elsewhere over it.
   virtual bool MayPlaceLayer() const { return false; }
   /// Its parameters, for listings.

@@ -3,7 +3,7 @@
 
 #include <cstdlib>
 
-#include "platform/pictures/Graphics.h"
+#include "effects/GuideGrid.h"
 #include "platform/pictures/kernels/TurnKernels.h"
 
 namespace brivolant {
@@ -22,15 +22,7 @@ void EffectModuleStraighten::ApplyEffect(Picture& picture, double) {
 }
 
 void EffectModuleStraighten::PostProcess(Picture& picture, double) {
-  constexpr int kParts = 5;
-  const int stepX = picture.Width() / kParts;
-  const int stepY = picture.Height() / kParts;
-  Graphics g(picture);
-  g.UseOldRenderer = true;
-  for (int i = 1; i < kParts; ++i) {
-    g.DrawLine(i * stepX, 0, i * stepX, picture.Height() - 1);
-    g.DrawLine(0, i * stepY, picture.Width() - 1, i * stepY);
-  }
+  DrawGuide(picture);
 }
 
 }  // namespace brivolant

@@ -148,6 +148,10 @@
         <source>Auto Levels</source>
         <translation>Auto-Tonwerte</translation>
     </message>
+    <message id="EffectModuleBarrelDistortion.kDistortion">
+        <source>Distortion:</source>
+        <translation>Verzerrung:</translation>
+    </message>
     <message id="EffectModuleBarrelDistortion.kName">
         <source>Barrel Distortion</source>
         <translation>Tonnenverzerrung</translation>
@@ -388,9 +392,29 @@
         <source>Mosaic</source>
         <translation>Mosaik</translation>
     </message>
+    <message id="EffectModuleMotionBlur.kDistance">
+        <source>Distance:</source>
+        <translation>Weg:</translation>
+    </message>
+    <message id="EffectModuleMotionBlur.kLinear">
+        <source>Linear</source>
+        <translation>Linear</translation>
+    </message>
     <message id="EffectModuleMotionBlur.kName">
         <source>Motion Blur</source>
         <translation>Bewegungsunschärfe</translation>
+    </message>
+    <message id="EffectModuleMotionBlur.kRadial">
+        <source>Radial</source>
+        <translation>Radial</translation>
+    </message>
+    <message id="EffectModuleMotionBlur.kRepetitions">
+        <source>Repetitions:</source>
+        <translation>Schritte:</translation>
+    </message>
+    <message id="EffectModuleMotionBlur.kZoom">
+        <source>Zoom</source>
+        <translation>Zoom</translation>
     </message>
     <message id="EffectModuleOilPainting.kName">
         <source>Oil Painting</source>
@@ -599,6 +623,10 @@
     <message id="EffectModuleWave.kName">
         <source>Wave</source>
         <translation>Wellen</translation>
+    </message>
+    <message id="EffectModuleWave.kWaves">
+        <source>Waves:</source>
+        <translation>Wellen:</translation>
     </message>
     <message id="EffectModuleWhiteBalance.kName">
         <source>White Balance</source>

@@ -47,15 +47,16 @@ TEST_F(PanelTest, HeadingsAndUnfinishedEffectsSwitchNothing) {
   const std::string before = program.Processor().StyleData();
   Click(panel, {12, 10});
   EXPECT_EQ(panel.selectedEffect(), 0);
-  Click(panel, CheckBoxOf("Sharpen"));
-  EXPECT_FALSE(program.Module("Sharpen").Enabled());
+  program.Window().EffectScrollbar->setValue(program.Window().EffectScrollbar->maximum());
+  Click(panel, CheckBoxOf("Borders"));
+  EXPECT_FALSE(program.Module("Borders").Enabled());
   EXPECT_EQ(program.Processor().StyleData(), before);
   EXPECT_FALSE(program.Window().UndoGizmo.UndoAvailable());
   // Far below the last row there is nothing.
   program.Window().resize(1100, 1400);
   Settle();
   Click(panel, {60, panel.height() - 5});
-  EXPECT_EQ(panel.selectedEffect(), program.Row("Sharpen"));
+  EXPECT_EQ(panel.selectedEffect(), program.Row("Borders"));
 }
 
 TEST_F(PanelTest, ADraggedSliderChangesThePhotoLiveAndIsOneUndo) {
@@ -242,7 +243,7 @@ TEST_F(PanelTest, AssistiveToolsReadAndActOnEveryRow) {
   row->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
   EXPECT_TRUE(program.Module("Auto Levels").Enabled());
   EXPECT_TRUE(row->state().checked);
-  EXPECT_TRUE(panel->child(program.Row("Sharpen"))->state().disabled);
+  EXPECT_TRUE(panel->child(program.Row("Borders"))->state().disabled);
   QAccessibleInterface* slider = panel->child(50);
   EXPECT_EQ(slider->role(), QAccessible::Slider);
   EXPECT_EQ(slider->parent(), panel);

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#include "effects/geometry/EffectModuleWaterdrops.h"
+
+#include "engine/pictures/MPImageFilter.h"
+
+namespace brivolant {
+
+void EffectModuleWaterdrops::LimitedSize::Set(const Variant& position) {
+  constexpr int kSmallest = 5;
+  SliderParameter<int>::Set(position);
+  if (Value() < kSmallest) *this = kSmallest;
+}
+
+void EffectModuleWaterdrops::ApplyEffect(Picture& picture, double scale) {
+  picture = MPImageFilter::WaterDrops(std::move(picture), static_cast<int>(DropSize * scale),
+                                      DropCount, seed_);
+}
+
+}  // namespace brivolant

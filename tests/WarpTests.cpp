@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: MIT
+// Operations that move pixels, and the agreement of preview and export.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "Helpers.h"
+#include "effects/EffectRegistry.h"
+#include "engine/brivolantProcessorLite.h"
+#include "engine/pictures/MPImageFilter.h"
+#include "engine/pictures/SharedPictureEffects.h"
+#include "platform/pictures/Graphics.h"
+#include "platform/pictures/kernels/WarpKernels.h"
+
+namespace brivolant::test {
+namespace {
+
+using namespace MPImageFilter;
+
+/// Black with one bright square in the middle.
+Picture Spot(int width, int height, int side) {
+  Picture picture = PlainPicture(width, height, kBlack);
+  Graphics(picture).ForeColor = kWhite;
+  Graphics g(picture);
+  g.ForeColor = kWhite;
+  g.FillRect((width - side) / 2, (height - side) / 2, side, side);
+  return picture;
+}
+
+double Sum(const Picture& picture) {
+  double sum = 0;
+  for (int y = 0; y < picture.Height(); ++y) {
+    for (int x = 0; x < picture.Width(); ++x) sum += picture.At(x, y).Green;
+  }
+  return sum;
+}
+
+TEST(MotionBlurs, SmearAlongTheirPathAndKeepTheLight) {
+  const Picture spot = Spot(101, 101, 3);
+  struct Case {
+    double angle;
+    Point inside;
+    Point outside;
+  };
+  // 25 units are 45 degrees, 50 a right angle.
+  for (const Case& c : {Case{0, {40, 50}, {50, 40}},
+                        {25, {42, 42}, {42, 58}},
+                        {50, {50, 40}, {40, 50}},
+                        {75, {42, 58}, {42, 42}}}) {
+    const Picture blurred = MotionBlur(spot, 5, c.angle, 26, kLinear);
+    const auto at = [&](const Point& p) {
+      return blurred.At(static_cast<int>(p.x), static_cast<int>(p.y)).Green;
+    };
+    EXPECT_GT(at(c.inside), 10) << c.angle;
+    EXPECT_EQ(at(c.outside), 0) << c.angle;
+    EXPECT_NEAR(Sum(blurred), Sum(spot), Sum(spot) * 0.12) << c.angle;
+  }
+  // A plain picture stays plain to its very border, and nothing to move changes nothing.
+  const Picture plain = PlainPicture(40, 30, {10, 200, 77});
+  for (const int type : {kLinear, kRadial, kZoom}) {
+    EXPECT_LE(LargestDifference(MotionBlur(plain, 30, 13, 20, type), plain), 1) << type;
+    EXPECT_TRUE(MotionBlur(spot, 0, 10, 0, type).SameAs(spot));
+  }
+  // The centre of a turn and of an approach stands still; what is far away does not.
+  const Picture photo = TestPicture(81, 61);
+  for (const int type : {kRadial, kZoom}) {
+    const Picture blurred = MotionBlur(photo, 20, 0, 0, type);
+    EXPECT_EQ(blurred.At(40, 30), photo.At(40, 30)) << type;
+    EXPECT_NE(blurred.At(3, 3), photo.At(3, 3)) << type;
+    EXPECT_NE(blurred.At(77, 30), photo.At(77, 30)) << type;
+  }
+  const Plane none(101, 101, 255);
+  EXPECT_EQ(LargestDifference(MotionBlur(spot, 9, 0, 9, kRadial, &none), spot), 0);
+}
+
+TEST(Scattering, StaysWithinItsRadiusAndRepeatsForASeed) {
+  Picture ramp = Picture::Uninitialized(200, 50);
+  for (int y = 0; y < 50; ++y) {
+    for (int x = 0; x < 200; ++x) {
+      std::uint8_t* p = ramp.Edit().Row(y) + std::ptrdiff_t{4} * x;
+      p[0] = p[1] = p[2] = static_cast<std::uint8_t>(x);
+      p[3] = 255;
+    }
+  }
+  const Picture scattered = Diffuse(ramp, 9, false, 1, 7);
+  int farthest = 0;
+  for (int y = 0; y < 50; ++y) {
+    for (int x = 0; x < 200; ++x) {
+      farthest = std::max(farthest, std::abs(scattered.At(x, y).Green - x));
+    }
+  }
+  EXPECT_LE(farthest, 10);
+  EXPECT_GE(farthest, 7);
+  EXPECT_TRUE(Diffuse(ramp, 9, false, 1, 7).SameAs(scattered));
+  EXPECT_FALSE(Diffuse(ramp, 9, false, 1, 8).SameAs(scattered));
+  EXPECT_TRUE(Diffuse(ramp, 0, true, 1, 7).SameAs(ramp));
+  // A grain moves as one.
+  const Picture coarse = Diffuse(ramp, 9, false, 4, 7);
+  EXPECT_EQ(coarse.At(101, 21).Green - coarse.At(100, 20).Green, 1);
+}
+
+TEST(Bending, KeepsTheMiddleAndFillsTheCorners) {
+  const Picture photo = TestPicture(121, 81);
+  BarrelDistortion lens;
+  EXPECT_TRUE(lens.ApplyEffect(photo).SameAs(photo));
+  lens.BackColor = {255, 0, 255};
+  const Picture plain = PlainPicture(121, 81, {20, 90, 30});
+  for (const double distortion : {-1.0, -0.3, 0.4, 1.0}) {
+    lens.Distortion = distortion;
+    EXPECT_EQ(lens.ApplyEffect(photo).At(60, 40), photo.At(60, 40));
+    // No background shows, neither at the corners nor at the sides.
+    EXPECT_LE(LargestDifference(lens.ApplyEffect(plain), plain), 1) << distortion;
+  }
+  // A barrel bulges: a line near the border bends away from the middle at its middle.
+  Picture line = PlainPicture(201, 201, kBlack);
+  {
+    Graphics g(line);
+    g.ForeColor = kWhite;
+    g.FillRect(30, 0, 3, 201);
+  }
+  const auto place = [](const Picture& picture, int y) {
+    double sum = 0;
+    double weight = 0;
+    for (int x = 0; x < 100; ++x) {
+      sum += picture.At(x, y).Green * x;
+      weight += picture.At(x, y).Green;
+    }
+    return sum / weight;
+  };
+  lens.Distortion = 0.6;
+  const Picture barrel = lens.ApplyEffect(line);
+  EXPECT_LT(place(barrel, 100), place(barrel, 10));
+  lens.Distortion = -0.6;
+  const Picture cushion = lens.ApplyEffect(line);
+  EXPECT_GT(place(cushion, 100), place(cushion, 10));
+  lens.Reset();
+  lens.VerticalKeystone = 0.3;
+  const Picture leaning = lens.ApplyEffect(line);
+  EXPECT_NE(std::lround(place(leaning, 60)), std::lround(place(leaning, 140)));
+}
+
+TEST(Waving, SwingsAroundItsPlaceAndShowsTheBackColor) {
+  const Picture photo = TestPicture(100, 80);
+  EXPECT_TRUE(Wave(photo, 0, kBlack).SameAs(photo));
+  const Picture plain = PlainPicture(100, 80, {20, 90, 30});
+  const Picture waved = Wave(plain, 3, {255, 0, 255});
+  EXPECT_EQ(waved.At(50, 40), plain.At(50, 40));
+  int back = 0;
+  for (int x = 0; x < 100; ++x) back += waved.At(x, 0) == (Color{255, 0, 255}) ? 1 : 0;
+  EXPECT_GT(back, 5);
+  EXPECT_LT(back, 95);
+}
+
+TEST(Drops, LieWhereTheSeedSaysAndChangeOnlyWhatTheyCover) {
+  const Picture photo = TestPicture(160, 120);
+  Picture out = Picture::Uninitialized(160, 120);
+  kernels::ThroughDrops(photo.View(), out.Edit(), {{80, 60, 20}});
+  EXPECT_EQ(out.At(80 - 21, 60), photo.At(80 - 21, 60));
+  EXPECT_EQ(out.At(5, 5), photo.At(5, 5));
+  EXPECT_NE(out.At(80, 50), photo.At(80, 50));
+  EXPECT_TRUE(WaterDrops(photo, 20, 30, 5).SameAs(WaterDrops(photo, 20, 30, 5)));
+  EXPECT_FALSE(WaterDrops(photo, 20, 30, 5).SameAs(WaterDrops(photo, 20, 30, 6)));
+  EXPECT_TRUE(WaterDrops(photo, 20, 0, 5).SameAs(photo));
+  EXPECT_TRUE(WaterDrops(photo, -3, 9, 5).SameAs(photo));
+}
+
+/// A soft scene with edges, as a photo has them, at any size.
+Picture Scene(int width) {
+  const int height = width * 2 / 3;
+  Picture picture = Picture::Uninitialized(width, height);
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      const double u = 1.0 * x / width;
+      const double v = 1.0 * y / height;
+      const bool disc = std::hypot(u - 0.6, (v - 0.4) * 0.67) < 0.2;
+      const double shade = 0.5 + 0.5 * std::sin(9 * u + 4 * v);
+      std::uint8_t* p = picture.Edit().Row(y) + std::ptrdiff_t{4} * x;
+      p[0] = static_cast<std::uint8_t>(disc ? 40 : 90 + 100 * shade);
+      p[1] = static_cast<std::uint8_t>(disc ? 60 + 120 * v : 110 + 60 * v);
+      p[2] = static_cast<std::uint8_t>(disc ? 200 : 60 + 80 * u);
+      p[3] = 255;
+    }
+  }
+  return picture;
+}
+
+TEST(Agreement, OfPreviewAndExportForEveryModule) {
+  constexpr int kSmall = 960;
+  constexpr int kLarge = 1920;
+  // Mean difference of a channel, of 255, and modules whose lengths are pixels at every size.
+  constexpr double kBound = 2.5;
+  const std::vector<std::string> ofPixels{"Sharpen", "Pop Art", "Interlace"};
+  const Picture large = Scene(kLarge);
+  const Picture small = SharedPictureEffects::Scale(large, kSmall, kSmall * 2 / 3,
+                                                    SharedPictureEffects::kScaleExactly);
+  TestServices services;
+  brivolantProcessorLite names(EffectRegistry(), services.services);
+  names.Startup();
+  for (int row = 0; row <= names.Count(); ++row) {
+    if (!names.item(row)->Complete()) continue;
+    const std::string name = names.item(row)->Name();
+    const bool unscaled = std::find(ofPixels.begin(), ofPixels.end(), name) != ofPixels.end();
+    const auto rendered = [&](const Picture& picture) {
+      SystemRandom random(3);
+      Services same{services.log,       services.dialogs, services.user,
+                    services.temporary, services.clock,   random};
+      brivolantProcessorLite processor(EffectRegistry(), same);
+      processor.Startup();
+      processor.item(row)->Enabled(true);
+      return processor.Process(picture);
+    };
+    const Picture preview = rendered(small);
+    const Picture exported = SharedPictureEffects::Scale(
+        rendered(large), preview.Width(), preview.Height(), SharedPictureEffects::kScaleExactly);
+    double sum = 0;
+    for (int y = 0; y < preview.Height(); ++y) {
+      for (int x = 0; x < preview.Width(); ++x) {
+        const Color a = preview.At(x, y);
+        const Color b = exported.At(x, y);
+        sum += std::abs(a.Red - b.Red) + std::abs(a.Green - b.Green) + std::abs(a.Blue - b.Blue);
+      }
+    }
+    const double mean = sum / 3 / (1.0 * preview.Width() * preview.Height());
+    EXPECT_LT(mean, unscaled ? 3 * kBound : kBound) << name;
+  }
+}
+
+}  // namespace
+}  // namespace brivolant::test
