@@ -4,6 +4,12 @@
 #include <array>
 
 #include "effects/PendingModule.h"
+#include "effects/artistic/EffectModuleConfetti.h"
+#include "effects/artistic/EffectModuleLineArt.h"
+#include "effects/artistic/EffectModuleMosaic.h"
+#include "effects/artistic/EffectModuleOilPainting.h"
+#include "effects/artistic/EffectModuleSegment.h"
+#include "effects/artistic/EffectModuleString.h"
 #include "effects/finishes/EffectModuleGloss.h"
 #include "effects/finishes/EffectModuleReflection.h"
 #include "effects/finishes/EffectModuleVignette.h"
@@ -100,18 +106,6 @@ constexpr Named kFinishes{"0756B539-CD93-AD22-CB8D-D02A2FF15DA5",
   }
 BRIVOLANT_PENDING(kOverlay, "7FFFFFFF-B371-0D5F-E410-E0CB34849A08", "EffectModuleOverlay.kName",
                   "Overlay");
-BRIVOLANT_PENDING(kConfetti, "629ACFD7-A1C2-325C-767F-1972350657FD", "EffectModuleConfetti.kName",
-                  "Confetti");
-BRIVOLANT_PENDING(kLineArt, "0BDF9AD3-852D-855C-82F2-D7830B635FD6", "EffectModuleLineArt.kName",
-                  "Line Art");
-BRIVOLANT_PENDING(kMosaic, "7FFFFFFF-0A01-FC1E-5CF8-D5EBC600183D", "EffectModuleMosaic.kName",
-                  "Mosaic");
-BRIVOLANT_PENDING(kOilPainting, "7FFFFFFF-023A-4E6B-9007-9285482F4F50",
-                  "EffectModuleOilPainting.kName", "Oil Painting");
-BRIVOLANT_PENDING(kSegment, "3C80E86B-331A-3C40-B7DF-2C5AA2E88F87", "EffectModuleSegment.kName",
-                  "Segment");
-BRIVOLANT_PENDING(kString, "7FFFFFFF-0F4A-DF74-A393-4BA94AC514F7", "EffectModuleString.kName",
-                  "Strings");
 BRIVOLANT_PENDING(kText, "150B71E5-A262-009C-42A9-CD07B87C0B76", "EffectModuleText.kName", "Text");
 BRIVOLANT_PENDING(kTexture, "4DD95F09-F9ED-A5C3-F38F-EC4F5C760FA0", "EffectModuleTexture.kName",
                   "Texture");
@@ -152,17 +146,17 @@ constexpr std::array kEntries{
     Divider<kArtistic>(),
     Effect<EffectModuleGaussianBlur>("EffectModuleGaussianBlur"),
     Effect<EffectModuleMotionBlur>("EffectModuleMotionBlur"),
-    Pending<kConfetti>("EffectModuleConfetti"),
+    Effect<EffectModuleConfetti>("EffectModuleConfetti"),
     Effect<EffectModuleDiffuse>("EffectModuleDiffuse"),
     Effect<EffectModuleFlip>("EffectModuleFlip"),
-    Pending<kLineArt>("EffectModuleLineArt"),
-    Pending<kMosaic>("EffectModuleMosaic"),
-    Pending<kOilPainting>("EffectModuleOilPainting"),
+    Effect<EffectModuleLineArt>("EffectModuleLineArt"),
+    Effect<EffectModuleMosaic>("EffectModuleMosaic"),
+    Effect<EffectModuleOilPainting>("EffectModuleOilPainting"),
     Effect<EffectModulePopArt>("EffectModulePopArt"),
     Each<EffectModuleForegroundScale, EffectModuleBackgroundScale>("EffectModuleForegroundScale",
                                                                    "EffectModuleBackgroundScale"),
-    Pending<kSegment>("EffectModuleSegment"),
-    Pending<kString>("EffectModuleString"),
+    Effect<EffectModuleSegment>("EffectModuleSegment"),
+    Effect<EffectModuleString>("EffectModuleString"),
     Pending<kText>("EffectModuleText"),
     Pending<kTexture>("EffectModuleTexture"),
     Effect<EffectModuleWave>("EffectModuleWave"),

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Helpers.h"
 
+#include <QGuiApplication>
+#include <memory>
+
 #include <unistd.h>
 
 #include <algorithm>
@@ -8,6 +11,30 @@
 #include <random>
 
 #include "platform/files/AtomicFile.h"
+
+namespace {
+
+/// Effects that draw texts need fonts, and fonts an application. The tests of windows bring theirs.
+class Fonts final : public testing::Environment {
+ public:
+  void SetUp() override {
+    if (QCoreApplication::instance() != nullptr) return;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    application_ = std::make_unique<QGuiApplication>(count_, arguments_);
+  }
+  void TearDown() override { application_.reset(); }
+
+ private:
+  int count_ = 1;
+  char name_[16] = "brivolant-tests";
+  char* arguments_[2] = {name_, nullptr};
+  std::unique_ptr<QGuiApplication> application_;
+};
+
+[[maybe_unused]] const testing::Environment* const fonts =
+    testing::AddGlobalTestEnvironment(new Fonts);
+
+}  // namespace
 
 namespace brivolant::test {
 

@@ -188,9 +188,9 @@ Picture Scene(int width) {
 TEST(Agreement, OfPreviewAndExportForEveryModule) {
   constexpr int kSmall = 960;
   constexpr int kLarge = 1920;
-  // Mean difference of a channel, of 255, and modules whose lengths are pixels at every size.
+  // Mean difference of a channel, of 255, and modules that round to pixels at every size.
   constexpr double kBound = 2.5;
-  const std::vector<std::string> ofPixels{"Sharpen", "Pop Art", "Interlace"};
+  const std::vector<std::string> ofPixels{"Sharpen", "Pop Art", "Interlace", "Mosaic"};
   const Picture large = Scene(kLarge);
   const Picture small = SharedPictureEffects::Scale(large, kSmall, kSmall * 2 / 3,
                                                     SharedPictureEffects::kScaleExactly);

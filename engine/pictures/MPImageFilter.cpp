@@ -114,6 +114,13 @@ Picture Wave(Picture source, double waves, Color backColor, const Plane* mask) {
   });
 }
 
+Picture OilPaintFilter(Picture source, int brushSize, int smoothness, const Plane* mask) {
+  if (source.IsNil() || brushSize <= 0 || smoothness <= 0) return source;
+  return Drawn(std::move(source), mask, [&](ConstPixels from, Pixels to) {
+    kernels::PaintInOil(from, to, brushSize, smoothness);
+  });
+}
+
 }  // namespace MPImageFilter
 
 Picture BarrelDistortion::ApplyEffect(Picture source) const {

@@ -29,6 +29,11 @@ Picture Diffuse(Picture source, int radius, bool blur, int grain, std::uint32_t 
 Picture WaterDrops(Picture source, int largestDropSize, int density, std::uint32_t seed,
                    const Plane* mask = nullptr);
 
+/// Every pixel takes the mean of the most frequent of `smoothness` + 1 levels of brightness, at
+/// most 256, among its neighbours within `brushSize` pixels (the classic oil filter of G.
+/// Holzmann's "Beyond Photography").
+Picture OilPaintFilter(Picture source, int brushSize, int smoothness, const Plane* mask = nullptr);
+
 /// Swings by `waves` periods over the picture; beyond its border lies `backColor`.
 Picture Wave(Picture source, double waves, Color backColor, const Plane* mask = nullptr);
 

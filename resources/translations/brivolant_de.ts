@@ -244,9 +244,33 @@
         <source>Color Shift</source>
         <translation>Farbe addieren</translation>
     </message>
+    <message id="EffectModuleConfetti.kChunkyStars">
+        <source>Chunky Stars</source>
+        <translation>Kantige Sterne</translation>
+    </message>
+    <message id="EffectModuleConfetti.kConfetti">
+        <source>Confetti</source>
+        <translation>Konfetti</translation>
+    </message>
+    <message id="EffectModuleConfetti.kFatStars">
+        <source>Fat Stars</source>
+        <translation>Dicke Sterne</translation>
+    </message>
     <message id="EffectModuleConfetti.kName">
         <source>Confetti</source>
         <translation>Konfetti</translation>
+    </message>
+    <message id="EffectModuleConfetti.kRandomColor">
+        <source>Random Color</source>
+        <translation>Zufällige Farbe</translation>
+    </message>
+    <message id="EffectModuleConfetti.kSkinnyStars">
+        <source>Skinny Stars</source>
+        <translation>Strichsterne</translation>
+    </message>
+    <message id="EffectModuleConfetti.kThinStars">
+        <source>Thin Stars</source>
+        <translation>Dünne Sterne</translation>
     </message>
     <message id="EffectModuleDiffuse.kName">
         <source>Diffuse</source>
@@ -388,9 +412,33 @@
         <source>Line Art</source>
         <translation>Strichzeichnung</translation>
     </message>
+    <message id="EffectModuleLineArt.kThick">
+        <source>Thick Softer Lines</source>
+        <translation>Dicke, weiche Linien</translation>
+    </message>
+    <message id="EffectModuleLineArt.kThin">
+        <source>Thinner Sharper Lines</source>
+        <translation>Dünne, scharfe Linien</translation>
+    </message>
     <message id="EffectModuleMosaic.kName">
         <source>Mosaic</source>
         <translation>Mosaik</translation>
+    </message>
+    <message id="EffectModuleMosaic.kText">
+        <source>ASCII Text</source>
+        <translation>ASCII-Text</translation>
+    </message>
+    <message id="EffectModuleMosaic.kTiles">
+        <source>Tiles:</source>
+        <translation>Kacheln:</translation>
+    </message>
+    <message id="EffectModuleMosaic.kUseBackColor">
+        <source>Use Back Color:</source>
+        <translation>Grund:</translation>
+    </message>
+    <message id="EffectModuleMosaic.kVary">
+        <source>Vary:</source>
+        <translation>Streuen:</translation>
     </message>
     <message id="EffectModuleMotionBlur.kDistance">
         <source>Distance:</source>
@@ -416,9 +464,17 @@
         <source>Zoom</source>
         <translation>Zoom</translation>
     </message>
+    <message id="EffectModuleOilPainting.kBrushSize">
+        <source>Brush Size:</source>
+        <translation>Pinsel:</translation>
+    </message>
     <message id="EffectModuleOilPainting.kName">
         <source>Oil Painting</source>
         <translation>Ölgemälde</translation>
+    </message>
+    <message id="EffectModuleOilPainting.kSmoothness">
+        <source>Smoothness</source>
+        <translation>Glätte:</translation>
     </message>
     <message id="EffectModuleOutline.kName">
         <source>Matte</source>
@@ -468,9 +524,17 @@
         <source>Top</source>
         <translation>Oben</translation>
     </message>
+    <message id="EffectModuleSegment.kGap">
+        <source>Gap:</source>
+        <translation>Lücke:</translation>
+    </message>
     <message id="EffectModuleSegment.kName">
         <source>Segment</source>
         <translation>Segmente</translation>
+    </message>
+    <message id="EffectModuleSegment.kSegments">
+        <source>Segments:</source>
+        <translation>Teile:</translation>
     </message>
     <message id="EffectModuleSepia.kName">
         <source>Sepia</source>
@@ -596,9 +660,17 @@
         <source>Straighten</source>
         <translation>Ausrichten</translation>
     </message>
+    <message id="EffectModuleString.kCircular">
+        <source>Circular Lines</source>
+        <translation>Kreislinien</translation>
+    </message>
     <message id="EffectModuleString.kName">
         <source>Strings</source>
         <translation>Fäden</translation>
+    </message>
+    <message id="EffectModuleString.kVertical">
+        <source>Vertical Lines</source>
+        <translation>Senkrechte Linien</translation>
     </message>
     <message id="EffectModuleTechnicolor.kName">
         <source>2-Strip Technicolor Simulation</source>

@@ -2,6 +2,7 @@
 #include "platform/pictures/kernels/WarpKernels.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <numbers>
@@ -190,6 +191,69 @@ void Scatter(ConstPixels source, Pixels target, double radius, int grain, std::u
                 source.Row(std::clamp(y + place.y, 0, source.height - 1)) +
                     std::ptrdiff_t{4} * std::clamp(x + place.x, 0, source.width - 1),
                 4);
+  });
+}
+
+namespace {
+
+/// The pixels of a window by their class of brightness; one column comes and one goes at a step.
+class BrightnessClasses {
+ public:
+  explicit BrightnessClasses(int levels) : levels_(std::clamp(levels, 1, 255)) {}
+
+  void Clear() { classes_ = {}; }
+  void Change(const std::uint8_t* pixel, int by) {
+    Class& c = classes_[static_cast<std::size_t>((pixel[0] + pixel[1] + pixel[2]) * levels_ / 765)];
+    c.count += by;
+    c.blue += by * pixel[0];
+    c.green += by * pixel[1];
+    c.red += by * pixel[2];
+  }
+  void MeanOfFullest(std::uint8_t* out) const {
+    const Class* fullest = classes_.data();
+    for (int i = 1; i <= levels_; ++i) {
+      const Class& c = classes_[static_cast<std::size_t>(i)];
+      if (c.count > fullest->count) fullest = &c;
+    }
+    out[0] = static_cast<std::uint8_t>(fullest->blue / fullest->count);
+    out[1] = static_cast<std::uint8_t>(fullest->green / fullest->count);
+    out[2] = static_cast<std::uint8_t>(fullest->red / fullest->count);
+    out[3] = 255;
+  }
+
+ private:
+  struct Class {
+    int count = 0;
+    int blue = 0;
+    int green = 0;
+    int red = 0;
+  };
+  std::array<Class, 256> classes_{};
+  int levels_;
+};
+
+}  // namespace
+
+void PaintInOil(ConstPixels source, Pixels target, int radius, int levels) {
+  ParallelRows(target.height, kGrain, [&](int from, int to) {
+    BrightnessClasses classes(levels);
+    for (int y = from; y < to; ++y) {
+      const int top = std::max(y - radius, 0);
+      const int bottom = std::min(y + radius, source.height - 1);
+      const auto column = [&](int x, int by) {
+        if (x < 0 || x >= source.width) return;
+        for (int row = top; row <= bottom; ++row) {
+          classes.Change(source.Row(row) + std::ptrdiff_t{4} * x, by);
+        }
+      };
+      classes.Clear();
+      for (int x = 0; x < radius; ++x) column(x, 1);
+      for (int x = 0; x < target.width; ++x) {
+        column(x + radius, 1);
+        column(x - radius - 1, -1);
+        classes.MeanOfFullest(target.Row(y) + std::ptrdiff_t{4} * x);
+      }
+    }
   });
 }
 

@@ -24,6 +24,10 @@ void AverageWithTurned(ConstPixels source, Pixels target, double degrees, double
 /// for the same `seed`; cells of `grain` pixels go together.
 void Scatter(ConstPixels source, Pixels target, double radius, int grain, std::uint32_t seed);
 
+/// Every pixel becomes the mean colour of the fullest of `levels` + 1 classes of brightness among
+/// the pixels at most `radius` rows and columns away. `levels` counts up to 255.
+void PaintInOil(ConstPixels source, Pixels target, int radius, int levels);
+
 /// Rows and columns swing like a sine: `waves` periods over the picture, `amplitude` pixels to each
 /// side. What comes from outside is `back`.
 void Swing(ConstPixels source, Pixels target, double waves, double amplitude, Color back);

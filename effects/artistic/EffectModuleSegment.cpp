@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#include "effects/artistic/EffectModuleSegment.h"
+
+#include <algorithm>
+
+#include "engine/pictures/AdvancedGraphics.h"
+#include "engine/pictures/SharedPictureEffects.h"
+#include "platform/pictures/kernels/ComposeKernels.h"
+#include "platform/pictures/kernels/LookKernels.h"
+
+namespace brivolant {
+
+namespace {
+
+struct Grid {
+  int columns;
+  int rows;
+};
+
+Grid GridFor(int tileCount, bool wide) {
+  switch (tileCount) {
+    case 0:
+      return wide ? Grid{2, 1} : Grid{1, 2};
+    case 1:
+      return wide ? Grid{3, 1} : Grid{1, 3};
+    case 5:
+      return {3, 2};
+    case 6:
+      return {3, 3};
+    default:
+      return {2, 2};
+  }
+}
+
+/// A part of a picture at its own size.
+Picture Part(const Picture& picture, int x, int y, int w, int h) {
+  Picture part = Picture::Uninitialized(w, h, picture.Depth());
+  if (!part.IsNil()) kernels::CopyArea(picture.View(), x, y, part.Edit());
+  return part;
+}
+
+CGRect Rect(int x, int y, int w, int h) {
+  return AdvancedGraphicsModule::MakeCGRect(static_cast<float>(x), static_cast<float>(y),
+                                            static_cast<float>(w), static_cast<float>(h));
+}
+
+/// The shadow that a piece throws downward.
+void Shadow(Picture& sheet, const CGRect& rect, int blur) {
+  AdvancedGraphics g(sheet);
+  g.SetShadow(0, -blur, blur);
+  g.SetFillColor(kBlack, 1);
+  g.DrawRect(rect, kFill);
+}
+
+}  // namespace
+
+void EffectModuleSegment::ApplyEffect(Picture& picture, double scale) {
+  constexpr int kMat = 3;
+  constexpr int kInset = 4;
+  const int w = picture.Width();
+  const int h = picture.Height();
+  const Grid grid = GridFor(tileCount, h <= w);
+  const double left = std::clamp(1 - Distance / 100.0, 0.0, 1.0);
+  const int cw = w / grid.columns;
+  const int ch = h / grid.rows;
+  const int tw = static_cast<int>(w * left) / grid.columns;
+  const int th = static_cast<int>(h * left) / grid.rows;
+  const int ox = (cw - tw) / 2;
+  const int oy = (ch - th) / 2;
+  const int blur = static_cast<int>(15 * scale);
+  if (cw == 0 || ch == 0) return;
+  const int cx = (w - cw) / 2;
+  const int cy = (h - ch) / 2;
+  Picture sheet = picture;
+  const auto fill = [&sheet](const CGRect& rect) {
+    AdvancedGraphics g(sheet);
+    g.SetFillColor(kBlack, 1);
+    g.DrawRect(rect, kFill);
+  };
+  const auto lay = [&](const Picture& part, int x, int y, int width, int height) {
+    const Picture piece =
+        SharedPictureEffects::Scale(part, width, height, SharedPictureEffects::kScaleExactly);
+    if (!piece.IsNil()) kernels::Compose(sheet.Edit(), piece.View(), {}, x, y);
+  };
+  if (tileCount == kMat) {
+    fill(Rect(cx - (cw - tw), cy - (ch - th), cw + 2 * (cw - tw), ch + 2 * (ch - th)));
+    if (DropShadow) Shadow(sheet, Rect(cx, cy, cw, ch), blur);
+    lay(Part(picture, cx, cy, cw, ch), cx, cy, cw, ch);
+    kernels::CopyArea(sheet.View(), 0, 0, picture.Edit());
+    return;
+  }
+  kernels::FillPixels(sheet.Edit(), backColor);
+  const auto forEachCell = [&](auto action) {
+    for (int row = 0; row < grid.rows; ++row) {
+      for (int column = 0; column < grid.columns; ++column) action(column, row);
+    }
+  };
+  if (DropShadow && tileCount != kInset) {
+    forEachCell([&](int column, int row) {
+      Shadow(sheet, Rect(ox + column * cw, oy + row * ch, tw, th), blur);
+    });
+  }
+  forEachCell([&](int column, int row) {
+    lay(Part(picture, column * cw, row * ch, cw, ch), ox + column * cw, oy + row * ch, tw, th);
+  });
+  if (tileCount == kInset) {
+    fill(Rect(cx, cy, cw, ch));
+    lay(Part(picture, cx, cy, cw, ch), cx + ox, cy + oy, tw, th);
+  }
+  kernels::CopyArea(sheet.View(), 0, 0, picture.Edit());
+}
+
+}  // namespace brivolant

@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+// Renderers that repaint the picture.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "Helpers.h"
+#include "effects/EffectRegistry.h"
+#include "engine/brivolantProcessorLite.h"
+#include "engine/pictures/MPImageFilter.h"
+#include "engine/pictures/SharedPictureEffects.h"
+
+namespace brivolant::test {
+namespace {
+
+constexpr Color kPink{255, 0, 200};
+using Settings = std::initializer_list<std::pair<const char*, Variant>>;
+
+/// Renders with one module of the foreground alone.
+struct Art : TestServices {
+  Picture Render(const std::string& name, const Settings& settings, Picture picture,
+                 double scale = 1, std::uint64_t seed = 4) {
+    SystemRandom dice(seed);
+    const Services own{log, dialogs, user, temporary, clock, dice};
+    brivolantProcessorLite processor(EffectRegistry(), own);
+    processor.Startup();
+    for (int i = 0; i <= processor.Count(); ++i) {
+      effectModule& module = *processor.item(i);
+      if (module.Name() != name) continue;
+      Dictionary values = module.Settings();
+      for (const auto& [key, value] : settings) values.Value(key, value);
+      values.Value("Enabled", true);
+      module.Settings(values);
+      module.Apply(picture, scale);
+      return picture;
+    }
+    ADD_FAILURE() << "no module " << name;
+    return picture;
+  }
+};
+
+std::set<std::uint32_t> ColorsOf(const Picture& picture) {
+  std::set<std::uint32_t> colors;
+  for (int y = 0; y < picture.Height(); ++y) {
+    for (int x = 0; x < picture.Width(); ++x) colors.insert(picture.At(x, y).RGB());
+  }
+  return colors;
+}
+
+TEST(Art, MosaicLaysTilesOfThePicturesColors) {
+  Art art;
+  const Picture plain = PlainPicture(120, 80, {10, 120, 40});
+  // Squares without a gap cover the back colour; ovals leave some of it.
+  const Settings squares{{"shapes", 1},
+                         {"TileCount", 12},
+                         {"varyPlacement", 0.0},
+                         {"DropShadow", false},
+                         {"BackColor", kPink}};
+  EXPECT_EQ(ColorsOf(art.Render("Mosaic", squares, plain)).size(), 1U);
+  const Settings ovals{{"shapes", 3},
+                       {"TileCount", 12},
+                       {"varyPlacement", 0.0},
+                       {"DropShadow", false},
+                       {"BackColor", kPink}};
+  const Picture dotted = art.Render("Mosaic", ovals, plain);
+  EXPECT_EQ(dotted.At(0, 0), kPink);
+  EXPECT_EQ(dotted.At(5, 5), (Color{10, 120, 40}));
+  // The background can be left to the picture, and an opacity of 0 changes nothing.
+  const Settings bare{{"shapes", 3},
+                      {"TileCount", 12},
+                      {"varyPlacement", 0.0},
+                      {"DropShadow", false},
+                      {"Background", false}};
+  EXPECT_EQ(ColorsOf(art.Render("Mosaic", bare, plain)).size(), 1U);
+  const Settings clear{{"Transparency", 0.0}, {"DropShadow", false}};
+  EXPECT_TRUE(art.Render("Mosaic", clear, plain).SameAs(plain));
+  // Placed by dice, alike for the same seed; every shape and hostile counts run.
+  for (int shape = 0; shape < 6; ++shape) {
+    const Settings varied{{"shapes", shape}, {"TileCount", shape == 5 ? -7 : 20}};
+    const Picture photo = TestPicture(90, 70);
+    const Picture once = art.Render("Mosaic", varied, photo);
+    EXPECT_TRUE(once.SameAs(art.Render("Mosaic", varied, photo))) << shape;
+    EXPECT_EQ(once.Width(), 90);
+  }
+}
+
+TEST(Art, StringsDrawDotsOnTheirGround) {
+  Art art;
+  const Picture plain = PlainPicture(600, 400, {10, 120, 40});
+  for (const int shape : {0, 1}) {
+    const Picture threads = art.Render("Strings", {{"Shape", shape}, {"backColor", kPink}}, plain);
+    EXPECT_GT(ColorsOf(threads).count(kPink.RGB()), 0U);
+    EXPECT_GT(ColorsOf(threads).count(0x0A7828), 0U);
+  }
+  const Picture lines = art.Render("Strings", {{"Shape", 0}, {"backColor", kPink}}, plain);
+  EXPECT_EQ(lines.At(2, 2), (Color{10, 120, 40}));
+  EXPECT_EQ(lines.At(12, 2), kPink);
+  EXPECT_EQ(art.Render("Strings", {{"DropShadow", true}}, TestPicture(3, 2)).Width(), 3);
+}
+
+TEST(Art, ConfettiFallsByTheDiceInItsColors) {
+  Art art;
+  const Picture plain = PlainPicture(200, 150, kBlack);
+  const auto strewn = [&](int kind, int count, std::uint64_t seed = 4) {
+    return art.Render("Confetti", {{"kind", kind}, {"StarCount", count}, {"StarColor", kPink}},
+                      plain, 1, seed);
+  };
+  EXPECT_TRUE(strewn(0, 0).SameAs(plain));
+  EXPECT_TRUE(strewn(0, -3).SameAs(plain));
+  for (int kind = 0; kind <= 6; ++kind) {
+    EXPECT_GT(ColorsOf(strewn(kind, 60)).count(kPink.RGB()), 0U) << kind;
+  }
+  EXPECT_TRUE(strewn(99, 60).SameAs(plain));
+  EXPECT_FALSE(strewn(0, 20).SameAs(strewn(0, 20, 5)));
+  // Random colours are many.
+  const Picture many =
+      art.Render("Confetti", {{"kind", 3}, {"StarCount", 60}, {"RandomColor", true}}, plain);
+  EXPECT_GT(ColorsOf(many).size(), 40U);
+}
+
+TEST(Art, SegmentsCutInRowsColumnsAndMats) {
+  Art art;
+  const Picture wide = TestPicture(120, 60);
+  const auto cut = [&](int count, const Picture& picture, int gap = 20) {
+    return art.Render(
+        "Segment",
+        {{"tileCount", count}, {"Distance", gap}, {"backColor", kPink}, {"DropShadow", false}},
+        picture);
+  };
+  // Two side by side: the sheet shows in the middle and at the border.
+  EXPECT_EQ(cut(0, wide).At(60, 30), kPink);
+  EXPECT_EQ(cut(0, wide).At(1, 30), kPink);
+  EXPECT_NE(cut(0, wide).At(30, 30), kPink);
+  // A tall picture stacks its pieces.
+  const Picture tall = TestPicture(60, 120);
+  EXPECT_EQ(cut(0, tall).At(30, 60), kPink);
+  EXPECT_NE(cut(0, tall).At(30, 30), kPink);
+  EXPECT_EQ(cut(1, wide).At(40, 30), kPink);
+  EXPECT_EQ(cut(6, wide).At(40, 20), kPink);
+  // Without a gap the pieces lie edge to edge.
+  EXPECT_LE(LargestDifference(cut(2, wide, 0), wide), 1);
+  // The mat keeps the picture around and in the middle.
+  EXPECT_EQ(cut(3, wide).At(2, 2), wide.At(2, 2));
+  EXPECT_EQ(cut(3, wide).At(60, 30), wide.At(60, 30));
+  EXPECT_EQ(cut(3, wide).At(28, 30), kBlack);
+  for (int count = -1; count < 8; ++count) {
+    EXPECT_EQ(art.Render("Segment", {{"tileCount", count}, {"DropShadow", true}}, wide).Width(),
+              120);
+    EXPECT_EQ(cut(count, TestPicture(1, 1), 300).Width(), 1);
+  }
+}
+
+TEST(Art, OilTakesTheFullestTone) {
+  using MPImageFilter::OilPaintFilter;
+  const Picture photo = TestPicture(60, 40);
+  EXPECT_TRUE(OilPaintFilter(photo, 0, 20).SameAs(photo));
+  EXPECT_TRUE(OilPaintFilter(photo, 3, 0).SameAs(photo));
+  const Picture plain = PlainPicture(30, 20, {3, 99, 201});
+  EXPECT_TRUE(OilPaintFilter(plain, 4, 40).SameAs(plain));
+  // One stray pixel among many of another tone is painted over; two halves keep their edge.
+  Picture stray = plain;
+  stray.Edit().Row(10)[60] = stray.Edit().Row(10)[61] = stray.Edit().Row(10)[62] = 255;
+  EXPECT_EQ(OilPaintFilter(stray, 2, 20).At(15, 10), plain.At(15, 10));
+  Picture halves = plain;
+  for (int y = 0; y < 20; ++y) {
+    for (int x = 15; x < 30; ++x) {
+      std::uint8_t* p = halves.Edit().Row(y) + std::ptrdiff_t{4} * x;
+      p[0] = p[1] = p[2] = 250;
+    }
+  }
+  EXPECT_TRUE(OilPaintFilter(halves, 3, 20).SameAs(halves));
+  Art art;
+  EXPECT_TRUE(art.Render("Oil Painting", {{"BrushSize", 0}}, photo).SameAs(photo));
+  EXPECT_EQ(art.Render("Oil Painting", {{"BrushSize", 2}}, photo).Width(), 60);
+}
+
+TEST(Art, LinesAreDarkOnWhite) {
+  Art art;
+  const Picture plain = PlainPicture(60, 40, {90, 120, 40});
+  EXPECT_EQ(art.Render("Line Art", {{"Mode", 0}}, plain).At(30, 20), kWhite);
+  EXPECT_EQ(art.Render("Line Art", {{"Mode", 1}}, plain).At(30, 20), (Color{128, 128, 128}));
+  EXPECT_LT(ColorsOf(art.Render("Line Art", {{"Mode", 0}}, TestPicture(60, 40))).size(), 2400U);
+}
+
+}  // namespace
+}  // namespace brivolant::test
