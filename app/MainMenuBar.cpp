@@ -47,6 +47,7 @@ constexpr MenuEntry kEdit[] = {
     kSeparator,
     Item("EditCopy", kEditCopy, "Ctrl+C"),
     Item("EditCopyStyle", kEditCopyStyle, "Ctrl+Alt+C"),
+    Item("EditPaste", kEditPaste, "Ctrl+V"),
     Item("EditPasteStyle", kEditPasteStyle, "Ctrl+Alt+V"),
     Item("EditClearStyle", kEditClearStyle),
     kSeparator,

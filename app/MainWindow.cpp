@@ -16,6 +16,7 @@
 #include "app/core/GlobalApplicationSpecificProperties.h"
 #include "effects/EffectRegistry.h"
 #include "effects/crop/CropModule.h"
+#include "effects/finishes/EffectModuleOverlay.h"
 #include "effects/fixes/EffectModuleColorAdjuster.h"
 #include "engine/ui/EditorDisplay.h"
 #include "engine/ui/EffectStackEditor.h"
@@ -76,6 +77,9 @@ void MainWindow::WireProcessor() {
   myProcessor->ModuleCreated = [this](effectModule& module) {
     if (auto* adjuster = dynamic_cast<EffectModuleColorAdjuster*>(&module)) {
       adjuster->PickColor = [this] { return PickScreenColor(); };
+    }
+    if (auto* overlay = dynamic_cast<EffectModuleOverlay*>(&module)) {
+      overlay->ChoosePicture = [this] { return ChoosePhoto(EffectModuleOverlay::kPrompt); };
     }
   };
   myProcessor->UpdateStarted = [this] {

@@ -83,6 +83,7 @@ class MainWindow final : public ifkWindow {
   static constexpr LocalizedText kUndoClearStyle{"MainWindow.kUndoClearStyle", "Clear Style"};
   static constexpr LocalizedText kUndoPasteStyle{"MainWindow.kUndoPasteStyle", "Paste Style"};
   static constexpr LocalizedText kUndoLastStyle{"MainWindow.kUndoLastStyle", "Last Style"};
+  static constexpr LocalizedText kUndoPaste{"MainWindow.kUndoPaste", "Paste"};
 
   /// The application must outlive the window.
   explicit MainWindow(App& app);
@@ -195,6 +196,9 @@ class MainWindow final : public ifkWindow {
 
   void Toggle(int BrivolantDocument::*field, int value, const char* key, const LocalizedText& name);
   void ChooseAndOpen();
+  /// A photo that the user chose, or nil.
+  FolderItem ChoosePhoto(const LocalizedText& title);
+  void PastePicture();
   void Drop(const DragItem& item);
   void CopyPicture();
   void CopyStyle();

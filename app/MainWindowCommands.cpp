@@ -24,11 +24,14 @@
 #include "app/core/GlobalApplicationSpecificProperties.h"
 #include "effects/EffectRegistry.h"
 #include "effects/crop/CropModule.h"
+#include "effects/finishes/EffectModuleOverlay.h"
+#include "engine/pictures/PictureEffects.h"
 #include "engine/pictures/SharedPictureEffects.h"
 #include "engine/ui/EditorDisplay.h"
 #include "engine/ui/EffectStackEditor.h"
 #include "formats/BrivolantDocument.h"
 #include "formats/FileTypes.h"
+#include "formats/ImageFile.h"
 #include "kit/AnimationCore.h"
 #include "kit/InterfaceKitSupport.h"
 #include "kit/SvgIcon.h"
@@ -135,6 +138,7 @@ void MainWindow::MenuAction(const std::string& name) {
       {"EditRedo", [](MainWindow& w) { w.UndoGizmo.Redo(); }},
       {"EditCopy", [](MainWindow& w) { w.CopyPicture(); }},
       {"EditCopyStyle", [](MainWindow& w) { w.CopyStyle(); }},
+      {"EditPaste", [](MainWindow& w) { w.PastePicture(); }},
       {"EditPasteStyle", [](MainWindow& w) { w.PasteStyle(); }},
       {"EditClearStyle", [](MainWindow& w) { w.ClearStyle(); }},
       {"FileApplyLastStyle", [](MainWindow& w) { w.ApplyLastStyle(); }},
@@ -317,6 +321,7 @@ void MainWindow::EnableEditorItems() {
   menu.Item("ViewBrowseMyPhotos").setText(Shown(Menus::kViewBrowseMyPhotos));
   menu.Item("EditUndo").setEnabled(UndoGizmo.UndoAvailable());
   menu.Item("EditRedo").setEnabled(UndoGizmo.RedoAvailable());
+  menu.Item("EditPaste").setEnabled(app_.Clipboard().HasPicture());
   menu.Item("EditPasteStyle").setEnabled(app_.Clipboard().Has(kStyleType));
   menu.Item("FileSave").setEnabled(document.Dirty);
   menu.Item("FileApplyLastStyle").setEnabled(!LastStyle.empty());
@@ -350,11 +355,37 @@ void MainWindow::UpdateRecentMenu() {
 
 // Opening, copying and styles.
 
-void MainWindow::ChooseAndOpen() {
-  if (AskToSave()) return;
+FolderItem MainWindow::ChoosePhoto(const LocalizedText& title) {
   const std::vector<FolderItem> files = app_.FileDialogs().Open(
-      kOpenTitle.Text(), {}, {{kAllPhotos.Text(), kPhotoExtensions}, {kAllFiles.Text(), ""}});
-  if (!files.empty()) OpenImage(files.front(), {});
+      title.Text(), {}, {{kAllPhotos.Text(), kPhotoExtensions}, {kAllFiles.Text(), ""}});
+  return files.empty() ? FolderItem() : files.front();
+}
+
+void MainWindow::ChooseAndOpen() {
+  if (const FolderItem file = ChoosePhoto(kOpenTitle)) app_.OpenDocument(file);
+}
+
+void MainWindow::PastePicture() {
+  constexpr const char* kOverlay = "7FFFFFFF-B371-0D5F-E410-E0CB34849A08";
+  constexpr double kQuality = 0.8;
+  const Picture picture = app_.Clipboard().Picture();
+  auto* overlay = dynamic_cast<EffectModuleOverlay*>(myProcessor->ItemVIaID(kOverlay));
+  if (!document_ || picture.IsNil() || overlay == nullptr) return;
+  const FolderItem file = app_.Services().TemporaryFiles.Child("FromClipboard.jpg");
+  std::string error;
+  if (!ImageIO::SaveAsJPEG(file, EnsurePictureCompatible(picture), kQuality, error)) {
+    app_.Dialogs().Message(error, {});
+    return;
+  }
+  Record({{"ProcessorStack", myProcessor->StyleData()}}, kUndoPaste.Text());
+  if (!overlay->SetAsMyPicture(file)) return;
+  overlay->Enabled(true);
+  // At the head of the stack, above everything else.
+  myProcessor->ChangeItemOrder(myProcessor->ItemPositionViaID(kOverlay), 0);
+  myProcessor->SelectEffect(0);
+  AdvancedPanel->selectedEffect(0);
+  updateProcessorRelatedInterfaceElements();
+  SetDirty(true);
 }
 
 void MainWindow::Drop(const DragItem& item) {

@@ -35,6 +35,7 @@ inline constexpr LocalizedText kEditUndo{"Menus.kEditUndo", "&Undo"};
 inline constexpr LocalizedText kEditRedo{"Menus.kEditRedo", "Red&o"};
 inline constexpr LocalizedText kEditCopy{"Menus.kEditCopy", "&Copy"};
 inline constexpr LocalizedText kEditCopyStyle{"Menus.kEditCopyStyle", "Copy Style"};
+inline constexpr LocalizedText kEditPaste{"Menus.kEditPaste", "&Paste"};
 inline constexpr LocalizedText kEditPasteStyle{"Menus.kEditPasteStyle", "Paste Style"};
 inline constexpr LocalizedText kEditClearStyle{"Menus.kEditClearStyle", "Clear Style"};
 inline constexpr LocalizedText kFileApplyLastStyle{"Menus.kFileApplyLastStyle",

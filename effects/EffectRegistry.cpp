@@ -11,6 +11,8 @@
 #include "effects/artistic/EffectModuleSegment.h"
 #include "effects/artistic/EffectModuleString.h"
 #include "effects/finishes/EffectModuleGloss.h"
+#include "effects/finishes/EffectModuleOutline.h"
+#include "effects/finishes/EffectModuleOverlay.h"
 #include "effects/finishes/EffectModuleReflection.h"
 #include "effects/finishes/EffectModuleVignette.h"
 #include "effects/fixes/EffectModuleAutoContrast.h"
@@ -104,13 +106,9 @@ constexpr Named kFinishes{"0756B539-CD93-AD22-CB8D-D02A2FF15DA5",
   constexpr Named constant {                       \
     id, {key, text}, {}                            \
   }
-BRIVOLANT_PENDING(kOverlay, "7FFFFFFF-B371-0D5F-E410-E0CB34849A08", "EffectModuleOverlay.kName",
-                  "Overlay");
 BRIVOLANT_PENDING(kText, "150B71E5-A262-009C-42A9-CD07B87C0B76", "EffectModuleText.kName", "Text");
 BRIVOLANT_PENDING(kTexture, "4DD95F09-F9ED-A5C3-F38F-EC4F5C760FA0", "EffectModuleTexture.kName",
                   "Texture");
-BRIVOLANT_PENDING(kOutline, "70325F49-FB0D-5FA0-251B-1CF7387C3762", "EffectModuleOutline.kName",
-                  "Matte");
 BRIVOLANT_PENDING(kBorder, "722F92BB-914A-BE34-7B81-40D006AE5CE4", "EffectModuleBorder.kName",
                   "Borders");
 #undef BRIVOLANT_PENDING
@@ -140,7 +138,7 @@ constexpr std::array kEntries{
     Effect<EffectModuleInterlace>("EffectModuleInterlace"),
     Effect<EffectModuleInverse>("EffectModuleInverse"),
     Effect<EffectModuleOverBurn>("EffectModuleOverBurn"),
-    Pending<kOverlay>("EffectModuleOverlay"),
+    Effect<EffectModuleOverlay>("EffectModuleOverlay"),
     Effect<EffectModulePosterize>("EffectModulePosterize"),
     Effect<EffectModuleSepia>("EffectModuleSepia"),
     Divider<kArtistic>(),
@@ -162,7 +160,7 @@ constexpr std::array kEntries{
     Effect<EffectModuleWave>("EffectModuleWave"),
     Effect<EffectModuleWaterdrops>("EffectModuleWaterdrops"),
     Divider<kFinishes>(),
-    Pending<kOutline>("EffectModuleOutline"),
+    Effect<EffectModuleOutline>("EffectModuleOutline"),
     Effect<EffectModuleVignette>("EffectModuleVignette"),
     Effect<EffectModuleGloss>("EffectModuleGloss"),
     Pending<kBorder>("EffectModuleBorder"),

@@ -23,7 +23,8 @@ void Raise(const std::function<void()>& event) {
 
 }  // namespace
 
-brivolantProcessorLite::brivolantProcessorLite(ModuleRegistry registry, const Services& services)
+brivolantProcessorLite::brivolantProcessorLite(ModuleRegistry registry,
+                                               const brivolant::Services& services)
     : stacks(2), registry_(registry), services_(services) {}
 
 brivolantProcessorLite::~brivolantProcessorLite() = default;

@@ -29,7 +29,7 @@ class brivolantProcessorLite {
   using StackList = std::vector<std::unique_ptr<effectModule>>;
 
   /// `registry` lists the modules of both stacks. Everything handed in must outlive the processor.
-  brivolantProcessorLite(ModuleRegistry registry, const Services& services);
+  brivolantProcessorLite(ModuleRegistry registry, const brivolant::Services& services);
   ~brivolantProcessorLite();
   brivolantProcessorLite(const brivolantProcessorLite&) = delete;
   brivolantProcessorLite& operator=(const brivolantProcessorLite&) = delete;
@@ -86,6 +86,9 @@ class brivolantProcessorLite {
   int BlendMode() const { return Blender.BlendMode; }
   void BlendMode(int mode) { Blender.BlendMode = mode; }
 
+  /// What the modules work with.
+  const brivolant::Services& Services() const { return services_; }
+
   /// The factor by which a picture differs from the reference size of 640 pixels.
   static double ConsistencyScaleFor(const Picture& picture);
 
@@ -140,7 +143,7 @@ class brivolantProcessorLite {
   Picture Compose(Picture background, const Picture& foreground);
 
   ModuleRegistry registry_;
-  Services services_;
+  brivolant::Services services_;
   BlendEffect Blender;
   effectModule* mSelectedeffect = nullptr;
   int lastWidth = 0;

@@ -3,13 +3,17 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <set>
 
 #include "Helpers.h"
 #include "effects/EffectRegistry.h"
+#include "effects/finishes/EffectModuleOverlay.h"
 #include "engine/brivolantProcessorLite.h"
 #include "engine/pictures/MPImageFilter.h"
 #include "engine/pictures/SharedPictureEffects.h"
+#include "formats/BrivolantDocument.h"
+#include "platform/codecs/ImageCodecs.h"
 
 namespace brivolant::test {
 namespace {
@@ -181,6 +185,99 @@ TEST(Art, LinesAreDarkOnWhite) {
   EXPECT_EQ(art.Render("Line Art", {{"Mode", 0}}, plain).At(30, 20), kWhite);
   EXPECT_EQ(art.Render("Line Art", {{"Mode", 1}}, plain).At(30, 20), (Color{128, 128, 128}));
   EXPECT_LT(ColorsOf(art.Render("Line Art", {{"Mode", 0}}, TestPicture(60, 40))).size(), 2400U);
+}
+
+TEST(Matte, OpensInItsShapeWithEqualBorders) {
+  Art art;
+  const Picture plain = PlainPicture(200, 300, {10, 120, 40});
+  const auto matted = [&](int shape, double size, int effect = 0) {
+    return art.Render(
+        "Matte", {{"shape", shape}, {"Size", size}, {"Effect", effect}, {"outlineColor", kPink}},
+        plain);
+  };
+  const Color inside{10, 120, 40};
+  // Both margins are measured on the width.
+  const Picture square = matted(0, 0.2);
+  EXPECT_EQ(square.At(19, 150), kPink);
+  EXPECT_EQ(square.At(21, 150), inside);
+  EXPECT_EQ(square.At(100, 19), kPink);
+  EXPECT_EQ(square.At(100, 21), inside);
+  EXPECT_EQ(square.At(100, 281), kPink);
+  EXPECT_TRUE(matted(0, 0).SameAs(plain));
+  for (int shape = 0; shape < 6; ++shape) {
+    EXPECT_EQ(matted(shape, 0.2).At(1, 1), kPink) << shape;
+    EXPECT_EQ(matted(shape, 0.2).At(100, 160), inside) << shape;
+    EXPECT_EQ(matted(shape, 1.0).At(100, 150) == kPink || shape > 0, true);
+  }
+  // Corners are cut by everything that is round.
+  EXPECT_EQ(matted(1, 0.2).At(22, 22), kPink);
+  EXPECT_EQ(matted(2, 0.2).At(30, 30), kPink);
+  EXPECT_EQ(matted(3, 0.2).At(21, 22), inside);
+  // Edges: soft, scattered, waved, in blocks, and glass that lets the picture through.
+  EXPECT_NE(matted(0, 0.2, 1).At(20, 150), kPink);
+  EXPECT_NE(matted(0, 0.2, 1).At(20, 150), inside);
+  for (int effect = 1; effect < 6; ++effect) {
+    EXPECT_FALSE(matted(2, 0.2, effect).SameAs(matted(2, 0.2, 0))) << effect;
+    EXPECT_EQ(matted(2, 0.2, effect).At(100, 150), inside) << effect;
+  }
+  EXPECT_EQ(matted(0, 0.2, 5).At(3, 3), (Color{133, 60, 120}));
+}
+
+TEST(Overlays, LayColorsGradientsAndTheDocumentsPicture) {
+  Art art;
+  const Picture plain = PlainPicture(80, 60, kBlack);
+  EXPECT_EQ(
+      art.Render("Overlay", {{"overlayType", 0}, {"overlayColor", kPink}, {"Alpha", 1.0}}, plain)
+          .At(3, 3),
+      kPink);
+  EXPECT_NEAR(
+      art.Render("Overlay", {{"overlayType", 0}, {"overlayColor", kWhite}, {"Alpha", 0.5}}, plain)
+          .At(3, 3)
+          .Green,
+      127, 1);
+  const Picture ramp = art.Render(
+      "Overlay", {{"overlayType", 1}, {"overlayColor", kPink}, {"overlaySecondColor", kBlack}},
+      plain);
+  EXPECT_GT(ramp.At(40, 1).Red, 240);
+  EXPECT_LT(ramp.At(40, 58).Red, 15);
+  // Without a picture nothing is drawn.
+  EXPECT_TRUE(
+      art.Render("Overlay", {{"overlayType", 2}, {"myPIctureID", "none"}}, plain).SameAs(plain));
+
+  BrivolantDocument document(art.services, plain, "New");
+  brivolantProcessorLite processor(EffectRegistry(), art.services);
+  processor.Startup();
+  processor.Document = &document;
+  auto& overlay = dynamic_cast<EffectModuleOverlay&>(
+      *processor.ItemVIaID("7FFFFFFF-B371-0D5F-E410-E0CB34849A08"));
+  EXPECT_FALSE(overlay.SetAsMyPicture(art.folder.Write("bad.jpg", "no picture")));
+  EXPECT_EQ(art.dialogs.messages.size(), 1U);
+  const FolderItem file = art.folder.Child("pink.png");
+  const std::array<EncodeImage, 1> pink{{{PlainPicture(40, 10, kPink)}}};
+  ASSERT_EQ(EncodeImageFile(file, "public.png", pink), "");
+  ASSERT_TRUE(overlay.SetAsMyPicture(file));
+  overlay.Enabled(true);
+  // It covers the box, and follows the pointer.
+  EXPECT_EQ(processor.Process(plain).At(40, 30), kPink);
+  EXPECT_EQ(processor.Process(plain).At(1, 1), kPink);
+  overlay.ControlValue(5, 25);
+  EXPECT_EQ(processor.Process(plain).At(1, 1), kBlack);
+  bool render = false;
+  EXPECT_TRUE(overlay.MouseDown(0.5F, 0.5F, render));
+  overlay.MouseDrag(0.5F, 0.25F);
+  EXPECT_EQ(processor.Process(plain).At(40, 10), kPink);
+  EXPECT_EQ(processor.Process(plain).At(40, 50), kBlack);
+  // A copy lies in the document: the file itself may go. A reset takes it out again.
+  EXPECT_FALSE(file.Delete());
+  brivolantProcessorLite again(EffectRegistry(), art.services);
+  again.Startup();
+  again.Document = &document;
+  again.StyleData(processor.StyleData());
+  EXPECT_TRUE(again.Process(plain).SameAs(processor.Process(plain)));
+  const std::string id = overlay.myPIctureID.Value();
+  EXPECT_TRUE(document.PastedImage(id));
+  overlay.ResetSettings();
+  EXPECT_FALSE(document.PastedImage(id));
 }
 
 }  // namespace

@@ -13,8 +13,9 @@ void EffectModuleVignette::ApplyEffect(Picture& picture, double) {
     vignetteCache = Plane::Uninitialized(picture.Width(), picture.Height());
     if (vignetteCache.IsNil()) return;
     cachedInner_ = inner;
-    kernels::FillFadingDisc(vignetteCache.Edit(), picture.Width() / 2, picture.Height() / 2, inner,
-                            outer - inner);
+    const int x = picture.Width() / 2;
+    const int y = picture.Height() / 2;
+    kernels::FillFadingDisc(vignetteCache.Edit(), x, y, inner, outer - inner);
   }
   kernels::LayColor(picture.Edit(), VignetteColor, vignetteCache.View());
 }

@@ -21,6 +21,7 @@ constexpr std::array<std::uint32_t, 16> kSixteen{
 const kernels::PaletteLookup& SixteenColors() {
   static const kernels::PaletteLookup lookup([] {
     std::vector<Color> colors;
+    colors.reserve(kSixteen.size());
     for (const std::uint32_t rgb : kSixteen) colors.push_back(Color::FromRGB(rgb));
     return colors;
   }());

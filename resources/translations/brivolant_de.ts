@@ -476,17 +476,61 @@
         <source>Smoothness</source>
         <translation>Glätte:</translation>
     </message>
+    <message id="EffectModuleOutline.kGlass">
+        <source>Glass</source>
+        <translation>Glas</translation>
+    </message>
     <message id="EffectModuleOutline.kName">
         <source>Matte</source>
         <translation>Passepartout</translation>
+    </message>
+    <message id="EffectModuleOutline.kOldTV">
+        <source>Old TV</source>
+        <translation>Alter Fernseher</translation>
+    </message>
+    <message id="EffectModuleOutline.kPixelate">
+        <source>Pixelate</source>
+        <translation>Pixel</translation>
+    </message>
+    <message id="EffectModuleOutline.kSize">
+        <source>Size:</source>
+        <translation>Größe:</translation>
     </message>
     <message id="EffectModuleOverBurn.kName">
         <source>Over Burn</source>
         <translation>Überbelichtung</translation>
     </message>
+    <message id="EffectModuleOverlay.kGradient">
+        <source>2 Color Gradient</source>
+        <translation>Verlauf aus zwei Farben</translation>
+    </message>
     <message id="EffectModuleOverlay.kName">
         <source>Overlay</source>
         <translation>Überlagerung</translation>
+    </message>
+    <message id="EffectModuleOverlay.kNoCaption">
+        <source> </source>
+        <translation> </translation>
+    </message>
+    <message id="EffectModuleOverlay.kPicture">
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message id="EffectModuleOverlay.kPrompt">
+        <source>Select the picture to overlay onto this layer</source>
+        <translation>Bild auswählen, das über diese Ebene gelegt wird</translation>
+    </message>
+    <message id="EffectModuleOverlay.kSecondColor">
+        <source>2nd Color:</source>
+        <translation>2. Farbe:</translation>
+    </message>
+    <message id="EffectModuleOverlay.kSelectPicture">
+        <source>Select Picture</source>
+        <translation>Bild wählen</translation>
+    </message>
+    <message id="EffectModuleOverlay.kSingleColor">
+        <source>Single Color</source>
+        <translation>Eine Farbe</translation>
     </message>
     <message id="EffectModulePopArt.kName">
         <source>Pop Art</source>
@@ -1016,6 +1060,10 @@
         <source>Change Orientation</source>
         <translation>Format wechseln</translation>
     </message>
+    <message id="MainWindow.kUndoPaste">
+        <source>Paste</source>
+        <translation>Einsetzen</translation>
+    </message>
     <message id="MainWindow.kUndoPasteStyle">
         <source>Paste Style</source>
         <translation>Stil einsetzen</translation>
@@ -1075,6 +1123,10 @@
     <message id="Menus.kEditCrop">
         <source>Crop</source>
         <translation>Zuschneiden</translation>
+    </message>
+    <message id="Menus.kEditPaste">
+        <source>&amp;Paste</source>
+        <translation>&amp;Einsetzen</translation>
     </message>
     <message id="Menus.kEditPasteStyle">
         <source>Paste Style</source>

@@ -434,6 +434,19 @@ TEST(Clipboard, TakesThePreviewAndGivesANewPhoto) {
   program.Choose("EditCopy");
   const Picture copied = program.app->Clipboard().Picture();
   EXPECT_EQ(LargestDifference(copied, program.Document().PreviewAfter), 0);
+  // Pasted, it lies over the photo as one step that can be undone.
+  program.Choose("RotateAndFlipRotate180");
+  const Picture turned = program.Shown();
+  program.Choose("EditPaste");
+  EXPECT_EQ(program.Row("Overlay"), 0);
+  EXPECT_EQ(program.Panel().selectedEffect(), 0);
+  // Alike but for what a JPEG loses of noise.
+  const auto smooth = [](const Picture& p) { return SharedPictureEffects::GaussianBlur(p, 30); };
+  EXPECT_LT(LargestDifference(smooth(program.Shown()), smooth(copied)), 12);
+  EXPECT_GT(LargestDifference(smooth(program.Shown()), smooth(turned)), 12);
+  program.Choose("EditUndo");
+  EXPECT_EQ(LargestDifference(program.Shown(), turned), 0);
+  program.dialogs.answers = {Answer::kAlternate};
   program.Choose("FileNewFromClipboard");
   EXPECT_EQ(program.Document().Name, "New Image from Clipboard");
   EXPECT_EQ(program.Document().ImageOriginal().Width(), copied.Width());

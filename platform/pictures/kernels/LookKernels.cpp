@@ -148,6 +148,19 @@ void LayColor(Pixels pixels, Color color, ConstGrey mask) {
   });
 }
 
+void Enlarge(ConstPixels source, Pixels target) {
+  ParallelRows(target.height, kGrain, [&](int from, int to) {
+    for (int y = from; y < to; ++y) {
+      const std::uint8_t* in =
+          source.Row(static_cast<int>(std::int64_t{y} * source.height / target.height));
+      std::uint8_t* out = target.Row(y);
+      for (int x = 0; x < target.width; ++x, out += 4) {
+        std::memcpy(out, in + 4 * (std::int64_t{x} * source.width / target.width), 4);
+      }
+    }
+  });
+}
+
 void PaintByValue(ConstPixels source, Pixels target, int left, int top,
                   const std::array<Color, 3>& colors) {
   constexpr int kDark = 84;

@@ -49,6 +49,9 @@ void FillPixels(Pixels pixels, Color color);
 /// 255.
 void LayColor(Pixels pixels, Color color, ConstGrey mask);
 
+/// Fills the target with the source's pixels as blocks, each as large as the sizes say.
+void Enlarge(ConstPixels source, Pixels target);
+
 /// Paints a half-size copy of `source`, every second pixel of it, with its corner at (left, top) of
 /// `target`: pixels whose HSV value is at most 84 take the first colour, at most 168 the second,
 /// all others the third. What lies outside either picture is left out.

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "effects/finishes/EffectModuleOverlay.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "engine/brivolantProcessorLite.h"
+#include "engine/pictures/AdvancedGraphics.h"
+#include "files/FolderitemExtensions.h"
+#include "formats/BrivolantDocument.h"
+#include "formats/ImageFile.h"
+#include "platform/values/SharedComponents.h"
+
+namespace brivolant {
+
+bool EffectModuleOverlay::SetAsMyPicture(const FolderItem& file) {
+  if (myProcessor == nullptr || myProcessor->Document == nullptr) return false;
+  std::string error;
+  Picture opened = ImageIO::OpenAsPictureUsingImageIO(file, error);
+  if (myPIctureID.Value().empty()) {
+    myPIctureID = otherSharedComponents::NewGUID(myProcessor->Services().Random);
+  }
+  if (opened.IsNil() || !myProcessor->Document->PastedImage(myPIctureID.Value(), file)) {
+    FolderitemExtensions::StandardFileErrorDialog(file, FolderitemExtensions::kRead, error,
+                                                  myProcessor->Services().Dialogs);
+    return false;
+  }
+  overlayPicture = std::move(opened);
+  overlayType = kOfPicture;
+  return true;
+}
+
+void EffectModuleOverlay::SettingsReset() {
+  const std::string kept = myPIctureID.Value();
+  effectModule::SettingsReset();
+  myPIctureID = kept;
+  overlayPicture = {};
+  if (!kept.empty() && myProcessor != nullptr && myProcessor->Document != nullptr) {
+    (void)myProcessor->Document->PastedImage(kept, {});
+  }
+}
+
+void EffectModuleOverlay::loadSettings(const Dictionary& settings) {
+  effectModule::loadSettings(settings);
+  overlayPicture = {};
+}
+
+bool EffectModuleOverlay::ButtonPushed(int index) {
+  if (index != kButtonRow || !ChoosePicture) return true;
+  const FolderItem file = ChoosePicture();
+  // True means that nothing is to be shown anew.
+  return file.IsNil() || !SetAsMyPicture(file);
+}
+
+void EffectModuleOverlay::ApplyEffect(Picture& picture, double) {
+  if (overlayType == kOfPicture) return LayPicture(picture);
+  AdvancedGraphics g(picture);
+  const CGRect whole = AdvancedGraphicsModule::MakeCGRect(0, 0, static_cast<float>(picture.Width()),
+                                                          static_cast<float>(picture.Height()));
+  if (overlayType == 0) {
+    g.SetFillColor(overlayColor, Alpha);
+    g.DrawRect(whole, kFill);
+  } else if (overlayType == 1) {
+    g.DrawGradient(whole, overlayColor, overlaySecondColor, Alpha, Alpha);
+  }
+}
+
+void EffectModuleOverlay::LayPicture(Picture& picture) {
+  if (overlayPicture.IsNil() && myProcessor != nullptr && myProcessor->Document != nullptr &&
+      !myPIctureID.Value().empty()) {
+    const FolderItem file = myProcessor->Document->PastedImage(myPIctureID.Value());
+    std::string ignored;
+    if (file) overlayPicture = ImageIO::OpenAsPictureUsingImageIO(file, ignored);
+  }
+  if (overlayPicture.IsNil()) return;
+  const double w = picture.Width();
+  const double h = picture.Height();
+  const double bw = std::trunc(w * PIctureScale);
+  const double bh = std::trunc(h * PIctureScale);
+  const double ratio = std::max(bw / overlayPicture.Width(), bh / overlayPicture.Height());
+  const double nw = std::trunc(overlayPicture.Width() * ratio);
+  const double nh = std::trunc(overlayPicture.Height() * ratio);
+  if (nw < 1 || nh < 1) return;
+  AdvancedGraphics g(picture);
+  g.Alpha(Alpha);
+  g.DrawImage(overlayPicture, AdvancedGraphicsModule::MakeCGRect(
+                                  static_cast<float>(std::trunc(w * PictureOffSetX - nw / 2)),
+                                  static_cast<float>(std::trunc(h * PictureOffsetY - nh / 2)),
+                                  static_cast<float>(nw), static_cast<float>(nh)));
+}
+
+bool EffectModuleOverlay::MouseActionDown(float x, float y, bool& render) {
+  lastOffsetX = x - PictureOffSetX;
+  lastOffsetY = y - PictureOffsetY;
+  render = true;
+  return true;
+}
+
+void EffectModuleOverlay::MouseActionDrag(float x, float y) {
+  PictureOffSetX = x - lastOffsetX;
+  PictureOffsetY = y - lastOffsetY;
+}
+
+brivolant::MouseCursor EffectModuleOverlay::GetMouseCursor(int pointerState) {
+  if (overlayType != kOfPicture) return brivolant::MouseCursor::kNone;
+  if (pointerState == kPointerDown) return brivolant::MouseCursor::kClosedHand;
+  return pointerState == kPointerLeft ? brivolant::MouseCursor::kNone
+                                      : brivolant::MouseCursor::kOpenHand;
+}
+
+}  // namespace brivolant
