@@ -3,7 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <map>
+#include <numbers>
+#include <optional>
 
 #include "Helpers.h"
 #include "effects/EffectRegistry.h"
@@ -21,7 +26,6 @@ using namespace MPImageFilter;
 /// Black with one bright square in the middle.
 Picture Spot(int width, int height, int side) {
   Picture picture = PlainPicture(width, height, kBlack);
-  Graphics(picture).ForeColor = kWhite;
   Graphics g(picture);
   g.ForeColor = kWhite;
   g.FillRect((width - side) / 2, (height - side) / 2, side, side);
@@ -163,6 +167,169 @@ TEST(Drops, LieWhereTheSeedSaysAndChangeOnlyWhatTheyCover) {
   EXPECT_FALSE(WaterDrops(photo, 20, 30, 5).SameAs(WaterDrops(photo, 20, 30, 6)));
   EXPECT_TRUE(WaterDrops(photo, 20, 0, 5).SameAs(photo));
   EXPECT_TRUE(WaterDrops(photo, -3, 9, 5).SameAs(photo));
+}
+
+/// The plain forms of the operations, pixel by pixel in floating point.
+namespace reference {
+
+using Level = std::array<double, 3>;
+
+Level At(const Picture& picture, int x, int y) {
+  const Color color =
+      picture.At(std::clamp(x, 0, picture.Width() - 1), std::clamp(y, 0, picture.Height() - 1));
+  return {1.0 * color.Red, 1.0 * color.Green, 1.0 * color.Blue};
+}
+
+/// Bilinear; beyond the border lies `back`, or the border itself goes on.
+Level Sample(const Picture& picture, double x, double y, const std::optional<Color>& back) {
+  if (!back) {
+    x = std::clamp(x, 0.0, picture.Width() - 1.0);
+    y = std::clamp(y, 0.0, picture.Height() - 1.0);
+  }
+  const int x0 = static_cast<int>(std::floor(x));
+  const int y0 = static_cast<int>(std::floor(y));
+  Level sum{};
+  for (const auto& [px, py] : {std::pair{x0, y0}, {x0 + 1, y0}, {x0, y0 + 1}, {x0 + 1, y0 + 1}}) {
+    const double weight = (1 - std::abs(x - px)) * (1 - std::abs(y - py));
+    const bool inside = px >= 0 && py >= 0 && px < picture.Width() && py < picture.Height();
+    const Level level = inside || !back
+                            ? At(picture, px, py)
+                            : Level{1.0 * back->Red, 1.0 * back->Green, 1.0 * back->Blue};
+    for (std::size_t k = 0; k < 3; ++k) sum[k] += weight * level[k];
+  }
+  return sum;
+}
+
+/// The farthest that a channel of `picture` lies from what `level(x, y)` says.
+template <class LevelAt>
+double Farthest(const Picture& picture, LevelAt level) {
+  double farthest = 0;
+  for (int y = 0; y < picture.Height(); ++y) {
+    for (int x = 0; x < picture.Width(); ++x) {
+      const Level expected = level(x, y);
+      const Level found = At(picture, x, y);
+      for (std::size_t k = 0; k < 3; ++k) {
+        farthest = std::max(farthest, std::abs(expected[k] - found[k]));
+      }
+    }
+  }
+  return farthest;
+}
+
+}  // namespace reference
+
+TEST(WarpKernels, AgreeWithTheirPlainForms) {
+  using reference::Level;
+  // Sixteenths of a position are lost at most: a level of a hard edge moves by a few.
+  constexpr double kClose = 2.5;
+  for (const auto& [width, height] : {std::pair{1, 1}, {2, 7}, {37, 23}, {64, 65}}) {
+    const Picture photo = TestPicture(width, height);
+    Picture out = Picture::Uninitialized(width, height);
+    const double cx = (width - 1) / 2.0;
+    const double cy = (height - 1) / 2.0;
+
+    kernels::Swing(photo.View(), out.Edit(), 2.5, 3.7, kWhite);
+    EXPECT_LE(reference::Farthest(out,
+                                  [&](int x, int y) {
+                                    const double turn = 2 * std::numbers::pi * 2.5;
+                                    return reference::Sample(
+                                        photo, x + 3.7 * std::sin(turn * y / height),
+                                        y + 3.7 * std::sin(turn * x / width), kWhite);
+                                  }),
+              kClose)
+        << width;
+
+    for (const auto& [degrees, zoom] : {std::pair{0.0, 1.3}, {25.0, 1.0}, {-170.0, 0.7}}) {
+      kernels::AverageWithTurned(photo.View(), out.Edit(), degrees, zoom);
+      const double c = std::cos(degrees * std::numbers::pi / 180) / zoom;
+      const double s = std::sin(degrees * std::numbers::pi / 180) / zoom;
+      EXPECT_LE(reference::Farthest(out,
+                                    [&](int x, int y) {
+                                      Level mean = reference::Sample(
+                                          photo, cx + (x - cx) * c + (y - cy) * s,
+                                          cy - (x - cx) * s + (y - cy) * c, std::nullopt);
+                                      const Level own = reference::At(photo, x, y);
+                                      for (std::size_t k = 0; k < 3; ++k) {
+                                        mean[k] = (mean[k] + own[k]) / 2;
+                                      }
+                                      return mean;
+                                    }),
+                kClose)
+          << width << " " << degrees;
+    }
+
+    const kernels::Lens lens{-0.35, 1.1, 0.2, -0.3};
+    kernels::Bend(photo.View(), out.Edit(), lens, kBlack);
+    EXPECT_LE(reference::Farthest(
+                  out,
+                  [&](int x, int y) {
+                    const double reach = std::max(std::hypot(cx, cy), 0.5);
+                    const double depth = 1 + lens.verticalKeystone * (y - cy) / reach +
+                                         lens.horizontalKeystone * (x - cx) / reach;
+                    const double dx = (x - cx) / reach / depth;
+                    const double dy = (y - cy) / reach / depth;
+                    const double factor =
+                        lens.scale * reach * (1 + lens.bend * (dx * dx + dy * dy));
+                    return reference::Sample(photo, cx + dx * factor, cy + dy * factor, kBlack);
+                  }),
+              kClose)
+        << width;
+
+    // Along a row and down a column a line's mean is that of its neighbours.
+    for (const double angle : {0.0, 90.0, 180.0, -90.0}) {
+      for (const int length : {2, 7, 200}) {
+        kernels::MotionBlurAlongLine(photo.View(), out.Edit(), length, angle);
+        const int reach = static_cast<int>(std::lround(length / 2.0));
+        const bool flat = std::abs(angle) != 90;
+        EXPECT_LE(reference::Farthest(out,
+                                      [&](int x, int y) {
+                                        Level mean{};
+                                        for (int i = -reach; i <= reach; ++i) {
+                                          const Level level = reference::At(
+                                              photo, x + (flat ? i : 0), y + (flat ? 0 : i));
+                                          for (std::size_t k = 0; k < 3; ++k) {
+                                            mean[k] += level[k] / (2 * reach + 1);
+                                          }
+                                        }
+                                        return mean;
+                                      }),
+                  1)
+            << width << " " << angle << " " << length;
+      }
+    }
+
+    for (const auto& [radius, levels] : {std::pair{1, 3}, {4, 20}, {90, 255}}) {
+      kernels::PaintInOil(photo.View(), out.Edit(), radius, levels);
+      EXPECT_LE(
+          reference::Farthest(
+              out,
+              [&](int x, int y) {
+                std::map<int, std::vector<Level>> classes;
+                for (int v = std::max(y - radius, 0); v <= std::min(y + radius, height - 1); ++v) {
+                  for (int u = std::max(x - radius, 0); u <= std::min(x + radius, width - 1); ++u) {
+                    const Level level = reference::At(photo, u, v);
+                    const int sum = static_cast<int>(level[0] + level[1] + level[2]);
+                    classes[sum * levels / 765].push_back(level);
+                  }
+                }
+                const std::vector<Level>* fullest = nullptr;
+                for (const auto& [key, members] : classes) {
+                  if (!fullest || members.size() > fullest->size()) {
+                    fullest = &members;
+                  }
+                }
+                Level mean{};
+                for (const Level& level : *fullest) {
+                  for (std::size_t k = 0; k < 3; ++k) {
+                    mean[k] += level[k] / static_cast<double>(fullest->size());
+                  }
+                }
+                return mean;
+              }),
+          1)
+          << width << " " << radius;
+    }
+  }
 }
 
 /// A soft scene with edges, as a photo has them, at any size.
