@@ -3,7 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <cmath>
 #include <set>
+#include <vector>
 
 #include "Helpers.h"
 #include "effects/EffectRegistry.h"
@@ -199,6 +203,126 @@ TEST(Focus, SparesItsDiscAndFollowsThePointer) {
   l.Set("Blur", {{"GaussianRadius", 8}, {"isFocal", false}}).Apply(small, 2);
   l.Set("Blur", {{"GaussianRadius", 16}}).Apply(same, 1);
   EXPECT_EQ(LargestDifference(small, same), 0);
+}
+
+/// Calls `check(before, after)` for pixels that hold every level of each channel.
+template <class Change, class Check>
+void ForManyColors(Change change, Check check) {
+  constexpr int kSide = 256;
+  Picture before = Picture::Uninitialized(kSide, kSide);
+  for (int y = 0; y < kSide; ++y) {
+    for (int x = 0; x < kSide; ++x) {
+      std::uint8_t* p = before.Edit().Row(y) + std::ptrdiff_t{4} * x;
+      p[0] = static_cast<std::uint8_t>(x);
+      p[1] = static_cast<std::uint8_t>(y);
+      p[2] = static_cast<std::uint8_t>(x * 7 + y * 13);
+      p[3] = 255;
+    }
+  }
+  Picture after = before;
+  change(after.Edit());
+  for (int y = 0; y < kSide; ++y) {
+    for (int x = 0; x < kSide; ++x) check(before.At(x, y), after.At(x, y));
+  }
+}
+
+TEST(LookKernels, FollowTheirFormulasForEveryLevel) {
+  const auto rounded = [](double level) {
+    return static_cast<int>(std::floor(std::clamp(level, 0.0, 255.0) + 0.5));
+  };
+  const std::array<std::array<double, 3>, 3> weights{
+      {{0.393, 0.769, 0.189}, {-0.5, 1.25, 0.1}, {0, 0, -1}}};
+  ForManyColors(
+      [&](Pixels pixels) { kernels::MixChannels(pixels, kernels::MakeChannelMix(weights)); },
+      [&](Color in, Color out) {
+        const auto sum = [&](std::size_t row) {
+          const auto& w = weights.at(row);
+          return w[0] * in.Red + w[1] * in.Green + w[2] * in.Blue;
+        };
+        // Half a level may fall to either side.
+        ASSERT_NEAR(out.Red, std::clamp(sum(0), 0.0, 255.0), 0.51);
+        ASSERT_NEAR(out.Green, std::clamp(sum(1), 0.0, 255.0), 0.51);
+        ASSERT_EQ(out.Blue, 0);
+      });
+  ForManyColors([](Pixels pixels) { kernels::Desaturate(pixels); },
+                [&](Color in, Color out) {
+                  const auto [low, high] = std::minmax({in.Red, in.Green, in.Blue});
+                  const int lightness = rounded((low + high) / 2.0);
+                  ASSERT_EQ(out.Red, lightness);
+                  ASSERT_EQ(out.Green, lightness);
+                  ASSERT_EQ(out.Blue, lightness);
+                });
+  ForManyColors([](Pixels pixels) { kernels::InvertValue(pixels); },
+                [&](Color in, Color out) {
+                  const int value = std::max({in.Red, in.Green, in.Blue});
+                  ASSERT_EQ(std::max({out.Red, out.Green, out.Blue}), 255 - value);
+                  if (value == 0) return;
+                  // The proportions of the channels are the hue and the saturation.
+                  ASSERT_NEAR(out.Red, 1.0 * in.Red * (255 - value) / value, 0.51);
+                  ASSERT_NEAR(out.Green, 1.0 * in.Green * (255 - value) / value, 0.51);
+                  ASSERT_NEAR(out.Blue, 1.0 * in.Blue * (255 - value) / value, 0.51);
+                });
+  Plane mask = Plane::Uninitialized(256, 256);
+  for (int y = 0; y < 256; ++y) {
+    for (int x = 0; x < 256; ++x) mask.Edit().Row(y)[x] = static_cast<std::uint8_t>(y);
+  }
+  // The mask's level is the row, which the source holds as its green.
+  ForManyColors(
+      [&](Pixels pixels) {
+        kernels::LayColor(pixels, {0, 255, 90}, mask.View());
+      },
+      [&](Color in, Color out) {
+        const double keep = in.Green / 255.0;
+        ASSERT_EQ(out.Red, rounded(in.Red * keep));
+        ASSERT_EQ(out.Green, rounded(in.Green * keep + 255 * (1 - keep)));
+        ASSERT_EQ(out.Blue, rounded(in.Blue * keep + 90 * (1 - keep)));
+      });
+  ForManyColors([](Pixels pixels) { kernels::SplitByValue(pixels, 128, kOrange, kWhite); },
+                [](Color in, Color out) {
+                  const bool light = in.Red >= 128 || in.Green >= 128 || in.Blue >= 128;
+                  ASSERT_EQ(out, light ? kWhite : kOrange);
+                });
+}
+
+TEST(LookKernels, PalettesBlocksAndDiscs) {
+  // A colour of the palette finds itself, whatever stands beside it.
+  std::vector<Color> palette;
+  for (int i = 0; i < 64; ++i) {
+    palette.push_back(Color::FromRGB(
+        static_cast<std::uint32_t>(i * 0x040000 + (63 - i) * 0x0400 + (i * 37 % 64) * 4)));
+  }
+  const kernels::PaletteLookup lookup(palette);
+  for (const Color& color : palette) {
+    const Color found = Color::FromRGB(lookup.Nearest(color.Red, color.Green, color.Blue));
+    EXPECT_LE(std::abs(found.Red - color.Red) + std::abs(found.Green - color.Green), 12);
+  }
+  const Picture small = TestPicture(5, 3);
+  for (const auto& [width, height] : {std::pair{5, 3}, {11, 8}, {50, 30}, {1, 1}}) {
+    Picture large = Picture::Uninitialized(width, height);
+    kernels::Enlarge(small.View(), large.Edit());
+    for (int y = 0; y < height; ++y) {
+      for (int x = 0; x < width; ++x) {
+        ASSERT_EQ(large.At(x, y), small.At(x * 5 / width, y * 3 / height));
+      }
+    }
+  }
+  for (const double fade : {0.0, 8.0}) {
+    Plane disc = Plane::Uninitialized(60, 40);
+    kernels::FillFadingDisc(disc.Edit(), 30, 20, 10, fade);
+    for (int y = 0; y < 40; ++y) {
+      for (int x = 0; x < 60; ++x) {
+        const double away = std::hypot(x + 0.5 - 30, y + 0.5 - 20);
+        const int level = disc.View().Row(y)[x];
+        if (away <= 10) {
+          ASSERT_EQ(level, 255);
+        } else if (away >= 10 + fade) {
+          ASSERT_EQ(level, 0);
+        } else {
+          ASSERT_NEAR(level, 255 * (1 - (away - 10) / fade), 1);
+        }
+      }
+    }
+  }
 }
 
 TEST(Convolutions, AreWhatTheirWeightsSay) {
