@@ -28,7 +28,9 @@ Picture Spot(int width, int height, int side) {
   Picture picture = PlainPicture(width, height, kBlack);
   Graphics g(picture);
   g.ForeColor = kWhite;
-  g.FillRect((width - side) / 2, (height - side) / 2, side, side);
+  const int left = (width - side) / 2;
+  const int top = (height - side) / 2;
+  g.FillRect(left, top, side, side);
   return picture;
 }
 
@@ -222,7 +224,9 @@ TEST(WarpKernels, AgreeWithTheirPlainForms) {
   using reference::Level;
   // Sixteenths of a position are lost at most: a level of a hard edge moves by a few.
   constexpr double kClose = 2.5;
-  for (const auto& [width, height] : {std::pair{1, 1}, {2, 7}, {37, 23}, {64, 65}}) {
+  for (const auto& size : {std::pair{1, 1}, {2, 7}, {37, 23}, {64, 65}}) {
+    const int width = size.first;
+    const int height = size.second;
     const Picture photo = TestPicture(width, height);
     Picture out = Picture::Uninitialized(width, height);
     const double cx = (width - 1) / 2.0;
@@ -298,7 +302,9 @@ TEST(WarpKernels, AgreeWithTheirPlainForms) {
       }
     }
 
-    for (const auto& [radius, levels] : {std::pair{1, 3}, {4, 20}, {90, 255}}) {
+    for (const auto& brush : {std::pair{1, 3}, {4, 20}, {90, 255}}) {
+      const int radius = brush.first;
+      const int levels = brush.second;
       kernels::PaintInOil(photo.View(), out.Edit(), radius, levels);
       EXPECT_LE(
           reference::Farthest(
