@@ -89,7 +89,7 @@ void Rows(App& app, const std::string& photo, const std::string& program) {
                                {"Exposure", 0, 16},
                                {"Levels", 1, 16},
                                {"Channel Contrast", 0, 16},
-                               {"Hue & Saturation", 1, 33},
+                               {"Hue & Saturation", 1, 16},
                                {"Shadow & Highlight", 0, 33},
                                {"Straighten", 0, 33}}) {
     Row(std::string("slider step of ") + module.name + ", 95%",

@@ -127,6 +127,31 @@ TEST(HueSaturationFormula, TurningTheHueIsWhatTheToolkitComputes) {
   }
 }
 
+TEST(HueSaturationFormula, TheFastFormIsThePlainOne) {
+  Picture source = Picture::Uninitialized(251, 256);
+  for (int y = 0; y < 256; ++y) {
+    for (int x = 0; x < 251; ++x) {
+      std::uint8_t* p = source.Edit().Row(y) + std::ptrdiff_t{4} * x;
+      p[0] = static_cast<std::uint8_t>(x < 200 ? x : 255 * (x % 2));
+      p[1] = static_cast<std::uint8_t>(y);
+      p[2] = static_cast<std::uint8_t>(x < 200 ? x * y / 3 : 255 * (x / 2 % 2));
+      p[3] = 255;
+    }
+  }
+  for (const double hue : {-180.0, -59.5, 0.0, 1.0, 120.0, 180.0}) {
+    for (const double saturation : {-250.0, -80.0, 0.0, 33.0, 200.0}) {
+      for (const double lightness : {-100.0, -31.0, 0.0, 12.0, 100.0}) {
+        Picture fast = source;
+        Picture plain = source;
+        kernels::ShiftHueSaturationLightness(fast.Edit(), hue, saturation, lightness);
+        kernels::reference::ShiftHueSaturationLightness(plain.Edit(), hue, saturation, lightness);
+        ASSERT_LE(LargestDifference(fast, plain), 1)
+            << hue << ' ' << saturation << ' ' << lightness;
+      }
+    }
+  }
+}
+
 TEST(HueSaturationFormula, GreysStayGreyAndLevelsStayInRange) {
   Picture picture = NewPicture(256, 1, 24);
   for (int x = 0; x < 256; ++x) {

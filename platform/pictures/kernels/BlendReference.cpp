@@ -4,9 +4,9 @@
 
 #include "platform/pictures/kernels/BlendKernels.h"
 
-// The plain form of the blend kernels: the formulas as the specification writes them, one pixel
-// at a time. Quotients, roots and the four modes of hue and luminosity are computed in single
-// precision, in the order of operations that the fast form uses, so both round alike.
+// The plain form of the blend kernels: each mode's formula, one pixel at a time. Quotients, roots
+// and the four modes of hue and luminosity are computed in single precision, in the order of
+// operations that the fast form uses, so both round alike.
 namespace brivolant::kernels::reference {
 namespace {
 

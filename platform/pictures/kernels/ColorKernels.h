@@ -11,4 +11,9 @@ namespace brivolant::kernels {
 /// towards black or white. 0, 0, 0 changes nothing.
 void ShiftHueSaturationLightness(Pixels pixels, double hue, double saturation, double lightness);
 
+/// The same, one pixel at a time.
+namespace reference {
+void ShiftHueSaturationLightness(Pixels pixels, double hue, double saturation, double lightness);
+}  // namespace reference
+
 }  // namespace brivolant::kernels
