@@ -114,11 +114,12 @@ int Run(const std::string& file, const std::string& folder) {
     rows.clear();
   };
   for (int i = 0; i <= processor.Count(); ++i) {
-    const effectModule& module = *processor.item(i);
-    if (dynamic_cast<const EffectModuleDivider*>(&module) != nullptr) {
+    const effectModule* module = processor.item(i);
+    if (module == nullptr) continue;
+    if (dynamic_cast<const EffectModuleDivider*>(module) != nullptr) {
       finish();
-      group = module.Name();
-    } else if (module.Complete()) {
+      group = module->Name();
+    } else if (module->Complete()) {
       rows.push_back(i);
     }
   }
