@@ -8,7 +8,7 @@
 #include <random>
 
 #include "engine/pictures/ConvolutionEffect.h"
-#include "platform/pictures/kernels/BlendKernels.h"
+#include "engine/pictures/MaskedChange.h"
 #include "platform/pictures/kernels/WarpKernels.h"
 
 namespace brivolant {
@@ -22,15 +22,11 @@ Picture Drawn(Picture source, const Plane* mask, const Draw& draw) {
   Picture result = Picture::Uninitialized(source.Width(), source.Height(), source.Depth());
   if (result.IsNil()) return source;
   draw(source.View(), result.Edit());
-  if (mask != nullptr && !mask->IsNil()) {
-    constexpr int kFull = 256;
-    kernels::Blend(source.Edit(), result.View(), 0, kFull, mask->View());
-    return source;
-  }
   result.HorizontalResolution = source.HorizontalResolution;
   result.VerticalResolution = source.VerticalResolution;
   if (const Plane* own = source.Mask()) result.SetMask(*own);
-  return result;
+  Take(source, std::move(result), mask);
+  return source;
 }
 
 /// Share of the shorter side by which a wave swings, and the most of its own length.
@@ -65,9 +61,7 @@ Picture MotionBlur(Picture source, int repetitions, double angle, int distance, 
       kernels::AverageWithTurned(from, to, degrees, zoom);
     });
   }
-  if (mask == nullptr) return blurred;
-  constexpr int kFull = 256;
-  kernels::Blend(source.Edit(), blurred.View(), 0, kFull, mask->View());
+  Take(source, std::move(blurred), mask);
   return source;
 }
 
@@ -78,9 +72,7 @@ Picture Diffuse(Picture source, int radius, bool blur, int grain, std::uint32_t 
     kernels::Scatter(from, to, radius, grain, seed);
   });
   Picture soft = blur ? ConvolutionEffect().Blur(scattered) : scattered;
-  if (mask == nullptr) return soft;
-  constexpr int kFull = 256;
-  kernels::Blend(source.Edit(), soft.View(), 0, kFull, mask->View());
+  Take(source, std::move(soft), mask);
   return source;
 }
 

@@ -8,6 +8,17 @@
 
 namespace brivolant {
 
+/// Takes `changed`, of the same size, into `picture`: wholly, or where the mask lets it.
+inline void Take(Picture& picture, Picture changed, const Plane* mask) {
+  if (mask == nullptr || mask->IsNil()) {
+    picture = std::move(changed);
+    return;
+  }
+  constexpr int kNormal = 0;
+  constexpr int kFull = 256;
+  kernels::Blend(picture.Edit(), changed.View(), kNormal, kFull, mask->View());
+}
+
 /// Changes `picture` by `effect(pixels)`, wholly or where the mask lets it: none where it is 255.
 template <class Effect>
 void Change(Picture& picture, const Plane* mask, Effect effect) {
@@ -18,9 +29,7 @@ void Change(Picture& picture, const Plane* mask, Effect effect) {
   }
   Picture changed = picture;
   effect(changed.Edit());
-  constexpr int kNormal = 0;
-  constexpr int kFull = 256;
-  kernels::Blend(picture.Edit(), changed.View(), kNormal, kFull, mask->View());
+  Take(picture, std::move(changed), mask);
 }
 
 /// The same on a copy.
