@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
@@ -163,6 +164,8 @@ struct OpenCvPeer::Images {
   cv::Mat target;
   cv::Mat turned;
   cv::Mat table;
+  cv::Mat placesX;
+  cv::Mat placesY;
 };
 
 OpenCvPeer::OpenCvPeer(const Picture& picture) : images_(new Images) {
@@ -194,6 +197,34 @@ void OpenCvPeer::Rotate90() const {
 }
 void OpenCvPeer::Flip() const {
   cv::flip(images_->source, images_->target, 1);
+}
+void OpenCvPeer::Sepia() const {
+  const cv::Matx33f mix(0.131F, 0.534F, 0.272F, 0.168F, 0.686F, 0.349F, 0.189F, 0.769F, 0.393F);
+  cv::transform(images_->source, images_->target, mix);
+}
+void OpenCvPeer::MotionBlur() const {
+  constexpr int kLength = 26;
+  cv::Mat line = cv::Mat::eye(kLength, kLength, CV_32F) / kLength;
+  cv::filter2D(images_->source, images_->target, -1, line, cv::Point(-1, -1), 0,
+               cv::BORDER_REPLICATE);
+}
+void OpenCvPeer::Warp() const {
+  constexpr float kSwing = 40;
+  constexpr float kPeriod = 240;
+  if (images_->placesX.empty()) {
+    images_->placesX.create(images_->source.size(), CV_32F);
+    images_->placesY.create(images_->source.size(), CV_32F);
+    for (int y = 0; y < images_->source.rows; ++y) {
+      for (int x = 0; x < images_->source.cols; ++x) {
+        const auto across = static_cast<float>(x);
+        const auto down = static_cast<float>(y);
+        images_->placesX.at<float>(y, x) = across + kSwing * std::sin(down / kPeriod);
+        images_->placesY.at<float>(y, x) = down + kSwing * std::sin(across / kPeriod);
+      }
+    }
+  }
+  cv::remap(images_->source, images_->target, images_->placesX, images_->placesY, cv::INTER_LINEAR,
+            cv::BORDER_CONSTANT);
 }
 
 }  // namespace brivolant::bench

@@ -61,6 +61,12 @@ class OpenCvPeer {
   void Lookup() const;
   void Rotate90() const;
   void Flip() const;
+  /// A sum of the channels for each channel.
+  void Sepia() const;
+  /// The mean along a diagonal of 36 pixels.
+  void MotionBlur() const;
+  /// Bilinear lookup at places that were worked out before, the part that all warps share.
+  void Warp() const;
 
  private:
   struct Images;

@@ -127,75 +127,6 @@ void Exchange(ConstPixels source, Pixels target, const Turn& turn) {
   });
 }
 
-/// A source position for each target pixel.
-struct Mapping {
-  Mapping(int sourceWidth, int sourceHeight, int targetWidth, int targetHeight, double degrees,
-          double zoom)
-      : cosine(std::cos(degrees * std::numbers::pi / 180) / zoom),
-        sine(std::sin(degrees * std::numbers::pi / 180) / zoom),
-        sourceX(sourceWidth / 2.0),
-        sourceY(sourceHeight / 2.0),
-        targetX(targetWidth / 2.0),
-        targetY(targetHeight / 2.0) {}
-
-  double cosine;
-  double sine;
-  double sourceX;
-  double sourceY;
-  double targetX;
-  double targetY;
-
-  double X(int x, int y) const {
-    return sourceX + (x + 0.5 - targetX) * cosine + (y + 0.5 - targetY) * sine - 0.5;
-  }
-  double Y(int x, int y) const {
-    return sourceY - (x + 0.5 - targetX) * sine + (y + 0.5 - targetY) * cosine - 0.5;
-  }
-};
-
-/// Interpolates between the four neighbours of each position, kChannels bytes each; neighbours
-/// outside the source are `outside`.
-template <int kChannels>
-void RotateBytes(const std::uint8_t* source, std::size_t stride, int width, int height,
-                 std::uint8_t* target, std::size_t targetStride, int targetWidth, int targetHeight,
-                 const Mapping& map, const std::uint8_t* outside) {
-  const auto pixel = [&](int x, int y) {
-    return x < 0 || y < 0 || x >= width || y >= height
-               ? outside
-               : source + stride * static_cast<std::size_t>(y) + std::ptrdiff_t{kChannels} * x;
-  };
-  ParallelRows(targetHeight, 16, [&](int from, int to) {
-    for (int y = from; y < to; ++y) {
-      std::uint8_t* out = target + targetStride * static_cast<std::size_t>(y);
-      for (int x = 0; x < targetWidth; ++x, out += kChannels) {
-        const double sx = map.X(x, y);
-        const double sy = map.Y(x, y);
-        if (sx <= -1 || sy <= -1 || sx >= width || sy >= height) {
-          std::memcpy(out, outside, kChannels);
-          continue;
-        }
-        // Shifted, so that truncation rounds down also left of the source.
-        const int x0 = static_cast<int>(sx + 1) - 1;
-        const int y0 = static_cast<int>(sy + 1) - 1;
-        const int wx = static_cast<int>((sx - x0) * 256);
-        const int wy = static_cast<int>((sy - y0) * 256);
-        const bool inside = x0 >= 0 && y0 >= 0 && x0 + 1 < width && y0 + 1 < height;
-        const std::uint8_t* a =
-            inside ? source + stride * static_cast<std::size_t>(y0) + std::ptrdiff_t{kChannels} * x0
-                   : pixel(x0, y0);
-        const std::uint8_t* b = inside ? a + kChannels : pixel(x0 + 1, y0);
-        const std::uint8_t* c = inside ? a + stride : pixel(x0, y0 + 1);
-        const std::uint8_t* d = inside ? c + kChannels : pixel(x0 + 1, y0 + 1);
-        for (int k = 0; k < kChannels; ++k) {
-          const int top = a[k] * (256 - wx) + b[k] * wx;
-          const int bottom = c[k] * (256 - wx) + d[k] * wx;
-          out[k] = static_cast<std::uint8_t>((top * (256 - wy) + bottom * wy + 32768) >> 16);
-        }
-      }
-    }
-  });
-}
-
 }  // namespace
 
 void TurnPixels(ConstPixels source, Pixels target, const Turn& turn) {
@@ -245,21 +176,36 @@ void Mirror(Pixels pixels, bool alongX, bool alongY) {
   }
 }
 
-void RotateAnyAngle(ConstPixels source, Pixels target, double degrees, std::uint32_t back,
-                    double zoom) {
-  const std::uint8_t outside[4] = {static_cast<std::uint8_t>(back),
-                                   static_cast<std::uint8_t>(back >> 8),
-                                   static_cast<std::uint8_t>(back >> 16), 255};
-  RotateBytes<4>(source.data, source.stride, source.width, source.height, target.data,
-                 target.stride, target.width, target.height,
-                 {source.width, source.height, target.width, target.height, degrees, zoom},
-                 outside);
-}
-
 void RotateAnyAngle(ConstGrey source, Grey target, double degrees, std::uint8_t outside) {
-  RotateBytes<1>(source.data, source.stride, source.width, source.height, target.data,
-                 target.stride, target.width, target.height,
-                 {source.width, source.height, target.width, target.height, degrees, 1}, &outside);
+  const double c = std::cos(degrees * std::numbers::pi / 180);
+  const double s = std::sin(degrees * std::numbers::pi / 180);
+  const auto at = [&](int x, int y) {
+    const bool inside = x >= 0 && y >= 0 && x < source.width && y < source.height;
+    return int{inside ? source.Row(y)[x] : outside};
+  };
+  ParallelRows(target.height, 16, [&](int from, int to) {
+    for (int y = from; y < to; ++y) {
+      const double dy = y - (target.height - 1) / 2.0;
+      for (int x = 0; x < target.width; ++x) {
+        const double dx = x - (target.width - 1) / 2.0;
+        const double sx = (source.width - 1) / 2.0 + dx * c + dy * s;
+        const double sy = (source.height - 1) / 2.0 - dx * s + dy * c;
+        if (sx <= -1 || sy <= -1 || sx >= source.width || sy >= source.height) {
+          target.Row(y)[x] = outside;
+          continue;
+        }
+        // Shifted, so that truncation rounds down also left of the source.
+        const int x0 = static_cast<int>(sx + 1) - 1;
+        const int y0 = static_cast<int>(sy + 1) - 1;
+        const int wx = static_cast<int>((sx - x0) * 256);
+        const int wy = static_cast<int>((sy - y0) * 256);
+        const int top = at(x0, y0) * (256 - wx) + at(x0 + 1, y0) * wx;
+        const int bottom = at(x0, y0 + 1) * (256 - wx) + at(x0 + 1, y0 + 1) * wx;
+        target.Row(y)[x] =
+            static_cast<std::uint8_t>((top * (256 - wy) + bottom * wy + 32768) >> 16);
+      }
+    }
+  });
 }
 
 }  // namespace brivolant::kernels
