@@ -45,7 +45,10 @@ void brivolantProcessorLite::RunModules(const StackList& stack, int first, int l
                                         Picture& picture) {
   std::optional<ToneTables> pending;
   const auto flush = [&] {
-    if (pending) kernels::ApplyToneTables(picture.Edit(), *pending);
+    if (pending) {
+      const Picture::Rewriting pixels = picture.Rewrite();
+      kernels::ApplyToneTables(pixels.from, pixels.to, *pending);
+    }
     pending.reset();
   };
   for (int i = first; i < last; ++i) {

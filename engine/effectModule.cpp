@@ -87,7 +87,10 @@ void effectModule::SetControlValue(int index, const Variant& value) {
 }
 
 void ToneModule::ApplyEffect(Picture& picture, double) {
-  if (const auto tables = Tables(picture)) kernels::ApplyToneTables(picture.Edit(), *tables);
+  if (const auto tables = Tables(picture)) {
+    const Picture::Rewriting pixels = picture.Rewrite();
+    kernels::ApplyToneTables(pixels.from, pixels.to, *tables);
+  }
 }
 
 }  // namespace brivolant

@@ -233,7 +233,7 @@ TEST(LookKernels, FollowTheirFormulasForEveryLevel) {
   const std::array<std::array<double, 3>, 3> weights{
       {{0.393, 0.769, 0.189}, {-0.5, 1.25, 0.1}, {0, 0, -1}}};
   ForManyColors(
-      [&](Pixels pixels) { kernels::MixChannels(pixels, kernels::MakeChannelMix(weights)); },
+      [&](Pixels pixels) { kernels::MixChannels(pixels, pixels, kernels::MakeChannelMix(weights)); },
       [&](Color in, Color out) {
         const auto sum = [&](std::size_t row) {
           const auto& w = weights.at(row);

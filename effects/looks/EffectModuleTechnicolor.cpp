@@ -8,7 +8,8 @@ namespace brivolant {
 void EffectModuleTechnicolor::ApplyEffect(Picture& picture, double) {
   static const kernels::ChannelMix mix =
       kernels::MakeChannelMix({{{1, 0, 0}, {0, 1, 0}, {0, 1, 0}}});
-  kernels::MixChannels(picture.Edit(), mix);
+  const Picture::Rewriting pixels = picture.Rewrite();
+  kernels::MixChannels(pixels.from, pixels.to, mix);
 }
 
 }  // namespace brivolant

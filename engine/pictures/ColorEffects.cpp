@@ -34,7 +34,8 @@ kernels::ChannelMix SepiaMix(double amount) {
 void GrayscaleEffect::ApplyInPlace(Picture& source, int grayscaleTypeValue,
                                    const Plane* mask) const {
   const kernels::ChannelMix mix = GreyMix(grayscaleTypeValue);
-  Change(source, mask, [&mix](Pixels pixels) { kernels::MixChannels(pixels, mix); });
+  Rewrite(source, mask,
+          [&mix](ConstPixels from, Pixels to) { kernels::MixChannels(from, to, mix); });
 }
 
 Picture GrayscaleEffect::Apply(Picture source, int grayscaleTypeValue, const Plane* mask) const {
@@ -54,7 +55,8 @@ Picture DesaturateEffect::Apply(Picture source, const Plane* mask) const {
 void SepiaEffect::ApplyInPlace(Picture& source, int value, const Plane* mask) const {
   constexpr double kWhole = 50;
   const kernels::ChannelMix mix = SepiaMix(std::clamp(value / kWhole, 0.0, 1.0));
-  Change(source, mask, [&mix](Pixels pixels) { kernels::MixChannels(pixels, mix); });
+  Rewrite(source, mask,
+          [&mix](ConstPixels from, Pixels to) { kernels::MixChannels(from, to, mix); });
 }
 
 Picture SepiaEffect::Apply(Picture source, int value, const Plane* mask) const {
@@ -68,7 +70,8 @@ void ColorFilterEffect::ApplyInPlace(Picture& source, int red, int green, int bl
     return MakeTable([share](int i) { return i * std::clamp(share, 0, 255) / 255.0; });
   };
   const ToneTables tables{table(red), table(green), table(blue)};
-  Change(source, mask, [&tables](Pixels pixels) { kernels::ApplyToneTables(pixels, tables); });
+  Rewrite(source, mask,
+          [&tables](ConstPixels from, Pixels to) { kernels::ApplyToneTables(from, to, tables); });
 }
 
 Picture ColorFilterEffect::Apply(Picture source, int red, int green, int blue,

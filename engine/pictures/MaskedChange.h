@@ -32,7 +32,19 @@ void Change(Picture& picture, const Plane* mask, Effect effect) {
   Take(picture, std::move(changed), mask);
 }
 
-/// The same on a copy.
+/// The same for an effect of the kind `effect(from, to)`, which makes every pixel from the one at
+/// its place.
+template <class Effect>
+void Rewrite(Picture& picture, const Plane* mask, Effect effect) {
+  if (picture.IsNil()) return;
+  Picture changed = picture;
+  if (mask == nullptr || mask->IsNil()) picture = {};
+  const Picture::Rewriting pixels = changed.Rewrite();
+  effect(pixels.from, pixels.to);
+  Take(picture, std::move(changed), mask);
+}
+
+/// Change on a copy.
 template <class Effect>
 Picture Changed(Picture picture, const Plane* mask, Effect effect) {
   Change(picture, mask, effect);

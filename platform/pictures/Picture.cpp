@@ -73,6 +73,21 @@ Pixels Picture::Edit() {
   return {bytes_.get(), stride_, width_, height_};
 }
 
+Picture::Rewriting Picture::Rewrite() {
+  Rewriting both{bytes_, View(), {}};
+  // One use is this picture's, one the copy just made.
+  constexpr int kAlone = 2;
+  if (bytes_.use_count() > kAlone) {
+    if (auto fresh = PixelMemory::Allocate(stride_ * static_cast<std::size_t>(height_))) {
+      bytes_ = std::move(fresh);
+    } else {
+      bytes_ = Duplicate(bytes_.get(), stride_, height_);
+    }
+  }
+  both.to = {bytes_.get(), stride_, width_, height_};
+  return both;
+}
+
 QImage Picture::AsImage() const {
   if (IsNil()) return {};
   return {static_cast<const uchar*>(bytes_.get()), width_, height_, static_cast<qsizetype>(stride_),

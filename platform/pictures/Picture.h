@@ -66,6 +66,14 @@ class Picture {
   ConstPixels View() const { return {bytes_.get(), stride_, width_, height_}; }
   /// For writing; takes the pixels for its own first.
   Pixels Edit();
+  /// Both sides of a change that makes every pixel from the one at its place. Unlike Edit it does
+  /// not copy shared pixels first.
+  struct Rewriting {
+    std::shared_ptr<const std::uint8_t> held;
+    ConstPixels from;
+    Pixels to;
+  };
+  Rewriting Rewrite();
   /// The pixels as an image of the toolkit, without a copy. It must not outlive this picture's
   /// pixels.
   QImage AsImage() const;

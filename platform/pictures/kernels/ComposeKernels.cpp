@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "platform/pictures/Parallel.h"
+#include "platform/pictures/kernels/MaskKernels.h"
 
 namespace brivolant::kernels {
 namespace {
@@ -26,11 +27,6 @@ struct Overlap {
   int bottom;
 };
 
-std::uint8_t Mix(int over, int under, int mask) {
-  const int sum = over * (255 - mask) + under * mask + 128;
-  return static_cast<std::uint8_t>((sum + (sum >> 8)) >> 8);
-}
-
 }  // namespace
 
 void Compose(Pixels target, ConstPixels source, ConstGrey mask, int x, int y) {
@@ -45,10 +41,7 @@ void Compose(Pixels target, ConstPixels source, ConstGrey mask, int x, int y) {
         std::memcpy(t, s, count * 4);
         continue;
       }
-      const std::uint8_t* m = mask.Row(row) + part.left;
-      for (std::size_t i = 0; i < count; ++i, s += 4, t += 4) {
-        for (int c = 0; c < 3; ++c) t[c] = Mix(s[c], t[c], m[i]);
-      }
+      MixRow(s, mask.Row(row) + part.left, t, count);
     }
   });
 }

@@ -12,7 +12,6 @@ namespace brivolant::kernels {
 namespace {
 
 constexpr int kGrain = 32;
-constexpr std::int32_t kOne = 65536;
 
 /// Calls `change(blue, green, red)` with each pixel's bytes.
 template <class Change>
@@ -25,33 +24,7 @@ void ForEachPixel(Pixels pixels, Change change) {
   });
 }
 
-std::uint8_t Clamped(std::int32_t value) {
-  return static_cast<std::uint8_t>(std::clamp(value, 0, 255));
-}
-
 }  // namespace
-
-ChannelMix MakeChannelMix(const std::array<std::array<double, 3>, 3>& weights) {
-  ChannelMix mix{};
-  for (std::size_t i = 0; i < 3; ++i) {
-    for (std::size_t j = 0; j < 3; ++j) {
-      mix.at(i).at(j) = static_cast<std::int32_t>(std::lround(weights.at(i).at(j) * kOne));
-    }
-  }
-  return mix;
-}
-
-void MixChannels(Pixels pixels, const ChannelMix& mix) {
-  ForEachPixel(pixels, [&mix](std::uint8_t& b, std::uint8_t& g, std::uint8_t& r) {
-    const auto sum = [red = std::int32_t{r}, green = std::int32_t{g},
-                      blue = std::int32_t{b}](const std::array<std::int32_t, 3>& w) {
-      return Clamped((w[0] * red + w[1] * green + w[2] * blue + kOne / 2) >> 16);
-    };
-    r = sum(mix[0]);
-    g = sum(mix[1]);
-    b = sum(mix[2]);
-  });
-}
 
 void Desaturate(Pixels pixels) {
   ForEachPixel(pixels, [](std::uint8_t& b, std::uint8_t& g, std::uint8_t& r) {
@@ -127,24 +100,6 @@ void FillPixels(Pixels pixels, Color color) {
     b = color.Blue;
     g = color.Green;
     r = color.Red;
-  });
-}
-
-void LayColor(Pixels pixels, Color color, ConstGrey mask) {
-  // x / 255, rounded, for x up to 255 * 255.
-  const auto byte = [](int x) { return (x + 128 + ((x + 128) >> 8)) >> 8; };
-  ParallelRows(pixels.height, kGrain, [&](int from, int to) {
-    for (int y = from; y < to; ++y) {
-      std::uint8_t* p = pixels.Row(y);
-      const std::uint8_t* m = mask.Row(y);
-      for (int x = 0; x < pixels.width; ++x, p += 4) {
-        const int keep = m[x];
-        const int take = 255 - keep;
-        p[0] = static_cast<std::uint8_t>(byte(p[0] * keep + color.Blue * take));
-        p[1] = static_cast<std::uint8_t>(byte(p[1] * keep + color.Green * take));
-        p[2] = static_cast<std::uint8_t>(byte(p[2] * keep + color.Red * take));
-      }
-    }
   });
 }
 

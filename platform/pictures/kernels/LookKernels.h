@@ -12,11 +12,11 @@
 /// Point operations that mix the channels of a pixel.
 namespace brivolant::kernels {
 
-/// Each channel as a sum of the three: rows for red, green and blue, weights of red, green and blue
-/// in 1/65536. Rounded, limited to 0 to 255.
-using ChannelMix = std::array<std::array<std::int32_t, 3>, 3>;
+/// Each channel as a sum of the three: rows for red, green and blue, weights of red, green and
+/// blue. Rounded, limited to 0 to 255. Source and target may be the same.
+using ChannelMix = std::array<std::array<float, 3>, 3>;
 ChannelMix MakeChannelMix(const std::array<std::array<double, 3>, 3>& weights);
-void MixChannels(Pixels pixels, const ChannelMix& mix);
+void MixChannels(ConstPixels source, Pixels target, const ChannelMix& mix);
 
 /// The mean of the largest and the smallest channel: lightness of the HSL model.
 void Desaturate(Pixels pixels);
@@ -48,6 +48,15 @@ void FillPixels(Pixels pixels, Color color);
 /// Lays a colour over the pixels as far as `mask` lets it: wholly where it is 0, not where it is
 /// 255.
 void LayColor(Pixels pixels, Color color, ConstGrey mask);
+
+/// A shape in any colour: of each pixel `share` of 255 takes the colour and `keep` of 255 stays,
+/// together at most 255. So one pass lays a shape with its shadow.
+struct Stamp {
+  ConstGrey keep;
+  ConstGrey share;
+};
+/// Lays the stamp with its corner at (x, y), on the target's rows `from` to `to` alone.
+void LayStamp(Pixels target, const Stamp& stamp, Color color, int x, int y, int from, int to);
 
 /// Fills the target with the source's pixels as blocks, each as large as the sizes say.
 void Enlarge(ConstPixels source, Pixels target);

@@ -61,19 +61,19 @@ HWY_INLINE V Lookup(D d, const SplitTable& table, V level) {
                 HalfLookup(d, table, 8, hn::Xor(level, hn::Set(d, 0x80))));
 }
 
-HWY_ATTR void ApplyOneTable(std::uint8_t* bytes, std::size_t count, const SplitTable& table,
-                            std::uint32_t keep) {
+HWY_ATTR void ApplyOneTable(const std::uint8_t* from, std::uint8_t* to, std::size_t count,
+                            const SplitTable& table, std::uint32_t keep) {
   const Bytes d;
   const auto kept =
       hn::BitCast(d, hn::Set(hn::RepartitionToWide<hn::RepartitionToWide<Bytes>>(), keep));
   for (std::size_t i = 0; i < count; i += hn::Lanes(d)) {
-    hn::Store(hn::Or(Lookup(d, table, hn::Load(d, bytes + i)), kept), d, bytes + i);
+    hn::Store(hn::Or(Lookup(d, table, hn::Load(d, from + i)), kept), d, to + i);
   }
 }
 
-HWY_ATTR void ApplyThreeTables(std::uint8_t* bytes, std::size_t count, const SplitTable& red,
-                               const SplitTable& green, const SplitTable& blue,
-                               const ToneTables& tables) {
+HWY_ATTR void ApplyThreeTables(const std::uint8_t* from, std::uint8_t* to, std::size_t count,
+                               const SplitTable& red, const SplitTable& green,
+                               const SplitTable& blue, const ToneTables& tables) {
   const Bytes d;
   const std::size_t step = 4 * hn::Lanes(d);
   std::size_t i = 0;
@@ -82,35 +82,36 @@ HWY_ATTR void ApplyThreeTables(std::uint8_t* bytes, std::size_t count, const Spl
     hn::Vec<Bytes> g;
     hn::Vec<Bytes> r;
     hn::Vec<Bytes> x;
-    hn::LoadInterleaved4(d, bytes + i, b, g, r, x);
-    hn::StoreInterleaved4(Lookup(d, blue, b), Lookup(d, green, g), Lookup(d, red, r), x, d,
-                          bytes + i);
+    hn::LoadInterleaved4(d, from + i, b, g, r, x);
+    hn::StoreInterleaved4(Lookup(d, blue, b), Lookup(d, green, g), Lookup(d, red, r), x, d, to + i);
   }
   for (; i < count; i += 4) {
-    bytes[i] = tables.Blue[bytes[i]];
-    bytes[i + 1] = tables.Green[bytes[i + 1]];
-    bytes[i + 2] = tables.Red[bytes[i + 2]];
+    to[i] = tables.Blue[from[i]];
+    to[i + 1] = tables.Green[from[i + 1]];
+    to[i + 2] = tables.Red[from[i + 2]];
+    to[i + 3] = 255;
   }
 }
 
-HWY_ATTR void ToneRows(Pixels pixels, int from, int to, const ToneTables& tables) {
+HWY_ATTR void ToneRows(ConstPixels source, Pixels target, int from, int to,
+                       const ToneTables& tables) {
   const SplitTable red(tables.Red);
   if (tables.OneForAll()) {
     for (int y = from; y < to; ++y) {
-      ApplyOneTable(pixels.Row(y), pixels.stride, red, 0xFF000000U);
+      ApplyOneTable(source.Row(y), target.Row(y), target.stride, red, 0xFF000000U);
     }
     return;
   }
   const SplitTable green(tables.Green);
   const SplitTable blue(tables.Blue);
   for (int y = from; y < to; ++y) {
-    ApplyThreeTables(pixels.Row(y), pixels.stride, red, green, blue, tables);
+    ApplyThreeTables(source.Row(y), target.Row(y), target.stride, red, green, blue, tables);
   }
 }
 
 HWY_ATTR void TonePlaneRows(Grey plane, int from, int to, const ToneTable& table) {
   const SplitTable split(table);
-  for (int y = from; y < to; ++y) ApplyOneTable(plane.Row(y), plane.stride, split, 0);
+  for (int y = from; y < to; ++y) ApplyOneTable(plane.Row(y), plane.Row(y), plane.stride, split, 0);
 }
 
 HWY_ATTR void InvertBytes(std::uint8_t* bytes, std::size_t count, std::uint32_t mask) {
@@ -176,10 +177,14 @@ constexpr int kGrain = 64;
 constexpr std::uint32_t kColors = 0x00FFFFFFU;
 }  // namespace
 
-void ApplyToneTables(Pixels pixels, const ToneTables& tables) {
-  ParallelRows(pixels.height, kGrain, [&](int from, int to) {
-    HWY_DYNAMIC_DISPATCH(ToneRows)(pixels, from, to, tables);
+void ApplyToneTables(ConstPixels source, Pixels target, const ToneTables& tables) {
+  ParallelRows(target.height, kGrain, [&](int from, int to) {
+    HWY_DYNAMIC_DISPATCH(ToneRows)(source, target, from, to, tables);
   });
+}
+
+void ApplyToneTables(Pixels pixels, const ToneTables& tables) {
+  ApplyToneTables(pixels, pixels, tables);
 }
 
 void ApplyToneTable(Grey plane, const ToneTable& table) {
