@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <vector>
 
 #include "effects/Dice.h"
@@ -20,14 +21,6 @@ std::vector<AdvancedGraphicsPath> MakeShapes() {
   constexpr double h = kHalf;
   constexpr double q = kQuarter;
   std::vector<AdvancedGraphicsPath> shapes(10, AdvancedGraphicsPath(0));
-  // Lines of the skinny star are thin bars.
-  for (int i = 0; i < 4; ++i) {
-    AdvancedGraphicsPath bar(0);
-    const auto reach = static_cast<float>(i % 2 == 0 ? h : 0.5 * h * 1.4142);
-    bar.AddRect(AdvancedGraphicsModule::MakeCGRect(-reach, -1, 2 * reach, 2));
-    bar.Rotate(45.0 * i);
-    shapes[0].AddPath(bar);
-  }
   constexpr double kCorners[5][2] = {{-h, -h}, {h, -h}, {h, h}, {-h, h}, {-h, -h}};
   for (const std::size_t star : {1, 2}) {
     shapes[star].MoveToPoint(-h, -h);
@@ -80,6 +73,35 @@ std::vector<AdvancedGraphicsPath> MakeShapes() {
   return shapes;
 }
 
+/// The one shape of lines alone.
+constexpr std::size_t kSkinnyStar = 0;
+
+/// A shape as it fell.
+struct Piece {
+  std::size_t index;
+  double degrees;
+  double size;
+  double x;
+  double y;
+  Color color;
+};
+
+/// Lines from side to side through the middle, and short ones between them.
+void DrawRays(AdvancedGraphics& g, const Piece& piece) {
+  constexpr double kWidth = 2;
+  g.SetStrokeColor(piece.color, 1);
+  g.PenThickness(kWidth * piece.size);
+  for (int i = 0; i < 4; ++i) {
+    // The ends of a line stand out by half its width.
+    const double reach = (i % 2 == 0 ? kHalf : 0.5 * kHalf * std::numbers::sqrt2) - kWidth / 2;
+    const double angle = AdvancedGraphicsModule::Radian(piece.degrees + 45.0 * i);
+    const double dx = piece.size * reach * std::cos(angle);
+    const double dy = piece.size * reach * std::sin(angle);
+    const double y = g.Height() - piece.y;
+    g.DrawLine(piece.x - dx, y - dy, piece.x + dx, y + dy);
+  }
+}
+
 }  // namespace
 
 void EffectModuleConfetti::SettingsReset() {
@@ -92,7 +114,7 @@ void EffectModuleConfetti::ApplyEffect(Picture& picture, double scale) {
   static const std::vector<AdvancedGraphicsPath> shapes = MakeShapes();
   constexpr int kMostStars = 100000;
   Dice dice(seed_);
-  AdvancedGraphics g(picture);
+  std::vector<Piece> pieces;
   for (int i = 0; i < std::min(static_cast<int>(StarCount), kMostStars); ++i) {
     const int any = dice.Below(static_cast<int>(shapes.size()));
     const int index = Kind == 0 ? any : Kind - 1;
@@ -103,13 +125,23 @@ void EffectModuleConfetti::ApplyEffect(Picture& picture, double scale) {
     const double x = std::trunc(picture.Width() * dice.Rnd());
     const double y = std::trunc(picture.Height() * dice.Rnd());
     if (index < 0 || index >= static_cast<int>(shapes.size())) continue;
-    AdvancedGraphicsPath shape = shapes[static_cast<std::size_t>(index)];
-    shape.Scale(size, size);
-    shape.Rotate(degrees);
-    shape.MovePath(x, picture.Height() - y);
-    g.SetFillColor(RandomColor ? random : StarColor.Value(), 1);
-    g.DrawPath(shape, kFill);
+    pieces.push_back({static_cast<std::size_t>(index), degrees, size, x, y,
+                      RandomColor ? random : StarColor.Value()});
   }
+  DrawInBands(picture, [&](AdvancedGraphics& g) {
+    for (const Piece& piece : pieces) {
+      if (piece.index == kSkinnyStar) {
+        DrawRays(g, piece);
+        continue;
+      }
+      AdvancedGraphicsPath shape = shapes[piece.index];
+      shape.Scale(piece.size, piece.size);
+      shape.Rotate(piece.degrees);
+      shape.MovePath(piece.x, g.Height() - piece.y);
+      g.SetFillColor(piece.color, 1);
+      g.DrawPath(shape, kFill);
+    }
+  });
 }
 
 }  // namespace brivolant

@@ -14,6 +14,8 @@
 #include <numbers>
 #include <vector>
 
+#include "platform/pictures/Parallel.h"
+
 namespace brivolant {
 namespace {
 
@@ -416,6 +418,26 @@ void AdvancedGraphics::DrawPath(const AdvancedGraphicsPath& path, int mode) {
 void AdvancedGraphics::DrawPath(int mode) {
   Draw(*path_, mode);
   openPath_ = false;
+}
+
+void DrawInBands(Picture& picture, const std::function<void(AdvancedGraphics&)>& draw) {
+  // Every band walks through all shapes: few bands, but more than cores, as they differ in work.
+  constexpr int kBands = 6;
+  const Pixels pixels = picture.Edit();
+  const int rows = (pixels.height + kBands - 1) / kBands;
+  ParallelRows(kBands, 1, [&](int from, int to) {
+    for (int band = from; band < to; ++band) {
+      const int top = band * rows;
+      const int height = std::min(rows, pixels.height - top);
+      if (height <= 0) return;
+      QImage image(pixels.Row(top), pixels.width, height, static_cast<qsizetype>(pixels.stride),
+                   QImage::Format_RGB32);
+      QPainter painter(&image);
+      painter.translate(0, -top);
+      AdvancedGraphics graphics(painter, pixels.width, pixels.height);
+      draw(graphics);
+    }
+  });
 }
 
 }  // namespace brivolant

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -172,5 +173,9 @@ class AdvancedGraphics {
   std::unique_ptr<QPainterPath> path_;
   bool openPath_ = false;
 };
+
+/// Draws on the picture in bands, on all cores: `draw` is called once for each band, with a canvas
+/// of the whole picture's size, and must draw the same each time.
+void DrawInBands(Picture& picture, const std::function<void(AdvancedGraphics&)>& draw);
 
 }  // namespace brivolant
