@@ -10,6 +10,7 @@
 #include "effects/artistic/EffectModuleOilPainting.h"
 #include "effects/artistic/EffectModuleSegment.h"
 #include "effects/artistic/EffectModuleString.h"
+#include "effects/artistic/EffectModuleTexture.h"
 #include "effects/finishes/EffectModuleGloss.h"
 #include "effects/finishes/EffectModuleOutline.h"
 #include "effects/finishes/EffectModuleOverlay.h"
@@ -107,8 +108,6 @@ constexpr Named kFinishes{"0756B539-CD93-AD22-CB8D-D02A2FF15DA5",
     id, {key, text}, {}                            \
   }
 BRIVOLANT_PENDING(kText, "150B71E5-A262-009C-42A9-CD07B87C0B76", "EffectModuleText.kName", "Text");
-BRIVOLANT_PENDING(kTexture, "4DD95F09-F9ED-A5C3-F38F-EC4F5C760FA0", "EffectModuleTexture.kName",
-                  "Texture");
 BRIVOLANT_PENDING(kBorder, "722F92BB-914A-BE34-7B81-40D006AE5CE4", "EffectModuleBorder.kName",
                   "Borders");
 #undef BRIVOLANT_PENDING
@@ -156,7 +155,7 @@ constexpr std::array kEntries{
     Effect<EffectModuleSegment>("EffectModuleSegment"),
     Effect<EffectModuleString>("EffectModuleString"),
     Pending<kText>("EffectModuleText"),
-    Pending<kTexture>("EffectModuleTexture"),
+    Effect<EffectModuleTexture>("EffectModuleTexture"),
     Effect<EffectModuleWave>("EffectModuleWave"),
     Effect<EffectModuleWaterdrops>("EffectModuleWaterdrops"),
     Divider<kFinishes>(),

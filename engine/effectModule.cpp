@@ -47,7 +47,14 @@ void effectModule::fireShowMenu(int index, int x, int y, const MenuPresenter& pr
   // The check mark follows what was loaded or undone since the menu was last shown.
   EffectModuleControl& control = Control(index);
   if (control.Menu) otherSharedComponents::Selected(*control.Menu, ControlValue(index).ToInt());
-  ControlValue(index, control.ShowMenu(x, y, present));
+  bool dismissed = false;
+  const int chosen = control.ShowMenu(x, y, [&](const MenuItem& menu, int left, int top) {
+    const std::optional<int> item = present(menu, left, top);
+    dismissed = !item;
+    return item;
+  });
+  // Nothing may have been chosen before; then nothing is now.
+  if (!dismissed) ControlValue(index, chosen);
 }
 
 void effectModule::AboutToChange() {

@@ -123,9 +123,8 @@ HWY_ATTR void MixRows(ConstPixels source, Pixels target, int from, int to, const
   const VF half = hn::Set(df, 0.5F);
   const VF most = hn::Set(df, 255.0F);
   const auto sum = [&](const std::array<float, 3>& w, VF r, VF g, VF b) HWY_ATTR {
-    const VF mixed =
-        hn::MulAdd(r, hn::Set(df, w[0]),
-                   hn::MulAdd(g, hn::Set(df, w[1]), hn::MulAdd(b, hn::Set(df, w[2]), half)));
+    const VF warm = hn::Add(hn::Mul(r, hn::Set(df, w[0])), hn::Mul(g, hn::Set(df, w[1])));
+    const VF mixed = hn::Add(warm, hn::Add(hn::Mul(b, hn::Set(df, w[2])), half));
     const VF limited = hn::Min(hn::Max(mixed, hn::Zero(df)), most);
     return hn::BitCast(d, hn::ConvertTo(di, limited));
   };
