@@ -18,10 +18,12 @@
 #include "effects/crop/CropModule.h"
 #include "effects/finishes/EffectModuleOverlay.h"
 #include "effects/fixes/EffectModuleColorAdjuster.h"
+#include "effects/text/EffectModuleText.h"
 #include "engine/ui/EditorDisplay.h"
 #include "engine/ui/EffectStackEditor.h"
 #include "formats/BrivolantDocument.h"
 #include "kit/InterfaceKitSupport.h"
+#include "kit/ifkFontComboBox.h"
 #include "kit/ifkSegmentView.h"
 #include "kit/ifkSlider.h"
 
@@ -80,6 +82,15 @@ void MainWindow::WireProcessor() {
     }
     if (auto* overlay = dynamic_cast<EffectModuleOverlay*>(&module)) {
       overlay->ChoosePicture = [this] { return ChoosePhoto(EffectModuleOverlay::kPrompt); };
+    }
+    if (auto* text = dynamic_cast<EffectModuleText*>(&module)) {
+      text->ChooseFont = [](int x, int y, int width, const std::string& current) {
+        return ifkFontComboBoxMenu::Instance().Popup(x, y, width, current);
+      };
+      text->myTextEngine.ReadClipboard = [this] { return app_.Clipboard().Text(); };
+      text->myTextEngine.WriteClipboard = [this](const std::string& copied) {
+        app_.Clipboard().Text(copied);
+      };
     }
   };
   myProcessor->UpdateStarted = [this] {
@@ -145,6 +156,13 @@ void MainWindow::WirePanel() {
       FullScreenMethod();
     }
     UpdateCommands();
+  };
+  MyDisplay->Changed = [this](effectModule& module, const Dictionary* before) {
+    if (before != nullptr) {
+      Record({{ModuleKey("EffectChanged:", module), *before}}, module.Name());
+    }
+    SetDirty(true);
+    AdvancedPanel->Update();
   };
   MyDisplay->Resized = [this] {
     isResizing = true;

@@ -2,6 +2,9 @@
 #include "cli/EditOptions.h"
 
 #include <CLI/CLI.hpp>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <charconv>
 #include <cmath>
 #include <map>
@@ -25,8 +28,39 @@ std::optional<double> Number(std::string_view text) {
   return value;
 }
 
+/// One box as JSON: an object of the box's keys.
+Dictionary TextBox(const QJsonObject& object) {
+  Dictionary box;
+  for (auto entry = object.begin(); entry != object.end(); ++entry) {
+    const std::string key = entry.key().toStdString();
+    const QJsonValue& value = entry.value();
+    if (value.isDouble()) {
+      box.Value(key, value.toDouble());
+    } else {
+      box.Value(key, value.toString().toStdString());
+    }
+  }
+  return box;
+}
+
+/// A JSON object or an array of them as boxes under their numbers; anything else is one text.
+Variant TextBoxes(std::string_view text) {
+  const QJsonDocument json =
+      QJsonDocument::fromJson(QByteArray(text.data(), static_cast<qsizetype>(text.size())));
+  Dictionary boxes;
+  if (json.isObject()) {
+    boxes.Value(0, TextBox(json.object()));
+    return boxes;
+  }
+  if (!json.isArray()) return text;
+  for (const auto& entry : json.array()) boxes.Value(boxes.Count(), TextBox(entry.toObject()));
+  return boxes;
+}
+
 /// The value of a setting from its text, by the type of the parameter.
 std::optional<Variant> Typed(std::string_view text, const std::string& type) {
+  // Of a text effect a plain text, or boxes as JSON.
+  if (type == "texts") return TextBoxes(text);
   if (type == "string") return Variant(text);
   if (type == "boolean") {
     if (EqualIgnoringCase(text, "true") || text == "1") return Variant(true);

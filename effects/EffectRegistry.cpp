@@ -49,6 +49,7 @@
 #include "effects/looks/EffectModulePosterize.h"
 #include "effects/looks/EffectModuleSepia.h"
 #include "effects/looks/EffectModuleTechnicolor.h"
+#include "effects/text/EffectModuleText.h"
 
 namespace brivolant {
 namespace {
@@ -107,7 +108,6 @@ constexpr Named kFinishes{"0756B539-CD93-AD22-CB8D-D02A2FF15DA5",
   constexpr Named constant {                       \
     id, {key, text}, {}                            \
   }
-BRIVOLANT_PENDING(kText, "150B71E5-A262-009C-42A9-CD07B87C0B76", "EffectModuleText.kName", "Text");
 BRIVOLANT_PENDING(kBorder, "722F92BB-914A-BE34-7B81-40D006AE5CE4", "EffectModuleBorder.kName",
                   "Borders");
 #undef BRIVOLANT_PENDING
@@ -154,7 +154,7 @@ constexpr std::array kEntries{
                                                                    "EffectModuleBackgroundScale"),
     Effect<EffectModuleSegment>("EffectModuleSegment"),
     Effect<EffectModuleString>("EffectModuleString"),
-    Pending<kText>("EffectModuleText"),
+    Effect<EffectModuleText>("EffectModuleText"),
     Effect<EffectModuleTexture>("EffectModuleTexture"),
     Effect<EffectModuleWave>("EffectModuleWave"),
     Effect<EffectModuleWaterdrops>("EffectModuleWaterdrops"),

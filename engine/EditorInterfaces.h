@@ -4,6 +4,7 @@
 namespace brivolant {
 
 class effectModule;
+enum class MouseCursor;
 
 /// The display keeps this much free around the preview, both sides together, in the desktop's
 /// coordinates.
@@ -32,6 +33,9 @@ class PreviewDisplay {
   virtual int Height() const = 0;
   /// Pixels of the screen in one unit of the desktop's coordinates; 1 on a plain screen.
   virtual double PixelRatio() const { return 1; }
+  virtual void ShowCursor(MouseCursor) {}
+  /// Keys come to the selected module from now on.
+  virtual void TakeFocus() {}
   /// Shows the processor's preview; `full` when everything was rendered anew.
   virtual void Update(bool full) = 0;
 };

@@ -18,7 +18,27 @@ class EffectPanel;
 class ParameterBase;
 
 /// Pointers over the image; kNone leaves the display's own.
-enum class MouseCursor { kNone, kStandard, kOpenHand, kClosedHand };
+enum class MouseCursor {
+  kNone,
+  kStandard,
+  kOpenHand,
+  kClosedHand,
+  kIBeam,
+  kFallingArrow,  ///< From the top left to the bottom right.
+  kRisingArrow,   ///< From the bottom left to the top right.
+};
+
+/// A module in which text is edited on the image.
+class TextEditing {
+ public:
+  virtual ~TextEditing() = default;
+  /// Typed keys go into a text now.
+  virtual bool Editing() const = 0;
+  virtual void Copy() = 0;
+  virtual void Cut() = 0;
+  virtual void Paste() = 0;
+  virtual void SelectAll() = 0;
+};
 
 /// States of the pointer for which a cursor is asked.
 enum PointerState { kPointerEntered = 1, kPointerLeft = 2, kPointerDown = 3, kPointerUp = 5 };
@@ -93,6 +113,8 @@ class effectModule {
   /// A module whose effect is a tone curve gives it here instead of painting: consecutive curves
   /// are composed before the pixels are touched. Null for all other modules.
   virtual class ToneModule* AsToneModule() { return nullptr; }
+  /// Null for modules without text.
+  virtual TextEditing* AsTextEditing() { return nullptr; }
   /// Tells the module the processor whose stack it stands in, once, after its creation.
   virtual void BelongsTo(class brivolantProcessorLite&) {}
   /// Gives a module that plays dice the number from which its dice follow.

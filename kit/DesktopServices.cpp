@@ -202,6 +202,14 @@ void WidgetClipboard::Set(std::string_view text, std::string_view mimeType,
   QGuiApplication::clipboard()->setMimeData(data.release());
 }
 
+std::string WidgetClipboard::Text() const {
+  return QGuiApplication::clipboard()->text().toStdString();
+}
+
+void WidgetClipboard::Text(const std::string& text) {
+  QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+}
+
 bool WidgetClipboard::HasPicture() const {
   const QMimeData* data = OnClipboard();
   return data != nullptr && data->hasImage();

@@ -65,6 +65,8 @@ class WidgetClipboard final : public Clipboard {
   bool Has(std::string_view mimeType) const override;
   std::string Data(std::string_view mimeType) const override;
   void Set(std::string_view text, std::string_view mimeType, std::string_view data) override;
+  std::string Text() const override;
+  void Text(const std::string& text) override;
   bool HasPicture() const override;
   brivolant::Picture Picture() const override;
   void Picture(const brivolant::Picture& picture) override;

@@ -357,7 +357,7 @@ TEST(Registry, IsCompleteAndInOrder) {
     EXPECT_TRUE(module->Settings() == settings) << module->Name();
   }
   EXPECT_THAT(dividers, ElementsAre(0, 13, 27, 44));
-  EXPECT_EQ(complete, 39);
+  EXPECT_EQ(complete, 40);
   EXPECT_EQ(registry[37].backgroundClass, "EffectModuleBackgroundScale");
   EXPECT_NE(registry[37].create(kForeground)->ID(), registry[37].create(kBackground)->ID());
 }

@@ -33,6 +33,12 @@ Qt::CursorShape ShapeOf(MouseCursor cursor) {
       return Qt::OpenHandCursor;
     case MouseCursor::kClosedHand:
       return Qt::ClosedHandCursor;
+    case MouseCursor::kIBeam:
+      return Qt::IBeamCursor;
+    case MouseCursor::kFallingArrow:
+      return Qt::SizeFDiagCursor;
+    case MouseCursor::kRisingArrow:
+      return Qt::SizeBDiagCursor;
     default:
       return Qt::ArrowCursor;
   }
@@ -40,7 +46,13 @@ Qt::CursorShape ShapeOf(MouseCursor cursor) {
 
 }  // namespace
 
-EditorDisplay::EditorDisplay(QWidget* parent) : QWidget(parent) {
+EditorDisplay::EditorDisplay(QWidget* parent) : QWidget(parent), blink_(new QTimer(this)) {
+  constexpr int kBlinkStep = 200;
+  blink_->setInterval(kBlinkStep);
+  connect(blink_, &QTimer::timeout, this, [this] {
+    if (Editing() != nullptr) Update(false);
+  });
+  setAttribute(Qt::WA_InputMethodEnabled);
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
   setAcceptDrops(true);
@@ -178,11 +190,19 @@ QPointF EditorDisplay::FractionsAt(const QPointF& position) const {
   return {(position.x() * ratio - drawX) / drawW, (position.y() * ratio - drawY) / drawH};
 }
 
-void EditorDisplay::ShowCursor(int pointerState) {
-  effectModule* module = myProcessor == nullptr ? nullptr : myProcessor->SelectedEffect();
-  const MouseCursor cursor =
-      module == nullptr ? MouseCursor::kNone : module->MouseCursor(pointerState);
+void EditorDisplay::ShowCursor(MouseCursor cursor) {
   setCursor(ShapeOf(cursor));
+}
+
+void EditorDisplay::CursorFor(int pointerState) {
+  effectModule* module = myProcessor == nullptr ? nullptr : myProcessor->SelectedEffect();
+  ShowCursor(module == nullptr ? MouseCursor::kNone : module->MouseCursor(pointerState));
+}
+
+TextEditing* EditorDisplay::Editing() const {
+  effectModule* module = myProcessor == nullptr ? nullptr : myProcessor->SelectedEffect();
+  TextEditing* text = module == nullptr ? nullptr : module->AsTextEditing();
+  return text != nullptr && text->Editing() ? text : nullptr;
 }
 
 void EditorDisplay::RenderOrShow() {
@@ -200,9 +220,10 @@ void EditorDisplay::mousePressEvent(QMouseEvent* event) {
   const bool inside = at.x() >= 0 && at.x() <= 1 && at.y() >= 0 && at.y() <= 1;
   if (!inside || module == nullptr || event->button() != Qt::LeftButton) return event->ignore();
   LiveDragging = false;
+  beforeDrag_ = module->Settings();
   dragging_ =
       module->MouseDown(static_cast<float>(at.x()), static_cast<float>(at.y()), LiveDragging);
-  ShowCursor(kPointerDown);
+  CursorFor(kPointerDown);
   if (dragging_) RenderOrShow();
 }
 
@@ -225,9 +246,11 @@ void EditorDisplay::mouseReleaseEvent(QMouseEvent* event) {
   effectModule* module = myProcessor == nullptr ? nullptr : myProcessor->SelectedEffect();
   if (module == nullptr) return;
   const QPointF at = FractionsAt(event->position());
-  ShowCursor(kPointerUp);
+  CursorFor(kPointerUp);
   module->MouseUp(static_cast<float>(std::clamp(at.x(), 0.0, 1.0)),
                   static_cast<float>(std::clamp(at.y(), 0.0, 1.0)));
+  const bool changed = !(module->Settings() == beforeDrag_);
+  if (changed && Changed) Changed(*module, &beforeDrag_);
   myProcessor->UpdatePreview(false);
   Update(true);
 }
@@ -262,26 +285,99 @@ std::string KeyName(const QKeyEvent& event) {
   return event.text().toStdString();
 }
 
-void EditorDisplay::keyPressEvent(QKeyEvent* event) {
-  effectModule* module = myProcessor == nullptr ? nullptr : myProcessor->SelectedEffect();
-  bool live = false;
-  const std::string key = KeyName(*event);
-  if (module == nullptr || key.empty() || !module->keyPressed(key, live)) {
-    return QWidget::keyPressEvent(event);
+bool EditorDisplay::EditCommand(const QKeyEvent& event) {
+  TextEditing* text = Editing();
+  if (text == nullptr) return false;
+  if (event.matches(QKeySequence::Copy)) {
+    text->Copy();
+  } else if (event.matches(QKeySequence::Cut)) {
+    text->Cut();
+  } else if (event.matches(QKeySequence::Paste)) {
+    text->Paste();
+  } else if (event.matches(QKeySequence::SelectAll)) {
+    text->SelectAll();
+  } else {
+    return false;
   }
-  LiveDragging = live;
+  if (event.matches(QKeySequence::Cut) || event.matches(QKeySequence::Paste)) {
+    if (Changed) Changed(*myProcessor->SelectedEffect(), nullptr);
+    myProcessor->UpdatePreview(false);
+  } else {
+    Update(false);
+  }
+  return true;
+}
+
+bool EditorDisplay::event(QEvent* event) {
+  // While text is edited its keys are not those of the menus.
+  if (event->type() == QEvent::ShortcutOverride && Editing() != nullptr) {
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::KeypadModifier;
+    const bool typed = !(modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) &&
+                       key.key() != Qt::Key_Tab && key.key() < Qt::Key_F1;
+    const bool command = key.matches(QKeySequence::Copy) || key.matches(QKeySequence::Cut) ||
+                         key.matches(QKeySequence::Paste) || key.matches(QKeySequence::SelectAll) ||
+                         key.matches(QKeySequence::MoveToNextWord) ||
+                         key.matches(QKeySequence::MoveToPreviousWord) ||
+                         key.matches(QKeySequence::SelectNextWord) ||
+                         key.matches(QKeySequence::SelectPreviousWord);
+    if (typed || command) {
+      event->accept();
+      return true;
+    }
+  }
+  return QWidget::event(event);
+}
+
+bool EditorDisplay::Type(const std::string& key) {
+  if (myProcessor == nullptr || myProcessor->SelectedEffect() == nullptr) return false;
+  bool render = false;
+  effectModule& module = *myProcessor->SelectedEffect();
+  if (!module.keyPressed(key, render)) return false;
+  LiveDragging = render;
+  if (render && Changed) Changed(module, nullptr);
   RenderOrShow();
+  return true;
+}
+
+void EditorDisplay::inputMethodEvent(QInputMethodEvent* event) {
+  // Accents, input methods and emoji pickers commit whole texts.
+  if (Editing() != nullptr && !event->commitString().isEmpty()) {
+    (void)Type(event->commitString().toStdString());
+  }
+  event->accept();
+}
+
+QVariant EditorDisplay::inputMethodQuery(Qt::InputMethodQuery query) const {
+  if (query == Qt::ImEnabled) return Editing() != nullptr;
+  return QWidget::inputMethodQuery(query);
+}
+
+void EditorDisplay::focusInEvent(QFocusEvent* event) {
+  QWidget::focusInEvent(event);
+  blink_->start();
+}
+
+void EditorDisplay::focusOutEvent(QFocusEvent* event) {
+  QWidget::focusOutEvent(event);
+  blink_->stop();
+}
+
+void EditorDisplay::keyPressEvent(QKeyEvent* event) {
+  if (EditCommand(*event)) return;
+  const std::string key = KeyName(*event);
+  if (key.empty() || !Type(key)) QWidget::keyPressEvent(event);
 }
 
 void EditorDisplay::enterEvent(QEnterEvent*) {
-  ShowCursor(kPointerEntered);
+  CursorFor(kPointerEntered);
   if (myProcessor != nullptr && myProcessor->SelectedEffect() != nullptr) {
     myProcessor->SelectedEffect()->fireMouseEnter();
   }
 }
 
 void EditorDisplay::leaveEvent(QEvent*) {
-  ShowCursor(kPointerLeft);
+  CursorFor(kPointerLeft);
   if (myProcessor != nullptr && myProcessor->SelectedEffect() != nullptr) {
     myProcessor->SelectedEffect()->fireMouseExit();
   }

@@ -7,10 +7,13 @@
 
 #include "engine/EditorInterfaces.h"
 #include "platform/pictures/Picture.h"
+#include "platform/values/Variant.h"
 
 namespace brivolant {
 
+class TextEditing;
 class brivolantProcessorLite;
+class effectModule;
 struct DragItem;
 
 /// Shows the processor's preview on a dark gradient, centred and scaled to fit, with the picture
@@ -23,6 +26,10 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   brivolantProcessorLite* myProcessor = nullptr;
   /// The picture before the effects stands beside the preview. Update shows the change.
   bool ShowBefore = false;
+
+  void ShowCursor(MouseCursor cursor) override;
+  void TakeFocus() override { setFocus(); }
+  QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
   // PreviewDisplay: pixels of the screen.
   int Width() const override;
@@ -42,10 +49,17 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
 
   /// The size of the widget has changed.
   std::function<void()> Resized;
+  /// The selected module was changed on the image: what its settings were before, or null if the
+  /// module has told of the change itself.
+  std::function<void(effectModule& module, const Dictionary* before)> Changed;
   /// Files or a picture were dropped.
   std::function<void(const DragItem&)> Dropped;
 
  protected:
+  bool event(QEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -60,7 +74,12 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
 
  private:
   void DrawPictures(bool full);
-  void ShowCursor(int pointerState);
+  void CursorFor(int pointerState);
+  /// The selected module if text is edited in it now.
+  TextEditing* Editing() const;
+  bool EditCommand(const QKeyEvent& event);
+  /// False if the selected module does not take the key.
+  bool Type(const std::string& key);
   void RenderOrShow();
   bool Backdrop();
 
@@ -68,8 +87,12 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   int drawY = 0;
   int drawW = 0;
   int drawH = 0;
+  /// Draws the caret anew while text is edited.
+  QTimer* blink_;
   bool LiveDragging = false;
   bool dragging_ = false;
+  /// Of the module that is dragged, when the drag began.
+  Dictionary beforeDrag_;
   bool stale_ = true;
   double lastRatio_ = 0;
   QImage buffer_;

@@ -181,6 +181,7 @@ void EffectStackEditor::DrawControl(QPainter& painter, int control, int top) {
                       pressed);
       break;
     case kControlColorWell: {
+      if (value.IsNil()) break;
       const Color color = value.ToColor();
       const bool bound = SelectedColorWell && SelectedColorWell(control);
       drawColorWell(painter, {left, top + 1, 60, 18}, QColor(color.Red, color.Green, color.Blue),
@@ -191,8 +192,10 @@ void EffectStackEditor::DrawControl(QPainter& painter, int control, int top) {
       const int chosen = value.ToInt();
       const bool known =
           row.Menu && chosen >= 0 && chosen < static_cast<int>(row.Menu->Children.size());
+      // Of a menu that the module shows itself the value is the text.
       const QString shown =
-          known ? ToQString(row.Menu->Children[static_cast<std::size_t>(chosen)].Text) : QString();
+          known ? ToQString(row.Menu->Children[static_cast<std::size_t>(chosen)].Text)
+                : (row.Menu ? QString() : ToQString(value.ToText()));
       drawMenu(painter, {left, top + 1, ControlWidth(), 18}, shown, pressed);
       break;
     }

@@ -92,6 +92,8 @@ class Clipboard {
   virtual std::string Data(std::string_view mimeType) const = 0;
   /// Replaces the content by a text and data of one further type.
   virtual void Set(std::string_view text, std::string_view mimeType, std::string_view data) = 0;
+  virtual std::string Text() const { return Data("text/plain"); }
+  virtual void Text(const std::string& text) { Set(text, "text/plain", text); }
   virtual bool HasPicture() const { return false; }
   /// Nil if there is none.
   virtual brivolant::Picture Picture() const;

@@ -728,6 +728,98 @@
         <source>Texture</source>
         <translation>Struktur</translation>
     </message>
+    <message id="EffectModuleText.kAddText">
+        <source>Add Text Field</source>
+        <translation>Textfeld hinzufügen</translation>
+    </message>
+    <message id="EffectModuleText.kCaption">
+        <source>Caption:</source>
+        <translation>Beschriftung:</translation>
+    </message>
+    <message id="EffectModuleText.kNone">
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message id="EffectModuleText.kOvalSpeech">
+        <source>Oval Speech</source>
+        <translation>Ovale Sprechblase</translation>
+    </message>
+    <message id="EffectModuleText.kOvalThought">
+        <source>Oval Thought</source>
+        <translation>Ovale Denkblase</translation>
+    </message>
+    <message id="EffectModuleText.kSpeech">
+        <source>Speech</source>
+        <translation>Sprechblase</translation>
+    </message>
+    <message id="EffectModuleText.kThought">
+        <source>Thought</source>
+        <translation>Denkblase</translation>
+    </message>
+    <message id="EffectModuleText.kTypeFace">
+        <source>Font:</source>
+        <translation>Schrift:</translation>
+    </message>
+    <message id="EffectModuleTexture.kBrushedMetal">
+        <source>Brushed Metal</source>
+        <translation>Gebürstetes Metall</translation>
+    </message>
+    <message id="EffectModuleTexture.kCanvas">
+        <source>Canvas</source>
+        <translation>Leinwand</translation>
+    </message>
+    <message id="EffectModuleTexture.kConcrete">
+        <source>Concrete</source>
+        <translation>Beton</translation>
+    </message>
+    <message id="EffectModuleTexture.kCrumpledPaper">
+        <source>Crumpled Paper</source>
+        <translation>Zerknülltes Papier</translation>
+    </message>
+    <message id="EffectModuleTexture.kDust">
+        <source>Dust</source>
+        <translation>Staub</translation>
+    </message>
+    <message id="EffectModuleTexture.kFilmGrain">
+        <source>Film Grain</source>
+        <translation>Filmkorn</translation>
+    </message>
+    <message id="EffectModuleTexture.kLeather">
+        <source>Leather</source>
+        <translation>Leder</translation>
+    </message>
+    <message id="EffectModuleTexture.kLinen">
+        <source>Linen</source>
+        <translation>Leinen</translation>
+    </message>
+    <message id="EffectModuleTexture.kPaper">
+        <source>Paper</source>
+        <translation>Papier</translation>
+    </message>
+    <message id="EffectModuleTexture.kPlaster">
+        <source>Plaster</source>
+        <translation>Putz</translation>
+    </message>
+    <message id="EffectModuleTexture.kRain">
+        <source>Rain</source>
+        <translation>Regen</translation>
+    </message>
+    <message id="EffectModuleTexture.kScratches">
+        <source>Scratches</source>
+        <translation>Kratzer</translation>
+    </message>
+    <message id="EffectModuleTexture.kStone">
+        <source>Stone</source>
+        <translation>Stein</translation>
+    </message>
+    <message id="EffectModuleTexture.kTexture">
+        <source>Texture:</source>
+        <translation>Struktur:</translation>
+    </message>
+    <message id="EffectModuleTexture.kWood">
+        <source>Wood</source>
+        <translation>Holz</translation>
+    </message>
     <message id="EffectModuleVignette.kName">
         <source>Vignette</source>
         <translation>Vignette</translation>
