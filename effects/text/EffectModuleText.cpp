@@ -91,11 +91,12 @@ bool EffectModuleText::ButtonPushed(int index) {
 }
 
 void EffectModuleText::AddNewText(bool tell) {
-  if (myTextEngine.CurrentTextItem != nullptr && myTextEngine.CurrentTextItem->TextLength() == 0) {
-    return;
+  // A second empty box is not made; typing goes into the one there is.
+  const ScaleableTextObject* current = myTextEngine.CurrentTextItem;
+  if (current == nullptr || current->TextLength() > 0) {
+    if (tell) AboutToChange();
+    myTextEngine.Add();
   }
-  if (tell) AboutToChange();
-  myTextEngine.Add();
   if (PreviewDisplay* display = Display(); display != nullptr && Parent != nullptr) {
     display->Update(false);
     display->TakeFocus();

@@ -213,13 +213,15 @@ void ScaleableTextEngine::MoveCaret(const std::string& key, bool extend, bool wo
   int position = fromEnd || (extend && !backward) ? end : start;
   if (extend && backward && !fromEnd) position = start;
   if (words) {
+    // Over the blanks, then over the word.
+    const auto blank = [&box](int at) { return ScaleableTextObject::IsBlank(box.Part(at, 1)); };
     if (backward) {
-      while (position > 0 && box.WordDimensions(position - 1).Right == 0) --position;
-      if (position > 0) position = static_cast<int>(box.WordDimensions(position - 1).Left);
+      while (position > 0 && blank(position - 1)) --position;
+      position = static_cast<int>(box.WordDimensions(position).Left);
     } else {
-      while (position < box.TextLength() && box.WordDimensions(position).Right == 0) ++position;
+      while (position < box.TextLength() && blank(position)) ++position;
       const Pair word = box.WordDimensions(position);
-      position = std::max(position, static_cast<int>(word.Left + word.Right));
+      position = static_cast<int>(word.Left + word.Right);
     }
   } else {
     position += backward ? -1 : 1;

@@ -37,16 +37,16 @@ std::vector<int> CharactersOf(const QString& text) {
   return starts;
 }
 
-bool IsBlank(const std::string& character) {
-  return character == " " || character == "\r" || character == "\n" || character == "\t";
-}
-
 /// The value of the HSV model is below a half: the panel behind the text is then white, else black.
 bool IsDark(Color color) {
   return std::max({color.Red, color.Green, color.Blue}) < 128;
 }
 
 }  // namespace
+
+bool ScaleableTextObject::IsBlank(const std::string& character) {
+  return character == " " || character == "\r" || character == "\n" || character == "\t";
+}
 
 struct ScaleableTextObject::Lines {
   struct Line {

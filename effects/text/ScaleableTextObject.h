@@ -81,6 +81,8 @@ class ScaleableTextObject {
   Pair SelStartLineChar() const { return LineCharFromPosition(mSelstart); }
   Pair SelEndLineChar() const { return LineCharFromPosition(mSelstart + mSellength); }
 
+  /// True for what stands between words.
+  static bool IsBlank(const std::string& character);
   /// The characters from `start` on.
   std::string Part(int start, int length) const;
   /// Puts `text` in their place and gives the position after it.

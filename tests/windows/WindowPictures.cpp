@@ -12,8 +12,10 @@
 #include "app/PreferencesWindow.h"
 #include "app/ToolButtons.h"
 #include "app/WelcomePage.h"
+#include "effects/text/EffectModuleText.h"
 #include "kit/Appearance.h"
 #include "kit/ifkColors.h"
+#include "kit/ifkFontComboBox.h"
 
 namespace brivolant::test {
 namespace {
@@ -73,6 +75,30 @@ TEST(WindowPictures, OfTheEditorInBothAppearances) {
   Take(program.Window(), QStringLiteral("levels"));
   program.app->AppearanceChoice(Appearance::kLight);
   program.Tool(ToolButtons::Browser().Identifier);
+}
+
+TEST(WindowPictures, OfTextAndTheMenuOfFonts) {
+  Program program;
+  program.OpenPhoto(Sample(program));
+  program.SelectRow("Text");
+  Type(program.Window(), "Summer");
+  auto& text = dynamic_cast<EffectModuleText&>(program.Module("Text"));
+  text.myTextEngine.item.at(0)->TextColor = kWhite;
+  text.myTextEngine.Add().Text("Hello");
+  text.myTextEngine.CurrentTextItem->Caption = 1;
+  text.myTextEngine.CurrentTextItem->Top = 0.1F;
+  text.myTextEngine.SelectAll();
+  program.Processor().UpdatePreview(false);
+  program.Panel().update();
+  Take(program.Window(), QStringLiteral("text"));
+  ifkFontComboBoxMenu& menu = ifkFontComboBoxMenu::Instance();
+  QTimer::singleShot(100, [&] {
+    menu.resize(menu.width(), 400);
+    Take(menu, QStringLiteral("fonts"));
+    menu.hide();
+  });
+  const std::string kept = menu.Popup(10, 10, 180, "DejaVu Sans Mono");
+  EXPECT_EQ(kept, "DejaVu Sans Mono");
 }
 
 TEST(WindowPictures, OfTheCropAndItsPalette) {
