@@ -120,11 +120,11 @@ struct Pair {
 void PeerRows(const Picture& photo, const Services& services, const OpenCvPeer& opencv,
               const std::string& scratch) {
   const std::vector<Pair> pairs{
-      {"Sepia", {{0, 50}}, {"-sepia-tone", "80%"}, &OpenCvPeer::Sepia},
+      {"Sepia", {{0, 100}}, {"-sepia-tone", "80%"}, &OpenCvPeer::Sepia},
       {"Posterize", {{0, 10}}, {"-posterize", "6"}, &OpenCvPeer::Lookup},
-      {"Vignette", {}, {"-vignette", "0x400"}, nullptr},
-      {"Motion Blur", {}, {"-motion-blur", "0x12+45"}, &OpenCvPeer::MotionBlur},
-      {"Wave", {}, {"-wave", "40x1500"}, &OpenCvPeer::Warp},
+      {"Vignette", {}, {"-vignette", "0x20"}, nullptr},
+      {"Motion Blur", {}, {"-motion-blur", "0x6+45"}, &OpenCvPeer::MotionBlur},
+      {"Wave", {{0, 50}}, {"-wave", "40x1500"}, &OpenCvPeer::Warp},
       {"Oil Painting", {}, {"-paint", "3"}, nullptr},
       {"Diffuse", {}, {"-spread", "20"}, nullptr},
       {"Barrel Distortion", {{0, 70}}, {"-distort", "Barrel", "0.1 0 0 0.9"}, &OpenCvPeer::Warp}};

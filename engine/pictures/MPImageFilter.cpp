@@ -121,7 +121,7 @@ Picture BarrelDistortion::ApplyEffect(Picture source) const {
   if (bend == 0 && VerticalKeystone == 0 && HorizontalKeystone == 0) return source;
   // A barrel is drawn large enough that its corners reach those of the picture.
   const kernels::Lens lens{bend, bend > 0 ? 1 / (1 + bend) : 1, VerticalKeystone,
-                           HorizontalKeystone};
+                           HorizontalKeystone, Interpolate};
   return Drawn(std::move(source), nullptr,
                [&](ConstPixels from, Pixels to) { kernels::Bend(from, to, lens, BackColor); });
 }

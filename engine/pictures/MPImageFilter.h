@@ -47,6 +47,8 @@ class BarrelDistortion {
   double Distortion = 0;
   /// Beyond the border, where a keystone shows it.
   Color BackColor = kWhite;
+  /// False takes the nearest pixel instead of a mean of four.
+  bool Interpolate = true;
   double VerticalKeystone = 0;
   double HorizontalKeystone = 0;
 

@@ -233,8 +233,14 @@ Picture HueSaturation::ApplyEffect(Picture source, const Plane* mask) const {
 }
 
 void HueSaturation::ApplyInPlace(Picture& source, const Plane* mask) const {
-  Change(source, mask, [this](Pixels pixels) {
-    kernels::ShiftHueSaturationLightness(pixels, hue_, saturation_, lightness_);
+  const auto changes = [](const kernels::HueShift& shift) {
+    return shift.hue != 0 || shift.saturation != 0 || shift.lightness != 0;
+  };
+  const bool byRange = std::any_of(shifts_.begin() + 1, shifts_.end(), changes);
+  Change(source, mask, [&](Pixels pixels) {
+    if (byRange) return kernels::ShiftByHue(pixels, shifts_);
+    const kernels::HueShift& all = shifts_.front();
+    kernels::ShiftHueSaturationLightness(pixels, all.hue, all.saturation, all.lightness);
   });
 }
 

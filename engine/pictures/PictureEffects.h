@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/pictures/Picture.h"
+#include "platform/pictures/kernels/ColorKernels.h"
 
 namespace brivolant {
 
@@ -78,25 +79,32 @@ class ContrastEffect {
 };
 
 /// Hue, saturation and lightness in the HSL model; see kernels::ShiftHueSaturationLightness for
-/// the ranges. Channel 0 is all hues.
+/// the ranges of values. Channel 0 is all hues, 1 reds, 2 yellows, 3 greens, 4 cyans, 5 blues, 6
+/// magentas; see kernels::ShiftByHue. Another channel raises std::out_of_range.
 class HueSaturation {
  public:
   HueSaturation() = default;
   HueSaturation(double hue, double saturation, double lightness)
-      : hue_(hue), saturation_(saturation), lightness_(lightness) {}
+      : shifts_{{{hue, saturation, lightness}}} {}
 
   void Reset() { *this = HueSaturation(); }
-  void Hue(double value) { hue_ = value; }
-  void Saturation(double value) { saturation_ = value; }
-  void Lightness(double value) { lightness_ = value; }
+  double Hue(int channel = 0) const { return Of(channel).hue; }
+  double Saturation(int channel = 0) const { return Of(channel).saturation; }
+  double Lightness(int channel = 0) const { return Of(channel).lightness; }
+  void Hue(int channel, double value) { Of(channel).hue = value; }
+  void Saturation(int channel, double value) { Of(channel).saturation = value; }
+  void Lightness(int channel, double value) { Of(channel).lightness = value; }
 
   Picture ApplyEffect(Picture source, const Plane* mask = nullptr) const;
   void ApplyInPlace(Picture& source, const Plane* mask = nullptr) const;
 
  private:
-  double hue_ = 0;
-  double saturation_ = 0;
-  double lightness_ = 0;
+  const kernels::HueShift& Of(int channel) const {
+    return shifts_.at(static_cast<std::size_t>(channel));
+  }
+  kernels::HueShift& Of(int channel) { return shifts_.at(static_cast<std::size_t>(channel)); }
+
+  kernels::HueShifts shifts_{};
 };
 
 /// The picture in the layout that effects accept: 24 bits deep, without a mask's influence.

@@ -5,16 +5,14 @@
 #include <array>
 #include <cmath>
 
+#include "platform/pictures/Noise.h"
+
 namespace brivolant::textures {
 namespace {
 
 int Wrapped(int i, int count) {
   const int rest = i % count;
   return rest < 0 ? rest + count : rest;
-}
-
-double Faded(double t) {
-  return t * t * t * (t * (t * 6 - 15) + 10);
 }
 
 double Mixed(double a, double b, double t) {
@@ -98,31 +96,11 @@ void Field::Stroke(const std::vector<std::pair<double, double>>& points, double 
 }
 
 double Hash(std::uint32_t x, std::uint32_t y, std::uint32_t seed) {
-  std::uint32_t h = x * 0x9E3779B1U ^ (y * 0x85EBCA77U + seed * 0xC2B2AE3DU);
-  h ^= h >> 16;
-  h *= 0x85EBCA6BU;
-  h ^= h >> 13;
-  h *= 0xC2B2AE35U;
-  h ^= h >> 16;
-  return h / 4294967296.0;
+  return HashOf(x, y, seed) / 4294967296.0;
 }
 
 double Noise(double x, double y, int across, int down, std::uint32_t seed) {
-  const double u = x * across / kSide;
-  const double v = y * down / kSide;
-  const int iu = static_cast<int>(std::floor(u));
-  const int iv = static_cast<int>(std::floor(v));
-  const double fu = u - iu;
-  const double fv = v - iv;
-  const auto slope = [&](int du, int dv) {
-    const auto cu = static_cast<std::uint32_t>(Wrapped(iu + du, across));
-    const auto cv = static_cast<std::uint32_t>(Wrapped(iv + dv, down));
-    const double angle = 6.283185307179586 * Hash(cu, cv, seed);
-    return std::cos(angle) * (fu - du) + std::sin(angle) * (fv - dv);
-  };
-  const double tu = Faded(fu);
-  return 1.5 *
-         Mixed(Mixed(slope(0, 0), slope(1, 0), tu), Mixed(slope(0, 1), slope(1, 1), tu), Faded(fv));
+  return GradientNoise(x * across / kSide, y * down / kSide, across, down, seed);
 }
 
 double Octaves(double x, double y, int across, int down, int octaves, double gain,

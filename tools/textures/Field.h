@@ -41,8 +41,7 @@ class Field {
 /// A number from 0 to 1 that depends on all bits of its arguments.
 double Hash(std::uint32_t x, std::uint32_t y, std::uint32_t seed);
 
-/// Gradient noise (K. Perlin, "Improving Noise", 2002) of `across` by `down` cells over the side,
-/// about -1 to 1.
+/// GradientNoise of `across` by `down` cells over the side.
 double Noise(double x, double y, int across, int down, std::uint32_t seed);
 /// Octaves of it, each twice as fine and `gain` as strong.
 double Octaves(double x, double y, int across, int down, int octaves, double gain,

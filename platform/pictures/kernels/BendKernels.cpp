@@ -26,6 +26,7 @@ struct LensAt {
   float bend;
   float vertical;
   float horizontal;
+  bool interpolate;
 };
 
 /// x' = x0 + x c + y s, y' = y0 - x s + y c.
@@ -207,6 +208,9 @@ struct LensPlaces {
         hn::Mul(hn::Set(d, lens.scale), hn::Add(one, hn::Mul(hn::Set(d, lens.bend), r2)));
     px = hn::Add(hn::Set(d, lens.cx), hn::Mul(dx, factor));
     py = hn::Add(hn::Set(d, lens.cy), hn::Mul(dy, factor));
+    if (lens.interpolate) return;
+    px = hn::Round(px);
+    py = hn::Round(py);
   }
 };
 
@@ -424,7 +428,8 @@ void Bend(ConstPixels source, Pixels target, const Lens& lens, Color back) {
                            static_cast<float>(lens.scale * reach),
                            static_cast<float>(lens.bend),
                            static_cast<float>(lens.verticalKeystone),
-                           static_cast<float>(lens.horizontalKeystone)};
+                           static_cast<float>(lens.horizontalKeystone),
+                           lens.interpolate};
   ParallelRows(target.height, kGrain, [&](int from, int to) {
     HWY_DYNAMIC_DISPATCH(BendRows)(source, target, from, to, at, PixelOf(back));
   });

@@ -8,6 +8,7 @@
 #include <numbers>
 #include <vector>
 
+#include "platform/pictures/Noise.h"
 #include "platform/pictures/Parallel.h"
 #include "platform/pictures/kernels/TurnKernels.h"
 
@@ -61,16 +62,6 @@ void BlurAlongFlatLines(ConstPixels source, Pixels target, double slope, int rea
   });
 }
 
-/// A number that depends on all bits of its arguments (the finaliser of MurmurHash3).
-std::uint32_t Mixed(std::uint32_t x, std::uint32_t y, std::uint32_t seed) {
-  std::uint32_t h = x * 0x9E3779B1U ^ (y * 0x85EBCA77U + seed * 0xC2B2AE3DU);
-  h ^= h >> 16;
-  h *= 0x85EBCA6BU;
-  h ^= h >> 13;
-  h *= 0xC2B2AE35U;
-  return h ^ h >> 16;
-}
-
 }  // namespace
 
 void MotionBlurAlongLine(ConstPixels source, Pixels target, double length, double degrees) {
@@ -118,7 +109,7 @@ void Scatter(ConstPixels source, Pixels target, double radius, int grain, std::u
       const auto row = static_cast<std::uint32_t>(y / cell);
       for (int x = 0; x < target.width;) {
         const Place& place =
-            places[Mixed(static_cast<std::uint32_t>(x / cell), row, seed) % kPlaces];
+            places[HashOf(static_cast<std::uint32_t>(x / cell), row, seed) % kPlaces];
         const std::uint8_t* in = source.Row(std::clamp(y + place.y, 0, source.height - 1));
         const int end = std::min((x / cell + 1) * cell, target.width);
         for (; x < end; ++x, out += 4) {

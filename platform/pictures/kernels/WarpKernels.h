@@ -40,6 +40,8 @@ struct Lens {
   double scale = 1;
   double verticalKeystone = 0;
   double horizontalKeystone = 0;
+  /// False takes the nearest pixel.
+  bool interpolate = true;
 };
 /// What comes from outside is `back`.
 void Bend(ConstPixels source, Pixels target, const Lens& lens, Color back);
