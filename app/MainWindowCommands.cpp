@@ -552,6 +552,7 @@ void MainWindow::FullScreenMethod() {
   const QScreen* on = screen();
   const QSize pixels = on->size() * on->devicePixelRatio();
   const std::string style = myProcessor->StyleData();
+  const std::uint32_t seed = myProcessor->Seed();
   Picture result;
   InBackground([&] {
     const Picture& original = document_->ImageOriginal();
@@ -568,6 +569,7 @@ void MainWindow::FullScreenMethod() {
     brivolantProcessorLite processor(EffectRegistry(), app_.Services());
     processor.Startup();
     processor.StyleData(style);
+    processor.Seed(seed);
     result = processor.Process(std::move(source));
   });
   if (!quickLook_) quickLook_ = std::make_unique<QuickLookWindow>();

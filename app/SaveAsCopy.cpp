@@ -43,6 +43,7 @@ Outcome Run(const Job& job, const Services& services, const std::function<bool(d
   brivolantProcessorLite processor(EffectRegistry(), services);
   processor.Startup();
   processor.StyleData(job.StyleData);
+  processor.Seed(job.Seed);
   processor.Progress = [&](double done) { return progress(done * kRendering); };
   const Picture result = processor.Process(job.Source);
   if (!progress(kRendering)) return Outcome::kCancelled;

@@ -24,6 +24,8 @@ struct Job {
   std::string Type;
   /// 0 to 1.
   double Quality = 0.75;
+  /// Of the processor that shows the preview, so that what fell by dice falls alike.
+  std::uint32_t Seed = 1;
 };
 
 enum class Outcome { kDone, kCancelled, kFailed };

@@ -159,6 +159,7 @@ void EditOptions::Declare(CLI::App& command) {
   command.add_option("--style", style_, texts::kStyleFile.Text());
   command.add_option("--crop", crop_, texts::kCrop.Text());
   command.add_option("--rotate", rotate_, texts::kRotate.Text())->check(CLI::Range(0, 3));
+  command.add_option("--seed", seed_, texts::kSeed.Text());
   command.add_option("--flip", flip_, texts::kFlip.Text())->check(CLI::Range(0, 2));
 }
 
@@ -230,6 +231,7 @@ bool EditOptions::Apply(BrivolantDocument& document, brivolantProcessorLite& pro
     processor.Reset();
     (void)processor.StyleData(*style);
   }
+  if (seed_) processor.Seed(*seed_);
   if (!RunSteps(processor, error)) return false;
   if (blend_) processor.BlendMode(*blend_);
   if (opacity_) processor.BlendAlpha = *opacity_;

@@ -43,6 +43,7 @@ class EditOptions {
   std::vector<std::string> stacks_;
   std::string style_;
   std::string crop_;
+  std::optional<std::uint32_t> seed_;
   std::optional<int> blend_;
   std::optional<float> opacity_;
   std::optional<int> rotate_;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <map>
+#include <random>
 
 #include "engine/EditorInterfaces.h"
 #include "platform/values/Text.h"
@@ -65,9 +66,18 @@ void brivolantProcessorLite::BuildStacks() {
       stack.push_back(entry.create(number));
       stack.back()->Constructor();
       stack.back()->BelongsTo(*this);
-      stack.back()->Seed(static_cast<std::uint32_t>(services_.Random.Rnd() * 4294967295.0));
       if (ModuleCreated) ModuleCreated(*stack.back());
     }
+  }
+  constexpr double kLargest = 4294967295.0;
+  Seed(static_cast<std::uint32_t>(services_.Random.Rnd() * kLargest));
+}
+
+void brivolantProcessorLite::Seed(std::uint32_t seed) {
+  seed_ = seed;
+  std::mt19937 dice(seed);
+  for (const StackList& stack : stacks) {
+    for (const auto& module : stack) module->Seed(static_cast<std::uint32_t>(dice()));
   }
 }
 

@@ -39,6 +39,11 @@ class brivolantProcessorLite {
   /// New modules in their first order with their reset settings; blend settings to their defaults.
   void Reset();
 
+  /// What the dice of all modules follow from. Drawn anew by Startup and Reset; a processor that is
+  /// to render what another one shows takes that one's.
+  std::uint32_t Seed() const { return seed_; }
+  void Seed(std::uint32_t seed);
+
   // The current stack.
 
   /// The last valid index; -1 for an empty stack.
@@ -143,6 +148,7 @@ class brivolantProcessorLite {
   Picture Compose(Picture background, const Picture& foreground);
 
   ModuleRegistry registry_;
+  std::uint32_t seed_ = 0;
   brivolant::Services services_;
   BlendEffect Blender;
   effectModule* mSelectedeffect = nullptr;

@@ -89,6 +89,50 @@ TEST_F(CommandLine, RendersWhatTheProcessorRenders) {
   EXPECT_TRUE(Open("again.png").SameAs(Open("out.png")));
 }
 
+TEST_F(CommandLine, ChanceRepeatsByItsSeed) {
+  const auto render = [&](const char* name, const std::string& seed) {
+    ASSERT_EQ(Cli({"render", image.ShellPath(), "-o", Path(name), "--set", "Confetti.StarCount=40",
+                   "--set", "Confetti.maxSize=3", "--stack", "back", "--enable", "Diffuse",
+                   "--opacity", "0.5", "--seed", seed})
+                  .code,
+              0);
+  };
+  render("one.png", "12");
+  render("same.png", "12");
+  render("other.png", "13");
+  EXPECT_TRUE(Open("one.png").SameAs(Open("same.png")));
+  EXPECT_FALSE(Open("one.png").SameAs(Open("other.png")));
+}
+
+TEST_F(CommandLine, TextsComeAsTextOrBoxes) {
+  ASSERT_EQ(Cli({"render", image.ShellPath(), "-o", Path("plain.png"), "--set",
+                 "Text.myTextEngine=Hello there", "--save-style", Path("plain")})
+                .code,
+            0);
+  ASSERT_EQ(Cli({"render", image.ShellPath(), "-o", Path("boxes.png"), "--set",
+                 R"(Text.myTextEngine=[{"Text":"One","Left":0.1,"Caption":2},)"
+                 R"({"Text":"Two","TextColor":"#FF0000"}])",
+                 "--save-style", Path("boxes")})
+                .code,
+            0);
+  TestServices s;
+  brivolantProcessorLite processor(EffectRegistry(), s.services);
+  processor.Startup();
+  const auto boxes = [&](const char* style) {
+    EXPECT_EQ(processor.StyleData(*ReadFile(folder.Child(style))), StyleFault::kNone);
+    return *processor.ItemVIaID("150B71E5-A262-009C-42A9-CD07B87C0B76")
+                ->Settings()
+                .Value("myTextEngine")
+                .As<Dictionary>();
+  };
+  EXPECT_EQ(boxes("plain").Value(0).As<Dictionary>()->Value("Text").ToText(), "Hello there");
+  const Dictionary two = boxes("boxes");
+  ASSERT_EQ(two.Count(), 2);
+  EXPECT_EQ(two.Value(0).As<Dictionary>()->Value("Caption").ToInt(), 2);
+  EXPECT_EQ(two.Value(1).As<Dictionary>()->Value("TextColor").ToColor(), (Color{255, 0, 0}));
+  EXPECT_FALSE(Open("plain.png").SameAs(Open("boxes.png")));
+}
+
 TEST_F(CommandLine, GeometryAndSize) {
   ASSERT_EQ(Cli({"render", image.ShellPath(), "-o", Path("out.tif"), "--crop", "0.5,0,0.5,1",
                  "--rotate", "1", "--flip", "2", "--fit", "30x400"})
