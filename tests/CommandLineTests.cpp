@@ -9,6 +9,7 @@
 
 #include "Helpers.h"
 #include "effects/EffectRegistry.h"
+#include "engine/ModuleParameter.h"
 #include "engine/brivolantProcessorLite.h"
 #include "formats/ImageFile.h"
 #include "formats/PictureStrings.h"
@@ -102,6 +103,51 @@ TEST_F(CommandLine, ChanceRepeatsByItsSeed) {
   render("other.png", "13");
   EXPECT_TRUE(Open("one.png").SameAs(Open("same.png")));
   EXPECT_FALSE(Open("one.png").SameAs(Open("other.png")));
+}
+
+TEST_F(CommandLine, EveryKeyOfEveryEffectCanBeSetInBothStacks) {
+  TestServices s;
+  brivolantProcessorLite processor(EffectRegistry(), s.services);
+  processor.Startup();
+  std::vector<std::string> arguments{"render",       image.ShellPath(), "-o",    Path("all.png"),
+                                     "--save-style", Path("all"),       "--fit", "40x40"};
+  std::size_t keys = 0;
+  for (const int stack : {kForeground, kBackground}) {
+    processor.CurrentStack = stack;
+    std::vector<std::string> sets;
+    for (int i = 0; i <= processor.Count(); ++i) {
+      const effectModule& module = *processor.item(i);
+      if (!module.Complete()) continue;
+      for (const ParameterBase* parameter : module.Parameters()) {
+        const std::string type = parameter->TypeName();
+        std::string value = parameter->ResetValue().ToText();
+        if (type == "colour") value = "#1080f0";
+        if (type == "boolean") value = "true";
+        if (type == "texts") value = "all of them";
+        // The order is any: the last module first.
+        sets.insert(sets.begin(), module.Name() + "." + parameter->Key() + "=" + value);
+      }
+    }
+    keys += sets.size();
+    arguments.insert(arguments.end(), {"--stack", stack == kForeground ? "fore" : "back"});
+    for (const std::string& set : sets) arguments.insert(arguments.end(), {"--set", set});
+  }
+  EXPECT_GT(keys, 180U);
+  const Outcome run = Cli(arguments);
+  ASSERT_EQ(run.code, 0) << run.err;
+  EXPECT_THAT(run.err, IsEmpty());
+  EXPECT_EQ(Open("all.png").Width(), 40);
+  ASSERT_EQ(processor.StyleData(*ReadFile(folder.Child("all"))), StyleFault::kNone);
+  for (const auto& stack : processor.stacks) {
+    for (const auto& module : stack) {
+      if (module->Parameters().empty() || !module->Complete()) continue;
+      EXPECT_TRUE(module->Enabled()) << module->Name();
+      for (const ParameterBase* parameter : module->Parameters()) {
+        if (parameter->TypeName() != "colour") continue;
+        EXPECT_EQ(parameter->Stored().ToColor(), Color::FromRGB(0x1080f0)) << parameter->Key();
+      }
+    }
+  }
 }
 
 TEST_F(CommandLine, TextsComeAsTextOrBoxes) {

@@ -42,9 +42,16 @@ Picture Rendered(const Picture& photo, const Services& services, int row, const 
   using namespace SharedPictureEffects;
   brivolantProcessorLite processor(EffectRegistry(), services);
   processor.Startup();
+  // What falls by dice falls alike in every cell.
+  processor.Seed(1);
   effectModule& module = *processor.item(row);
   for (int i = 0; look.sliders >= 0 && i < module.ControlCount(); ++i) {
     if (module.Control(i).Type == kControlSlider) module.ControlValue(i, look.sliders);
+  }
+  for (int i = 0; i < module.ControlCount(); ++i) {
+    // A menu without a choice takes its first item.
+    const bool open = module.Control(i).Menu && module.ControlValue(i).ToInt() < 0;
+    if (open) module.ControlValue(i, 0);
   }
   module.Enabled(true);
   const int height = photo.Height() * look.width / photo.Width();

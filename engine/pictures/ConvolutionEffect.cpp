@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "platform/pictures/kernels/BlendKernels.h"
+#include "engine/pictures/MaskedChange.h"
 
 namespace brivolant {
 
@@ -15,13 +15,9 @@ Picture ConvolutionEffect::ApplyMatrix(Picture source, const kernels::Convolutio
   result.HorizontalResolution = source.HorizontalResolution;
   result.VerticalResolution = source.VerticalResolution;
   kernels::Convolve(source.View(), result.Edit(), matrix);
-  if (mask != nullptr && !mask->IsNil()) {
-    constexpr int kFull = 256;
-    kernels::Blend(source.Edit(), result.View(), 0, kFull, mask->View());
-    return source;
-  }
   if (const Plane* own = source.Mask()) result.SetMask(*own);
-  return result;
+  Take(source, std::move(result), mask);
+  return source;
 }
 
 Picture ConvolutionEffect::Smooth(Picture source, int weight, const Plane* mask) const {

@@ -47,13 +47,11 @@ void Blur(Bitmap& bitmap, double sigma) {
 
 Picture GaussianBlur::ApplyEffect(Picture source, const Plane* mask) const {
   if (Radius <= 0) return source;
-  if (mask == nullptr || mask->IsNil()) {
-    if (!source.IsNil()) Blur(source, Sigma(Radius));
-    return source;
-  }
-  Picture blurred = source;
+  if (source.IsNil()) return source;
+  const bool limited = mask != nullptr && !mask->IsNil();
+  Picture blurred = limited ? source : std::move(source);
   Blur(blurred, Sigma(Radius));
-  kernels::Blend(source.Edit(), blurred.View(), 0, 256, mask->View());
+  Take(source, std::move(blurred), mask);
   return source;
 }
 

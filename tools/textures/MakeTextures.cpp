@@ -402,7 +402,7 @@ struct Recipe {
 };
 
 constexpr std::array<Recipe, 14> kRecipes{
-    {{"Brushed Metal", BrushedMetal, 150, 13, {0.99, 1.0, 1.02}},
+    {{"Brushed Metal", BrushedMetal, 150, 9, {0.99, 1.0, 1.02}},
      {"Canvas", Canvas, 160, 16, {1.02, 1.0, 0.95}},
      {"Concrete", Concrete, 146, 13, {1.0, 1.0, 0.98}},
      {"Crumpled Paper", CrumpledPaper, 176, 24, {1.01, 1.0, 0.97}},
