@@ -3,18 +3,22 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <set>
 
 #include "Helpers.h"
 #include "effects/EffectRegistry.h"
+#include "effects/artistic/EffectModuleTexture.h"
 #include "effects/finishes/EffectModuleOverlay.h"
 #include "engine/brivolantProcessorLite.h"
 #include "engine/pictures/MPImageFilter.h"
 #include "engine/pictures/SharedPictureEffects.h"
 #include "formats/BrivolantDocument.h"
+#include "formats/ImageFile.h"
 #include "platform/codecs/ImageCodecs.h"
 #include "platform/pictures/Graphics.h"
+#include "platform/services/SharedFolders.h"
 
 namespace brivolant::test {
 namespace {
@@ -300,6 +304,87 @@ TEST(Overlays, LayColorsGradientsAndTheDocumentsPicture) {
   EXPECT_TRUE(document.PastedImage(id));
   overlay.ResetSettings();
   EXPECT_FALSE(document.PastedImage(id));
+}
+
+/// Mean difference of neighbours across a line at `at`, along rows or columns.
+double Step(const Picture& picture, int at, bool acrossColumns) {
+  double sum = 0;
+  const int side = picture.Width();
+  for (int i = 0; i < side; ++i) {
+    const int next = (at + 1) % side;
+    const Color a = acrossColumns ? picture.At(at, i) : picture.At(i, at);
+    const Color b = acrossColumns ? picture.At(next, i) : picture.At(i, next);
+    sum += std::abs(a.Green - b.Green);
+  }
+  return sum / side;
+}
+
+TEST(Textures, AreSeamlessAndDiffer) {
+  EffectModuleTexture module;
+  module.Constructor();
+  ASSERT_GE(module.Names().size(), 12U);
+  for (const char* name : {"Brushed Metal", "Canvas", "Dust", "Film Grain", "Leather", "Linen",
+                           "Paper", "Plaster", "Rain", "Scratches", "Stone", "Wood"}) {
+    SCOPED_TRACE(name);
+    EXPECT_EQ(std::count(module.Names().begin(), module.Names().end(), name), 1);
+    std::string error;
+    const Picture texture =
+        ImageIO::OpenAsPictureUsingImageIO(otherSharedComponents::ResourcesFolder()
+                                               .Child("Textures")
+                                               .Child(std::string(name) + ".jpg"),
+                                           error);
+    ASSERT_FALSE(texture.IsNil()) << error;
+    ASSERT_EQ(texture.Width(), texture.Height());
+    // The step over the seam is no larger than steps inside are at their largest.
+    const int last = texture.Width() - 1;
+    for (const bool columns : {true, false}) {
+      double largest = 0;
+      // At the borders of the format's blocks, as the seam is one.
+      for (int at = 39; at < last; at += 40)
+        largest = std::max(largest, Step(texture, at, columns));
+      EXPECT_LE(Step(texture, last, columns), 1.5 * largest);
+    }
+  }
+}
+
+TEST(Textures, LieOnThePictureByStrengthAndScale) {
+  Art art;
+  const Picture photo = TestPicture(300, 200);
+  EXPECT_TRUE(art.Render("Texture", {}, photo).SameAs(photo)) << "none is chosen yet";
+  const auto with = [&](const char* name, double strength, double scale) {
+    return art.Render("Texture",
+                      {{"loadedtextureName", name}, {"Strength", strength}, {"Scale", scale}},
+                      photo, 0.5);
+  };
+  const Picture canvas = with("Canvas", 1, 1);
+  EXPECT_GT(LargestDifference(canvas, photo), 20);
+  EXPECT_LE(LargestDifference(with("Canvas", 0, 1), photo), 1);
+  EXPECT_GT(LargestDifference(canvas, with("Rain", 1, 1)), 20);
+  EXPECT_GT(LargestDifference(canvas, with("Canvas", 1, 0.4)), 20);
+  EXPECT_GT(LargestDifference(canvas, with("Canvas", 1, 0)), 20);
+  // Names from a style never leave the folder.
+  EXPECT_TRUE(with("../Icons/Copy", 1, 1).SameAs(photo));
+  EXPECT_TRUE(with("No Such Thing", 1, 1).SameAs(photo));
+  EXPECT_EQ(with("Canvas", 1, 1e9).Width(), 300);
+  EXPECT_EQ(with("Canvas", 1, 0.001).Width(), 300);
+  // A neutral grey photo stays about as bright as it was.
+  const Picture grey = PlainPicture(300, 200, {128, 128, 128});
+  const Picture relief = art.Render("Texture", {{"loadedtextureName", "Leather"}}, grey, 0.5);
+  double sum = 0;
+  for (int y = 0; y < 200; ++y) {
+    for (int x = 0; x < 300; ++x) sum += relief.At(x, y).Green;
+  }
+  EXPECT_NEAR(sum / (300 * 200), 128, 4);
+  // The menu shows what is chosen; dismissing it chooses nothing.
+  EffectModuleTexture module;
+  module.Constructor();
+  module.ResetSettings();
+  EXPECT_EQ(module.ControlValue(0).ToInt(), -1);
+  module.fireShowMenu(0, 0, 0, [](const MenuItem&, int, int) { return std::nullopt; });
+  EXPECT_EQ(module.loadedtextureName.Value(), "");
+  module.fireShowMenu(0, 0, 0, [](const MenuItem&, int, int) { return 2; });
+  EXPECT_EQ(module.loadedtextureName.Value(), module.Names()[2]);
+  EXPECT_EQ(module.ControlValue(0).ToInt(), 2);
 }
 
 }  // namespace

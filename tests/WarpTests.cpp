@@ -380,7 +380,12 @@ TEST(Agreement, OfPreviewAndExportForEveryModule) {
                     services.temporary, services.clock,   random};
       brivolantProcessorLite processor(EffectRegistry(), same);
       processor.Startup();
-      processor.item(row)->Enabled(true);
+      effectModule& module = *processor.item(row);
+      for (int i = 0; i < module.ControlCount(); ++i) {
+        // A texture must be chosen before it shows.
+        if (module.Control(i).Menu && module.ControlValue(i).ToInt() < 0) module.ControlValue(i, 0);
+      }
+      module.Enabled(true);
       return processor.Process(picture);
     };
     const Picture preview = rendered(small);

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::string_view kEnding = ".jpg";
 /// Pixels of relief around a tile, so that what looks at neighbours sees no border.
-constexpr int kMargin = 2;
+constexpr int kMargin = 3;
 
 /// The tile with `margin` pixels of its repetition on every side.
 Picture Repeated(const Picture& tile, int margin) {
@@ -48,7 +48,8 @@ Picture Relief(const Picture& texture, double own) {
                  {margin - kMargin * across, margin - kMargin * down, scaled.Width() * across,
                   scaled.Height() * down},
                  scaled.Edit());
-  return ConvolutionEffect().Emboss(std::move(scaled));
+  // Detail of single pixels would come out fainter the more it is enlarged.
+  return ConvolutionEffect().Blur(ConvolutionEffect().Emboss(std::move(scaled)));
 }
 
 /// Lays a relief with its margin over the whole target, each time `width` by `height` pixels.

@@ -122,6 +122,7 @@ Field Paper() {
 Field BrushedMetal() {
   Field fine = White(41);
   fine.BlurAlong(true, 24, 2);
+  fine.BlurAlong(false, 1, 2);
   fine.Normalize();
   Field coarse = White(42);
   coarse.BlurAlong(true, 90, 2);
@@ -402,20 +403,20 @@ struct Recipe {
 };
 
 constexpr std::array<Recipe, 14> kRecipes{
-    {{"Brushed Metal", BrushedMetal, 150, 9, {0.99, 1.0, 1.02}},
-     {"Canvas", Canvas, 160, 16, {1.02, 1.0, 0.95}},
-     {"Concrete", Concrete, 146, 13, {1.0, 1.0, 0.98}},
-     {"Crumpled Paper", CrumpledPaper, 176, 24, {1.01, 1.0, 0.97}},
-     {"Dust", Dust, 62, 20, {1.0, 1.0, 1.0}},
-     {"Film Grain", FilmGrain, 128, 13, {1.0, 1.0, 1.0}},
-     {"Leather", Leather, 112, 15, {1.08, 0.98, 0.88}},
-     {"Linen", Linen, 156, 17, {1.02, 1.0, 0.94}},
-     {"Paper", Paper, 190, 10, {1.01, 1.0, 0.96}},
-     {"Plaster", Plaster, 176, 18, {1.01, 1.0, 0.97}},
-     {"Rain", Rain, 84, 19, {0.98, 1.0, 1.03}},
-     {"Scratches", Scratches, 62, 22, {1.0, 1.0, 1.0}},
-     {"Stone", Stone, 134, 20, {1.0, 0.99, 0.97}},
-     {"Wood", Wood, 136, 14, {1.16, 0.98, 0.76}}}};
+    {{"Brushed Metal", BrushedMetal, 150, 12, {0.99, 1.0, 1.02}},
+     {"Canvas", Canvas, 160, 24, {1.02, 1.0, 0.95}},
+     {"Concrete", Concrete, 146, 20, {1.0, 1.0, 0.98}},
+     {"Crumpled Paper", CrumpledPaper, 176, 30, {1.01, 1.0, 0.97}},
+     {"Dust", Dust, 62, 28, {1.0, 1.0, 1.0}},
+     {"Film Grain", FilmGrain, 128, 14, {1.0, 1.0, 1.0}},
+     {"Leather", Leather, 112, 22, {1.08, 0.98, 0.88}},
+     {"Linen", Linen, 156, 26, {1.02, 1.0, 0.94}},
+     {"Paper", Paper, 190, 16, {1.01, 1.0, 0.96}},
+     {"Plaster", Plaster, 176, 24, {1.01, 1.0, 0.97}},
+     {"Rain", Rain, 84, 26, {0.98, 1.0, 1.03}},
+     {"Scratches", Scratches, 62, 28, {1.0, 1.0, 1.0}},
+     {"Stone", Stone, 134, 28, {1.0, 0.99, 0.97}},
+     {"Wood", Wood, 136, 20, {1.16, 0.98, 0.76}}}};
 
 bool Write(const Recipe& recipe, const FolderItem& folder) {
   Field field = recipe.make();
