@@ -19,6 +19,7 @@ int RunCommandLine(int argc, const char* const* argv) {
   AddRenderCommand(program, common, action);
   AddModulesCommand(program, common, action);
   AddStyleCommand(program, common, action);
+  AddStylesCommand(program, common, action);
   AddDocumentCommand(program, common, action);
   AddFormatsCommand(program, common, action);
   AddThumbnailCommand(program, common, action);

@@ -24,6 +24,9 @@ using Action = std::function<int()>;
 void AddRenderCommand(CLI::App& program, const Common& common, Action& action);
 void AddModulesCommand(CLI::App& program, const Common& common, Action& action);
 void AddStyleCommand(CLI::App& program, const Common& common, Action& action);
+void AddStylesCommand(CLI::App& program, const Common& common, Action& action);
+/// The render command with a style in first place.
+void AddApplyCommand(CLI::App& styles, const Common& common, Action& action);
 void AddDocumentCommand(CLI::App& program, const Common& common, Action& action);
 void AddFormatsCommand(CLI::App& program, const Common& common, Action& action);
 void AddThumbnailCommand(CLI::App& program, const Common& common, Action& action);

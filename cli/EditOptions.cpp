@@ -2,87 +2,20 @@
 #include "cli/EditOptions.h"
 
 #include <CLI/CLI.hpp>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <charconv>
-#include <cmath>
 #include <map>
+#include <mutex>
 
 #include "cli/Support.h"
 #include "cli/Texts.h"
 #include "effects/EffectRegistry.h"
+#include "effects/styles/OneClickWonderStorage.h"
 #include "engine/ModuleParameter.h"
+#include "engine/ParameterText.h"
 #include "files/FolderitemExtensions.h"
 #include "formats/FileTypes.h"
 
 namespace brivolant::cli {
 namespace {
-
-std::optional<double> Number(std::string_view text) {
-  double value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value)) {
-    return std::nullopt;
-  }
-  return value;
-}
-
-/// One box as JSON: an object of the box's keys.
-Dictionary TextBox(const QJsonObject& object) {
-  Dictionary box;
-  for (auto entry = object.begin(); entry != object.end(); ++entry) {
-    const std::string key = entry.key().toStdString();
-    const QJsonValue& value = entry.value();
-    if (value.isDouble()) {
-      box.Value(key, value.toDouble());
-    } else {
-      box.Value(key, value.toString().toStdString());
-    }
-  }
-  return box;
-}
-
-/// A JSON object or an array of them as boxes under their numbers; anything else is one text.
-Variant TextBoxes(std::string_view text) {
-  const QJsonDocument json =
-      QJsonDocument::fromJson(QByteArray(text.data(), static_cast<qsizetype>(text.size())));
-  Dictionary boxes;
-  if (json.isObject()) {
-    boxes.Value(0, TextBox(json.object()));
-    return boxes;
-  }
-  if (!json.isArray()) return text;
-  for (const auto& entry : json.array()) boxes.Value(boxes.Count(), TextBox(entry.toObject()));
-  return boxes;
-}
-
-/// The value of a setting from its text, by the type of the parameter.
-std::optional<Variant> Typed(std::string_view text, const std::string& type) {
-  // Of a text effect a plain text, or boxes as JSON.
-  if (type == "texts") return TextBoxes(text);
-  if (type == "string") return Variant(text);
-  if (type == "boolean") {
-    if (EqualIgnoringCase(text, "true") || text == "1") return Variant(true);
-    if (EqualIgnoringCase(text, "false") || text == "0") return Variant(false);
-    return std::nullopt;
-  }
-  if (type == "colour") {
-    if (text.size() == 7 && text.front() == '#' &&
-        text.find_first_not_of("0123456789abcdefABCDEF", 1) == std::string_view::npos) {
-      return Variant(Variant(text).ToColor());
-    }
-    return std::nullopt;
-  }
-  const auto number = Number(text);
-  if (!number) return std::nullopt;
-  if (type == "integer") {
-    constexpr double kMost = 2147483647;
-    if (std::trunc(*number) != *number || std::abs(*number) > kMost) return std::nullopt;
-    return Variant(static_cast<std::int32_t>(*number));
-  }
-  return type == "single" ? Variant(static_cast<float>(*number)) : Variant(*number);
-}
 
 effectModule* ByName(const brivolantProcessorLite& processor, std::string_view name) {
   for (int i = 0; i <= processor.Count(); ++i) {
@@ -124,7 +57,7 @@ bool Set(const brivolantProcessorLite& processor, const std::string& text, std::
       keys += (keys.empty() ? "" : ", ") + parameter->Key();
       continue;
     }
-    const auto typed = Typed(value, parameter->TypeName());
+    const auto typed = ValueFromText(value, parameter->TypeName());
     if (!typed) {
       error = WithPlaceholders(
           texts::kBadValue.Text(),
@@ -145,6 +78,14 @@ bool Set(const brivolantProcessorLite& processor, const std::string& text, std::
 }
 
 }  // namespace
+
+struct EditOptions::ReadStyle {
+  std::once_flag once;
+  std::optional<std::string> data;
+  std::string error;
+};
+
+EditOptions::EditOptions() : readStyle_(std::make_shared<ReadStyle>()) {}
 
 void EditOptions::Declare(CLI::App& command) {
   const auto repeatable = [&command](const char* name, std::vector<std::string>& values,
@@ -176,7 +117,7 @@ bool EditOptions::Collect(const CLI::App& command, std::string& error) {
   if (!crop_.empty()) {
     std::vector<double> numbers;
     for (const std::string_view field : Split(crop_, ',')) {
-      if (const auto number = Number(field); number && *number >= 0 && *number <= 1) {
+      if (const auto number = NumberFromText(field); number && *number >= 0 && *number <= 1) {
         numbers.push_back(*number);
       }
     }
@@ -225,11 +166,16 @@ bool EditOptions::Apply(BrivolantDocument& document, brivolantProcessorLite& pro
   if (rotate_) document.Rotation = *rotate_;
   if (flip_) document.Flip = *flip_;
   if (!style_.empty()) {
-    Worker worker(false);
-    const auto style = ReadStyleFile(FolderItem(style_), worker, error);
-    if (!style) return false;
+    std::call_once(readStyle_->once, [this] {
+      Worker worker(false);
+      readStyle_->data = ReadStyleFile(style_, worker, readStyle_->error);
+    });
+    if (!readStyle_->data) {
+      error = readStyle_->error;
+      return false;
+    }
     processor.Reset();
-    (void)processor.StyleData(*style);
+    (void)processor.StyleData(*readStyle_->data);
   }
   if (seed_) processor.Seed(*seed_);
   if (!RunSteps(processor, error)) return false;
@@ -248,13 +194,36 @@ bool LoadDocument(BrivolantDocument& document, const FolderItem& file, Worker& w
   return false;
 }
 
-std::optional<std::string> ReadStyleFile(const FolderItem& file, Worker& worker,
+std::shared_ptr<OneClickWonder> FindStyle(const std::string& text, Worker& worker,
+                                          std::string& error) {
+  const FolderItem file(text);
+  if (file.Exists() && !file.Directory()) {
+    auto style = std::make_shared<OneClickWonder>(worker.services);
+    if (style->Load(file)) return style;
+    error = style->LastErrorMessage;
+    return nullptr;
+  }
+  OneClickWonderStorage storage(worker.services);
+  storage.Load();
+  auto style = storage.Named(text);
+  if (style == nullptr) error = texts::Of(texts::kNoSuchStyle, text);
+  return style;
+}
+
+std::optional<std::string> ReadStyleFile(const std::string& text, Worker& worker,
                                          std::string& error) {
+  const FolderItem file(text);
   std::optional<std::string> style;
-  if (FolderitemExtensions::isFileType(file, &InternalFileTypes::BrivolantPhotosDocument)) {
+  using namespace InternalFileTypes;
+  if (FolderitemExtensions::isFileType(file, &BrivolantPhotosDocument)) {
     BrivolantDocument document(worker.services);
     if (!LoadDocument(document, file, worker, error)) return std::nullopt;
     style = document.StyleData;
+  } else if (!file.Exists() ||
+             FolderitemExtensions::isFileType(file, &BrivolantPhotosOneClickWonder)) {
+    const auto found = FindStyle(text, worker, error);
+    if (found == nullptr) return std::nullopt;
+    style = found->StyleData;
   } else {
     style = ReadFile(file);
     if (!style) {

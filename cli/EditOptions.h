@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -13,13 +14,20 @@ namespace CLI {
 class App;
 }
 
+namespace brivolant {
+class OneClickWonder;
+}
+
 namespace brivolant::cli {
 
 /// What the user asked to change, as it stood on the command line.
 class EditOptions {
  public:
+  EditOptions();
   /// Declares the options of a command.
   void Declare(CLI::App& command);
+  /// The style to start from: a file or a name.
+  std::string& Style() { return style_; }
   /// Reads them after parsing and checks them. False, with the sentence in `error`, for a wrong
   /// use.
   [[nodiscard]] bool Collect(const CLI::App& command, std::string& error);
@@ -42,6 +50,9 @@ class EditOptions {
   std::vector<std::string> enables_;
   std::vector<std::string> stacks_;
   std::string style_;
+  /// Read once for all photos.
+  struct ReadStyle;
+  std::shared_ptr<ReadStyle> readStyle_;
   std::string crop_;
   std::optional<std::uint32_t> seed_;
   std::optional<int> blend_;
@@ -55,8 +66,13 @@ class EditOptions {
 [[nodiscard]] bool LoadDocument(BrivolantDocument& document, const FolderItem& file, Worker& worker,
                                 std::string& error);
 
-/// The style data of a style file or a document. Empty, with the sentence in `error`, on failure.
-std::optional<std::string> ReadStyleFile(const FolderItem& file, Worker& worker,
+/// The 1-Click style of a file or, where there is no such file, of a name. Null, with the sentence
+/// in `error`, on failure. The worker must outlive it.
+std::shared_ptr<OneClickWonder> FindStyle(const std::string& text, Worker& worker,
+                                          std::string& error);
+/// The style data of a document, a 1-Click style or a file of style data. Empty, with the sentence
+/// in `error`, on failure.
+std::optional<std::string> ReadStyleFile(const std::string& text, Worker& worker,
                                          std::string& error);
 
 }  // namespace brivolant::cli

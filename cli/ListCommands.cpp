@@ -113,7 +113,7 @@ void PrintStack(const char* name, const QJsonArray& stack) {
 int ShowStyle(const std::string& file, bool json, bool verbose) {
   Worker worker(verbose);
   std::string error;
-  const auto style = ReadStyleFile(FolderItem(file), worker, error);
+  const auto style = ReadStyleFile(file, worker, error);
   if (!style) {
     PrintError(error);
     return kFileFailed;

@@ -212,23 +212,39 @@ int RunRender(RenderOptions& options, const CLI::App& command, bool verbose) {
 
 }  // namespace
 
-void AddRenderCommand(CLI::App& program, const Common& common, Action& action) {
-  auto options = std::make_shared<RenderOptions>();
-  CLI::App* command = program.add_subcommand("render", texts::kRender.Text());
-  command->add_option("INPUT", options->inputs, texts::kInput.Text())->required();
-  command->add_option("-o,--output", options->file, texts::kOutput.Text());
-  command->add_option("--out-dir", options->folder, texts::kOutDir.Text());
-  options->edits.Declare(*command);
-  command->add_option("--save-style", options->saveStyle, texts::kSaveStyle.Text());
-  command->add_option("--fit", options->fit, texts::kFit.Text());
-  command->add_option("--quality", options->output.quality, texts::kQuality.Text())
+namespace {
+
+/// Declares all options of a render and what runs them.
+void DeclareRender(CLI::App& command, const std::shared_ptr<RenderOptions>& options,
+                   const Common& common, Action& action) {
+  command.add_option("INPUT", options->inputs, texts::kInput.Text())->required();
+  command.add_option("-o,--output", options->file, texts::kOutput.Text());
+  command.add_option("--out-dir", options->folder, texts::kOutDir.Text());
+  options->edits.Declare(command);
+  command.add_option("--save-style", options->saveStyle, texts::kSaveStyle.Text());
+  command.add_option("--fit", options->fit, texts::kFit.Text());
+  command.add_option("--quality", options->output.quality, texts::kQuality.Text())
       ->check(CLI::Range(1, 100));
-  command->add_option("--jobs", options->jobs, texts::kJobs.Text())->check(CLI::Range(0, 256));
-  command->add_flag("--progress", options->progress, texts::kProgress.Text());
-  command->add_flag("--timing", options->timing, texts::kTiming.Text());
-  command->callback([options, command, &common, &action] {
-    action = [options, command, &common] { return RunRender(*options, *command, common.verbose); };
+  command.add_option("--jobs", options->jobs, texts::kJobs.Text())->check(CLI::Range(0, 256));
+  command.add_flag("--progress", options->progress, texts::kProgress.Text());
+  command.add_flag("--timing", options->timing, texts::kTiming.Text());
+  command.callback([options, &command, &common, &action] {
+    action = [options, &command, &common] { return RunRender(*options, command, common.verbose); };
   });
+}
+
+}  // namespace
+
+void AddRenderCommand(CLI::App& program, const Common& common, Action& action) {
+  DeclareRender(*program.add_subcommand("render", texts::kRender.Text()),
+                std::make_shared<RenderOptions>(), common, action);
+}
+
+void AddApplyCommand(CLI::App& styles, const Common& common, Action& action) {
+  auto options = std::make_shared<RenderOptions>();
+  CLI::App& command = *styles.add_subcommand("apply", texts::kStylesApply.Text());
+  command.add_option("STYLE", options->edits.Style(), texts::kStyleName.Text())->required();
+  DeclareRender(command, options, common, action);
 }
 
 }  // namespace brivolant::cli

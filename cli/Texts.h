@@ -12,6 +12,24 @@ inline constexpr LocalizedText kVerbose{"cli.kVerbose", "Show log lines"};
 inline constexpr LocalizedText kRender{"cli.kRender", "Apply effects to images or documents"};
 inline constexpr LocalizedText kModules{"cli.kModules", "List every effect and its settings"};
 inline constexpr LocalizedText kStyle{"cli.kStyle", "Show the style in a style file or a document"};
+inline constexpr LocalizedText kStyles{"cli.kStyles", "Work with 1-Click styles"};
+inline constexpr LocalizedText kStylesList{"cli.kStylesList",
+                                           "List the program's and your own styles, or a folder's"};
+inline constexpr LocalizedText kStylesFolder{"cli.kStylesFolder", "A folder of .oneClick files"};
+inline constexpr LocalizedText kStylesInfo{"cli.kStylesInfo", "Show what a style is made of"};
+inline constexpr LocalizedText kStyleName{"cli.kStyleName", "A .oneClick file or a style's name"};
+inline constexpr LocalizedText kStylesApply{"cli.kStylesApply", "Render images in a style"};
+inline constexpr LocalizedText kStylesMake{"cli.kStylesMake", "Build a style from its source"};
+inline constexpr LocalizedText kStylesSource{"cli.kStylesSource", "The source, a text"};
+inline constexpr LocalizedText kStylesOutput{"cli.kStylesOutput", "The .oneClick file to write"};
+inline constexpr LocalizedText kStylesPreview{"cli.kStylesPreview",
+                                              "The picture that the preview shows"};
+inline constexpr LocalizedText kStylesExtract{"cli.kStylesExtract", "Write the source of a style"};
+inline constexpr LocalizedText kNoCategory{"cli.kNoCategory", "No category"};
+inline constexpr LocalizedText kNotOneClick{
+    "cli.kNotOneClick", "The file \"<filename>\" must be named with the extension \"oneClick\"."};
+inline constexpr LocalizedText kNoSuchStyle{"cli.kNoSuchStyle",
+                                            "There is no style and no file called \"<filename>\"."};
 inline constexpr LocalizedText kDocument{"cli.kDocument", "Work with document packages"};
 inline constexpr LocalizedText kDocumentCreate{"cli.kDocumentCreate",
                                                "Make a document package from an image"};
@@ -37,7 +55,8 @@ inline constexpr LocalizedText kStack{"cli.kStack",
                                       "Stack that what follows applies to: fore or back"};
 inline constexpr LocalizedText kBlend{"cli.kBlend", "Blend mode of the foreground, 0 to 15"};
 inline constexpr LocalizedText kOpacity{"cli.kOpacity", "Opacity of the foreground, 0.0 to 1.0"};
-inline constexpr LocalizedText kStyleFile{"cli.kStyleFile", "Start from the style in this file"};
+inline constexpr LocalizedText kStyleFile{"cli.kStyleFile",
+                                          "Start from the style in this file, or of this name"};
 inline constexpr LocalizedText kSaveStyle{"cli.kSaveStyle", "Write the resulting style data"};
 inline constexpr LocalizedText kCrop{"cli.kCrop",
                                      "Crop to x,y,w,h as fractions of the image, 0.0 to 1.0"};

@@ -1644,5 +1644,441 @@
         <source>&lt;applicationName&gt; is missing its resources and is unable to continue until it can access its resources. Clicking "OK" will take you to a web page where you can download and install a fresh copy of &lt;applicationName&gt;. If you still get this error then please contact &lt;publisherName&gt; using &lt;supportPage&gt;.</source>
         <translation>&lt;applicationName&gt; findet seine Ressourcen nicht und kann ohne sie nicht weiterarbeiten. Ein Klick auf „OK“ führt zu einer Webseite, von der sich &lt;applicationName&gt; neu laden und installieren lässt. Bleibt der Fehler bestehen, wenden Sie sich bitte an &lt;publisherName&gt;: &lt;supportPage&gt;.</translation>
     </message>
+    <message id="LanguageTools.kLanguageEnglish">
+        <source>English</source>
+        <translation>Englisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageEnglishUK">
+        <source>English (UK)</source>
+        <translation>Englisch (GB)</translation>
+    </message>
+    <message id="LanguageTools.kLanguageFrench">
+        <source>French</source>
+        <translation>Französisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageGerman">
+        <source>German</source>
+        <translation>Deutsch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageItalian">
+        <source>Italian</source>
+        <translation>Italienisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageDutch">
+        <source>Dutch</source>
+        <translation>Niederländisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageSwedish">
+        <source>Swedish</source>
+        <translation>Schwedisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageSpanish">
+        <source>Spanish</source>
+        <translation>Spanisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageDanish">
+        <source>Danish</source>
+        <translation>Dänisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguagePortuguese">
+        <source>Portuguese</source>
+        <translation>Portugiesisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageNorwegian">
+        <source>Norwegian</source>
+        <translation>Norwegisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageHebrew">
+        <source>Hebrew</source>
+        <translation>Hebräisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageJapanese">
+        <source>Japanese</source>
+        <translation>Japanisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageArabic">
+        <source>Arabic</source>
+        <translation>Arabisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageFinnish">
+        <source>Finnish</source>
+        <translation>Finnisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageGreek">
+        <source>Greek</source>
+        <translation>Griechisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageIcelandic">
+        <source>Icelandic</source>
+        <translation>Isländisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageMaltese">
+        <source>Maltese</source>
+        <translation>Maltesisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageTurkish">
+        <source>Turkish</source>
+        <translation>Türkisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageCroation">
+        <source>Croation</source>
+        <translation>Kroatisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageTradChinese">
+        <source>Traditional Chinese</source>
+        <translation>Traditionelles Chinesisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageUrdu">
+        <source>Urdu</source>
+        <translation>Urdu</translation>
+    </message>
+    <message id="LanguageTools.kLanguageHindi">
+        <source>Hindi</source>
+        <translation>Hindi</translation>
+    </message>
+    <message id="LanguageTools.kLanguageThai">
+        <source>Thai</source>
+        <translation>Thai</translation>
+    </message>
+    <message id="LanguageTools.kLanguageKorean">
+        <source>Korean</source>
+        <translation>Koreanisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageLithuanian">
+        <source>Lithuanian</source>
+        <translation>Litauisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguagePolish">
+        <source>Polish</source>
+        <translation>Polnisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageHungarian">
+        <source>Hungarian</source>
+        <translation>Ungarisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageEstonian">
+        <source>Estonian</source>
+        <translation>Estnisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageLatvian">
+        <source>Latvian</source>
+        <translation>Lettisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageLapponian">
+        <source>Lapponian</source>
+        <translation>Samisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageFaroese">
+        <source>Faroese</source>
+        <translation>Färöisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguagePersian">
+        <source>Persian</source>
+        <translation>Persisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageRussian">
+        <source>Russian</source>
+        <translation>Russisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageSimpChinese">
+        <source>Simplified Chinese</source>
+        <translation>Vereinfachtes Chinesisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageFlemish">
+        <source>Flemish</source>
+        <translation>Flämisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageIrish">
+        <source>Irish Gaelic</source>
+        <translation>Irisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageAlbanian">
+        <source>Albanian</source>
+        <translation>Albanisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageRomanian">
+        <source>Romanian</source>
+        <translation>Rumänisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageCzech">
+        <source>Czech</source>
+        <translation>Tschechisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageSlovak">
+        <source>Slovak</source>
+        <translation>Slowakisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageSlovenian">
+        <source>Slovenian</source>
+        <translation>Slowenisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageYiddish">
+        <source>Yiddish</source>
+        <translation>Jiddisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageSerbian">
+        <source>Serbian</source>
+        <translation>Serbisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageMacedonian">
+        <source>Macedonian</source>
+        <translation>Mazedonisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageBulgarian">
+        <source>Bulgarian</source>
+        <translation>Bulgarisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageUkrainian">
+        <source>Ukrainian</source>
+        <translation>Ukrainisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageBelarusian">
+        <source>Belarusian</source>
+        <translation>Belarussisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageUzbek">
+        <source>Uzbek</source>
+        <translation>Usbekisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageKazakh">
+        <source>Kazakh</source>
+        <translation>Kasachisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageAzerbaijan">
+        <source>Azerbaijan (Cyrillic)</source>
+        <translation>Aserbaidschanisch (Kyrillisch)</translation>
+    </message>
+    <message id="LanguageTools.kLanguageAzerbaijanArabic">
+        <source>Azerbaijan (Arabic)</source>
+        <translation>Aserbaidschanisch (Arabisch)</translation>
+    </message>
+    <message id="LanguageTools.kLanguageArmenian">
+        <source>Armenian</source>
+        <translation>Armenisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageGeorgian">
+        <source>Georgian</source>
+        <translation>Georgisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageMoldavian">
+        <source>Moldavian</source>
+        <translation>Moldauisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageKirghiz">
+        <source>Kirghiz</source>
+        <translation>Kirgisisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageTajik">
+        <source>Tajik</source>
+        <translation>Tadschikisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageTurkmen">
+        <source>Turkmen</source>
+        <translation>Turkmenisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageMongolian">
+        <source>Mongolian</source>
+        <translation>Mongolisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageMongolianCyrillic">
+        <source>Mongolian (Cyrillic)</source>
+        <translation>Mongolisch (Kyrillisch)</translation>
+    </message>
+    <message id="LanguageTools.kLanguagePashto">
+        <source>Pashto</source>
+        <translation>Paschtu</translation>
+    </message>
+    <message id="LanguageTools.kLanguageKurdish">
+        <source>Kurdish</source>
+        <translation>Kurdisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageKashmiri">
+        <source>Kashmiri</source>
+        <translation>Kaschmiri</translation>
+    </message>
+    <message id="LanguageTools.kLanguageSindhi">
+        <source>Sindhi</source>
+        <translation>Sindhi</translation>
+    </message>
+    <message id="LanguageTools.kLanguageTibetan">
+        <source>Tibetan</source>
+        <translation>Tibetisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageNepali">
+        <source>Nepali</source>
+        <translation>Nepalesisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageSanskrit">
+        <source>Sanskrit</source>
+        <translation>Sanskrit</translation>
+    </message>
+    <message id="LanguageTools.kLanguageMarathi">
+        <source>Marathi</source>
+        <translation>Marathi</translation>
+    </message>
+    <message id="LanguageTools.kLanguageBengali">
+        <source>Bengali</source>
+        <translation>Bengalisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageAssamese">
+        <source>Assamese</source>
+        <translation>Assamesisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageGujarati">
+        <source>Gujarati</source>
+        <translation>Gujarati</translation>
+    </message>
+    <message id="LanguageTools.kLanguagePunjabi">
+        <source>Punjabi</source>
+        <translation>Pandschabi</translation>
+    </message>
+    <message id="LanguageTools.kLanguageOriya">
+        <source>Oriya</source>
+        <translation>Oriya</translation>
+    </message>
+    <message id="LanguageTools.kLanguageMalayalam">
+        <source>Malayalam</source>
+        <translation>Malayalam</translation>
+    </message>
+    <message id="LanguageTools.kLanguageKannada">
+        <source>Kannada</source>
+        <translation>Kannada</translation>
+    </message>
+    <message id="LanguageTools.kLanguageTamil">
+        <source>Tamil</source>
+        <translation>Tamil</translation>
+    </message>
+    <message id="LanguageTools.kLanguageTelugu">
+        <source>Telugu</source>
+        <translation>Telugu</translation>
+    </message>
+    <message id="LanguageTools.kLanguageSinhalse">
+        <source>Sinhalse</source>
+        <translation>Singhalesisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageBurmese">
+        <source>Burmese</source>
+        <translation>Birmanisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageKhmer">
+        <source>Khmer</source>
+        <translation>Khmer</translation>
+    </message>
+    <message id="LanguageTools.kLanguageLao">
+        <source>Lao</source>
+        <translation>Laotisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageVietnamese">
+        <source>Vietnamese</source>
+        <translation>Vietnamesisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageIndonesian">
+        <source>Indonesian</source>
+        <translation>Indonesisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageTagalog">
+        <source>Tagalog</source>
+        <translation>Tagalog</translation>
+    </message>
+    <message id="LanguageTools.kLanguageMalayRoman">
+        <source>Malayalan (Roman)</source>
+        <translation>Malaiisch (Lateinisch)</translation>
+    </message>
+    <message id="LanguageTools.kLanguageMalayArabic">
+        <source>Malayalan (Arabic)</source>
+        <translation>Malaiisch (Arabisch)</translation>
+    </message>
+    <message id="LanguageTools.kLanguageAmharic">
+        <source>Amharic</source>
+        <translation>Amharisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageTigrinya">
+        <source>Tigrinya</source>
+        <translation>Tigrinya</translation>
+    </message>
+    <message id="LanguageTools.kLanguageOromo">
+        <source>Oromo</source>
+        <translation>Oromo</translation>
+    </message>
+    <message id="LanguageTools.kLanguageSomali">
+        <source>Somali</source>
+        <translation>Somali</translation>
+    </message>
+    <message id="LanguageTools.kLanguageSwahili">
+        <source>Swahili</source>
+        <translation>Suaheli</translation>
+    </message>
+    <message id="LanguageTools.kLanguageKinyarwanda">
+        <source>Kinyarwanda</source>
+        <translation>Kinyarwanda</translation>
+    </message>
+    <message id="LanguageTools.kLanguageRundi">
+        <source>Rundi</source>
+        <translation>Rundi</translation>
+    </message>
+    <message id="LanguageTools.kLanguageChewa">
+        <source>Chewa</source>
+        <translation>Chewa</translation>
+    </message>
+    <message id="LanguageTools.kLanguageMalagasy">
+        <source>Malagasy</source>
+        <translation>Madagassisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageEsperanto">
+        <source>Esperanto</source>
+        <translation>Esperanto</translation>
+    </message>
+    <message id="LanguageTools.kLanguageWelsh">
+        <source>Welsh</source>
+        <translation>Walisisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageBasque">
+        <source>Basque</source>
+        <translation>Baskisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageCatalan">
+        <source>Catalan</source>
+        <translation>Katalanisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageLatin">
+        <source>Latin</source>
+        <translation>Latein</translation>
+    </message>
+    <message id="LanguageTools.kLanguageQuechua">
+        <source>Quechua</source>
+        <translation>Quechua</translation>
+    </message>
+    <message id="LanguageTools.kLanguageGuarani">
+        <source>Guarani</source>
+        <translation>Guarani</translation>
+    </message>
+    <message id="LanguageTools.kLanguageAymara">
+        <source>Aymara</source>
+        <translation>Aymara</translation>
+    </message>
+    <message id="LanguageTools.kLanguageTatar">
+        <source>Tatar</source>
+        <translation>Tatarisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageUighur">
+        <source>Uighur</source>
+        <translation>Uigurisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageDzongka">
+        <source>Dzongka</source>
+        <translation>Dzongkha</translation>
+    </message>
+    <message id="LanguageTools.kLanguageJavaneseRoman">
+        <source>Javanese</source>
+        <translation>Javanisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguageSudaneseRoman">
+        <source>Sudanese</source>
+        <translation>Sundanesisch</translation>
+    </message>
+    <message id="LanguageTools.kLanguage">
+        <source>Language:</source>
+        <translation>Sprache:</translation>
+    </message>
 </context>
 </TS>
