@@ -71,6 +71,9 @@ bool App::Open(bool openingScreen) {
   recovery_ = std::make_unique<brivolant::Recovery>(DataFolder().Child("brivolant-photos"), log_);
   progress_ = std::make_unique<ProgressDialog>();
   progress_->OpenChanged = [this](bool open) { progressWindowOpen = open; };
+  styleServices_ = std::make_unique<brivolant::Services>(Services());
+  styles_ = std::make_unique<OneClickWonderStorage>(*styleServices_);
+  if (!SendViaEmail) SendViaEmail = brivolant::SendViaEmail;
   window_ = std::make_unique<MainWindow>(*this);
   recent_->UpdateRecentMenu = [this] { window_->UpdateRecentMenu(); };
   ownDialogs_.Window(window_.get());
@@ -104,6 +107,7 @@ void App::Close() {
   preferencesWindow_.reset();
   about_.reset();
   window_.reset();
+  styles_.reset();
   progress_.reset();
 }
 
@@ -120,7 +124,7 @@ void App::OpenDocument(const FolderItem& item) {
   const auto refuse = [&](const LocalizedText& text) {
     dialogs_->Message(WithPlaceholders(text.Text(), {{"<filename>", item.DisplayName()}}), {});
   };
-  if (isFileType(item, &BrivolantPhotosOneClickWonder)) return refuse(kUnableToLoad1Click);
+  if (isFileType(item, &BrivolantPhotosOneClickWonder)) return InstallStyle(item);
   if (isFileType(item, &BrivolantPhotosBorder)) return refuse(kUnableToLoadBorder);
   if (isFileType(item, &BrivolantPhotosCombinerLayouts)) return refuse(kUnableToLoadLayout);
   if (isFileType(item, &BrivolantPhotosHelpLink)) {
@@ -130,6 +134,41 @@ void App::OpenDocument(const FolderItem& item) {
     return;
   }
   if (window_ && !window_->AskToSave()) window_->OpenImage(item, {});
+}
+
+void App::InstallStyle(const FolderItem& file) {
+  styles_->Load();
+  OneClickWonder style(*styleServices_);
+  const FolderItem& folder = styles_->usersCustomWondersFolder;
+  bool installed = style.Load(file) && folder;
+  OneClickWonderStorage::Style added;
+  if (installed && file.Parent() == folder) {
+    (void)styles_->Refresh();
+  } else if (installed) {
+    // A style of that name may be there; neither replaces the other.
+    style.GenerateFile(folder);
+    const FolderItem target = style.File;
+    installed = !file.MoveFileTo(target) || !file.CopyFileTo(target);
+    if (installed) added = styles_->Add(target);
+  }
+  if (!installed) {
+    dialogs_->Message(
+        WithPlaceholders(kUnableToLoad1Click.Text(), {{"<filename>", file.DisplayName()}}), {});
+    return;
+  }
+  const auto& categories = OneClickWonderStorage::CategoryName;
+  const auto category =
+      std::min(static_cast<std::size_t>(std::max(style.Category, 0)), categories.size() - 1);
+  const std::string name = style.Name().empty() ? style.Name(0) : style.Name();
+  const auto told = [&](const LocalizedText& text) {
+    return WithPlaceholders(text.Text(),
+                            {{"<filename>", name}, {"<catName>", categories.at(category).Text()}});
+  };
+  dialogs_->Message(told(k1ClickAddedMessage), told(k1ClickAddedExplaination));
+  if (window_ && window_->Document() != nullptr) {
+    window_->ShowStyle(style);
+    window_->SwapDisplay(MainWindow::kEditorPane);
+  }
 }
 
 void App::OpenRecent(const std::string& path) {

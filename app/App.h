@@ -7,6 +7,7 @@
 
 #include "app/core/RecentItems.h"
 #include "app/core/Recovery.h"
+#include "effects/styles/OneClickWonderStorage.h"
 #include "kit/ColorPanelBridge.h"
 #include "kit/DesktopServices.h"
 #include "platform/services/Preferences.h"
@@ -37,6 +38,12 @@ class App final : public UserDetails {
   static constexpr LocalizedText kUnableToLoad1Click{
       "App.kUnableToLoad1Click",
       "Sorry I was unable to open the 1-Click Style called \"<filename>\"."};
+  static constexpr LocalizedText k1ClickAddedMessage{
+      "App.k1ClickAddedMessage", "\"<filename>\" is now added to the 1-Click Styles"};
+  static constexpr LocalizedText k1ClickAddedExplaination{
+      "App.k1ClickAddedExplaination",
+      "The 1-Click Style \"<filename>\" was successfully added to the list and it now avilable "
+      "for use in the \"<catName>\" category."};
   static constexpr LocalizedText kUnableToLoadBorder{
       "App.kUnableToLoadBorder", "Sorry I was unable to open the Border \"<filename>\"."};
   static constexpr LocalizedText kUnableToLoadLayout{
@@ -109,6 +116,13 @@ class App final : public UserDetails {
   brivolant::Clipboard& Clipboard() { return *clipboard_; }
   brivolant::ColorPanel& ColorPanel() { return *colorPanel_; }
   brivolant::Log& Log() { return log_; }
+  brivolant::Desktop& Desktop() { return desktop_; }
+  /// The styles of the program and of the user; read when they are first needed.
+  OneClickWonderStorage& Styles() { return *styles_; }
+  /// Services that live as long as the styles.
+  const brivolant::Services& StyleServices() const { return *styleServices_; }
+  /// Hands a file to the mail program; false if none could be started.
+  std::function<bool(const FolderItem& file, const std::string& subject)> SendViaEmail;
   ProgressDialog& Progress() { return *progress_; }
   brivolant::Recovery& Recovery() { return *recovery_; }
   /// Null before Open.
@@ -118,6 +132,7 @@ class App final : public UserDetails {
 
  private:
   void ReadUserDetails();
+  void InstallStyle(const FolderItem& file);
 
   QApplication& application_;
   StandardErrorLog log_;
@@ -136,6 +151,9 @@ class App final : public UserDetails {
   std::unique_ptr<RecentItems> recent_;
   std::unique_ptr<brivolant::Recovery> recovery_;
   std::unique_ptr<ProgressDialog> progress_;
+  FreedesktopDesktop desktop_;
+  std::unique_ptr<brivolant::Services> styleServices_;
+  std::unique_ptr<OneClickWonderStorage> styles_;
   std::unique_ptr<MainWindow> window_;
   std::unique_ptr<PreferencesWindow> preferencesWindow_;
   std::unique_ptr<AboutBox> about_;

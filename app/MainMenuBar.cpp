@@ -8,6 +8,7 @@
 
 #include "app/Menus.h"
 #include "app/core/GlobalApplicationSpecificProperties.h"
+#include "effects/styles/OneClickWonderStorage.h"
 #include "kit/InterfaceKitSupport.h"
 
 namespace brivolant {
@@ -36,6 +37,7 @@ constexpr MenuEntry kFile[] = {
     Always("FileClose", kFileClose, "Ctrl+W"),
     Item("FileSave", kFileSave, "Ctrl+S"),
     Item("FileSaveACopyAs", kFileSaveCopyAs, "Ctrl+Shift+S"),
+    Item("FileSaveStyleAs", kFileSaveStyleAs),
     Item("FileRevertToOriginal", kFileRestoreToOriginal, "Ctrl+R"),
     kSeparator,
     Always("FileQuit", kFileQuit, "Ctrl+Q"),
@@ -82,6 +84,7 @@ constexpr MenuEntry kView[] = {
     kSeparator,
     Checked("ViewBeforeAfter", kViewBeforeAndAfter, "Ctrl+Shift+B"),
     Item("ViewFullScreen", kViewFullScreenPicture, "F11"),
+    Checked("Viewstyles", OneClickWonderStorage::kOneClickNameMultiple, "Ctrl+Shift+K"),
     Checked("Viewadvanced", kViewAdvancedOptions, "Ctrl+Shift+E"),
     kSeparator,
     Always("ViewHideToolbar", kViewHideToolBar, "Ctrl+Alt+T"),

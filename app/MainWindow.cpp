@@ -11,6 +11,7 @@
 #include "app/CropEditor.h"
 #include "app/ProgressDialog.h"
 #include "app/QuickLookWindow.h"
+#include "app/StyleTiles.h"
 #include "app/ToolButtons.h"
 #include "app/WelcomePage.h"
 #include "app/core/GlobalApplicationSpecificProperties.h"
@@ -101,6 +102,7 @@ void MainWindow::WireProcessor() {
   myProcessor->UpdateFinished = [this] {
     if (ShownProgress) app_.Progress().hide();
     ShownProgress = false;
+    RefreshTiles();
   };
   myProcessor->SelectedEffectChanged = [this] { SelectedEffectChanged(); };
   myProcessor->Startup();
@@ -108,6 +110,7 @@ void MainWindow::WireProcessor() {
 }
 
 void MainWindow::WirePanel() {
+  WireStyles();
   AdvancedPanel->Changed = [this] { SetDirty(true); };
   AdvancedPanel->ItemValueChanged = [this](effectModule& module) {
     Record({{ModuleKey("EffectChanged:", module), module.Settings()}}, module.Name());
@@ -151,6 +154,7 @@ void MainWindow::WirePanel() {
   };
   PreviewTitle->Action = [this](SegmentViewPiece& piece) {
     if (piece.Tag == Variant("advanced")) ShowHideEffects(piece.Selected);
+    if (piece.Tag == Variant("styles")) ShowHideStyles(piece.Selected);
     if (piece.Tag == Variant("FullScreen")) {
       piece.Selected = false;
       FullScreenMethod();

@@ -8,6 +8,7 @@
 
 #include "app/MainMenuBar.h"
 #include "app/core/UndoHandler.h"
+#include "engine/EffectModuleControl.h"
 #include "engine/brivolantProcessorLite.h"
 #include "kit/ColorPanelBridge.h"
 #include "kit/ifkWindow.h"
@@ -24,11 +25,14 @@ class CropEditor;
 class CropModule;
 class EditorDisplay;
 class EffectStackEditor;
+class OneClickWonder;
 class QuickLookWindow;
+class StyleTiles;
 class WelcomePage;
 class ifkSegmentView;
 class ifkSlider;
 class ifkStaticText;
+class templateSelector;
 struct DragItem;
 struct RecoveredEdits;
 
@@ -85,6 +89,32 @@ class MainWindow final : public ifkWindow {
   static constexpr LocalizedText kUndoLastStyle{"MainWindow.kUndoLastStyle", "Last Style"};
   static constexpr LocalizedText kUndoPaste{"MainWindow.kUndoPaste", "Paste"};
 
+  // Of the styles.
+  static constexpr LocalizedText kLocked1ClickMessage{
+      "MainWindow.kLocked1ClickMessage",
+      "Editing of <filename> is prohibited because it is eiher locked or stored on a locked "
+      "drive/disk, such as a CD-ROM"};
+  static constexpr LocalizedText kLocked1ClickExplaination{
+      "MainWindow.kLocked1ClickExplaination",
+      "In order to edit <filename> it must either be unlocked in the finder or copied to a "
+      "writeable drive first, such as your hard drive."};
+  static constexpr LocalizedText kShowInFinder{"MainWindow.kShowInFinder", "Show In Finder"};
+  static constexpr LocalizedText kCancel{"MainWindow.kCancel", "Cancel"};
+  static constexpr LocalizedText kEditStyle{"MainWindow.kEditStyle", "Edit This 1-Click Style"};
+  static constexpr LocalizedText kShareStyle{"MainWindow.kShareStyle", "Share via e-mail..."};
+  static constexpr LocalizedText kRemove{"MainWindow.kRemove", "&Remove"};
+  static constexpr LocalizedText keMail1ClickMessage{
+      "MainWindow.keMail1ClickMessage", "Here is a cool Brivolant Photos 1-Click Style"};
+  static constexpr LocalizedText kNoMailProgram{"MainWindow.kNoMailProgram",
+                                                "There is no mail program that could be started."};
+  static constexpr LocalizedText kDelete1ClickMessage{
+      "MainWindow.kDelete1ClickMessage", "Are you sure you wish to remove <filename>?"};
+  static constexpr LocalizedText kDelete1ClickExplaination{
+      "MainWindow.kDelete1ClickExplaination",
+      "If you remove this 1-Click Style, the file will be moved to the Trash. Giving you the "
+      "opportunity to undo this action, however once you empty your Trash it will be gone "
+      "forever."};
+
   /// The application must outlive the window.
   explicit MainWindow(App& app);
   ~MainWindow() override;
@@ -129,6 +159,19 @@ class MainWindow final : public ifkWindow {
   void SwapDisplay(int mode);
   void buildToolbar(int mode);
   void ShowHideEffects(bool visible);
+  void ShowHideStyles(bool visible);
+
+  // Styles; MainWindowStyles.cpp.
+
+  /// Fills the bar with the styles of the current category.
+  void updateStylesList();
+  /// Makes a style's category the current one.
+  void ShowStyle(const OneClickWonder& style);
+  /// Asks for a name and keeps the present stack as a style.
+  void SaveStyleAs();
+  /// How menus on the window are shown.
+  MenuPresenter PresentMenu;
+
   /// Size, megapixels and proportions of the document's image; empty without one.
   std::string getSimpleImageInfo();
 
@@ -143,6 +186,10 @@ class MainWindow final : public ifkWindow {
   ifkSlider* BlendAlpha = nullptr;
   ifkSegmentView* PreviewTitle = nullptr;
   ifkStaticText* infotext = nullptr;
+  templateSelector* myStylesBar = nullptr;
+  QScrollBar* styleSlider = nullptr;
+  /// Under the bar's categories, beside the slider.
+  QWidget* dummySlider = nullptr;
   QToolBar* rbToolBar = nullptr;
   WelcomePage* Welcome = nullptr;
   std::unique_ptr<MyColorPanelHelper> myColorPanel;
@@ -173,6 +220,14 @@ class MainWindow final : public ifkWindow {
   void BuildControls();
   void BuildEditor();
   void BuildPanel();
+  void WireStyles();
+  void LoadStyles();
+  void RefreshTiles();
+  void OrderTiles();
+  void HoverStyle(int index);
+  bool ApplyOneClick(int index);
+  void StyleMenu(int index, const QPoint& at);
+  void RemoveStyle(int index);
   void WireProcessor();
   void WirePanel();
   void WireUndo();
@@ -230,6 +285,15 @@ class MainWindow final : public ifkWindow {
   QWidget* blendLabel_ = nullptr;
   QWidget* opacityLabel_ = nullptr;
   QTimer settleTimer_;
+  std::unique_ptr<StyleTiles> tiles_;
+  std::unique_ptr<StyleTiles> hoverTile_;
+  /// Of which the tiles are.
+  Picture tilesOf_;
+  /// The style that the photo is shown in for as long as the pointer rests on it.
+  std::string hoverID_;
+  QTimer folderTimer_;
+  /// Of an undo that is under way.
+  int undoneSelection_ = -1;
   Pairs cropBefore_;
   bool busy_ = false;
   bool rewindable_ = false;

@@ -38,6 +38,7 @@
 #include "kit/ifkSegmentView.h"
 #include "kit/ifkSlider.h"
 #include "kit/ifkStaticText.h"
+#include "kit/templateSelector.h"
 
 namespace brivolant {
 namespace {
@@ -132,6 +133,7 @@ void MainWindow::MenuAction(const std::string& name) {
        }},
       {"FileSave", [](MainWindow& w) { w.SaveMethod(); }},
       {"FileSaveACopyAs", [](MainWindow& w) { w.SaveACopyAs(); }},
+      {"FileSaveStyleAs", [](MainWindow& w) { w.SaveStyleAs(); }},
       {"FileRevertToOriginal", [](MainWindow& w) { w.PerformRewind(); }},
       {"FileQuit", [](MainWindow& w) { w.close(); }},
       {"EditUndo", [](MainWindow& w) { w.UndoGizmo.Undo(); }},
@@ -180,6 +182,8 @@ void MainWindow::MenuAction(const std::string& name) {
          w.MyDisplay->Update(true);
        }},
       {"ViewFullScreen", [](MainWindow& w) { w.FullScreenMethod(); }},
+      {"Viewstyles",
+       [](MainWindow& w) { w.ShowHideStyles(!w.PreviewTitle->SegmentByTag("styles")->Selected); }},
       {"Viewadvanced",
        [](MainWindow& w) {
          w.ShowHideEffects(!w.PreviewTitle->SegmentByTag("advanced")->Selected);
@@ -295,6 +299,7 @@ void MainWindow::EnableMenuItems() {
   menu.Item("ViewUseSmallSize").setChecked(ToolButtons::DisplaySize(*rbToolBar) == 2);
   menu.Item("ViewBeforeAfter").setChecked(MyDisplay->ShowBefore);
   menu.Item("Viewadvanced").setChecked(PreviewTitle->SegmentByTag("advanced")->Selected);
+  menu.Item("Viewstyles").setChecked(PreviewTitle->SegmentByTag("styles")->Selected);
   if (cropping) {
     menu.Item("EditCrop").setEnabled(true);
     return;
@@ -315,7 +320,7 @@ void MainWindow::EnableEditorItems() {
         "RotateAndFlipRotate180", "RotateAndFlipRotate270", "EditChangeOrientationTo",
         "RotateAndFlipFlipHorizontally", "RotateAndFlipFlipVertially", "FileSaveACopyAs",
         "FileRevertToOriginal", "ViewBrowseMyPhotos", "ViewBeforeAfter", "ViewFullScreen",
-        "Viewadvanced"}) {
+        "Viewadvanced", "Viewstyles", "FileSaveStyleAs"}) {
     menu.Item(name).setEnabled(true);
   }
   menu.Item("ViewBrowseMyPhotos").setText(Shown(Menus::kViewBrowseMyPhotos));
@@ -421,7 +426,8 @@ void MainWindow::PasteStyle() {
 
 void MainWindow::ClearStyle() {
   if (!document_) return;
-  Record({{"ProcessorStack", myProcessor->StyleData()}, {"OneClickSelection", -1}},
+  Record({{"ProcessorStack", myProcessor->StyleData()},
+          {"OneClickSelection", myStylesBar->SelectedItem}},
          kUndoClearStyle.Text());
   myProcessor->Reset();
   updateProcessorRelatedInterfaceElements();
@@ -501,8 +507,9 @@ void MainWindow::LockForCrop(bool locked) {
   } else {
     ActivateToolBar();
   }
-  for (QWidget* control : std::initializer_list<QWidget*>{AdvancedPanel, AdvancedSectionheader,
-                                                          PreviewTitle, BlendAlpha, BlendMode}) {
+  for (QWidget* control :
+       std::initializer_list<QWidget*>{AdvancedPanel, AdvancedSectionheader, myStylesBar,
+                                       PreviewTitle, BlendAlpha, BlendMode}) {
     control->setEnabled(!locked);
   }
 }
@@ -583,6 +590,7 @@ void MainWindow::StorePreferences() {
   preferences.Assign("rbToolBar.Mode", ToolButtons::DisplayMode(*rbToolBar));
   preferences.Assign("rbToolBar.Size", ToolButtons::DisplaySize(*rbToolBar));
   preferences.Assign("MainWindow.Dimensions", Dimensions());
+  preferences.Assign("OneClickWonderStorage.currentCategory", app_.Styles().currentCategory);
   preferences.Synchronize();
 }
 

@@ -13,6 +13,7 @@
 #include "app/Menus.h"
 #include "app/ToolButtons.h"
 #include "app/WelcomePage.h"
+#include "effects/styles/OneClickWonderStorage.h"
 #include "engine/pictures/BlendEffect.h"
 #include "engine/pictures/SharedPictureEffects.h"
 #include "engine/ui/EditorDisplay.h"
@@ -25,6 +26,7 @@
 #include "kit/ifkSegmentView.h"
 #include "kit/ifkSlider.h"
 #include "kit/ifkStaticText.h"
+#include "kit/templateSelector.h"
 
 namespace brivolant {
 namespace {
@@ -96,6 +98,10 @@ void MainWindow::BuildEditor() {
   seat->Resized = [this] { LayoutEditor(); };
   PreviewTitle = new ifkSegmentView(EditorSeat);
   PreviewTitle->Mode = ifkSegmentView::kEachToggles;
+  SegmentViewPiece& styles =
+      PreviewTitle->AddSegment(Shown(OneClickWonderStorage::kOneClickNameMultiple),
+                               SvgIcon(QStringLiteral("Styles")), "styles");
+  styles.ToolTip = Shown(OneClickWonderStorage::kOneClickNameMultiple);
   SegmentViewPiece& name = PreviewTitle->AddSegment(Shown(kOpenAnImage), {}, "document");
   name.Unclickable = true;
   name.Bold = true;
@@ -107,6 +113,10 @@ void MainWindow::BuildEditor() {
       Shown(Menus::kViewAdvancedOptions), SvgIcon(QStringLiteral("Advanced")), "advanced");
   advanced.ToolTip = Shown(Menus::kViewAdvancedOptions);
   MyDisplay = new EditorDisplay(EditorSeat);
+  myStylesBar = new templateSelector(EditorSeat);
+  myStylesBar->setAccessibleName(Shown(OneClickWonderStorage::kOneClickNameMultiple));
+  dummySlider = new QWidget(EditorSeat);
+  styleSlider = new QScrollBar(Qt::Horizontal, EditorSeat);
 }
 
 void MainWindow::BuildPanel() {
@@ -142,7 +152,21 @@ void MainWindow::LayoutEditor() {
   const int height = EditorSeat->height() - 2;
   PreviewTitle->setGeometry(1 + kMargin, 1 + kMargin, left - 2 * kMargin, kSegments);
   const int top = 2 * kMargin + kSegments;
-  MyDisplay->setGeometry(1, 1 + top, left, height - top);
+  const bool styles = PreviewTitle->SegmentByTag("styles")->Selected;
+  for (QWidget* part :
+       {static_cast<QWidget*>(myStylesBar), static_cast<QWidget*>(styleSlider), dummySlider}) {
+    part->setVisible(styles);
+  }
+  const int bar = styles ? templateSelector::kHeight + kScrollBar : 0;
+  MyDisplay->setGeometry(1, 1 + top, left, height - top - bar);
+  const int under = 1 + height - bar;
+  const int column = templateSelector::kColumn;
+  if (!AnimationCore::IsAnimated(*myStylesBar)) {
+    myStylesBar->setGeometry(1, under, left, templateSelector::kHeight);
+  }
+  dummySlider->setGeometry(1, under + templateSelector::kHeight, column, kScrollBar);
+  styleSlider->setGeometry(1 + column, under + templateSelector::kHeight, left - column,
+                           kScrollBar);
   panelSeat_->setGeometry(1 + left, 1, kPanelWidth, height);
   const int inner = kPanelWidth - 2 * kMargin;
   const int labels = 64;

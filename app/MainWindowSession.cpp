@@ -23,6 +23,7 @@
 #include "kit/ifkSegmentView.h"
 #include "kit/ifkSlider.h"
 #include "kit/ifkStaticText.h"
+#include "kit/templateSelector.h"
 #include "platform/services/SharedFolders.h"
 #include "platform/values/Captions.h"
 
@@ -107,7 +108,8 @@ bool MainWindow::UndoAction(const std::string& key, const Variant& value) {
     myProcessor->BlendMode(static_cast<int>(blending.Left));
     myProcessor->BlendAlpha = static_cast<float>(blending.Right);
   } else if (key == "OneClickSelection") {
-    UndoGizmo.Add(key, -1);
+    UndoGizmo.Add(key, myStylesBar->SelectedItem);
+    undoneSelection_ = value.ToInt();
   } else {
     return UndoModuleAction(key, value);
   }
@@ -149,6 +151,9 @@ void MainWindow::CompleteUndo(bool redo) {
   updating = false;
   SetDirty(true);
   updateProcessorRelatedInterfaceElements();
+  if (undoneSelection_ < myStylesBar->Count()) myStylesBar->SelectedItem = undoneSelection_;
+  undoneSelection_ = -1;
+  myStylesBar->update();
   MyDisplay->Update(true);
   infotext->Text(ToQString(getSimpleImageInfo()));
 }
@@ -168,6 +173,11 @@ void MainWindow::updateProcessorRelatedInterfaceElements() {
 
 void MainWindow::SetDirty(bool dirty) {
   if (document_) document_->Dirty = dirty;
+  if (dirty && myStylesBar->SelectedItem >= 0) {
+    // An adjusted photo no longer has that style.
+    myStylesBar->SelectedItem = -1;
+    myStylesBar->update();
+  }
   Modified(dirty);
   ToolButtons::ChangeButtonEnabled(*rbToolBar, ToolButtons::Save().Identifier, dirty);
   rewindable_ = true;
@@ -274,6 +284,8 @@ bool MainWindow::StartSession(std::unique_ptr<BrivolantDocument> document, bool 
   const std::unique_ptr<BrivolantDocument> before = std::move(document_);
   document_ = std::move(document);
   if (before) app_.Recovery().Forget();
+  LoadStyles();
+  myStylesBar->SelectedItem = -1;
   myProcessor->StyleData(document_->StyleData);
   ShowTitle();
   AdvancedPanel->Update();

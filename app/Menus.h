@@ -37,6 +37,8 @@ inline constexpr LocalizedText kEditCopy{"Menus.kEditCopy", "&Copy"};
 inline constexpr LocalizedText kEditCopyStyle{"Menus.kEditCopyStyle", "Copy Style"};
 inline constexpr LocalizedText kEditPaste{"Menus.kEditPaste", "&Paste"};
 inline constexpr LocalizedText kEditPasteStyle{"Menus.kEditPasteStyle", "Paste Style"};
+inline constexpr LocalizedText kFileSaveStyleAs{"Menus.kFileSaveStyleAs",
+                                                "Save As 1-Click Style..."};
 inline constexpr LocalizedText kEditClearStyle{"Menus.kEditClearStyle", "Clear Style"};
 inline constexpr LocalizedText kFileApplyLastStyle{"Menus.kFileApplyLastStyle",
                                                    "Use Style From Last PIcture"};

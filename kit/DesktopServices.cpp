@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QProcess>
 #include <QPushButton>
 #include <QThread>
 #include <QUrl>
@@ -69,6 +70,13 @@ std::optional<int> PopUpMenu(const MenuItem& menu, int x, int y) {
     if (chosen != nullptr && actions[i] == chosen) return static_cast<int>(i);
   }
   return std::nullopt;
+}
+
+bool SendViaEmail(const FolderItem& file, const std::string& subject) {
+  return QProcess::startDetached(
+      QStringLiteral("xdg-email"),
+      {QStringLiteral("--utf8"), QStringLiteral("--subject"), ToQString(subject),
+       QStringLiteral("--attach"), ToQString(file.ShellPath())});
 }
 
 Picture PictureFromImage(const QImage& source) {

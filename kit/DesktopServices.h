@@ -19,6 +19,9 @@ namespace brivolant {
 /// Shows a menu at a position of the screen: the index of the chosen item, or nothing.
 std::optional<int> PopUpMenu(const MenuItem& menu, int x, int y);
 
+/// Opens a new message of the desktop's mail program with that file; false if there is none.
+bool SendViaEmail(const FolderItem& file, const std::string& subject);
+
 /// Copies an image; transparency becomes the mask.
 Picture PictureFromImage(const QImage& image);
 /// Copies a picture; the mask becomes transparency.

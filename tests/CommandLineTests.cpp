@@ -151,28 +151,29 @@ TEST_F(CommandLine, EveryKeyOfEveryEffectCanBeSetInBothStacks) {
 }
 
 TEST_F(CommandLine, TextsComeAsTextOrBoxes) {
+  const std::string boxes =
+      "Text.myTextEngine=[{\"Text\":\"One\",\"Left\":0.1,\"Caption\":2},"
+      "{\"Text\":\"Two\",\"TextColor\":\"#FF0000\"}]";
   ASSERT_EQ(Cli({"render", image.ShellPath(), "-o", Path("plain.png"), "--set",
                  "Text.myTextEngine=Hello there", "--save-style", Path("plain")})
                 .code,
             0);
-  ASSERT_EQ(Cli({"render", image.ShellPath(), "-o", Path("boxes.png"), "--set",
-                 R"(Text.myTextEngine=[{"Text":"One","Left":0.1,"Caption":2},)"
-                 R"({"Text":"Two","TextColor":"#FF0000"}])",
+  ASSERT_EQ(Cli({"render", image.ShellPath(), "-o", Path("boxes.png"), "--set", boxes,
                  "--save-style", Path("boxes")})
                 .code,
             0);
   TestServices s;
   brivolantProcessorLite processor(EffectRegistry(), s.services);
   processor.Startup();
-  const auto boxes = [&](const char* style) {
+  const auto stored = [&](const char* style) {
     EXPECT_EQ(processor.StyleData(*ReadFile(folder.Child(style))), StyleFault::kNone);
     return *processor.ItemVIaID("150B71E5-A262-009C-42A9-CD07B87C0B76")
                 ->Settings()
                 .Value("myTextEngine")
                 .As<Dictionary>();
   };
-  EXPECT_EQ(boxes("plain").Value(0).As<Dictionary>()->Value("Text").ToText(), "Hello there");
-  const Dictionary two = boxes("boxes");
+  EXPECT_EQ(stored("plain").Value(0).As<Dictionary>()->Value("Text").ToText(), "Hello there");
+  const Dictionary two = stored("boxes");
   ASSERT_EQ(two.Count(), 2);
   EXPECT_EQ(two.Value(0).As<Dictionary>()->Value("Caption").ToInt(), 2);
   EXPECT_EQ(two.Value(1).As<Dictionary>()->Value("TextColor").ToColor(), (Color{255, 0, 0}));

@@ -52,7 +52,7 @@ class Stamps {
                   static_cast<float>(left), static_cast<float>(top),
                   static_cast<float>(width_ + more), static_cast<float>(height_ + more));
               if (shape == kSquare) g.DrawRect(rect, kFill);
-              if (shape == kRounded) g.DrawRoundRect(rect, static_cast<int>(height_) / 3, kFill);
+              if (shape == kRounded) g.DrawRoundRect(rect, std::trunc(height_ / 3), kFill);
               if (shape == kOval) g.DrawOval(rect, kFill);
               if (shape != kCharacter) return;
               g.SetTextFontAndSize("Arial Black", height_);

@@ -106,8 +106,10 @@ void EditorDisplay::DrawPictures(bool full) {
   QPainter painter(&buffer_);
   if (full) painter.drawImage(0, 0, backdrop_);
   before_ = {};
-  const Picture preview = myProcessor == nullptr ? Picture() : myProcessor->Preview();
-  if (preview.IsNil()) {
+  const bool open = myProcessor != nullptr && myProcessor->Document != nullptr;
+  Picture preview = instead_;
+  if (open && preview.IsNil()) preview = myProcessor->Preview();
+  if (!open || preview.IsNil()) {
     drawX = drawY = drawW = drawH = 0;
     return;
   }
@@ -182,6 +184,12 @@ void EditorDisplay::paintEvent(QPaintEvent* event) {
 void EditorDisplay::resizeEvent(QResizeEvent*) {
   stale_ = true;
   if (Resized) Resized();
+}
+
+void EditorDisplay::ShowInstead(const Picture& picture) {
+  if (picture.IsNil() && instead_.IsNil()) return;
+  instead_ = picture;
+  Update(true);
 }
 
 QPointF EditorDisplay::FractionsAt(const QPointF& position) const {

@@ -47,6 +47,9 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   /// A position of the widget as fractions of the drawn image.
   QPointF FractionsAt(const QPointF& position) const;
 
+  /// Shows this picture in place of the preview, until a nil one comes. Nothing else changes.
+  void ShowInstead(const Picture& picture);
+
   /// The size of the widget has changed.
   std::function<void()> Resized;
   /// The selected module was changed on the image: what its settings were before, or null if the
@@ -98,6 +101,7 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   QImage buffer_;
   QImage backdrop_;
   QRect before_;
+  Picture instead_;
   // The picture before the effects at the size at which it is shown.
   Picture beforeSource_;
   Picture beforeShown_;

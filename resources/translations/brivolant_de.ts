@@ -2080,5 +2080,161 @@
         <source>Language:</source>
         <translation>Sprache:</translation>
     </message>
+    <message id="App.k1ClickAddedExplaination">
+        <source>The 1-Click Style &quot;&lt;filename&gt;&quot; was successfully added to the list and it now avilable for use in the &quot;&lt;catName&gt;&quot; category.</source>
+        <translation>Der 1-Klick-Stil „&lt;filename&gt;“ wurde hinzugefügt und steht jetzt in der Kategorie „&lt;catName&gt;“ bereit.</translation>
+    </message>
+    <message id="App.k1ClickAddedMessage">
+        <source>&quot;&lt;filename&gt;&quot; is now added to the 1-Click Styles</source>
+        <translation>„&lt;filename&gt;“ gehört jetzt zu den 1-Klick-Stilen</translation>
+    </message>
+    <message id="MainWindow.kCancel">
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message id="MainWindow.kDelete1ClickExplaination">
+        <source>If you remove this 1-Click Style, the file will be moved to the Trash. Giving you the opportunity to undo this action, however once you empty your Trash it will be gone forever.</source>
+        <translation>Wenn Sie diesen 1-Klick-Stil entfernen, kommt die Datei in den Papierkorb. Von dort können Sie sie zurückholen; nach dem Leeren des Papierkorbs ist sie für immer fort.</translation>
+    </message>
+    <message id="MainWindow.kDelete1ClickMessage">
+        <source>Are you sure you wish to remove &lt;filename&gt;?</source>
+        <translation>Möchten Sie &lt;filename&gt; wirklich entfernen?</translation>
+    </message>
+    <message id="MainWindow.kEditStyle">
+        <source>Edit This 1-Click Style</source>
+        <translation>Diesen 1-Klick-Stil bearbeiten</translation>
+    </message>
+    <message id="MainWindow.kLocked1ClickExplaination">
+        <source>In order to edit &lt;filename&gt; it must either be unlocked in the finder or copied to a writeable drive first, such as your hard drive.</source>
+        <translation>Um &lt;filename&gt; zu bearbeiten, heben Sie den Schreibschutz der Datei auf oder kopieren Sie sie an einen beschreibbaren Ort, etwa auf Ihre Festplatte.</translation>
+    </message>
+    <message id="MainWindow.kLocked1ClickMessage">
+        <source>Editing of &lt;filename&gt; is prohibited because it is eiher locked or stored on a locked drive/disk, such as a CD-ROM</source>
+        <translation>&lt;filename&gt; kann nicht bearbeitet werden, weil die Datei geschützt ist oder auf einem schreibgeschützten Laufwerk liegt, etwa einer CD-ROM</translation>
+    </message>
+    <message id="MainWindow.kNoMailProgram">
+        <source>There is no mail program that could be started.</source>
+        <translation>Es gibt kein Mailprogramm, das gestartet werden könnte.</translation>
+    </message>
+    <message id="MainWindow.kRemove">
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message id="MainWindow.kShareStyle">
+        <source>Share via e-mail...</source>
+        <translation>Per E-Mail senden …</translation>
+    </message>
+    <message id="MainWindow.kShowInFinder">
+        <source>Show In Finder</source>
+        <translation>Im Dateimanager zeigen</translation>
+    </message>
+    <message id="MainWindow.keMail1ClickMessage">
+        <source>Here is a cool Brivolant Photos 1-Click Style</source>
+        <translation>Hier ist ein schöner 1-Klick-Stil für Brivolant Photos</translation>
+    </message>
+    <message id="Menus.kFileSaveStyleAs">
+        <source>Save As 1-Click Style...</source>
+        <translation>Als 1-Klick-Stil sichern …</translation>
+    </message>
+    <message id="OneClickWonder.kDefaultName">
+        <source>Untitled</source>
+        <translation>Ohne Namen</translation>
+    </message>
+    <message id="OneClickWonderStorage.kDefaultCategory1">
+        <source>Quill Favorites</source>
+        <translation>Quill-Favoriten</translation>
+    </message>
+    <message id="OneClickWonderStorage.kDefaultCategory2">
+        <source>Artistic</source>
+        <translation>Künstlerisch</translation>
+    </message>
+    <message id="OneClickWonderStorage.kDefaultCategory3">
+        <source>Romantic</source>
+        <translation>Romantisch</translation>
+    </message>
+    <message id="OneClickWonderStorage.kDefaultCategory4">
+        <source>Quick Fixes</source>
+        <translation>Schnelle Hilfe</translation>
+    </message>
+    <message id="OneClickWonderStorage.kDefaultCategory5">
+        <source>Vintage Camera</source>
+        <translation>Alte Kamera</translation>
+    </message>
+    <message id="OneClickWonderStorage.kDefaultCategoryNameUsers">
+        <source>My Styles</source>
+        <translation>Meine Stile</translation>
+    </message>
+    <message id="OneClickWonderStorage.kOneClickNameMultiple">
+        <source>1-Click Styles</source>
+        <translation>1-Klick-Stile</translation>
+    </message>
+    <message id="StyleSource.kBadLine">
+        <source>Line &lt;line&gt; of the style's source, &quot;&lt;text&gt;&quot;, &lt;reason&gt;.</source>
+        <translation>Zeile &lt;line&gt; der Stilquelle, „&lt;text&gt;“, &lt;reason&gt;.</translation>
+    </message>
+    <message id="StyleSource.kBadValue">
+        <source>gives a value that does not fit</source>
+        <translation>gibt einen Wert, der nicht passt</translation>
+    </message>
+    <message id="StyleSource.kNoName">
+        <source>The style's source gives it no name.</source>
+        <translation>Die Stilquelle nennt keinen Namen.</translation>
+    </message>
+    <message id="StyleSource.kNoValue">
+        <source>has no &quot;=&quot;</source>
+        <translation>hat kein „=“</translation>
+    </message>
+    <message id="StyleSource.kUnknownEffect">
+        <source>names an effect that does not exist</source>
+        <translation>nennt einen Effekt, den es nicht gibt</translation>
+    </message>
+    <message id="StyleSource.kUnknownKey">
+        <source>names something that a style does not have</source>
+        <translation>nennt etwas, das ein Stil nicht hat</translation>
+    </message>
+    <message id="StyleSource.kUnknownSetting">
+        <source>names a setting that its effect does not have</source>
+        <translation>nennt eine Einstellung, die der Effekt nicht hat</translation>
+    </message>
+    <message id="oneClickEditor.kCancel">
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message id="oneClickEditor.kCategory">
+        <source>Category:</source>
+        <translation>Kategorie:</translation>
+    </message>
+    <message id="oneClickEditor.kContact">
+        <source>Contact:</source>
+        <translation>Kontakt:</translation>
+    </message>
+    <message id="oneClickEditor.kCreator">
+        <source>Made by:</source>
+        <translation>Von:</translation>
+    </message>
+    <message id="oneClickEditor.kDescription">
+        <source>Description:</source>
+        <translation>Beschreibung:</translation>
+    </message>
+    <message id="oneClickEditor.kName">
+        <source>Name:</source>
+        <translation>Name:</translation>
+    </message>
+    <message id="oneClickEditor.kPreviewHelp">
+        <source>Click to render the preview anew</source>
+        <translation>Klicken, um die Vorschau neu zu zeichnen</translation>
+    </message>
+    <message id="oneClickEditor.kSave">
+        <source>Save</source>
+        <translation>Sichern</translation>
+    </message>
+    <message id="oneClickEditor.kTitleCreateOneClickWonder">
+        <source>Create New 1-Click Style</source>
+        <translation>Neuer 1-Klick-Stil</translation>
+    </message>
+    <message id="oneClickEditor.kTitleEditOneClickWonder">
+        <source>Edit 1-Click Style</source>
+        <translation>1-Klick-Stil bearbeiten</translation>
+    </message>
 </context>
 </TS>

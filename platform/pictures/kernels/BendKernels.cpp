@@ -367,8 +367,8 @@ void SampleAtBorder(ConstPixels source, float x, float y, std::uint32_t back, st
   const std::uint32_t b = pixel(x0 + 1, y0);
   const std::uint32_t c = pixel(x0, y0 + 1);
   const std::uint32_t d = pixel(x0 + 1, y0 + 1);
-  const auto wx = static_cast<std::uint32_t>((x - static_cast<float>(x0)) * 256 + 0.5F);
-  const auto wy = static_cast<std::uint32_t>((y - static_cast<float>(y0)) * 256 + 0.5F);
+  const auto wx = static_cast<std::uint32_t>(std::lround((x - static_cast<float>(x0)) * 256));
+  const auto wy = static_cast<std::uint32_t>(std::lround((y - static_cast<float>(y0)) * 256));
   std::uint32_t result = 0;
   for (int shift = 0; shift < 32; shift += 8) {
     const auto level = [shift](std::uint32_t value) { return value >> shift & 255; };

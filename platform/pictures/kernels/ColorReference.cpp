@@ -80,7 +80,8 @@ double ShareOfRange(int range, double hue) {
 
 void ShiftByHue(Pixels pixels, const HueShifts& shifts) {
   // Every hue's shift is worked out once; neighbours in the table differ by less than a level.
-  constexpr int kSteps = 1536;
+  constexpr int kStepsASixth = 256;
+  constexpr int kSteps = 6 * kStepsASixth;
   constexpr int kGrain = 16;
   std::array<Shift, kSteps + 1> table;
   for (int i = 0; i <= kSteps; ++i) {
@@ -100,7 +101,7 @@ void ShiftByHue(Pixels pixels, const HueShifts& shifts) {
       std::uint8_t* p = pixels.Row(y);
       for (int x = 0; x < pixels.width; ++x, p += 4) {
         ShiftPixel(p, [&](float hue) {
-          return hue < 0 ? grey : table.at(static_cast<std::size_t>(hue * (kSteps / 6)));
+          return hue < 0 ? grey : table.at(static_cast<std::size_t>(hue * kStepsASixth));
         });
       }
     }

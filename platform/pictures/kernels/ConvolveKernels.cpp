@@ -27,18 +27,20 @@ HWY_INLINE V16 Divided(V16 sum, std::int32_t divisor) {
   const D16 d;
   const hn::RepartitionToWide<D16> d32;
   const hn::RebindToFloat<decltype(d32)> df;
+  const int whole = divisor / 2;
+  const float half = static_cast<float>(whole) + 0.5F;
   // The half of a unit keeps the quotients of exact multiples from falling below them.
   const auto part = [&](auto wide) HWY_ATTR {
     const auto size = hn::ConvertTo(df, hn::Abs(wide));
-    const auto shifted = hn::Add(size, hn::Set(df, static_cast<float>(divisor / 2) + 0.5F));
+    const auto shifted = hn::Add(size, hn::Set(df, half));
     const auto quotient =
         hn::ConvertTo(d32, hn::Mul(shifted, hn::Set(df, 1.0F / static_cast<float>(divisor))));
     return hn::IfThenElse(hn::Lt(wide, hn::Zero(d32)), hn::Neg(quotient), quotient);
   };
-  const hn::Half<D16> half;
-  const auto lower = part(hn::PromoteTo(d32, hn::LowerHalf(half, sum)));
-  const auto upper = part(hn::PromoteTo(d32, hn::UpperHalf(half, sum)));
-  return hn::Combine(d, hn::DemoteTo(half, upper), hn::DemoteTo(half, lower));
+  const hn::Half<D16> halves;
+  const auto lower = part(hn::PromoteTo(d32, hn::LowerHalf(halves, sum)));
+  const auto upper = part(hn::PromoteTo(d32, hn::UpperHalf(halves, sum)));
+  return hn::Combine(d, hn::DemoteTo(halves, upper), hn::DemoteTo(halves, lower));
 }
 
 /// Bytes 4 to `end` of a row; rows are whole pixels of four bytes. Gives where it stopped: at least
