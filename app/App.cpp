@@ -18,6 +18,7 @@
 #include "kit/AnimationCore.h"
 #include "kit/Appearance.h"
 #include "kit/SvgIcon.h"
+#include "kit/templateSelector.h"
 #include "platform/services/SharedFolders.h"
 
 namespace brivolant {
@@ -56,6 +57,7 @@ bool App::Open(bool openingScreen) {
   Appearance::Apply(application_, static_cast<Appearance::Scheme>(AppearanceChoice()));
   QApplication::setWindowIcon(SvgIcon(QStringLiteral("brivolant-photos")));
   InstallEffectStackAccessibility();
+  InstallTemplateSelectorAccessibility();
   if (openingScreen) {
     about_ = std::make_unique<AboutBox>();
     about_->UseAsOpeningScreen();

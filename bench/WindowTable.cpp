@@ -9,9 +9,13 @@
 #include "Peers.h"
 #include "app/App.h"
 #include "app/MainWindow.h"
+#include "app/StyleTiles.h"
+#include "effects/styles/OneClickWonderStorage.h"
+#include "engine/pictures/SharedPictureEffects.h"
 #include "engine/ui/EditorDisplay.h"
 #include "engine/ui/EffectStackEditor.h"
 #include "formats/BrivolantDocument.h"
+#include "kit/templateSelector.h"
 
 namespace brivolant::bench {
 namespace {
@@ -64,6 +68,63 @@ struct Editor {
   MainWindow& window;
   EffectStackEditor& panel;
 };
+
+/// Loading many styles, tiles of the photo, and a click on a style until its pixels are shown.
+void StyleRows(App& app, MainWindow& window) {
+  constexpr int kStyles = 500;
+  const OneClickWonderStorage& shipped = app.Styles();
+  const FolderItem folder = app.Services().TemporaryFiles.Child("styles");
+  (void)folder.CreateAsFolder();
+  for (int i = 0; i < kStyles; ++i) {
+    const auto& style = shipped.Wonders()[static_cast<std::size_t>(i) % shipped.Wonders().size()];
+    (void)style->Clone().Save(folder.Child(std::to_string(i) + ".oneClick"));
+  }
+  const auto load = [&] {
+    OneClickWonderStorage storage(app.StyleServices());
+    storage.AddFolder(folder);
+  };
+  Row("loading 500 styles", Fastest({load}, 7)[0], "100 ms", 100, 1);
+
+  const Picture photo = SharedPictureEffects::Scale(window.Document()->PreviewBase, 100, 100,
+                                                    SharedPictureEffects::kScaleToFit);
+  StyleTiles tiles(app.Services());
+  std::size_t ready = 0;
+  tiles.Ready = [&ready](const std::string&, const Picture&) { ++ready; };
+  const auto render = [&] {
+    ready = 0;
+    tiles.Photo(photo, 1);
+    std::vector<StyleTiles::Order> orders;
+    for (const auto& style : shipped.Wonders()) orders.push_back({style->ID, style->StyleData});
+    tiles.Render(orders);
+    while (ready < orders.size()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  };
+  const double each = Fastest({render}, 5)[0] / static_cast<double>(shipped.Wonders().size());
+  Row("one tile of 100 pixels, all styles of the program", each, "60 a second", 1000.0 / 60, 1);
+
+  // Styles of tone modules alone.
+  templateSelector& bar = *window.myStylesBar;
+  bar.selectedCategory = 3;
+  bar.ChangedCategory(3);
+  std::vector<int> tone;
+  for (int i = 0; i < bar.Count(); ++i) {
+    if (bar.Item(i).Name == "Less Yellow" || bar.Item(i).Name == "Less Blue" ||
+        bar.Item(i).Name == "Less Green" || bar.Item(i).Name == "Softer Contrast") {
+      tone.push_back(i);
+    }
+  }
+  Row("a click on a style of tone modules until it shows, 95%",
+      Percentile95(
+          [&](int run) {
+            const int index = tone[static_cast<std::size_t>(run) % tone.size()];
+            bar.ScrollTo(index);
+            const QPoint at = bar.TileRect(index).center();
+            bar.MouseClick(at.x(), at.y());
+            QApplication::processEvents();
+          },
+          24),
+      "60 ms", 60, 1);
+  window.MenuAction("EditClearStyle");
+}
 
 void Rows(App& app, const std::string& photo, const std::string& program) {
   Editor editor(app);
@@ -125,6 +186,7 @@ void Rows(App& app, const std::string& photo, const std::string& program) {
   };
   Row("rotate by 90, 95%", Percentile95(turn, 20), "33 ms", 33, 0);
 
+  StyleRows(app, window);
   constexpr double kMega = 1024 * 1024;
   double opening = 1e9;
   for (int i = 0; i < 7; ++i) {

@@ -109,4 +109,7 @@ class templateSelector final : public QWidget {
   int hovered_ = -1;
 };
 
+/// Tells assistive tools of the bar's tiles; once.
+void InstallTemplateSelectorAccessibility();
+
 }  // namespace brivolant

@@ -90,6 +90,58 @@ TEST_F(CommandLine, RendersWhatTheProcessorRenders) {
   EXPECT_TRUE(Open("again.png").SameAs(Open("out.png")));
 }
 
+TEST_F(CommandLine, StylesAreListedMadeAppliedAndExtracted) {
+  const Outcome list = Cli({"styles", "list"});
+  EXPECT_EQ(list.code, 0);
+  EXPECT_THAT(list.out, HasSubstr("Vintage Camera\n"));
+  EXPECT_THAT(list.out, HasSubstr("  Golden Evening: "));
+  EXPECT_THAT(Cli({"styles", "info", "golden evening"}).out, HasSubstr("White Balance."));
+
+  const FolderItem source = folder.Write(
+      "mine.style", "name = Mine\ncategory = My Styles\n[top layer]\nLevels.Shadows = 40\n");
+  ASSERT_EQ(Cli({"styles", "make", source.ShellPath(), "-o", Path("mine.oneClick"), "--preview",
+                 image.ShellPath()})
+                .code,
+            0);
+  const QJsonObject info = Json(Cli({"styles", "info", Path("mine.oneClick"), "--json"}).out);
+  EXPECT_EQ(info.value(QStringLiteral("category")).toString(), QStringLiteral("My Styles"));
+  EXPECT_TRUE(info.value(QStringLiteral("preview")).toBool());
+  EXPECT_THAT(Cli({"styles", "list", folder.Item().ShellPath()}).out, HasSubstr("  Mine"));
+  ASSERT_EQ(Cli({"styles", "extract", Path("mine.oneClick"), "-o", Path("again.style")}).code, 0);
+  EXPECT_THAT(*ReadFile(folder.Child("again.style")), HasSubstr("Levels.Shadows = 40"));
+
+  // By file or by name, one photo or a folder of them; the same as its settings.
+  ASSERT_EQ(
+      Cli({"render", image.ShellPath(), "-o", Path("set.png"), "--set", "Levels.Shadows=40"}).code,
+      0);
+  ASSERT_EQ(
+      Cli({"render", image.ShellPath(), "-o", Path("file.png"), "--style", Path("mine.oneClick")})
+          .code,
+      0);
+  ASSERT_EQ(Cli({"styles", "apply", Path("mine.oneClick"), image.ShellPath(), second.ShellPath(),
+                 "--out-dir", Path("all"), "--jobs", "2"})
+                .code,
+            0);
+  EXPECT_TRUE(Open("file.png").SameAs(Open("set.png")));
+  EXPECT_TRUE(Open("all/photo.png").SameAs(Open("set.png")));
+  ASSERT_EQ(
+      Cli({"render", image.ShellPath(), "-o", Path("name.png"), "--style", "Classic Black & White"})
+          .code,
+      0);
+  EXPECT_EQ(Open("name.png").At(5, 5).Red, Open("name.png").At(5, 5).Blue);
+
+  const Outcome none =
+      Cli({"render", image.ShellPath(), "-o", Path("x.png"), "--style", "Nothing"});
+  EXPECT_EQ(none.code, 1);
+  EXPECT_THAT(none.err, HasSubstr("no style and no file called \"Nothing\""));
+  folder.Write("bad.oneClick", "QMBPonCW");
+  EXPECT_THAT(Cli({"styles", "info", Path("bad.oneClick")}).err, HasSubstr("\"bad.oneClick\""));
+  folder.Write("bad.style", "name = x\n[top layer]\nLevels.Shadows = dark\n");
+  EXPECT_THAT(Cli({"styles", "make", Path("bad.style"), "-o", Path("x.oneClick")}).err,
+              HasSubstr("Line 3"));
+  EXPECT_EQ(Cli({"styles", "make", source.ShellPath(), "-o", Path("x.jpg")}).code, 2);
+}
+
 TEST_F(CommandLine, ChanceRepeatsByItsSeed) {
   const auto render = [&](const char* name, const std::string& seed) {
     ASSERT_EQ(Cli({"render", image.ShellPath(), "-o", Path(name), "--set", "Confetti.StarCount=40",

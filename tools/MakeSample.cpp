@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Paints a landscape that is photographic enough to judge an effect by: a sky with clouds and a
-// low sun, hazy ridges, a lake with reflections, a red cabin, a meadow with flowers, and the
-// noise of a sensor. Every point is computed in fractions of the picture, so that any size shows
-// the same scene.
+// Paints a portrait, a street at night, or a landscape that is photographic enough to judge an
+// effect by: a sky with clouds and a low sun, hazy ridges, a lake with reflections, a red cabin, a
+// meadow with flowers, and the noise of a sensor. Every point is computed in fractions of the
+// picture, so that any size shows the same scene.
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -210,21 +210,112 @@ Rgb Scene(float x, float y) {
   return y < shore ? Lake(x, y) : Meadow(x, y);
 }
 
+/// A head and shoulders before lights out of focus, lit from the left.
+Rgb Portrait(float x, float y) {
+  const float aspect = 1.5F;
+  Rgb color =
+      Mix({0.16F, 0.22F, 0.20F}, {0.30F, 0.24F, 0.16F}, x + 0.2F * Fractal(x * 3, y * 3, 3, 301));
+  for (int i = 0; i < 46; ++i) {
+    const float cx = Random(i, 1, 302);
+    const float cy = Random(i, 2, 302) * 0.8F;
+    const float radius = 0.02F + 0.05F * Random(i, 3, 302);
+    const float distance = std::hypot((x - cx) * aspect, y - cy);
+    const Rgb light = Mix({1.0F, 0.75F, 0.35F}, {0.5F, 0.75F, 0.85F}, Random(i, 4, 302));
+    color = Mix(color, light, 0.4F * Random(i, 5, 302) * Step(radius, radius * 0.9F, distance));
+  }
+  // Shoulders in a knitted pullover.
+  const float u = (x - 0.5F) * aspect;
+  const float shoulder = 0.80F + 0.9F * u * u;
+  const float weave = 0.85F + 0.3F * Noise(u * 160, y * 120, 311);
+  if (y > shoulder) color = Times({0.20F, 0.28F, 0.46F}, weave * (1.05F - 0.5F * (u + 0.4F)));
+  const bool neck = std::abs(u) < 0.085F && y > 0.6F && y < shoulder + 0.05F;
+  const float face = std::hypot(u / 0.20F, (y - 0.44F) / 0.27F);
+  const float skin = Fractal(u * 60, y * 60, 4, 312);
+  if (neck || face < 1) {
+    const float light = std::clamp(0.78F - 1.4F * u + 0.25F * (0.44F - y), 0.25F, 1.05F);
+    const Rgb tone = Mix({0.90F, 0.66F, 0.52F}, {0.78F, 0.48F, 0.38F}, 0.5F * skin);
+    color = Times(tone, light * (neck && face >= 1 ? 0.7F : 1.0F));
+    const float cheek =
+        std::exp(-40 * (std::pow(std::abs(u) - 0.11F, 2.0F) + std::pow(y - 0.51F, 2.0F)));
+    color = Mix(color, Times({0.92F, 0.45F, 0.40F}, light), 0.3F * cheek);
+  }
+  for (const float side : {-0.075F, 0.075F}) {
+    const float eye = std::hypot((u - side) / 0.034F, (y - 0.42F) / 0.017F);
+    if (eye < 1)
+      color = Mix({0.93F, 0.91F, 0.88F}, {0.16F, 0.26F, 0.30F},
+                  Step(0.62F, 0.45F, std::hypot(u - side, y - 0.42F) / 0.025F));
+    const float brow = std::abs(y - 0.362F - 6 * (u - side) * (u - side));
+    if (std::abs(u - side) < 0.05F)
+      color = Mix(color, {0.22F, 0.13F, 0.08F}, Step(0.012F, 0.006F, brow));
+  }
+  const float mouth = std::hypot(u / 0.062F, (y - 0.575F + 3 * u * u) / 0.018F);
+  color = Mix(color, {0.62F, 0.22F, 0.22F}, 0.85F * Step(1.0F, 0.8F, mouth));
+  const float nose = std::hypot((u - 0.012F) / 0.02F, (y - 0.50F) / 0.03F);
+  color = Mix(color, Times(color, 0.75F), Step(1.0F, 0.4F, nose) * 0.7F);
+  // Hair: round the face, with strands.
+  const float hair = std::hypot(u / 0.25F, (y - 0.40F) / 0.33F);
+  const float parting = 0.30F + 0.10F * std::abs(u + 0.06F);
+  if (hair < 1 && (face >= 1 || y < parting) && y < 0.62F) {
+    const float strand = Fractal(u * 90 + 5 * y, y * 6, 4, 313);
+    color = Mix({0.12F, 0.07F, 0.04F}, {0.46F, 0.28F, 0.14F}, strand * (0.9F - u));
+  }
+  return color;
+}
+
+/// A street of houses at night: lit windows, lamps, and their light on a wet road.
+Rgb Night(float x, float y) {
+  constexpr float kStreet = 0.72F;
+  if (y > kStreet) {
+    const float down = (y - kStreet) / (1 - kStreet);
+    const float wave = Fractal(x * 40, down * 60, 3, 401) - 0.5F;
+    const Rgb mirrored =
+        Night(std::clamp(x + 0.02F * wave, 0.0F, 1.0F),
+              std::max(kStreet - 0.002F - (y - kStreet) * (1 + 0.8F * wave), 0.0F));
+    return Mix(Times(mirrored, 0.55F), {0.02F, 0.02F, 0.03F}, 0.3F + 0.4F * down);
+  }
+  Rgb color = Mix({0.01F, 0.02F, 0.06F}, {0.12F, 0.08F, 0.12F}, y / kStreet);
+  if (Random(static_cast<int>(x * 900), static_cast<int>(y * 600), 402) > 0.9985F)
+    color = {0.7F, 0.7F, 0.8F};
+  const int house = static_cast<int>(x * 9);
+  const float roof = 0.18F + 0.34F * Random(house, 0, 403);
+  if (y > roof) {
+    color = Times({0.10F, 0.08F, 0.09F}, 0.6F + 0.6F * Noise(x * 200, y * 140, 404));
+    const int column = static_cast<int>(x * 63);
+    const int row = static_cast<int>(y * 30);
+    const float wu = x * 63 - static_cast<float>(column);
+    const float wv = y * 30 - static_cast<float>(row);
+    const bool window = wu > 0.25F && wu < 0.75F && wv > 0.2F && wv < 0.8F && y > roof + 0.03F;
+    if (window) {
+      const bool lit = Random(column, row, 405) < 0.42F;
+      const Rgb warm = Mix({1.0F, 0.72F, 0.30F}, {0.85F, 0.85F, 0.70F}, Random(column, row, 406));
+      color = lit ? Times(warm, 0.6F + 0.4F * Random(column, row, 407)) : Rgb{0.03F, 0.04F, 0.07F};
+    }
+  }
+  for (int i = 0; i < 5; ++i) {
+    const float distance = std::hypot((x - 0.1F - 0.2F * static_cast<float>(i)) * 1.5F, y - 0.5F);
+    color = Mix(color, {1.0F, 0.86F, 0.55F},
+                std::min(0.95F * std::exp(-distance * 26) + Step(0.012F, 0.008F, distance), 1.0F));
+  }
+  return color;
+}
+
+using View = Rgb (*)(float x, float y);
+
 std::uint8_t Level(float value, float noise) {
   // Film-like shoulder, then the sRGB curve's power, then the sensor's noise.
   const float tone = std::pow(std::clamp(value, 0.0F, 1.2F) / 1.05F, 0.9F);
   return static_cast<std::uint8_t>(std::clamp(tone * 255 + noise, 0.0F, 255.0F));
 }
 
-Picture Paint(int width, int height) {
+Picture Paint(int width, int height, View view) {
   Picture picture = Picture::Uninitialized(width, height);
   const Pixels pixels = picture.Edit();
   brivolant::ParallelRows(height, 8, [&](int from, int to) {
     for (int y = from; y < to; ++y) {
       std::uint8_t* p = pixels.Row(y);
       for (int x = 0; x < width; ++x, p += 4) {
-        const Rgb color = Scene((static_cast<float>(x) + 0.5F) / static_cast<float>(width),
-                                (static_cast<float>(y) + 0.5F) / static_cast<float>(height));
+        const Rgb color = view((static_cast<float>(x) + 0.5F) / static_cast<float>(width),
+                               (static_cast<float>(y) + 0.5F) / static_cast<float>(height));
         const auto noise = [&](std::uint32_t channel) {
           return (Random(x, y, 200 + channel) + Random(x, y, 210 + channel) - 1) * 10.0F;
         };
@@ -244,10 +335,13 @@ int main(int argc, char** argv) {
   const int width = argc > 2 ? std::atoi(argv[2]) : 1800;
   const int height = argc > 3 ? std::atoi(argv[3]) : width * 2 / 3;
   if (argc < 2 || width < 1 || height < 1 || width > 30000 || height > 30000) {
-    std::fprintf(stderr, "usage: make-sample FILE.jpg [WIDTH [HEIGHT]]\n");
+    std::fprintf(stderr,
+                 "usage: make-sample FILE.jpg [WIDTH [HEIGHT [landscape|portrait|night]]]\n");
     return 2;
   }
-  const std::array<brivolant::EncodeImage, 1> image{{{Paint(width, height), 0.92}}};
+  const std::string_view name = argc > 4 ? argv[4] : "landscape";
+  const View view = name == "portrait" ? Portrait : name == "night" ? Night : Scene;
+  const std::array<brivolant::EncodeImage, 1> image{{{Paint(width, height, view), 0.92}}};
   const std::string error = brivolant::EncodeImageFile(FolderItem(argv[1]), "public.jpeg", image);
   if (error.empty()) return 0;
   std::fprintf(stderr, "make-sample: %s\n", error.c_str());

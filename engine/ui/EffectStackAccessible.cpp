@@ -155,6 +155,7 @@ class PanelItem final : public QAccessibleInterface,
         const auto& menu = Module()->Control(control_).Menu;
         const int chosen = value.ToInt();
         const bool known = menu && chosen >= 0 && chosen < static_cast<int>(menu->Children.size());
+        if (!menu) return ToQString(value.ToText());
         return known ? ToQString(menu->Children[static_cast<std::size_t>(chosen)].Text) : QString();
       }
       default:

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The bar of 1-Click styles in the real window, the editor of a style, and installing by opening.
+#include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
 #include <QContextMenuEvent>
@@ -142,6 +143,25 @@ TEST_F(StyleBar, CategoriesKeysAndWheelReachEveryTile) {
   program.Window().PreviewTitle->Click(*piece);
   Settle();
   EXPECT_TRUE(Bar().isVisible());
+}
+
+TEST_F(StyleBar, AssistiveToolsReadAndPressTiles) {
+  QAccessibleInterface* bar = QAccessible::queryAccessibleInterface(&Bar());
+  ASSERT_NE(bar, nullptr);
+  EXPECT_EQ(bar->role(), QAccessible::List);
+  EXPECT_EQ(bar->childCount(), 6 + Bar().Count());
+  EXPECT_EQ(bar->child(0)->text(QAccessible::Name), QStringLiteral("Quill Favorites"));
+  EXPECT_TRUE(bar->child(0)->state().checked);
+  const int last = bar->childCount() - 1;
+  bar->child(last)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(Bar().SelectedItem, Bar().Count() - 1);
+  EXPECT_TRUE(bar->child(last)->state().selected);
+  EXPECT_EQ(bar->child(last)->text(QAccessible::Description).toStdString(),
+            Store().item(Bar().Count() - 1)->Description());
+  bar->child(2)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(Store().currentCategory, 2);
+  EXPECT_EQ(bar->indexOfChild(bar->child(7)), 7);
+  EXPECT_EQ(bar->child(500), nullptr);
 }
 
 TEST_F(StyleBar, TilesShowTheOpenPhotoAndHoverShowsItLarge) {
