@@ -102,6 +102,8 @@ void MainWindow::WireProcessor() {
   myProcessor->UpdateFinished = [this] {
     if (ShownProgress) app_.Progress().hide();
     ShownProgress = false;
+    // A new preview is what is to be seen now, wherever the pointer rests.
+    HoverStyle(-1);
     RefreshTiles();
   };
   myProcessor->SelectedEffectChanged = [this] { SelectedEffectChanged(); };

@@ -33,35 +33,47 @@ Picture Repeated(const Picture& tile, int margin) {
   return repeated;
 }
 
-/// The relief of a texture at `own` times its size, with kMargin pixels around.
-Picture Relief(const Picture& texture, double own) {
-  const int w = std::max(static_cast<int>(texture.Width() * own), 1);
-  const int h = std::max(static_cast<int>(texture.Height() * own), 1);
-  // How much of the texture a pixel of the tile is made of.
-  const double across = 1.0 * texture.Width() / w;
-  const double down = 1.0 * texture.Height() / h;
-  const int margin = static_cast<int>(kMargin * std::max(across, down)) + 2;
+/// The size of a texture's relief in pixels of the reference.
+struct ReliefSize {
+  ReliefSize(const Picture& texture, double own)
+      : width(std::max(static_cast<int>(texture.Width() * own), 1)),
+        height(std::max(static_cast<int>(texture.Height() * own), 1)) {}
+  int width;
+  int height;
+};
+
+/// The top left `across` by `down` pixels of the relief, with kMargin pixels around.
+Picture Relief(const Picture& texture, const ReliefSize& size, int across, int down) {
+  // How much of the texture a pixel of the relief is made of.
+  const double stepX = 1.0 * texture.Width() / size.width;
+  const double stepY = 1.0 * texture.Height() / size.height;
+  const int margin = static_cast<int>(kMargin * std::max(stepX, stepY)) + 2;
   const Picture around = Repeated(texture, margin);
-  Picture scaled = Picture::Uninitialized(w + 2 * kMargin, h + 2 * kMargin);
+  Picture scaled = Picture::Uninitialized(std::min(across, size.width) + 2 * kMargin,
+                                          std::min(down, size.height) + 2 * kMargin);
   if (around.IsNil() || scaled.IsNil()) return {};
   kernels::Scale(around.View(),
-                 {margin - kMargin * across, margin - kMargin * down, scaled.Width() * across,
-                  scaled.Height() * down},
+                 {margin - kMargin * stepX, margin - kMargin * stepY, scaled.Width() * stepX,
+                  scaled.Height() * stepY},
                  scaled.Edit());
   // Detail of single pixels would come out fainter the more it is enlarged.
   return ConvolutionEffect().Blur(ConvolutionEffect().Emboss(std::move(scaled)));
 }
 
-/// Lays a relief with its margin over the whole target, each time `width` by `height` pixels.
-void LayTiles(const Picture& relief, int width, int height, Picture& target) {
+/// Covers the target with the relief, `enlarge` pixels for one.
+void LayTiles(const Picture& texture, const ReliefSize& size, double enlarge, Picture& target) {
+  const int width = std::max(static_cast<int>(size.width * enlarge), 1);
+  const int height = std::max(static_cast<int>(size.height * enlarge), 1);
   // Of a tile larger than the picture only what shows is made.
   const int w = std::min(width, target.Width());
   const int h = std::min(height, target.Height());
+  const double stepX = 1.0 * size.width / width;
+  const double stepY = 1.0 * size.height / height;
+  const Picture relief = Relief(texture, size, static_cast<int>(w * stepX) + kMargin,
+                                static_cast<int>(h * stepY) + kMargin);
   Picture tile = Picture::Uninitialized(w, h);
-  if (tile.IsNil()) return;
-  const double across = 1.0 * (relief.Width() - 2 * kMargin) / width;
-  const double down = 1.0 * (relief.Height() - 2 * kMargin) / height;
-  kernels::Scale(relief.View(), {kMargin, kMargin, w * across, h * down}, tile.Edit());
+  if (relief.IsNil() || tile.IsNil()) return;
+  kernels::Scale(relief.View(), {kMargin, kMargin, w * stepX, h * stepY}, tile.Edit());
   for (int y = 0; y < target.Height(); y += height) {
     for (int x = 0; x < target.Width(); x += width) {
       kernels::Compose(target.Edit(), tile.View(), {}, x, y);
@@ -144,13 +156,9 @@ void EffectModuleTexture::ApplyEffect(Picture& picture, double scale) {
     // out at full size it would be fainter in an export than in the preview.
     constexpr double kLargest = 10;
     const double own = std::clamp(std::abs(static_cast<double>(Scale)), 0.01, kLargest);
-    const Picture relief = Relief(LoadedTexture, own);
     fill = Picture::Uninitialized(w, h);
-    if (fill.IsNil() || relief.IsNil()) return;
-    const auto side = [&](int length) {
-      return std::max(static_cast<int>(length * own * scale), 1);
-    };
-    LayTiles(relief, side(LoadedTexture.Width()), side(LoadedTexture.Height()), fill);
+    if (fill.IsNil()) return;
+    LayTiles(LoadedTexture, ReliefSize(LoadedTexture, own), scale, fill);
   }
   if (fill.IsNil()) return;
   BlendEffect blender;
