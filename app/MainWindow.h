@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QImage>
 #include <QTimer>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -287,8 +289,9 @@ class MainWindow final : public ifkWindow {
   QTimer settleTimer_;
   std::unique_ptr<StyleTiles> tiles_;
   std::unique_ptr<StyleTiles> hoverTile_;
-  /// Of which the tiles are.
+  /// Of which the tiles are, and those that are ready by the styles' IDs.
   Picture tilesOf_;
+  std::map<std::string, QImage> readyTiles_;
   /// The style that the photo is shown in for as long as the pointer rests on it.
   std::string hoverID_;
   QTimer folderTimer_;

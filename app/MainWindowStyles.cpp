@@ -55,11 +55,11 @@ void MainWindow::WireStyles() {
   myStylesBar->Scrolled = [this] { OrderTiles(); };
   tiles_ = std::make_unique<StyleTiles>(app_.Services());
   tiles_->Ready = [this](const std::string& id, const Picture& tile) {
+    QImage image = ImageFromPicture(tile);
+    image.setDevicePixelRatio(devicePixelRatioF());
+    readyTiles_[id] = image;
     for (int i = 0; i < myStylesBar->Count(); ++i) {
-      if (myStylesBar->Item(i).Tag != id) continue;
-      QImage image = ImageFromPicture(tile);
-      image.setDevicePixelRatio(devicePixelRatioF());
-      myStylesBar->Preview(i, image);
+      if (myStylesBar->Item(i).Tag == id) myStylesBar->Preview(i, image);
     }
   };
   hoverTile_ = std::make_unique<StyleTiles>(app_.Services());
@@ -101,8 +101,10 @@ void MainWindow::updateStylesList() {
   myStylesBar->SelectedItem = -1;
   for (int i = 0; i < store.Count(); ++i) {
     const auto style = store.item(i);
-    myStylesBar->Add(style->Name(), ImageFromPicture(style->Preview()), style->Name(), style->ID,
-                     true, style->Description());
+    const auto ready = readyTiles_.find(style->ID);
+    const QImage shown =
+        ready == readyTiles_.end() ? ImageFromPicture(style->Preview()) : ready->second;
+    myStylesBar->Add(style->Name(), shown, style->Name(), style->ID, true, style->Description());
     if (style->ID == selected) myStylesBar->SelectedItem = i;
   }
   myStylesBar->updateScrollBar();
@@ -118,6 +120,7 @@ void MainWindow::RefreshTiles() {
   const Picture& base = document_->PreviewBase;
   if (base.IsNil() || base.SharesPixelsWith(tilesOf_)) return;
   tilesOf_ = base;
+  readyTiles_.clear();
   const int side = static_cast<int>(templateSelector::kPicture * devicePixelRatioF());
   tiles_->Photo(SharedPictureEffects::Scale(base, side, side, SharedPictureEffects::kScaleToFit),
                 myProcessor->Seed());

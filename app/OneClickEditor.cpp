@@ -87,6 +87,7 @@ oneClickEditor::oneClickEditor(App& app, QWidget* parent)
   column->addLayout(above);
   column->addLayout(buttons);
   setMinimumWidth(kWidth);
+  for (QLabel* label : findChildren<QLabel*>()) label->setMinimumHeight(kFieldHeight);
 
   connect(name, &QLineEdit::textEdited, this, [this](const QString& text) {
     mName_[languagemenu->currentIndex()] = text.toStdString();

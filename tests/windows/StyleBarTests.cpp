@@ -177,6 +177,11 @@ TEST_F(StyleBar, TilesShowTheOpenPhotoAndHoverShowsItLarge) {
   program.Document().Dirty = false;
   program.OpenPhoto(program.Photo("other.png", 500, 500));
   EXPECT_TRUE(shows(program.Document().PreviewBase));
+  // They are kept while other categories are looked at.
+  const QImage ready = Bar().Item(2).Preview;
+  Click(Bar(), Row(1));
+  Click(Bar(), Row(0));
+  EXPECT_EQ(Bar().Item(2).Preview, ready);
   // Resting on a tile shows the photo in that style; nothing else changes.
   const std::string before = program.Processor().StyleData();
   const QImage plain = program.Display().Buffer().copy();

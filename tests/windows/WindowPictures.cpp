@@ -3,12 +3,14 @@
 // what a machine can see of them.
 #include <QApplication>
 #include <QDir>
+#include <QLineEdit>
 #include <QPixmap>
 #include <QTest>
 
 #include "WindowHelpers.h"
 #include "app/AboutBox.h"
 #include "app/CropEditor.h"
+#include "app/OneClickEditor.h"
 #include "app/PreferencesWindow.h"
 #include "app/ToolButtons.h"
 #include "app/WelcomePage.h"
@@ -16,6 +18,7 @@
 #include "kit/Appearance.h"
 #include "kit/ifkColors.h"
 #include "kit/ifkFontComboBox.h"
+#include "kit/templateSelector.h"
 
 namespace brivolant::test {
 namespace {
@@ -99,6 +102,23 @@ TEST(WindowPictures, OfTextAndTheMenuOfFonts) {
   });
   const std::string kept = menu.Popup(10, 10, 180, "DejaVu Sans Mono");
   EXPECT_EQ(kept, "DejaVu Sans Mono");
+}
+
+TEST(WindowPictures, OfTheStylesAndTheirEditor) {
+  Program program;
+  program.OpenPhoto(Sample(program));
+  templateSelector& bar = *program.Window().myStylesBar;
+  Click(bar, {40, templateSelector::kTop + 4 * templateSelector::kRow + 8});
+  Click(bar, bar.TileRect(1).center());
+  Move(bar, bar.TileRect(3).center());
+  Take(program.Window(), QStringLiteral("styles"));
+  EXPECT_EQ(bar.SelectedItem, 1);
+  OneClickWonder style = program.app->Styles().item(1)->Clone();
+  oneClickEditor editor(*program.app, &program.Window());
+  editor.Fill(style, {});
+  editor.show();
+  Take(editor, QStringLiteral("style-editor"));
+  EXPECT_EQ(editor.name->text().toStdString(), style.Name());
 }
 
 TEST(WindowPictures, OfTheCropAndItsPalette) {
