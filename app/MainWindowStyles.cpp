@@ -53,7 +53,7 @@ void MainWindow::WireStyles() {
   myStylesBar->ContextMenu = [this](int index, const QPoint& at) { StyleMenu(index, at); };
   myStylesBar->Hovered = [this](int index) { HoverStyle(index); };
   myStylesBar->Scrolled = [this] { OrderTiles(); };
-  tiles_ = std::make_unique<StyleTiles>(app_.Services());
+  tiles_ = std::make_unique<StyleTiles>();
   tiles_->Ready = [this](const std::string& id, const Picture& tile) {
     QImage image = ImageFromPicture(tile);
     image.setDevicePixelRatio(devicePixelRatioF());
@@ -62,7 +62,7 @@ void MainWindow::WireStyles() {
       if (myStylesBar->Item(i).Tag == id) myStylesBar->Preview(i, image);
     }
   };
-  hoverTile_ = std::make_unique<StyleTiles>(app_.Services());
+  hoverTile_ = std::make_unique<StyleTiles>();
   hoverTile_->Ready = [this](const std::string& id, const Picture& shown) {
     if (id == hoverID_) MyDisplay->ShowInstead(shown);
   };

@@ -11,15 +11,6 @@
 #include "platform/pictures/Parallel.h"
 
 namespace brivolant {
-namespace {
-
-class Silent final : public Log, public Dialogs {
- public:
-  void Write(std::string_view) override {}
-  void Message(const std::string&, const std::string&) override {}
-};
-
-}  // namespace
 
 /// What the threads share. They hold it as long as they run, whatever becomes of the object.
 struct StyleTiles::Work {
@@ -31,11 +22,9 @@ struct StyleTiles::Work {
   std::deque<Order> orders;
   std::set<std::string> taken;
   int running = 0;
-  bool ended = false;
 };
 
-StyleTiles::StyleTiles(const Services& services)
-    : services_(services), work_(std::make_shared<Work>()), pool_(std::make_unique<QThreadPool>()) {
+StyleTiles::StyleTiles() : work_(std::make_shared<Work>()), pool_(std::make_unique<QThreadPool>()) {
   // A tile is drawn between two frames of the window, never instead of one.
   pool_->setThreadPriority(QThread::LowPriority);
 }
@@ -43,7 +32,6 @@ StyleTiles::StyleTiles(const Services& services)
 StyleTiles::~StyleTiles() {
   {
     const std::lock_guard lock(work_->mutex);
-    work_->ended = true;
     work_->orders.clear();
   }
   pool_->waitForDone();
@@ -82,15 +70,11 @@ void StyleTiles::Start() {
       std::min(static_cast<int>(work_->orders.size()), pool_->maxThreadCount() - work_->running);
   for (int i = 0; i < wanted; ++i) {
     ++work_->running;
-    pool_->start([this, work = work_, services = services_] {
+    pool_->start([this, work = work_] {
       // Services of this thread's own: those of the window belong to its thread.
       const ThreadLimit one(1);
-      Silent silent;
-      SystemRandom random(1);
-      LazyTemporaryFiles files(random);
-      SystemClock clock;
-      const Services own{silent, silent, services.UserDetails, files, clock, random};
-      brivolantProcessorLite processor(EffectRegistry(), own);
+      const QuietServices own;
+      brivolantProcessorLite processor(EffectRegistry(), own.All());
       processor.Startup();
       for (;;) {
         Order order;

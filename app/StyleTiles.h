@@ -11,7 +11,6 @@
 #include <vector>
 
 #include "platform/pictures/Picture.h"
-#include "platform/services/Services.h"
 
 class QThreadPool;
 
@@ -28,8 +27,7 @@ class StyleTiles final : public QObject {
     std::string StyleData;
   };
 
-  /// `services` must outlive the object; nothing of them but the log is used.
-  explicit StyleTiles(const Services& services);
+  StyleTiles();
   ~StyleTiles() override;
 
   /// The photo from now on. Nil ends all work.
@@ -47,7 +45,6 @@ class StyleTiles final : public QObject {
   struct Work;
   void Start();
 
-  Services services_;
   std::shared_ptr<Work> work_;
   std::unique_ptr<QThreadPool> pool_;
 };

@@ -22,12 +22,6 @@ constexpr int kPreviewHeight = 1000;
 constexpr int kLow = 10;
 constexpr int kHigh = 100;
 
-class Silent final : public Log, public Dialogs {
- public:
-  void Write(std::string_view) override {}
-  void Message(const std::string&, const std::string&) override {}
-};
-
 /// Positions of the sliders, and one menu's item.
 struct Choice {
   int sliders = -1;
@@ -173,12 +167,8 @@ int main(int argc, char** argv) {
     return 2;
   }
   const std::string scratch = argv[1];
-  Silent silent;
-  StoredUserDetails user(silent);
-  SystemRandom random(1);
-  LazyTemporaryFiles files(random);
-  SystemClock clock;
-  const Services services{silent, silent, user, files, clock, random};
+  const QuietServices quiet;
+  const Services& services = quiet.All();
   std::string error;
   const Picture photo =
       ImageIO::OpenAsPictureUsingImageIO(FolderItem(scratch).Child("photo.jpg"), error);

@@ -22,12 +22,6 @@ namespace {
 
 constexpr int kRounds = 7;
 
-class Silent final : public Log, public Dialogs {
- public:
-  void Write(std::string_view) override {}
-  void Message(const std::string&, const std::string&) override {}
-};
-
 struct Context {
   explicit Context(const std::string& jpeg) : file(jpeg) {
     picture = std::move(Decoded()->Pixels);
@@ -248,12 +242,8 @@ int main(int argc, char** argv) {
   Context context(argv[1]);
   const VipsPeer vips(context.picture, argv[0]);
   const OpenCvPeer opencv(context.picture);
-  Silent silent;
-  StoredUserDetails user(silent);
-  SystemRandom random(1);
-  LazyTemporaryFiles files(random);
-  SystemClock clock;
-  const Services services{silent, silent, user, files, clock, random};
+  const QuietServices quiet;
+  const Services& services = quiet.All();
   Heading();
   CodecRows(context, argv[3]);
   ToneRows(context, opencv);

@@ -87,7 +87,7 @@ void StyleRows(App& app, MainWindow& window) {
 
   const Picture photo = SharedPictureEffects::Scale(window.Document()->PreviewBase, 100, 100,
                                                     SharedPictureEffects::kScaleToFit);
-  StyleTiles tiles(app.Services());
+  StyleTiles tiles;
   std::size_t ready = 0;
   tiles.Ready = [&ready](const std::string&, const Picture&) { ++ready; };
   const auto render = [&] {

@@ -214,6 +214,7 @@ void templateSelector::wheelEvent(QWheelEvent* event) {
 void templateSelector::keyPressEvent(QKeyEvent* event) {
   const int categories = static_cast<int>(Catergory.size());
   const auto move = [this](int to) {
+    if (items_.empty()) return;
     focused_ = std::clamp(to, 0, Count() - 1);
     ScrollTo(focused_);
     update();

@@ -12,15 +12,9 @@
 #include "Helpers.h"
 #include "effects/EffectRegistry.h"
 #include "engine/brivolantProcessorLite.h"
-#include "engine/pictures/AdvancedGraphics.h"
 #include "engine/pictures/ColorEffects.h"
 #include "engine/pictures/ConvolutionEffect.h"
-#include "engine/pictures/PictureEffects.h"
-#include "engine/pictures/ShapeStamp.h"
 #include "engine/pictures/SharedPictureEffects.h"
-#include "engine/pictures/TextureRenderer.h"
-#include "platform/pictures/kernels/ColorKernels.h"
-#include "platform/pictures/kernels/ConvolveKernels.h"
 #include "platform/pictures/kernels/LookKernels.h"
 
 namespace brivolant::test {
@@ -29,7 +23,6 @@ namespace {
 using testing::ElementsAre;
 
 constexpr Color kOrange{255, 128, 0};
-constexpr Color kPink{255, 0, 200};
 
 /// A module of the foreground by its display name, enabled with its reset settings.
 struct Looks : TestServices {
@@ -497,155 +490,6 @@ TEST(Settings, MenusAndWellsRoundTripThroughTheirRows) {
   ASSERT_EQ(tint.Control(0).Type, kControlColorWell);
   tint.ControlValue(0, Color{1, 2, 3});
   EXPECT_EQ(tint.Settings().Value("useColor").ToColor(), (Color{1, 2, 3}));
-}
-
-TEST(HueRanges, ChangeTheirOwnColorsAlone) {
-  // Of two neighbours one fades in as the other fades out.
-  for (int hue = -30; hue < 400; hue += 5) {
-    double sum = 0;
-    for (int range = 0; range < kernels::kHueRanges; ++range) {
-      sum += kernels::ShareOfRange(range, hue);
-    }
-    EXPECT_NEAR(sum, 1, 1e-9) << hue;
-  }
-  EXPECT_EQ(kernels::ShareOfRange(0, 350), 1);
-  EXPECT_EQ(kernels::ShareOfRange(0, 60), 0);
-  HueSaturation shift;
-  shift.Hue(5, 120);  // blues become reds
-  shift.Saturation(3, -200);
-  shift.Lightness(0, 0);
-  const auto changed = [&](Color color) {
-    return shift.ApplyEffect(PlainPicture(3, 2, color)).At(1, 1);
-  };
-  EXPECT_EQ(changed({0, 0, 200}), (Color{200, 0, 0}));
-  EXPECT_EQ(changed({200, 0, 0}), (Color{200, 0, 0}));
-  EXPECT_EQ(changed({0, 100, 0}), (Color{50, 50, 50}));
-  EXPECT_EQ(changed({90, 90, 90}), (Color{90, 90, 90}));
-  // The first channel works on all, with the ranges on top; the plain form agrees where there are
-  // none.
-  const Picture photo = TestPicture(40, 30);
-  HueSaturation all(30, 40, -10);
-  HueSaturation same;
-  for (int range = 1; range <= kernels::kHueRanges; ++range) same.Hue(range, 30);
-  same.Saturation(0, 40);
-  same.Lightness(0, -10);
-  EXPECT_LE(LargestDifference(all.ApplyEffect(photo), same.ApplyEffect(photo)), 1);
-  same.Reset();
-  EXPECT_TRUE(same.ApplyEffect(photo).SameAs(photo));
-  EXPECT_THROW(same.Hue(7, 1), std::out_of_range);
-}
-
-TEST(TextureRenderers, MixPatternAndSourceByTheirLevels) {
-  const Picture photo = TestPicture(90, 70);
-  TextureRenderer renderer;
-  const std::array<Picture, 5> drawn{renderer.RenderClouds(photo), renderer.RenderWood(photo),
-                                     renderer.RenderMarble(photo), renderer.RenderTextile(photo),
-                                     renderer.RenderLabyrinth(photo)};
-  for (std::size_t i = 0; i < drawn.size(); ++i) {
-    EXPECT_GT(LargestDifference(drawn.at(i), photo), 20) << i;
-    for (std::size_t k = 0; k < i; ++k) {
-      EXPECT_GT(LargestDifference(drawn.at(i), drawn.at(k)), 20) << i << k;
-    }
-  }
-  EXPECT_TRUE(renderer.RenderClouds(photo).SameAs(drawn[0]));
-  renderer.Seed = 2;
-  EXPECT_FALSE(renderer.RenderClouds(photo).SameAs(drawn[0]));
-  EXPECT_FALSE(renderer.RenderWood(photo, nullptr, 5).SameAs(renderer.RenderWood(photo)));
-  // Half and half lies between half of the source and all of it.
-  renderer.OriginalLevel = 1;
-  renderer.TextureLevel = 0;
-  double done = 0;
-  renderer.ProgressHandler = [&done](double share) { done = share; };
-  EXPECT_EQ(LargestDifference(renderer.RenderMarble(photo), photo), 0);
-  EXPECT_EQ(done, 1);
-  renderer.OriginalLevel = 0;
-  renderer.TextureLevel = 1;
-  renderer.UseTextureColor = true;
-  renderer.TextureColor = {0, 0, 250};
-  const Picture blue = renderer.RenderClouds(photo);
-  int most = 0;
-  for (int y = 0; y < 70; ++y) {
-    for (int x = 0; x < 90; ++x) {
-      ASSERT_EQ(blue.At(x, y).Red, 0);
-      most = std::max<int>(most, blue.At(x, y).Blue);
-    }
-  }
-  EXPECT_GT(most, 130);
-  const Plane none(90, 70, 255);
-  EXPECT_EQ(LargestDifference(renderer.RenderClouds(photo, &none), photo), 0);
-  EXPECT_TRUE(renderer.RenderWood({}).IsNil());
-}
-
-TEST(ConvolveKernels, AgreeWithTheSumOfNine) {
-  const std::array<kernels::Convolution3x3, 6> matrices{{
-      {{0, -2, 0, -2, 11, -2, 0, -2, 0}, 3, 0},
-      {{1, 1, 1, 0, 0, 0, -1, -1, -1}, 1, 127},
-      {{1, 2, 1, 2, 4, 2, 1, 2, 1}, 16, 0},
-      {{-1, -1, -1, -1, 9, -1, -1, -1, -1}, 1, 0},
-      {{-1, 0, -1, 0, 4, 0, -1, 0, -1}, 1, 127},
-      // Too large for 16 bits.
-      {{900, 0, 0, 0, -800, 0, 0, 0, 20}, 100, 5},
-  }};
-  for (const auto& size : {std::pair{1, 1}, {2, 3}, {9, 4}, {40, 17}, {67, 5}}) {
-    const Picture photo = TestPicture(size.first, size.second);
-    Picture out = Picture::Uninitialized(size.first, size.second);
-    for (const kernels::Convolution3x3& matrix : matrices) {
-      kernels::Convolve(photo.View(), out.Edit(), matrix);
-      for (int y = 0; y < size.second; ++y) {
-        for (int x = 0; x < size.first; ++x) {
-          double sum = 0;
-          for (int i = 0; i < 9; ++i) {
-            const int px = std::clamp(x + i % 3 - 1, 0, size.first - 1);
-            const int py = std::clamp(y + i / 3 - 1, 0, size.second - 1);
-            sum += matrix.weights.at(static_cast<std::size_t>(i)) * photo.At(px, py).Green;
-          }
-          const double level =
-              std::clamp(std::round(sum / matrix.divisor) + matrix.offset, 0.0, 255.0);
-          ASSERT_EQ(out.At(x, y).Green, level) << size.first << ' ' << x << ' ' << y;
-        }
-      }
-      ASSERT_EQ(out.View().Row(0)[3], 255);
-    }
-  }
-}
-
-TEST(Stamps, LayShapeAndShadowOnTheirRowsAlone) {
-  const ShapeStamp stamp(20, 10, 1, ShapeStamp::Shadow{4, 4},
-                         [](AdvancedGraphics& g, int x, int y) {
-                           g.DrawRect(AdvancedGraphicsModule::MakeCGRect(
-                                          static_cast<float>(x), static_cast<float>(y), 20, 10),
-                                      kFill);
-                         });
-  const Picture plain = PlainPicture(61, 50, kWhite);
-  Picture laid = plain;
-  stamp.Lay(laid.Edit(), kPink, 15, 12, 0, 50);
-  EXPECT_EQ(laid.At(15, 12), kPink);
-  EXPECT_EQ(laid.At(34, 21), kPink);
-  EXPECT_EQ(laid.At(14, 5), kWhite);
-  const Color shadow = laid.At(25, 23);
-  EXPECT_LT(shadow.Red, 230);
-  EXPECT_EQ(shadow.Red, shadow.Green);
-  EXPECT_EQ(laid.At(25, 40), kWhite);
-  // In bands it is the same; beyond the borders it is cut.
-  Picture banded = plain;
-  for (int row = 0; row < 50; row += 7) {
-    if (stamp.Touches(12, row, row + 7)) stamp.Lay(banded.Edit(), kPink, 15, 12, row, row + 7);
-  }
-  EXPECT_TRUE(banded.SameAs(laid));
-  for (const auto& [x, y] : {std::pair{-15, -5}, {55, 45}, {-400, 0}, {0, 400}}) {
-    Picture cut = plain;
-    stamp.Lay(cut.Edit(), kPink, x, y, 0, 50);
-    EXPECT_EQ(cut.At(60 * (x < 0), 0 + 49 * (y < 0)), kWhite);
-  }
-  // Half an opacity is half the colour.
-  const ShapeStamp half(20, 10, 0.5, std::nullopt, [](AdvancedGraphics& g, int x, int y) {
-    g.DrawRect(
-        AdvancedGraphicsModule::MakeCGRect(static_cast<float>(x), static_cast<float>(y), 20, 10),
-        kFill);
-  });
-  Picture light = plain;
-  half.Lay(light.Edit(), kBlack, 15, 12, 0, 50);
-  EXPECT_NEAR(light.At(20, 15).Green, 127, 1);
 }
 
 }  // namespace

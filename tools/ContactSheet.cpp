@@ -21,12 +21,6 @@ constexpr int kLabel = 22;
 constexpr int kLow = 15;
 constexpr int kHigh = 85;
 
-class Silent final : public Log, public Dialogs {
- public:
-  void Write(std::string_view) override {}
-  void Message(const std::string&, const std::string&) override {}
-};
-
 struct Look {
   const char* name;
   /// Position of all sliders; -1 leaves the reset settings.
@@ -99,12 +93,8 @@ bool WriteSheet(const Picture& photo, const Services& services, const std::strin
 }
 
 int Run(const std::string& file, const std::string& folder) {
-  Silent silent;
-  StoredUserDetails user(silent);
-  SystemRandom random(1);
-  LazyTemporaryFiles files(random);
-  SystemClock clock;
-  const Services services{silent, silent, user, files, clock, random};
+  const QuietServices quiet;
+  const Services& services = quiet.All();
   std::string error;
   const Picture photo = ImageIO::OpenAsPictureUsingImageIO(FolderItem(file), error);
   if (photo.IsNil()) {

@@ -20,14 +20,6 @@ constexpr int kLabel = 22;
 /// Styles beside one another.
 constexpr int kAcross = 2;
 
-class Silent final : public Log, public Dialogs {
- public:
-  void Write(std::string_view line) override {
-    std::fprintf(stderr, "%.*s\n", static_cast<int>(line.size()), line.data());
-  }
-  void Message(const std::string&, const std::string&) override {}
-};
-
 int Run(const FolderItem& styles, const FolderItem& folder, const std::vector<Picture>& photos,
         const Services& services) {
   OneClickWonderStorage storage(services);
@@ -78,12 +70,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "usage: style-sheet STYLES FOLDER PHOTO...\n");
     return 2;
   }
-  Silent silent;
-  StoredUserDetails user(silent);
-  SystemRandom random(1);
-  LazyTemporaryFiles files(random);
-  SystemClock clock;
-  const Services services{silent, silent, user, files, clock, random};
+  const QuietServices quiet;
   std::vector<Picture> photos;
   for (int i = 3; i < argc; ++i) {
     std::string error;
@@ -93,5 +80,5 @@ int main(int argc, char** argv) {
       return 1;
     }
   }
-  return Run(FolderItem(argv[1]), FolderItem(argv[2]), photos, services);
+  return Run(FolderItem(argv[1]), FolderItem(argv[2]), photos, quiet.All());
 }

@@ -52,4 +52,8 @@ FolderItem LazyTemporaryFiles::Child(std::string_view name) {
   return configured_ ? files_.Child(name) : FolderItem();
 }
 
+QuietServices::QuietServices(std::uint64_t seed)
+    : user_(silent_), random_(seed), files_(random_), all_{silent_, silent_, user_,
+                                                           files_,  clock_,  random_} {}
+
 }  // namespace brivolant

@@ -35,4 +35,28 @@ class LazyTemporaryFiles final : public TemporaryFiles {
   bool configured_ = false;
 };
 
+/// Services of one worker that tells nobody anything: for threads and programs without a window.
+class QuietServices {
+ public:
+  /// Dice follow from the seed.
+  explicit QuietServices(std::uint64_t seed = 1);
+  QuietServices(const QuietServices&) = delete;
+  QuietServices& operator=(const QuietServices&) = delete;
+
+  const Services& All() const { return all_; }
+
+ private:
+  class Silent final : public Log, public Dialogs {
+   public:
+    void Write(std::string_view) override {}
+    void Message(const std::string&, const std::string&) override {}
+  };
+  Silent silent_;
+  StoredUserDetails user_;
+  SystemRandom random_;
+  LazyTemporaryFiles files_;
+  SystemClock clock_;
+  Services all_;
+};
+
 }  // namespace brivolant

@@ -17,15 +17,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "usage: refresh-golden FOLDER [EFFECT-CLASS]\n");
     return 2;
   }
-  struct Silent final : public Log, public Dialogs {
-    void Write(std::string_view) override {}
-    void Message(const std::string&, const std::string&) override {}
-  } silent;
-  StoredUserDetails user(silent);
-  SystemRandom random(1);
-  LazyTemporaryFiles files(random);
-  SystemClock clock;
-  const Services services{silent, silent, user, files, clock, random};
+  const QuietServices quiet;
   const FolderItem folder(argv[1]);
   auto source = ImageSource::Open(folder.Child("input.png"));
   auto input = source ? (*source)->Decode(0) : Expected<DecodedImage>::Failure(source.error);
@@ -33,7 +25,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "%s\n", input.error.c_str());
     return 1;
   }
-  for (const GoldenRender& render : RenderGolden(input->Pixels, services)) {
+  for (const GoldenRender& render : RenderGolden(input->Pixels, quiet.All())) {
     if (argc == 3 && render.name != argv[2]) continue;
     const std::array<EncodeImage, 1> image{{{render.picture, 1}}};
     const std::string error =

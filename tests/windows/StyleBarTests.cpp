@@ -13,9 +13,12 @@
 
 #include "WindowHelpers.h"
 #include "app/OneClickEditor.h"
+#include "app/StyleTiles.h"
+#include "app/core/ApplicationServices.h"
 #include "effects/EffectRegistry.h"
 #include "effects/styles/OneClickWonderStorage.h"
 #include "effects/styles/StyleSource.h"
+#include "engine/pictures/PictureEffects.h"
 #include "kit/DesktopServices.h"
 #include "kit/ifkButton.h"
 #include "kit/ifkSegmentView.h"
@@ -299,6 +302,111 @@ TEST_F(StyleBar, AFileIsInstalledByOpeningOrDropping) {
     AskMenu(Bar().Count() - 1, "EDIT");
     EXPECT_THAT(program.dialogs.questions.back().Message, HasSubstr("Editing of"));
   }
+}
+
+TEST(Tiles, ComeInOrderOnceAndEndWithTheirPhoto) {
+  const QuietServices quiet;
+  brivolantProcessorLite processor(EffectRegistry(), quiet.All());
+  processor.Startup();
+  const std::string plain = processor.StyleData();
+  processor.item(22)->Enabled(true);
+  const std::string inverse = processor.StyleData();
+  StyleTiles tiles;
+  std::vector<std::string> ready;
+  Picture last;
+  tiles.Ready = [&](const std::string& id, const Picture& tile) {
+    ready.push_back(id);
+    if (id == "inverse") last = tile;
+  };
+  // Without a photo there is nothing to do.
+  tiles.Render({{"a", plain}});
+  EXPECT_TRUE(tiles.Idle());
+  const Picture photo = TestPicture(60, 40);
+  tiles.Photo(photo, 7);
+  tiles.Render({{"inverse", inverse}, {"a", plain}});
+  EXPECT_TRUE(Until([&] { return ready.size() == 2; }));
+  Picture expected = photo;
+  InvertEffect().ApplyInPlace(expected);
+  EXPECT_EQ(LargestDifference(last, expected), 0);
+  // What is there is not made again.
+  tiles.Render({{"a", plain}, {"inverse", inverse}});
+  EXPECT_TRUE(tiles.Idle());
+  // Hundreds are dropped when the photo changes; none of the old one arrives afterwards.
+  std::vector<StyleTiles::Order> many;
+  for (int i = 0; i < 400; ++i) many.push_back({std::to_string(i), inverse});
+  tiles.Render(many);
+  tiles.Photo(TestPicture(50, 50), 7);
+  ready.clear();
+  tiles.Render({{"new", plain}});
+  EXPECT_TRUE(Until([&] { return tiles.Idle() && !ready.empty(); }));
+  Settle();
+  EXPECT_EQ(ready, std::vector<std::string>{"new"});
+  tiles.Photo({}, 0);
+  tiles.Render(many);
+  EXPECT_TRUE(tiles.Idle());
+}
+
+TEST(Selector, KeepsSelectionAndScrollAsTilesComeAndGo) {
+  QWidget window;
+  window.resize(700, 200);
+  templateSelector bar(&window);
+  QScrollBar slider(Qt::Horizontal, &window);
+  bar.myScrollBar = &slider;
+  QObject::connect(&slider, &QScrollBar::valueChanged, &bar,
+                   [&](int value) { bar.tileOffset(value); });
+  bar.setGeometry(0, 0, 700, templateSelector::kHeight);
+  window.show();
+  QImage large(400, 300, QImage::Format_RGB32);
+  large.fill(Qt::red);
+  for (int i = 0; i < 9; ++i)
+    bar.Add("tile", large, "Tile", std::to_string(i), i % 2 == 0, "about");
+  bar.updateScrollBar();
+  // Without categories the tiles have the whole width.
+  EXPECT_FALSE(bar.hasCategories());
+  EXPECT_EQ(bar.categoryWidth(), 0);
+  EXPECT_EQ(slider.maximum(), 9 * 128 - 700);
+  EXPECT_EQ(bar.Item(0).Preview.width() / bar.Item(0).Preview.devicePixelRatio(), 100);
+  EXPECT_EQ(bar.Visible(), (std::pair{0, 5}));
+  bar.Catergory = {"One", "Two"};
+  bar.updateScrollBar();
+  EXPECT_EQ(slider.maximum(), 9 * 128 + 165 - 700);
+  slider.setValue(slider.maximum());
+  EXPECT_EQ(bar.Visible().second, 8);
+  EXPECT_EQ(bar.TileRect(8).right(), 699);
+  std::vector<int> chosen;
+  bool keep = false;
+  bar.ItemSelected = [&](int index) {
+    chosen.push_back(index);
+    return keep;
+  };
+  Click(bar, bar.TileRect(8).center());
+  EXPECT_EQ(bar.SelectedItem, 8);
+  keep = true;
+  Click(bar, bar.TileRect(7).center());
+  EXPECT_EQ(bar.SelectedItem, 8) << "the owner kept it";
+  EXPECT_EQ(chosen, (std::vector<int>{8, 7}));
+  // A tile before it goes, and the selection moves with its tile; its own tile takes it along.
+  bar.Remove(2);
+  EXPECT_EQ(bar.SelectedItem, 7);
+  EXPECT_EQ(bar.Item(7).Tag, "8");
+  bar.Remove(7);
+  EXPECT_EQ(bar.SelectedItem, -1);
+  bar.Remove(99);
+  bar.Preview(99, large);
+  EXPECT_EQ(bar.Count(), 7);
+  // When all fit, nothing is scrolled.
+  while (bar.Count() > 3) bar.Remove(0);
+  EXPECT_EQ(slider.maximum(), 0);
+  EXPECT_EQ(bar.TileRect(0).left(), 165);
+  EXPECT_EQ(bar.Visible(), (std::pair{0, 2}));
+  Click(bar, {600, 60});
+  EXPECT_EQ(chosen.size(), 2U) << "nothing lies behind the last tile";
+  bar.RemoveAllItems();
+  EXPECT_EQ(bar.Visible().second, -1);
+  bar.setFocus();
+  Key(window, Qt::Key_Right);
+  Key(window, Qt::Key_Return);
+  EXPECT_EQ(chosen.size(), 2U);
 }
 
 }  // namespace
