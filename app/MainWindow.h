@@ -224,6 +224,7 @@ class MainWindow final : public ifkWindow {
   void BuildPanel();
   void WireStyles();
   void LoadStyles();
+  int TileSide() const;
   void RefreshTiles();
   void OrderTiles();
   void HoverStyle(int index);

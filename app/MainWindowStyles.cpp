@@ -3,6 +3,7 @@
 #include <QFileSystemWatcher>
 #include <QScrollBar>
 #include <algorithm>
+#include <cmath>
 
 #include "app/App.h"
 #include "app/MainWindow.h"
@@ -27,6 +28,9 @@ namespace {
 constexpr const char* kCategoryKey = "OneClickWonderStorage.currentCategory";
 constexpr const char* kVisibleKey = "MainWindow.myStylesBar.visible";
 constexpr double kSlide = 0.25;
+/// A tile is rendered so many times as large and shrunk: what works in single pixels, such as
+/// sharpening, would overdo it at the tile's own size.
+constexpr int kTileDetail = 2;
 /// Files that arrive in the folder come in several steps.
 constexpr int kFolderRests = 300;
 
@@ -55,7 +59,8 @@ void MainWindow::WireStyles() {
   myStylesBar->Scrolled = [this] { OrderTiles(); };
   tiles_ = std::make_unique<StyleTiles>();
   tiles_->Ready = [this](const std::string& id, const Picture& tile) {
-    QImage image = ImageFromPicture(tile);
+    QImage image = ImageFromPicture(SharedPictureEffects::Scale(tile, TileSide(), TileSide(),
+                                                                SharedPictureEffects::kScaleToFit));
     image.setDevicePixelRatio(devicePixelRatioF());
     readyTiles_[id] = image;
     for (int i = 0; i < myStylesBar->Count(); ++i) {
@@ -114,6 +119,10 @@ void MainWindow::updateStylesList() {
 
 // Tiles of the open photo.
 
+int MainWindow::TileSide() const {
+  return static_cast<int>(std::lround(templateSelector::kPicture * devicePixelRatioF()));
+}
+
 void MainWindow::RefreshTiles() {
   if (!tiles_) return;
   if (!document_) return tiles_->Photo({}, 0);
@@ -121,7 +130,7 @@ void MainWindow::RefreshTiles() {
   if (base.IsNil() || base.SharesPixelsWith(tilesOf_)) return;
   tilesOf_ = base;
   readyTiles_.clear();
-  const int side = static_cast<int>(templateSelector::kPicture * devicePixelRatioF());
+  const int side = kTileDetail * TileSide();
   tiles_->Photo(SharedPictureEffects::Scale(base, side, side, SharedPictureEffects::kScaleToFit),
                 myProcessor->Seed());
   OrderTiles();

@@ -85,7 +85,8 @@ void StyleRows(App& app, MainWindow& window) {
   };
   Row("loading 500 styles", Fastest({load}, 7)[0], "100 ms", 100, 1);
 
-  const Picture photo = SharedPictureEffects::Scale(window.Document()->PreviewBase, 100, 100,
+  // Tiles of 100 pixels are rendered at twice their size and shrunk.
+  const Picture photo = SharedPictureEffects::Scale(window.Document()->PreviewBase, 200, 200,
                                                     SharedPictureEffects::kScaleToFit);
   StyleTiles tiles;
   std::size_t ready = 0;

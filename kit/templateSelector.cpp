@@ -341,6 +341,8 @@ void templateSelector::paintEvent(QPaintEvent*) {
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
   painter.fillRect(rect(), ifkColors::DocumentWindowBackground());
   painter.fillRect(0, 0, width(), 1, ifkColors::FrameActive());
+  constexpr double kDisabled = 0.4;
+  if (!isEnabled()) painter.setOpacity(kDisabled);
   const auto [first, last] = Visible();
   for (int i = first; i <= last; ++i) DrawTile(painter, i);
   if (hasCategories()) DrawColumn(painter);

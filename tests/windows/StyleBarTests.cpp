@@ -19,6 +19,7 @@
 #include "effects/styles/OneClickWonderStorage.h"
 #include "effects/styles/StyleSource.h"
 #include "engine/pictures/PictureEffects.h"
+#include "engine/pictures/SharedPictureEffects.h"
 #include "kit/DesktopServices.h"
 #include "kit/ifkButton.h"
 #include "kit/ifkSegmentView.h"
@@ -170,9 +171,10 @@ TEST_F(StyleBar, AssistiveToolsReadAndPressTiles) {
 TEST_F(StyleBar, TilesShowTheOpenPhotoAndHoverShowsItLarge) {
   const auto shows = [&](const Picture& photo) {
     const auto style = Store().item(2);
-    const Picture expected = StyleSource::Render(
-        style->StyleData, photo, static_cast<int>(100 * program.Display().devicePixelRatioF()),
-        program.app->Services());
+    const int side = static_cast<int>(100 * program.Display().devicePixelRatioF());
+    const Picture expected = SharedPictureEffects::Scale(
+        StyleSource::Render(style->StyleData, photo, 2 * side, program.app->Services()), side, side,
+        SharedPictureEffects::kScaleToFit);
     return Until(
         [&] { return LargestDifference(PictureFromImage(Bar().Item(2).Preview), expected) < 24; });
   };
