@@ -20,6 +20,7 @@
 #include "effects/fixes/EffectModuleShadowsHighlight.h"
 #include "effects/fixes/EffectModuleWhiteBalance.h"
 #include "engine/EditorInterfaces.h"
+#include "engine/ParameterText.h"
 #include "engine/pictures/PictureEffects.h"
 #include "platform/pictures/Graphics.h"
 
@@ -360,6 +361,48 @@ TEST(Registry, IsCompleteAndInOrder) {
   EXPECT_EQ(complete, 40);
   EXPECT_EQ(registry[37].backgroundClass, "EffectModuleBackgroundScale");
   EXPECT_NE(registry[37].create(kForeground)->ID(), registry[37].create(kBackground)->ID());
+}
+
+TEST(ParameterTexts, GiveTheirValuesBack) {
+  struct Case {
+    const char* type;
+    const char* text;
+    Variant value;
+  };
+  for (const Case& c : {Case{"integer", "-7", -7},
+                        {"single", "0.25", 0.25F},
+                        {"double", "1e3", 1000.0},
+                        {"boolean", "True", true},
+                        {"boolean", "0", false},
+                        {"colour", "#0A80ff", Color{10, 128, 255}},
+                        {"string", "", ""},
+                        {"string", " as it is ", " as it is "}}) {
+    SCOPED_TRACE(c.text);
+    const auto value = ValueFromText(c.text, c.type);
+    ASSERT_TRUE(value);
+    EXPECT_EQ(value->ToText(), c.value.ToText());
+    EXPECT_EQ(ValueFromText(TextFromValue(*value), c.type)->ToText(), value->ToText());
+  }
+  for (const auto& [type, text] : {std::pair{"integer", "1.5"},
+                                   {"integer", "99999999999"},
+                                   {"integer", ""},
+                                   {"single", "nan"},
+                                   {"double", "inf"},
+                                   {"double", "1,5"},
+                                   {"double", "3x"},
+                                   {"boolean", "maybe"},
+                                   {"colour", "red"},
+                                   {"colour", "#12345"},
+                                   {"colour", "#12345g"}}) {
+    EXPECT_FALSE(ValueFromText(text, type)) << type << ' ' << text;
+  }
+  // Boxes of text as JSON; what is no JSON is a text.
+  EXPECT_EQ(ValueFromText("{oops", "texts")->ToText(), "{oops");
+  const auto boxes = ValueFromText(R"([{"Text":"a","Left":0.5},{"TextColor":"#102030"}])", "texts");
+  ASSERT_TRUE(boxes && boxes->Is<Dictionary>());
+  EXPECT_EQ(boxes->As<Dictionary>()->Count(), 2);
+  const auto again = ValueFromText(TextFromValue(*boxes), "texts");
+  EXPECT_EQ(TextFromValue(*again), TextFromValue(*boxes));
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "effects/text/EffectModuleText.h"
 #include "engine/brivolantProcessorLite.h"
 #include "engine/pictures/SharedPictureEffects.h"
+#include "formats/BrivolantDocument.h"
 
 namespace brivolant::test {
 namespace {
@@ -427,6 +428,59 @@ TEST_F(Texts, TheModuleMakesAndKeepsBoxes) {
   };
   module.fireShowMenu(EffectModuleText::kFontRow, 3, 4, {});
   EXPECT_EQ(texts.item[0]->Font(), "DejaVu Sans Mono Bold");
+}
+
+TEST_F(Texts, TravelWithADocumentAndAStyle) {
+  TestServices services;
+  const FolderItem package = services.folder.Child("words.brvPhoto");
+  const std::string words = std::string("Gr\xC3\xBC\xC3\x9F") + kAccent + kFamily + "\n\xD7\xA9";
+  {
+    BrivolantDocument document(services.services, TestPicture(40, 30), "words");
+    brivolantProcessorLite processor(EffectRegistry(), services.services);
+    processor.Startup();
+    auto& module = dynamic_cast<EffectModuleText&>(
+        *processor.ItemVIaID("150B71E5-A262-009C-42A9-CD07B87C0B76"));
+    module.Enabled(true);
+    module.myTextEngine.CurrentTextItem->Text(words);
+    module.myTextEngine.CurrentTextItem->Caption = 2;
+    module.myTextEngine.Add().Text("second");
+    document.StyleData = processor.StyleData();
+    document.File = package;
+    ASSERT_TRUE(document.Save());
+  }
+  BrivolantDocument again(services.services);
+  ASSERT_TRUE(again.Load(package));
+  brivolantProcessorLite processor(EffectRegistry(), services.services);
+  processor.Startup();
+  ASSERT_EQ(processor.StyleData(again.StyleData), StyleFault::kNone);
+  auto& module =
+      dynamic_cast<EffectModuleText&>(*processor.ItemVIaID("150B71E5-A262-009C-42A9-CD07B87C0B76"));
+  ASSERT_EQ(module.myTextEngine.item.size(), 2U);
+  EXPECT_EQ(module.myTextEngine.item[0]->Text(), words);
+  EXPECT_EQ(module.myTextEngine.item[0]->TextLength(), 8);
+  EXPECT_EQ(module.myTextEngine.item[0]->Caption, 2);
+  EXPECT_EQ(module.myTextEngine.item[1]->Text(), "second");
+}
+
+TEST_F(Texts, HostileBoxesDrawAndKeepTheirPicture) {
+  for (const double size : {-1e30, -1000.0, -0.2, 0.0, 1e-9, 999.0, 1e30}) {
+    for (const int caption : {-5, 0, 1, 4, 7, 99}) {
+      Dictionary box;
+      box.Value("Text", "q\n\nW");
+      for (const char* key : {"Left", "Top", "Width", "Height"}) box.Value(key, size);
+      box.Value("Caption", caption);
+      box.Value("Font", "");
+      Dictionary boxes;
+      boxes.Value(0, box);
+      engine.Settings(boxes);
+      engine.CurrentTextItem = engine.item.at(0).get();
+      Picture small = PlainPicture(31, 17, kWhite);
+      engine.Paint(small, true);
+      ASSERT_EQ(small.View().Row(16)[4 * 30 + 3], 255);
+      (void)engine.CurrentTextItem->PositionFromXY(engine.SourceSize, 0.4F, -3);
+      (void)engine.HitAny(0.5F, 0.5F);
+    }
+  }
 }
 
 }  // namespace
