@@ -5,6 +5,7 @@
 #include <QDesktopServices>
 #include <QTimer>
 #include <QUrl>
+#include <algorithm>
 
 #include "app/AboutBox.h"
 #include "app/MainWindow.h"
@@ -158,13 +159,14 @@ void App::InstallStyle(const FolderItem& file) {
         WithPlaceholders(kUnableToLoad1Click.Text(), {{"<filename>", file.DisplayName()}}), {});
     return;
   }
-  const auto& categories = OneClickWonderStorage::CategoryName;
-  const auto category =
-      std::min(static_cast<std::size_t>(std::max(style.Category, 0)), categories.size() - 1);
+  const auto last = static_cast<int>(OneClickWonderStorage::CategoryName.size()) - 1;
+  const std::string category =
+      OneClickWonderStorage::CategoryName
+          .at(static_cast<std::size_t>(std::clamp(style.Category, 0, last)))
+          .Text();
   const std::string name = style.Name().empty() ? style.Name(0) : style.Name();
   const auto told = [&](const LocalizedText& text) {
-    return WithPlaceholders(text.Text(),
-                            {{"<filename>", name}, {"<catName>", categories.at(category).Text()}});
+    return WithPlaceholders(text.Text(), {{"<filename>", name}, {"<catName>", category}});
   };
   dialogs_->Message(told(k1ClickAddedMessage), told(k1ClickAddedExplaination));
   if (window_ && window_->Document() != nullptr) {

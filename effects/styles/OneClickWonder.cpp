@@ -194,7 +194,9 @@ void OneClickWonder::GenerateFile(const FolderItem& folder) {
   const std::string ending = "." + std::string(BrivolantPhotosOneClickWonder.Extensions);
   File = folder.Child(base + ending);
   for (int i = 1; File.Exists() || File.Alias(); ++i) {
-    File = folder.Child(base + "-" + std::to_string(i) + ending);
+    std::string name = base;
+    name.append("-").append(std::to_string(i)).append(ending);
+    File = folder.Child(name);
   }
 }
 
