@@ -172,4 +172,43 @@ std::string Kind(const brivolant::FolderItem& file) {
   return database.mimeTypeForFile(QFile::decodeName(file.Path().c_str())).comment().toStdString();
 }
 
+std::string KindByName(const brivolant::FolderItem& file) {
+  const QMimeDatabase database;
+  return database
+      .mimeTypeForFile(QFile::decodeName(file.Path().c_str()), QMimeDatabase::MatchExtension)
+      .comment()
+      .toStdString();
+}
+
+bool HoldsPicture(const brivolant::FolderItem& file) {
+  const QMimeDatabase database;
+  const QMimeType type = database.mimeTypeForFile(QFile::decodeName(file.Path().c_str()));
+  return type.name().startsWith(QLatin1String("image/")) ||
+         type.inherits(QStringLiteral("application/pdf"));
+}
+
+namespace {
+
+std::vector<std::string> NamesOf(const QMimeType& type) {
+  return {type.iconName().toStdString(), type.genericIconName().toStdString()};
+}
+
+}  // namespace
+
+std::vector<std::string> IconNames(const brivolant::FolderItem& file) {
+  if (file.Directory()) return {"folder", "inode-directory"};
+  const QMimeDatabase database;
+  return NamesOf(database.mimeTypeForFile(QFile::decodeName(file.Path().c_str()),
+                                          QMimeDatabase::MatchExtension));
+}
+
+std::vector<std::string> IconNamesOfType(const std::string& type) {
+  const QMimeDatabase database;
+  const QString text = QString::fromStdString(type);
+  return NamesOf(type.find('/') != std::string::npos
+                     ? database.mimeTypeForName(text)
+                     : database.mimeTypeForFile(QStringLiteral("name.") + text,
+                                                QMimeDatabase::MatchExtension));
+}
+
 }  // namespace brivolant::FolderitemExtensions

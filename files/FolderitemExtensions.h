@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/files/BinaryStream.h"
 #include "platform/files/FileType.h"
@@ -35,6 +36,14 @@ bool isFileType(const FolderItem& file, const FileType* type);
 bool Package(const FolderItem& file);
 /// The kind in words, as the desktop names it.
 std::string Kind(const FolderItem& file);
+/// The same from the name alone, without a look into the file.
+std::string KindByName(const FolderItem& file);
+/// True if the file's type, by name or else by content, is one that a picture can be made of.
+bool HoldsPicture(const FolderItem& file);
+/// Names of the file's icon in the desktop's theme, the most special first.
+std::vector<std::string> IconNames(const FolderItem& file);
+/// The same of a file extension, or of a MIME type if the text holds "/".
+std::vector<std::string> IconNamesOfType(const std::string& type);
 /// The user's comment on the file, empty if there is none.
 std::string Comment(const FolderItem& file);
 /// What a link points at, else the file itself.

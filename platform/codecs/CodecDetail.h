@@ -32,6 +32,8 @@ bool HasRawExtension(const FolderItem& file);
 std::unique_ptr<ImageSource> OpenRaw(const FolderItem& file);
 
 std::unique_ptr<ImageSource> OpenWithVips(const FolderItem& file);
+/// A PNG or JPEG 2000 file in memory; nil on failure.
+Picture DecodeWithVips(std::string_view bytes);
 std::string EncodeWithVips(const FolderItem& file, std::string_view identifier,
                            std::span<const EncodeImage> pictures);
 void ShutDownVips();

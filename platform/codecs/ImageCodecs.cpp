@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/codecs/Cancellation.h"
 #include "platform/codecs/CodecDetail.h"
 #include "platform/files/AtomicFile.h"
 #include "platform/pictures/kernels/ComposeKernels.h"
@@ -28,7 +29,18 @@ constexpr std::array<kernels::Turn, 8> kTurns{{{false, false, false},
                                                {true, true, true},
                                                {true, false, true}}};
 
+thread_local const std::atomic<bool>* cancellation = nullptr;
+
 }  // namespace
+
+DecodeCancellation::DecodeCancellation(const std::atomic<bool>& flag)
+    : before_(std::exchange(cancellation, &flag)) {}
+DecodeCancellation::~DecodeCancellation() {
+  cancellation = before_;
+}
+const std::atomic<bool>* DecodeCancellation::Flag() {
+  return cancellation;
+}
 
 namespace codecs {
 namespace {
@@ -155,6 +167,10 @@ std::string EncodeImageFile(const FolderItem& file, std::string_view identifier,
   if (identifier == "public.jpeg") return codecs::EncodeJpeg(file, pictures.front());
   if (identifier == "com.adobe.pdf") return codecs::EncodePdf(file, pictures);
   return codecs::EncodeWithVips(file, identifier, pictures);
+}
+
+Picture DecodeImageBytes(std::string_view bytes) {
+  return codecs::DecodeWithVips(bytes);
 }
 
 Picture DecodeJpegBytes(std::string_view bytes) {

@@ -81,6 +81,9 @@ struct EncodeImage {
 [[nodiscard]] std::string EncodeImageFile(const FolderItem& file, std::string_view identifier,
                                           std::span<const EncodeImage> pictures);
 
+/// A PNG or JPEG 2000 file in memory, its transparency as the mask; nil if it is neither, too large
+/// or cannot be decoded.
+Picture DecodeImageBytes(std::string_view bytes);
 /// A JPEG in memory; nil if it cannot be decoded.
 Picture DecodeJpegBytes(std::string_view bytes);
 /// A picture as the bytes of a JPEG file; empty if memory runs out.

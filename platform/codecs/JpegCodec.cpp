@@ -12,6 +12,7 @@
 #include <cstring>
 #include <vector>
 
+#include "platform/codecs/Cancellation.h"
 #include "platform/codecs/CodecDetail.h"
 #include "platform/files/AtomicFile.h"
 #include "platform/pictures/Parallel.h"
@@ -22,6 +23,8 @@ namespace {
 
 /// A progressive file can make the decoder go over the whole image for every few bytes.
 constexpr int kMostScans = 500;
+/// Bytes. A progressive file is held as coefficients of its full size, however small the result.
+constexpr long kMostWorkingMemory = 1L << 30;  // NOLINT(google-runtime-int): the type of libjpeg
 
 struct ErrorManager {
   jpeg_error_mgr base;
@@ -49,6 +52,11 @@ void OnWarning(j_common_ptr info, int level) {
 }
 
 void OnProgress(j_common_ptr info) {
+  if (DecodeCancellation::Requested()) {
+    ErrorManager& manager = ManagerOf(info);
+    std::snprintf(manager.message.data(), manager.message.size(), "cancelled");
+    std::longjmp(manager.jump, 1);
+  }
   if (reinterpret_cast<j_decompress_ptr>(info)->input_scan_number > kMostScans) {
     ErrorManager& manager = ManagerOf(info);
     std::snprintf(manager.message.data(), manager.message.size(), "too many scans");
@@ -137,6 +145,7 @@ class Decompressor {
   bool Start(int atLeast) {
     if (setjmp(manager_.jump) != 0) return false;
     info_.out_color_space = JCS_EXT_BGRA;
+    info_.mem->max_memory_to_use = kMostWorkingMemory;
     if (atLeast > 0) {
       const int longest = static_cast<int>(std::max(info_.image_width, info_.image_height));
       info_.scale_denom = 8;

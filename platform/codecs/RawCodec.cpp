@@ -4,6 +4,7 @@
 #include <array>
 #include <cstring>
 
+#include "platform/codecs/Cancellation.h"
 #include "platform/codecs/CodecDetail.h"
 
 namespace brivolant::codecs {
@@ -17,6 +18,18 @@ struct FreeImage {
   void operator()(libraw_processed_image_t* image) const { LibRaw::dcraw_clear_mem(image); }
 };
 using ProcessedImage = std::unique_ptr<libraw_processed_image_t, FreeImage>;
+
+/// A decoder that ends when it is cancelled.
+std::unique_ptr<LibRaw> NewDecoder() {
+  auto raw = std::make_unique<LibRaw>();
+  raw->set_progress_handler(
+      [](void* flag, LibRaw_progress, int, int) {
+        return static_cast<const std::atomic<bool>*>(flag)->load() ? 1 : 0;
+      },
+      const_cast<std::atomic<bool>*>(DecodeCancellation::Flag()));
+  if (DecodeCancellation::Flag() == nullptr) raw->set_progress_handler(nullptr, nullptr);
+  return raw;
+}
 
 /// 8-bit RGB, as the library hands it over, into a picture.
 Picture FromRGB(const libraw_processed_image_t& image) {
@@ -58,7 +71,7 @@ class RawSource final : public ImageSource {
 
   Expected<DecodedImage> Decode(int) const override {
     using Result = Expected<DecodedImage>;
-    const auto raw = std::make_unique<LibRaw>();
+    const auto raw = NewDecoder();
     raw->imgdata.params.use_camera_wb = 1;
     raw->imgdata.params.output_color = 1;
     raw->imgdata.params.output_bps = 8;
@@ -76,7 +89,7 @@ class RawSource final : public ImageSource {
   }
 
   Expected<Picture> Thumbnail(int longest) const override {
-    const auto raw = std::make_unique<LibRaw>();
+    const auto raw = NewDecoder();
     int error = raw->open_file(file_.Path().c_str());
     if (error == LIBRAW_SUCCESS) error = raw->unpack_thumb();
     ProcessedImage image;
@@ -115,7 +128,7 @@ bool HasRawExtension(const FolderItem& file) {
 }
 
 std::unique_ptr<ImageSource> OpenRaw(const FolderItem& file) {
-  const auto raw = std::make_unique<LibRaw>();
+  const auto raw = NewDecoder();
   if (raw->open_file(file.Path().c_str()) != LIBRAW_SUCCESS) return nullptr;
   const libraw_image_sizes_t& sizes = raw->imgdata.sizes;
   if (std::int64_t{sizes.width} * sizes.height > Picture::kMostPixels) return nullptr;

@@ -13,6 +13,7 @@
 #include <mutex>
 #include <vector>
 
+#include "platform/codecs/Cancellation.h"
 #include "platform/codecs/CodecDetail.h"
 #include "platform/files/AtomicFile.h"
 
@@ -195,6 +196,16 @@ Expected<Picture> Render(const FolderItem& file, VipsImage* image) {
     if (mask.IsNil()) return Expected<Picture>::Failure(CodecMessage(codecTexts::kNoMemory, file));
     target.mask = mask.Edit();
   }
+  if (const std::atomic<bool>* flag = DecodeCancellation::Flag()) {
+    // The signal may come on another thread, so the flag goes with it.
+    vips_image_set_progress(image, TRUE);
+    g_signal_connect(image, "eval", G_CALLBACK(+[](VipsImage* at, VipsProgress*, void* data) {
+                       if (static_cast<const std::atomic<bool>*>(data)->load()) {
+                         vips_image_set_kill(at, TRUE);
+                       }
+                     }),
+                     const_cast<std::atomic<bool>*>(flag));
+  }
   if (vips_sink_disc(image, WriteStrip, &target) != 0) {
     return Expected<Picture>::Failure(CodecMessage(codecTexts::kDamaged, file, TakeError()));
   }
@@ -204,7 +215,10 @@ Expected<Picture> Render(const FolderItem& file, VipsImage* image) {
 
 class VipsSource final : public ImageSource {
  public:
-  VipsSource(FolderItem file, VipsImage* first) : file_(std::move(file)) {
+  VipsSource(FolderItem file, VipsImage* first)
+      : file_(std::move(file)),
+        width_(vips_image_get_width(first)),
+        height_(vips_image_get_height(first)) {
     const char* loader = nullptr;
     if (vips_image_get_string(first, VIPS_META_LOADER, &loader) != 0) vips_error_clear();
     const std::string_view name = loader == nullptr ? "" : loader;
@@ -252,6 +266,10 @@ class VipsSource final : public ImageSource {
   }
 
   Expected<Picture> Thumbnail(int longest) const override {
+    // Most formats are read whole, however small the result.
+    if (std::int64_t{width_} * height_ > Picture::kMostPixels) {
+      return Expected<Picture>::Failure(Allocate(file_, width_, height_).error);
+    }
     const PlainPath path(file_);
     VipsImage* small = nullptr;
     if (vips_thumbnail(path.Get(), &small, longest, "height", longest, "size", VIPS_SIZE_DOWN,
@@ -271,6 +289,8 @@ class VipsSource final : public ImageSource {
 
   FolderItem file_;
   std::string type_;
+  int width_;
+  int height_;
   int count_ = 1;
 };
 
@@ -398,6 +418,25 @@ std::unique_ptr<ImageSource> OpenWithVips(const FolderItem& file) {
     return nullptr;
   }
   return std::make_unique<VipsSource>(file, image.get());
+}
+
+Picture DecodeWithVips(std::string_view bytes) {
+  // Other formats have no business in the containers that this serves.
+  constexpr std::string_view kPng = "\x89PNG\r\n\x1a\n";
+  constexpr std::string_view kJpeg2000{"\0\0\0\x0CjP  ", 8};
+  if ((!bytes.starts_with(kPng) && !bytes.starts_with(kJpeg2000)) || !Start()) return {};
+  Image image(vips_image_new_from_buffer(bytes.data(), bytes.size(), "", "fail_on",
+                                         VIPS_FAIL_ON_TRUNCATED, nullptr));
+  if (image &&
+      std::int64_t{vips_image_get_width(image.get())} * vips_image_get_height(image.get()) <=
+          Picture::kMostPixels) {
+    image = ToSRGB(std::move(image));
+    if (image) {
+      if (auto picture = Render({}, image.get())) return std::move(*picture);
+    }
+  }
+  vips_error_clear();
+  return {};
 }
 
 std::string EncodeWithVips(const FolderItem& file, std::string_view identifier,

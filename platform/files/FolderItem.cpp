@@ -22,6 +22,12 @@ FolderItem::FolderItem(const fs::path& path) {
   if (!path_.has_filename() && path_.has_relative_path()) path_ = path_.parent_path();
 }
 
+FolderItem FolderItem::Entry(const FolderItem& folder, std::string_view name) {
+  FolderItem item;
+  item.path_ = folder.path_ / name;
+  return item;
+}
+
 std::string FolderItem::URLPath() const {
   return QUrl::fromLocalFile(QFile::decodeName(path_.c_str()))
       .toString(QUrl::FullyEncoded)

@@ -19,6 +19,8 @@ class FolderItem {
  public:
   FolderItem() = default;
   explicit FolderItem(const std::filesystem::path& path);
+  /// An entry by its name as a directory's listing gives it: nothing is normalised.
+  static FolderItem Entry(const FolderItem& folder, std::string_view name);
 
   bool IsNil() const { return path_.empty(); }
   explicit operator bool() const { return !IsNil(); }

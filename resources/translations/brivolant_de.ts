@@ -2236,5 +2236,25 @@
         <source>Edit 1-Click Style</source>
         <translation>1-Klick-Stil bearbeiten</translation>
     </message>
+    <message id="iconObject.kUnableToOpen">
+        <source>Unable to open the file</source>
+        <translation>Die Datei lässt sich nicht öffnen</translation>
+    </message>
+    <message id="iconObject.kUnknownFormat">
+        <source>Don't understand the format of this file.</source>
+        <translation>Das Format dieser Datei ist unbekannt.</translation>
+    </message>
+    <message id="iPhotoRoll.kTypeAsString">
+        <source>iPhoto Event</source>
+        <translation>iPhoto-Ereignis</translation>
+    </message>
+    <message id="iPhotoAlbum.kTypeAsString">
+        <source>iPhoto Album</source>
+        <translation>iPhoto-Album</translation>
+    </message>
+    <message id="ThreadediPhotoReader.kEvents">
+        <source>Events</source>
+        <translation>Ereignisse</translation>
+    </message>
 </context>
 </TS>
