@@ -2256,5 +2256,37 @@
         <source>Events</source>
         <translation>Ereignisse</translation>
     </message>
+    <message id="multiViewFileBrowser.kName">
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message id="multiViewFileBrowser.kKind">
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message id="multiViewFileBrowser.kFileSize">
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message id="multiViewFileBrowser.kModDate">
+        <source>Date Modified</source>
+        <translation>Geändert</translation>
+    </message>
+    <message id="multiViewFileBrowser.kAlias">
+        <source>Alias</source>
+        <translation>Verknüpfung</translation>
+    </message>
+    <message id="multiViewFileBrowser.kFolder">
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message id="multiViewFileBrowser.kitem">
+        <source>Item</source>
+        <translation>Objekt</translation>
+    </message>
+    <message id="multiViewFileBrowser.kItems">
+        <source>Items</source>
+        <translation>Objekte</translation>
+    </message>
 </context>
 </TS>

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "browser/FolderLister.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QElapsedTimer>
+#include <QThreadPool>
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+
+#include "files/NaturalOrder.h"
+
+namespace brivolant {
+namespace {
+
+/// Milliseconds after which a slow listing shows what it has.
+constexpr qint64 kPart = 250;
+/// Entries between two looks at whether the listing is still wanted.
+constexpr std::size_t kLook = 512;
+
+struct CloseFolder {
+  void operator()(DIR* folder) const { closedir(folder); }
+};
+
+FileFacts FactsOf(int folder, const dirent& entry, const std::string& documentExtension) {
+  FileFacts facts;
+  const std::string_view name = entry.d_name;
+  facts.Hidden = name.starts_with('.');
+  struct stat status {};
+  if (fstatat(folder, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) != 0) return facts;
+  facts.Size = static_cast<std::uint64_t>(std::max<off_t>(status.st_size, 0));
+  facts.Modified = status.st_mtim.tv_sec;
+  if (S_ISLNK(status.st_mode)) {
+    facts.Is = FileFacts::kAlias;
+  } else if (S_ISDIR(status.st_mode)) {
+    facts.Is = FileFacts::kFolder;
+    const std::size_t dot = name.rfind('.');
+    if (dot != std::string_view::npos &&
+        EqualIgnoringCase(name.substr(dot + 1), documentExtension)) {
+      facts.Is = FileFacts::kDocument;
+    } else {
+      struct stat contents {};
+      const std::string inside = std::string(name) + "/Contents";
+      if (fstatat(folder, inside.c_str(), &contents, AT_SYMLINK_NOFOLLOW) == 0 &&
+          S_ISDIR(contents.st_mode)) {
+        facts.Is = FileFacts::kPackage;
+      }
+    }
+  }
+  return facts;
+}
+
+}  // namespace
+
+struct FolderLister::Work {
+  std::mutex mutex;
+  std::condition_variable arrived;
+  std::atomic<bool> stopped = false;
+  std::vector<std::vector<BrowserRows::Row>> parts;
+  bool done = false;
+};
+
+FolderLister::~FolderLister() {
+  Stop();
+}
+
+void FolderLister::Stop() {
+  if (work_) {
+    const std::lock_guard lock(work_->mutex);
+    work_->stopped = true;
+  }
+  work_.reset();
+}
+
+void FolderLister::Read(
+    const FolderItem& folder, const Order& order,
+    const std::function<bool(std::vector<BrowserRows::Row> rows, bool done)>& part) {
+  const std::unique_ptr<DIR, CloseFolder> open(opendir(folder.Path().c_str()));
+  std::vector<BrowserRows::Row> rows;
+  if (open) {
+    const NaturalOrder natural;
+    const int descriptor = dirfd(open.get());
+    QElapsedTimer since;
+    since.start();
+    while (const dirent* entry = readdir(open.get())) {
+      const std::string_view name = entry->d_name;
+      if (name == "." || name == "..") continue;
+      if (name.starts_with('.') && !order.hiddenToo) continue;
+      const FolderItem file = FolderItem::Entry(folder, name);
+      auto item = std::make_shared<browserItem>();
+      item->Name = EnsureUTF8(name);
+      item->item = file;
+      item->Facts = FactsOf(descriptor, *entry, order.documentExtension);
+      auto key = natural.Key(item->Name);
+      rows.push_back({std::move(item), false, std::move(key)});
+      if (rows.size() % kLook == 0 && !part({}, false)) return;
+      if (since.elapsed() < kPart) continue;
+      BrowserRows::Sort(rows, order.column, order.descending);
+      if (!part(std::exchange(rows, {}), false)) return;
+      since.restart();
+    }
+  }
+  BrowserRows::Sort(rows, order.column, order.descending);
+  (void)part(std::move(rows), true);
+}
+
+void FolderLister::List(const FolderItem& folder, const Order& order, int patience) {
+  Stop();
+  auto work = std::make_shared<Work>();
+  work_ = work;
+  QThreadPool::globalInstance()->start([this, work, folder, order] {
+    Read(folder, order, [&](std::vector<BrowserRows::Row> rows, bool done) {
+      const std::lock_guard lock(work->mutex);
+      if (work->stopped) return false;
+      if (rows.empty() && !done) return true;
+      work->parts.push_back(std::move(rows));
+      work->done = done;
+      work->arrived.notify_all();
+      QMetaObject::invokeMethod(
+          this, [this, work] { Deliver(work); }, Qt::QueuedConnection);
+      return true;
+    });
+  });
+  std::unique_lock lock(work->mutex);
+  const bool quick =
+      work->arrived.wait_for(lock, std::chrono::milliseconds(patience), [&] { return work->done; });
+  lock.unlock();
+  if (quick) Deliver(work);
+}
+
+void FolderLister::Deliver(const std::shared_ptr<Work>& work) {
+  if (work != work_) return;
+  std::vector<std::vector<BrowserRows::Row>> parts;
+  bool done = false;
+  {
+    const std::lock_guard lock(work->mutex);
+    parts = std::exchange(work->parts, {});
+    done = work->done;
+  }
+  if (done) work_.reset();
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    if (Listed) Listed(std::move(parts[i]), done && i + 1 == parts.size());
+  }
+}
+
+}  // namespace brivolant

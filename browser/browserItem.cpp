@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "browser/browserItem.h"
+
+#include "files/FolderitemExtensions.h"
+
+namespace brivolant {
+
+browserItem::browserItem(const FolderItem& file) {
+  if (file.IsNil()) return;
+  Name = file.DisplayName();
+  item = file;
+}
+
+FolderItem browserItem::File() const {
+  if (const auto* file = std::get_if<FolderItem>(&item)) return *file;
+  if (const auto* volume = std::get_if<VolumeItem>(&item)) return *volume;
+  return {};
+}
+
+bool browserItem::Visible() const {
+  if (Facts) return !Facts->Hidden;
+  return !File().Name().starts_with('.');
+}
+
+void browserItem::GetIconRef() {
+  if (!iconRef.empty()) return;
+  if (std::holds_alternative<VolumeItem>(item)) {
+    iconRef = {"drive-harddisk"};
+  } else if (const auto* file = std::get_if<FolderItem>(&item)) {
+    const bool folder = Facts && Facts->Is == FileFacts::kFolder;
+    iconRef = folder ? std::vector<std::string>{"folder"} : FolderitemExtensions::IconNames(*file);
+  }
+}
+
+void browserItem::ConvertIconRefToPicture(IconSource& icons) {
+  constexpr int kSize = 256;
+  if (iconRef.empty()) return;
+  const Picture icon = icons.Icon(iconRef, kSize);
+  if (icon.IsNil()) return;
+  QImage drawn = icon.AsImage().convertToFormat(QImage::Format_ARGB32);
+  if (const Plane* mask = icon.Mask()) {
+    for (int y = 0; y < drawn.height(); ++y) {
+      auto* row = reinterpret_cast<QRgb*>(drawn.scanLine(y));
+      for (int x = 0; x < drawn.width(); ++x) {
+        row[x] = (row[x] & 0xffffffU) | static_cast<QRgb>(255 - mask->At(x, y)) << 24U;
+      }
+    }
+  }
+  image = std::move(drawn);
+}
+
+void browserItem::CreateIcon(IconSource& icons) {
+  GetIconRef();
+  ConvertIconRefToPicture(icons);
+}
+
+}  // namespace brivolant

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QCollator>
+#include <QImage>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "files/VolumeItem.h"
+#include "platform/files/FolderItem.h"
+#include "platform/services/IconSource.h"
+#include "sources/PhotoLibrary.h"
+
+namespace brivolant {
+
+class browserItem;
+class browserItemCollection;
+
+/// What a row of the browser holds.
+using BrowserPayload = std::variant<std::monostate, std::shared_ptr<browserItem>,
+                                    std::shared_ptr<browserItemCollection>,
+                                    std::shared_ptr<iPhotoItem>, std::shared_ptr<iPhotoRoll>>;
+
+/// What a listing knows of a file, so that no row has to look again.
+struct FileFacts {
+  enum Kind : std::uint8_t { kPlain, kFolder, kPackage, kDocument, kAlias };
+  /// Bytes.
+  std::uint64_t Size = 0;
+  /// Seconds of the Unix epoch; of the link itself for a link.
+  std::int64_t Modified = 0;
+  Kind Is = kPlain;
+  bool Hidden = false;
+  friend bool operator==(const FileFacts&, const FileFacts&) = default;
+};
+
+/// One thing that is shown as a cell: a file, a folder, a volume, or a container of the library.
+class browserItem {
+ public:
+  using Wrapped = std::variant<std::monostate, FolderItem, VolumeItem, std::shared_ptr<iPhotoAlbum>,
+                               std::shared_ptr<iPhotoRoll>, std::shared_ptr<browserItemCollection>>;
+
+  /// Without a file, name and item are left to the caller.
+  explicit browserItem(const FolderItem& file = {});
+
+  std::string Name;
+  Wrapped item;
+  /// Known of a file that was listed.
+  std::optional<FileFacts> Facts;
+  /// Names of the icon in the desktop's theme; empty while unknown or once there is a thumbnail.
+  std::vector<std::string> iconRef;
+  /// The thumbnail; null until it is ready, and again after memory had to be given back. Only the
+  /// main thread writes it.
+  QImage image;
+  /// The thumbnail was tried and there is none.
+  bool HasNoThumbnail = false;
+
+  /// The wrapped file or a volume's root; nil for anything else.
+  FolderItem File() const;
+  /// False for files that the desktop hides.
+  bool Visible() const;
+  /// Finds the names of the icon, once.
+  void GetIconRef();
+  /// Draws the icon at 256 pixels into image; nothing happens without one.
+  void ConvertIconRefToPicture(IconSource& icons);
+  void CreateIcon(IconSource& icons);
+};
+
+/// A folder that exists only here: search results, or the computer's volumes.
+class browserItemCollection {
+ public:
+  std::string Name;
+  bool Visible = true;
+  bool showItems = true;
+  /// Name of the drawing that stands for it.
+  std::string Icon;
+  std::string Tag;
+
+  int Count() const { return static_cast<int>(myItems.size()); }
+  void AddItem(BrowserPayload value) { myItems.push_back(std::move(value)); }
+  const BrowserPayload& Item(int index) const {
+    return myItems.at(static_cast<std::size_t>(index));
+  }
+  void Item(int index, BrowserPayload value) {
+    myItems.at(static_cast<std::size_t>(index)) = std::move(value);
+  }
+  void Remove(int index) { myItems.erase(myItems.begin() + index); }
+  void RemoveAllItems() { myItems.clear(); }
+
+ private:
+  std::vector<BrowserPayload> myItems;
+};
+
+}  // namespace brivolant

@@ -1,0 +1,285 @@
+// SPDX-License-Identifier: MIT
+#include "browser/browserThumbnailGetter.h"
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <QThreadPool>
+#include <atomic>
+#include <deque>
+#include <list>
+#include <mutex>
+#include <thread>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "files/FolderitemExtensions.h"
+#include "platform/codecs/Cancellation.h"
+#include "platform/codecs/ImageCodecs.h"
+#include "platform/pictures/Parallel.h"
+
+namespace brivolant {
+namespace {
+
+/// A copy as an image of the toolkit, with transparency where the picture has a mask.
+QImage AsDrawn(const Picture& picture) {
+  if (picture.IsNil()) return {};
+  QImage image = picture.AsImage().copy();
+  const Plane* mask = picture.Mask();
+  if (mask == nullptr) return image.convertToFormat(QImage::Format_RGB32);
+  image.convertTo(QImage::Format_ARGB32);
+  for (int y = 0; y < image.height(); ++y) {
+    auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+    for (int x = 0; x < image.width(); ++x) {
+      row[x] = (row[x] & 0xffffffU) | static_cast<QRgb>(255 - mask->At(x, y)) << 24U;
+    }
+  }
+  return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+/// Counts a thread out.
+class Leave {
+ public:
+  explicit Leave(std::atomic<int>& threads) : threads_(threads) {}
+  ~Leave() {
+    --threads_;
+    threads_.notify_all();
+  }
+  Leave(const Leave&) = delete;
+  Leave& operator=(const Leave&) = delete;
+
+ private:
+  std::atomic<int>& threads_;
+};
+
+}  // namespace
+
+QImage ThumbnailMaker::FromFile(const FolderItem& file, int longest) const {
+  if (OwnPreview) {
+    const Picture own = OwnPreview(file, longest);
+    if (!own.IsNil()) {
+      const QImage image = AsDrawn(own);
+      return image.width() <= longest && image.height() <= longest
+                 ? image
+                 : image.scaled(longest, longest, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    }
+  }
+  if (file.Directory() || !FolderitemExtensions::HoldsPicture(file)) return {};
+  const auto source = ImageSource::Open(file);
+  if (!source) return {};
+  auto picture = (*source.value)->Thumbnail(longest);
+  return picture ? AsDrawn(*picture) : QImage();
+}
+
+QImage ThumbnailMaker::Make(const FolderItem& file, ThumbnailCache::Size size) const {
+  const ThumbnailCache::Key key = ThumbnailCache::KeyOf(file);
+  QImage image = cache_.Find(key, size);
+  if (!image.isNull() || key.Modified == 0 || cache_.Failed(key)) return image;
+  const bool folder = file.Directory();
+  image = FromFile(file, size);
+  // What was given up says nothing about the file.
+  if (DecodeCancellation::Requested()) return {};
+  if (!image.isNull()) {
+    cache_.Store(key, size, image);
+  } else if (!folder && FolderitemExtensions::HoldsPicture(file)) {
+    cache_.StoreFailure(key);
+  }
+  return image;
+}
+
+struct browserThumbnailGetter::Result {
+  std::shared_ptr<browserItem> item;
+  QImage image;
+  bool counts = false;
+  bool inView = false;
+};
+
+/// What the threads share. They hold it as long as they run, whatever becomes of the getter.
+struct browserThumbnailGetter::Work {
+  std::mutex mutex;
+  std::atomic<bool> ended = false;
+  /// The queue of the run, and the entry that comes next.
+  std::vector<std::shared_ptr<browserItem>> queue;
+  std::size_t next = 0;
+  std::deque<std::shared_ptr<browserItem>> inView;
+  /// Taken by a thread, or done, in this run.
+  std::unordered_set<const browserItem*> taken;
+  std::unordered_set<const browserItem*> busy;
+  std::unordered_set<const browserItem*> queued;
+  std::vector<Result> results;
+  bool delivering = false;
+  std::size_t delivered = 0;
+  int threads = 0;
+};
+
+struct browserThumbnailGetter::Kept {
+  struct Node {
+    std::weak_ptr<browserItem> item;
+    const browserItem* id;
+    std::size_t bytes;
+  };
+  std::list<Node> order;
+  std::unordered_map<const browserItem*, std::list<Node>::iterator> places;
+};
+
+browserThumbnailGetter::browserThumbnailGetter(std::shared_ptr<const ThumbnailMaker> maker)
+    : maker_(std::move(maker)),
+      order_(std::make_unique<Kept>()),
+      threads_(std::make_shared<std::atomic<int>>(0)) {}
+
+browserThumbnailGetter::~browserThumbnailGetter() {
+  Kill();
+  // The libraries they work with may be shut down next.
+  for (int running = *threads_; running > 0; running = *threads_) threads_->wait(running);
+}
+
+void browserThumbnailGetter::Run() {
+  Kill();
+  running_ = true;
+  work_ = std::make_shared<Work>();
+  work_->queue = std::exchange(item, {});
+  for (const auto& entry : work_->queue) work_->queued.insert(entry.get());
+  if (Started) Started();
+  if (work_->queue.empty()) {
+    running_ = false;
+    if (Finished) Finished();
+    return;
+  }
+  Start();
+}
+
+void browserThumbnailGetter::Kill() {
+  if (work_) {
+    const std::lock_guard lock(work_->mutex);
+    work_->ended = true;
+  }
+  work_.reset();
+  running_ = false;
+}
+
+void browserThumbnailGetter::InView(const std::vector<std::shared_ptr<browserItem>>& items) {
+  std::deque<std::shared_ptr<browserItem>> wanted;
+  for (const auto& entry : items) {
+    if (!entry) continue;
+    if (const auto known = order_->places.find(entry.get()); known != order_->places.end()) {
+      order_->order.splice(order_->order.end(), order_->order, known->second);
+    }
+    if (entry->image.isNull() && !entry->HasNoThumbnail) wanted.push_back(entry);
+  }
+  if (wanted.empty()) return;
+  if (!work_) work_ = std::make_shared<Work>();
+  {
+    const std::lock_guard lock(work_->mutex);
+    work_->inView = std::move(wanted);
+  }
+  Start();
+}
+
+void browserThumbnailGetter::Start() {
+  const std::lock_guard lock(work_->mutex);
+  const int cores = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+  while (work_->threads < cores) {
+    ++work_->threads;
+    ++*threads_;
+    std::thread([this, work = work_, maker = maker_, size = Size, threads = threads_] {
+      const Leave leave(*threads);
+      // The window comes first: these threads yield to it.
+      constexpr int kNice = 5;
+      (void)setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), kNice);
+      const ThreadLimit one(1);
+      const DecodeCancellation cancellation(work->ended);
+      for (;;) {
+        Result result;
+        {
+          const std::lock_guard guard(work->mutex);
+          while (!result.item && !work->inView.empty()) {
+            auto entry = work->inView.front();
+            work->inView.pop_front();
+            if (!work->busy.contains(entry.get())) result.item = std::move(entry);
+          }
+          result.inView = result.item != nullptr;
+          while (!result.item && work->next < work->queue.size()) {
+            auto entry = work->queue[work->next++];
+            if (!work->taken.contains(entry.get())) result.item = std::move(entry);
+          }
+          if (!result.item || work->ended) {
+            --work->threads;
+            return;
+          }
+          work->busy.insert(result.item.get());
+          // Each entry of the queue counts once, however often it comes into view.
+          result.counts = work->queued.contains(result.item.get()) &&
+                          work->taken.insert(result.item.get()).second;
+        }
+        if (const FolderItem file = result.item->File();
+            file && std::holds_alternative<FolderItem>(result.item->item)) {
+          result.image = maker->Make(file, size);
+        }
+        // Under the lock the object is there, as long as the work has not ended.
+        const std::lock_guard guard(work->mutex);
+        if (work->ended) continue;
+        work->results.push_back(std::move(result));
+        if (std::exchange(work->delivering, true)) continue;
+        QMetaObject::invokeMethod(
+            this,
+            [this, work] {
+              if (work == work_) Deliver();
+            },
+            Qt::QueuedConnection);
+      }
+    }).detach();
+  }
+}
+
+void browserThumbnailGetter::Deliver() {
+  const std::shared_ptr<Work> work = work_;
+  std::vector<Result> results;
+  {
+    const std::lock_guard lock(work->mutex);
+    results = std::exchange(work->results, {});
+    work->delivering = false;
+    for (const Result& result : results) work->busy.erase(result.item.get());
+  }
+  for (Result& result : results) {
+    if (result.image.isNull()) {
+      result.item->HasNoThumbnail = true;
+    } else {
+      result.item->image = std::move(result.image);
+      result.item->iconRef.clear();
+      Keep(result.item, result.inView);
+    }
+    if (!result.counts) {
+      if (AddedThumbnail && !running_) AddedThumbnail();
+      continue;
+    }
+    ++work->delivered;
+    if (AddedThumbnail) AddedThumbnail();
+    if (work != work_) return;
+  }
+  if (running_ && work->delivered == work->queue.size()) {
+    running_ = false;
+    if (Finished) Finished();
+  }
+}
+
+void browserThumbnailGetter::Keep(const std::shared_ptr<browserItem>& item, bool inView) {
+  const auto forget = [this](std::list<Kept::Node>::iterator node) {
+    kept_ -= node->bytes;
+    order_->places.erase(node->id);
+    order_->order.erase(node);
+  };
+  if (const auto known = order_->places.find(item.get()); known != order_->places.end()) {
+    forget(known->second);
+  }
+  const auto bytes = static_cast<std::size_t>(item->image.sizeInBytes());
+  // What nobody has seen yet goes before what is on the screen.
+  const auto place = inView ? order_->order.end() : order_->order.begin();
+  order_->places[item.get()] = order_->order.insert(place, {item, item.get(), bytes});
+  kept_ += bytes;
+  while (kept_ > limit_ && order_->order.size() > 1) {
+    if (const auto oldest = order_->order.front().item.lock()) oldest->image = {};
+    forget(order_->order.begin());
+  }
+}
+
+}  // namespace brivolant
