@@ -13,7 +13,6 @@
 #include "app/QuickLookWindow.h"
 #include "app/StyleTiles.h"
 #include "app/ToolButtons.h"
-#include "app/WelcomePage.h"
 #include "app/core/GlobalApplicationSpecificProperties.h"
 #include "effects/EffectRegistry.h"
 #include "effects/crop/CropModule.h"
@@ -61,6 +60,7 @@ MainWindow::MainWindow(App& app) : app_(app) {
 }
 
 MainWindow::~MainWindow() {
+  deviceTimer_.stop();
   WindowMenu(nullptr);
   // The widgets look at the processor until they are gone.
   myProcessor->myEffectEditor = nullptr;
@@ -200,6 +200,7 @@ void MainWindow::Open() {
   app_.MainWindowOpen = true;
   Dimensions(preferences.Value("MainWindow.Dimensions", Dimensions()).ToText());
   UpdateRecentMenu();
+  OpenBrowser();
   PlaceSeats();
   UpdateCommands();
   RecoveryTimer.start();

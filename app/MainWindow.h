@@ -10,13 +10,18 @@
 
 #include "app/MainMenuBar.h"
 #include "app/core/UndoHandler.h"
+#include "browser/browserItem.h"
 #include "engine/EffectModuleControl.h"
 #include "engine/brivolantProcessorLite.h"
+#include "files/FolderitemExtensions.h"
 #include "kit/ColorPanelBridge.h"
 #include "kit/ifkWindow.h"
 #include "platform/values/Text.h"
 
 class QComboBox;
+class QLineEdit;
+class QMenu;
+class QSplitter;
 class QScrollBar;
 
 namespace brivolant {
@@ -30,8 +35,10 @@ class EffectStackEditor;
 class OneClickWonder;
 class QuickLookWindow;
 class StyleTiles;
-class WelcomePage;
+class Sidebar;
+class ifkPathBar;
 class ifkSegmentView;
+class multiViewFileBrowser;
 class ifkSlider;
 class ifkStaticText;
 class templateSelector;
@@ -90,6 +97,28 @@ class MainWindow final : public ifkWindow {
   static constexpr LocalizedText kUndoPasteStyle{"MainWindow.kUndoPasteStyle", "Paste Style"};
   static constexpr LocalizedText kUndoLastStyle{"MainWindow.kUndoLastStyle", "Last Style"};
   static constexpr LocalizedText kUndoPaste{"MainWindow.kUndoPaste", "Paste"};
+
+  // Of the browser.
+  static constexpr LocalizedText kBrokenAliasMessage{
+      "MainWindow.kBrokenAliasMessage",
+      "The original of the alias \"<filename>\" cannot be found."};
+  static constexpr LocalizedText kDeleteAlias{"MainWindow.kDeleteAlias", "Delete Alias"};
+  static constexpr LocalizedText kSearchFolder{"MainWindow.kSearchFolder", "Search"};
+  static constexpr LocalizedText kIconSize{"MainWindow.kIconSize", "Size of icons"};
+  static constexpr LocalizedText kOpen{"MainWindow.kOpen", "Open"};
+  static constexpr LocalizedText kOpenEnclosingFolder{"MainWindow.kOpenEnclosingFolder",
+                                                      "Open Enclosing Folder"};
+  static constexpr LocalizedText kRemoveFromSidebar{"MainWindow.kRemoveFromSidebar",
+                                                    "Remove From Sidebar"};
+  static constexpr LocalizedText kNotTrashed{
+      "MainWindow.kNotTrashed", "The file \"<filename>\" could not be moved to the trash."};
+  static constexpr LocalizedText kNotCopied{"MainWindow.kNotCopied",
+                                            "The file \"<filename>\" could not be copied here."};
+  static constexpr LocalizedText kNotPutBack{
+      "MainWindow.kNotPutBack",
+      "The file \"<filename>\" could not be taken out of the trash: its old place is not free."};
+  static constexpr LocalizedText kUpdatingThumbnailCaption{"MainWindow.kUpdatingThumbnailCaption",
+                                                           "Updating Thumbnails"};
 
   // Of the styles.
   static constexpr LocalizedText kLocked1ClickMessage{
@@ -163,6 +192,18 @@ class MainWindow final : public ifkWindow {
   void ShowHideEffects(bool visible);
   void ShowHideStyles(bool visible);
 
+  // Browser; MainWindowBrowser.cpp.
+
+  /// Shows a folder or another container in the browser's pane.
+  void DisplayContainer(
+      const std::variant<std::monostate, FolderItem, std::shared_ptr<browserItemCollection>,
+                         std::shared_ptr<iPhotoAlbum>, std::shared_ptr<iPhotoRoll>>& container);
+  /// Copies files into a folder under free names, then selects them.
+  void CopyFilesInto(const std::vector<FolderItem>& files, const FolderItem& folder);
+  void FileMoveToTrash();
+  void FileAddToSideBar();
+  void QuickLookMethod();
+
   // Styles; MainWindowStyles.cpp.
 
   /// Fills the bar with the styles of the current category.
@@ -193,7 +234,12 @@ class MainWindow final : public ifkWindow {
   /// Under the bar's categories, beside the slider.
   QWidget* dummySlider = nullptr;
   QToolBar* rbToolBar = nullptr;
-  WelcomePage* Welcome = nullptr;
+  multiViewFileBrowser* imageBrowser = nullptr;
+  Sidebar* mySideBar = nullptr;
+  ifkPathBar* myPathBar = nullptr;
+  ifkSegmentView* browserViewStyle = nullptr;
+  QLineEdit* browserSearchField = nullptr;
+  ifkSlider* iconSize = nullptr;
   std::unique_ptr<MyColorPanelHelper> myColorPanel;
   QTimer ResizedUpdateTimer;
   QTimer RecoveryTimer;
@@ -222,6 +268,26 @@ class MainWindow final : public ifkWindow {
   void BuildControls();
   void BuildEditor();
   void BuildPanel();
+  void BuildBrowser();
+  void WireBrowser();
+  void WireSideBar();
+  void OpenBrowser();
+  void LayoutBrowser();
+  void OpenBrowserItem(const BrowserPayload& payload);
+  void OpenBrowserFile(const FolderItem& file, const FileFacts& facts);
+  void BrowserListChanged();
+  void BrowserModeChanged();
+  void DisplayPath();
+  void ShowEnclosingFolder();
+  bool BrowserMenu(QMenu& menu);
+  void EnableBrowserItems();
+  void CopyFiles();
+  void PasteFiles();
+  void UndoTrash();
+  void ShowBrowserInfo();
+  std::vector<FolderItem> SelectedFiles() const;
+  FolderItem PlacesFile() const;
+  void SavePlaces();
   void WireStyles();
   void LoadStyles();
   int TileSide() const;
@@ -284,6 +350,13 @@ class MainWindow final : public ifkWindow {
   std::unique_ptr<QuickLookWindow> quickLook_;
   QWidget* stage_ = nullptr;
   QWidget* EditorSeat = nullptr;
+  QWidget* BrowserSeat = nullptr;
+  QWidget* browserPart_ = nullptr;
+  QSplitter* browserSplit_ = nullptr;
+  QTimer deviceTimer_;
+  std::vector<FolderItem> volumes_;
+  /// What undo in the browser puts back, newest last.
+  std::vector<std::vector<FolderitemExtensions::TrashedFile>> trashed_;
   QWidget* panelSeat_ = nullptr;
   QWidget* blendLabel_ = nullptr;
   QWidget* opacityLabel_ = nullptr;

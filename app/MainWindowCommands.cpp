@@ -20,8 +20,8 @@
 #include "app/ProgressDialog.h"
 #include "app/QuickLookWindow.h"
 #include "app/ToolButtons.h"
-#include "app/WelcomePage.h"
 #include "app/core/GlobalApplicationSpecificProperties.h"
+#include "browser/ui/multiViewFileBrowser.h"
 #include "effects/EffectRegistry.h"
 #include "effects/crop/CropModule.h"
 #include "effects/finishes/EffectModuleOverlay.h"
@@ -136,11 +136,36 @@ void MainWindow::MenuAction(const std::string& name) {
       {"FileSaveStyleAs", [](MainWindow& w) { w.SaveStyleAs(); }},
       {"FileRevertToOriginal", [](MainWindow& w) { w.PerformRewind(); }},
       {"FileQuit", [](MainWindow& w) { w.close(); }},
-      {"EditUndo", [](MainWindow& w) { w.UndoGizmo.Undo(); }},
+      {"EditUndo",
+       [](MainWindow& w) { w.DisplayPane == kBrowserPane ? w.UndoTrash() : w.UndoGizmo.Undo(); }},
+      {"FileQuickLook", [](MainWindow& w) { w.QuickLookMethod(); }},
+      {"FileShowOriginal",
+       [](MainWindow& w) {
+         for (const FolderItem& file : w.SelectedFiles()) {
+           w.app_.Desktop().Reveal(FolderitemExtensions::OriginalFile(file));
+         }
+       }},
+      {"FileShowInFinder",
+       [](MainWindow& w) {
+         for (const FolderItem& file : w.SelectedFiles()) w.app_.Desktop().Reveal(file);
+       }},
+      {"FileAddToSideBar", [](MainWindow& w) { w.FileAddToSideBar(); }},
+      {"FileMoveToTrash", [](MainWindow& w) { w.FileMoveToTrash(); }},
+      {"EditSelectAll", [](MainWindow& w) { w.imageBrowser->SelectAll(); }},
+      {"EditSelectNone", [](MainWindow& w) { w.imageBrowser->UnselectAll(); }},
+      {"ViewAsIcons", [](MainWindow& w) { w.imageBrowser->Mode(multiViewFileBrowser::kIconView); }},
+      {"ViewAsList", [](MainWindow& w) { w.imageBrowser->Mode(multiViewFileBrowser::kListView); }},
+      {"ViewShowHiddenFiles",
+       [](MainWindow& w) {
+         w.imageBrowser->showInvisibles = !w.imageBrowser->showInvisibles;
+         w.imageBrowser->ReloadCurrentView();
+       }},
       {"EditRedo", [](MainWindow& w) { w.UndoGizmo.Redo(); }},
-      {"EditCopy", [](MainWindow& w) { w.CopyPicture(); }},
+      {"EditCopy",
+       [](MainWindow& w) { w.DisplayPane == kBrowserPane ? w.CopyFiles() : w.CopyPicture(); }},
       {"EditCopyStyle", [](MainWindow& w) { w.CopyStyle(); }},
-      {"EditPaste", [](MainWindow& w) { w.PastePicture(); }},
+      {"EditPaste",
+       [](MainWindow& w) { w.DisplayPane == kBrowserPane ? w.PasteFiles() : w.PastePicture(); }},
       {"EditPasteStyle", [](MainWindow& w) { w.PasteStyle(); }},
       {"EditClearStyle", [](MainWindow& w) { w.ClearStyle(); }},
       {"FileApplyLastStyle", [](MainWindow& w) { w.ApplyLastStyle(); }},
@@ -234,6 +259,8 @@ void MainWindow::ToolAction(const std::string& identifier) {
     SetDirty(LastDirty);
   } else if (is(ToolButtons::Open())) {
     ChooseAndOpen();
+  } else if (is(ToolButtons::QuickLook())) {
+    QuickLookMethod();
   } else if (is(ToolButtons::Save())) {
     SaveMethod();
   } else if (is(ToolButtons::SaveCopy())) {
@@ -309,6 +336,7 @@ void MainWindow::EnableMenuItems() {
   if (DisplayPane == kBrowserPane) {
     menu.Item("ViewBrowseMyPhotos").setEnabled(document_ != nullptr);
     menu.Item("ViewBrowseMyPhotos").setText(Shown(Menus::kViewReturnToEditor));
+    EnableBrowserItems();
   }
 }
 
@@ -355,7 +383,6 @@ void MainWindow::UpdateRecentMenu() {
   connect(
       menu.addAction(Shown(Menus::kOpenRecentClearRecentMenu)), &QAction::triggered, this,
       [this] { app_.ClearRecentMenu(); }, Qt::QueuedConnection);
-  if (DisplayPane == kBrowserPane) Welcome->Show(app_.RecentItem());
 }
 
 // Opening, copying and styles.
@@ -586,7 +613,9 @@ void MainWindow::FullScreenMethod() {
 
 void MainWindow::StorePreferences() {
   auto& preferences = app_.Preferences();
-  preferences.Assign("imageBrowser.currentView", "Default");
+  const FolderItem folder = imageBrowser->CurrentFolder();
+  preferences.Assign("imageBrowser.currentView", folder ? folder.ShellPath() : "Default");
+  SavePlaces();
   preferences.Assign("rbToolBar.Mode", ToolButtons::DisplayMode(*rbToolBar));
   preferences.Assign("rbToolBar.Size", ToolButtons::DisplaySize(*rbToolBar));
   preferences.Assign("MainWindow.Dimensions", Dimensions());

@@ -12,7 +12,7 @@
 #include "app/MainWindow.h"
 #include "app/Menus.h"
 #include "app/ToolButtons.h"
-#include "app/WelcomePage.h"
+#include "browser/ui/multiViewFileBrowser.h"
 #include "effects/styles/OneClickWonderStorage.h"
 #include "engine/pictures/BlendEffect.h"
 #include "engine/pictures/SharedPictureEffects.h"
@@ -79,10 +79,7 @@ void MainWindow::BuildControls() {
   column->addWidget(infotext);
   setCentralWidget(content);
 
-  Welcome = new WelcomePage(stage_);
-  Welcome->Open = [this] { ChooseAndOpen(); };
-  Welcome->OpenRecent = [this](const std::string& path) { app_.OpenRecent(path); };
-  Welcome->Dropped = [this](const DragItem& item) { Drop(item); };
+  BuildBrowser();
   BuildEditor();
   BuildPanel();
   stage->Resized = [this] { PlaceSeats(); };
@@ -190,16 +187,16 @@ QRect MainWindow::EditorPlace() const {
 
 void MainWindow::PlaceSeats() {
   if (!AnimationCore::IsAnimated(*EditorSeat)) EditorSeat->setGeometry(EditorPlace());
-  if (!AnimationCore::IsAnimated(*Welcome)) Welcome->setGeometry(stage_->rect());
+  if (!AnimationCore::IsAnimated(*BrowserSeat)) BrowserSeat->setGeometry(stage_->rect());
 }
 
 void MainWindow::Settle() {
-  if (AnimationCore::IsAnimated(*EditorSeat) || AnimationCore::IsAnimated(*Welcome)) {
+  if (AnimationCore::IsAnimated(*EditorSeat) || AnimationCore::IsAnimated(*BrowserSeat)) {
     settleTimer_.start();
     return;
   }
   EditorSeat->setVisible(DisplayPane == kEditorPane);
-  Welcome->setVisible(DisplayPane == kBrowserPane);
+  BrowserSeat->setVisible(DisplayPane == kBrowserPane);
   PlaceSeats();
 }
 
@@ -209,12 +206,14 @@ void MainWindow::SwapDisplay(int mode) {
   buildToolbar(mode);
   infotext->Text(mode == kEditorPane ? ToQString(getSimpleImageInfo()) : QString());
   if (mode != kEditorPane && myColorPanel->PanelVisible()) myColorPanel->HidePanel();
-  if (mode == kBrowserPane) Welcome->Show(app_.RecentItem());
+  // What was saved meanwhile shows its new picture.
+  if (mode == kBrowserPane && mode != old) imageBrowser->ReloadCurrentView();
+  if (mode == kBrowserPane) ShowBrowserInfo();
   UpdateCommands();
-  QWidget& next = mode == kEditorPane ? *EditorSeat : *static_cast<QWidget*>(Welcome);
+  QWidget& next = mode == kEditorPane ? *EditorSeat : *BrowserSeat;
   if (mode == old) {
     Settle();
-    next.setFocus();
+    (mode == kEditorPane ? static_cast<QWidget*>(MyDisplay) : imageBrowser)->setFocus();
     return;
   }
   const QRect place = mode == kEditorPane ? EditorPlace() : stage_->rect();
@@ -227,11 +226,11 @@ void MainWindow::SwapDisplay(int mode) {
   using AnimationCore::kKeep;
   Animate(next, {place.x(), place.y(), place.width(), place.height()}, kSlide);
   if (mode == kEditorPane) {
-    Animate(*Welcome, kSlide, -width, kKeep, kKeep, kKeep);
+    Animate(*BrowserSeat, kSlide, -width, kKeep, kKeep, kKeep);
     MyDisplay->setFocus();
   } else {
     Animate(*EditorSeat, kSlide, width + 2, kKeep, kKeep, kKeep);
-    Welcome->setFocus();
+    imageBrowser->setFocus();
   }
   if (AnimationCore::Period() == 0) {
     Settle();
@@ -322,6 +321,7 @@ void MainWindow::buildToolbar(int mode) {
   add(Quillmere(), {"HelpappNameWebPage"});
   space(true);
   add(ToolButtons::Open());
+  add(ToolButtons::QuickLook());
   space(true);
   if (document_) {
     add(Editor());

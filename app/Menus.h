@@ -29,11 +29,18 @@ inline constexpr LocalizedText kFileRestoreToOriginal{"Menus.kFileRestoreToOrigi
 inline constexpr LocalizedText kFileRestoreToOriginalBalloonHelp{
     "Menus.kFileRestoreToOriginalBalloonHelp",
     "Takes back all changes and shows the photo as it was taken."};
+inline constexpr LocalizedText kQuickLook{"Menus.kQuickLook", "Quick Look"};
+inline constexpr LocalizedText kFileShowOriginal{"Menus.kFileShowOriginal", "Show Original"};
+inline constexpr LocalizedText kFileShowInFinder{"Menus.kFileShowInFinder", "Show In Finder"};
+inline constexpr LocalizedText kAddToSidebar{"Menus.kAddToSidebar", "Add To Sidebar"};
+inline constexpr LocalizedText kFileMoveToTrash{"Menus.kFileMoveToTrash", "Move To Trash"};
 inline constexpr LocalizedText kFileQuit{"Menus.kFileQuit", "&Quit"};
 
 inline constexpr LocalizedText kEditUndo{"Menus.kEditUndo", "&Undo"};
 inline constexpr LocalizedText kEditRedo{"Menus.kEditRedo", "Red&o"};
 inline constexpr LocalizedText kEditCopy{"Menus.kEditCopy", "&Copy"};
+inline constexpr LocalizedText kEditSelectAll{"Menus.kEditSelectAll", "Select &All"};
+inline constexpr LocalizedText kEditSelectNone{"Menus.kEditSelectNone", "Select &None"};
 inline constexpr LocalizedText kEditCopyStyle{"Menus.kEditCopyStyle", "Copy Style"};
 inline constexpr LocalizedText kEditPaste{"Menus.kEditPaste", "&Paste"};
 inline constexpr LocalizedText kEditPasteStyle{"Menus.kEditPasteStyle", "Paste Style"};
@@ -59,6 +66,10 @@ inline constexpr LocalizedText kEditPreferences{"Menus.kEditPreferences", "Prefe
 
 inline constexpr LocalizedText kViewShowColors{"Menus.kViewShowColors", "Show Colors"};
 inline constexpr LocalizedText kViewBrowseMyPhotos{"Menus.kViewBrowseMyPhotos", "Photo Browser"};
+inline constexpr LocalizedText kViewAsIcons{"Menus.kViewAsIcons", "As Icons"};
+inline constexpr LocalizedText kViewAsList{"Menus.kViewAsList", "As List"};
+inline constexpr LocalizedText kViewShowHiddenFiles{"Menus.kViewShowHiddenFiles",
+                                                    "Show Hidden Files"};
 inline constexpr LocalizedText kViewReturnToEditor{"Menus.kViewReturnToEditor", "Photo Editor"};
 inline constexpr LocalizedText kViewBeforeAndAfter{"Menus.kViewBeforeAndAfter", "Before && After"};
 inline constexpr LocalizedText kViewFullScreenPicture{"Menus.kViewFullScreenPicture",

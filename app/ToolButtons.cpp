@@ -19,6 +19,8 @@ constexpr LocalizedText kEditorHelp{
     "Opens the selected images in the editor, where effects can be applied to the photo."};
 constexpr LocalizedText kOpen{"ToolButtons.kOpen", "Open"};
 constexpr LocalizedText kOpenHelp{"ToolButtons.kOpenHelp", "Choose a photo to edit."};
+constexpr LocalizedText kQuickLookHelp{"ToolButtons.kQuickLookHelp",
+                                       "Open the picture for a bigger look than the file browser."};
 constexpr LocalizedText kSave{"ToolButtons.kSave", "Save"};
 constexpr LocalizedText kSaveHelp{"ToolButtons.kSaveHelp",
                                   "Save the picture with the changes that have been made."};
@@ -68,6 +70,15 @@ const ToolItem& Editor() {
 const ToolItem& Open() {
   static constexpr ToolItem item{
       "com.quillmere.brivolantPhotos.open", &kOpen, &kOpenHelp, "Open", kPushButton, true};
+  return item;
+}
+const ToolItem& QuickLook() {
+  static constexpr ToolItem item{"com.quillmere.brivolantPhotos.QuickLook",
+                                 &Menus::kQuickLook,
+                                 &kQuickLookHelp,
+                                 "QuickLook",
+                                 kPushButton,
+                                 false};
   return item;
 }
 const ToolItem& Save() {

@@ -29,6 +29,7 @@ struct ToolItem {
 const ToolItem& Browser();
 const ToolItem& Editor();
 const ToolItem& Open();
+const ToolItem& QuickLook();
 const ToolItem& Save();
 const ToolItem& SaveCopy();
 const ToolItem& Copy();

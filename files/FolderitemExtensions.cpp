@@ -105,11 +105,12 @@ Item TopOfVolume(const Item& file) {
 }
 
 /// Moves into one trash folder; `recorded` is the path as its info file tells it.
-bool MoveInto(const Item& trash, const Item& file, const std::string& recorded) {
+std::optional<TrashedFile> MoveInto(const Item& trash, const Item& file,
+                                    const std::string& recorded) {
   const Item files = trash.Child("files");
   const Item info = trash.Child("info");
   const bool fresh = !trash.Exists();
-  if (files.CreateAsFolder() || info.CreateAsFolder()) return false;
+  if (files.CreateAsFolder() || info.CreateAsFolder()) return std::nullopt;
   // What one user throws away is not for the others.
   if (fresh) (void)chmod(trash.Path().c_str(), S_IRWXU);
   const std::string base = FileNameWithoutExtension(file);
@@ -125,11 +126,12 @@ bool MoveInto(const Item& trash, const Item& file, const std::string& recorded) 
       "[Trash Info]\nPath=" +
       QUrl::toPercentEncoding(QString::fromStdString(recorded), "/").toStdString() +
       "\nDeletionDate=" + QDateTime::currentDateTime().toString(Qt::ISODate).toStdString() + "\n";
-  if (WriteFileAtomically(record, text)) return false;
+  if (WriteFileAtomically(record, text)) return std::nullopt;
   std::error_code error;
   std::filesystem::rename(file.Path(), files.Child(name).Path(), error);
-  if (error) (void)record.Delete();
-  return !error;
+  if (!error) return TrashedFile{file, files.Child(name), record};
+  (void)record.Delete();
+  return std::nullopt;
 }
 
 /// `value` with thousands separators and the decimals of a mask such as ".00".
@@ -171,9 +173,22 @@ std::string UnixPath(const Item& file) {
 }
 
 bool MoveToTrash(const Item& file) {
-  if (file.IsNil() || (!file.Exists() && !file.Alias())) return false;
+  return PutInTrash(file).has_value();
+}
+
+bool PutBack(const TrashedFile& trashed) {
+  const Item& target = trashed.Original;
+  if (target.Exists() || target.Alias() || !target.Parent().Directory()) return false;
+  std::error_code error;
+  std::filesystem::rename(trashed.InTrash.Path(), target.Path(), error);
+  if (!error) (void)trashed.Info.Delete();
+  return !error;
+}
+
+std::optional<TrashedFile> PutInTrash(const Item& file) {
+  if (file.IsNil() || (!file.Exists() && !file.Alias())) return std::nullopt;
   const Item data = DataFolder();
-  if (data.CreateAsFolder()) return false;
+  if (data.CreateAsFolder()) return std::nullopt;
   const Item home = data.Child("Trash");
   if (DeviceOf(data) == DeviceOf(file)) return MoveInto(home, file, file.ShellPath());
   // Another volume: its own trash, so that nothing has to be copied. The shared one counts only
@@ -184,8 +199,8 @@ bool MoveToTrash(const Item& file) {
   struct stat status {};
   const Item shared = top.Child(".Trash");
   if (lstat(shared.Path().c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
-      (status.st_mode & S_ISVTX) != 0 && MoveInto(shared.Child(user), file, relative)) {
-    return true;
+      (status.st_mode & S_ISVTX) != 0) {
+    if (auto moved = MoveInto(shared.Child(user), file, relative)) return moved;
   }
   return MoveInto(top.Child(".Trash-" + user), file, relative);
 }

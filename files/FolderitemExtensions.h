@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -58,6 +59,16 @@ std::string UnixPath(const FolderItem& file);
 /// Moves to the trash of the freedesktop.org specification: the user's own, or that of the
 /// file's volume. False, and the file stays, if neither takes it.
 [[nodiscard]] bool MoveToTrash(const FolderItem& file);
+/// What was moved to a trash, and where it is now.
+struct TrashedFile {
+  FolderItem Original;
+  FolderItem InTrash;
+  FolderItem Info;
+};
+/// The same; nothing if no trash takes it.
+std::optional<TrashedFile> PutInTrash(const FolderItem& file);
+/// Takes it out again; false if its place is taken or gone.
+[[nodiscard]] bool PutBack(const TrashedFile& trashed);
 bool Reveal(const FolderItem& file, Desktop& desktop);
 /// Makes a symbolic link at `target`.
 [[nodiscard]] bool MakeAlias(const FolderItem& source, const FolderItem& target);

@@ -1612,18 +1612,6 @@
         <source>Remote Volume</source>
         <translation>Netzlaufwerk</translation>
     </message>
-    <message id="WelcomePage.kDrop">
-        <source>or drop one here</source>
-        <translation>oder eines hierher ziehen</translation>
-    </message>
-    <message id="WelcomePage.kOpen">
-        <source>Open a Photo...</source>
-        <translation>Foto öffnen ...</translation>
-    </message>
-    <message id="WelcomePage.kRecent">
-        <source>Edited last</source>
-        <translation>Zuletzt bearbeitet</translation>
-    </message>
     <message id="brivolantProcessorLite.kSameID">
         <source>&lt;module&gt; has the same ID as &lt;other&gt;</source>
         <translation>&lt;module&gt; hat dieselbe Kennung wie &lt;other&gt;</translation>
@@ -2287,6 +2275,126 @@
     <message id="multiViewFileBrowser.kItems">
         <source>Items</source>
         <translation>Objekte</translation>
+    </message>
+    <message id="multiViewFileBrowser.kSelected">
+        <source>&lt;x&gt; of &lt;t&gt; selected</source>
+        <translation>&lt;x&gt; von &lt;t&gt; ausgewählt</translation>
+    </message>
+    <message id="multiViewFileBrowser.kFreeSpace">
+        <source>available</source>
+        <translation>frei</translation>
+    </message>
+    <message id="multiViewFileBrowser.kEmptyFolder">
+        <source>There is nothing here yet</source>
+        <translation>Hier ist noch nichts</translation>
+    </message>
+    <message id="ifkPathBar.kBack">
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message id="ifkPathBar.kForward">
+        <source>Forward</source>
+        <translation>Vorwärts</translation>
+    </message>
+    <message id="Sidebar.kDevices">
+        <source>Devices</source>
+        <translation>Geräte</translation>
+    </message>
+    <message id="Sidebar.kPlaces">
+        <source>Places</source>
+        <translation>Orte</translation>
+    </message>
+    <message id="Sidebar.kComputer">
+        <source>Computer</source>
+        <translation>Computer</translation>
+    </message>
+    <message id="Menus.kQuickLook">
+        <source>Quick Look</source>
+        <translation>Schnellansicht</translation>
+    </message>
+    <message id="Menus.kFileShowOriginal">
+        <source>Show Original</source>
+        <translation>Original zeigen</translation>
+    </message>
+    <message id="Menus.kFileShowInFinder">
+        <source>Show In Finder</source>
+        <translation>Im Dateimanager zeigen</translation>
+    </message>
+    <message id="Menus.kAddToSidebar">
+        <source>Add To Sidebar</source>
+        <translation>Zur Seitenleiste hinzufügen</translation>
+    </message>
+    <message id="Menus.kFileMoveToTrash">
+        <source>Move To Trash</source>
+        <translation>In den Papierkorb legen</translation>
+    </message>
+    <message id="Menus.kEditSelectAll">
+        <source>Select &amp;All</source>
+        <translation>&amp;Alles auswählen</translation>
+    </message>
+    <message id="Menus.kEditSelectNone">
+        <source>Select &amp;None</source>
+        <translation>&amp;Nichts auswählen</translation>
+    </message>
+    <message id="Menus.kViewAsIcons">
+        <source>As Icons</source>
+        <translation>Als Symbole</translation>
+    </message>
+    <message id="Menus.kViewAsList">
+        <source>As List</source>
+        <translation>Als Liste</translation>
+    </message>
+    <message id="Menus.kViewShowHiddenFiles">
+        <source>Show Hidden Files</source>
+        <translation>Versteckte Dateien zeigen</translation>
+    </message>
+    <message id="ToolButtons.kQuickLookHelp">
+        <source>Open the picture for a bigger look than the file browser.</source>
+        <translation>Zeigt das Bild größer als der Browser.</translation>
+    </message>
+    <message id="MainWindow.kBrokenAliasMessage">
+        <source>The original of the alias &quot;&lt;filename&gt;&quot; cannot be found.</source>
+        <translation>Das Original der Verknüpfung „&lt;filename&gt;“ ist nicht zu finden.</translation>
+    </message>
+    <message id="MainWindow.kDeleteAlias">
+        <source>Delete Alias</source>
+        <translation>Verknüpfung löschen</translation>
+    </message>
+    <message id="MainWindow.kSearchFolder">
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message id="MainWindow.kIconSize">
+        <source>Size of icons</source>
+        <translation>Größe der Symbole</translation>
+    </message>
+    <message id="MainWindow.kOpen">
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message id="MainWindow.kOpenEnclosingFolder">
+        <source>Open Enclosing Folder</source>
+        <translation>Übergeordneten Ordner öffnen</translation>
+    </message>
+    <message id="MainWindow.kRemoveFromSidebar">
+        <source>Remove From Sidebar</source>
+        <translation>Aus der Seitenleiste entfernen</translation>
+    </message>
+    <message id="MainWindow.kNotTrashed">
+        <source>The file &quot;&lt;filename&gt;&quot; could not be moved to the trash.</source>
+        <translation>Die Datei „&lt;filename&gt;“ konnte nicht in den Papierkorb gelegt werden.</translation>
+    </message>
+    <message id="MainWindow.kNotCopied">
+        <source>The file &quot;&lt;filename&gt;&quot; could not be copied here.</source>
+        <translation>Die Datei „&lt;filename&gt;“ konnte nicht hierher kopiert werden.</translation>
+    </message>
+    <message id="MainWindow.kNotPutBack">
+        <source>The file &quot;&lt;filename&gt;&quot; could not be taken out of the trash: its old place is not free.</source>
+        <translation>Die Datei „&lt;filename&gt;“ konnte nicht aus dem Papierkorb geholt werden: Ihr alter Platz ist nicht frei.</translation>
+    </message>
+    <message id="MainWindow.kUpdatingThumbnailCaption">
+        <source>Updating Thumbnails</source>
+        <translation>Vorschaubilder werden aktualisiert</translation>
     </message>
 </context>
 </TS>

@@ -14,7 +14,6 @@
 #include "WindowHelpers.h"
 #include "app/ProgressDialog.h"
 #include "app/ToolButtons.h"
-#include "app/WelcomePage.h"
 #include "app/core/UpdateCheck.h"
 #include "engine/pictures/SharedPictureEffects.h"
 #include "formats/ImageFile.h"
@@ -48,7 +47,7 @@ TEST(Opening, ByDialogDropDesktopAndRecentMenu) {
   EXPECT_EQ(Mean(program.Shown(), 0) > 0, false);
 
   program.fileDialogs.files = {first};
-  Click(window.Welcome->OpenButton());
+  program.Tool(ToolButtons::Open().Identifier);
   Settle();
   EXPECT_EQ(program.Document().Name, "first");
   EXPECT_EQ(window.DisplayPane, MainWindow::kEditorPane);
@@ -74,28 +73,6 @@ TEST(Opening, ByDialogDropDesktopAndRecentMenu) {
   program.Choose("FileOpen");
   EXPECT_EQ(program.Document().Name, "second");
   EXPECT_THAT(program.dialogs.messages, IsEmpty());
-}
-
-TEST(Opening, WelcomePageShowsTheLastPhotosAndOpensThem) {
-  Program program;
-  program.OpenPhoto(program.Photo("one.jpg"));
-  program.OpenPhoto(program.Photo("two.jpg"));
-  program.Tool(ToolButtons::Browser().Identifier);
-  Settle();
-  WelcomePage& page = *program.Window().Welcome;
-  ASSERT_TRUE(Until([&] { return page.PreviewsShown() == 2; }));
-  EXPECT_EQ(page.geometry(), page.parentWidget()->rect());
-  Click(page, page.ItemRect(1).center());
-  Settle();
-  EXPECT_EQ(program.Document().Name, "one");
-  // With keys, too.
-  program.Choose("ViewBrowseMyPhotos");
-  Settle();
-  page.setFocus();
-  Key(program.Window(), Qt::Key_Right);
-  Key(program.Window(), Qt::Key_Return);
-  Settle();
-  EXPECT_EQ(program.Document().Name, "two");
 }
 
 TEST(Opening, WhatCannotBeReadLeavesTheSession) {

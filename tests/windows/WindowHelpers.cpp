@@ -75,9 +75,12 @@ void Type(QWidget& window, const std::string& text) {
 }
 
 void DropFile(QWidget& control, const FolderItem& file) {
+  DropFile(control, file, control.rect().center());
+}
+
+void DropFile(QWidget& control, const FolderItem& file, const QPoint& at) {
   QMimeData data;
   data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file.ShellPath()))});
-  const QPoint at = control.rect().center();
   QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
   QApplication::sendEvent(&control, &enter);
   ASSERT_TRUE(enter.isAccepted());
@@ -137,6 +140,7 @@ Program::Program() {
   const std::string path = home.Item().ShellPath();
   qputenv("HOME", path.c_str());
   qputenv("XDG_CONFIG_HOME", (path + "/config").c_str());
+  qputenv("XDG_CACHE_HOME", (path + "/cache").c_str());
   qputenv("XDG_DATA_HOME", (path + "/data").c_str());
   EXPECT_FALSE(home.Child("Documents").CreateAsFolder());
   Start();

@@ -35,6 +35,7 @@ void Drag(QWidget& control, const QPoint& from, const QPoint& to);
 void Key(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = {});
 void Type(QWidget& window, const std::string& text);
 void DropFile(QWidget& control, const FolderItem& file);
+void DropFile(QWidget& control, const FolderItem& file, const QPoint& at);
 /// Handles events until nothing moves any more.
 void Settle();
 /// Handles events until the condition holds; false after five seconds.

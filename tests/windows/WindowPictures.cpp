@@ -13,7 +13,7 @@
 #include "app/OneClickEditor.h"
 #include "app/PreferencesWindow.h"
 #include "app/ToolButtons.h"
-#include "app/WelcomePage.h"
+#include "browser/ui/multiViewFileBrowser.h"
 #include "effects/text/EffectModuleText.h"
 #include "kit/Appearance.h"
 #include "kit/ifkColors.h"
@@ -144,17 +144,37 @@ TEST(WindowPictures, OfTheCropAndItsPalette) {
   program.app->AppearanceChoice(Appearance::kLight);
 }
 
-TEST(WindowPictures, OfTheWelcomePageAndTheSmallWindows) {
+TEST(WindowPictures, OfTheBrowserAndTheSmallWindows) {
   Program program;
-  Take(program.Window(), QStringLiteral("welcome-empty"));
+  ASSERT_FALSE(program.home.Child("Pictures").CreateAsFolder());
+  program.Start();
+  multiViewFileBrowser& browser = *program.Window().imageBrowser;
+  Take(program.Window(), QStringLiteral("browser-empty"));
   const FolderItem sample = Sample(program);
-  program.OpenPhoto(sample);
-  program.Choose("RotateAndFlipRotate90");
-  program.fileDialogs.files = {program.home.Child("My tall photo.brvPhoto")};
-  program.Choose("FileSave");
-  program.Tool(ToolButtons::Browser().Identifier);
-  ASSERT_TRUE(Until([&] { return program.Window().Welcome->PreviewsShown() == 2; }));
-  Take(program.Window(), QStringLiteral("welcome"));
+  ASSERT_FALSE(sample.CopyFileTo(program.home.Child("Pictures").Child("Evening by the lake.jpg")));
+  ASSERT_FALSE(program.home.Child("Pictures").Child("Summer").CreateAsFolder());
+  program.Photo("Pictures/tall.jpg", 200, 320);
+  program.home.Write("Pictures/notes.txt", "words");
+  program.Window().MenuAction("ViewShowHiddenFiles");
+  program.Window().MenuAction("ViewShowHiddenFiles");
+  const auto ready = [&] {
+    return browser.Count() == 4 &&
+           browser.myImageGetter().State() == browserThumbnailGetter::kNotRunning;
+  };
+  ASSERT_TRUE(Until(ready));
+  browser.ListIndex(1);
+  for (const Appearance::Scheme scheme : {Appearance::kLight, Appearance::kDark}) {
+    program.app->AppearanceChoice(scheme);
+    const QString name = scheme == Appearance::kDark ? QStringLiteral("-dark") : QString();
+    program.Choose("ViewAsIcons");
+    Take(program.Window(), QStringLiteral("browser-icons") + name);
+    // The photo is there, and not an icon in its place.
+    const QImage shown = browser.grab().toImage();
+    EXPECT_GT(shown.width(), 0);
+    program.Choose("ViewAsList");
+    Take(program.Window(), QStringLiteral("browser-list") + name);
+  }
+  program.app->AppearanceChoice(Appearance::kLight);
   program.app->ShowPreferences();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(program.app->PreferencesShown()));
   Take(*program.app->PreferencesShown(), QStringLiteral("preferences"));

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStandardItemModel>
+
+#include "browser/ui/BrowserViews.h"
+#include "browser/ui/multiViewFileBrowser.h"
+#include "kit/InterfaceKitSupport.h"
+#include "kit/ifkColors.h"
+
+namespace brivolant {
+namespace {
+
+constexpr int kRow = 24;
+constexpr int kTallRow = 40;
+constexpr int kDragDistance = 5;
+
+}  // namespace
+
+BrowserListView::BrowserListView(multiViewFileBrowser& browser)
+    : QAbstractScrollArea(&browser),
+      browser_(browser),
+      headings_(new QStandardItemModel(0, 4, this)),
+      header_(new QHeaderView(Qt::Horizontal, this)) {
+  setFrameShape(QFrame::NoFrame);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setFocusPolicy(Qt::StrongFocus);
+  viewport()->setAcceptDrops(true);
+  const std::array<const LocalizedText*, 4> texts{&BrowserRows::kName, &BrowserRows::kKind,
+                                                  &BrowserRows::kFileSize, &BrowserRows::kModDate};
+  for (int i = 0; i < 4; ++i) {
+    headings_->setHeaderData(i, Qt::Horizontal,
+                             brivolant::Shown(*texts[static_cast<std::size_t>(i)]));
+  }
+  header_->setModel(headings_);
+  header_->setSectionsClickable(true);
+  header_->setSortIndicatorShown(true);
+  header_->setSortIndicator(0, Qt::AscendingOrder);
+  header_->setHighlightSections(false);
+  header_->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  header_->setSectionResizeMode(0, QHeaderView::Stretch);
+  for (const auto& [column, width] : {std::pair{1, 160}, {2, 96}, {3, 208}}) {
+    header_->setSectionResizeMode(column, QHeaderView::Interactive);
+    header_->resizeSection(column, width);
+  }
+  connect(header_, &QHeaderView::sortIndicatorChanged, this,
+          [this](int column, Qt::SortOrder order) {
+            browser_.Sort(column, order == Qt::DescendingOrder);
+          });
+  connect(header_, &QHeaderView::sectionResized, viewport(), [this] { viewport()->update(); });
+}
+
+BrowserListView::~BrowserListView() = default;
+
+int BrowserListView::RowHeight() const {
+  return browser_.Mode() == multiViewFileBrowser::kListView && browser_.IconSize() == 1 ? kTallRow
+                                                                                        : kRow;
+}
+
+int BrowserListView::RowAt(int y) const {
+  const int row = (y + verticalScrollBar()->value()) / RowHeight();
+  return y >= 0 && row < browser_.Count() ? row : -1;
+}
+
+QRect BrowserListView::RowRect(int row) const {
+  return {0, row * RowHeight() - verticalScrollBar()->value(), viewport()->width(), RowHeight()};
+}
+
+void BrowserListView::UpdateScrollBar() {
+  QScrollBar& bar = *verticalScrollBar();
+  bar.setRange(0, std::max(browser_.Count() * RowHeight() - viewport()->height(), 0));
+  bar.setSingleStep(RowHeight());
+  bar.setPageStep(viewport()->height());
+}
+
+int BrowserListView::RowsPerPage() const {
+  return std::max(viewport()->height() / RowHeight(), 1);
+}
+
+void BrowserListView::ScrollTo(int row) {
+  UpdateScrollBar();
+  const QRect rect = RowRect(row);
+  QScrollBar& bar = *verticalScrollBar();
+  if (rect.top() < 0) {
+    bar.setValue(bar.value() + rect.top());
+  } else if (rect.bottom() >= viewport()->height()) {
+    bar.setValue(bar.value() + rect.bottom() + 1 - viewport()->height());
+  }
+}
+
+void BrowserListView::ShowOrder(int column, bool descending) {
+  const QSignalBlocker quiet(header_);
+  header_->setSortIndicator(column, descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+void BrowserListView::PlaceHeader() {
+  const int height = header_->sizeHint().height();
+  setViewportMargins(0, height, 0, 0);
+  header_->setGeometry(0, 0, viewport()->width(), height);
+}
+
+void BrowserListView::resizeEvent(QResizeEvent*) {
+  PlaceHeader();
+  UpdateScrollBar();
+}
+
+void BrowserListView::scrollContentsBy(int, int) {
+  viewport()->update();
+}
+
+void BrowserListView::paintEvent(QPaintEvent*) {
+  QPainter painter(viewport());
+  const int height = RowHeight();
+  const int first = verticalScrollBar()->value() / height;
+  const int end = first + viewport()->height() / height + 2;
+  for (int row = first; row < end; ++row) {
+    const QRect rect = RowRect(row);
+    painter.fillRect(rect,
+                     row % 2 == 0 ? ifkColors::listRowColorEven() : ifkColors::listRowColorOdd());
+    if (row < browser_.Count()) PaintRow(painter, row);
+  }
+  browser_.RowsInView(first, std::min(end, browser_.Count()));
+}
+
+void BrowserListView::PaintRow(QPainter& painter, int row) {
+  const QRect rect = RowRect(row);
+  const bool selected = browser_.isItemSelected(row);
+  if (selected) {
+    painter.fillRect(
+        rect, hasFocus() ? ifkColors::iAppsHighLightColor() : ifkColors::SecondaryHighlightColor());
+  }
+  const auto item = browser_.Rows().Item(row);
+  const bool hidden = item != nullptr && !item->Visible();
+  const int side = RowHeight() - 4;
+  const int name = header_->sectionViewportPosition(0);
+  const QPixmap picture = browser_.CellPicture(row, side);
+  const QSize size = (QSizeF(picture.size()) / picture.devicePixelRatio()).toSize();
+  painter.setOpacity(hidden ? 0.5 : 1);
+  painter.drawPixmap(name + 8 + (side - size.width()) / 2,
+                     rect.top() + 2 + (side - size.height()) / 2, picture);
+  painter.setOpacity(1);
+  const QColor text = hidden                   ? ifkColors::TextDisabled()
+                      : selected && hasFocus() ? ifkColors::TextSelected()
+                                               : ifkColors::TextActive();
+  for (int column = 0; column < 4; ++column) {
+    const int inset = column == 0 ? RowHeight() + 12 : 8;
+    const QRect cell(header_->sectionViewportPosition(column) + inset, rect.top(),
+                     header_->sectionSize(column) - inset - 5, rect.height());
+    painter.setPen(column == 0 || selected ? text : ifkColors::TextDisabled());
+    const Qt::Alignment side2 = column == BrowserRows::kSizeColumn ? Qt::AlignRight : Qt::AlignLeft;
+    const QString shown = ToQString(browser_.Rows().ShownText(row, column));
+    painter.drawText(cell, static_cast<int>(side2 | Qt::AlignVCenter),
+                     painter.fontMetrics().elidedText(shown, Qt::ElideMiddle, cell.width()));
+  }
+  if (hasFocus() && row == browser_.ListIndex() && !selected) {
+    painter.setPen(ifkColors::FocusHighlight());
+    painter.drawRect(rect.adjusted(0, 0, -1, -1));
+  }
+}
+
+void BrowserListView::mousePressEvent(QMouseEvent* event) {
+  const int row = RowAt(event->position().toPoint().y());
+  setFocus();
+  pressed_ = event->position().toPoint();
+  mayDrag_ = event->button() == Qt::LeftButton && row >= 0;
+  if (event->button() == Qt::RightButton && row >= 0 && browser_.isItemSelected(row)) return;
+  browser_.PressRow(row, event->modifiers());
+}
+
+void BrowserListView::mouseMoveEvent(QMouseEvent* event) {
+  if (!mayDrag_ || (event->position().toPoint() - pressed_).manhattanLength() <= kDragDistance) {
+    return;
+  }
+  mayDrag_ = false;
+  browser_.StartDrag();
+}
+
+void BrowserListView::mouseDoubleClickEvent(QMouseEvent* event) {
+  const int row = RowAt(event->position().toPoint().y());
+  mayDrag_ = false;
+  if (row < 0 || event->button() != Qt::LeftButton) return;
+  const BrowserPayload payload = browser_.item(row);
+  if (browser_.OpenItem) browser_.OpenItem(payload);
+}
+
+void BrowserListView::contextMenuEvent(QContextMenuEvent* event) {
+  browser_.ShowMenu(event->globalPos());
+}
+
+void BrowserListView::keyPressEvent(QKeyEvent* event) {
+  if (!browser_.HandleKey(*event, RowsPerPage(), 1)) event->ignore();
+}
+
+void BrowserListView::dragEnterEvent(QDragEnterEvent* event) {
+  if (browser_.AcceptsDrop(*event->mimeData())) event->acceptProposedAction();
+}
+
+void BrowserListView::dragMoveEvent(QDragMoveEvent* event) {
+  if (browser_.DropTarget(RowAt(event->position().toPoint().y()))) event->acceptProposedAction();
+}
+
+void BrowserListView::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  browser_.Drop(*event->mimeData(), RowAt(event->position().toPoint().y()));
+}
+
+}  // namespace brivolant

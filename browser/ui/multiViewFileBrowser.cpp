@@ -1,0 +1,612 @@
+// SPDX-License-Identifier: MIT
+#include "browser/ui/multiViewFileBrowser.h"
+
+#include <QApplication>
+#include <QDrag>
+#include <QFile>
+#include <QFileSystemWatcher>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QPainter>
+#include <QScrollBar>
+#include <QUrl>
+#include <algorithm>
+
+#include "browser/ui/BrowserViews.h"
+#include "browser/ui/FileIcons.h"
+#include "files/FolderitemExtensions.h"
+#include "kit/DesktopServices.h"
+#include "kit/InterfaceKitSupport.h"
+#include "kit/ifkColors.h"
+
+namespace brivolant {
+namespace {
+
+/// Milliseconds that a listing may hold the window up.
+constexpr int kPatience = 40;
+/// Milliseconds between two repaints while thumbnails arrive.
+constexpr int kRepaint = 40;
+/// Milliseconds of quiet after which a changed folder is listed again.
+constexpr int kReload = 300;
+/// Milliseconds after which typed letters begin a new word.
+constexpr int kTyping = 1000;
+constexpr std::size_t kScaledKept = 600;
+
+const void* IdOf(const BrowserPayload& payload) {
+  return std::visit(
+      [](const auto& held) -> const void* {
+        if constexpr (std::is_same_v<std::decay_t<decltype(held)>, std::monostate>) {
+          return nullptr;
+        } else {
+          return held.get();
+        }
+      },
+      payload);
+}
+
+QImage ImageOf(const BrowserPayload& payload) {
+  if (const auto* item = std::get_if<std::shared_ptr<browserItem>>(&payload)) return (*item)->image;
+  std::shared_ptr<iPhotoItem> photo;
+  if (const auto* own = std::get_if<std::shared_ptr<iPhotoItem>>(&payload)) photo = *own;
+  if (const auto* roll = std::get_if<std::shared_ptr<iPhotoRoll>>(&payload)) {
+    photo = (*roll)->FirstItem();
+  }
+  return photo == nullptr ? QImage() : ImageFromPicture(photo->DynamicPreview());
+}
+
+/// The file or files that a payload stands for.
+std::vector<FolderItem> FilesOf(const BrowserPayload& payload) {
+  std::vector<FolderItem> files;
+  if (const auto* item = std::get_if<std::shared_ptr<browserItem>>(&payload)) {
+    if (const FolderItem file = (*item)->File()) files.push_back(file);
+  } else if (const auto* photo = std::get_if<std::shared_ptr<iPhotoItem>>(&payload)) {
+    if (const FolderItem file = (*photo)->File()) files.push_back(file);
+  } else if (const auto* roll = std::get_if<std::shared_ptr<iPhotoRoll>>(&payload)) {
+    for (const auto& entry : (*roll)->item) {
+      if (const FolderItem file = entry->File()) files.push_back(file);
+    }
+  }
+  return files;
+}
+
+/// The dragged picture with the number of files in its corner.
+QPixmap DragPicture(const QPixmap& picture, int count) {
+  if (count < 2) return picture;
+  const double ratio = picture.devicePixelRatio();
+  const QString text = QString::number(count);
+  QFont font;
+  font.setBold(true);
+  const QFontMetrics metrics(font);
+  const int height = metrics.height() + 6;
+  const int width = std::max(metrics.horizontalAdvance(text) + 12, height);
+  const QSize size = (QSizeF(picture.size()) / ratio).toSize();
+  QPixmap badged(QSize(size.width() + width / 2, size.height() + height / 2) * ratio);
+  badged.setDevicePixelRatio(ratio);
+  badged.fill(Qt::transparent);
+  QPainter painter(&badged);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.drawPixmap(0, height / 2, picture);
+  const QRectF badge(size.width() - width / 2.0, 0, width, height);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QColor(0, 0, 0, 90));
+  painter.drawRoundedRect(badge.translated(0, 1), height / 2.0, height / 2.0);
+  painter.setBrush(QColor(0xD9, 0x2D, 0x20));
+  painter.drawRoundedRect(badge, height / 2.0, height / 2.0);
+  painter.setFont(font);
+  painter.setPen(Qt::white);
+  painter.drawText(badge, Qt::AlignCenter, text);
+  return badged;
+}
+
+}  // namespace
+
+multiViewFileBrowser::multiViewFileBrowser(std::shared_ptr<const ThumbnailMaker> maker,
+                                           QWidget* parent)
+    : QWidget(parent),
+      getter_(std::move(maker)),
+      icons_(new BrowserIconView(*this)),
+      list_(new BrowserListView(*this)) {
+  list_->hide();
+  setFocusProxy(icons_);
+  lister_.Listed = [this](std::vector<BrowserRows::Row> rows, bool done) {
+    TakeListed(std::move(rows), done);
+  };
+  getter_.Started = [this] {
+    if (StartedToUpdateThumbnails) StartedToUpdateThumbnails();
+  };
+  getter_.AddedThumbnail = [this] {
+    if (!repaint_.isActive()) repaint_.start();
+  };
+  getter_.Finished = [this] {
+    Update();
+    if (FinishedUpdatingThumbnails) FinishedUpdatingThumbnails();
+  };
+  const auto once = [this](QTimer& timer, int milliseconds, const std::function<void()>& then) {
+    timer.setSingleShot(true);
+    timer.setInterval(milliseconds);
+    connect(&timer, &QTimer::timeout, this, then);
+  };
+  once(repaint_, kRepaint, [this] { Update(); });
+  once(reload_, kReload, [this] { ReloadCurrentView(); });
+  once(typing_, kTyping, [this] { typed_.clear(); });
+}
+
+multiViewFileBrowser::~multiViewFileBrowser() {
+  getter_.Kill();
+  lister_.Stop();
+}
+
+FolderItem multiViewFileBrowser::CurrentFolder() const {
+  const auto* folder = std::get_if<FolderItem>(&currentView_);
+  return folder == nullptr ? FolderItem() : *folder;
+}
+
+void multiViewFileBrowser::Mode(int mode) {
+  if (mode == intMode) return;
+  intMode = mode;
+  const bool list = mode == kListView;
+  QWidget* shown = list ? static_cast<QWidget*>(list_) : icons_;
+  const bool focused = icons_->hasFocus() || list_->hasFocus();
+  list_->setVisible(list);
+  icons_->setVisible(!list);
+  setFocusProxy(shown);
+  Lay();
+  if (focused) shown->setFocus();
+  if (ListIndex() >= 0) ScrollTo(ListIndex());
+  RaiseSelectionChanged();
+  if (modeChanged) modeChanged();
+  Update();
+}
+
+void multiViewFileBrowser::IconSize(int size) {
+  if (intMode == kListView) {
+    listViewSize = std::clamp(size, 0, 1);
+  } else {
+    iconViewSize = std::clamp(size, 16, 256);
+  }
+  const int row = ListIndex();
+  icons_->UpdateScrollBar();
+  list_->UpdateScrollBar();
+  if (row >= 0) ScrollTo(row);
+  Update();
+}
+
+void multiViewFileBrowser::Lay() {
+  icons_->setGeometry(rect());
+  list_->setGeometry(rect());
+  icons_->UpdateScrollBar();
+  list_->UpdateScrollBar();
+}
+
+void multiViewFileBrowser::resizeEvent(QResizeEvent*) {
+  Lay();
+}
+
+void multiViewFileBrowser::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) Lay();
+  QWidget::changeEvent(event);
+}
+
+void multiViewFileBrowser::focusInEvent(QFocusEvent* event) {
+  QWidget::focusInEvent(event);
+}
+
+void multiViewFileBrowser::Update() {
+  icons_->viewport()->update();
+  list_->viewport()->update();
+}
+
+void multiViewFileBrowser::Watch(const FolderItem& folder) {
+  watcher_ = std::make_unique<QFileSystemWatcher>();
+  if (folder.IsNil()) return;
+  watcher_->addPath(QFile::decodeName(folder.Path().c_str()));
+  connect(watcher_.get(), &QFileSystemWatcher::directoryChanged, this, [this] { reload_.start(); });
+}
+
+void multiViewFileBrowser::DisplayItem(const Container& value) {
+  getter_.Kill();
+  getter_.item.clear();
+  lister_.Stop();
+  reload_.stop();
+  Container container = value;
+  if (const auto* folder = std::get_if<FolderItem>(&container)) {
+    // A link is shown as what it leads to; one that leads nowhere shows nothing.
+    const FolderItem real = FolderitemExtensions::OriginalFile(*folder);
+    if (real.Alias()) return;
+    container = real;
+  }
+  if (!reloading_) {
+    before_.clear();
+    icons_->verticalScrollBar()->setValue(0);
+    list_->verticalScrollBar()->setValue(0);
+    anchor_ = -1;
+  }
+  rows_.RemoveAllItems();
+  currentView_ = container;
+  const FolderItem folder = CurrentFolder();
+  Watch(folder);
+  if (folder) {
+    lister_.List(folder,
+                 {rows_.SortColumn(), rows_.Descending(), showInvisibles, DocumentExtension},
+                 kPatience);
+    if (Listing() && !reloading_ && ListChanged) ListChanged();
+    Update();
+    return;
+  }
+  if (const auto* virtualFolder = std::get_if<std::shared_ptr<browserItemCollection>>(&container)) {
+    for (int i = 0; i < (*virtualFolder)->Count(); ++i) rows_.AddItem((*virtualFolder)->Item(i));
+  } else if (const auto* album = std::get_if<std::shared_ptr<iPhotoAlbum>>(&container)) {
+    for (const iPhotoAlbum::Entry& entry : (*album)->item) {
+      std::visit([this](const auto& held) { rows_.AddItem(held); }, entry);
+    }
+  } else if (const auto* roll = std::get_if<std::shared_ptr<iPhotoRoll>>(&container)) {
+    for (const auto& photo : (*roll)->item) rows_.AddItem(photo);
+  }
+  Lay();
+  RunGetter();
+  if (ListChanged) ListChanged();
+  Update();
+}
+
+void multiViewFileBrowser::ReloadCurrentView() {
+  if (Listing()) return reload_.start();
+  const int current = rows_.ListIndex();
+  const std::string name = current >= 0 ? rows_.Name(current) : std::string();
+  const int icons = icons_->verticalScrollBar()->value();
+  const int list = list_->verticalScrollBar()->value();
+  before_.clear();
+  for (int i = 0; i < rows_.Count(); ++i) {
+    const auto item = rows_.Item(i);
+    if (item) before_[item->File().ShellPath()] = {item, rows_.Selected(i), std::nullopt};
+  }
+  reloading_ = true;
+  DisplayItem(Container(currentView_));
+  reloading_ = false;
+  for (int i = 0; current >= 0 && i < rows_.Count(); ++i) {
+    if (rows_.Name(i) == name) rows_.MoveTo(i);
+  }
+  Lay();
+  icons_->verticalScrollBar()->setValue(icons);
+  list_->verticalScrollBar()->setValue(list);
+  RaiseSelectionChanged();
+}
+
+void multiViewFileBrowser::TakeListed(std::vector<BrowserRows::Row> rows, bool done) {
+  // What did not change keeps its thumbnail and stays selected.
+  for (BrowserRows::Row& row : rows) {
+    const auto& item = std::get<std::shared_ptr<browserItem>>(row.tag);
+    const auto known = before_.find(item->File().ShellPath());
+    if (known == before_.end()) continue;
+    const auto& old = std::get<std::shared_ptr<browserItem>>(known->second.tag);
+    row.selected = known->second.selected;
+    if (old->Facts == item->Facts) row.tag = old;
+  }
+  rows_.Merge(std::move(rows));
+  if (rows_.ListIndex() < 0 && rows_.SelectedCount() > 0) {
+    rows_.MoveTo(rows_.SelectedRows().front());
+  }
+  Lay();
+  Update();
+  if (!done) return;
+  before_.clear();
+  RunGetter();
+  if (ListChanged) ListChanged();
+}
+
+void multiViewFileBrowser::RunGetter() {
+  getter_.Size =
+      iconViewSize * devicePixelRatioF() > 256 ? ThumbnailCache::kXLarge : ThumbnailCache::kLarge;
+  for (int i = 0; i < rows_.Count(); ++i) {
+    const auto item = rows_.Item(i);
+    if (item && item->image.isNull() && !item->HasNoThumbnail) getter_.item.push_back(item);
+  }
+  getter_.Run();
+}
+
+void multiViewFileBrowser::RowsInView(int first, int end) {
+  std::vector<std::shared_ptr<browserItem>> items;
+  for (int i = first; i < end; ++i) {
+    if (auto item = rows_.Item(i)) items.push_back(std::move(item));
+  }
+  getter_.InView(items);
+}
+
+QPixmap multiViewFileBrowser::CellPicture(int row, int side) {
+  const BrowserPayload& payload = item(row);
+  const QImage image = ImageOf(payload);
+  const double ratio = devicePixelRatioF();
+  if (image.isNull()) return FileIcons::For(payload, side, ratio);
+  const void* id = IdOf(payload);
+  const auto known = scaledAt_.find(id);
+  if (known != scaledAt_.end() && known->second->second.of == image.cacheKey() &&
+      known->second->second.side == side) {
+    scaled_.splice(scaled_.end(), scaled_, known->second);
+    return known->second->second.pixmap;
+  }
+  const QSize room = QSize(side, side) * ratio;
+  const QSize fitted = image.size().scaled(room, Qt::KeepAspectRatio);
+  // Small pictures are not blown up beyond their pixels.
+  const QSize size = fitted.width() > image.width() ? image.size() : fitted;
+  QPixmap pixmap = QPixmap::fromImage(
+      size == image.size() ? image
+                           : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+  pixmap.setDevicePixelRatio(ratio);
+  if (known != scaledAt_.end()) {
+    scaled_.erase(known->second);
+    scaledAt_.erase(known);
+  }
+  scaled_.emplace_back(id, Scaled{image.cacheKey(), side, pixmap});
+  scaledAt_[id] = std::prev(scaled_.end());
+  while (scaled_.size() > kScaledKept) {
+    scaledAt_.erase(scaled_.front().first);
+    scaled_.pop_front();
+  }
+  return pixmap;
+}
+
+// The selection.
+
+void multiViewFileBrowser::RaiseSelectionChanged() {
+  Update();
+  if (SelectionChanged) SelectionChanged();
+}
+
+void multiViewFileBrowser::isItemSelected(int index, bool selected) {
+  rows_.Select(index, selected);
+  RaiseSelectionChanged();
+}
+
+std::vector<BrowserPayload> multiViewFileBrowser::SelectedItems() const {
+  std::vector<BrowserPayload> items;
+  for (const int row : rows_.SelectedRows()) items.push_back(item(row));
+  return items;
+}
+
+BrowserPayload multiViewFileBrowser::SelectedItem(int index) const {
+  const std::vector<int> rows = rows_.SelectedRows();
+  return index >= 0 && index < static_cast<int>(rows.size())
+             ? item(rows[static_cast<std::size_t>(index)])
+             : BrowserPayload();
+}
+
+void multiViewFileBrowser::ListIndex(int row) {
+  rows_.ListIndex(row);
+  anchor_ = row;
+  if (row >= 0) ScrollTo(row);
+  RaiseSelectionChanged();
+}
+
+void multiViewFileBrowser::SelectAll() {
+  if (!AllowMultiSelect) return;
+  rows_.SelectAll(true);
+  RaiseSelectionChanged();
+}
+
+void multiViewFileBrowser::UnselectAll() {
+  rows_.SelectAll(false);
+  RaiseSelectionChanged();
+}
+
+void multiViewFileBrowser::HighLightItem(const std::string& text, bool partial) {
+  int first = -1;
+  const QString wanted = ToQString(text);
+  for (int i = 0; i < rows_.Count(); ++i) {
+    const QString name = ToQString(rows_.Name(i));
+    const bool match = partial ? !text.empty() && name.contains(wanted, Qt::CaseInsensitive)
+                               : name.compare(wanted, Qt::CaseInsensitive) == 0;
+    rows_.Select(i, match);
+    if (match && first < 0) first = i;
+  }
+  if (first >= 0) {
+    rows_.MoveTo(first);
+    ScrollTo(first);
+  }
+  RaiseSelectionChanged();
+}
+
+void multiViewFileBrowser::Remove(const std::shared_ptr<browserItem>& wanted) {
+  for (int i = 0; i < rows_.Count(); ++i) {
+    if (rows_.Item(i) != wanted) continue;
+    rows_.Remove(i);
+    break;
+  }
+  Lay();
+  RaiseSelectionChanged();
+}
+
+std::string multiViewFileBrowser::GetViewInfo() const {
+  const std::string count = std::to_string(rows_.Count());
+  std::string info;
+  if (rows_.SelectedCount() > 0) {
+    info = WithPlaceholders(kSelected.Text(),
+                            {{"<x>", std::to_string(rows_.SelectedCount())}, {"<t>", count}});
+  } else {
+    info = count + " " + (rows_.Count() == 1 ? BrowserRows::kitem : BrowserRows::kItems).Text();
+  }
+  if (const FolderItem folder = CurrentFolder(); folder && folder.Exists()) {
+    const auto free = static_cast<double>(VolumeItem(folder).AvailableSpace());
+    info += ", " + FolderitemExtensions::AsFileSize(free, ".00") + " " + kFreeSpace.Text();
+  }
+  return info;
+}
+
+void multiViewFileBrowser::Sort(int column, bool descending) {
+  rows_.Sort(column, descending);
+  list_->ShowOrder(column, descending);
+  if (ListIndex() >= 0) ScrollTo(ListIndex());
+  Update();
+}
+
+void multiViewFileBrowser::ScrollTo(int row) {
+  if (intMode == kListView) {
+    list_->ScrollTo(row);
+  } else {
+    icons_->ScrollTo(row);
+  }
+}
+
+void multiViewFileBrowser::PressRow(int row, Qt::KeyboardModifiers modifiers) {
+  if (modifiers.testFlag(Qt::ControlModifier) && AllowMultiSelect) {
+    if (row < 0) return;
+    rows_.Select(row, !rows_.Selected(row));
+    rows_.MoveTo(row);
+    anchor_ = row;
+    return RaiseSelectionChanged();
+  }
+  if (modifiers.testFlag(Qt::ShiftModifier) && row >= 0 && rows_.SelectedCount() > 0 &&
+      AllowMultiSelect) {
+    const int first = rows_.SelectedRows().front();
+    for (int i = std::min(first, row); i <= std::max(first, row); ++i) rows_.Select(i, true);
+    rows_.MoveTo(row);
+    return RaiseSelectionChanged();
+  }
+  // A press on one of several selected rows may become a drag of all of them.
+  if (row >= 0 && rows_.Selected(row)) {
+    rows_.MoveTo(row);
+    return Update();
+  }
+  if (row < 0 && rows_.SelectedCount() == 0) return Update();
+  rows_.ListIndex(row);
+  anchor_ = row;
+  RaiseSelectionChanged();
+}
+
+void multiViewFileBrowser::MoveTo(int row, bool extend) {
+  if (rows_.Count() == 0) return;
+  const int target = std::clamp(row, 0, rows_.Count() - 1);
+  if (extend && AllowMultiSelect) {
+    if (anchor_ < 0) anchor_ = std::max(rows_.ListIndex(), 0);
+    rows_.SelectAll(false);
+    for (int i = std::min(anchor_, target); i <= std::max(anchor_, target); ++i) {
+      rows_.Select(i, true);
+    }
+    rows_.MoveTo(target);
+  } else {
+    rows_.ListIndex(target);
+    anchor_ = target;
+  }
+  ScrollTo(target);
+  RaiseSelectionChanged();
+}
+
+void multiViewFileBrowser::TypeAhead(const QString& text) {
+  // The same letter again goes on to the next name that begins with it.
+  const bool same = typed_.size() == 1 && typed_ == text;
+  if (!same) typed_ += text;
+  typing_.start();
+  const int from = same ? rows_.ListIndex() + 1 : std::max(rows_.ListIndex(), 0);
+  for (int i = 0; i < rows_.Count(); ++i) {
+    const int row = (typed_.size() == 1 && !same ? i : from + i) % rows_.Count();
+    if (ToQString(rows_.Name(row)).startsWith(typed_, Qt::CaseInsensitive)) {
+      return MoveTo(row, false);
+    }
+  }
+}
+
+bool multiViewFileBrowser::HandleKey(QKeyEvent& event, int rowsPerPage, int perRow) {
+  const int row = rows_.ListIndex();
+  const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
+  if (event.modifiers().testFlag(Qt::ControlModifier) ||
+      event.modifiers().testFlag(Qt::AltModifier)) {
+    if (event.key() == Qt::Key_Up && ShowEnclosing) return ShowEnclosing(), true;
+    if (event.key() == Qt::Key_Down && row >= 0 && rows_.Selected(row)) {
+      const BrowserPayload payload = item(row);
+      if (OpenItem) OpenItem(payload);
+      return true;
+    }
+    return false;
+  }
+  switch (event.key()) {
+    case Qt::Key_Left:
+      return perRow == 1 ? false : (MoveTo(row - 1, shift), true);
+    case Qt::Key_Right:
+      return perRow == 1 ? false : (MoveTo(row + 1, shift), true);
+    case Qt::Key_Up:
+      return MoveTo(std::max(row - perRow, 0), shift), true;
+    case Qt::Key_Down:
+      return MoveTo(row < 0 ? 0 : row + perRow, shift), true;
+    case Qt::Key_PageUp:
+      return MoveTo(row - perRow * rowsPerPage, shift), true;
+    case Qt::Key_PageDown:
+      return MoveTo(row + perRow * rowsPerPage, shift), true;
+    case Qt::Key_Home:
+      return MoveTo(0, shift), true;
+    case Qt::Key_End:
+      return MoveTo(rows_.Count() - 1, shift), true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (row >= 0 && OpenItem) {
+        const BrowserPayload payload = item(row);
+        OpenItem(payload);
+      }
+      return true;
+    case Qt::Key_Delete:
+      if (TrashAction) TrashAction();
+      return true;
+    case Qt::Key_Backspace:
+      if (ShowEnclosing) ShowEnclosing();
+      return true;
+    case Qt::Key_Space:
+      if (typed_.isEmpty()) {
+        if (QuickLookAction) QuickLookAction();
+        return true;
+      }
+      [[fallthrough]];
+    default:
+      break;
+  }
+  const QString text = event.text();
+  if (text.isEmpty() || !text.front().isPrint()) return false;
+  TypeAhead(text);
+  return true;
+}
+
+// Drags and menus.
+
+void multiViewFileBrowser::StartDrag() {
+  QList<QUrl> urls;
+  QPixmap picture;
+  for (const int row : rows_.SelectedRows()) {
+    for (const FolderItem& file : FilesOf(item(row))) {
+      urls << QUrl::fromLocalFile(QFile::decodeName(file.Path().c_str()));
+    }
+    constexpr int kDragged = 96;
+    if (picture.isNull()) picture = CellPicture(row, kDragged);
+  }
+  if (urls.isEmpty()) return;
+  auto* data = new QMimeData;
+  data->setUrls(urls);
+  auto* drag = new QDrag(this);
+  drag->setMimeData(data);
+  drag->setPixmap(DragPicture(picture, static_cast<int>(urls.size())));
+  drag->setHotSpot({picture.width() / 4, picture.height() / 2});
+  drag->exec(Qt::CopyAction | Qt::LinkAction, Qt::CopyAction);
+}
+
+void multiViewFileBrowser::ShowMenu(const QPoint& global) {
+  QMenu menu;
+  if (ConstructContextualMenu && ConstructContextualMenu(menu)) menu.exec(global);
+}
+
+FolderItem multiViewFileBrowser::DropTarget(int row) const {
+  if (row >= 0) {
+    const auto target = rows_.Item(row);
+    const bool folder = target && target->Facts && target->Facts->Is == FileFacts::kFolder;
+    // What is dragged cannot go into itself.
+    if (folder && !rows_.Selected(row)) return target->File();
+  }
+  return CurrentFolder();
+}
+
+bool multiViewFileBrowser::AcceptsDrop(const QMimeData& data) const {
+  return data.hasUrls() && FilesDropped != nullptr;
+}
+
+void multiViewFileBrowser::Drop(const QMimeData& data, int row) {
+  const FolderItem folder = DropTarget(row);
+  const DragItem item = TakeDrag(data);
+  if (folder && !item.Files.empty() && FilesDropped) FilesDropped(item.Files, folder);
+}
+
+}  // namespace brivolant

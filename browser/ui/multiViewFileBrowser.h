@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPixmap>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+#include <list>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "browser/BrowserRows.h"
+#include "browser/FolderLister.h"
+#include "browser/IconGrid.h"
+#include "browser/browserThumbnailGetter.h"
+#include "platform/values/Text.h"
+
+class QKeyEvent;
+class QMenu;
+class QMimeData;
+class QScrollBar;
+class QFileSystemWatcher;
+
+namespace brivolant {
+
+class BrowserIconView;
+class BrowserListView;
+
+/// Shows one container (a folder, a library album, search results) as icons or as a list. It knows
+/// nothing of the window around: it reports, and the owner decides what opening means. Rows,
+/// selection and order live in one model, so both views always show the same.
+class multiViewFileBrowser final : public QWidget {
+ public:
+  enum ViewMode { kIconView = 0, kListView = 1 };
+  /// What is on show.
+  using Container = std::variant<std::monostate, FolderItem, std::shared_ptr<browserItemCollection>,
+                                 std::shared_ptr<iPhotoAlbum>, std::shared_ptr<iPhotoRoll>>;
+
+  static constexpr LocalizedText kSelected{"multiViewFileBrowser.kSelected", "<x> of <t> selected"};
+  static constexpr LocalizedText kFreeSpace{"multiViewFileBrowser.kFreeSpace", "available"};
+  static constexpr LocalizedText kEmptyFolder{"multiViewFileBrowser.kEmptyFolder",
+                                              "There is nothing here yet"};
+
+  multiViewFileBrowser(std::shared_ptr<const ThumbnailMaker> maker, QWidget* parent = nullptr);
+  ~multiViewFileBrowser() override;
+
+  int Mode() const { return intMode; }
+  void Mode(int mode);
+  /// 16 to 256 for icons; 0 or 1, the height of rows, for the list.
+  int IconSize() const { return intMode == kListView ? listViewSize : iconViewSize; }
+  void IconSize(int size);
+  int minIconSize() const { return intMode == kListView ? 0 : 16; }
+  int maxIconSize() const { return intMode == kListView ? 1 : 256; }
+  bool AllowMultiSelect = true;
+  bool showInvisibles = false;
+  /// Extension of the program's documents, which are folders that are shown as files.
+  std::string DocumentExtension;
+
+  const Container& currentView() const { return currentView_; }
+  /// The folder on show, or nil.
+  FolderItem CurrentFolder() const;
+  void DisplayItem(const Container& value);
+  /// Lists again; what is still there keeps its selection and its thumbnail.
+  void ReloadCurrentView();
+  /// True until the listing is complete.
+  bool Listing() const { return lister_.Running(); }
+
+  int Count() const { return rows_.Count(); }
+  const BrowserPayload& item(int index) const { return rows_.Tag(index); }
+  bool isItemSelected(int index) const { return rows_.Selected(index); }
+  void isItemSelected(int index, bool selected);
+  std::vector<BrowserPayload> SelectedItems() const;
+  int SelectedCount() const { return rows_.SelectedCount(); }
+  BrowserPayload SelectedItem(int index) const;
+  int ListIndex() const { return rows_.ListIndex(); }
+  void ListIndex(int row);
+  void SelectAll();
+  void UnselectAll();
+  /// Selects the rows whose names contain the text, or equal it, and shows the first.
+  void HighLightItem(const std::string& text, bool partial);
+  void Remove(const std::shared_ptr<browserItem>& item);
+  /// The status line.
+  std::string GetViewInfo() const;
+  void Sort(int column, bool descending);
+  void Update();
+
+  BrowserRows& Rows() { return rows_; }
+  browserThumbnailGetter& myImageGetter() { return getter_; }
+  /// A row's thumbnail or icon, fitted into a square of `side` units.
+  QPixmap CellPicture(int row, int side);
+  BrowserIconView& IconView() { return *icons_; }
+  BrowserListView& ListView() { return *list_; }
+
+  std::function<void(const BrowserPayload&)> OpenItem;
+  std::function<void()> modeChanged;
+  std::function<void()> ListChanged;
+  std::function<void()> SelectionChanged;
+  std::function<void()> StartedToUpdateThumbnails;
+  std::function<void()> FinishedUpdatingThumbnails;
+  std::function<void()> QuickLookAction;
+  std::function<void()> TrashAction;
+  /// Up to the container of this one.
+  std::function<void()> ShowEnclosing;
+  /// Fills the menu for the selection; false for none.
+  std::function<bool(QMenu&)> ConstructContextualMenu;
+  /// Files were dropped on this folder.
+  std::function<void(const std::vector<FolderItem>& files, const FolderItem& folder)> FilesDropped;
+
+  // What both views do alike; public for them.
+
+  /// A press on a row, or on nothing (-1).
+  void PressRow(int row, Qt::KeyboardModifiers modifiers);
+  /// True if the key was handled.
+  bool HandleKey(QKeyEvent& event, int rowsPerPage, int perRow);
+  void StartDrag();
+  void ShowMenu(const QPoint& global);
+  void RaiseSelectionChanged();
+  /// The rows that a view shows now: their thumbnails come first.
+  void RowsInView(int first, int end);
+  /// Where a drop at a row goes: its folder, else the folder on show; nil if it cannot take any.
+  FolderItem DropTarget(int row) const;
+  bool AcceptsDrop(const QMimeData& data) const;
+  void Drop(const QMimeData& data, int row);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+
+ private:
+  struct Scaled {
+    qint64 of = 0;
+    int side = 0;
+    QPixmap pixmap;
+  };
+  void Lay();
+  void Watch(const FolderItem& folder);
+  void TakeListed(std::vector<BrowserRows::Row> rows, bool done);
+  void RunGetter();
+  void MoveTo(int row, bool extend);
+  void TypeAhead(const QString& text);
+  void ScrollTo(int row);
+
+  int intMode = kIconView;
+  int iconViewSize = 128;
+  int listViewSize = 0;
+  Container currentView_;
+  BrowserRows rows_;
+  FolderLister lister_;
+  browserThumbnailGetter getter_;
+  BrowserIconView* icons_;
+  BrowserListView* list_;
+  std::unique_ptr<QFileSystemWatcher> watcher_;
+  QTimer reload_;
+  QTimer repaint_;
+  /// Rows that were there before a reload, by their paths.
+  std::unordered_map<std::string, BrowserRows::Row> before_;
+  bool reloading_ = false;
+  QString typed_;
+  QTimer typing_;
+  /// Where a range began that is selected by keys.
+  int anchor_ = -1;
+  std::list<std::pair<const void*, Scaled>> scaled_;
+  std::unordered_map<const void*, std::list<std::pair<const void*, Scaled>>::iterator> scaledAt_;
+};
+
+}  // namespace brivolant

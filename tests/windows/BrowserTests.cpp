@@ -1,0 +1,332 @@
+// SPDX-License-Identifier: MIT
+// Finding photos, by real events on the real window.
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTest>
+
+#include "WindowHelpers.h"
+#include "app/ToolButtons.h"
+#include "browser/ui/BrowserViews.h"
+#include "browser/ui/Sidebar.h"
+#include "browser/ui/multiViewFileBrowser.h"
+#include "kit/ifkPathBar.h"
+
+namespace brivolant::test {
+namespace {
+
+using testing::ElementsAre;
+
+/// The program in a home with photos in the pictures folder.
+struct Browsing : Program {
+  explicit Browsing(const std::vector<std::string>& names) {
+    EXPECT_FALSE(home.Child("Pictures").CreateAsFolder());
+    for (const std::string& name : names) Photo("Pictures/" + name, 64, 48);
+    Start();
+    EXPECT_TRUE(Until([&] { return !Browser().Listing(); }));
+  }
+  multiViewFileBrowser& Browser() { return *Window().imageBrowser; }
+  FolderItem Pictures() { return home.Child("Pictures"); }
+  QWidget& Grid() { return *Browser().IconView().viewport(); }
+  QPoint Cell(int row) { return Browser().IconView().CellRect(row).center(); }
+  std::vector<std::string> Names() {
+    std::vector<std::string> names;
+    for (int i = 0; i < Browser().Count(); ++i) names.push_back(Browser().Rows().Name(i));
+    return names;
+  }
+  std::vector<std::string> Selected() {
+    std::vector<std::string> names;
+    for (const BrowserPayload& payload : Browser().SelectedItems()) {
+      names.push_back(BrowserRows::NameOf(payload));
+    }
+    return names;
+  }
+  bool Shows(const std::vector<std::string>& names) {
+    return Until([&] { return !Browser().Listing() && Names() == names; });
+  }
+};
+
+void DoubleClick(QWidget& control, const QPoint& at) {
+  QTest::mouseDClick(control.window()->windowHandle(), Qt::LeftButton, {},
+                     control.mapTo(control.window(), at));
+  QApplication::processEvents();
+}
+
+TEST(Browser, OpensEditsSavesAndComesBackToTheSamePlace) {
+  Browsing program({"a.jpg", "b.jpg"});
+  EXPECT_THAT(program.Names(), ElementsAre("a.jpg", "b.jpg"));
+  ASSERT_TRUE(Until([&] { return !program.Browser().Rows().Item(1)->image.isNull(); }));
+  DoubleClick(program.Grid(), program.Cell(1));
+  Settle();
+  ASSERT_EQ(program.Window().DisplayPane, MainWindow::kEditorPane);
+  EXPECT_EQ(program.Document().Name, "b");
+  program.Choose("RotateAndFlipRotate90");
+  program.fileDialogs.files = {program.Pictures().Child("edited.brvPhoto")};
+  program.Choose("FileSave");
+  program.Tool(ToolButtons::Browser().Identifier);
+  Settle();
+  EXPECT_EQ(program.Window().DisplayPane, MainWindow::kBrowserPane);
+  ASSERT_TRUE(program.Shows({"a.jpg", "b.jpg", "edited.brvPhoto"}));
+  EXPECT_THAT(program.Selected(), ElementsAre("b.jpg"));
+  // A document shows its edited picture.
+  const auto document = program.Browser().Rows().Item(2);
+  ASSERT_TRUE(Until([&] { return !document->image.isNull(); }));
+  EXPECT_LT(document->image.width(), document->image.height());
+  // Saved again, it shows the new one.
+  DoubleClick(program.Grid(), program.Cell(2));
+  Settle();
+  program.Choose("RotateAndFlipRotate90");
+  QTest::qWait(1100);
+  program.Choose("FileSave");
+  program.Tool(ToolButtons::Browser().Identifier);
+  EXPECT_TRUE(Until([&] {
+    const auto again = program.Browser().Count() > 2 ? program.Browser().Rows().Item(2) : nullptr;
+    return again && again->image.width() > again->image.height();
+  }));
+  EXPECT_THAT(program.dialogs.messages, testing::IsEmpty());
+}
+
+TEST(Browser, MouseSelectsOneSeveralARangeAndByTheRubberBand) {
+  Browsing program({"a.jpg", "b.jpg", "c.jpg", "d.jpg"});
+  Click(program.Grid(), program.Cell(1));
+  EXPECT_THAT(program.Selected(), ElementsAre("b.jpg"));
+  Click(program.Grid(), program.Cell(3), Qt::ControlModifier);
+  EXPECT_THAT(program.Selected(), ElementsAre("b.jpg", "d.jpg"));
+  Click(program.Grid(), program.Cell(3), Qt::ControlModifier);
+  Click(program.Grid(), program.Cell(3), Qt::ShiftModifier);
+  EXPECT_THAT(program.Selected(), ElementsAre("b.jpg", "c.jpg", "d.jpg"));
+  // A press on one of them keeps all, for a drag.
+  Click(program.Grid(), program.Cell(2));
+  EXPECT_EQ(program.Browser().SelectedCount(), 3);
+  const QPoint below(program.Cell(0).x(), program.Grid().height() - 10);
+  Click(program.Grid(), below);
+  EXPECT_EQ(program.Browser().SelectedCount(), 0);
+  int changes = 0;
+  const auto told = program.Browser().SelectionChanged;
+  program.Browser().SelectionChanged = [&] {
+    ++changes;
+    told();
+  };
+  Drag(program.Grid(), below, program.Cell(1));
+  EXPECT_THAT(program.Selected(), ElementsAre("a.jpg", "b.jpg"));
+  EXPECT_EQ(changes, 1);
+}
+
+TEST(Browser, KeysMoveTypeOpenAndTakeBackWhatWasTrashed) {
+  Browsing program({"alpha.jpg", "beta.jpg", "berta.jpg", "zoo.jpg"});
+  EXPECT_THAT(program.Names(), ElementsAre("alpha.jpg", "berta.jpg", "beta.jpg", "zoo.jpg"));
+  program.Browser().setFocus();
+  MainWindow& window = program.Window();
+  const auto name = [&] { return program.Browser().Rows().Name(program.Browser().ListIndex()); };
+  Key(window, Qt::Key_Right);
+  EXPECT_EQ(name(), "alpha.jpg");
+  Key(window, Qt::Key_End);
+  EXPECT_EQ(name(), "zoo.jpg");
+  Key(window, Qt::Key_Home);
+  Key(window, Qt::Key_Left);
+  EXPECT_EQ(name(), "alpha.jpg");
+  Key(window, Qt::Key_Right, Qt::ShiftModifier);
+  EXPECT_THAT(program.Selected(), ElementsAre("alpha.jpg", "berta.jpg"));
+  Type(window, "bet");
+  EXPECT_EQ(name(), "beta.jpg");
+  Key(window, Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(program.Browser().SelectedCount(), 4);
+  Key(window, Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+  Click(program.Grid(), program.Cell(1));
+  Key(window, Qt::Key_Delete);
+  ASSERT_TRUE(program.Shows({"alpha.jpg", "beta.jpg", "zoo.jpg"}));
+  EXPECT_FALSE(program.Pictures().Child("berta.jpg").Exists());
+  Key(window, Qt::Key_Z, Qt::ControlModifier);
+  ASSERT_TRUE(program.Shows({"alpha.jpg", "berta.jpg", "beta.jpg", "zoo.jpg"}));
+  EXPECT_THAT(program.Selected(), ElementsAre("berta.jpg"));
+  Key(window, Qt::Key_Up, Qt::ControlModifier);
+  ASSERT_TRUE(Until([&] { return program.Browser().CurrentFolder() == program.home.Item(); }));
+  EXPECT_THAT(program.Selected(), ElementsAre("Pictures"));
+  Key(window, Qt::Key_Return);
+  ASSERT_TRUE(Until([&] { return program.Browser().CurrentFolder() == program.Pictures(); }));
+  Key(window, Qt::Key_Down);
+  Key(window, Qt::Key_Return);
+  Settle();
+  EXPECT_EQ(window.DisplayPane, MainWindow::kEditorPane);
+}
+
+TEST(Browser, ListAndIconsShareOrderAndSelection) {
+  Browsing program({"img10.jpg", "img2.jpg"});
+  program.home.Write("Pictures/a.txt", std::string(100000, 'x'));
+  ASSERT_TRUE(program.Shows({"a.txt", "img2.jpg", "img10.jpg"}));
+  Click(program.Grid(), program.Cell(2));
+  program.Choose("ViewAsList");
+  BrowserListView& list = program.Browser().ListView();
+  ASSERT_TRUE(list.isVisible());
+  EXPECT_THAT(program.Selected(), ElementsAre("img10.jpg"));
+  QHeaderView& header = list.Header();
+  const QPoint size(header.sectionViewportPosition(2) + 20, header.height() / 2);
+  Click(*header.viewport(), size);
+  Click(*header.viewport(), size);
+  EXPECT_EQ(program.Names().front(), "a.txt");
+  const QPoint nameColumn(20, header.height() / 2);
+  Click(*header.viewport(), nameColumn);
+  Click(*header.viewport(), nameColumn);
+  EXPECT_THAT(program.Names(), ElementsAre("img10.jpg", "img2.jpg", "a.txt"));
+  EXPECT_THAT(program.Selected(), ElementsAre("img10.jpg"));
+  Click(*list.viewport(), list.RowRect(1).center());
+  EXPECT_THAT(program.Selected(), ElementsAre("img2.jpg"));
+  program.Choose("ViewAsIcons");
+  EXPECT_THAT(program.Names(), ElementsAre("img10.jpg", "img2.jpg", "a.txt"));
+  EXPECT_THAT(program.Selected(), ElementsAre("img2.jpg"));
+  // The mode survives a restart.
+  program.Choose("ViewAsList");
+  program.Window().close();
+  program.Start();
+  EXPECT_EQ(program.Browser().Mode(), multiViewFileBrowser::kListView);
+}
+
+TEST(Browser, PathBarWalksItsHistory) {
+  Browsing program({"a.jpg"});
+  const FolderItem trip = program.Pictures().Child("Trip");
+  ASSERT_FALSE(trip.CreateAsFolder());
+  ifkPathBar& bar = *program.Window().myPathBar;
+  program.Window().DisplayContainer(trip);
+  EXPECT_EQ(bar.Item(bar.Count()).Caption, QStringLiteral("Trip"));
+  Click(bar, bar.ButtonRect(ifkPathBar::kBackButton).center());
+  EXPECT_EQ(program.Browser().CurrentFolder(), program.Pictures());
+  Click(bar, bar.ButtonRect(ifkPathBar::kForwardButton).center());
+  EXPECT_EQ(program.Browser().CurrentFolder(), trip);
+  // The same path again adds no history; a new one after going back ends what lay ahead.
+  Click(bar, bar.ButtonRect(ifkPathBar::kBackButton).center());
+  EXPECT_FALSE(bar.CanGoBack());
+  program.Window().DisplayContainer(program.Pictures());
+  EXPECT_FALSE(bar.CanGoBack());
+  EXPECT_TRUE(bar.CanGoForward());
+  Click(bar, bar.ButtonRect(bar.Count() - 1).center());
+  EXPECT_EQ(program.Browser().CurrentFolder(), program.home.Item());
+  EXPECT_FALSE(bar.CanGoForward());
+}
+
+TEST(Browser, PlacesAndFoldsSurviveARestart) {
+  Browsing program({});
+  ASSERT_FALSE(program.Pictures().Child("Trip").CreateAsFolder());
+  ASSERT_TRUE(program.Shows({"Trip"}));
+  Click(program.Grid(), program.Cell(0));
+  program.Choose("FileAddToSideBar");
+  const auto row = [&](const std::string& caption) {
+    Sidebar& bar = *program.Window().mySideBar;
+    for (int i = 0; i < bar.RowCount(); ++i) {
+      if (bar.ItemAt(i) && bar.ItemAt(i)->Caption == caption) return i;
+    }
+    return -1;
+  };
+  ASSERT_GE(row("Trip"), 0);
+  // The first header is that of the devices.
+  Click(*program.Window().mySideBar->viewport(), program.Window().mySideBar->RowRect(0).center());
+  EXPECT_FALSE(program.Window().mySideBar->item[0]->ItemsVisible);
+  program.Window().close();
+  program.Start();
+  Sidebar& bar = *program.Window().mySideBar;
+  EXPECT_FALSE(bar.item[0]->ItemsVisible);
+  ASSERT_GE(row("Trip"), 0);
+  Click(*bar.viewport(), bar.RowRect(row("Trip")).center());
+  EXPECT_EQ(program.Browser().CurrentFolder(), program.Pictures().Child("Trip"));
+  Key(program.Window(), Qt::Key_Backspace);
+  EXPECT_EQ(row("Trip"), -1);
+  program.Start();
+  EXPECT_EQ(row("Trip"), -1);
+  EXPECT_GE(row("Pictures"), 0);
+}
+
+TEST(Browser, FilesComeInByDropAndPasteUnderFreeNames) {
+  Browsing program({"a.jpg"});
+  const FolderItem outside = program.Photo("a.jpg");
+  DropFile(program.Grid(), outside);
+  ASSERT_TRUE(program.Shows({"a-1.jpg", "a.jpg"}));
+  EXPECT_THAT(program.Selected(), ElementsAre("a-1.jpg"));
+  program.Choose("EditCopy");
+  program.Choose("EditPaste");
+  ASSERT_TRUE(Until([&] { return program.Browser().Count() == 3; }));
+  EXPECT_TRUE(program.Pictures().Child("a-1-1.jpg").Exists());
+  // Onto a folder's cell: into the folder.
+  ASSERT_FALSE(program.Pictures().Child("Trip").CreateAsFolder());
+  ASSERT_TRUE(Until([&] { return program.Browser().Count() == 4; }));
+  DropFile(program.Grid(), outside, program.Cell(0));
+  EXPECT_TRUE(Until([&] { return program.Pictures().Child("Trip").Child("a.jpg").Exists(); }));
+  // A folder does not go into itself.
+  program.Window().CopyFilesInto({program.Pictures()}, program.Pictures().Child("Trip"));
+  EXPECT_EQ(program.dialogs.messages.size(), 1U);
+}
+
+TEST(Browser, SearchHighlightsAndChangesFromOutsideShow) {
+  Browsing program({"beach.jpg", "Sunny Beach.jpg", "hill.jpg"});
+  program.Window().browserSearchField->setFocus();
+  Type(program.Window(), "beach");
+  EXPECT_THAT(program.Selected(), ElementsAre("beach.jpg", "Sunny Beach.jpg"));
+  program.Window().browserSearchField->clear();
+  EXPECT_EQ(program.Browser().SelectedCount(), 0);
+  Click(program.Grid(), program.Cell(1));
+  const std::string kept = program.Selected().front();
+  program.Photo("Pictures/arrived.jpg", 64, 48);
+  ASSERT_TRUE(Until([&] { return program.Browser().Count() == 4; }));
+  EXPECT_THAT(program.Selected(), ElementsAre(kept));
+  EXPECT_FALSE(program.Pictures().Child("hill.jpg").Delete());
+  EXPECT_TRUE(Until([&] { return program.Browser().Count() == 3; }));
+}
+
+TEST(Browser, BrokenFilesAndLinksLeaveTheWindowAlive) {
+  Browsing program({"a.jpg"});
+  program.home.Write("Pictures/empty.jpg", "");
+  program.home.Write("Pictures/\xE9.jpg", "no photo");
+  ASSERT_TRUE(
+      FolderitemExtensions::MakeAlias(program.Pictures(), program.Pictures().Child("loop")));
+  ASSERT_TRUE(FolderitemExtensions::MakeAlias(program.home.Child("gone"),
+                                              program.Pictures().Child("broken")));
+  ASSERT_TRUE(Until([&] { return program.Browser().Count() == 5; }));
+  ASSERT_TRUE(Until([&] {
+    return program.Browser().myImageGetter().State() == browserThumbnailGetter::kNotRunning;
+  }));
+  program.dialogs.answers = {Answer::kAction};
+  program.Browser().HighLightItem("broken", false);
+  program.Browser().setFocus();
+  Key(program.Window(), Qt::Key_Return);
+  ASSERT_EQ(program.dialogs.questions.size(), 1U);
+  EXPECT_TRUE(Until([&] { return program.Browser().Count() == 4; }));
+  program.Browser().HighLightItem("loop", false);
+  Key(program.Window(), Qt::Key_Return);
+  EXPECT_EQ(program.Browser().CurrentFolder(), program.Pictures());
+  program.Browser().HighLightItem("empty.jpg", false);
+  Key(program.Window(), Qt::Key_Return);
+  Settle();
+  EXPECT_EQ(program.dialogs.messages.size(), 1U);
+  EXPECT_EQ(program.Window().DisplayPane, MainWindow::kBrowserPane);
+}
+
+TEST(IconGrid, CellsEdgesAndNarrowViews) {
+  IconGrid grid;
+  grid.Width = 600;
+  grid.Height = 300;
+  grid.Count = 10;
+  // Cells of 168 x 168: three in a row.
+  EXPECT_EQ(grid.IconsPerRow(), 3);
+  EXPECT_EQ(grid.IndexAt(14, 10), 0);
+  EXPECT_EQ(grid.IndexAt(14 + 168, 10 + 168), 0);
+  EXPECT_EQ(grid.IndexAt(14 + 169, 10), 1);
+  EXPECT_EQ(grid.IndexAt(14 + 3 * 168 + 1, 10), -1);
+  EXPECT_EQ(grid.IndexAt(5, 5), -1);
+  EXPECT_EQ(grid.TotalHeight(), 4 * 168 + 20);
+  for (int i = 0; i < grid.Count; ++i) {
+    const IconGrid::Cell cell = grid.At(i);
+    EXPECT_EQ(grid.IndexAt(cell.x + 84, cell.y + 84), i);
+  }
+  EXPECT_EQ(grid.ScrollTo(0), 0);
+  grid.Scroll = grid.ScrollTo(9);
+  EXPECT_GE(grid.At(9).y, 0);
+  EXPECT_LE(grid.At(9).y + grid.CellHeight(), grid.Height);
+  grid.Width = 50;
+  EXPECT_EQ(grid.IconsPerRow(), 1);
+  grid.Count = 0;
+  EXPECT_EQ(grid.Maximum(), 0);
+}
+
+}  // namespace
+}  // namespace brivolant::test
