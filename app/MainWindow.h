@@ -272,6 +272,7 @@ class MainWindow final : public ifkWindow {
   void WireBrowser();
   void WireSideBar();
   void OpenBrowser();
+  void LookAtDevices();
   void LayoutBrowser();
   void OpenBrowserItem(const BrowserPayload& payload);
   void OpenBrowserFile(const FolderItem& file, const FileFacts& facts);

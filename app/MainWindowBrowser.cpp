@@ -290,24 +290,26 @@ void MainWindow::WireSideBar() {
     }
   };
   deviceTimer_.setInterval(kDevices);
-  connect(&deviceTimer_, &QTimer::timeout, this, [this] {
-    const std::vector<FolderItem> now = SideBarSources::MountedVolumes();
-    if (now == volumes_) return;
-    volumes_ = now;
-    SideBarCollection& devices = *mySideBar->item[kDevicesSection];
-    devices.RemoveAllItems();
-    for (const FolderItem& root : volumes_) {
-      auto device = std::make_shared<SideBarItem>();
-      const VolumeItem volume(root);
-      device->Caption = volume.Name();
-      if (root.Parent().IsNil()) device->Caption = SideBarSources::kComputer.Text();
-      device->icon = root.Parent().IsNil() ? "Computer" : "Volume";
-      device->Tag = volume;
-      devices.AddItem(std::move(device));
-    }
-    mySideBar->updateList();
-    mySideBar->highlightItem(imageBrowser->CurrentFolder());
-  });
+  connect(&deviceTimer_, &QTimer::timeout, this, [this] { LookAtDevices(); });
+}
+
+void MainWindow::LookAtDevices() {
+  const std::vector<FolderItem> now = SideBarSources::MountedVolumes();
+  if (now == volumes_) return;
+  volumes_ = now;
+  SideBarCollection& devices = *mySideBar->item[kDevicesSection];
+  devices.RemoveAllItems();
+  for (const FolderItem& root : volumes_) {
+    auto device = std::make_shared<SideBarItem>();
+    const VolumeItem volume(root);
+    const bool computer = root.Parent().IsNil();
+    device->Caption = computer ? SideBarSources::kComputer.Text() : volume.Name();
+    device->icon = computer ? "Computer" : "Volume";
+    device->Tag = volume;
+    devices.AddItem(std::move(device));
+  }
+  mySideBar->updateList();
+  mySideBar->highlightItem(imageBrowser->CurrentFolder());
 }
 
 FolderItem MainWindow::PlacesFile() const {
@@ -331,6 +333,7 @@ void MainWindow::OpenBrowser() {
     SideBarSources::AddDefaults(places, otherSharedComponents::DefaultPipDocumentsFolder());
   }
   deviceTimer_.start();
+  LookAtDevices();
   imageBrowser->Mode(preferences.Value("imageBrowser.mode", 0).ToInt() ==
                              multiViewFileBrowser::kListView
                          ? multiViewFileBrowser::kListView

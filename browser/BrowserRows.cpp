@@ -125,7 +125,7 @@ std::string BrowserRows::CellText(int row, int column) const {
 }
 
 std::string BrowserRows::ShownText(int row, int column) const {
-  const std::string text = CellText(row, column);
+  std::string text = CellText(row, column);
   if (column < kSizeColumn) return text;
   const std::size_t blank = text.find(' ');
   return blank == std::string::npos ? text : text.substr(blank + 1);

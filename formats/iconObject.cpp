@@ -354,11 +354,11 @@ void iconObject::processICO(std::string_view bytes) {
 Picture iconObject::BestIcon(int size) {
   for (const int known : kSizes) {
     if (known < size) continue;
-    const Picture icon = RetrieveData(known);
+    Picture icon = RetrieveData(known);
     if (!icon.IsNil()) return icon;
   }
   for (auto known = kSizes.rbegin(); known != kSizes.rend(); ++known) {
-    const Picture icon = RetrieveData(*known);
+    Picture icon = RetrieveData(*known);
     if (!icon.IsNil()) return icon;
   }
   return {};
@@ -366,7 +366,7 @@ Picture iconObject::BestIcon(int size) {
 
 Picture iconObject::AsPicture() {
   for (const int size : {512, 256, 128, 32, 24, 16}) {
-    const Picture icon = RetrieveData(size);
+    Picture icon = RetrieveData(size);
     if (!icon.IsNil()) return icon;
   }
   return {};

@@ -98,7 +98,8 @@ void BrowserListView::ShowOrder(int column, bool descending) {
 }
 
 void BrowserListView::PlaceHeader() {
-  const int height = header_->sizeHint().height();
+  constexpr int kSmallestHeader = 28;
+  const int height = std::max(header_->sizeHint().height(), kSmallestHeader);
   setViewportMargins(0, height, 0, 0);
   header_->setGeometry(0, 0, viewport()->width(), height);
 }

@@ -36,7 +36,8 @@ QString OwnDrawing(const std::vector<std::string>& names) {
 
 QPixmap Cached(const std::vector<std::string>& names, const QString& drawing, int size,
                double ratio) {
-  const QColor color = ifkColors::TextActive();
+  // Quieter than a photo.
+  const QColor color = ifkColors::TextDisabled();
   QString key = drawing + QStringLiteral("/%1/%2/%3").arg(size).arg(ratio).arg(color.rgb());
   for (const std::string& name : names) key += QLatin1Char('/') + ToQString(name);
   QPixmap pixmap;
