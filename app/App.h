@@ -97,6 +97,7 @@ class App final : public UserDetails {
 
   bool progressWindowOpen = false;
   bool MainWindowOpen = false;
+  bool QuickLookOpen = false;
   std::string usersEmailApp = "Mail";
   std::string usersFullName;
   std::string usersContactLink;

@@ -94,6 +94,7 @@ constexpr MenuEntry kView[] = {
     kSeparator,
     Checked("ViewAsIcons", kViewAsIcons, "Ctrl+1"),
     Checked("ViewAsList", kViewAsList, "Ctrl+2"),
+    Checked("ViewAsColumns", kViewAsColumns, "Ctrl+3"),
     Checked("ViewShowHiddenFiles", kViewShowHiddenFiles, "Ctrl+H"),
     kSeparator,
     Checked("ViewBeforeAfter", kViewBeforeAndAfter, "Ctrl+Shift+B"),

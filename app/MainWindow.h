@@ -43,6 +43,7 @@ class ifkSlider;
 class ifkStaticText;
 class templateSelector;
 struct DragItem;
+struct QuickLookItem;
 struct RecoveredEdits;
 
 /// The one document window. It holds the working areas, of which one is in view, and owns the
@@ -192,7 +193,10 @@ class MainWindow final : public ifkWindow {
   void ShowHideEffects(bool visible);
   void ShowHideStyles(bool visible);
 
-  // Browser; MainWindowBrowser.cpp.
+  // Browser; MainWindowBrowser.cpp and MainWindowFiles.cpp.
+
+  /// The sections of the sidebar; searches follow.
+  enum SideBarSection { kLibrarySection = 0, kDevicesSection = 1, kPlacesSection = 2 };
 
   /// Shows a folder or another container in the browser's pane.
   void DisplayContainer(
@@ -254,7 +258,8 @@ class MainWindow final : public ifkWindow {
   BrivolantDocument* Document() const { return document_.get(); }
   MainMenuBar& Menu() { return *menu_; }
   CropEditor* Cropper() { return cropEditor_.get(); }
-  QuickLookWindow* FullScreen() { return quickLook_.get(); }
+  QuickLookWindow* FullScreen() { return fullScreen_.get(); }
+  QuickLookWindow* QuickLook() { return quickLook_.get(); }
   /// True while work on another thread uses the document.
   bool Busy() const { return busy_; }
 
@@ -287,6 +292,8 @@ class MainWindow final : public ifkWindow {
   void UndoTrash();
   void ShowBrowserInfo();
   std::vector<FolderItem> SelectedFiles() const;
+  std::vector<QuickLookItem> QuickLookItems() const;
+  void FollowWithQuickLook();
   FolderItem PlacesFile() const;
   void SavePlaces();
   void WireStyles();
@@ -349,6 +356,8 @@ class MainWindow final : public ifkWindow {
   std::unique_ptr<CropModule> crop_;
   std::unique_ptr<CropEditor> cropEditor_;
   std::unique_ptr<QuickLookWindow> quickLook_;
+  /// Shows the document on the whole screen.
+  std::unique_ptr<QuickLookWindow> fullScreen_;
   QWidget* stage_ = nullptr;
   QWidget* EditorSeat = nullptr;
   QWidget* BrowserSeat = nullptr;

@@ -16,16 +16,14 @@
 #include "app/App.h"
 #include "app/MainWindow.h"
 #include "app/Menus.h"
-#include "app/QuickLookWindow.h"
+#include "app/OwnPreviews.h"
 #include "app/ToolButtons.h"
-#include "app/core/ApplicationServices.h"
 #include "browser/ui/BrowserViews.h"
+#include "browser/ui/ColumnPreview.h"
 #include "browser/ui/Sidebar.h"
 #include "browser/ui/multiViewFileBrowser.h"
 #include "effects/styles/OneClickWonder.h"
-#include "formats/BrivolantDocument.h"
 #include "formats/FileTypes.h"
-#include "formats/ImageFile.h"
 #include "kit/InterfaceKitSupport.h"
 #include "kit/SvgIcon.h"
 #include "kit/ifkPathBar.h"
@@ -42,69 +40,15 @@ namespace {
 using Container = multiViewFileBrowser::Container;
 using ItemPointer = std::shared_ptr<browserItem>;
 
-constexpr const char* kUriList = "text/uri-list";
-constexpr const char* kThumbnailProgram = "brivolant-photos-1";
 constexpr int kSideBarWidth = 200;
 constexpr int kMargin = 8;
 /// Milliseconds between two looks at the mounted disks.
 constexpr int kDevices = 1000;
-enum Section { kDevicesSection = 0, kPlacesSection = 1 };
-constexpr const char* kFolds[] = {"MainWindow.sidebar.devices", "MainWindow.sidebar.places"};
-
-/// The stored picture of a file of the program's own kinds; nil for any other.
-Picture OwnPreview(const FolderItem& file, int longest) {
-  using FolderitemExtensions::isFileType;
-  if (isFileType(file, &InternalFileTypes::BrivolantPhotosDocument)) {
-    if (!file.Directory()) {
-      const QuietServices services;
-      BrivolantDocument document(services.All());
-      return document.Load(file) ? document.PreviewAfter : Picture();
-    }
-    auto source = ImageSource::Open(file.Child(BrivolantDocument::kMidSizePreviewName));
-    if (!source) source = ImageSource::Open(file.Child(BrivolantDocument::kThumbnailName));
-    if (!source) return {};
-    auto picture = (*source.value)->Thumbnail(longest);
-    return picture ? std::move(*picture) : Picture();
-  }
-  if (isFileType(file, &InternalFileTypes::BrivolantPhotosOneClickWonder)) {
-    const QuietServices services;
-    OneClickWonder style(services.All());
-    return style.Load(file) ? style.Preview() : Picture();
-  }
-  return {};
-}
-
-std::shared_ptr<ThumbnailMaker> NewMaker() {
-  auto maker = std::make_shared<ThumbnailMaker>(
-      ThumbnailCache(ThumbnailCache::DefaultRoot(), kThumbnailProgram));
-  maker->OwnPreview = OwnPreview;
-  return maker;
-}
+constexpr const char* kFolds[] = {"MainWindow.sidebar.iPhoto", "MainWindow.sidebar.devices",
+                                 "MainWindow.sidebar.places"};
 
 FolderItem Standard(QStandardPaths::StandardLocation location) {
   return FolderItem(QFile::encodeName(QStandardPaths::writableLocation(location)).toStdString());
-}
-
-/// A name in the folder that is free: "a.jpg", then "a-1.jpg" and so on.
-FolderItem FreeName(const FolderItem& folder, const FolderItem& file) {
-  FolderItem target = folder.Child(file.Name());
-  const std::string base = FolderitemExtensions::FileNameWithoutExtension(file);
-  const std::string extension = FolderitemExtensions::FileExtension(file);
-  for (int n = 1; target.Exists() || target.Alias(); ++n) {
-    std::string name = base + "-" + std::to_string(n);
-    if (!extension.empty()) name.append(".").append(extension);
-    target = folder.Child(name);
-  }
-  return target;
-}
-
-std::error_code CopyWhole(const FolderItem& from, const FolderItem& to) {
-  std::error_code error;
-  std::filesystem::copy(
-      from.Path(), to.Path(),
-      std::filesystem::copy_options::recursive | std::filesystem::copy_options::copy_symlinks,
-      error);
-  return error;
 }
 
 std::string PngOf(const SideBarItem& place) {
@@ -144,7 +88,9 @@ void MainWindow::BuildBrowser() {
       Shown(Menus::kViewAsIcons);
   browserViewStyle->AddSegment({}, SvgIcon(QStringLiteral("ViewList")), 1).ToolTip =
       Shown(Menus::kViewAsList);
-  browserViewStyle->setFixedSize(80, 28);
+  browserViewStyle->AddSegment({}, SvgIcon(QStringLiteral("ViewColumns")), 2).ToolTip =
+      Shown(Menus::kViewAsColumns);
+  browserViewStyle->setFixedSize(120, 28);
   iconSize = new ifkSlider(browserPart_);
   iconSize->setFixedSize(112, 24);
   iconSize->setAccessibleName(Shown(kIconSize));
@@ -158,7 +104,7 @@ void MainWindow::BuildBrowser() {
   bar->addWidget(browserViewStyle);
   bar->addWidget(browserSearchField);
   column->addLayout(bar);
-  imageBrowser = new multiViewFileBrowser(NewMaker(), browserPart_);
+  imageBrowser = new multiViewFileBrowser(NewThumbnailMaker(), NewFilePreviewer(), browserPart_);
   imageBrowser->DocumentExtension =
       std::string(InternalFileTypes::BrivolantPhotosDocument.Extensions);
   column->addWidget(imageBrowser, 1);
@@ -176,8 +122,14 @@ void MainWindow::WireBrowser() {
   browser.SelectionChanged = [this] {
     UpdateCommands();
     ShowBrowserInfo();
+    FollowWithQuickLook();
   };
   browser.modeChanged = [this] { BrowserModeChanged(); };
+  browser.PreviewChanged = [this] {
+    app_.Preferences().Assign("PreviewDisplayMetaData",
+                              imageBrowser->previewCanvas().PreviewDisplayMetaData());
+    app_.Preferences().Assign("imageBrowser.splitter", imageBrowser->SplitterPosition());
+  };
   browser.QuickLookAction = [this] { QuickLookMethod(); };
   browser.TrashAction = [this] { FileMoveToTrash(); };
   browser.ShowEnclosing = [this] { ShowEnclosingFolder(); };
@@ -217,11 +169,13 @@ void MainWindow::WireBrowser() {
 
 void MainWindow::WireSideBar() {
   Sidebar& bar = *mySideBar;
-  for (const LocalizedText* caption : {&SideBarSources::kDevices, &SideBarSources::kPlaces}) {
+  for (const LocalizedText* caption :
+       {&SideBarSources::kLibrary, &SideBarSources::kDevices, &SideBarSources::kPlaces}) {
     auto section = std::make_shared<SideBarCollection>();
     section->Caption = caption->Text();
     bar.item.push_back(std::move(section));
   }
+  bar.item[kLibrarySection]->Visible = false;
   bar.CanEject = [](const SideBarItem& item) {
     const auto* volume = std::get_if<VolumeItem>(&item.Tag);
     return volume != nullptr && volume->Ejectable();
@@ -236,7 +190,7 @@ void MainWindow::WireSideBar() {
   };
   bar.Folded = [this](SideBarCollection& section) {
     for (std::size_t i = 0; i < mySideBar->item.size(); ++i) {
-      if (mySideBar->item[i].get() != &section) continue;
+      if (mySideBar->item[i].get() != &section || i >= std::size(kFolds)) continue;
       app_.Preferences().Assign(kFolds[i], section.ItemsVisible);
     }
   };
@@ -325,7 +279,7 @@ void MainWindow::SavePlaces() {
 
 void MainWindow::OpenBrowser() {
   auto& preferences = app_.Preferences();
-  for (std::size_t i = 0; i < mySideBar->item.size(); ++i) {
+  for (std::size_t i = 0; i < std::size(kFolds); ++i) {
     mySideBar->item[i]->ItemsVisible = preferences.Value(kFolds[i], true).ToBool();
   }
   SideBarCollection& places = *mySideBar->item[kPlacesSection];
@@ -334,11 +288,14 @@ void MainWindow::OpenBrowser() {
   }
   deviceTimer_.start();
   LookAtDevices();
-  imageBrowser->Mode(preferences.Value("imageBrowser.mode", 0).ToInt() ==
-                             multiViewFileBrowser::kListView
-                         ? multiViewFileBrowser::kListView
-                         : multiViewFileBrowser::kIconView);
-  if (imageBrowser->Mode() == multiViewFileBrowser::kIconView) {
+  imageBrowser->previewCanvas().PreviewDisplayMetaData(
+      preferences.Value("PreviewDisplayMetaData", true).ToBool());
+  imageBrowser->SplitterPosition(
+      preferences.Value("imageBrowser.splitter", imageBrowser->SplitterPosition()).ToInt());
+  imageBrowser->Mode(std::clamp<int>(preferences.Value("imageBrowser.mode", 0).ToInt(),
+                                     multiViewFileBrowser::kIconView,
+                                     multiViewFileBrowser::kColumnView));
+  if (imageBrowser->Mode() != multiViewFileBrowser::kListView) {
     imageBrowser->IconSize(preferences.Value("imageBrowser.IconSize", 128).ToInt());
   }
   BrowserModeChanged();
@@ -465,235 +422,6 @@ void MainWindow::OpenBrowserFile(const FolderItem& file, const FileFacts& facts)
     return app_.OpenDocument(target);
   }
   launch();
-}
-
-void MainWindow::QuickLookMethod() {
-  if (busy_ || DisplayPane != kBrowserPane || imageBrowser->SelectedCount() == 0) return;
-  const std::vector<FolderItem> files = SelectedFiles();
-  if (files.empty() || (files.front().Directory() &&
-                        !FolderitemExtensions::isFileType(
-                            files.front(), &InternalFileTypes::BrivolantPhotosDocument))) {
-    return;
-  }
-  const FolderItem& file = files.front();
-  const QSize pixels = screen()->size() * screen()->devicePixelRatio();
-  Picture picture;
-  InBackground([&] {
-    constexpr int kOwn = 1024;
-    picture = OwnPreview(file, kOwn);
-    if (!picture.IsNil() || !FolderitemExtensions::HoldsPicture(file)) return;
-    const auto source = ImageSource::Open(file);
-    if (!source) return;
-    // No more is decoded than the screen can show.
-    auto shown = (*source.value)->Thumbnail(std::max(pixels.width(), pixels.height()));
-    if (shown) picture = std::move(*shown);
-  });
-  if (picture.IsNil()) {
-    FolderitemExtensions::StandardFileErrorDialog(file, FolderitemExtensions::kRead, {},
-                                                  app_.Dialogs());
-    return;
-  }
-  if (!quickLook_) quickLook_ = std::make_unique<QuickLookWindow>();
-  quickLook_->ShowFullScreen(picture, file.DisplayName());
-}
-
-// Files.
-
-std::vector<FolderItem> MainWindow::SelectedFiles() const {
-  std::vector<FolderItem> files;
-  for (const BrowserPayload& payload : imageBrowser->SelectedItems()) {
-    FolderItem file;
-    if (const auto* item = std::get_if<ItemPointer>(&payload)) file = (*item)->File();
-    if (const auto* photo = std::get_if<std::shared_ptr<iPhotoItem>>(&payload)) {
-      file = (*photo)->File();
-    }
-    if (file) files.push_back(file);
-  }
-  return files;
-}
-
-void MainWindow::CopyFiles() {
-  std::string list;
-  std::string names;
-  for (const FolderItem& file : SelectedFiles()) {
-    list += file.URLPath() + "\r\n";
-    if (!names.empty()) names += "\n";
-    names += file.DisplayName();
-  }
-  if (!list.empty()) app_.Clipboard().Set(names, kUriList, list);
-}
-
-void MainWindow::PasteFiles() {
-  const FolderItem folder = imageBrowser->CurrentFolder();
-  if (folder.IsNil()) return;
-  std::vector<FolderItem> files;
-  const std::string list = app_.Clipboard().Data(kUriList);
-  for (const std::string_view line : Split(list, '\n')) {
-    const QUrl url(QString::fromStdString(std::string(Trim(line))));
-    if (!url.isLocalFile()) continue;
-    const FolderItem file(QFile::encodeName(url.toLocalFile()).toStdString());
-    if (file.Exists()) files.push_back(file);
-  }
-  CopyFilesInto(files, folder);
-}
-
-void MainWindow::CopyFilesInto(const std::vector<FolderItem>& files, const FolderItem& folder) {
-  if (busy_ || files.empty()) return;
-  std::vector<std::string> made;
-  FolderItem failed;
-  InBackground([&] {
-    for (const FolderItem& file : files) {
-      // A folder cannot go into itself.
-      const std::string inside = folder.ShellPath() + "/";
-      const FolderItem target = FreeName(folder, file);
-      if (inside.starts_with(file.ShellPath() + "/") || CopyWhole(file, target)) {
-        failed = file;
-        break;
-      }
-      made.push_back(target.DisplayName());
-    }
-  });
-  imageBrowser->ReloadCurrentView();
-  if (folder == imageBrowser->CurrentFolder() && !made.empty()) {
-    imageBrowser->HighLightItem(made.front(), false);
-    for (int i = 0; i < imageBrowser->Count(); ++i) {
-      const std::string name = imageBrowser->Rows().Name(i);
-      if (std::find(made.begin(), made.end(), name) != made.end()) {
-        imageBrowser->isItemSelected(i, true);
-      }
-    }
-  }
-  if (failed) {
-    app_.Dialogs().Message(
-        WithPlaceholders(kNotCopied.Text(), {{"<filename>", failed.DisplayName()}}), {});
-  }
-}
-
-void MainWindow::FileMoveToTrash() {
-  if (busy_) return;
-  std::vector<FolderitemExtensions::TrashedFile> moved;
-  FolderItem failed;
-  const int row = imageBrowser->ListIndex();
-  for (const BrowserPayload& payload : imageBrowser->SelectedItems()) {
-    const auto* item = std::get_if<ItemPointer>(&payload);
-    if (item == nullptr) continue;
-    const auto* file = std::get_if<FolderItem>(&(*item)->item);
-    if (file == nullptr) continue;
-    if (auto trashed = FolderitemExtensions::PutInTrash(*file)) {
-      moved.push_back(std::move(*trashed));
-    } else {
-      failed = *file;
-    }
-  }
-  if (!moved.empty()) {
-    trashed_.push_back(std::move(moved));
-    imageBrowser->ReloadCurrentView();
-    const int last = imageBrowser->Count() - 1;
-    if (last >= 0) imageBrowser->ListIndex(std::clamp(row, 0, last));
-  }
-  UpdateCommands();
-  if (failed) {
-    app_.Dialogs().Message(
-        WithPlaceholders(kNotTrashed.Text(), {{"<filename>", failed.DisplayName()}}), {});
-  }
-}
-
-void MainWindow::UndoTrash() {
-  if (trashed_.empty()) return;
-  const auto files = std::move(trashed_.back());
-  trashed_.pop_back();
-  FolderItem failed;
-  for (const auto& file : files) {
-    if (!FolderitemExtensions::PutBack(file)) failed = file.Original;
-  }
-  imageBrowser->ReloadCurrentView();
-  imageBrowser->HighLightItem(files.front().Original.DisplayName(), false);
-  UpdateCommands();
-  if (failed) {
-    app_.Dialogs().Message(
-        WithPlaceholders(kNotPutBack.Text(), {{"<filename>", failed.DisplayName()}}), {});
-  }
-}
-
-void MainWindow::FileAddToSideBar() {
-  SideBarCollection& places = *mySideBar->item[kPlacesSection];
-  bool added = false;
-  for (const FolderItem& file : SelectedFiles()) {
-    if (!file.Directory()) continue;
-    auto place = std::make_shared<SideBarItem>();
-    place->Caption = file.DisplayName();
-    place->Tag = file;
-    places.AddItem(std::move(place));
-    added = true;
-  }
-  if (!added) return;
-  mySideBar->updateList();
-  mySideBar->highlightItem(imageBrowser->CurrentFolder());
-  SavePlaces();
-}
-
-// Menus.
-
-void MainWindow::EnableBrowserItems() {
-  MainMenuBar& menu = *menu_;
-  const int count = imageBrowser->SelectedCount();
-  const int mode = imageBrowser->Mode();
-  for (const char* name :
-       {"ViewAsIcons", "ViewAsList", "ViewShowHiddenFiles", "EditSelectAll", "EditSelectNone"}) {
-    menu.Item(name).setEnabled(true);
-  }
-  menu.Item("ViewAsIcons").setChecked(mode == multiViewFileBrowser::kIconView);
-  menu.Item("ViewAsList").setChecked(mode == multiViewFileBrowser::kListView);
-  menu.Item("ViewShowHiddenFiles").setChecked(imageBrowser->showInvisibles);
-  for (const char* name : {"EditCopy", "FileMoveToTrash"}) menu.Item(name).setEnabled(count > 0);
-  QString copy = Shown(Menus::kEditCopy);
-  if (count > 1) {
-    copy += QStringLiteral(" %1 ").arg(count) + Shown(BrowserRows::kItems);
-  } else if (count == 1) {
-    const BrowserPayload selected = imageBrowser->SelectedItem(0);
-    QString name = ToQString(BrowserRows::NameOf(selected));
-    name.replace(QLatin1Char('&'), QStringLiteral("&&"));
-    copy += QStringLiteral(" \"") + name + QLatin1Char('"');
-    const auto* item = std::get_if<ItemPointer>(&selected);
-    const FileFacts facts = item == nullptr ? FileFacts() : (*item)->Facts.value_or(FileFacts());
-    menu.Item("FileShowInFinder").setEnabled(true);
-    menu.Item("FileQuickLook").setEnabled(true);
-    menu.Item("FileAddToSideBar").setEnabled(item != nullptr && facts.Is == FileFacts::kFolder);
-    menu.Item("FileShowOriginal").setEnabled(item != nullptr && facts.Is == FileFacts::kAlias);
-  }
-  menu.Item("EditCopy").setText(copy);
-  menu.Item("EditPaste")
-      .setEnabled(imageBrowser->CurrentFolder() && app_.Clipboard().Has(kUriList));
-  menu.Item("EditUndo").setEnabled(!trashed_.empty());
-  menu.Item("EditUndo")
-      .setText(Shown(Menus::kEditUndo) + QLatin1Char(' ') + Shown(Menus::kFileMoveToTrash));
-  ToolButtons::ChangeButtonEnabled(*rbToolBar, ToolButtons::QuickLook().Identifier, count == 1);
-}
-
-bool MainWindow::BrowserMenu(QMenu& menu) {
-  EnableMenuItems();
-  const int count = imageBrowser->SelectedCount();
-  const auto add = [&](const char* name) { menu.addAction(&menu_->Item(name)); };
-  if (count == 1) {
-    menu.addAction(Shown(kOpen), this, [this] { OpenBrowserItem(imageBrowser->SelectedItem(0)); });
-    add("FileQuickLook");
-    menu.addSeparator();
-    if (menu_->Item("FileShowOriginal").isEnabled()) add("FileShowOriginal");
-    add("FileMoveToTrash");
-    menu.addSeparator();
-    add("FileAddToSideBar");
-    menu.addSeparator();
-  } else if (count > 1) {
-    add("FileMoveToTrash");
-    menu.addSeparator();
-  }
-  if (count > 0) add("EditCopy");
-  if (menu_->Item("EditPaste").isEnabled()) add("EditPaste");
-  if (count == 1) {
-    menu.addSeparator();
-    add("FileShowInFinder");
-  }
-  return !menu.isEmpty();
 }
 
 }  // namespace brivolant

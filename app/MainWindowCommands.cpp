@@ -17,6 +17,7 @@
 #include "app/CropEditor.h"
 #include "app/MainWindow.h"
 #include "app/Menus.h"
+#include "app/OwnPreviews.h"
 #include "app/ProgressDialog.h"
 #include "app/QuickLookWindow.h"
 #include "app/ToolButtons.h"
@@ -155,6 +156,8 @@ void MainWindow::MenuAction(const std::string& name) {
       {"EditSelectNone", [](MainWindow& w) { w.imageBrowser->UnselectAll(); }},
       {"ViewAsIcons", [](MainWindow& w) { w.imageBrowser->Mode(multiViewFileBrowser::kIconView); }},
       {"ViewAsList", [](MainWindow& w) { w.imageBrowser->Mode(multiViewFileBrowser::kListView); }},
+      {"ViewAsColumns",
+       [](MainWindow& w) { w.imageBrowser->Mode(multiViewFileBrowser::kColumnView); }},
       {"ViewShowHiddenFiles",
        [](MainWindow& w) {
          w.imageBrowser->showInvisibles = !w.imageBrowser->showInvisibles;
@@ -606,8 +609,10 @@ void MainWindow::FullScreenMethod() {
     processor.Seed(seed);
     result = processor.Process(std::move(source));
   });
-  if (!quickLook_) quickLook_ = std::make_unique<QuickLookWindow>();
-  quickLook_->ShowFullScreen(result, document_->Name);
+  if (!fullScreen_) {
+    fullScreen_ = std::make_unique<QuickLookWindow>(NewFilePreviewer(), app_.Preferences());
+  }
+  fullScreen_->DisplayPicture(result, document_->Name);
   app_.Progress().hide();
 }
 

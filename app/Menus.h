@@ -68,6 +68,7 @@ inline constexpr LocalizedText kViewShowColors{"Menus.kViewShowColors", "Show Co
 inline constexpr LocalizedText kViewBrowseMyPhotos{"Menus.kViewBrowseMyPhotos", "Photo Browser"};
 inline constexpr LocalizedText kViewAsIcons{"Menus.kViewAsIcons", "As Icons"};
 inline constexpr LocalizedText kViewAsList{"Menus.kViewAsList", "As List"};
+inline constexpr LocalizedText kViewAsColumns{"Menus.kViewAsColumns", "As Columns"};
 inline constexpr LocalizedText kViewShowHiddenFiles{"Menus.kViewShowHiddenFiles",
                                                     "Show Hidden Files"};
 inline constexpr LocalizedText kViewReturnToEditor{"Menus.kViewReturnToEditor", "Photo Editor"};

@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "Peers.h"
+#include "browser/FilePreview.h"
 #include "browser/ui/BrowserViews.h"
 #include "browser/ui/multiViewFileBrowser.h"
 #include "kit/SvgIcon.h"
@@ -52,7 +53,8 @@ FolderItem Fill(const FolderItem& folder, int count) {
 
 struct View {
   explicit View(const FolderItem& cache)
-      : browser(std::make_shared<ThumbnailMaker>(ThumbnailCache(cache, "bench"))) {
+      : browser(std::make_shared<ThumbnailMaker>(ThumbnailCache(cache, "bench")),
+                std::make_shared<FilePreviewer>()) {
     browser.resize(1200, 800);
     browser.show();
     QApplication::processEvents();

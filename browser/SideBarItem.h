@@ -44,6 +44,7 @@ class SideBarCollection final : public SideBarItem {
 /// The user's places and the computer's volumes.
 namespace SideBarSources {
 
+inline constexpr LocalizedText kLibrary{"Sidebar.IPHOTO", "Photo Library"};
 inline constexpr LocalizedText kDevices{"Sidebar.kDevices", "Devices"};
 inline constexpr LocalizedText kPlaces{"Sidebar.kPlaces", "Places"};
 inline constexpr LocalizedText kComputer{"Sidebar.kComputer", "Computer"};

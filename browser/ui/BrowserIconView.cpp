@@ -88,6 +88,7 @@ IconGrid BrowserIconView::Grid() const {
   grid.IconSize = browser_.IconSize();
   grid.TextHeight = QFontMetrics(TextFont()).height();
   grid.Scroll = verticalScrollBar()->value();
+  grid.Centered = browser_.hAlignColumns();
   return grid;
 }
 

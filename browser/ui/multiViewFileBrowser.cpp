@@ -14,11 +14,13 @@
 #include <algorithm>
 
 #include "browser/ui/BrowserViews.h"
+#include "browser/ui/ColumnPreview.h"
 #include "browser/ui/FileIcons.h"
 #include "files/FolderitemExtensions.h"
 #include "kit/DesktopServices.h"
 #include "kit/InterfaceKitSupport.h"
 #include "kit/ifkColors.h"
+#include "kit/ifkSplitter.h"
 
 namespace brivolant {
 namespace {
@@ -32,6 +34,10 @@ constexpr int kReload = 300;
 /// Milliseconds after which typed letters begin a new word.
 constexpr int kTyping = 1000;
 constexpr std::size_t kScaledKept = 600;
+/// Units of width: of the bar in the column view, and what its two sides keep.
+constexpr int kBar = 5;
+constexpr int kLeastIcons = 200;
+constexpr int kLeastPreview = 180;
 
 const void* IdOf(const BrowserPayload& payload) {
   return std::visit(
@@ -70,6 +76,15 @@ std::vector<FolderItem> FilesOf(const BrowserPayload& payload) {
   return files;
 }
 
+/// The bar asks nobody anything.
+Dialogs& Silence() {
+  class Silent final : public Dialogs {
+    void Message(const std::string&, const std::string&) override {}
+  };
+  static Silent silent;
+  return silent;
+}
+
 /// The dragged picture with the number of files in its corner.
 QPixmap DragPicture(const QPixmap& picture, int count) {
   if (count < 2) return picture;
@@ -102,12 +117,32 @@ QPixmap DragPicture(const QPixmap& picture, int count) {
 }  // namespace
 
 multiViewFileBrowser::multiViewFileBrowser(std::shared_ptr<const ThumbnailMaker> maker,
+                                           std::shared_ptr<const FilePreviewer> previewer,
                                            QWidget* parent)
     : QWidget(parent),
       getter_(std::move(maker)),
       icons_(new BrowserIconView(*this)),
-      list_(new BrowserListView(*this)) {
+      list_(new BrowserListView(*this)),
+      preview_(new ColumnPreview(std::move(previewer), this)),
+      splitter_(new ifkSplitter(this, Silence())) {
   list_->hide();
+  preview_->hide();
+  splitter_->hide();
+  splitter_->Dragging = [this] {
+    splitterPosition_ = splitter_->Position();
+    Lay();
+  };
+  splitter_->Dragged = [this] {
+    if (PreviewChanged) PreviewChanged();
+  };
+  preview_->InformationSwitched = [this] {
+    if (PreviewChanged) PreviewChanged();
+  };
+  preview_->DoubleClicked = [this] {
+    if (ListIndex() < 0 || rows_.SelectedCount() == 0) return;
+    const BrowserPayload payload = item(ListIndex());
+    if (OpenItem) OpenItem(payload);
+  };
   setFocusProxy(icons_);
   lister_.Listed = [this](std::vector<BrowserRows::Row> rows, bool done) {
     TakeListed(std::move(rows), done);
@@ -150,6 +185,8 @@ void multiViewFileBrowser::Mode(int mode) {
   const bool focused = icons_->hasFocus() || list_->hasFocus();
   list_->setVisible(list);
   icons_->setVisible(!list);
+  preview_->setVisible(mode == kColumnView);
+  splitter_->setVisible(mode == kColumnView);
   setFocusProxy(shown);
   Lay();
   if (focused) shown->setFocus();
@@ -172,8 +209,22 @@ void multiViewFileBrowser::IconSize(int size) {
   Update();
 }
 
+void multiViewFileBrowser::SplitterPosition(int position) {
+  splitterPosition_ = position;
+  Lay();
+}
+
 void multiViewFileBrowser::Lay() {
-  icons_->setGeometry(rect());
+  QRect icons = rect();
+  if (intMode == kColumnView) {
+    splitter_->Minimum = kLeastIcons;
+    splitter_->Maximum = std::max(width() - kLeastPreview, kLeastIcons + kBar);
+    const int left = std::clamp(splitterPosition_, kLeastIcons, splitter_->Maximum - kBar);
+    splitter_->setGeometry(left, 0, kBar, height());
+    icons.setWidth(left);
+    preview_->setGeometry(left + kBar, 0, width() - left - kBar, height());
+  }
+  icons_->setGeometry(icons);
   list_->setGeometry(rect());
   icons_->UpdateScrollBar();
   list_->UpdateScrollBar();
@@ -347,7 +398,24 @@ QPixmap multiViewFileBrowser::CellPicture(int row, int side) {
 
 // The selection.
 
+void multiViewFileBrowser::UpdatePreview() {
+  if (intMode != kColumnView) return;
+  if (rows_.SelectedCount() != 1) return preview_->Clear();
+  const BrowserPayload payload = SelectedItem(0);
+  const auto* row = std::get_if<std::shared_ptr<browserItem>>(&payload);
+  const std::vector<FolderItem> files = FilesOf(payload);
+  if (files.size() != 1) return preview_->Clear();
+  QImage stand = ImageOf(payload);
+  if (stand.isNull()) {
+    constexpr int kIcon = 512;
+    stand = FileIcons::For(payload, kIcon, 1).toImage();
+  }
+  const std::int64_t stamp = row != nullptr && (*row)->Facts ? (*row)->Facts->Modified : 0;
+  preview_->Display(files.front(), stamp, ToQString(BrowserRows::NameOf(payload)), stand);
+}
+
 void multiViewFileBrowser::RaiseSelectionChanged() {
+  UpdatePreview();
   Update();
   if (SelectionChanged) SelectionChanged();
 }

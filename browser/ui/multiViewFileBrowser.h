@@ -27,13 +27,17 @@ namespace brivolant {
 
 class BrowserIconView;
 class BrowserListView;
+class ColumnPreview;
+class FilePreviewer;
+class ifkSplitter;
 
-/// Shows one container (a folder, a library album, search results) as icons or as a list. It knows
+/// Shows one container (a folder, a library album, search results) as icons, as a list, or as icons
+/// beside a large preview. It knows
 /// nothing of the window around: it reports, and the owner decides what opening means. Rows,
 /// selection and order live in one model, so both views always show the same.
 class multiViewFileBrowser final : public QWidget {
  public:
-  enum ViewMode { kIconView = 0, kListView = 1 };
+  enum ViewMode { kIconView = 0, kListView = 1, kColumnView = 2 };
   /// What is on show.
   using Container = std::variant<std::monostate, FolderItem, std::shared_ptr<browserItemCollection>,
                                  std::shared_ptr<iPhotoAlbum>, std::shared_ptr<iPhotoRoll>>;
@@ -43,7 +47,8 @@ class multiViewFileBrowser final : public QWidget {
   static constexpr LocalizedText kEmptyFolder{"multiViewFileBrowser.kEmptyFolder",
                                               "There is nothing here yet"};
 
-  multiViewFileBrowser(std::shared_ptr<const ThumbnailMaker> maker, QWidget* parent = nullptr);
+  multiViewFileBrowser(std::shared_ptr<const ThumbnailMaker> maker,
+                       std::shared_ptr<const FilePreviewer> previewer, QWidget* parent = nullptr);
   ~multiViewFileBrowser() override;
 
   int Mode() const { return intMode; }
@@ -53,6 +58,11 @@ class multiViewFileBrowser final : public QWidget {
   void IconSize(int size);
   int minIconSize() const { return intMode == kListView ? 0 : 16; }
   int maxIconSize() const { return intMode == kListView ? 1 : 256; }
+  /// Cells stand in the middle of the width.
+  bool hAlignColumns() const { return intMode == kColumnView; }
+  /// Left edge of the bar between icons and preview; it is kept within the control.
+  int SplitterPosition() const { return splitterPosition_; }
+  void SplitterPosition(int position);
   bool AllowMultiSelect = true;
   bool showInvisibles = false;
   /// Extension of the program's documents, which are folders that are shown as files.
@@ -92,9 +102,13 @@ class multiViewFileBrowser final : public QWidget {
   QPixmap CellPicture(int row, int side);
   BrowserIconView& IconView() { return *icons_; }
   BrowserListView& ListView() { return *list_; }
+  ColumnPreview& previewCanvas() { return *preview_; }
+  ifkSplitter& splitter() { return *splitter_; }
 
   std::function<void(const BrowserPayload&)> OpenItem;
   std::function<void()> modeChanged;
+  /// The lines of the preview were switched, or the bar beside it was moved.
+  std::function<void()> PreviewChanged;
   std::function<void()> ListChanged;
   std::function<void()> SelectionChanged;
   std::function<void()> StartedToUpdateThumbnails;
@@ -140,6 +154,7 @@ class multiViewFileBrowser final : public QWidget {
   void TakeListed(std::vector<BrowserRows::Row> rows, bool done);
   void RunGetter();
   void MoveTo(int row, bool extend);
+  void UpdatePreview();
   void TypeAhead(const QString& text);
   void ScrollTo(int row);
 
@@ -152,6 +167,9 @@ class multiViewFileBrowser final : public QWidget {
   browserThumbnailGetter getter_;
   BrowserIconView* icons_;
   BrowserListView* list_;
+  ColumnPreview* preview_;
+  ifkSplitter* splitter_;
+  int splitterPosition_ = 320;
   std::unique_ptr<QFileSystemWatcher> watcher_;
   QTimer reload_;
   QTimer repaint_;

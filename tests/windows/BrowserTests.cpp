@@ -8,7 +8,7 @@
 #include <QScrollBar>
 #include <QTest>
 
-#include "WindowHelpers.h"
+#include "BrowsingHelpers.h"
 #include "app/ToolButtons.h"
 #include "browser/ui/BrowserViews.h"
 #include "browser/ui/Sidebar.h"
@@ -19,41 +19,6 @@ namespace brivolant::test {
 namespace {
 
 using testing::ElementsAre;
-
-/// The program in a home with photos in the pictures folder.
-struct Browsing : Program {
-  explicit Browsing(const std::vector<std::string>& names) {
-    EXPECT_FALSE(home.Child("Pictures").CreateAsFolder());
-    for (const std::string& name : names) Photo("Pictures/" + name, 64, 48);
-    Start();
-    EXPECT_TRUE(Until([&] { return !Browser().Listing(); }));
-  }
-  multiViewFileBrowser& Browser() { return *Window().imageBrowser; }
-  FolderItem Pictures() { return home.Child("Pictures"); }
-  QWidget& Grid() { return *Browser().IconView().viewport(); }
-  QPoint Cell(int row) { return Browser().IconView().CellRect(row).center(); }
-  std::vector<std::string> Names() {
-    std::vector<std::string> names;
-    for (int i = 0; i < Browser().Count(); ++i) names.push_back(Browser().Rows().Name(i));
-    return names;
-  }
-  std::vector<std::string> Selected() {
-    std::vector<std::string> names;
-    for (const BrowserPayload& payload : Browser().SelectedItems()) {
-      names.push_back(BrowserRows::NameOf(payload));
-    }
-    return names;
-  }
-  bool Shows(const std::vector<std::string>& names) {
-    return Until([&] { return !Browser().Listing() && Names() == names; });
-  }
-};
-
-void DoubleClick(QWidget& control, const QPoint& at) {
-  QTest::mouseDClick(control.window()->windowHandle(), Qt::LeftButton, {},
-                     control.mapTo(control.window(), at));
-  QApplication::processEvents();
-}
 
 TEST(Browser, OpensEditsSavesAndComesBackToTheSamePlace) {
   Browsing program({"a.jpg", "b.jpg"});
@@ -222,11 +187,11 @@ TEST(Browser, PlacesAndFoldsSurviveARestart) {
   ASSERT_GE(row("Trip"), 0);
   // The first header is that of the devices.
   Click(*program.Window().mySideBar->viewport(), program.Window().mySideBar->RowRect(0).center());
-  EXPECT_FALSE(program.Window().mySideBar->item[0]->ItemsVisible);
+  EXPECT_FALSE(program.Window().mySideBar->item[MainWindow::kDevicesSection]->ItemsVisible);
   program.Window().close();
   program.Start();
   Sidebar& bar = *program.Window().mySideBar;
-  EXPECT_FALSE(bar.item[0]->ItemsVisible);
+  EXPECT_FALSE(bar.item[MainWindow::kDevicesSection]->ItemsVisible);
   ASSERT_GE(row("Trip"), 0);
   Click(*bar.viewport(), bar.RowRect(row("Trip")).center());
   EXPECT_EQ(program.Browser().CurrentFolder(), program.Pictures().Child("Trip"));

@@ -12,7 +12,9 @@
 #include "app/CropEditor.h"
 #include "app/OneClickEditor.h"
 #include "app/PreferencesWindow.h"
+#include "app/QuickLookWindow.h"
 #include "app/ToolButtons.h"
+#include "browser/ui/ColumnPreview.h"
 #include "browser/ui/multiViewFileBrowser.h"
 #include "effects/text/EffectModuleText.h"
 #include "kit/Appearance.h"
@@ -173,8 +175,20 @@ TEST(WindowPictures, OfTheBrowserAndTheSmallWindows) {
     EXPECT_GT(shown.width(), 0);
     program.Choose("ViewAsList");
     Take(program.Window(), QStringLiteral("browser-list") + name);
+    program.Choose("ViewAsColumns");
+    ASSERT_TRUE(Until([&] { return !browser.previewCanvas().Loading(); }));
+    Take(program.Window(), QStringLiteral("browser-columns") + name);
   }
   program.app->AppearanceChoice(Appearance::kLight);
+  program.Choose("FileQuickLook");
+  QuickLookWindow& look = *program.Window().QuickLook();
+  ASSERT_TRUE(Until([&] { return !look.Loading(); }));
+  Take(look, QStringLiteral("quick-look"));
+  look.FullScreenMode(true);
+  ASSERT_TRUE(Until([&] { return !look.FullScreenWindow()->Loading(); }));
+  Take(*look.FullScreenWindow(), QStringLiteral("quick-look-full-screen"));
+  look.FullScreenWindow()->FullScreenMode(false);
+  look.close();
   program.app->ShowPreferences();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(program.app->PreferencesShown()));
   Take(*program.app->PreferencesShown(), QStringLiteral("preferences"));

@@ -1,0 +1,305 @@
+// SPDX-License-Identifier: MIT
+// What the browser's pane does with files, and its menus.
+#include <QAction>
+#include <QFile>
+#include <QMenu>
+#include <QUrl>
+#include <algorithm>
+
+#include "app/App.h"
+#include "app/MainWindow.h"
+#include "app/Menus.h"
+#include "app/OwnPreviews.h"
+#include "app/QuickLookWindow.h"
+#include "app/ToolButtons.h"
+#include "browser/ui/FileIcons.h"
+#include "browser/ui/Sidebar.h"
+#include "browser/ui/multiViewFileBrowser.h"
+#include "kit/DesktopServices.h"
+#include "kit/InterfaceKitSupport.h"
+
+namespace brivolant {
+namespace {
+
+using ItemPointer = std::shared_ptr<browserItem>;
+
+constexpr const char* kUriList = "text/uri-list";
+
+/// A name in the folder that is free: "a.jpg", then "a-1.jpg" and so on.
+FolderItem FreeName(const FolderItem& folder, const FolderItem& file) {
+  FolderItem target = folder.Child(file.Name());
+  const std::string base = FolderitemExtensions::FileNameWithoutExtension(file);
+  const std::string extension = FolderitemExtensions::FileExtension(file);
+  for (int n = 1; target.Exists() || target.Alias(); ++n) {
+    std::string name = base + "-" + std::to_string(n);
+    if (!extension.empty()) name.append(".").append(extension);
+    target = folder.Child(name);
+  }
+  return target;
+}
+
+std::error_code CopyWhole(const FolderItem& from, const FolderItem& to) {
+  std::error_code error;
+  std::filesystem::copy(
+      from.Path(), to.Path(),
+      std::filesystem::copy_options::recursive | std::filesystem::copy_options::copy_symlinks,
+      error);
+  return error;
+}
+
+}  // namespace
+
+// Files.
+
+std::vector<FolderItem> MainWindow::SelectedFiles() const {
+  std::vector<FolderItem> files;
+  for (const BrowserPayload& payload : imageBrowser->SelectedItems()) {
+    FolderItem file;
+    if (const auto* item = std::get_if<ItemPointer>(&payload)) file = (*item)->File();
+    if (const auto* photo = std::get_if<std::shared_ptr<iPhotoItem>>(&payload)) {
+      file = (*photo)->File();
+    }
+    if (file) files.push_back(file);
+  }
+  return files;
+}
+
+void MainWindow::CopyFiles() {
+  std::string list;
+  std::string names;
+  for (const FolderItem& file : SelectedFiles()) {
+    list += file.URLPath() + "\r\n";
+    if (!names.empty()) names += "\n";
+    names += file.DisplayName();
+  }
+  if (!list.empty()) app_.Clipboard().Set(names, kUriList, list);
+}
+
+void MainWindow::PasteFiles() {
+  const FolderItem folder = imageBrowser->CurrentFolder();
+  if (folder.IsNil()) return;
+  std::vector<FolderItem> files;
+  const std::string list = app_.Clipboard().Data(kUriList);
+  for (const std::string_view line : Split(list, '\n')) {
+    const QUrl url(QString::fromStdString(std::string(Trim(line))));
+    if (!url.isLocalFile()) continue;
+    const FolderItem file(QFile::encodeName(url.toLocalFile()).toStdString());
+    if (file.Exists()) files.push_back(file);
+  }
+  CopyFilesInto(files, folder);
+}
+
+void MainWindow::CopyFilesInto(const std::vector<FolderItem>& files, const FolderItem& folder) {
+  if (busy_ || files.empty()) return;
+  std::vector<std::string> made;
+  FolderItem failed;
+  InBackground([&] {
+    for (const FolderItem& file : files) {
+      // A folder cannot go into itself.
+      const std::string inside = folder.ShellPath() + "/";
+      const FolderItem target = FreeName(folder, file);
+      if (inside.starts_with(file.ShellPath() + "/") || CopyWhole(file, target)) {
+        failed = file;
+        break;
+      }
+      made.push_back(target.DisplayName());
+    }
+  });
+  imageBrowser->ReloadCurrentView();
+  if (folder == imageBrowser->CurrentFolder() && !made.empty()) {
+    imageBrowser->HighLightItem(made.front(), false);
+    for (int i = 0; i < imageBrowser->Count(); ++i) {
+      const std::string name = imageBrowser->Rows().Name(i);
+      if (std::find(made.begin(), made.end(), name) != made.end()) {
+        imageBrowser->isItemSelected(i, true);
+      }
+    }
+  }
+  if (failed) {
+    app_.Dialogs().Message(
+        WithPlaceholders(kNotCopied.Text(), {{"<filename>", failed.DisplayName()}}), {});
+  }
+}
+
+void MainWindow::FileMoveToTrash() {
+  if (busy_) return;
+  std::vector<FolderitemExtensions::TrashedFile> moved;
+  FolderItem failed;
+  const int row = imageBrowser->ListIndex();
+  for (const BrowserPayload& payload : imageBrowser->SelectedItems()) {
+    const auto* item = std::get_if<ItemPointer>(&payload);
+    if (item == nullptr) continue;
+    const auto* file = std::get_if<FolderItem>(&(*item)->item);
+    if (file == nullptr) continue;
+    if (auto trashed = FolderitemExtensions::PutInTrash(*file)) {
+      moved.push_back(std::move(*trashed));
+    } else {
+      failed = *file;
+    }
+  }
+  if (!moved.empty()) {
+    trashed_.push_back(std::move(moved));
+    imageBrowser->ReloadCurrentView();
+    const int last = imageBrowser->Count() - 1;
+    if (last >= 0) imageBrowser->ListIndex(std::clamp(row, 0, last));
+  }
+  UpdateCommands();
+  if (failed) {
+    app_.Dialogs().Message(
+        WithPlaceholders(kNotTrashed.Text(), {{"<filename>", failed.DisplayName()}}), {});
+  }
+}
+
+void MainWindow::UndoTrash() {
+  if (trashed_.empty()) return;
+  const auto files = std::move(trashed_.back());
+  trashed_.pop_back();
+  FolderItem failed;
+  for (const auto& file : files) {
+    if (!FolderitemExtensions::PutBack(file)) failed = file.Original;
+  }
+  imageBrowser->ReloadCurrentView();
+  imageBrowser->HighLightItem(files.front().Original.DisplayName(), false);
+  UpdateCommands();
+  if (failed) {
+    app_.Dialogs().Message(
+        WithPlaceholders(kNotPutBack.Text(), {{"<filename>", failed.DisplayName()}}), {});
+  }
+}
+
+void MainWindow::FileAddToSideBar() {
+  SideBarCollection& places = *mySideBar->item[kPlacesSection];
+  bool added = false;
+  for (const FolderItem& file : SelectedFiles()) {
+    if (!file.Directory()) continue;
+    auto place = std::make_shared<SideBarItem>();
+    place->Caption = file.DisplayName();
+    place->Tag = file;
+    places.AddItem(std::move(place));
+    added = true;
+  }
+  if (!added) return;
+  mySideBar->updateList();
+  mySideBar->highlightItem(imageBrowser->CurrentFolder());
+  SavePlaces();
+}
+
+// Quick look.
+
+std::vector<QuickLookItem> MainWindow::QuickLookItems() const {
+  std::vector<QuickLookItem> items;
+  const double ratio = devicePixelRatioF();
+  for (const BrowserPayload& payload : imageBrowser->SelectedItems()) {
+    QuickLookItem shown;
+    shown.Title = BrowserRows::NameOf(payload);
+    constexpr int kIcon = 128;
+    shown.Icon = FileIcons::For(payload, kIcon, ratio);
+    if (const auto* item = std::get_if<ItemPointer>(&payload)) {
+      const auto* file = std::get_if<FolderItem>(&(*item)->item);
+      if (file != nullptr) shown.File = *file;
+      shown.Thumbnail = (*item)->image;
+    } else if (const auto* photo = std::get_if<std::shared_ptr<iPhotoItem>>(&payload)) {
+      shown.File = (*photo)->File();
+      shown.Thumbnail = ImageFromPicture((*photo)->DynamicPreview());
+    }
+    items.push_back(std::move(shown));
+  }
+  return items;
+}
+
+void MainWindow::QuickLookMethod() {
+  if (busy_ || DisplayPane != kBrowserPane || imageBrowser->SelectedCount() == 0) return;
+  if (!quickLook_) {
+    quickLook_ = std::make_unique<QuickLookWindow>(NewFilePreviewer(), app_.Preferences());
+    quickLook_->Step = [this](int delta) {
+      const int target = imageBrowser->ListIndex() + delta;
+      if (target < 0 || target >= imageBrowser->Count()) return false;
+      imageBrowser->ListIndex(target);
+      return true;
+    };
+    quickLook_->Close = [this] { app_.QuickLookOpen = false; };
+  } else if (quickLook_->isVisible()) {
+    // The same key puts it away.
+    quickLook_->close();
+    return;
+  }
+  app_.QuickLookOpen = true;
+  quickLook_->DisplayItems(QuickLookItems(), false);
+}
+
+void MainWindow::FollowWithQuickLook() {
+  if (!quickLook_ || !quickLook_->isVisible() || imageBrowser->SelectedCount() == 0) return;
+  quickLook_->Replace(QuickLookItems());
+}
+
+// Menus.
+
+void MainWindow::EnableBrowserItems() {
+  MainMenuBar& menu = *menu_;
+  const int count = imageBrowser->SelectedCount();
+  const int mode = imageBrowser->Mode();
+  for (const char* name :
+       {"ViewAsIcons", "ViewAsList", "ViewAsColumns", "ViewShowHiddenFiles", "EditSelectAll", "EditSelectNone"}) {
+    menu.Item(name).setEnabled(true);
+  }
+  menu.Item("ViewAsIcons").setChecked(mode == multiViewFileBrowser::kIconView);
+  menu.Item("ViewAsList").setChecked(mode == multiViewFileBrowser::kListView);
+  menu.Item("ViewAsColumns").setChecked(mode == multiViewFileBrowser::kColumnView);
+  menu.Item("ViewShowHiddenFiles").setChecked(imageBrowser->showInvisibles);
+  for (const char* name : {"EditCopy", "FileMoveToTrash", "FileQuickLook"}) {
+    menu.Item(name).setEnabled(count > 0);
+  }
+  QString copy = Shown(Menus::kEditCopy);
+  QString quickLook = Shown(Menus::kQuickLook);
+  if (count > 1) {
+    copy += QStringLiteral(" %1 ").arg(count) + Shown(BrowserRows::kItems);
+  } else if (count == 1) {
+    const BrowserPayload selected = imageBrowser->SelectedItem(0);
+    QString name = ToQString(BrowserRows::NameOf(selected));
+    name.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    name = QStringLiteral(" \"") + name + QLatin1Char('"');
+    copy += name;
+    quickLook += name;
+    const auto* item = std::get_if<ItemPointer>(&selected);
+    const FileFacts facts = item == nullptr ? FileFacts() : (*item)->Facts.value_or(FileFacts());
+    menu.Item("FileShowInFinder").setEnabled(true);
+    menu.Item("FileAddToSideBar").setEnabled(item != nullptr && facts.Is == FileFacts::kFolder);
+    menu.Item("FileShowOriginal").setEnabled(item != nullptr && facts.Is == FileFacts::kAlias);
+  }
+  menu.Item("EditCopy").setText(copy);
+  menu.Item("FileQuickLook").setText(quickLook);
+  menu.Item("EditPaste")
+      .setEnabled(imageBrowser->CurrentFolder() && app_.Clipboard().Has(kUriList));
+  menu.Item("EditUndo").setEnabled(!trashed_.empty());
+  menu.Item("EditUndo")
+      .setText(Shown(Menus::kEditUndo) + QLatin1Char(' ') + Shown(Menus::kFileMoveToTrash));
+  ToolButtons::ChangeButtonEnabled(*rbToolBar, ToolButtons::QuickLook().Identifier, count > 0);
+}
+
+bool MainWindow::BrowserMenu(QMenu& menu) {
+  EnableMenuItems();
+  const int count = imageBrowser->SelectedCount();
+  const auto add = [&](const char* name) { menu.addAction(&menu_->Item(name)); };
+  if (count == 1) {
+    menu.addAction(Shown(kOpen), this, [this] { OpenBrowserItem(imageBrowser->SelectedItem(0)); });
+    add("FileQuickLook");
+    menu.addSeparator();
+    if (menu_->Item("FileShowOriginal").isEnabled()) add("FileShowOriginal");
+    add("FileMoveToTrash");
+    menu.addSeparator();
+    add("FileAddToSideBar");
+    menu.addSeparator();
+  } else if (count > 1) {
+    add("FileMoveToTrash");
+    menu.addSeparator();
+  }
+  if (count > 0) add("EditCopy");
+  if (menu_->Item("EditPaste").isEnabled()) add("EditPaste");
+  if (count == 1) {
+    menu.addSeparator();
+    add("FileShowInFinder");
+  }
+  return !menu.isEmpty();
+}
+
+}  // namespace brivolant

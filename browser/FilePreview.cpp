@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "browser/FilePreview.h"
+
+#include "engine/pictures/SharedPictureEffects.h"
+#include "files/FolderitemExtensions.h"
+#include "formats/ImageFile.h"
+#include "platform/codecs/Cancellation.h"
+#include "platform/codecs/ImageCodecs.h"
+#include "platform/values/Captions.h"
+
+namespace brivolant {
+namespace {
+
+/// Orientations from here on swap width and height.
+constexpr int kFirstOnItsSide = 5;
+
+std::string KindOf(const FolderItem& file, const ImageSource& source) {
+  ImageFile named;
+  named.FileType = source.Type();
+  const std::string kind = named.DisplayFileType();
+  return kind.empty() ? FolderitemExtensions::Kind(file) : kind;
+}
+
+}  // namespace
+
+void FilePreviewer::AddSize(std::vector<std::string>& lines, const std::string& kind, int width,
+                            int height) {
+  lines.push_back(kind + ", " + SharedPictureEffects::Megapixel(width, height) + " (" +
+                  std::to_string(width) + " x " + std::to_string(height) + ")");
+  constexpr int kDotsPerInch = 300;
+  lines.push_back(kRecommendPrintSize.Text() + " " +
+                  SharedPictureEffects::PrintSize(width, height, 0, false, kDotsPerInch, false));
+}
+
+void FilePreviewer::AddMaker(std::vector<std::string>& lines, const std::string& creator,
+                             const std::string& link, const Date& created, const Date& now) {
+  std::string maker = Captions::kCreatorName.Text();
+  maker.append(" ").append(creator).append("  ").append(link);
+  lines.push_back(std::move(maker));
+  lines.push_back(kCreated.Text() + FolderitemExtensions::RelativeDateTime(created, now));
+}
+
+FilePreview FilePreviewer::Of(const FolderItem& file, int longest, bool lines) const {
+  if (Own) {
+    if (auto own = Own(file, longest, lines)) return std::move(*own);
+  }
+  FilePreview preview;
+  if (lines) preview.Lines.push_back(file.DisplayName());
+  if (!file.Directory() && FolderitemExtensions::HoldsPicture(file)) {
+    if (const auto source = ImageSource::Open(file)) {
+      auto picture = (*source.value)->Thumbnail(longest);
+      if (picture) preview.Shown = std::move(*picture);
+      const auto properties = (*source.value)->Properties(0);
+      if (lines && !preview.Shown.IsNil() && properties) {
+        const bool turned = properties.value->Orientation >= kFirstOnItsSide;
+        const int width = turned ? properties.value->Height : properties.value->Width;
+        const int height = turned ? properties.value->Width : properties.value->Height;
+        AddSize(preview.Lines, KindOf(file, **source.value), width, height);
+        return preview;
+      }
+    }
+  }
+  if (lines) preview.Lines.push_back(FolderitemExtensions::Kind(file));
+  return preview;
+}
+
+PreviewLoader::PreviewLoader(std::shared_ptr<const FilePreviewer> previewer)
+    : previewer_(std::move(previewer)) {
+  // The one that ends does not hold up the next.
+  pool_.setMaxThreadCount(2);
+}
+
+PreviewLoader::~PreviewLoader() {
+  Stop();
+  pool_.waitForDone();
+}
+
+void PreviewLoader::Stop() {
+  if (ended_) *ended_ = true;
+  ended_.reset();
+}
+
+void PreviewLoader::Load(const FolderItem& file, int longest, bool lines) {
+  Stop();
+  ended_ = std::make_shared<std::atomic<bool>>(false);
+  pool_.start([this, ended = ended_, previewer = previewer_, file, longest, lines] {
+    if (*ended) return;
+    const DecodeCancellation cancellation(*ended);
+    auto preview = std::make_shared<FilePreview>(previewer->Of(file, longest, lines));
+    QMetaObject::invokeMethod(
+        this,
+        [this, ended, preview] {
+          if (*ended) return;
+          ended_.reset();
+          if (Loaded) Loaded(std::move(*preview));
+        },
+        Qt::QueuedConnection);
+  });
+}
+
+}  // namespace brivolant

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QApplication>
+#include <QTest>
+#include <string>
+#include <vector>
+
+#include "WindowHelpers.h"
+#include "browser/ui/BrowserViews.h"
+#include "browser/ui/multiViewFileBrowser.h"
+
+namespace brivolant::test {
+
+/// The program in a home with photos in the pictures folder.
+struct Browsing : Program {
+  explicit Browsing(const std::vector<std::string>& names) {
+    EXPECT_FALSE(home.Child("Pictures").CreateAsFolder());
+    for (const std::string& name : names) Photo("Pictures/" + name, 64, 48);
+    Start();
+    EXPECT_TRUE(Until([&] { return !Browser().Listing(); }));
+  }
+  multiViewFileBrowser& Browser() { return *Window().imageBrowser; }
+  FolderItem Pictures() { return home.Child("Pictures"); }
+  QWidget& Grid() { return *Browser().IconView().viewport(); }
+  QPoint Cell(int row) { return Browser().IconView().CellRect(row).center(); }
+  std::vector<std::string> Names() {
+    std::vector<std::string> names;
+    for (int i = 0; i < Browser().Count(); ++i) names.push_back(Browser().Rows().Name(i));
+    return names;
+  }
+  std::vector<std::string> Selected() {
+    std::vector<std::string> names;
+    for (const BrowserPayload& payload : Browser().SelectedItems()) {
+      names.push_back(BrowserRows::NameOf(payload));
+    }
+    return names;
+  }
+  bool Shows(const std::vector<std::string>& names) {
+    return Until([&] { return !Browser().Listing() && Names() == names; });
+  }
+};
+
+inline void DoubleClick(QWidget& control, const QPoint& at) {
+  QTest::mouseDClick(control.window()->windowHandle(), Qt::LeftButton, {},
+                     control.mapTo(control.window(), at));
+  QApplication::processEvents();
+}
+
+}  // namespace brivolant::test
