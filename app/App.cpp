@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QSysInfo>
 #include <QTimer>
 #include <QUrl>
 #include <algorithm>
@@ -13,6 +14,7 @@
 #include "app/ProgressDialog.h"
 #include "app/core/ApplicationServices.h"
 #include "app/core/GlobalApplicationSpecificProperties.h"
+#include "browser/SideBarItem.h"
 #include "engine/ui/EffectStackEditor.h"
 #include "files/FolderitemExtensions.h"
 #include "formats/FileTypes.h"
@@ -261,6 +263,21 @@ void App::AppearanceChoice(int choice) {
 
 brivolant::Services App::Services() {
   return {log_, *dialogs_, *this, temporary_, clock_, random_};
+}
+
+const std::shared_ptr<browserItemCollection>& App::myComputer() {
+  if (!computer_) computer_ = std::make_shared<browserItemCollection>();
+  computer_->Name = QSysInfo::machineHostName().toStdString();
+  if (computer_->Name.empty()) computer_->Name = SideBarSources::kComputer.Text();
+  computer_->Icon = "Computer";
+  computer_->RemoveAllItems();
+  for (const FolderItem& root : SideBarSources::MountedVolumes()) {
+    auto volume = std::make_shared<browserItem>();
+    volume->Name = SideBarSources::CaptionOf(VolumeItem(root));
+    volume->item = VolumeItem(root);
+    computer_->AddItem(std::move(volume));
+  }
+  return computer_;
 }
 
 }  // namespace brivolant

@@ -18,6 +18,8 @@ class QApplication;
 
 namespace brivolant {
 
+class browserItemCollection;
+
 class AboutBox;
 class MainWindow;
 class PreferencesWindow;
@@ -126,6 +128,8 @@ class App final : public UserDetails {
   std::function<bool(const FolderItem& file, const std::string& subject)> SendViaEmail;
   ProgressDialog& Progress() { return *progress_; }
   brivolant::Recovery& Recovery() { return *recovery_; }
+  /// The mounted disks as a folder; read anew at every call, and the same object always.
+  const std::shared_ptr<browserItemCollection>& myComputer();
   /// Null before Open.
   MainWindow* Window() { return window_.get(); }
   PreferencesWindow* PreferencesShown() { return preferencesWindow_.get(); }
@@ -136,6 +140,7 @@ class App final : public UserDetails {
   void InstallStyle(const FolderItem& file);
 
   QApplication& application_;
+  std::shared_ptr<browserItemCollection> computer_;
   StandardErrorLog log_;
   SystemRandom random_;
   SystemClock clock_;

@@ -26,6 +26,7 @@
 #include "kit/ifkFontComboBox.h"
 #include "kit/ifkSegmentView.h"
 #include "kit/ifkSlider.h"
+#include "sources/ThreadediPhotoReader.h"
 
 namespace brivolant {
 namespace {
@@ -61,6 +62,9 @@ MainWindow::MainWindow(App& app) : app_(app) {
 
 MainWindow::~MainWindow() {
   deviceTimer_.stop();
+  mySpotlightSearch.Stop();
+  if (libraryReader_) libraryReader_->Stop();
+  libraryPool_.waitForDone();
   WindowMenu(nullptr);
   // The widgets look at the processor until they are gone.
   myProcessor->myEffectEditor = nullptr;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QImage>
+#include <QThreadPool>
 #include <QTimer>
 #include <map>
 #include <memory>
@@ -10,6 +11,7 @@
 
 #include "app/MainMenuBar.h"
 #include "app/core/UndoHandler.h"
+#include "browser/SpotlightQuery.h"
 #include "browser/browserItem.h"
 #include "engine/EffectModuleControl.h"
 #include "engine/brivolantProcessorLite.h"
@@ -19,10 +21,12 @@
 #include "platform/values/Text.h"
 
 class QComboBox;
-class QLineEdit;
+class QLabel;
 class QMenu;
+class QPushButton;
 class QSplitter;
 class QScrollBar;
+class QVBoxLayout;
 
 namespace brivolant {
 
@@ -36,7 +40,9 @@ class OneClickWonder;
 class QuickLookWindow;
 class StyleTiles;
 class Sidebar;
+class ThreadediPhotoReader;
 class ifkPathBar;
+class ifkSearchField;
 class ifkSegmentView;
 class multiViewFileBrowser;
 class ifkSlider;
@@ -104,7 +110,18 @@ class MainWindow final : public ifkWindow {
       "MainWindow.kBrokenAliasMessage",
       "The original of the alias \"<filename>\" cannot be found."};
   static constexpr LocalizedText kDeleteAlias{"MainWindow.kDeleteAlias", "Delete Alias"};
-  static constexpr LocalizedText kSearchFolder{"MainWindow.kSearchFolder", "Search"};
+  static constexpr LocalizedText kSearchCurrentFolder{"MainWindow.kSearchCurrentFolder",
+                                                      "Search Current Folder"};
+  static constexpr LocalizedText kSearchEntireComputer{"MainWindow.kSearchEntireComputer",
+                                                       "Search Entire Computer"};
+  static constexpr LocalizedText kSearchResults{"MainWindow.kSearchResults", "Search Results"};
+  static constexpr LocalizedText kSearching{"MainWindow.kSearching",
+                                            "Searching <folder> (<x> found)"};
+  static constexpr LocalizedText kSearchingFor{"MainWindow.kSearchingFor", "Searching..."};
+  static constexpr LocalizedText kNothingFound{"MainWindow.kNothingFound",
+                                               "No photo or folder has this in its name"};
+  /// Where the chosen photo library's path is kept; empty for the one in the pictures folder.
+  static constexpr const char* kLibraryKey = "iPhotoLibrary.file";
   static constexpr LocalizedText kIconSize{"MainWindow.kIconSize", "Size of icons"};
   static constexpr LocalizedText kOpen{"MainWindow.kOpen", "Open"};
   static constexpr LocalizedText kOpenEnclosingFolder{"MainWindow.kOpenEnclosingFolder",
@@ -193,15 +210,23 @@ class MainWindow final : public ifkWindow {
   void ShowHideEffects(bool visible);
   void ShowHideStyles(bool visible);
 
-  // Browser; MainWindowBrowser.cpp and MainWindowFiles.cpp.
+  // Browser; MainWindowBrowser.cpp, MainWindowFiles.cpp and MainWindowSources.cpp.
 
   /// The sections of the sidebar; searches follow.
-  enum SideBarSection { kLibrarySection = 0, kDevicesSection = 1, kPlacesSection = 2 };
+  enum SideBarSection {
+    kLibrarySection = 0,
+    kDevicesSection = 1,
+    kPlacesSection = 2,
+    kSearchSection = 3
+  };
+  using BrowserContainer =
+      std::variant<std::monostate, FolderItem, std::shared_ptr<browserItemCollection>,
+                   std::shared_ptr<iPhotoAlbum>, std::shared_ptr<iPhotoRoll>>;
 
   /// Shows a folder or another container in the browser's pane.
-  void DisplayContainer(
-      const std::variant<std::monostate, FolderItem, std::shared_ptr<browserItemCollection>,
-                         std::shared_ptr<iPhotoAlbum>, std::shared_ptr<iPhotoRoll>>& container);
+  void DisplayContainer(const BrowserContainer& container);
+  /// Reads the library of the preferences, else the one in the pictures folder, on another thread.
+  void ReadPhotoLibrary();
   /// Copies files into a folder under free names, then selects them.
   void CopyFilesInto(const std::vector<FolderItem>& files, const FolderItem& folder);
   void FileMoveToTrash();
@@ -242,8 +267,13 @@ class MainWindow final : public ifkWindow {
   Sidebar* mySideBar = nullptr;
   ifkPathBar* myPathBar = nullptr;
   ifkSegmentView* browserViewStyle = nullptr;
-  QLineEdit* browserSearchField = nullptr;
+  ifkSearchField* browserSearchField = nullptr;
   ifkSlider* iconSize = nullptr;
+  SpotlightQuery mySpotlightSearch;
+  /// What a search of the computer found; null when none is on show.
+  std::shared_ptr<browserItemCollection> currentSearchItem;
+  /// The albums of the photo library, the events first; empty until it is read.
+  std::vector<std::shared_ptr<iPhotoAlbum>> iPhotolibrary;
   std::unique_ptr<MyColorPanelHelper> myColorPanel;
   QTimer ResizedUpdateTimer;
   QTimer RecoveryTimer;
@@ -283,7 +313,23 @@ class MainWindow final : public ifkWindow {
   void OpenBrowserFile(const FolderItem& file, const FileFacts& facts);
   void BrowserListChanged();
   void BrowserModeChanged();
-  void DisplayPath();
+  void DisplayPath(const BrowserContainer& container, bool skipHistory);
+  Variant TagOf(const BrowserContainer& container);
+  BrowserContainer ContainerOf(const Variant& tag) const;
+  /// What a row or an item of the sidebar opens: a volume is its root.
+  static BrowserContainer ContainerOf(const browserItem::Wrapped& wrapped);
+  void OpenSideBar();
+  void RefreshSideBar();
+  void TakePhotoLibrary(const std::vector<std::shared_ptr<iPhotoAlbum>>& albums);
+  void ShowPhotoLibrary();
+  void BuildSearch(QVBoxLayout& column);
+  void WireSearch();
+  void StoreSearches();
+  void SearchTextChanged();
+  void SearchCompleted();
+  void EndSearch();
+  void ShowSearchSection();
+  void DropSearchItem();
   void ShowEnclosingFolder();
   bool BrowserMenu(QMenu& menu);
   void EnableBrowserItems();
@@ -363,7 +409,15 @@ class MainWindow final : public ifkWindow {
   QWidget* BrowserSeat = nullptr;
   QWidget* browserPart_ = nullptr;
   QSplitter* browserSplit_ = nullptr;
+  QWidget* searchLine_ = nullptr;
+  QLabel* searchPlace_ = nullptr;
+  QPushButton* searchCancel_ = nullptr;
   QTimer deviceTimer_;
+  /// What pieces of the path stand for that are no folders; their tags are indexes.
+  std::vector<BrowserContainer> pathTargets_;
+  std::unique_ptr<Random> libraryRandom_;
+  std::unique_ptr<ThreadediPhotoReader> libraryReader_;
+  QThreadPool libraryPool_;
   std::vector<FolderItem> volumes_;
   /// What undo in the browser puts back, newest last.
   std::vector<std::vector<FolderitemExtensions::TrashedFile>> trashed_;

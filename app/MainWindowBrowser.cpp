@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <QAction>
 #include <QApplication>
-#include <QBuffer>
 #include <QDesktopServices>
 #include <QFile>
 #include <QHBoxLayout>
-#include <QLineEdit>
 #include <QMenu>
 #include <QSplitter>
 #include <QStandardPaths>
@@ -27,6 +25,7 @@
 #include "kit/InterfaceKitSupport.h"
 #include "kit/SvgIcon.h"
 #include "kit/ifkPathBar.h"
+#include "kit/ifkSearchField.h"
 #include "kit/ifkSegmentView.h"
 #include "kit/ifkSlider.h"
 #include "kit/ifkStaticText.h"
@@ -42,24 +41,11 @@ using ItemPointer = std::shared_ptr<browserItem>;
 
 constexpr int kSideBarWidth = 200;
 constexpr int kMargin = 8;
-/// Milliseconds between two looks at the mounted disks.
-constexpr int kDevices = 1000;
-constexpr const char* kFolds[] = {"MainWindow.sidebar.iPhoto", "MainWindow.sidebar.devices",
-                                 "MainWindow.sidebar.places"};
+/// A photo library as a file manager shows it.
+constexpr const char* kLibraryPackage = "iPhoto Library";
 
 FolderItem Standard(QStandardPaths::StandardLocation location) {
   return FolderItem(QFile::encodeName(QStandardPaths::writableLocation(location)).toStdString());
-}
-
-std::string PngOf(const SideBarItem& place) {
-  constexpr int kIcon = 16;
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  SvgPixmap(ToQString(place.icon.empty() ? std::string("Folder") : place.icon), QSize(kIcon, kIcon),
-            1, Qt::black)
-      .save(&buffer, "PNG");
-  return bytes.toStdString();
 }
 
 }  // namespace
@@ -95,15 +81,14 @@ void MainWindow::BuildBrowser() {
   iconSize->setFixedSize(112, 24);
   iconSize->setAccessibleName(Shown(kIconSize));
   iconSize->setToolTip(Shown(kIconSize));
-  browserSearchField = new QLineEdit(browserPart_);
-  browserSearchField->setPlaceholderText(Shown(kSearchFolder));
-  browserSearchField->setClearButtonEnabled(true);
-  browserSearchField->setFixedWidth(176);
+  browserSearchField = new ifkSearchField(browserPart_);
+  browserSearchField->setFixedWidth(196);
   bar->addWidget(myPathBar, 1);
   bar->addWidget(iconSize);
   bar->addWidget(browserViewStyle);
   bar->addWidget(browserSearchField);
   column->addLayout(bar);
+  BuildSearch(*column);
   imageBrowser = new multiViewFileBrowser(NewThumbnailMaker(), NewFilePreviewer(), browserPart_);
   imageBrowser->DocumentExtension =
       std::string(InternalFileTypes::BrivolantPhotosDocument.Extensions);
@@ -113,6 +98,7 @@ void MainWindow::BuildBrowser() {
   browserSplit_->setSizes({kSideBarWidth, 1000});
   WireBrowser();
   WireSideBar();
+  WireSearch();
 }
 
 void MainWindow::WireBrowser() {
@@ -148,146 +134,21 @@ void MainWindow::WireBrowser() {
     imageBrowser->IconSize(iconSize->value());
     app_.Preferences().Assign("imageBrowser.IconSize", imageBrowser->IconSize());
   };
-  connect(browserSearchField, &QLineEdit::textChanged, this,
-          [this](const QString& text) { imageBrowser->HighLightItem(text.toStdString(), true); });
-  connect(browserSearchField, &QLineEdit::returnPressed, this,
-          [this] { imageBrowser->setFocus(); });
   myPathBar->Action = [this](const SegmentViewPiece& piece) {
-    if (const auto* folder = piece.Tag.As<FolderItem>()) DisplayContainer(*folder);
+    DisplayContainer(ContainerOf(piece.Tag));
   };
   myPathBar->NavButtonClicked = [this] {
     if (myPathBar->Count() < 0) return;
-    const auto* folder = myPathBar->Item(myPathBar->Count()).Tag.As<FolderItem>();
-    if (folder == nullptr) return;
     // The path is there already; only what it leads to is missing.
     updating = true;
-    imageBrowser->DisplayItem(*folder);
+    DisplayContainer(ContainerOf(myPathBar->Item(myPathBar->Count()).Tag));
     updating = false;
-    BrowserListChanged();
   };
-}
-
-void MainWindow::WireSideBar() {
-  Sidebar& bar = *mySideBar;
-  for (const LocalizedText* caption :
-       {&SideBarSources::kLibrary, &SideBarSources::kDevices, &SideBarSources::kPlaces}) {
-    auto section = std::make_shared<SideBarCollection>();
-    section->Caption = caption->Text();
-    bar.item.push_back(std::move(section));
-  }
-  bar.item[kLibrarySection]->Visible = false;
-  bar.CanEject = [](const SideBarItem& item) {
-    const auto* volume = std::get_if<VolumeItem>(&item.Tag);
-    return volume != nullptr && volume->Ejectable();
-  };
-  bar.CompareItems = [](const SideBarItem::Target& a, const SideBarItem::Target& b) {
-    const auto path = [](const SideBarItem::Target& target) {
-      if (const auto* volume = std::get_if<VolumeItem>(&target)) return volume->Path();
-      const auto* folder = std::get_if<FolderItem>(&target);
-      return folder == nullptr ? std::string() : folder->ShellPath();
-    };
-    return !path(a).empty() && path(a) == path(b);
-  };
-  bar.Folded = [this](SideBarCollection& section) {
-    for (std::size_t i = 0; i < mySideBar->item.size(); ++i) {
-      if (mySideBar->item[i].get() != &section || i >= std::size(kFolds)) continue;
-      app_.Preferences().Assign(kFolds[i], section.ItemsVisible);
-    }
-  };
-  bar.itemSelected = [this](const SideBarItem& item, bool eject) {
-    if (const auto* volume = std::get_if<VolumeItem>(&item.Tag)) {
-      const VolumeItem chosen = *volume;
-      if (!eject) return DisplayContainer(FolderItem(chosen));
-      (void)chosen.Eject(app_.Desktop(), app_.Dialogs(), app_.Log());
-      return;
-    }
-    if (const auto* folder = std::get_if<FolderItem>(&item.Tag)) DisplayContainer(*folder);
-  };
-  bar.Removed = [this](const std::shared_ptr<SideBarItem>& item, SideBarCollection& section) {
-    if (&section != mySideBar->item[kPlacesSection].get()) return;
-    section.RemoveItem(item);
-    mySideBar->updateList();
-    SavePlaces();
-  };
-  bar.RightClick = [this](QMenu& menu, const std::shared_ptr<SideBarItem>& item,
-                          SideBarCollection& section) {
-    if (&section != mySideBar->item[kPlacesSection].get()) return false;
-    const auto* folder = std::get_if<FolderItem>(&item->Tag);
-    if (folder != nullptr) {
-      menu.addAction(Shown(kOpen), this, [this, open = *folder] { DisplayContainer(open); });
-      menu.addSeparator();
-      menu.addAction(Shown(kOpenEnclosingFolder), this, [this, open = *folder] {
-        if (const FolderItem parent = open.Parent()) DisplayContainer(parent);
-      });
-      menu.addSeparator();
-    }
-    menu.addAction(Shown(kRemoveFromSidebar), this,
-                   [this, item, &section] { mySideBar->Removed(item, section); });
-    return true;
-  };
-  bar.FilesDropped = [this](const std::vector<FolderItem>& files,
-                            const std::shared_ptr<SideBarItem>& item, SideBarCollection& section) {
-    const auto* folder = item ? std::get_if<FolderItem>(&item->Tag) : nullptr;
-    if (folder != nullptr) {
-      QTimer::singleShot(0, this,
-                         [this, files, target = *folder] { CopyFilesInto(files, target); });
-    } else if (&section == mySideBar->item[kPlacesSection].get()) {
-      for (const FolderItem& file : files) {
-        if (!file.Directory()) continue;
-        auto place = std::make_shared<SideBarItem>();
-        place->Caption = file.DisplayName();
-        place->Tag = file;
-        section.AddItem(std::move(place));
-      }
-      mySideBar->updateList();
-      SavePlaces();
-    }
-  };
-  deviceTimer_.setInterval(kDevices);
-  connect(&deviceTimer_, &QTimer::timeout, this, [this] { LookAtDevices(); });
-}
-
-void MainWindow::LookAtDevices() {
-  const std::vector<FolderItem> now = SideBarSources::MountedVolumes();
-  if (now == volumes_) return;
-  volumes_ = now;
-  SideBarCollection& devices = *mySideBar->item[kDevicesSection];
-  devices.RemoveAllItems();
-  for (const FolderItem& root : volumes_) {
-    auto device = std::make_shared<SideBarItem>();
-    const VolumeItem volume(root);
-    const bool computer = root.Parent().IsNil();
-    device->Caption = computer ? SideBarSources::kComputer.Text() : volume.Name();
-    device->icon = computer ? "Computer" : "Volume";
-    device->Tag = volume;
-    devices.AddItem(std::move(device));
-  }
-  mySideBar->updateList();
-  mySideBar->highlightItem(imageBrowser->CurrentFolder());
-}
-
-FolderItem MainWindow::PlacesFile() const {
-  return otherSharedComponents::userElementsFolder().Child(
-      "SideBarItems." + std::string(InternalFileTypes::BrivolantPhotosSidebarItems.Extensions));
-}
-
-void MainWindow::SavePlaces() {
-  if (!SideBarSources::Save(PlacesFile(), *mySideBar->item[kPlacesSection], PngOf)) {
-    app_.Log().Write("The places of the sidebar could not be saved.");
-  }
 }
 
 void MainWindow::OpenBrowser() {
   auto& preferences = app_.Preferences();
-  for (std::size_t i = 0; i < std::size(kFolds); ++i) {
-    mySideBar->item[i]->ItemsVisible = preferences.Value(kFolds[i], true).ToBool();
-  }
-  SideBarCollection& places = *mySideBar->item[kPlacesSection];
-  if (!SideBarSources::Load(PlacesFile(), places)) {
-    SideBarSources::AddDefaults(places, otherSharedComponents::DefaultPipDocumentsFolder());
-  }
-  deviceTimer_.start();
-  LookAtDevices();
+  OpenSideBar();
   imageBrowser->previewCanvas().PreviewDisplayMetaData(
       preferences.Value("PreviewDisplayMetaData", true).ToBool());
   imageBrowser->SplitterPosition(
@@ -307,17 +168,20 @@ void MainWindow::OpenBrowser() {
   mySideBar->updateList();
   DisplayContainer(start);
   imageBrowser->setFocus();
+  ReadPhotoLibrary();
 }
 
 void MainWindow::DisplayContainer(const Container& container) {
+  // Whoever goes elsewhere does not wait for hits any more.
+  if (container != Container(currentSearchItem)) EndSearch();
   if (DisplayPane != kBrowserPane) ToolAction(ToolButtons::Browser().Identifier);
   imageBrowser->DisplayItem(container);
 }
 
 void MainWindow::BrowserListChanged() {
-  const FolderItem folder = imageBrowser->CurrentFolder();
-  mySideBar->highlightItem(folder);
-  if (!updating) DisplayPath();
+  const Container& view = imageBrowser->currentView();
+  mySideBar->highlightItem(std::visit([](const auto& held) { return SideBarItem::Target(held); }, view));
+  if (!updating) DisplayPath(view, false);
   UpdateCommands();
   ShowBrowserInfo();
 }
@@ -331,23 +195,10 @@ void MainWindow::ShowBrowserInfo() {
   infotext->Text(text);
 }
 
-void MainWindow::DisplayPath() {
-  ifkPathBar::Path path;
-  for (FolderItem at = imageBrowser->CurrentFolder(); at; at = at.Parent()) {
-    SegmentViewPiece piece;
-    piece.Caption =
-        at.Parent().IsNil() ? Shown(SideBarSources::kComputer) : ToQString(at.DisplayName());
-    piece.icon =
-        SvgIcon(at.Parent().IsNil() ? QStringLiteral("Computer") : QStringLiteral("Folder"));
-    piece.Tag = at;
-    path.insert(path.begin(), piece);
-  }
-  if (!path.empty()) myPathBar->FullPath(path);
-}
-
 void MainWindow::ShowEnclosingFolder() {
   const FolderItem folder = imageBrowser->CurrentFolder();
-  if (folder.IsNil() || folder.Parent().IsNil()) return;
+  if (folder.IsNil()) return;
+  if (folder.Parent().IsNil()) return DisplayContainer(app_.myComputer());
   const std::string name = folder.DisplayName();
   DisplayContainer(folder.Parent());
   // One sees where one came from.
@@ -379,12 +230,26 @@ void MainWindow::OpenBrowserItem(const BrowserPayload& payload) {
     if (const auto* file = std::get_if<FolderItem>(&opened->item)) {
       return OpenBrowserFile(*file, opened->Facts.value_or(FileFacts()));
     }
-    if (const FolderItem root = opened->File()) DisplayContainer(root);
+    const Container inside = ContainerOf(opened->item);
+    if (!std::holds_alternative<std::monostate>(inside)) DisplayContainer(inside);
     return;
+  }
+  if (const auto* folder = std::get_if<std::shared_ptr<browserItemCollection>>(&payload)) {
+    return DisplayContainer(*folder);
+  }
+  if (const auto* roll = std::get_if<std::shared_ptr<iPhotoRoll>>(&payload)) {
+    return DisplayContainer(*roll);
   }
   if (const auto* photo = std::get_if<std::shared_ptr<iPhotoItem>>(&payload)) {
     const FolderItem file = (*photo)->File();
-    if (file && !AskToSave()) OpenImage(file, (*photo)->Caption);
+    const std::string caption = (*photo)->Caption;
+    if (!file) return;
+    if (FolderitemExtensions::FileBaseType(file) == "Image" ||
+        FolderitemExtensions::HoldsPicture(file)) {
+      if (!AskToSave()) OpenImage(file, caption);
+    } else {
+      QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(file.Path().c_str())));
+    }
   }
 }
 
@@ -414,7 +279,10 @@ void MainWindow::OpenBrowserFile(const FolderItem& file, const FileFacts& facts)
   if (isFileType(target, &InternalFileTypes::BrivolantPhotosDocument)) {
     return app_.OpenDocument(target);
   }
-  if (facts.Is == FileFacts::kPackage && !browse) return launch();
+  if (facts.Is == FileFacts::kPackage && !browse) {
+    if (file.Name() == kLibraryPackage && !iPhotolibrary.empty()) return ShowPhotoLibrary();
+    return launch();
+  }
   if (target.Directory()) return DisplayContainer(target);
   // Camera raw and newer formats are images too, whatever their first bytes are called.
   if (FolderitemExtensions::FileBaseType(target) == "Image" || HoldsPicture(target) ||

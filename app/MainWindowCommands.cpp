@@ -621,6 +621,7 @@ void MainWindow::StorePreferences() {
   const FolderItem folder = imageBrowser->CurrentFolder();
   preferences.Assign("imageBrowser.currentView", folder ? folder.ShellPath() : "Default");
   SavePlaces();
+  StoreSearches();
   preferences.Assign("rbToolBar.Mode", ToolButtons::DisplayMode(*rbToolBar));
   preferences.Assign("rbToolBar.Size", ToolButtons::DisplaySize(*rbToolBar));
   preferences.Assign("MainWindow.Dimensions", Dimensions());

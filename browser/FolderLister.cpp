@@ -26,12 +26,15 @@ struct CloseFolder {
   void operator()(DIR* folder) const { closedir(folder); }
 };
 
-FileFacts FactsOf(int folder, const dirent& entry, const std::string& documentExtension) {
+}  // namespace
+
+FileFacts FolderLister::FactsOf(int folder, const char* entry,
+                                const std::string& documentExtension) {
   FileFacts facts;
-  const std::string_view name = entry.d_name;
+  const std::string_view name = entry;
   facts.Hidden = name.starts_with('.');
   struct stat status {};
-  if (fstatat(folder, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) != 0) return facts;
+  if (fstatat(folder, entry, &status, AT_SYMLINK_NOFOLLOW) != 0) return facts;
   facts.Size = static_cast<std::uint64_t>(std::max<off_t>(status.st_size, 0));
   facts.Modified = status.st_mtim.tv_sec;
   if (S_ISLNK(status.st_mode)) {
@@ -53,8 +56,6 @@ FileFacts FactsOf(int folder, const dirent& entry, const std::string& documentEx
   }
   return facts;
 }
-
-}  // namespace
 
 struct FolderLister::Work {
   std::mutex mutex;
@@ -94,7 +95,7 @@ void FolderLister::Read(
       auto item = std::make_shared<browserItem>();
       item->Name = EnsureUTF8(name);
       item->item = file;
-      item->Facts = FactsOf(descriptor, *entry, order.documentExtension);
+      item->Facts = FactsOf(descriptor, entry->d_name, order.documentExtension);
       auto key = natural.Key(item->Name);
       rows.push_back({std::move(item), false, std::move(key)});
       if (rows.size() % kLook == 0 && !part({}, false)) return;

@@ -33,6 +33,8 @@ class FolderLister final : public QObject {
   /// Sorted rows with their keys; `done` with the last part. Raised on the thread of the object.
   std::function<void(std::vector<BrowserRows::Row> rows, bool done)> Listed;
 
+  /// What a folder knows of one of its entries; `folder` is its descriptor.
+  static FileFacts FactsOf(int folder, const char* name, const std::string& documentExtension);
   /// The listing itself; `part` is called on the same thread, now and then without rows,
   /// and ends it with false.
   static void Read(const FolderItem& folder, const Order& order,

@@ -93,6 +93,11 @@ void AddDefaults(SideBarCollection& places, const FolderItem& documents) {
   if (documents.Directory()) places.AddItem(PlaceOf(documents, "brivolant-photos"));
 }
 
+std::string CaptionOf(const VolumeItem& volume) {
+  std::string name = volume.Name();
+  return name.empty() || name == "/" ? kFileSystem.Text() : name;
+}
+
 std::vector<FolderItem> MountedVolumes() {
   std::vector<FolderItem> roots;
   std::FILE* table = setmntent("/proc/self/mounts", "re");

@@ -57,6 +57,9 @@ bool Load(const FolderItem& file, SideBarCollection& places);
                         const std::function<std::string(const SideBarItem&)>& png = nullptr);
 /// What a new user finds.
 void AddDefaults(SideBarCollection& places, const FolderItem& documents);
+inline constexpr LocalizedText kFileSystem{"Sidebar.kFileSystem", "File System"};
+/// A volume's name for the user.
+std::string CaptionOf(const VolumeItem& volume);
 /// The roots of the mounted disks that a user knows of; reads the kernel's table alone, so that no
 /// sleeping or unreachable disk is touched.
 std::vector<FolderItem> MountedVolumes();

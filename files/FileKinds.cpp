@@ -187,6 +187,15 @@ bool HoldsPicture(const brivolant::FolderItem& file) {
          type.inherits(QStringLiteral("application/pdf"));
 }
 
+bool NamesPicture(std::string_view name) {
+  const QMimeDatabase database;
+  return database
+      .mimeTypeForFile(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())),
+                       QMimeDatabase::MatchExtension)
+      .name()
+      .startsWith(QLatin1String("image/"));
+}
+
 namespace {
 
 std::vector<std::string> NamesOf(const QMimeType& type) {

@@ -41,6 +41,8 @@ std::string Kind(const FolderItem& file);
 std::string KindByName(const FolderItem& file);
 /// True if the file's type, by name or else by content, is one that a picture can be made of.
 bool HoldsPicture(const FolderItem& file);
+/// The same from the name alone, of images.
+bool NamesPicture(std::string_view name);
 /// Names of the file's icon in the desktop's theme, the most special first.
 std::vector<std::string> IconNames(const FolderItem& file);
 /// The same of a file extension, or of a MIME type if the text holds "/".

@@ -144,7 +144,9 @@ void BrowserIconView::paintEvent(QPaintEvent*) {
   if (grid.Count == 0 && !browser_.Listing()) {
     painter.setPen(ifkColors::TextDisabled());
     painter.drawText(viewport()->rect(), Qt::AlignCenter,
-                     brivolant::Shown(multiViewFileBrowser::kEmptyFolder));
+                     browser_.EmptyText.empty()
+                         ? brivolant::Shown(multiViewFileBrowser::kEmptyFolder)
+                         : ToQString(browser_.EmptyText));
   }
   painter.setRenderHint(QPainter::Antialiasing);
   const QRect band = DragRect().translated(0, -grid.Scroll);

@@ -203,9 +203,9 @@ void Sidebar::mousePressEvent(QMouseEvent* event) {
   setFocus();
   const auto chosen = ItemAt(row);
   if (!chosen) {
-    // The whole header folds: the triangle alone is a small thing to hit.
     const auto section = Parent(row);
-    return Fold(*section);
+    if (at.x() < kTriangle) Fold(*section);
+    return;
   }
   if (at.x() >= EjectLeft() - 4 && CanEject && CanEject(*chosen)) {
     if (itemSelected) itemSelected(*chosen, true);

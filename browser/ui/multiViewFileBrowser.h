@@ -65,6 +65,8 @@ class multiViewFileBrowser final : public QWidget {
   void SplitterPosition(int position);
   bool AllowMultiSelect = true;
   bool showInvisibles = false;
+  /// Shown where there is nothing; empty for the usual words.
+  std::string EmptyText;
   /// Extension of the program's documents, which are folders that are shown as files.
   std::string DocumentExtension;
 

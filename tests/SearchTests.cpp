@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QEventLoop>
+#include <cstdint>
+
+#include "Helpers.h"
+#include "browser/SearchIndex.h"
+#include "browser/SearchText.h"
+#include "browser/SpotlightQuery.h"
+
+namespace brivolant::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(SearchText, IgnoresCaseAndHowAccentsAreComposed) {
+  EXPECT_TRUE(SearchText("beach").In("My BEACH.jpg"));
+  EXPECT_TRUE(SearchText("BEA").In("beach"));
+  EXPECT_FALSE(SearchText("beach").In("peach.jpg"));
+  const std::string composed = "\xC3\x89t\xC3\xA9.jpg";
+  const std::string apart = "e\xCC\x81te\xCC\x81";
+  EXPECT_TRUE(SearchText(apart).In(composed));
+  EXPECT_TRUE(SearchText(composed).In("E\xCC\x81te\xCC\x81.JPG"));
+  EXPECT_TRUE(SearchText("jpg").In(composed));
+  EXPECT_FALSE(SearchText("").In("anything"));
+  EXPECT_TRUE(SearchText("b.jpg").In("\xE9 B.jpg"));
+}
+
+bool Wait(const std::function<bool()>& condition) {
+  const QDeadlineTimer limit(20000);
+  while (!condition() && !limit.hasExpired()) {
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+  }
+  return condition();
+}
+
+std::vector<std::string> NamesFound(const SpotlightQuery& query) {
+  std::vector<std::string> names;
+  for (int i = 0; i < query.Count(); ++i) names.push_back(query.Item(i).Row()->Name);
+  return names;
+}
+
+TEST(SpotlightQuery, FindsImagesDocumentsAndFoldersButNoOthers) {
+  const TemporaryFolder folder;
+  for (const char* name : {"trip", "trip/deep", "trip/deep/Trip 2", ".hidden", "x.brvPhoto"}) {
+    ASSERT_FALSE(folder.Child(name).CreateAsFolder());
+  }
+  for (const char* name :
+       {"trip/TRIP10.JPG", "trip/trip9.cr2", "trip/trip.txt", "trip/deep/best-trip.HEIC",
+        ".hidden/trip.jpg", ".trip.jpg", "x.brvPhoto/trip.jpg"}) {
+    folder.Write(name, "x");
+  }
+  ASSERT_FALSE(folder.Child("trip.brvPhoto").CreateAsFolder());
+  // A link in a circle, and one to a photo that is found at its own place.
+  ASSERT_EQ(symlink("..", folder.Child("trip/loop").Path().c_str()), 0);
+  ASSERT_EQ(symlink("TRIP10.JPG", folder.Child("trip/trip-link.jpg").Path().c_str()), 0);
+  SpotlightQuery query;
+  query.Roots = {folder.Item(), folder.Child("trip")};
+  query.DocumentExtension = "brvPhoto";
+  query.Query = "trip";
+  int reports = 0;
+  query.Completed = [&] { ++reports; };
+  query.Run();
+  EXPECT_FALSE(query.IsCompleted());
+  ASSERT_TRUE(Wait([&] { return query.IsCompleted(); }));
+  EXPECT_THAT(NamesFound(query), testing::UnorderedElementsAre(
+                                     "best-trip.HEIC", "trip", "Trip 2", "trip.brvPhoto",
+                                     "trip9.cr2", "TRIP10.JPG"));
+  EXPECT_EQ(reports, 1);
+  // A new run gives the one before up.
+  query.Query = "best";
+  query.Run();
+  query.Query = "trip 2";
+  query.Run();
+  ASSERT_TRUE(Wait([&] { return query.IsCompleted(); }));
+  EXPECT_EQ(reports, 2);
+  EXPECT_THAT(NamesFound(query), ElementsAre("Trip 2"));
+}
+
+TEST(SpotlightQuery, StopsPausesAndFinishesWithWhatThereIs) {
+  const TemporaryFolder folder;
+  folder.Write("a-photo.jpg", "x");
+  SpotlightQuery query;
+  query.Roots = {folder.Item()};
+  query.Query = "photo";
+  query.Completed = [] { FAIL(); };
+  query.Run();
+  query.Stop();
+  EXPECT_FALSE(query.Running());
+  QCoreApplication::processEvents();
+  bool done = false;
+  query.Completed = [&] { done = true; };
+  query.Run();
+  query.Pause();
+  query.Resume();
+  ASSERT_TRUE(Wait([&] { return done; }));
+  EXPECT_EQ(query.Count(), 1);
+  done = false;
+  query.Run();
+  query.Finish();
+  ASSERT_TRUE(Wait([&] { return done; }));
+  EXPECT_LE(query.Count(), 1);
+}
+
+std::string IndexRow(const std::vector<std::string>& values) {
+  std::string row;
+  const auto number = [&](std::uint32_t n) {
+    row.append(reinterpret_cast<const char*>(&n), sizeof n);
+  };
+  number(static_cast<std::uint32_t>(values.size()));
+  for (std::size_t i = 0; i < values.size(); ++i) number(2);
+  std::uint32_t end = 0;
+  for (const std::string& value : values) {
+    end += static_cast<std::uint32_t>(value.size());
+    number(end++);
+  }
+  for (const std::string& value : values) row.append(value).push_back('\0');
+  return row;
+}
+
+TEST(SearchIndex, RowsAreReadAsFarAsTheyAreWhole) {
+  const std::string first = IndexRow({"file:///a%20b.jpg"});
+  const std::string second = IndexRow({"file:///c.jpg", "more"});
+  EXPECT_THAT(SearchIndex::FirstColumn(first + second),
+              ElementsAre("file:///a%20b.jpg", "file:///c.jpg"));
+  EXPECT_THAT(SearchIndex::FirstColumn(""), IsEmpty());
+  for (std::size_t cut = 1; cut < second.size(); ++cut) {
+    EXPECT_THAT(SearchIndex::FirstColumn(first + second.substr(0, cut)),
+                ElementsAre("file:///a%20b.jpg"));
+  }
+  // Lengths that lie.
+  std::string lying = first;
+  lying[8] = '\x7F';
+  EXPECT_THAT(SearchIndex::FirstColumn(lying), IsEmpty());
+  EXPECT_THAT(SearchIndex::FirstColumn(std::string(64, '\xFF')), IsEmpty());
+}
+
+}  // namespace
+}  // namespace brivolant::test
