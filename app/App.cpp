@@ -39,7 +39,9 @@ App::App(QApplication& application, DesktopParts parts)
       dialogs_(parts.Dialogs != nullptr ? parts.Dialogs : &ownDialogs_),
       fileDialogs_(parts.FileDialogs != nullptr ? parts.FileDialogs : &ownFileDialogs_),
       clipboard_(parts.Clipboard != nullptr ? parts.Clipboard : &ownClipboard_),
-      colorPanel_(parts.ColorPanel != nullptr ? parts.ColorPanel : &ownColorPanel_) {}
+      colorPanel_(parts.ColorPanel != nullptr ? parts.ColorPanel : &ownColorPanel_) {
+  if (parts.Desktop != nullptr) desktop_ = parts.Desktop;
+}
 
 App::~App() {
   AnimationCore::Stop();

@@ -31,6 +31,7 @@ struct DesktopParts {
   brivolant::FileDialogs* FileDialogs = nullptr;
   brivolant::Clipboard* Clipboard = nullptr;
   brivolant::ColorPanel* ColorPanel = nullptr;
+  brivolant::Desktop* Desktop = nullptr;
 };
 
 /// The program: exists for the whole run, owns what outlives a window, and answers requests to
@@ -119,7 +120,7 @@ class App final : public UserDetails {
   brivolant::Clipboard& Clipboard() { return *clipboard_; }
   brivolant::ColorPanel& ColorPanel() { return *colorPanel_; }
   brivolant::Log& Log() { return log_; }
-  brivolant::Desktop& Desktop() { return desktop_; }
+  brivolant::Desktop& Desktop() { return *desktop_; }
   /// The styles of the program and of the user; read when they are first needed.
   OneClickWonderStorage& Styles() { return *styles_; }
   /// Services that live as long as the styles.
@@ -157,7 +158,8 @@ class App final : public UserDetails {
   std::unique_ptr<RecentItems> recent_;
   std::unique_ptr<brivolant::Recovery> recovery_;
   std::unique_ptr<ProgressDialog> progress_;
-  FreedesktopDesktop desktop_;
+  FreedesktopDesktop ownDesktop_;
+  brivolant::Desktop* desktop_ = &ownDesktop_;
   std::unique_ptr<brivolant::Services> styleServices_;
   std::unique_ptr<OneClickWonderStorage> styles_;
   std::unique_ptr<MainWindow> window_;

@@ -8,6 +8,7 @@
 
 #include "app/Menus.h"
 #include "app/core/GlobalApplicationSpecificProperties.h"
+#include "browser/BrowserRows.h"
 #include "effects/styles/OneClickWonderStorage.h"
 #include "kit/InterfaceKitSupport.h"
 
@@ -29,6 +30,11 @@ constexpr MenuEntry Checked(const char* name, const LocalizedText& text,
   return {.name = name, .text = &text, .shortcut = shortcut, .checkable = true};
 }
 
+constexpr MenuEntry kShare[] = {
+    Item("menuskFileShareDevice", kFileShareDevice),
+    Item("menuskFileShareSetasDesktopPicture", kFileShareDesktop),
+};
+
 constexpr MenuEntry kFile[] = {
     Item("FileNewFromClipboard", kFileNewFromClipboard, "Ctrl+N"),
     Always("FileOpen", kFileOpen, "Ctrl+O"),
@@ -40,11 +46,15 @@ constexpr MenuEntry kFile[] = {
     Item("FileSaveStyleAs", kFileSaveStyleAs),
     Item("FileRevertToOriginal", kFileRestoreToOriginal, "Ctrl+R"),
     kSeparator,
+    {.name = "FileShareVia", .text = &kFileShare, .children = kShare, .submenu = true},
+    kSeparator,
+    Item("FileAddToFavorites", kFileAddToFavorites),
     Item("FileQuickLook", kQuickLook, "Ctrl+Y"),
     Item("FileShowOriginal", kFileShowOriginal),
     Item("FileShowInFinder", kFileShowInFinder),
     Item("FileAddToSideBar", kAddToSidebar, "Ctrl+T"),
     kSeparator,
+    Item("FileRename", kFileRename, "F2"),
     Item("FileMoveToTrash", kFileMoveToTrash, "Ctrl+Backspace"),
     kSeparator,
     Always("FileQuit", kFileQuit, "Ctrl+Q"),
@@ -87,6 +97,15 @@ constexpr MenuEntry kCustomize[] = {
     {.name = "ViewUseSmallSize", .text = &kViewUseSmallSize, .autoEnable = true, .checkable = true},
 };
 
+constexpr MenuEntry kSortBy[] = {
+    Checked("ViewSortByName", BrowserRows::kName),
+    Checked("ViewSortByKind", BrowserRows::kKind),
+    Checked("ViewSortBySize", BrowserRows::kFileSize),
+    Checked("ViewSortByDate", BrowserRows::kModDate),
+    kSeparator,
+    Checked("ViewSortDescending", kViewSortDescending),
+};
+
 constexpr MenuEntry kView[] = {
     Always("ViewShowColors", kViewShowColors, "Ctrl+Shift+C"),
     kSeparator,
@@ -95,6 +114,7 @@ constexpr MenuEntry kView[] = {
     Checked("ViewAsIcons", kViewAsIcons, "Ctrl+1"),
     Checked("ViewAsList", kViewAsList, "Ctrl+2"),
     Checked("ViewAsColumns", kViewAsColumns, "Ctrl+3"),
+    {.name = "ViewSortBy", .text = &kViewSortBy, .children = kSortBy, .submenu = true},
     Checked("ViewShowHiddenFiles", kViewShowHiddenFiles, "Ctrl+H"),
     kSeparator,
     Checked("ViewBeforeAfter", kViewBeforeAndAfter, "Ctrl+Shift+B"),

@@ -132,6 +132,19 @@ class MainWindow final : public ifkWindow {
       "MainWindow.kNotTrashed", "The file \"<filename>\" could not be moved to the trash."};
   static constexpr LocalizedText kNotCopied{"MainWindow.kNotCopied",
                                             "The file \"<filename>\" could not be copied here."};
+  static constexpr LocalizedText kNotRenamed{
+      "MainWindow.kNotRenamed", "The file \"<filename>\" could not be renamed to \"<name>\"."};
+  static constexpr LocalizedText kNameTaken{
+      "MainWindow.kNameTaken",
+      "The name \"<name>\" is taken by another file. Please choose a different name."};
+  static constexpr LocalizedText kNameNotAllowed{
+      "MainWindow.kNameNotAllowed", "The name \"<name>\" cannot be used: names hold no \"/\"."};
+  static constexpr LocalizedText kNotFavorite{
+      "MainWindow.kNotFavorite", "The file \"<filename>\" could not be added to the favorites."};
+  static constexpr LocalizedText kNoDesktopPicture{
+      "MainWindow.kNoDesktopPicture",
+      "This desktop did not take the picture \"<filename>\"."};
+  static constexpr LocalizedText kFavorites{"MainWindow.kFavorites", "Favorites"};
   static constexpr LocalizedText kNotPutBack{
       "MainWindow.kNotPutBack",
       "The file \"<filename>\" could not be taken out of the trash: its old place is not free."};
@@ -231,6 +244,9 @@ class MainWindow final : public ifkWindow {
   void CopyFilesInto(const std::vector<FolderItem>& files, const FolderItem& folder);
   void FileMoveToTrash();
   void FileAddToSideBar();
+  /// Links to what is selected, in the user's folder of favourites.
+  void AddFavoritesMethod();
+  void SetDesktopPicture();
   void QuickLookMethod();
 
   // Styles; MainWindowStyles.cpp.
@@ -335,7 +351,11 @@ class MainWindow final : public ifkWindow {
   void EnableBrowserItems();
   void CopyFiles();
   void PasteFiles();
-  void UndoTrash();
+  void UndoBrowserStep();
+  bool MoveFile(const FolderItem& from, const FolderItem& to);
+  std::vector<FolderItem> FilesOnClipboard() const;
+  bool RenameFile(const browserItem& item, const std::string& name);
+  void SortBrowser(int column);
   void ShowBrowserInfo();
   std::vector<FolderItem> SelectedFiles() const;
   std::vector<QuickLookItem> QuickLookItems() const;
@@ -419,8 +439,13 @@ class MainWindow final : public ifkWindow {
   std::unique_ptr<ThreadediPhotoReader> libraryReader_;
   QThreadPool libraryPool_;
   std::vector<FolderItem> volumes_;
-  /// What undo in the browser puts back, newest last.
-  std::vector<std::vector<FolderitemExtensions::TrashedFile>> trashed_;
+  /// What undo in the browser takes back, newest last: files that went to the trash, or a rename.
+  struct BrowserStep {
+    std::vector<FolderitemExtensions::TrashedFile> trashed;
+    FolderItem before;
+    FolderItem after;
+  };
+  std::vector<BrowserStep> browserSteps_;
   QWidget* panelSeat_ = nullptr;
   QWidget* blendLabel_ = nullptr;
   QWidget* opacityLabel_ = nullptr;

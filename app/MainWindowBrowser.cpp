@@ -117,6 +117,14 @@ void MainWindow::WireBrowser() {
     app_.Preferences().Assign("imageBrowser.splitter", imageBrowser->SplitterPosition());
   };
   browser.QuickLookAction = [this] { QuickLookMethod(); };
+  browser.RenameItem = [this](const browserItem& item, const std::string& name) {
+    return RenameFile(item, name);
+  };
+  browser.Sorted = [this] {
+    app_.Preferences().Assign("imageBrowser.sortColumn", imageBrowser->Rows().SortColumn());
+    app_.Preferences().Assign("imageBrowser.sortDescending", imageBrowser->Rows().Descending());
+    UpdateCommands();
+  };
   browser.TrashAction = [this] { FileMoveToTrash(); };
   browser.ShowEnclosing = [this] { ShowEnclosingFolder(); };
   browser.ConstructContextualMenu = [this](QMenu& menu) { return BrowserMenu(menu); };
@@ -159,6 +167,9 @@ void MainWindow::OpenBrowser() {
   if (imageBrowser->Mode() != multiViewFileBrowser::kListView) {
     imageBrowser->IconSize(preferences.Value("imageBrowser.IconSize", 128).ToInt());
   }
+  imageBrowser->Sort(std::clamp<int>(preferences.Value("imageBrowser.sortColumn", 0).ToInt(),
+                                     BrowserRows::kNameColumn, BrowserRows::kDateColumn),
+                     preferences.Value("imageBrowser.sortDescending", false).ToBool());
   BrowserModeChanged();
   const std::string stored = preferences.Value("imageBrowser.currentView", "Default").ToText();
   FolderItem start =

@@ -138,7 +138,7 @@ void MainWindow::MenuAction(const std::string& name) {
       {"FileRevertToOriginal", [](MainWindow& w) { w.PerformRewind(); }},
       {"FileQuit", [](MainWindow& w) { w.close(); }},
       {"EditUndo",
-       [](MainWindow& w) { w.DisplayPane == kBrowserPane ? w.UndoTrash() : w.UndoGizmo.Undo(); }},
+       [](MainWindow& w) { w.DisplayPane == kBrowserPane ? w.UndoBrowserStep() : w.UndoGizmo.Undo(); }},
       {"FileQuickLook", [](MainWindow& w) { w.QuickLookMethod(); }},
       {"FileShowOriginal",
        [](MainWindow& w) {
@@ -152,6 +152,14 @@ void MainWindow::MenuAction(const std::string& name) {
        }},
       {"FileAddToSideBar", [](MainWindow& w) { w.FileAddToSideBar(); }},
       {"FileMoveToTrash", [](MainWindow& w) { w.FileMoveToTrash(); }},
+      {"FileRename", [](MainWindow& w) { w.imageBrowser->BeginRename(); }},
+      {"FileAddToFavorites", [](MainWindow& w) { w.AddFavoritesMethod(); }},
+      {"menuskFileShareSetasDesktopPicture", [](MainWindow& w) { w.SetDesktopPicture(); }},
+      {"ViewSortByName", [](MainWindow& w) { w.SortBrowser(BrowserRows::kNameColumn); }},
+      {"ViewSortByKind", [](MainWindow& w) { w.SortBrowser(BrowserRows::kKindColumn); }},
+      {"ViewSortBySize", [](MainWindow& w) { w.SortBrowser(BrowserRows::kSizeColumn); }},
+      {"ViewSortByDate", [](MainWindow& w) { w.SortBrowser(BrowserRows::kDateColumn); }},
+      {"ViewSortDescending", [](MainWindow& w) { w.SortBrowser(-1); }},
       {"EditSelectAll", [](MainWindow& w) { w.imageBrowser->SelectAll(); }},
       {"EditSelectNone", [](MainWindow& w) { w.imageBrowser->UnselectAll(); }},
       {"ViewAsIcons", [](MainWindow& w) { w.imageBrowser->Mode(multiViewFileBrowser::kIconView); }},
@@ -264,6 +272,8 @@ void MainWindow::ToolAction(const std::string& identifier) {
     ChooseAndOpen();
   } else if (is(ToolButtons::QuickLook())) {
     QuickLookMethod();
+  } else if (is(ToolButtons::FavoritesAdd())) {
+    AddFavoritesMethod();
   } else if (is(ToolButtons::Save())) {
     SaveMethod();
   } else if (is(ToolButtons::SaveCopy())) {

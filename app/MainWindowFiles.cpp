@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QUrl>
 #include <algorithm>
+#include <filesystem>
 
 #include "app/App.h"
 #include "app/MainWindow.h"
@@ -12,9 +13,11 @@
 #include "app/OwnPreviews.h"
 #include "app/QuickLookWindow.h"
 #include "app/ToolButtons.h"
+#include "browser/SideBarItem.h"
 #include "browser/ui/FileIcons.h"
 #include "browser/ui/Sidebar.h"
 #include "browser/ui/multiViewFileBrowser.h"
+#include "formats/BrivolantDocument.h"
 #include "kit/DesktopServices.h"
 #include "kit/InterfaceKitSupport.h"
 
@@ -75,9 +78,7 @@ void MainWindow::CopyFiles() {
   if (!list.empty()) app_.Clipboard().Set(names, kUriList, list);
 }
 
-void MainWindow::PasteFiles() {
-  const FolderItem folder = imageBrowser->CurrentFolder();
-  if (folder.IsNil()) return;
+std::vector<FolderItem> MainWindow::FilesOnClipboard() const {
   std::vector<FolderItem> files;
   const std::string list = app_.Clipboard().Data(kUriList);
   for (const std::string_view line : Split(list, '\n')) {
@@ -86,7 +87,13 @@ void MainWindow::PasteFiles() {
     const FolderItem file(QFile::encodeName(url.toLocalFile()).toStdString());
     if (file.Exists()) files.push_back(file);
   }
-  CopyFilesInto(files, folder);
+  return files;
+}
+
+void MainWindow::PasteFiles() {
+  if (const FolderItem folder = imageBrowser->CurrentFolder()) {
+    CopyFilesInto(FilesOnClipboard(), folder);
+  }
 }
 
 void MainWindow::CopyFilesInto(const std::vector<FolderItem>& files, const FolderItem& folder) {
@@ -138,7 +145,7 @@ void MainWindow::FileMoveToTrash() {
     }
   }
   if (!moved.empty()) {
-    trashed_.push_back(std::move(moved));
+    browserSteps_.push_back({std::move(moved), {}, {}});
     imageBrowser->ReloadCurrentView();
     const int last = imageBrowser->Count() - 1;
     if (last >= 0) imageBrowser->ListIndex(std::clamp(row, 0, last));
@@ -150,20 +157,106 @@ void MainWindow::FileMoveToTrash() {
   }
 }
 
-void MainWindow::UndoTrash() {
-  if (trashed_.empty()) return;
-  const auto files = std::move(trashed_.back());
-  trashed_.pop_back();
+void MainWindow::UndoBrowserStep() {
+  if (browserSteps_.empty()) return;
+  const BrowserStep step = std::move(browserSteps_.back());
+  browserSteps_.pop_back();
   FolderItem failed;
-  for (const auto& file : files) {
+  for (const auto& file : step.trashed) {
     if (!FolderitemExtensions::PutBack(file)) failed = file.Original;
   }
+  if (step.after && !MoveFile(step.after, step.before)) failed = step.before;
   imageBrowser->ReloadCurrentView();
-  imageBrowser->HighLightItem(files.front().Original.DisplayName(), false);
+  const FolderItem& shown = step.trashed.empty() ? step.before : step.trashed.front().Original;
+  imageBrowser->HighLightItem(shown.DisplayName(), false);
   UpdateCommands();
   if (failed) {
     app_.Dialogs().Message(
         WithPlaceholders(kNotPutBack.Text(), {{"<filename>", failed.DisplayName()}}), {});
+  }
+}
+
+bool MainWindow::MoveFile(const FolderItem& from, const FolderItem& to) {
+  // Never over another file. A name that differs only in case may be the same file.
+  if ((to.Exists() || to.Alias()) && !std::filesystem::equivalent(from.Path(), to.Path())) {
+    return false;
+  }
+  std::error_code error;
+  std::filesystem::rename(from.Path(), to.Path(), error);
+  if (error) return false;
+  // The open document goes on where it now is.
+  if (document_ && document_->File == from) document_->File = to;
+  return true;
+}
+
+bool MainWindow::RenameFile(const browserItem& item, const std::string& name) {
+  const auto* file = std::get_if<FolderItem>(&item.item);
+  if (file == nullptr || busy_ || name.empty() || name == item.Name) return false;
+  const auto tell = [&](const LocalizedText& text) {
+    app_.Dialogs().Message(
+        WithPlaceholders(text.Text(), {{"<filename>", item.Name}, {"<name>", name}}), {});
+    return false;
+  };
+  if (name.find('/') != std::string::npos || name == "." || name == "..") {
+    return tell(kNameNotAllowed);
+  }
+  const FolderItem target = file->Parent().Child(name);
+  if ((target.Exists() || target.Alias()) &&
+      !std::filesystem::equivalent(file->Path(), target.Path())) {
+    return tell(kNameTaken);
+  }
+  const FolderItem before = *file;
+  if (!MoveFile(before, target)) return tell(kNotRenamed);
+  browserSteps_.push_back({{}, before, target});
+  imageBrowser->ReloadCurrentView();
+  imageBrowser->HighLightItem(target.DisplayName(), false);
+  UpdateCommands();
+  return true;
+}
+
+void MainWindow::SortBrowser(int column) {
+  const BrowserRows& rows = imageBrowser->Rows();
+  const bool descending = column < 0 ? !rows.Descending() : rows.Descending();
+  imageBrowser->Sort(column < 0 ? rows.SortColumn() : column, descending);
+}
+
+void MainWindow::AddFavoritesMethod() {
+  const FolderItem folder = SideBarSources::FavoritesFolder();
+  FolderItem failed;
+  bool added = false;
+  for (const FolderItem& file : SelectedFiles()) {
+    if (FolderitemExtensions::MakeAlias(file, FreeName(folder, file))) {
+      added = true;
+    } else {
+      failed = file;
+    }
+  }
+  SideBarCollection& places = *mySideBar->item[kPlacesSection];
+  const bool known =
+      std::any_of(places.item.begin(), places.item.end(), [&](const auto& place) {
+        return ContainerOf(place->Tag) == BrowserContainer(folder);
+      });
+  if (added && !known) {
+    auto place = std::make_shared<SideBarItem>();
+    place->Caption = kFavorites.Text();
+    place->icon = "Favorites";
+    place->Tag = folder;
+    places.AddItem(std::move(place));
+    RefreshSideBar();
+    SavePlaces();
+  }
+  if (failed) {
+    app_.Dialogs().Message(
+        WithPlaceholders(kNotFavorite.Text(), {{"<filename>", failed.DisplayName()}}), {});
+  }
+}
+
+void MainWindow::SetDesktopPicture() {
+  for (const FolderItem& file : SelectedFiles()) {
+    if (app_.Desktop().SetPicture(file)) continue;
+    app_.Dialogs().Message(
+        WithPlaceholders(kNoDesktopPicture.Text(), {{"<filename>", file.DisplayName()}}), {});
+    return;
   }
 }
 
@@ -262,17 +355,48 @@ void MainWindow::EnableBrowserItems() {
     quickLook += name;
     const auto* item = std::get_if<ItemPointer>(&selected);
     const FileFacts facts = item == nullptr ? FileFacts() : (*item)->Facts.value_or(FileFacts());
+    menu.Item("FileRename").setEnabled(imageBrowser->CanRename());
     menu.Item("FileShowInFinder").setEnabled(true);
     menu.Item("FileAddToSideBar").setEnabled(item != nullptr && facts.Is == FileFacts::kFolder);
     menu.Item("FileShowOriginal").setEnabled(item != nullptr && facts.Is == FileFacts::kAlias);
   }
   menu.Item("EditCopy").setText(copy);
   menu.Item("FileQuickLook").setText(quickLook);
-  menu.Item("EditPaste")
-      .setEnabled(imageBrowser->CurrentFolder() && app_.Clipboard().Has(kUriList));
-  menu.Item("EditUndo").setEnabled(!trashed_.empty());
-  menu.Item("EditUndo")
-      .setText(Shown(Menus::kEditUndo) + QLatin1Char(' ') + Shown(Menus::kFileMoveToTrash));
+  const std::vector<FolderItem> copied = FilesOnClipboard();
+  menu.Item("EditPaste").setEnabled(imageBrowser->CurrentFolder() && !copied.empty());
+  if (copied.size() == 1) {
+    QString name = ToQString(copied.front().DisplayName());
+    name.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    menu.Item("EditPaste")
+        .setText(Shown(Menus::kEditPaste) + QStringLiteral(" \"") + name + QLatin1Char('"'));
+  }
+  menu.Item("EditUndo").setEnabled(!browserSteps_.empty());
+  if (!browserSteps_.empty()) {
+    const bool renamed = browserSteps_.back().trashed.empty();
+    menu.Item("EditUndo")
+        .setText(Shown(Menus::kEditUndo) + QLatin1Char(' ') +
+                 Shown(renamed ? Menus::kFileRename : Menus::kFileMoveToTrash));
+  }
+  const BrowserRows& rows = imageBrowser->Rows();
+  for (const auto& [name, column] : {std::pair{"ViewSortByName", BrowserRows::kNameColumn},
+                                     {"ViewSortByKind", BrowserRows::kKindColumn},
+                                     {"ViewSortBySize", BrowserRows::kSizeColumn},
+                                     {"ViewSortByDate", BrowserRows::kDateColumn}}) {
+    menu.Item(name).setEnabled(true);
+    menu.Item(name).setChecked(rows.SortColumn() == column);
+  }
+  menu.Item("ViewSortBy").setEnabled(true);
+  menu.Item("ViewSortDescending").setEnabled(true);
+  menu.Item("ViewSortDescending").setChecked(rows.Descending());
+  const std::vector<FolderItem> files = SelectedFiles();
+  const bool pictures = !files.empty() && std::all_of(files.begin(), files.end(), [](const auto& f) {
+    return FolderitemExtensions::NamesPicture(f.Name());
+  });
+  menu.Item("FileShareVia").setEnabled(true);
+  menu.Item("menuskFileShareSetasDesktopPicture").setEnabled(pictures);
+  menu.Item("FileAddToFavorites").setEnabled(!files.empty());
+  ToolButtons::ChangeButtonEnabled(*rbToolBar, ToolButtons::FavoritesAdd().Identifier,
+                                   !files.empty());
   ToolButtons::ChangeButtonEnabled(*rbToolBar, ToolButtons::QuickLook().Identifier, count > 0);
 }
 
@@ -285,9 +409,14 @@ bool MainWindow::BrowserMenu(QMenu& menu) {
     add("FileQuickLook");
     menu.addSeparator();
     if (menu_->Item("FileShowOriginal").isEnabled()) add("FileShowOriginal");
+    if (menu_->Item("FileRename").isEnabled()) add("FileRename");
     add("FileMoveToTrash");
     menu.addSeparator();
+    add("FileAddToFavorites");
     add("FileAddToSideBar");
+    if (menu_->Item("menuskFileShareSetasDesktopPicture").isEnabled()) {
+      add("menuskFileShareSetasDesktopPicture");
+    }
     menu.addSeparator();
   } else if (count > 1) {
     add("FileMoveToTrash");
@@ -298,6 +427,10 @@ bool MainWindow::BrowserMenu(QMenu& menu) {
   if (count == 1) {
     menu.addSeparator();
     add("FileShowInFinder");
+  }
+  if (count == 0) {
+    if (!menu.isEmpty()) menu.addSeparator();
+    menu.addMenu(menu_->Item("ViewSortBy").menu());
   }
   return !menu.isEmpty();
 }

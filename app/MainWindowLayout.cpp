@@ -322,6 +322,7 @@ void MainWindow::buildToolbar(int mode) {
   space(true);
   add(ToolButtons::Open());
   add(ToolButtons::QuickLook());
+  add(FavoritesAdd());
   space(true);
   if (document_) {
     add(Editor());

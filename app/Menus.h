@@ -36,6 +36,13 @@ inline constexpr LocalizedText kAddToSidebar{"Menus.kAddToSidebar", "Add To Side
 inline constexpr LocalizedText kFileMoveToTrash{"Menus.kFileMoveToTrash", "Move To Trash"};
 inline constexpr LocalizedText kFileQuit{"Menus.kFileQuit", "&Quit"};
 
+inline constexpr LocalizedText kFileRename{"Menus.kFileRename", "Rename"};
+inline constexpr LocalizedText kFileAddToFavorites{"Menus.kFileAddToFavorites",
+                                                   "Add To Favorites"};
+inline constexpr LocalizedText kFileShare{"Menus.kFileShare", "Share Via"};
+inline constexpr LocalizedText kFileShareDevice{"Menus.kFileShareDevice", "Other"};
+inline constexpr LocalizedText kFileShareDesktop{"Menus.kFileShareDesktop",
+                                                 "Set as Desktop Picture"};
 inline constexpr LocalizedText kEditUndo{"Menus.kEditUndo", "&Undo"};
 inline constexpr LocalizedText kEditRedo{"Menus.kEditRedo", "Red&o"};
 inline constexpr LocalizedText kEditCopy{"Menus.kEditCopy", "&Copy"};
@@ -69,6 +76,9 @@ inline constexpr LocalizedText kViewBrowseMyPhotos{"Menus.kViewBrowseMyPhotos", 
 inline constexpr LocalizedText kViewAsIcons{"Menus.kViewAsIcons", "As Icons"};
 inline constexpr LocalizedText kViewAsList{"Menus.kViewAsList", "As List"};
 inline constexpr LocalizedText kViewAsColumns{"Menus.kViewAsColumns", "As Columns"};
+inline constexpr LocalizedText kViewSortBy{"Menus.kViewSortBy", "Sort By"};
+inline constexpr LocalizedText kViewSortDescending{"Menus.kViewSortDescending",
+                                                   "Reversed Order"};
 inline constexpr LocalizedText kViewShowHiddenFiles{"Menus.kViewShowHiddenFiles",
                                                     "Show Hidden Files"};
 inline constexpr LocalizedText kViewReturnToEditor{"Menus.kViewReturnToEditor", "Photo Editor"};

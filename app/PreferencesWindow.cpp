@@ -10,6 +10,7 @@
 #include <array>
 
 #include "app/App.h"
+#include "app/MainWindow.h"
 #include "kit/InterfaceKitSupport.h"
 #include "kit/ifkButton.h"
 
@@ -31,7 +32,8 @@ PreferencesWindow::PreferencesWindow(App& app, QWidget* parent)
       copyright_(new QLineEdit),
       eMailApp_(new QComboBox),
       updateCheck_(new QComboBox),
-      appearance_(new QComboBox) {
+      appearance_(new QComboBox),
+      photoLibrary_(new QComboBox) {
   setWindowTitle(Shown(kWindowTitle));
   setWindowModality(Qt::NonModal);
   auto* content = new QWidget(this);
@@ -67,8 +69,9 @@ PreferencesWindow::PreferencesWindow(App& app, QWidget* parent)
     appearance_->addItem(Shown(text));
   }
   form->addRow(Shown(kAppearance), appearance_);
+  form->addRow(Shown(kPhotoLibrary), photoLibrary_);
   setCentralWidget(content);
-  for (QComboBox* choice : {eMailApp_, updateCheck_, appearance_}) {
+  for (QComboBox* choice : {eMailApp_, updateCheck_, appearance_, photoLibrary_}) {
     choice->setMinimumHeight(kFieldHeight);
   }
   for (QLabel* label : content->findChildren<QLabel*>()) label->setMinimumHeight(kFieldHeight);
@@ -82,10 +85,38 @@ PreferencesWindow::PreferencesWindow(App& app, QWidget* parent)
   appearance_->setCurrentIndex(app.AppearanceChoice());
   connect(eMailApp_, &QComboBox::currentTextChanged, this,
           [this](const QString& name) { app_.usersEmailApp = name.toStdString(); });
+  FillPhotoLibrary();
+  connect(photoLibrary_, &QComboBox::activated, this,
+          [this](int index) { ChoosePhotoLibrary(index); });
   connect(appearance_, &QComboBox::currentIndexChanged, this,
           [this](int index) { app_.AppearanceChoice(index); });
   setFixedWidth(kWidth);
   setFixedHeight(sizeHint().height());
+}
+
+void PreferencesWindow::FillPhotoLibrary() {
+  const std::string chosen = app_.Preferences().Value(MainWindow::kLibraryKey, "").ToText();
+  photoLibrary_->clear();
+  photoLibrary_->addItem(Shown(kLibraryFromPictures));
+  if (!chosen.empty()) photoLibrary_->addItem(ToQString(EnsureUTF8(chosen)));
+  photoLibrary_->addItem(Shown(kChooseLibrary));
+  photoLibrary_->setCurrentIndex(chosen.empty() ? 0 : 1);
+}
+
+void PreferencesWindow::ChoosePhotoLibrary(int index) {
+  const bool choose = index == photoLibrary_->count() - 1;
+  if (!choose && index != 0) return;
+  if (choose) {
+    const std::vector<FolderItem> files = app_.FileDialogs().Open(
+        kChooseLibraryTitle.Text(), {}, {{kLibraryFile.Text(), "xml"}});
+    if (!files.empty()) {
+      app_.Preferences().Assign(MainWindow::kLibraryKey, files.front().ShellPath());
+    }
+  } else {
+    app_.Preferences().Assign(MainWindow::kLibraryKey, "");
+  }
+  FillPhotoLibrary();
+  if (app_.Window() != nullptr) app_.Window()->ReadPhotoLibrary();
 }
 
 void PreferencesWindow::Save() {

@@ -35,6 +35,15 @@ class PreferencesWindow final : public ifkWindow {
                                                 "As the desktop"};
   static constexpr LocalizedText kLight{"PreferencesWindow.kLight", "Light"};
   static constexpr LocalizedText kDark{"PreferencesWindow.kDark", "Dark"};
+  static constexpr LocalizedText kPhotoLibrary{"PreferencesWindow.kPhotoLibrary",
+                                               "Photo Library:"};
+  static constexpr LocalizedText kLibraryFromPictures{"PreferencesWindow.kLibraryFromPictures",
+                                                      "As found in Pictures"};
+  static constexpr LocalizedText kChooseLibrary{"PreferencesWindow.kChooseLibrary", "Choose..."};
+  static constexpr LocalizedText kChooseLibraryTitle{"PreferencesWindow.kChooseLibraryTitle",
+                                                     "Choose the File of a Photo Library"};
+  static constexpr LocalizedText kLibraryFile{"PreferencesWindow.kLibraryFile",
+                                              "Photo library (AlbumData.xml)"};
   static constexpr LocalizedText kCopyRightHelp{"PreferencesWindow.kCopyRightHelp",
                                                 "Puts \xC2\xA9 at the caret"};
 
@@ -48,6 +57,8 @@ class PreferencesWindow final : public ifkWindow {
   QComboBox& eMailApp() { return *eMailApp_; }
   QComboBox& updateCheck() { return *updateCheck_; }
   QComboBox& appearance() { return *appearance_; }
+  /// As found, then the chosen file if there is one, then choosing one.
+  QComboBox& photoLibrary() { return *photoLibrary_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -55,6 +66,8 @@ class PreferencesWindow final : public ifkWindow {
 
  private:
   void Save();
+  void FillPhotoLibrary();
+  void ChoosePhotoLibrary(int index);
 
   App& app_;
   QLineEdit* contactName_;
@@ -64,6 +77,7 @@ class PreferencesWindow final : public ifkWindow {
   QComboBox* eMailApp_;
   QComboBox* updateCheck_;
   QComboBox* appearance_;
+  QComboBox* photoLibrary_;
 };
 
 }  // namespace brivolant

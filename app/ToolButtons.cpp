@@ -19,6 +19,8 @@ constexpr LocalizedText kEditorHelp{
     "Opens the selected images in the editor, where effects can be applied to the photo."};
 constexpr LocalizedText kOpen{"ToolButtons.kOpen", "Open"};
 constexpr LocalizedText kOpenHelp{"ToolButtons.kOpenHelp", "Choose a photo to edit."};
+constexpr LocalizedText kFavoritesAddHelp{"ToolButtons.kFavoritesAddHelp",
+                                          "Adds the selected files/folders to your favorites."};
 constexpr LocalizedText kQuickLookHelp{"ToolButtons.kQuickLookHelp",
                                        "Open the picture for a bigger look than the file browser."};
 constexpr LocalizedText kSave{"ToolButtons.kSave", "Save"};
@@ -77,6 +79,15 @@ const ToolItem& QuickLook() {
                                  &Menus::kQuickLook,
                                  &kQuickLookHelp,
                                  "QuickLook",
+                                 kPushButton,
+                                 false};
+  return item;
+}
+const ToolItem& FavoritesAdd() {
+  static constexpr ToolItem item{"com.quillmere.brivolantPhotos.favoritesAdd",
+                                 &Menus::kFileAddToFavorites,
+                                 &kFavoritesAddHelp,
+                                 "Favorites",
                                  kPushButton,
                                  false};
   return item;

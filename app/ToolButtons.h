@@ -30,6 +30,7 @@ const ToolItem& Browser();
 const ToolItem& Editor();
 const ToolItem& Open();
 const ToolItem& QuickLook();
+const ToolItem& FavoritesAdd();
 const ToolItem& Save();
 const ToolItem& SaveCopy();
 const ToolItem& Copy();

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QScrollBar>
+#include <QTimer>
 #include <chrono>
 #include <cstdio>
 #include <fstream>
@@ -38,8 +39,11 @@ double Resident() {
   return resident * static_cast<double>(sysconf(_SC_PAGESIZE));
 }
 
+/// Sleeps between events, as a program does: the threads have the cores.
 void HandleUntil(const std::function<bool()>& condition) {
-  while (!condition()) QApplication::processEvents(QEventLoop::WaitForMoreEvents, 5);
+  QTimer wake;
+  wake.start(2);
+  while (!condition()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 /// Empty files named as a camera does.

@@ -11,6 +11,7 @@
 
 #include "formats/BinaryDictionary.h"
 #include "formats/FileTypes.h"
+#include "platform/services/SharedFolders.h"
 
 namespace brivolant::SideBarSources {
 namespace {
@@ -91,6 +92,12 @@ void AddDefaults(SideBarCollection& places, const FolderItem& documents) {
     if (folder.Directory()) places.AddItem(PlaceOf(folder, icon));
   }
   if (documents.Directory()) places.AddItem(PlaceOf(documents, "brivolant-photos"));
+}
+
+FolderItem FavoritesFolder() {
+  const FolderItem folder = DataFolder().Child("brivolant-photos").Child("Favorites");
+  (void)folder.CreateAsFolder();
+  return folder;
 }
 
 std::string CaptionOf(const VolumeItem& volume) {

@@ -55,6 +55,8 @@ bool Load(const FolderItem& file, SideBarCollection& places);
 /// `png` gives the picture of a place as a PNG file, for other readers.
 [[nodiscard]] bool Save(const FolderItem& file, const SideBarCollection& places,
                         const std::function<std::string(const SideBarItem&)>& png = nullptr);
+/// Where the user's favourites are, as links; created if missing.
+FolderItem FavoritesFolder();
 /// What a new user finds.
 void AddDefaults(SideBarCollection& places, const FolderItem& documents);
 inline constexpr LocalizedText kFileSystem{"Sidebar.kFileSystem", "File System"};

@@ -71,20 +71,32 @@ QImage ThumbnailMaker::FromFile(const FolderItem& file, int longest) const {
   return picture ? AsDrawn(*picture) : QImage();
 }
 
-QImage ThumbnailMaker::Make(const FolderItem& file, ThumbnailCache::Size size) const {
-  const ThumbnailCache::Key key = ThumbnailCache::KeyOf(file);
-  QImage image = cache_.Find(key, size);
-  if (!image.isNull() || key.Modified == 0 || cache_.Failed(key)) return image;
+ThumbnailMaker::Made ThumbnailMaker::Look(const FolderItem& file, ThumbnailCache::Size size) const {
+  Made made;
+  made.key = ThumbnailCache::KeyOf(file);
+  made.image = cache_.Find(made.key, size);
+  if (!made.image.isNull() || made.key.Modified == 0 || cache_.Failed(made.key)) return made;
   const bool folder = file.Directory();
-  image = FromFile(file, size);
+  made.image = FromFile(file, size);
   // What was given up says nothing about the file.
   if (DecodeCancellation::Requested()) return {};
-  if (!image.isNull()) {
-    cache_.Store(key, size, image);
+  if (!made.image.isNull()) {
+    made.news = Made::kPicture;
   } else if (!folder && FolderitemExtensions::HoldsPicture(file)) {
-    cache_.StoreFailure(key);
+    made.news = Made::kFailure;
   }
-  return image;
+  return made;
+}
+
+void ThumbnailMaker::Store(const Made& made, ThumbnailCache::Size size) const {
+  if (made.news == Made::kPicture) cache_.Store(made.key, size, made.image);
+  if (made.news == Made::kFailure) cache_.StoreFailure(made.key);
+}
+
+QImage ThumbnailMaker::Make(const FolderItem& file, ThumbnailCache::Size size) const {
+  const Made made = Look(file, size);
+  Store(made, size);
+  return made.image;
 }
 
 struct browserThumbnailGetter::Result {
@@ -107,10 +119,50 @@ struct browserThumbnailGetter::Work {
   std::unordered_set<const browserItem*> busy;
   std::unordered_set<const browserItem*> queued;
   std::vector<Result> results;
+  /// On show already, but not yet in the cache.
+  std::deque<ThumbnailMaker::Made> unstored;
   bool delivering = false;
   std::size_t delivered = 0;
   int threads = 0;
+
+  /// What a thread does next: a picture for an item, or, without an item, storing a picture. False,
+  /// and the thread is counted out, if there is nothing.
+  bool Next(Result& result, ThumbnailMaker::Made& made);
 };
+
+bool browserThumbnailGetter::Work::Next(Result& result, ThumbnailMaker::Made& made) {
+  const std::lock_guard guard(mutex);
+  if (ended) {
+    --threads;
+    return false;
+  }
+  // Pictures in view come before those for the next visit, as long as memory bears it.
+  constexpr std::size_t kMostUnstored = 64;
+  while (!result.item && !inView.empty() && unstored.size() < kMostUnstored) {
+    auto entry = inView.front();
+    inView.pop_front();
+    if (!busy.contains(entry.get())) result.item = std::move(entry);
+  }
+  result.inView = result.item != nullptr;
+  if (!result.item && !unstored.empty()) {
+    made = std::move(unstored.front());
+    unstored.pop_front();
+    return true;
+  }
+  while (!result.item && next < queue.size()) {
+    auto entry = queue[next++];
+    if (!taken.contains(entry.get())) result.item = std::move(entry);
+  }
+  if (!result.item) {
+    --threads;
+    return false;
+  }
+  busy.insert(result.item.get());
+  // Each entry of the queue counts once, however often it comes into view.
+  result.counts =
+      queued.contains(result.item.get()) && taken.insert(result.item.get()).second;
+  return true;
+}
 
 struct browserThumbnailGetter::Kept {
   struct Node {
@@ -190,35 +242,24 @@ void browserThumbnailGetter::Start() {
       const DecodeCancellation cancellation(work->ended);
       for (;;) {
         Result result;
-        {
-          const std::lock_guard guard(work->mutex);
-          while (!result.item && !work->inView.empty()) {
-            auto entry = work->inView.front();
-            work->inView.pop_front();
-            if (!work->busy.contains(entry.get())) result.item = std::move(entry);
-          }
-          result.inView = result.item != nullptr;
-          while (!result.item && work->next < work->queue.size()) {
-            auto entry = work->queue[work->next++];
-            if (!work->taken.contains(entry.get())) result.item = std::move(entry);
-          }
-          if (!result.item || work->ended) {
-            --work->threads;
-            return;
-          }
-          work->busy.insert(result.item.get());
-          // Each entry of the queue counts once, however often it comes into view.
-          result.counts = work->queued.contains(result.item.get()) &&
-                          work->taken.insert(result.item.get()).second;
+        ThumbnailMaker::Made made;
+        if (!work->Next(result, made)) return;
+        if (!result.item) {
+          maker->Store(made, size);
+          continue;
         }
         if (const FolderItem file = result.item->File();
             file && std::holds_alternative<FolderItem>(result.item->item)) {
-          result.image = maker->Make(file, size);
+          made = maker->Look(file, size);
+          result.image = made.image;
         }
         // Under the lock the object is there, as long as the work has not ended.
         const std::lock_guard guard(work->mutex);
         if (work->ended) continue;
         work->results.push_back(std::move(result));
+        if (made.news != ThumbnailMaker::Made::kNothing) {
+          work->unstored.push_back(std::move(made));
+        }
         if (std::exchange(work->delivering, true)) continue;
         QMetaObject::invokeMethod(
             this,

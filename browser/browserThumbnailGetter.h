@@ -23,6 +23,16 @@ class ThumbnailMaker {
   std::function<Picture(const FolderItem& file, int longest)> OwnPreview;
 
   QImage Make(const FolderItem& file, ThumbnailCache::Size size) const;
+
+  /// A picture that is made, and what of it the cache does not know yet.
+  struct Made {
+    QImage image;
+    ThumbnailCache::Key key;
+    enum News : std::uint8_t { kNothing, kPicture, kFailure } news = kNothing;
+  };
+  /// Make in two steps, so that pictures can be shown before they are stored.
+  Made Look(const FolderItem& file, ThumbnailCache::Size size) const;
+  void Store(const Made& made, ThumbnailCache::Size size) const;
   const ThumbnailCache& Cache() const { return cache_; }
 
  private:

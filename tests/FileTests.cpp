@@ -251,6 +251,7 @@ TEST(Volume, EjectTellsOrLogs) {
     std::string answer;
     bool Reveal(const FolderItem&) override { return true; }
     std::string Eject(const FolderItem&) override { return answer; }
+    bool SetPicture(const FolderItem&) override { return false; }
   } desktop;
   RecordingDialogs dialogs;
   RecordingLog log;

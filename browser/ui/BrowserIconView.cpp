@@ -98,6 +98,12 @@ QRect BrowserIconView::CellRect(int row) const {
   return {cell.x, cell.y, grid.CellWidth(), grid.CellHeight()};
 }
 
+QRect BrowserIconView::LabelRect(int row) const {
+  const IconGrid grid = Grid();
+  const IconGrid::Cell cell = grid.At(row);
+  return {cell.x, cell.y + grid.IconSize + 8, grid.CellWidth(), grid.TextHeight};
+}
+
 void BrowserIconView::UpdateScrollBar() {
   const IconGrid grid = Grid();
   QScrollBar& bar = *verticalScrollBar();
@@ -144,9 +150,7 @@ void BrowserIconView::paintEvent(QPaintEvent*) {
   if (grid.Count == 0 && !browser_.Listing()) {
     painter.setPen(ifkColors::TextDisabled());
     painter.drawText(viewport()->rect(), Qt::AlignCenter,
-                     browser_.EmptyText.empty()
-                         ? brivolant::Shown(multiViewFileBrowser::kEmptyFolder)
-                         : ToQString(browser_.EmptyText));
+                     ToQString(browser_.TextOfNothing()));
   }
   painter.setRenderHint(QPainter::Antialiasing);
   const QRect band = DragRect().translated(0, -grid.Scroll);

@@ -70,6 +70,13 @@ QRect BrowserListView::RowRect(int row) const {
   return {0, row * RowHeight() - verticalScrollBar()->value(), viewport()->width(), RowHeight()};
 }
 
+QRect BrowserListView::NameRect(int row) const {
+  const QRect rect = RowRect(row);
+  const int left = header_->sectionViewportPosition(0) + rect.height() + 4;
+  return {left, rect.top(), std::max(header_->sectionSize(0) - rect.height() - 8, 80),
+          rect.height()};
+}
+
 void BrowserListView::UpdateScrollBar() {
   QScrollBar& bar = *verticalScrollBar();
   bar.setRange(0, std::max(browser_.Count() * RowHeight() - viewport()->height(), 0));
@@ -123,6 +130,10 @@ void BrowserListView::paintEvent(QPaintEvent*) {
     painter.fillRect(rect,
                      row % 2 == 0 ? ifkColors::listRowColorEven() : ifkColors::listRowColorOdd());
     if (row < browser_.Count()) PaintRow(painter, row);
+  }
+  if (browser_.Count() == 0 && !browser_.Listing()) {
+    painter.setPen(ifkColors::TextDisabled());
+    painter.drawText(viewport()->rect(), Qt::AlignCenter, ToQString(browser_.TextOfNothing()));
   }
   browser_.RowsInView(first, std::min(end, browser_.Count()));
 }

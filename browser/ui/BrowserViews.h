@@ -23,6 +23,8 @@ class BrowserIconView final : public QAbstractScrollArea {
   /// The row at a position of the viewport, or -1.
   int itemInIconViewAtXY(int x, int y) const { return Grid().IndexAt(x, y); }
   QRect CellRect(int row) const;
+  /// Where the first line of the name is.
+  QRect LabelRect(int row) const;
   void ScrollTo(int row);
   void UpdateScrollBar();
   int RowsPerPage() const;
@@ -67,6 +69,8 @@ class BrowserListView final : public QAbstractScrollArea {
   ~BrowserListView() override;
   int RowAt(int y) const;
   QRect RowRect(int row) const;
+  /// Where the name is.
+  QRect NameRect(int row) const;
   void ScrollTo(int row);
   void UpdateScrollBar();
   void ShowOrder(int column, bool descending);

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileSystemWatcher>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QPainter>
@@ -179,6 +180,7 @@ FolderItem multiViewFileBrowser::CurrentFolder() const {
 
 void multiViewFileBrowser::Mode(int mode) {
   if (mode == intMode) return;
+  EndRename(false);
   intMode = mode;
   const bool list = mode == kListView;
   QWidget* shown = list ? static_cast<QWidget*>(list_) : icons_;
@@ -256,6 +258,7 @@ void multiViewFileBrowser::Watch(const FolderItem& folder) {
 }
 
 void multiViewFileBrowser::DisplayItem(const Container& value) {
+  EndRename(false);
   getter_.Kill();
   getter_.item.clear();
   lister_.Stop();
@@ -301,7 +304,8 @@ void multiViewFileBrowser::DisplayItem(const Container& value) {
 }
 
 void multiViewFileBrowser::ReloadCurrentView() {
-  if (Listing()) return reload_.start();
+  // Whoever is typing a name is not disturbed by a change of the folder.
+  if (Listing() || rename_ != nullptr) return reload_.start();
   const int current = rows_.ListIndex();
   const std::string name = current >= 0 ? rows_.Name(current) : std::string();
   const int icons = icons_->verticalScrollBar()->value();
@@ -500,10 +504,71 @@ std::string multiViewFileBrowser::GetViewInfo() const {
 }
 
 void multiViewFileBrowser::Sort(int column, bool descending) {
+  const bool changed = column != rows_.SortColumn() || descending != rows_.Descending();
+  EndRename(false);
   rows_.Sort(column, descending);
   list_->ShowOrder(column, descending);
   if (ListIndex() >= 0) ScrollTo(ListIndex());
   Update();
+  if (changed && Sorted) Sorted();
+}
+
+bool multiViewFileBrowser::CanRename() const {
+  if (rows_.SelectedCount() != 1) return false;
+  const auto item = rows_.Item(rows_.SelectedRows().front());
+  return item && std::holds_alternative<FolderItem>(item->item);
+}
+
+void multiViewFileBrowser::BeginRename() {
+  if (!CanRename() || !RenameItem) return;
+  EndRename(false);
+  const int row = rows_.SelectedRows().front();
+  ScrollTo(row);
+  renamed_ = rows_.Item(row);
+  const bool list = intMode == kListView;
+  QWidget* view = list ? list_->viewport() : icons_->viewport();
+  rename_ = new QLineEdit(ToQString(renamed_->Name), view);
+  rename_->installEventFilter(this);
+  const QRect place = list ? list_->NameRect(row) : icons_->LabelRect(row);
+  const int height = rename_->sizeHint().height();
+  rename_->setGeometry(place.left(), place.center().y() - height / 2, place.width(), height);
+  if (!list) rename_->setAlignment(Qt::AlignHCenter);
+  rename_->show();
+  rename_->setFocus();
+  // The extension stays unless one means to change it.
+  const bool folder = renamed_->Facts && renamed_->Facts->Is == FileFacts::kFolder;
+  const auto dot = rename_->text().lastIndexOf(QLatin1Char('.'));
+  if (dot > 0 && !folder) {
+    rename_->setSelection(0, static_cast<int>(dot));
+  } else {
+    rename_->selectAll();
+  }
+}
+
+void multiViewFileBrowser::EndRename(bool take) {
+  if (rename_ == nullptr) return;
+  QLineEdit* field = std::exchange(rename_, nullptr);
+  const auto item = std::exchange(renamed_, nullptr);
+  const std::string name = field->text().trimmed().toStdString();
+  const bool focused = field->hasFocus();
+  field->hide();
+  field->deleteLater();
+  if (focused) setFocus();
+  if (take && RenameItem && name != item->Name) RenameItem(*item, name);
+}
+
+bool multiViewFileBrowser::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != rename_ || rename_ == nullptr) return QWidget::eventFilter(watched, event);
+  if (event->type() == QEvent::FocusOut) {
+    EndRename(static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason);
+  } else if (event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape) {
+      EndRename(key != Qt::Key_Escape);
+      return true;
+    }
+  }
+  return QWidget::eventFilter(watched, event);
 }
 
 void multiViewFileBrowser::ScrollTo(int row) {

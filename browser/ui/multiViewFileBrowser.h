@@ -18,6 +18,7 @@
 #include "platform/values/Text.h"
 
 class QKeyEvent;
+class QLineEdit;
 class QMenu;
 class QMimeData;
 class QScrollBar;
@@ -67,6 +68,7 @@ class multiViewFileBrowser final : public QWidget {
   bool showInvisibles = false;
   /// Shown where there is nothing; empty for the usual words.
   std::string EmptyText;
+  std::string TextOfNothing() const { return EmptyText.empty() ? kEmptyFolder.Text() : EmptyText; }
   /// Extension of the program's documents, which are folders that are shown as files.
   std::string DocumentExtension;
 
@@ -96,6 +98,12 @@ class multiViewFileBrowser final : public QWidget {
   /// The status line.
   std::string GetViewInfo() const;
   void Sort(int column, bool descending);
+  /// One file or folder is selected.
+  bool CanRename() const;
+  /// A field over the name of the one that is selected; Return takes the new name, Escape the old.
+  void BeginRename();
+  /// The field while there is one, else null.
+  QLineEdit* RenameField() { return rename_; }
   void Update();
 
   BrowserRows& Rows() { return rows_; }
@@ -117,6 +125,10 @@ class multiViewFileBrowser final : public QWidget {
   std::function<void()> FinishedUpdatingThumbnails;
   std::function<void()> QuickLookAction;
   std::function<void()> TrashAction;
+  /// A new name was typed; false leaves the old one.
+  std::function<bool(const browserItem& item, const std::string& name)> RenameItem;
+  /// The rows were put in another order by the user.
+  std::function<void()> Sorted;
   /// Up to the container of this one.
   std::function<void()> ShowEnclosing;
   /// Fills the menu for the selection; false for none.
@@ -141,6 +153,7 @@ class multiViewFileBrowser final : public QWidget {
   void Drop(const QMimeData& data, int row);
 
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
@@ -157,6 +170,7 @@ class multiViewFileBrowser final : public QWidget {
   void RunGetter();
   void MoveTo(int row, bool extend);
   void UpdatePreview();
+  void EndRename(bool take);
   void TypeAhead(const QString& text);
   void ScrollTo(int row);
 
@@ -172,6 +186,8 @@ class multiViewFileBrowser final : public QWidget {
   ColumnPreview* preview_;
   ifkSplitter* splitter_;
   int splitterPosition_ = 320;
+  QLineEdit* rename_ = nullptr;
+  std::shared_ptr<browserItem> renamed_;
   std::unique_ptr<QFileSystemWatcher> watcher_;
   QTimer reload_;
   QTimer repaint_;

@@ -82,6 +82,8 @@ class Desktop {
   virtual bool Reveal(const FolderItem& item) = 0;
   /// Unmounts and ejects the volume at `root`. Empty on success, "busy", or the error's text.
   virtual std::string Eject(const FolderItem& root) = 0;
+  /// Makes an image the desktop's background; false if the desktop takes none.
+  virtual bool SetPicture(const FolderItem& image) = 0;
 };
 
 /// The clipboard by MIME type.

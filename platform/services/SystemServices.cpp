@@ -6,6 +6,7 @@
 #include <QDBusReply>
 #include <QFile>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QStorageInfo>
 #include <QStringList>
 #include <QVariantMap>
@@ -71,6 +72,45 @@ std::string FreedesktopDesktop::Eject(const FolderItem& root) {
   // An unmounted stick without an ejectable tray is safe to pull: that is success.
   (void)ejected;
   return {};
+}
+
+bool FreedesktopDesktop::SetPicture(const FolderItem& image) {
+  const QString address = QString::fromStdString(image.URLPath());
+  // Plasma's own call is the surest there; a portal of its may only know a newer one.
+  QDBusInterface plasma(QStringLiteral("org.kde.plasmashell"), QStringLiteral("/PlasmaShell"),
+                        QStringLiteral("org.kde.PlasmaShell"));
+  if (plasma.isValid()) {
+    QString quoted = address;
+    quoted.replace(QLatin1Char('\\'), QStringLiteral("\\\\"))
+        .replace(QLatin1Char('\''), QStringLiteral("\\'"));
+    const QString script =
+        QStringLiteral(
+            "for (const d of desktops()) { d.wallpaperPlugin = 'org.kde.image';"
+            "d.currentConfigGroup = ['Wallpaper', 'org.kde.image', 'General'];"
+            "d.writeConfig('Image', '%1'); }")
+            .arg(quoted);
+    const QDBusReply<void> reply = plasma.call(QStringLiteral("evaluateScript"), script);
+    if (reply.isValid()) return true;
+  }
+  QDBusInterface portal(QStringLiteral("org.freedesktop.portal.Desktop"),
+                        QStringLiteral("/org/freedesktop/portal/desktop"),
+                        QStringLiteral("org.freedesktop.portal.Wallpaper"));
+  if (portal.isValid() && portal.property("version").toUInt() > 0) {
+    const QDBusReply<QDBusObjectPath> reply =
+        portal.call(QStringLiteral("SetWallpaperURI"), QString(), address,
+                    QVariantMap{{QStringLiteral("show-preview"), false},
+                                {QStringLiteral("set-on"), QStringLiteral("background")}});
+    if (reply.isValid()) return true;
+  }
+  const QString settings = QStandardPaths::findExecutable(QStringLiteral("gsettings"));
+  if (settings.isEmpty()) return false;
+  const auto set = [&](const char* schema, const char* key) {
+    return QProcess::execute(settings, {QStringLiteral("set"), QString::fromLatin1(schema),
+                                        QString::fromLatin1(key), address}) == 0;
+  };
+  if (!set("org.gnome.desktop.background", "picture-uri")) return false;
+  (void)set("org.gnome.desktop.background", "picture-uri-dark");
+  return true;
 }
 
 CleanOnQuit::~CleanOnQuit() {

@@ -35,6 +35,7 @@ class FreedesktopDesktop final : public Desktop {
  public:
   bool Reveal(const FolderItem& item) override;
   std::string Eject(const FolderItem& root) override;
+  bool SetPicture(const FolderItem& image) override;
 };
 
 /// Temporary files of one run. Each child lies in a folder of its own under the root; the root

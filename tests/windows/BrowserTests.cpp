@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
 
@@ -220,6 +221,112 @@ TEST(Browser, FilesComeInByDropAndPasteUnderFreeNames) {
   // A folder does not go into itself.
   program.Window().CopyFilesInto({program.Pictures()}, program.Pictures().Child("Trip"));
   EXPECT_EQ(program.dialogs.messages.size(), 1U);
+}
+
+TEST(Browser, RenamesInPlaceAndTakesItBack) {
+  Browsing program({"a.jpg", "b.jpg"});
+  Click(program.Grid(), program.Cell(0));
+  Key(program.Window(), Qt::Key_F2);
+  QLineEdit* field = program.Browser().RenameField();
+  ASSERT_NE(field, nullptr);
+  EXPECT_EQ(field->selectedText(), QStringLiteral("a"));
+  Type(program.Window(), "summer");
+  Key(program.Window(), Qt::Key_Escape);
+  EXPECT_TRUE(program.Shows({"a.jpg", "b.jpg"}));
+  Key(program.Window(), Qt::Key_F2);
+  Type(program.Window(), "summer");
+  Key(program.Window(), Qt::Key_Return);
+  ASSERT_TRUE(program.Shows({"b.jpg", "summer.jpg"}));
+  EXPECT_THAT(program.Selected(), ElementsAre("summer.jpg"));
+  EXPECT_TRUE(program.Browser().IconView().hasFocus());
+  // Neither over another file nor out of the folder.
+  for (const char* name : {"b", "up/b"}) {
+    Key(program.Window(), Qt::Key_F2);
+    Type(program.Window(), name);
+    Key(program.Window(), Qt::Key_Return);
+  }
+  EXPECT_EQ(program.dialogs.messages.size(), 2U);
+  EXPECT_TRUE(program.Shows({"b.jpg", "summer.jpg"}));
+  program.Choose("EditUndo");
+  EXPECT_TRUE(program.Shows({"a.jpg", "b.jpg"}));
+  EXPECT_THAT(program.Selected(), ElementsAre("a.jpg"));
+  // In the list, over the name.
+  program.Choose("ViewAsList");
+  Key(program.Window(), Qt::Key_F2);
+  ASSERT_NE(program.Browser().RenameField(), nullptr);
+  const QRect row = program.Browser().ListView().RowRect(0);
+  EXPECT_TRUE(row.adjusted(0, -6, 0, 6).contains(program.Browser().RenameField()->geometry()));
+}
+
+TEST(Browser, TheOpenDocumentFollowsItsNewName) {
+  Browsing program({"a.jpg"});
+  program.Window().OpenImage(program.Pictures().Child("a.jpg"), "");
+  program.fileDialogs.files = {program.Pictures().Child("edited.brvPhoto")};
+  program.Choose("RotateAndFlipRotate90");
+  program.Choose("FileSave");
+  program.Tool(ToolButtons::Browser().Identifier);
+  Settle();
+  ASSERT_TRUE(program.Shows({"a.jpg", "edited.brvPhoto"}));
+  program.Browser().HighLightItem("edited.brvPhoto", false);
+  program.Browser().setFocus();
+  Key(program.Window(), Qt::Key_F2);
+  Type(program.Window(), "best");
+  Key(program.Window(), Qt::Key_Return);
+  EXPECT_EQ(program.Document().File, program.Pictures().Child("best.brvPhoto"));
+  program.Tool(ToolButtons::Editor().Identifier);
+  Settle();
+  program.Choose("RotateAndFlipRotate90");
+  program.Choose("FileSave");
+  EXPECT_FALSE(program.Pictures().Child("edited.brvPhoto").Exists());
+  EXPECT_THAT(program.dialogs.messages, testing::IsEmpty());
+}
+
+TEST(Browser, OrderOfTheMenuSurvivesARestart) {
+  Browsing program({"a.jpg"});
+  program.home.Write("Pictures/b.txt", std::string(200000, 'x'));
+  program.home.Write("Pictures/c.txt", "x");
+  ASSERT_TRUE(program.Shows({"a.jpg", "b.txt", "c.txt"}));
+  program.Choose("ViewSortBySize");
+  EXPECT_THAT(program.Names(), ElementsAre("c.txt", "a.jpg", "b.txt"));
+  program.Choose("ViewSortDescending");
+  EXPECT_THAT(program.Names(), ElementsAre("b.txt", "a.jpg", "c.txt"));
+  program.Window().close();
+  program.Start();
+  EXPECT_TRUE(program.Shows({"b.txt", "a.jpg", "c.txt"}));
+  EXPECT_TRUE(program.Menu("ViewSortBySize").isChecked());
+}
+
+TEST(Browser, HandsFilesToTheDesktopAndTheFavorites) {
+  Browsing program({"a.jpg", "b.jpg"});
+  program.home.Write("Pictures/notes.txt", "words");
+  ASSERT_TRUE(program.Shows({"a.jpg", "b.jpg", "notes.txt"}));
+  Click(program.Grid(), program.Cell(1));
+  program.Choose("FileShowInFinder");
+  EXPECT_THAT(program.desktop.revealed, ElementsAre(program.Pictures().Child("b.jpg")));
+  program.Choose("menuskFileShareSetasDesktopPicture");
+  EXPECT_THAT(program.desktop.pictures, ElementsAre(program.Pictures().Child("b.jpg")));
+  program.desktop.takesPictures = false;
+  program.Choose("menuskFileShareSetasDesktopPicture");
+  EXPECT_EQ(program.dialogs.messages.size(), 1U);
+  program.Choose("FileAddToFavorites");
+  program.Choose("FileAddToFavorites");
+  Sidebar& bar = *program.Window().mySideBar;
+  const auto& places = *bar.item[MainWindow::kPlacesSection];
+  ASSERT_EQ(places.item.back()->Caption, "Favorites");
+  Click(*bar.viewport(), bar.RowRect(bar.RowCount() - 1).center());
+  ASSERT_TRUE(program.Shows({"b-1.jpg", "b.jpg"}));
+  // A link opens what it leads to.
+  program.Browser().ListIndex(1);
+  program.Browser().setFocus();
+  Key(program.Window(), Qt::Key_Return);
+  Settle();
+  EXPECT_EQ(program.Document().Name, "b");
+  program.Tool(ToolButtons::Browser().Identifier);
+  Settle();
+  program.Window().DisplayContainer(program.Pictures());
+  program.Browser().HighLightItem("notes.txt", false);
+  program.Window().EnableMenuItems();
+  EXPECT_FALSE(program.Menu("menuskFileShareSetasDesktopPicture").isEnabled());
 }
 
 TEST(Browser, ChangesFromOutsideShow) {

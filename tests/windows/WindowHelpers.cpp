@@ -155,7 +155,8 @@ Program::~Program() {
 void Program::Start() {
   if (app) app->Close();
   app.reset();
-  app = std::make_unique<App>(*qApp, DesktopParts{&dialogs, &fileDialogs, nullptr, nullptr});
+  app = std::make_unique<App>(*qApp,
+                              DesktopParts{&dialogs, &fileDialogs, nullptr, nullptr, &desktop});
   ASSERT_TRUE(app->Open(false));
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&Window()));
   Window().activateWindow();

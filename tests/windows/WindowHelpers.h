@@ -61,6 +61,22 @@ struct AnsweringFileDialogs final : FileDialogs {
                   const std::vector<FileFilter>& filters, int& chosen) override;
 };
 
+/// Remembers what it was asked for.
+struct RecordingDesktop final : Desktop {
+  std::vector<FolderItem> revealed;
+  std::vector<FolderItem> pictures;
+  bool takesPictures = true;
+  bool Reveal(const FolderItem& item) override {
+    revealed.push_back(item);
+    return true;
+  }
+  std::string Eject(const FolderItem&) override { return {}; }
+  bool SetPicture(const FolderItem& image) override {
+    pictures.push_back(image);
+    return takesPictures;
+  }
+};
+
 /// A home of its own for one test, and the program started in it.
 class Program {
  public:
@@ -98,6 +114,7 @@ class Program {
   TemporaryFolder home;
   AnsweringDialogs dialogs;
   AnsweringFileDialogs fileDialogs;
+  RecordingDesktop desktop;
   std::unique_ptr<App> app;
 };
 
