@@ -18,10 +18,10 @@
 #include "engine/ui/EffectStackEditor.h"
 #include "files/FolderitemExtensions.h"
 #include "formats/FileTypes.h"
+#include "kit/AccessibleItems.h"
 #include "kit/AnimationCore.h"
 #include "kit/Appearance.h"
 #include "kit/SvgIcon.h"
-#include "kit/templateSelector.h"
 #include "platform/services/SharedFolders.h"
 
 namespace brivolant {
@@ -62,7 +62,7 @@ bool App::Open(bool openingScreen) {
   Appearance::Apply(application_, static_cast<Appearance::Scheme>(AppearanceChoice()));
   QApplication::setWindowIcon(SvgIcon(QStringLiteral("brivolant-photos")));
   InstallEffectStackAccessibility();
-  InstallTemplateSelectorAccessibility();
+  InstallAccessibleItems();
   if (openingScreen) {
     about_ = std::make_unique<AboutBox>();
     about_->UseAsOpeningScreen();

@@ -126,6 +126,9 @@ void MainWindow::WireBrowser() {
     UpdateCommands();
   };
   browser.TrashAction = [this] { FileMoveToTrash(); };
+  browser.Navigate = [this](int direction) {
+    direction < 0 ? myPathBar->Goback() : myPathBar->GoForward();
+  };
   browser.ShowEnclosing = [this] { ShowEnclosingFolder(); };
   browser.ConstructContextualMenu = [this](QMenu& menu) { return BrowserMenu(menu); };
   browser.FilesDropped = [this](const std::vector<FolderItem>& files, const FolderItem& folder) {

@@ -252,4 +252,21 @@ bool ifkPathBar::event(QEvent* event) {
   return QWidget::event(event);
 }
 
+AccessibleItem ifkPathBar::AccessibleAt(int index) const {
+  AccessibleItem item;
+  item.Role = QAccessible::Button;
+  item.Selectable = false;
+  const int id = index == 0 ? kBackButton : index == 1 ? kForwardButton : index - 2;
+  item.Place = ButtonRect(id);
+  item.Name = index == 0 ? Shown(kBack) : index == 1 ? Shown(kForward) : Item(id).Caption;
+  return item;
+}
+
+void ifkPathBar::PressAccessible(int index) {
+  if (index == 0) return Goback();
+  if (index == 1) return GoForward();
+  const SegmentViewPiece piece = Item(index - 2);
+  if (Action) Action(piece);
+}
+
 }  // namespace brivolant

@@ -5,13 +5,14 @@
 #include <functional>
 #include <vector>
 
+#include "kit/AccessibleItems.h"
 #include "kit/ifkSegmentView.h"
 #include "platform/values/Text.h"
 
 namespace brivolant {
 
 /// A path as a row of buttons, with buttons that go back and forward through whole paths.
-class ifkPathBar final : public QWidget {
+class ifkPathBar final : public QWidget, public AccessibleItems {
  public:
   using Path = std::vector<SegmentViewPiece>;
   static constexpr LocalizedText kBack{"ifkPathBar.kBack", "Back"};
@@ -52,6 +53,12 @@ class ifkPathBar final : public QWidget {
   std::function<void()> NavButtonClicked;
 
   QSize sizeHint() const override;
+
+  // Back and forward, then the pieces.
+  QAccessible::Role AccessibleRole() const override { return QAccessible::ToolBar; }
+  int AccessibleCount() const override { return 2 + static_cast<int>(item_.size()); }
+  AccessibleItem AccessibleAt(int index) const override;
+  void PressAccessible(int index) override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -348,4 +348,31 @@ void templateSelector::paintEvent(QPaintEvent*) {
   if (hasCategories()) DrawColumn(painter);
 }
 
+AccessibleItem templateSelector::AccessibleAt(int index) const {
+  AccessibleItem item;
+  const auto categories = static_cast<int>(Catergory.size());
+  if (index < categories) {
+    item.Name = ToQString(Catergory[static_cast<std::size_t>(index)]);
+    item.Place = QRect(0, kTop + kRow * index, kColumn, kRow);
+    item.Role = QAccessible::RadioButton;
+    item.Selectable = false;
+    item.Checkable = true;
+    item.Checked = index == selectedCategory;
+    return item;
+  }
+  const TemplateSelectorItem& tile = Item(index - categories);
+  item.Name = ToQString(tile.Name);
+  item.Description = ToQString(tile.Information);
+  item.Place = TileRect(index - categories);
+  item.Selected = index - categories == SelectedItem;
+  return item;
+}
+
+void templateSelector::PressAccessible(int index) {
+  const auto categories = static_cast<int>(Catergory.size());
+  if (index >= categories) ScrollTo(index - categories);
+  const QPoint at = AccessibleAt(index).Place.center();
+  MouseClick(at.x(), at.y());
+}
+
 }  // namespace brivolant

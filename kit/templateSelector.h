@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "kit/AccessibleItems.h"
+
 class QScrollBar;
 
 namespace brivolant {
@@ -27,7 +29,7 @@ struct TemplateSelectorItem {
 };
 
 /// A bar of pictures with captions, one of which may be selected, behind a column of categories.
-class templateSelector final : public QWidget {
+class templateSelector final : public QWidget, public AccessibleItems {
  public:
   static constexpr int kHeight = 123;
   static constexpr int kCell = 128;
@@ -69,6 +71,11 @@ class templateSelector final : public QWidget {
   /// Brings a tile into view.
   void ScrollTo(int index);
 
+  // The categories, then the tiles.
+  int AccessibleCount() const override { return static_cast<int>(Catergory.size()) + Count(); }
+  AccessibleItem AccessibleAt(int index) const override;
+  void PressAccessible(int index) override;
+
   /// A tile was clicked; true keeps SelectedItem as it was.
   std::function<bool(int index)> ItemSelected;
   std::function<void(int category)> ChangedCategory;
@@ -108,8 +115,5 @@ class templateSelector final : public QWidget {
   int under_ = -1;
   int hovered_ = -1;
 };
-
-/// Tells assistive tools of the bar's tiles; once.
-void InstallTemplateSelectorAccessibility();
 
 }  // namespace brivolant

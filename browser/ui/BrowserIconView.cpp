@@ -221,6 +221,7 @@ void BrowserIconView::PaintCell(QPainter& painter, int row) {
 }
 
 void BrowserIconView::mousePressEvent(QMouseEvent* event) {
+  if (browser_.HandleSideButton(event->button())) return;
   const QPoint at = event->position().toPoint();
   const int row = itemInIconViewAtXY(at.x(), at.y());
   setFocus();
@@ -321,6 +322,25 @@ void BrowserIconView::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
   browser_.Drop(*event->mimeData(), itemInIconViewAtXY(at.x(), at.y()));
   viewport()->update();
+}
+
+int BrowserIconView::AccessibleCount() const {
+  return browser_.Count();
+}
+
+AccessibleItem BrowserIconView::AccessibleAt(int index) const {
+  const QRect cell = CellRect(index).translated(viewport()->pos());
+  return browser_.DescribeRow(index, cell);
+}
+
+void BrowserIconView::PressAccessible(int index) {
+  browser_.PressRow(index, {});
+  ScrollTo(index);
+}
+
+int BrowserIconView::AccessibleIndexAt(const QPoint& at) const {
+  const QPoint inside = at - viewport()->pos();
+  return itemInIconViewAtXY(inside.x(), inside.y());
 }
 
 }  // namespace brivolant

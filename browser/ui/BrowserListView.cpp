@@ -175,6 +175,7 @@ void BrowserListView::PaintRow(QPainter& painter, int row) {
 }
 
 void BrowserListView::mousePressEvent(QMouseEvent* event) {
+  if (browser_.HandleSideButton(event->button())) return;
   const int row = RowAt(event->position().toPoint().y());
   setFocus();
   pressed_ = event->position().toPoint();
@@ -218,6 +219,23 @@ void BrowserListView::dragMoveEvent(QDragMoveEvent* event) {
 void BrowserListView::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
   browser_.Drop(*event->mimeData(), RowAt(event->position().toPoint().y()));
+}
+
+int BrowserListView::AccessibleCount() const {
+  return browser_.Count();
+}
+
+AccessibleItem BrowserListView::AccessibleAt(int index) const {
+  return browser_.DescribeRow(index, RowRect(index).translated(viewport()->pos()));
+}
+
+void BrowserListView::PressAccessible(int index) {
+  browser_.PressRow(index, {});
+  ScrollTo(index);
+}
+
+int BrowserListView::AccessibleIndexAt(const QPoint& at) const {
+  return RowAt(at.y() - viewport()->y());
 }
 
 }  // namespace brivolant

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include "browser/IconGrid.h"
+#include "kit/AccessibleItems.h"
 
 class QHeaderView;
 class QScrollBar;
@@ -16,7 +17,7 @@ namespace brivolant {
 class multiViewFileBrowser;
 
 /// The grid of icons.
-class BrowserIconView final : public QAbstractScrollArea {
+class BrowserIconView final : public QAbstractScrollArea, public AccessibleItems {
  public:
   explicit BrowserIconView(multiViewFileBrowser& browser);
   IconGrid Grid() const;
@@ -29,6 +30,11 @@ class BrowserIconView final : public QAbstractScrollArea {
   void UpdateScrollBar();
   int RowsPerPage() const;
   int IconsPerRow() const { return Grid().IconsPerRow(); }
+
+  int AccessibleCount() const override;
+  AccessibleItem AccessibleAt(int index) const override;
+  void PressAccessible(int index) override;
+  int AccessibleIndexAt(const QPoint& at) const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -63,7 +69,7 @@ class BrowserIconView final : public QAbstractScrollArea {
 };
 
 /// The sortable list.
-class BrowserListView final : public QAbstractScrollArea {
+class BrowserListView final : public QAbstractScrollArea, public AccessibleItems {
  public:
   explicit BrowserListView(multiViewFileBrowser& browser);
   ~BrowserListView() override;
@@ -77,6 +83,11 @@ class BrowserListView final : public QAbstractScrollArea {
   int RowsPerPage() const;
   int RowHeight() const;
   QHeaderView& Header() { return *header_; }
+
+  int AccessibleCount() const override;
+  AccessibleItem AccessibleAt(int index) const override;
+  void PressAccessible(int index) override;
+  int AccessibleIndexAt(const QPoint& at) const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -191,6 +191,7 @@ void Sidebar::Choose(int row) {
   if (!chosen) return;
   selected_ = row;
   viewport()->update();
+  TellAccessibleFocus(*this, row);
   if (std::holds_alternative<std::monostate>(chosen->Tag)) return;
   if (itemSelected) itemSelected(*chosen, false);
 }
@@ -291,6 +292,25 @@ void Sidebar::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
   const auto target = ItemAt(row);
   FilesDropped(dropped.Files, target, *section);
+}
+
+AccessibleItem Sidebar::AccessibleAt(int index) const {
+  const Row& row = rows_[static_cast<std::size_t>(index)];
+  AccessibleItem item;
+  item.Place = RowRect(index).translated(viewport()->pos());
+  item.Name = ToQString(row.item ? row.item->Caption : row.section->Caption);
+  item.Selected = index == selected_;
+  if (row.item) return item;
+  item.Role = QAccessible::Heading;
+  item.Selectable = false;
+  item.Checkable = true;
+  item.Checked = row.section->ItemsVisible;
+  return item;
+}
+
+void Sidebar::PressAccessible(int index) {
+  if (ItemAt(index)) return Choose(index);
+  Fold(*Parent(index));
 }
 
 }  // namespace brivolant

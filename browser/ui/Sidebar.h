@@ -8,13 +8,14 @@
 #include <vector>
 
 #include "browser/SideBarItem.h"
+#include "kit/AccessibleItems.h"
 
 class QMenu;
 
 namespace brivolant {
 
 /// The list of sources at the left of the browser, in sections that can be folded.
-class Sidebar final : public QAbstractScrollArea {
+class Sidebar final : public QAbstractScrollArea, public AccessibleItems {
  public:
   explicit Sidebar(QWidget* parent = nullptr);
   ~Sidebar() override;
@@ -32,6 +33,10 @@ class Sidebar final : public QAbstractScrollArea {
   std::shared_ptr<SideBarItem> ItemAt(int row) const;
   std::shared_ptr<SideBarCollection> Parent(int row) const;
   int ListIndex() const { return selected_; }
+
+  int AccessibleCount() const override { return RowCount(); }
+  AccessibleItem AccessibleAt(int index) const override;
+  void PressAccessible(int index) override;
 
   /// A row was chosen, or its eject button.
   std::function<void(const SideBarItem& item, bool eject)> itemSelected;

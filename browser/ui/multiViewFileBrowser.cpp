@@ -421,7 +421,24 @@ void multiViewFileBrowser::UpdatePreview() {
 void multiViewFileBrowser::RaiseSelectionChanged() {
   UpdatePreview();
   Update();
+  TellAccessibleFocus(intMode == kListView ? static_cast<QWidget&>(*list_) : *icons_,
+                      rows_.ListIndex());
   if (SelectionChanged) SelectionChanged();
+}
+
+AccessibleItem multiViewFileBrowser::DescribeRow(int row, const QRect& place) const {
+  AccessibleItem item;
+  item.Name = ToQString(rows_.Name(row));
+  item.Place = place;
+  item.Selected = rows_.Selected(row);
+  QStringList facts;
+  for (const int column :
+       {BrowserRows::kKindColumn, BrowserRows::kSizeColumn, BrowserRows::kDateColumn}) {
+    const QString text = ToQString(rows_.ShownText(row, column));
+    if (!text.isEmpty() && text != QStringLiteral("--")) facts << text;
+  }
+  item.Description = facts.join(QStringLiteral(", "));
+  return item;
 }
 
 void multiViewFileBrowser::isItemSelected(int index, bool selected) {
@@ -637,12 +654,22 @@ void multiViewFileBrowser::TypeAhead(const QString& text) {
   }
 }
 
+bool multiViewFileBrowser::HandleSideButton(Qt::MouseButton button) {
+  if ((button != Qt::BackButton && button != Qt::ForwardButton) || !Navigate) return false;
+  Navigate(button == Qt::BackButton ? -1 : 1);
+  return true;
+}
+
 bool multiViewFileBrowser::HandleKey(QKeyEvent& event, int rowsPerPage, int perRow) {
   const int row = rows_.ListIndex();
   const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
   if (event.modifiers().testFlag(Qt::ControlModifier) ||
       event.modifiers().testFlag(Qt::AltModifier)) {
     if (event.key() == Qt::Key_Up && ShowEnclosing) return ShowEnclosing(), true;
+    const bool sideways = event.key() == Qt::Key_Left || event.key() == Qt::Key_Right;
+    if (sideways && event.modifiers().testFlag(Qt::AltModifier) && Navigate) {
+      return Navigate(event.key() == Qt::Key_Left ? -1 : 1), true;
+    }
     if (event.key() == Qt::Key_Down && row >= 0 && rows_.Selected(row)) {
       const BrowserPayload payload = item(row);
       if (OpenItem) OpenItem(payload);

@@ -15,6 +15,7 @@
 #include "browser/FolderLister.h"
 #include "browser/IconGrid.h"
 #include "browser/browserThumbnailGetter.h"
+#include "kit/AccessibleItems.h"
 #include "platform/values/Text.h"
 
 class QKeyEvent;
@@ -129,6 +130,8 @@ class multiViewFileBrowser final : public QWidget {
   std::function<bool(const browserItem& item, const std::string& name)> RenameItem;
   /// The rows were put in another order by the user.
   std::function<void()> Sorted;
+  /// Back (-1) or forward (1) through what was shown before.
+  std::function<void(int direction)> Navigate;
   /// Up to the container of this one.
   std::function<void()> ShowEnclosing;
   /// Fills the menu for the selection; false for none.
@@ -142,9 +145,13 @@ class multiViewFileBrowser final : public QWidget {
   void PressRow(int row, Qt::KeyboardModifiers modifiers);
   /// True if the key was handled.
   bool HandleKey(QKeyEvent& event, int rowsPerPage, int perRow);
+  /// True for the buttons of a mouse that go back and forward.
+  bool HandleSideButton(Qt::MouseButton button);
   void StartDrag();
   void ShowMenu(const QPoint& global);
   void RaiseSelectionChanged();
+  /// A row as assistive tools are told of it: name, kind, size and date.
+  AccessibleItem DescribeRow(int row, const QRect& place) const;
   /// The rows that a view shows now: their thumbnails come first.
   void RowsInView(int first, int end);
   /// Where a drop at a row goes: its folder, else the folder on show; nil if it cannot take any.

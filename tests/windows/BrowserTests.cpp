@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Finding photos, by real events on the real window.
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
@@ -294,6 +295,38 @@ TEST(Browser, OrderOfTheMenuSurvivesARestart) {
   program.Start();
   EXPECT_TRUE(program.Shows({"b.txt", "a.jpg", "c.txt"}));
   EXPECT_TRUE(program.Menu("ViewSortBySize").isChecked());
+}
+
+TEST(Browser, TellsAssistiveToolsOfRowsPlacesAndPath) {
+  Browsing program({"a.jpg", "b.jpg"});
+  QAccessibleInterface* grid = QAccessible::queryAccessibleInterface(&program.Browser().IconView());
+  ASSERT_EQ(grid->childCount(), 2);
+  QAccessibleInterface* second = grid->child(1);
+  EXPECT_EQ(second->text(QAccessible::Name), QStringLiteral("b.jpg"));
+  EXPECT_TRUE(second->text(QAccessible::Description).startsWith(QStringLiteral("JPEG")));
+  second->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_THAT(program.Selected(), ElementsAre("b.jpg"));
+  EXPECT_TRUE(second->state().selected);
+  const QPoint middle = program.Grid().mapToGlobal(program.Cell(0));
+  EXPECT_EQ(grid->childAt(middle.x(), middle.y()), grid->child(0));
+  EXPECT_EQ(grid->indexOfChild(second), 1);
+  Sidebar& bar = *program.Window().mySideBar;
+  QAccessibleInterface* sources = QAccessible::queryAccessibleInterface(&bar);
+  EXPECT_EQ(sources->child(0)->role(), QAccessible::Heading);
+  sources->child(0)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_FALSE(bar.item[MainWindow::kDevicesSection]->ItemsVisible);
+  QAccessibleInterface* path =
+      QAccessible::queryAccessibleInterface(program.Window().myPathBar);
+  QAccessibleInterface* up = path->child(path->childCount() - 2);
+  up->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(program.Browser().CurrentFolder(), program.home.Item());
+  // Back by key and by the button of a mouse.
+  program.Browser().setFocus();
+  Key(program.Window(), Qt::Key_Left, Qt::AltModifier);
+  EXPECT_EQ(program.Browser().CurrentFolder(), program.Pictures());
+  QTest::mouseClick(program.Window().windowHandle(), Qt::ForwardButton, {},
+                    program.Grid().mapTo(&program.Window(), QPoint(5, 5)));
+  EXPECT_EQ(program.Browser().CurrentFolder(), program.home.Item());
 }
 
 TEST(Browser, HandsFilesToTheDesktopAndTheFavorites) {
