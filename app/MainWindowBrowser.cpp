@@ -126,6 +126,11 @@ void MainWindow::WireBrowser() {
     UpdateCommands();
   };
   browser.TrashAction = [this] { FileMoveToTrash(); };
+  browser.FolderGone = [this] {
+    FolderItem left = imageBrowser->CurrentFolder();
+    while (left && !left.Directory()) left = left.Parent();
+    DisplayContainer(left);
+  };
   browser.Navigate = [this](int direction) {
     direction < 0 ? myPathBar->Goback() : myPathBar->GoForward();
   };

@@ -311,6 +311,11 @@ void MainWindow::QuickLookMethod() {
       return true;
     };
     quickLook_->Close = [this] { app_.QuickLookOpen = false; };
+    // Where it is shown until it has a place of its own.
+    constexpr double kShare = 0.8;
+    QRect place(QPoint(), size() * kShare);
+    place.moveCenter(geometry().center());
+    quickLook_->setGeometry(place);
   } else if (quickLook_->isVisible()) {
     // The same key puts it away.
     quickLook_->close();

@@ -2,11 +2,13 @@
 #include "app/QuickLookWindow.h"
 
 #include <QGuiApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
@@ -319,6 +321,17 @@ void QuickLookWindow::wheelEvent(QWheelEvent* event) {
 }
 
 bool QuickLookWindow::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    QString text;
+    if (iconFullScreenLocation().contains(help->pos())) {
+      text = Shown(isFullScreenMode_ ? kExitFullScreen : kFullScreen);
+    } else if (iconCloseLocation().contains(help->pos())) {
+      text = Shown(kClose);
+    }
+    QToolTip::showText(help->globalPos(), text, this);
+    return true;
+  }
   if (event->type() == QEvent::NativeGesture) {
     auto* gesture = static_cast<QNativeGestureEvent*>(event);
     if (gesture->gestureType() == Qt::ZoomNativeGesture) {

@@ -2,10 +2,12 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDropEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QScrollBar>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <array>
 
@@ -141,6 +143,15 @@ void BrowserIconView::UpdateSelectionFromRect(const QRect& rect) {
     browser_.Rows().Select(
         i, grid.Meets(i, rect.left(), rect.top(), rect.right() + 1, rect.bottom() + 1));
   }
+}
+
+bool BrowserIconView::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    QToolTip::showText(help->globalPos(), browser_.TipOf(itemInIconViewAtXY(help->pos().x(), help->pos().y())), this);
+    return true;
+  }
+  return QAbstractScrollArea::viewportEvent(event);
 }
 
 void BrowserIconView::paintEvent(QPaintEvent*) {

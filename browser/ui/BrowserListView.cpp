@@ -2,9 +2,11 @@
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QToolTip>
 #include <QStandardItemModel>
 
 #include "browser/ui/BrowserViews.h"
@@ -118,6 +120,15 @@ void BrowserListView::resizeEvent(QResizeEvent*) {
 
 void BrowserListView::scrollContentsBy(int, int) {
   viewport()->update();
+}
+
+bool BrowserListView::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    QToolTip::showText(help->globalPos(), browser_.TipOf(RowAt(help->pos().y())), this);
+    return true;
+  }
+  return QAbstractScrollArea::viewportEvent(event);
 }
 
 void BrowserListView::paintEvent(QPaintEvent*) {

@@ -37,6 +37,7 @@ class BrowserIconView final : public QAbstractScrollArea, public AccessibleItems
   int AccessibleIndexAt(const QPoint& at) const override;
 
  protected:
+  bool viewportEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -90,6 +91,7 @@ class BrowserListView final : public QAbstractScrollArea, public AccessibleItems
   int AccessibleIndexAt(const QPoint& at) const override;
 
  protected:
+  bool viewportEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;

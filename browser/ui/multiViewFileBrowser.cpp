@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "browser/ui/multiViewFileBrowser.h"
 
+#include <unistd.h>
+
 #include <QApplication>
 #include <QDrag>
 #include <QFile>
@@ -306,6 +308,9 @@ void multiViewFileBrowser::DisplayItem(const Container& value) {
 void multiViewFileBrowser::ReloadCurrentView() {
   // Whoever is typing a name is not disturbed by a change of the folder.
   if (Listing() || rename_ != nullptr) return reload_.start();
+  if (const FolderItem folder = CurrentFolder(); folder && !folder.Directory() && FolderGone) {
+    return FolderGone();
+  }
   const int current = rows_.ListIndex();
   const std::string name = current >= 0 ? rows_.Name(current) : std::string();
   const int icons = icons_->verticalScrollBar()->value();
@@ -439,6 +444,25 @@ AccessibleItem multiViewFileBrowser::DescribeRow(int row, const QRect& place) co
   }
   item.Description = facts.join(QStringLiteral(", "));
   return item;
+}
+
+std::string multiViewFileBrowser::TextOfNothing() const {
+  if (!EmptyText.empty()) return EmptyText;
+  const FolderItem folder = CurrentFolder();
+  const bool closed = folder && access(folder.Path().c_str(), R_OK | X_OK) != 0;
+  return (closed ? kUnreadableFolder : kEmptyFolder).Text();
+}
+
+QString multiViewFileBrowser::TipOf(int row) const {
+  if (row < 0) return {};
+  const AccessibleItem item = DescribeRow(row, {});
+  QStringList lines{item.Name};
+  const auto entry = rows_.Item(row);
+  const FolderItem file = entry ? entry->File() : FolderItem();
+  // In a folder one knows where one is.
+  if (file && CurrentFolder().IsNil()) lines << ToQString(EnsureUTF8(file.Parent().ShellPath()));
+  if (!item.Description.isEmpty()) lines << item.Description;
+  return lines.join(QLatin1Char('\n'));
 }
 
 void multiViewFileBrowser::isItemSelected(int index, bool selected) {

@@ -49,6 +49,9 @@ class multiViewFileBrowser final : public QWidget {
   static constexpr LocalizedText kEmptyFolder{"multiViewFileBrowser.kEmptyFolder",
                                               "There is nothing here yet"};
 
+  static constexpr LocalizedText kUnreadableFolder{"multiViewFileBrowser.kUnreadableFolder",
+                                                   "You may not look into this folder"};
+
   multiViewFileBrowser(std::shared_ptr<const ThumbnailMaker> maker,
                        std::shared_ptr<const FilePreviewer> previewer, QWidget* parent = nullptr);
   ~multiViewFileBrowser() override;
@@ -69,7 +72,7 @@ class multiViewFileBrowser final : public QWidget {
   bool showInvisibles = false;
   /// Shown where there is nothing; empty for the usual words.
   std::string EmptyText;
-  std::string TextOfNothing() const { return EmptyText.empty() ? kEmptyFolder.Text() : EmptyText; }
+  std::string TextOfNothing() const;
   /// Extension of the program's documents, which are folders that are shown as files.
   std::string DocumentExtension;
 
@@ -124,6 +127,8 @@ class multiViewFileBrowser final : public QWidget {
   std::function<void()> SelectionChanged;
   std::function<void()> StartedToUpdateThumbnails;
   std::function<void()> FinishedUpdatingThumbnails;
+  /// The folder on show is there no more.
+  std::function<void()> FolderGone;
   std::function<void()> QuickLookAction;
   std::function<void()> TrashAction;
   /// A new name was typed; false leaves the old one.
@@ -152,6 +157,8 @@ class multiViewFileBrowser final : public QWidget {
   void RaiseSelectionChanged();
   /// A row as assistive tools are told of it: name, kind, size and date.
   AccessibleItem DescribeRow(int row, const QRect& place) const;
+  /// What a tool tip says of a row: the whole name, where it is, and its facts.
+  QString TipOf(int row) const;
   /// The rows that a view shows now: their thumbnails come first.
   void RowsInView(int first, int end);
   /// Where a drop at a row goes: its folder, else the folder on show; nil if it cannot take any.

@@ -2360,10 +2360,6 @@
         <source>Delete Alias</source>
         <translation>Verknüpfung löschen</translation>
     </message>
-    <message id="MainWindow.kSearchFolder">
-        <source>Search</source>
-        <translation>Suchen</translation>
-    </message>
     <message id="MainWindow.kIconSize">
         <source>Size of icons</source>
         <translation>Größe der Symbole</translation>
@@ -2395,6 +2391,182 @@
     <message id="MainWindow.kUpdatingThumbnailCaption">
         <source>Updating Thumbnails</source>
         <translation>Vorschaubilder werden aktualisiert</translation>
+    </message>
+    <message id="QuickLookWindow.kClose">
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message id="QuickLookWindow.kExitFullScreen">
+        <source>Exit Full Screen</source>
+        <translation>Vollbild verlassen</translation>
+    </message>
+    <message id="QuickLookWindow.kFullScreen">
+        <source>Full Screen</source>
+        <translation>Vollbild</translation>
+    </message>
+    <message id="QuickLookWindow.kPosition">
+        <source>&lt;x&gt; of &lt;t&gt;</source>
+        <translation>&lt;x&gt; von &lt;t&gt;</translation>
+    </message>
+    <message id="ToolButtons.kFavoritesAddHelp">
+        <source>Adds the selected files/folders to your favorites.</source>
+        <translation>Fügt die ausgewählten Dateien und Ordner den Favoriten hinzu.</translation>
+    </message>
+    <message id="ifkSearchField.kCancelSearch">
+        <source>Cancel search</source>
+        <translation>Suche abbrechen</translation>
+    </message>
+    <message id="ifkSearchField.kClearRecent">
+        <source>Clear Recent Searches</source>
+        <translation>Letzte Suchen löschen</translation>
+    </message>
+    <message id="ifkSearchField.kDefaultSearchCaption">
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message id="ifkSearchField.kRecent">
+        <source>Recent Searches</source>
+        <translation>Letzte Suchen</translation>
+    </message>
+    <message id="ifkSearchField.kWhere">
+        <source>Where to search</source>
+        <translation>Wo gesucht wird</translation>
+    </message>
+    <message id="Menus.kViewAsColumns">
+        <source>As Columns</source>
+        <translation>Als Spalten</translation>
+    </message>
+    <message id="Menus.kViewSortBy">
+        <source>Sort By</source>
+        <translation>Sortieren nach</translation>
+    </message>
+    <message id="Menus.kViewSortDescending">
+        <source>Reversed Order</source>
+        <translation>Umgekehrte Reihenfolge</translation>
+    </message>
+    <message id="Menus.kFileRename">
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message id="Menus.kFileAddToFavorites">
+        <source>Add To Favorites</source>
+        <translation>Zu Favoriten hinzufügen</translation>
+    </message>
+    <message id="Menus.kFileShare">
+        <source>Share Via</source>
+        <translation>Bereitstellen</translation>
+    </message>
+    <message id="Menus.kFileShareDevice">
+        <source>Other</source>
+        <translation>Weitere</translation>
+    </message>
+    <message id="Menus.kFileShareDesktop">
+        <source>Set as Desktop Picture</source>
+        <translation>Als Schreibtischbild verwenden</translation>
+    </message>
+    <message id="MainWindow.kSearchCurrentFolder">
+        <source>Search Current Folder</source>
+        <translation>Diesen Ordner durchsuchen</translation>
+    </message>
+    <message id="MainWindow.kSearchEntireComputer">
+        <source>Search Entire Computer</source>
+        <translation>Ganzen Computer durchsuchen</translation>
+    </message>
+    <message id="MainWindow.kSearchResults">
+        <source>Search Results</source>
+        <translation>Suchergebnisse</translation>
+    </message>
+    <message id="MainWindow.kSearching">
+        <source>Searching &lt;folder&gt; (&lt;x&gt; found)</source>
+        <translation>&lt;folder&gt; wird durchsucht (&lt;x&gt; gefunden)</translation>
+    </message>
+    <message id="MainWindow.kSearchingFor">
+        <source>Searching...</source>
+        <translation>Suche läuft …</translation>
+    </message>
+    <message id="MainWindow.kNothingFound">
+        <source>No photo or folder has this in its name</source>
+        <translation>Kein Foto und kein Ordner hat das im Namen</translation>
+    </message>
+    <message id="MainWindow.kNotRenamed">
+        <source>The file &quot;&lt;filename&gt;&quot; could not be renamed to &quot;&lt;name&gt;&quot;.</source>
+        <translation>Die Datei „&lt;filename&gt;“ konnte nicht in „&lt;name&gt;“ umbenannt werden.</translation>
+    </message>
+    <message id="MainWindow.kNameTaken">
+        <source>The name &quot;&lt;name&gt;&quot; is taken by another file. Please choose a different name.</source>
+        <translation>Der Name „&lt;name&gt;“ gehört schon einer anderen Datei. Bitte wählen Sie einen anderen Namen.</translation>
+    </message>
+    <message id="MainWindow.kNameNotAllowed">
+        <source>The name &quot;&lt;name&gt;&quot; cannot be used: names hold no &quot;/&quot;.</source>
+        <translation>Der Name „&lt;name&gt;“ geht nicht: Namen enthalten kein „/“.</translation>
+    </message>
+    <message id="MainWindow.kNotFavorite">
+        <source>The file &quot;&lt;filename&gt;&quot; could not be added to the favorites.</source>
+        <translation>Die Datei „&lt;filename&gt;“ konnte den Favoriten nicht hinzugefügt werden.</translation>
+    </message>
+    <message id="MainWindow.kNoDesktopPicture">
+        <source>This desktop did not take the picture &quot;&lt;filename&gt;&quot;.</source>
+        <translation>Diese Arbeitsfläche hat das Bild „&lt;filename&gt;“ nicht übernommen.</translation>
+    </message>
+    <message id="MainWindow.kFavorites">
+        <source>Favorites</source>
+        <translation>Favoriten</translation>
+    </message>
+    <message id="PreferencesWindow.kPhotoLibrary">
+        <source>Photo Library:</source>
+        <translation>Fotomediathek:</translation>
+    </message>
+    <message id="PreferencesWindow.kLibraryFromPictures">
+        <source>As found in Pictures</source>
+        <translation>Wie im Bilderordner gefunden</translation>
+    </message>
+    <message id="PreferencesWindow.kChooseLibrary">
+        <source>Choose...</source>
+        <translation>Auswählen …</translation>
+    </message>
+    <message id="PreferencesWindow.kChooseLibraryTitle">
+        <source>Choose the File of a Photo Library</source>
+        <translation>Datei einer Fotomediathek auswählen</translation>
+    </message>
+    <message id="PreferencesWindow.kLibraryFile">
+        <source>Photo library (AlbumData.xml)</source>
+        <translation>Fotomediathek (AlbumData.xml)</translation>
+    </message>
+    <message id="Sidebar.IPHOTO">
+        <source>Photo Library</source>
+        <translation>Fotomediathek</translation>
+    </message>
+    <message id="Sidebar.kFileSystem">
+        <source>File System</source>
+        <translation>Dateisystem</translation>
+    </message>
+    <message id="Captions.kCreatorName">
+        <source>Creator:</source>
+        <translation>Ersteller:</translation>
+    </message>
+    <message id="SharedPictureEffects.kRecommendPrintSize">
+        <source>Recommended Print Size:</source>
+        <translation>Empfohlene Druckgröße:</translation>
+    </message>
+    <message id="multiViewFileBrowser.kCreated">
+        <source>Created: </source>
+        <translation>Erstellt: </translation>
+    </message>
+    <message id="multiViewFileBrowser.kInformationShow">
+        <source>Show Information</source>
+        <translation>Informationen einblenden</translation>
+    </message>
+    <message id="multiViewFileBrowser.kInformationHide">
+        <source>Hide Information</source>
+        <translation>Informationen ausblenden</translation>
+    </message>
+    <message id="multiViewFileBrowser.kPreview">
+        <source>Preview</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message id="multiViewFileBrowser.kUnreadableFolder">
+        <source>You may not look into this folder</source>
+        <translation>Dieser Ordner darf nicht eingesehen werden</translation>
     </message>
 </context>
 </TS>

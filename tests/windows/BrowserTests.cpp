@@ -10,6 +10,7 @@
 #include <QTest>
 
 #include "BrowsingHelpers.h"
+#include "app/QuickLookWindow.h"
 #include "app/ToolButtons.h"
 #include "browser/ui/BrowserViews.h"
 #include "browser/ui/Sidebar.h"
@@ -373,15 +374,30 @@ TEST(Browser, ChangesFromOutsideShow) {
   EXPECT_TRUE(Until([&] { return program.Browser().Count() == 3; }));
 }
 
+TEST(Browser, AFolderThatVanishesGivesWayToTheOneAround) {
+  Browsing program({"a.jpg"});
+  const FolderItem inner = program.Pictures().Child("Trip").Child("Day 1");
+  ASSERT_FALSE(inner.CreateAsFolder());
+  program.Window().DisplayContainer(inner);
+  ASSERT_TRUE(Until([&] { return !program.Browser().Listing(); }));
+  ASSERT_FALSE(program.Pictures().Child("Trip").DeleteFolder());
+  EXPECT_TRUE(Until([&] { return program.Browser().CurrentFolder() == program.Pictures(); }));
+}
+
 TEST(Browser, BrokenFilesAndLinksLeaveTheWindowAlive) {
   Browsing program({"a.jpg"});
   program.home.Write("Pictures/empty.jpg", "");
+  // Forty gigabytes, it says.
+  program.home.Write("Pictures/huge.bmp",
+                     Bytes("42 4D 36 00 00 00 00 00 00 00 36 00 00 00 28 00 00 00 A0 86 01 00"
+                             "A0 86 01 00 01 00 20 00 00 00 00 00 00 00 00 00 13 0B 00 00 13 0B"
+                             "00 00 00 00 00 00 00 00 00 00"));
   program.home.Write("Pictures/\xE9.jpg", "no photo");
   ASSERT_TRUE(
       FolderitemExtensions::MakeAlias(program.Pictures(), program.Pictures().Child("loop")));
   ASSERT_TRUE(FolderitemExtensions::MakeAlias(program.home.Child("gone"),
                                               program.Pictures().Child("broken")));
-  ASSERT_TRUE(Until([&] { return program.Browser().Count() == 5; }));
+  ASSERT_TRUE(Until([&] { return program.Browser().Count() == 6; }));
   ASSERT_TRUE(Until([&] {
     return program.Browser().myImageGetter().State() == browserThumbnailGetter::kNotRunning;
   }));
@@ -390,7 +406,12 @@ TEST(Browser, BrokenFilesAndLinksLeaveTheWindowAlive) {
   program.Browser().setFocus();
   Key(program.Window(), Qt::Key_Return);
   ASSERT_EQ(program.dialogs.questions.size(), 1U);
-  EXPECT_TRUE(Until([&] { return program.Browser().Count() == 4; }));
+  EXPECT_TRUE(Until([&] { return program.Browser().Count() == 5; }));
+  program.Browser().HighLightItem("huge.bmp", false);
+  program.Choose("FileQuickLook");
+  ASSERT_TRUE(Until([&] { return !program.Window().QuickLook()->Loading(); }));
+  program.Window().QuickLook()->close();
+  program.Browser().setFocus();
   program.Browser().HighLightItem("loop", false);
   Key(program.Window(), Qt::Key_Return);
   EXPECT_EQ(program.Browser().CurrentFolder(), program.Pictures());
