@@ -142,8 +142,7 @@ class MainWindow final : public ifkWindow {
   static constexpr LocalizedText kNotFavorite{
       "MainWindow.kNotFavorite", "The file \"<filename>\" could not be added to the favorites."};
   static constexpr LocalizedText kNoDesktopPicture{
-      "MainWindow.kNoDesktopPicture",
-      "This desktop did not take the picture \"<filename>\"."};
+      "MainWindow.kNoDesktopPicture", "This desktop did not take the picture \"<filename>\"."};
   static constexpr LocalizedText kFavorites{"MainWindow.kFavorites", "Favorites"};
   static constexpr LocalizedText kNotPutBack{
       "MainWindow.kNotPutBack",

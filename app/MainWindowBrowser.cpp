@@ -199,7 +199,8 @@ void MainWindow::DisplayContainer(const Container& container) {
 
 void MainWindow::BrowserListChanged() {
   const Container& view = imageBrowser->currentView();
-  mySideBar->highlightItem(std::visit([](const auto& held) { return SideBarItem::Target(held); }, view));
+  mySideBar->highlightItem(
+      std::visit([](const auto& held) { return SideBarItem::Target(held); }, view));
   if (!updating) DisplayPath(view, false);
   UpdateCommands();
   ShowBrowserInfo();

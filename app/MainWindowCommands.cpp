@@ -138,7 +138,9 @@ void MainWindow::MenuAction(const std::string& name) {
       {"FileRevertToOriginal", [](MainWindow& w) { w.PerformRewind(); }},
       {"FileQuit", [](MainWindow& w) { w.close(); }},
       {"EditUndo",
-       [](MainWindow& w) { w.DisplayPane == kBrowserPane ? w.UndoBrowserStep() : w.UndoGizmo.Undo(); }},
+       [](MainWindow& w) {
+         w.DisplayPane == kBrowserPane ? w.UndoBrowserStep() : w.UndoGizmo.Undo();
+       }},
       {"FileQuickLook", [](MainWindow& w) { w.QuickLookMethod(); }},
       {"FileShowOriginal",
        [](MainWindow& w) {

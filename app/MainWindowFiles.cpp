@@ -232,10 +232,9 @@ void MainWindow::AddFavoritesMethod() {
     }
   }
   SideBarCollection& places = *mySideBar->item[kPlacesSection];
-  const bool known =
-      std::any_of(places.item.begin(), places.item.end(), [&](const auto& place) {
-        return ContainerOf(place->Tag) == BrowserContainer(folder);
-      });
+  const bool known = std::any_of(places.item.begin(), places.item.end(), [&](const auto& place) {
+    return ContainerOf(place->Tag) == BrowserContainer(folder);
+  });
   if (added && !known) {
     auto place = std::make_shared<SideBarItem>();
     place->Caption = kFavorites.Text();
@@ -336,8 +335,8 @@ void MainWindow::EnableBrowserItems() {
   MainMenuBar& menu = *menu_;
   const int count = imageBrowser->SelectedCount();
   const int mode = imageBrowser->Mode();
-  for (const char* name :
-       {"ViewAsIcons", "ViewAsList", "ViewAsColumns", "ViewShowHiddenFiles", "EditSelectAll", "EditSelectNone"}) {
+  for (const char* name : {"ViewAsIcons", "ViewAsList", "ViewAsColumns", "ViewShowHiddenFiles",
+                           "EditSelectAll", "EditSelectNone"}) {
     menu.Item(name).setEnabled(true);
   }
   menu.Item("ViewAsIcons").setChecked(mode == multiViewFileBrowser::kIconView);
@@ -394,9 +393,10 @@ void MainWindow::EnableBrowserItems() {
   menu.Item("ViewSortDescending").setEnabled(true);
   menu.Item("ViewSortDescending").setChecked(rows.Descending());
   const std::vector<FolderItem> files = SelectedFiles();
-  const bool pictures = !files.empty() && std::all_of(files.begin(), files.end(), [](const auto& f) {
-    return FolderitemExtensions::NamesPicture(f.Name());
-  });
+  const bool pictures =
+      !files.empty() && std::all_of(files.begin(), files.end(), [](const auto& f) {
+        return FolderitemExtensions::NamesPicture(f.Name());
+      });
   menu.Item("FileShareVia").setEnabled(true);
   menu.Item("menuskFileShareSetasDesktopPicture").setEnabled(pictures);
   menu.Item("FileAddToFavorites").setEnabled(!files.empty());

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Where photos are found: the sidebar, the photo library, the search, and the path to what is shown.
+// Where photos are found: the sidebar, the photo library, the search, and the path to what is
+// shown.
 #include <QBuffer>
 #include <QFile>
 #include <QHBoxLayout>
@@ -34,7 +35,7 @@ using Container = multiViewFileBrowser::Container;
 /// Milliseconds between two looks at the mounted disks.
 constexpr int kDevices = 1000;
 constexpr const char* kFolds[] = {"MainWindow.sidebar.iPhoto", "MainWindow.sidebar.devices",
-                                 "MainWindow.sidebar.places"};
+                                  "MainWindow.sidebar.places"};
 constexpr const char* kSearchFolderTag = "SEARCHFOLDER";
 constexpr const char* kSearchComputerTag = "SEARCHCOMPUTER";
 constexpr const char* kRecentSearches = "browserSearchField.RecentSearches";
@@ -160,7 +161,8 @@ void MainWindow::LookAtDevices() {
   const std::vector<FolderItem> now = SideBarSources::MountedVolumes();
   if (now == volumes_) return;
   volumes_ = now;
-  if (imageBrowser->currentView() == Container(app_.myComputer())) imageBrowser->ReloadCurrentView();
+  if (imageBrowser->currentView() == Container(app_.myComputer()))
+    imageBrowser->ReloadCurrentView();
   SideBarCollection& devices = *mySideBar->item[kDevicesSection];
   devices.RemoveAllItems();
   const auto computer = app_.myComputer();
@@ -244,9 +246,10 @@ void MainWindow::DisplayPath(const Container& container, bool skipHistory) {
   if (const auto* folder = std::get_if<FolderItem>(&container)) {
     for (FolderItem at = *folder; at; at = at.Parent()) {
       const bool root = at.Parent().IsNil();
-      path.insert(path.begin(),
-                  Piece(ToQString(root ? SideBarSources::CaptionOf(VolumeItem(at)) : at.DisplayName()),
-                        root ? QStringLiteral("Volume") : QStringLiteral("Folder"), at));
+      path.insert(
+          path.begin(),
+          Piece(ToQString(root ? SideBarSources::CaptionOf(VolumeItem(at)) : at.DisplayName()),
+                root ? QStringLiteral("Volume") : QStringLiteral("Folder"), at));
     }
   } else if (const auto* c = std::get_if<std::shared_ptr<browserItemCollection>>(&container)) {
     path.push_back(Piece(ToQString((*c)->Name), ToQString((*c)->Icon), TagOf(container)));
@@ -268,9 +271,7 @@ void MainWindow::ReadPhotoLibrary() {
   if (libraryReader_) libraryReader_->Stop();
   libraryPool_.waitForDone();
   const std::string chosen = app_.Preferences().Value(kLibraryKey, "").ToText();
-  const FolderItem file = chosen.empty()
-                              ? DefaultPhotoLibrary(Pictures())
-                              : FolderItem(chosen);
+  const FolderItem file = chosen.empty() ? DefaultPhotoLibrary(Pictures()) : FolderItem(chosen);
   if (!iPhotolibrary.empty()) TakePhotoLibrary({});
   if (file.IsNil()) return;
   libraryRandom_ = std::make_unique<SystemRandom>();
@@ -355,9 +356,8 @@ void MainWindow::WireSearch() {
       std::string(InternalFileTypes::BrivolantPhotosDocument.Extensions);
   mySpotlightSearch.Completed = [this] { SearchCompleted(); };
   mySpotlightSearch.Progress = [this](const std::string& folder, int found) {
-    const QString text =
-        ToQString(WithPlaceholders(kSearching.Text(), {{"<folder>", EnsureUTF8(folder)},
-                                                       {"<x>", std::to_string(found)}}));
+    const QString text = ToQString(WithPlaceholders(
+        kSearching.Text(), {{"<folder>", EnsureUTF8(folder)}, {"<x>", std::to_string(found)}}));
     searchPlace_->setText(
         searchPlace_->fontMetrics().elidedText(text, Qt::ElideMiddle, searchPlace_->width()));
     searchLine_->show();
@@ -381,8 +381,8 @@ void MainWindow::SearchTextChanged() {
   if (mode->Tag == kSearchFolderTag) return imageBrowser->HighLightItem(text, true);
   EndSearch();
   if (ToQString(text).size() < kLeastLetters) return;
-  const bool fresh = !currentSearchItem ||
-                     imageBrowser->currentView() != Container(currentSearchItem);
+  const bool fresh =
+      !currentSearchItem || imageBrowser->currentView() != Container(currentSearchItem);
   if (!currentSearchItem) {
     currentSearchItem = std::make_shared<browserItemCollection>();
     currentSearchItem->Icon = "Search";

@@ -37,8 +37,7 @@ inline constexpr LocalizedText kFileMoveToTrash{"Menus.kFileMoveToTrash", "Move 
 inline constexpr LocalizedText kFileQuit{"Menus.kFileQuit", "&Quit"};
 
 inline constexpr LocalizedText kFileRename{"Menus.kFileRename", "Rename"};
-inline constexpr LocalizedText kFileAddToFavorites{"Menus.kFileAddToFavorites",
-                                                   "Add To Favorites"};
+inline constexpr LocalizedText kFileAddToFavorites{"Menus.kFileAddToFavorites", "Add To Favorites"};
 inline constexpr LocalizedText kFileShare{"Menus.kFileShare", "Share Via"};
 inline constexpr LocalizedText kFileShareDevice{"Menus.kFileShareDevice", "Other"};
 inline constexpr LocalizedText kFileShareDesktop{"Menus.kFileShareDesktop",
@@ -77,8 +76,7 @@ inline constexpr LocalizedText kViewAsIcons{"Menus.kViewAsIcons", "As Icons"};
 inline constexpr LocalizedText kViewAsList{"Menus.kViewAsList", "As List"};
 inline constexpr LocalizedText kViewAsColumns{"Menus.kViewAsColumns", "As Columns"};
 inline constexpr LocalizedText kViewSortBy{"Menus.kViewSortBy", "Sort By"};
-inline constexpr LocalizedText kViewSortDescending{"Menus.kViewSortDescending",
-                                                   "Reversed Order"};
+inline constexpr LocalizedText kViewSortDescending{"Menus.kViewSortDescending", "Reversed Order"};
 inline constexpr LocalizedText kViewShowHiddenFiles{"Menus.kViewShowHiddenFiles",
                                                     "Show Hidden Files"};
 inline constexpr LocalizedText kViewReturnToEditor{"Menus.kViewReturnToEditor", "Photo Editor"};

@@ -41,8 +41,8 @@ FilePreview OfDocument(const FolderItem& file, int longest, bool lines) {
   preview.Lines.push_back(document.Name);
   const FolderItem original =
       document.OriginalImageID.empty() ? FolderItem() : file.Child(document.OriginalImageID);
-  const auto source = original.IsNil() ? Expected<std::unique_ptr<ImageSource>>()
-                                       : ImageSource::Open(original);
+  const auto source =
+      original.IsNil() ? Expected<std::unique_ptr<ImageSource>>() : ImageSource::Open(original);
   if (source) {
     if (const auto size = (*source.value)->Properties(0)) {
       FilePreviewer::AddSize(preview.Lines, std::string(BrivolantPhotosDocument.Name),

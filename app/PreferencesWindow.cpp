@@ -107,8 +107,8 @@ void PreferencesWindow::ChoosePhotoLibrary(int index) {
   const bool choose = index == photoLibrary_->count() - 1;
   if (!choose && index != 0) return;
   if (choose) {
-    const std::vector<FolderItem> files = app_.FileDialogs().Open(
-        kChooseLibraryTitle.Text(), {}, {{kLibraryFile.Text(), "xml"}});
+    const std::vector<FolderItem> files =
+        app_.FileDialogs().Open(kChooseLibraryTitle.Text(), {}, {{kLibraryFile.Text(), "xml"}});
     if (!files.empty()) {
       app_.Preferences().Assign(MainWindow::kLibraryKey, files.front().ShellPath());
     }

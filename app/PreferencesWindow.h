@@ -35,8 +35,7 @@ class PreferencesWindow final : public ifkWindow {
                                                 "As the desktop"};
   static constexpr LocalizedText kLight{"PreferencesWindow.kLight", "Light"};
   static constexpr LocalizedText kDark{"PreferencesWindow.kDark", "Dark"};
-  static constexpr LocalizedText kPhotoLibrary{"PreferencesWindow.kPhotoLibrary",
-                                               "Photo Library:"};
+  static constexpr LocalizedText kPhotoLibrary{"PreferencesWindow.kPhotoLibrary", "Photo Library:"};
   static constexpr LocalizedText kLibraryFromPictures{"PreferencesWindow.kLibraryFromPictures",
                                                       "As found in Pictures"};
   static constexpr LocalizedText kChooseLibrary{"PreferencesWindow.kChooseLibrary", "Choose..."};

@@ -135,10 +135,10 @@ void QuickLookWindow::ShowCurrent() {
   const QuickLookItem& item = items_[static_cast<std::size_t>(currentImage_)];
   QString title = ToQString(item.Title);
   if (items_.size() > 1) {
-    title += QStringLiteral(" \u2014 ") +
-             ToQString(WithPlaceholders(kPosition.Text(),
-                                        {{"<x>", std::to_string(currentImage_ + 1)},
-                                         {"<t>", std::to_string(items_.size())}}));
+    title +=
+        QStringLiteral(" \u2014 ") +
+        ToQString(WithPlaceholders(kPosition.Text(), {{"<x>", std::to_string(currentImage_ + 1)},
+                                                      {"<t>", std::to_string(items_.size())}}));
   }
   setWindowTitle(title);
   if (!item.Shown.IsNil()) {
@@ -221,13 +221,13 @@ void QuickLookWindow::PaintPanel(QPainter& painter) {
   painter.setPen(QColor(255, 255, 255, 40));
   painter.setBrush(QColor(26, 26, 28, 235));
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
-  painter.drawPixmap(5, 3, SvgPixmap(QStringLiteral("QuickLookClose"), QSize(15, 15),
-                                     devicePixelRatioF(), QColor(255, 255, 255, 190)));
+  painter.drawPixmap(5, 3,
+                     SvgPixmap(QStringLiteral("QuickLookClose"), QSize(15, 15), devicePixelRatioF(),
+                               QColor(255, 255, 255, 190)));
   painter.setPen(QColor(255, 255, 255, isActiveWindow() ? 230 : 140));
   const QRect title(kMargin, 2, width() - 2 * kMargin, 18);
-  painter.drawText(
-      title, Qt::AlignCenter,
-      painter.fontMetrics().elidedText(windowTitle(), Qt::ElideMiddle, title.width()));
+  painter.drawText(title, Qt::AlignCenter,
+                   painter.fontMetrics().elidedText(windowTitle(), Qt::ElideMiddle, title.width()));
 }
 
 void QuickLookWindow::PaintPicture(QPainter& painter) {
@@ -267,9 +267,8 @@ void QuickLookWindow::Wake() {
 void QuickLookWindow::PaintIcons(QPainter& painter) {
   if (resting_) return;
   const auto draw = [&](const char* name, const QRect& place) {
-    painter.drawPixmap(place.topLeft(),
-                       SvgPixmap(QString::fromLatin1(name), place.size(), devicePixelRatioF(),
-                                 QColor(255, 255, 255, 230)));
+    painter.drawPixmap(place.topLeft(), SvgPixmap(QString::fromLatin1(name), place.size(),
+                                                  devicePixelRatioF(), QColor(255, 255, 255, 230)));
   };
   if (!isFullScreenMode_) return draw("QuickLookFullScreen", iconFullScreenLocation());
   const QRect exit = iconFullScreenLocation();
@@ -294,8 +293,8 @@ void QuickLookWindow::Zoom(double zoom, const QPointF& about) {
   zoom_ = wanted;
   const QRectF after = PictureRect();
   // What is under the pointer stays there.
-  Pan(about - QPointF(after.left() + share.x() * after.width(),
-                      after.top() + share.y() * after.height()));
+  Pan(about -
+      QPointF(after.left() + share.x() * after.width(), after.top() + share.y() * after.height()));
   LoadEnough();
 }
 

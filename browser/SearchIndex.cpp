@@ -154,8 +154,7 @@ std::vector<FolderItem> AskBaloo(const std::string& text) {
       QStringLiteral("org.kde.runners.baloo"), QStringLiteral("/runner"),
       QStringLiteral("org.kde.krunner1"), QStringLiteral("Match"));
   question << QString::fromStdString(text);
-  const QDBusMessage answer =
-      QDBusConnection::sessionBus().call(question, QDBus::Block, kPatience);
+  const QDBusMessage answer = QDBusConnection::sessionBus().call(question, QDBus::Block, kPatience);
   if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty()) return files;
   const auto matches = answer.arguments().first().value<QDBusArgument>();
   if (matches.currentSignature() != QLatin1String("a(sssida{sv})")) return files;

@@ -31,8 +31,8 @@ namespace {
 constexpr int kProgress = 200;
 /// Folders of the system: nobody keeps photos there, and they are half of a disk's files.
 constexpr std::array<std::string_view, 17> kSystem{
-    "/bin", "/boot", "/dev", "/etc", "/lib", "/lib32", "/lib64", "/libx32", "/lost+found",
-    "/opt", "/proc", "/run", "/sbin", "/sys", "/tmp", "/usr", "/var"};
+    "/bin", "/boot", "/dev", "/etc",  "/lib", "/lib32", "/lib64", "/libx32", "/lost+found",
+    "/opt", "/proc", "/run", "/sbin", "/sys", "/tmp",   "/usr",   "/var"};
 
 struct CloseFolder {
   void operator()(DIR* folder) const { closedir(folder); }
@@ -217,8 +217,9 @@ void SpotlightQuery::WalkFolder(Work& work, const std::string& folder,
     if (std::find(kSystem.begin(), kSystem.end(), path) != kSystem.end()) continue;
     const FileFacts facts =
         FolderLister::FactsOf(descriptor, entry->d_name, work.documentExtension);
-    const bool picture = facts.Is == FileFacts::kDocument ||
-                         (facts.Is == FileFacts::kPlain && FolderitemExtensions::NamesPicture(name));
+    const bool picture =
+        facts.Is == FileFacts::kDocument ||
+        (facts.Is == FileFacts::kPlain && FolderitemExtensions::NamesPicture(name));
     if (match && (picture || facts.Is == FileFacts::kFolder)) {
       Add(work, FolderItem::Entry(place, name), facts);
     }

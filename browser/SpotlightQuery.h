@@ -63,8 +63,7 @@ class SpotlightQuery final : public QObject {
   struct Work;
   static void Search(const std::shared_ptr<Work>& work);
   static void Walk(Work& work);
-  static void WalkFolder(Work& work, const std::string& folder,
-                         std::vector<std::string>& inside);
+  static void WalkFolder(Work& work, const std::string& folder, std::vector<std::string>& inside);
   /// True if the answer stands for a search of the disks.
   static bool AskIndexes(Work& work);
   static void Add(Work& work, const FolderItem& file, const FileFacts& facts);

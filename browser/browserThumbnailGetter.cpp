@@ -159,8 +159,7 @@ bool browserThumbnailGetter::Work::Next(Result& result, ThumbnailMaker::Made& ma
   }
   busy.insert(result.item.get());
   // Each entry of the queue counts once, however often it comes into view.
-  result.counts =
-      queued.contains(result.item.get()) && taken.insert(result.item.get()).second;
+  result.counts = queued.contains(result.item.get()) && taken.insert(result.item.get()).second;
   return true;
 }
 

@@ -82,8 +82,7 @@ class Control final : public QAccessibleWidget {
     if (index < 0 || index >= childCount()) return nullptr;
     const auto [known, added] = made_.try_emplace(index, QAccessible::Id());
     if (added) {
-      known->second =
-          QAccessible::registerAccessibleInterface(new Item(*control_, *items_, index));
+      known->second = QAccessible::registerAccessibleInterface(new Item(*control_, *items_, index));
     }
     return QAccessible::accessibleInterface(known->second);
   }

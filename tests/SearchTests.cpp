@@ -67,9 +67,9 @@ TEST(SpotlightQuery, FindsImagesDocumentsAndFoldersButNoOthers) {
   query.Run();
   EXPECT_FALSE(query.IsCompleted());
   ASSERT_TRUE(Wait([&] { return query.IsCompleted(); }));
-  EXPECT_THAT(NamesFound(query), testing::UnorderedElementsAre(
-                                     "best-trip.HEIC", "trip", "Trip 2", "trip.brvPhoto",
-                                     "trip9.cr2", "TRIP10.JPG"));
+  EXPECT_THAT(NamesFound(query),
+              testing::UnorderedElementsAre("best-trip.HEIC", "trip", "Trip 2", "trip.brvPhoto",
+                                            "trip9.cr2", "TRIP10.JPG"));
   EXPECT_EQ(reports, 1);
   // A new run gives the one before up.
   query.Query = "best";

@@ -148,7 +148,8 @@ void BrowserIconView::UpdateSelectionFromRect(const QRect& rect) {
 bool BrowserIconView::viewportEvent(QEvent* event) {
   if (event->type() == QEvent::ToolTip) {
     const auto* help = static_cast<QHelpEvent*>(event);
-    QToolTip::showText(help->globalPos(), browser_.TipOf(itemInIconViewAtXY(help->pos().x(), help->pos().y())), this);
+    QToolTip::showText(help->globalPos(),
+                       browser_.TipOf(itemInIconViewAtXY(help->pos().x(), help->pos().y())), this);
     return true;
   }
   return QAbstractScrollArea::viewportEvent(event);
@@ -160,8 +161,7 @@ void BrowserIconView::paintEvent(QPaintEvent*) {
   const IconGrid grid = Grid();
   if (grid.Count == 0 && !browser_.Listing()) {
     painter.setPen(ifkColors::TextDisabled());
-    painter.drawText(viewport()->rect(), Qt::AlignCenter,
-                     ToQString(browser_.TextOfNothing()));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter, ToQString(browser_.TextOfNothing()));
   }
   painter.setRenderHint(QPainter::Antialiasing);
   const QRect band = DragRect().translated(0, -grid.Scroll);

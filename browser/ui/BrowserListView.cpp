@@ -6,8 +6,8 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QToolTip>
 #include <QStandardItemModel>
+#include <QToolTip>
 
 #include "browser/ui/BrowserViews.h"
 #include "browser/ui/multiViewFileBrowser.h"

@@ -150,10 +150,9 @@ void ColumnPreview::paintEvent(QPaintEvent*) {
       SvgPixmap(name, QSize(kToggleIcon, kToggleIcon), devicePixelRatioF(), Qt::white));
   painter.setFont(Bold(font(), kToggleFont));
   painter.setPen(Qt::white);
-  painter.drawText(
-      QRect(kToggleText, height() - 2 * kToggleIcon, width(), kToggleIcon),
-      Qt::AlignLeft | Qt::AlignVCenter,
-      brivolant::Shown(previewDisplayMetaData_ ? kInformationHide : kInformationShow));
+  painter.drawText(QRect(kToggleText, height() - 2 * kToggleIcon, width(), kToggleIcon),
+                   Qt::AlignLeft | Qt::AlignVCenter,
+                   brivolant::Shown(previewDisplayMetaData_ ? kInformationHide : kInformationShow));
 }
 
 void ColumnPreview::PaintLines(QPainter& painter, int top) {

@@ -57,9 +57,9 @@ bool BorderModuleItem::LoadBytes(std::string_view bytes, const std::string& name
   read.Type = stream.ReadUInt8();
   const std::string_view preview = stream.Read(stream.ReadUInt32());
   if (!known || stream.Failed()) {
-    LastErrorMessage = WithPlaceholders(
-        FolderitemExtensions::kErrorMessageFileContainsIncorrectData.Text(),
-        {{"<filename>", name}, {"<filetype>", BrivolantPhotosBorder.Name}});
+    LastErrorMessage =
+        WithPlaceholders(FolderitemExtensions::kErrorMessageFileContainsIncorrectData.Text(),
+                         {{"<filename>", name}, {"<filetype>", BrivolantPhotosBorder.Name}});
     return false;
   }
   read.Preview = preview.empty() ? Picture() : JpegImporter::OpenFromString(std::string(preview));

@@ -329,7 +329,8 @@ class Decoder {
       if ((which & 0xEC) != 0 || symbols > 256 || segment.size() < 1 + kLongestCode + symbols) {
         return false;
       }
-      auto& table = tables_[static_cast<std::size_t>(which >> 4)][static_cast<std::size_t>(which & 3)];
+      auto& table =
+          tables_[static_cast<std::size_t>(which >> 4)][static_cast<std::size_t>(which & 3)];
       if (!table.Read(segment.substr(1, kLongestCode), segment.substr(1 + kLongestCode, symbols))) {
         return false;
       }
@@ -383,8 +384,7 @@ class Decoder {
 
   bool ReadScanHeader(std::string_view segment) {
     const std::size_t count = components_.size();
-    if (count == 0 || segment.size() < 4 + 2 * count ||
-        At(segment, 0) != static_cast<int>(count)) {
+    if (count == 0 || segment.size() < 4 + 2 * count || At(segment, 0) != static_cast<int>(count)) {
       return false;
     }
     for (std::size_t i = 0; i < count; ++i) {
@@ -414,7 +414,8 @@ class Decoder {
     }
     for (Component& c : components_) {
       c.stride = columns * c.horizontal;
-      c.means.resize(static_cast<std::size_t>(c.stride) * static_cast<std::size_t>(rows * c.vertical));
+      c.means.resize(static_cast<std::size_t>(c.stride) *
+                     static_cast<std::size_t>(rows * c.vertical));
     }
     BitReader bits(scan_);
     int left = restart_;
@@ -442,10 +443,10 @@ class Decoder {
       const Huffman& dc = Dc(c);
       const Huffman& ac = Ac(c);
       for (int v = 0; v < c.vertical; ++v) {
-        std::uint8_t* out = c.means.data() +
-                            static_cast<std::size_t>(row * c.vertical + v) *
-                                static_cast<std::size_t>(c.stride) +
-                            static_cast<std::size_t>(column * c.horizontal);
+        std::uint8_t* out =
+            c.means.data() +
+            static_cast<std::size_t>(row * c.vertical + v) * static_cast<std::size_t>(c.stride) +
+            static_cast<std::size_t>(column * c.horizontal);
         for (int h = 0; h < c.horizontal; ++h) {
           bits.Fill();
           const int size = dc.Symbol(bits);
@@ -484,9 +485,8 @@ class Decoder {
       line[static_cast<std::size_t>(x)] =
           luma.horizontal == 1
               ? static_cast<std::uint8_t>((value(x) + 2) / 4)
-              : static_cast<std::uint8_t>((3 * value(x / 2) + value(x / 2 + (x % 2 == 0 ? -1 : 1)) +
-                                           8) /
-                                          16);
+              : static_cast<std::uint8_t>(
+                    (3 * value(x / 2) + value(x / 2 + (x % 2 == 0 ? -1 : 1)) + 8) / 16);
     }
   }
 

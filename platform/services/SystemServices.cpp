@@ -83,12 +83,11 @@ bool FreedesktopDesktop::SetPicture(const FolderItem& image) {
     QString quoted = address;
     quoted.replace(QLatin1Char('\\'), QStringLiteral("\\\\"))
         .replace(QLatin1Char('\''), QStringLiteral("\\'"));
-    const QString script =
-        QStringLiteral(
-            "for (const d of desktops()) { d.wallpaperPlugin = 'org.kde.image';"
-            "d.currentConfigGroup = ['Wallpaper', 'org.kde.image', 'General'];"
-            "d.writeConfig('Image', '%1'); }")
-            .arg(quoted);
+    const QString script = QStringLiteral(
+                               "for (const d of desktops()) { d.wallpaperPlugin = 'org.kde.image';"
+                               "d.currentConfigGroup = ['Wallpaper', 'org.kde.image', 'General'];"
+                               "d.writeConfig('Image', '%1'); }")
+                               .arg(quoted);
     const QDBusReply<void> reply = plasma.call(QStringLiteral("evaluateScript"), script);
     if (reply.isValid()) return true;
   }

@@ -188,7 +188,7 @@ TEST(Browser, PlacesAndFoldsSurviveARestart) {
   };
   ASSERT_GE(row("Trip"), 0);
   // The first header is that of the devices.
-  Click(*program.Window().mySideBar->viewport(), 
+  Click(*program.Window().mySideBar->viewport(),
         program.Window().mySideBar->RowRect(0).topLeft() + QPoint(12, 14));
   EXPECT_FALSE(program.Window().mySideBar->item[MainWindow::kDevicesSection]->ItemsVisible);
   program.Window().close();
@@ -316,8 +316,7 @@ TEST(Browser, TellsAssistiveToolsOfRowsPlacesAndPath) {
   EXPECT_EQ(sources->child(0)->role(), QAccessible::Heading);
   sources->child(0)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
   EXPECT_FALSE(bar.item[MainWindow::kDevicesSection]->ItemsVisible);
-  QAccessibleInterface* path =
-      QAccessible::queryAccessibleInterface(program.Window().myPathBar);
+  QAccessibleInterface* path = QAccessible::queryAccessibleInterface(program.Window().myPathBar);
   QAccessibleInterface* up = path->child(path->childCount() - 2);
   up->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
   EXPECT_EQ(program.Browser().CurrentFolder(), program.home.Item());
@@ -390,8 +389,8 @@ TEST(Browser, BrokenFilesAndLinksLeaveTheWindowAlive) {
   // Forty gigabytes, it says.
   program.home.Write("Pictures/huge.bmp",
                      Bytes("42 4D 36 00 00 00 00 00 00 00 36 00 00 00 28 00 00 00 A0 86 01 00"
-                             "A0 86 01 00 01 00 20 00 00 00 00 00 00 00 00 00 13 0B 00 00 13 0B"
-                             "00 00 00 00 00 00 00 00 00 00"));
+                           "A0 86 01 00 01 00 20 00 00 00 00 00 00 00 00 00 13 0B 00 00 13 0B"
+                           "00 00 00 00 00 00 00 00 00 00"));
   program.home.Write("Pictures/\xE9.jpg", "no photo");
   ASSERT_TRUE(
       FolderitemExtensions::MakeAlias(program.Pictures(), program.Pictures().Child("loop")));

@@ -35,7 +35,9 @@ struct Searching : Browsing {
     Field().setFocus();
     test::Type(Window(), text);
   }
-  bool Found() { return Until([&] { return Window().mySpotlightSearch.IsCompleted(); }); }
+  bool Found() {
+    return Until([&] { return Window().mySpotlightSearch.IsCompleted(); });
+  }
   std::vector<std::string> Path() {
     std::vector<std::string> captions;
     for (int i = 0; i <= Window().myPathBar->Count(); ++i) {
