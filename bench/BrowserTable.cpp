@@ -19,7 +19,10 @@
 #include "browser/ui/multiViewFileBrowser.h"
 #include "kit/SvgIcon.h"
 #include "platform/codecs/ImageCodecs.h"
+#include "platform/files/AtomicFile.h"
 #include "platform/services/SharedFolders.h"
+#include "platform/services/SystemServices.h"
+#include "sources/ThreadediPhotoReader.h"
 
 namespace brivolant::bench {
 namespace {
@@ -95,6 +98,76 @@ void Listings(const FolderItem& scratch) {
       "16 ms", 16, 1);
 }
 
+/// A library of that many photos in rolls of a hundred, each in two albums.
+std::string LibraryOf(int photos) {
+  std::string xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><dict>";
+  const auto lists = [&](const char* name, const char* title, int size) {
+    xml += std::string("<key>") + name + "</key><array>";
+    for (int i = 0; i < photos; i += size) {
+      xml += std::string("<dict><key>") + title + "</key><string>Number " + std::to_string(i) +
+             "</string><key>KeyList</key><array>";
+      for (int k = i; k < std::min(i + size, photos); ++k) {
+        xml += "<string>" + std::to_string(k) + "</string>";
+      }
+      xml += "</array></dict>";
+    }
+    xml += "</array>";
+  };
+  lists("List of Albums", "AlbumName", 500);
+  lists("List of Rolls", "RollName", 100);
+  xml += "<key>Master Image List</key><dict>";
+  for (int i = 0; i < photos; ++i) {
+    const std::string path =
+        "/Users/ann/Pictures/iPhoto Library/Originals/2008/Trip/IMG_" + std::to_string(i) + ".JPG";
+    xml += "<key>" + std::to_string(i) +
+           "</key><dict><key>MediaType</key><string>Image</string><key>Caption</key><string>IMG_" +
+           std::to_string(i) + "</string><key>GUID</key><string>A1B2C3D4-" + std::to_string(i) +
+           "</string><key>Aspect Ratio</key><real>1.333333</real><key>Rating</key>"
+           "<integer>0</integer><key>DateAsTimerInterval</key><real>220000000.5</real>"
+           "<key>ImagePath</key><string>" +
+           path + "</string><key>ThumbPath</key><string>" + path +
+           "</string><key>ImageType</key><string>JPEG</string></dict>";
+  }
+  return xml + "</dict></dict></plist>";
+}
+
+void Library(const FolderItem& scratch) {
+  constexpr int kPhotos = 50000;
+  const FolderItem file = scratch.Child("AlbumData.xml");
+  (void)WriteFileAtomically(file, LibraryOf(kPhotos));
+  StandardErrorLog log;
+  SystemRandom random(1);
+  const auto start = Clock::now();
+  ThreadediPhotoReader reader(log, random);
+  if (!reader.ReadXML(file)) std::puts("The library could not be read.");
+  Row("a library of 50,000 photos", Since(start), "2000 ms", 2000, 1);
+}
+
+/// How long the cores go on with a folder that was left.
+void Leaving(const FolderItem& scratch, const std::string& photo) {
+  const FolderItem folder = scratch.Child("left");
+  (void)folder.CreateAsFolder();
+  for (int i = 0; i < 16; ++i) {
+    (void)FolderItem(photo).CopyFileTo(folder.Child(std::to_string(i) + ".jpg"));
+  }
+  double longest = 0;
+  for (int round = 0; round < 10; ++round) {
+    auto getter = std::make_unique<browserThumbnailGetter>(std::make_shared<ThumbnailMaker>(
+        ThumbnailCache(scratch.Child("left-cache-" + std::to_string(round)), "bench")));
+    for (int i = 0; i < 16; ++i) {
+      getter->item.push_back(
+          std::make_shared<browserItem>(folder.Child(std::to_string(i) + ".jpg")));
+    }
+    getter->Run();
+    std::this_thread::sleep_for(std::chrono::milliseconds(7 * round + 5));
+    const auto start = Clock::now();
+    // Waits for its threads.
+    getter.reset();
+    longest = std::max(longest, Since(start));
+  }
+  Row("work ends after a folder is left, slowest of 10", longest, "50 ms", 50, 1);
+}
+
 void Thumbnails(const FolderItem& scratch, const std::string& photo) {
   constexpr int kPhotos = 96;
   const FolderItem folder = scratch.Child("photos");
@@ -167,6 +240,8 @@ int main(int argc, char** argv) {
   SetIconFolder(otherSharedComponents::ResourcesFolder().Child("Icons"));
   bench::Heading();
   bench::Listings(FolderItem(argv[2]));
+  bench::Library(FolderItem(argv[2]));
+  bench::Leaving(FolderItem(argv[2]), argv[1]);
   bench::Thumbnails(FolderItem(argv[2]), argv[1]);
   ShutDownCodecs();
   return 0;

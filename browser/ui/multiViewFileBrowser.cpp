@@ -748,23 +748,37 @@ bool multiViewFileBrowser::HandleKey(QKeyEvent& event, int rowsPerPage, int perR
 
 // Drags and menus.
 
-void multiViewFileBrowser::StartDrag() {
+std::unique_ptr<QMimeData> multiViewFileBrowser::DragData() const {
   QList<QUrl> urls;
-  QPixmap picture;
   for (const int row : rows_.SelectedRows()) {
     for (const FolderItem& file : FilesOf(item(row))) {
       urls << QUrl::fromLocalFile(QFile::decodeName(file.Path().c_str()));
     }
-    constexpr int kDragged = 96;
-    if (picture.isNull()) picture = CellPicture(row, kDragged);
   }
-  if (urls.isEmpty()) return;
-  auto* data = new QMimeData;
+  if (urls.isEmpty()) return nullptr;
+  auto data = std::make_unique<QMimeData>();
   data->setUrls(urls);
+  return data;
+}
+
+QPixmap multiViewFileBrowser::DragImage(int count) {
+  constexpr int kDragged = 96;
+  for (const int row : rows_.SelectedRows()) {
+    const QPixmap picture = CellPicture(row, kDragged);
+    if (!picture.isNull()) return DragPicture(picture, count);
+  }
+  return {};
+}
+
+void multiViewFileBrowser::StartDrag() {
+  std::unique_ptr<QMimeData> data = DragData();
+  if (!data) return;
+  const QPixmap picture = DragImage(static_cast<int>(data->urls().size()));
   auto* drag = new QDrag(this);
-  drag->setMimeData(data);
-  drag->setPixmap(DragPicture(picture, static_cast<int>(urls.size())));
-  drag->setHotSpot({picture.width() / 4, picture.height() / 2});
+  drag->setMimeData(data.release());
+  drag->setPixmap(picture);
+  const QSizeF size = QSizeF(picture.size()) / picture.devicePixelRatio();
+  drag->setHotSpot(QPoint(static_cast<int>(size.width() / 4), static_cast<int>(size.height() / 2)));
   drag->exec(Qt::CopyAction | Qt::LinkAction, Qt::CopyAction);
 }
 

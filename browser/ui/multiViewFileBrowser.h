@@ -153,6 +153,10 @@ class multiViewFileBrowser final : public QWidget {
   /// True for the buttons of a mouse that go back and forward.
   bool HandleSideButton(Qt::MouseButton button);
   void StartDrag();
+  /// The files of the selection as a drag hands them over; null if there are none.
+  std::unique_ptr<QMimeData> DragData() const;
+  /// The first picture of the selection with the number of files in its corner.
+  QPixmap DragImage(int count);
   void ShowMenu(const QPoint& global);
   void RaiseSelectionChanged();
   /// A row as assistive tools are told of it: name, kind, size and date.

@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QTest>
 
@@ -15,6 +16,7 @@
 #include "browser/ui/BrowserViews.h"
 #include "browser/ui/Sidebar.h"
 #include "browser/ui/multiViewFileBrowser.h"
+#include "kit/DesktopServices.h"
 #include "kit/ifkPathBar.h"
 
 namespace brivolant::test {
@@ -327,6 +329,52 @@ TEST(Browser, TellsAssistiveToolsOfRowsPlacesAndPath) {
   QTest::mouseClick(program.Window().windowHandle(), Qt::ForwardButton, {},
                     program.Grid().mapTo(&program.Window(), QPoint(5, 5)));
   EXPECT_EQ(program.Browser().CurrentFolder(), program.home.Item());
+}
+
+TEST(Browser, DragsFilesOutWithAPictureAndTheirNumber) {
+  Browsing program({"a.jpg", "b.jpg", "\xC3\xA4 c.jpg"});
+  EXPECT_EQ(program.Browser().DragData(), nullptr);
+  ASSERT_TRUE(Until([&] { return !program.Browser().Rows().Item(0)->image.isNull(); }));
+  Click(program.Grid(), program.Cell(0));
+  const QImage one = program.Browser().DragImage(1).toImage();
+  program.Choose("EditSelectAll");
+  const auto data = program.Browser().DragData();
+  ASSERT_NE(data, nullptr);
+  EXPECT_THAT(TakeDrag(*data).Files,
+              testing::UnorderedElementsAre(program.Pictures().Child("a.jpg"),
+                                            program.Pictures().Child("b.jpg"),
+                                            program.Pictures().Child("\xC3\xA4 c.jpg")));
+  const QImage three = program.Browser().DragImage(3).toImage();
+  EXPECT_GT(three.width(), one.width());
+  // The number stands on red, in the upper right corner.
+  int red = 0;
+  for (int y = 0; y < three.height() / 2; ++y) {
+    for (int x = three.width() / 2; x < three.width(); ++x) {
+      const QColor color = three.pixelColor(x, y);
+      if (color.red() > 190 && color.green() < 70 && color.alpha() == 255) ++red;
+    }
+  }
+  EXPECT_GT(red, 50);
+}
+
+TEST(Browser, DropsOnTheSidebarGoToThePlaceOrBecomeOne) {
+  Browsing program({"a.jpg"});
+  ASSERT_FALSE(program.home.Child("Documents").CreateAsFolder());
+  ASSERT_FALSE(program.home.Child("Trips").CreateAsFolder());
+  program.Start();
+  Sidebar& bar = *program.Window().mySideBar;
+  int documents = -1;
+  int header = -1;
+  for (int i = 0; i < bar.RowCount(); ++i) {
+    if (bar.ItemAt(i) && bar.ItemAt(i)->Caption == "Documents") documents = i;
+    if (!bar.ItemAt(i) && bar.Parent(i) == bar.item[MainWindow::kPlacesSection]) header = i;
+  }
+  ASSERT_GE(documents, 0);
+  DropFile(*bar.viewport(), program.Pictures().Child("a.jpg"), bar.RowRect(documents).center());
+  EXPECT_TRUE(Until([&] { return program.home.Child("Documents").Child("a.jpg").Exists(); }));
+  EXPECT_TRUE(program.Pictures().Child("a.jpg").Exists());
+  DropFile(*bar.viewport(), program.home.Child("Trips"), bar.RowRect(header).center());
+  EXPECT_EQ(bar.item[MainWindow::kPlacesSection]->item.back()->Caption, "Trips");
 }
 
 TEST(Browser, HandsFilesToTheDesktopAndTheFavorites) {
