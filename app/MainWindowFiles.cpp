@@ -236,11 +236,7 @@ void MainWindow::AddFavoritesMethod() {
     return ContainerOf(place->Tag) == BrowserContainer(folder);
   });
   if (added && !known) {
-    auto place = std::make_shared<SideBarItem>();
-    place->Caption = kFavorites.Text();
-    place->icon = "Favorites";
-    place->Tag = folder;
-    places.AddItem(std::move(place));
+    places.Add(kFavorites.Text(), "Favorites", folder);
     RefreshSideBar();
     SavePlaces();
   }
@@ -264,10 +260,7 @@ void MainWindow::FileAddToSideBar() {
   bool added = false;
   for (const FolderItem& file : SelectedFiles()) {
     if (!file.Directory()) continue;
-    auto place = std::make_shared<SideBarItem>();
-    place->Caption = file.DisplayName();
-    place->Tag = file;
-    places.AddItem(std::move(place));
+    places.Add(file.DisplayName(), {}, file);
     added = true;
   }
   if (!added) return;

@@ -144,10 +144,7 @@ void MainWindow::WireSideBar() {
     } else if (&section == mySideBar->item[kPlacesSection].get()) {
       for (const FolderItem& file : files) {
         if (!file.Directory()) continue;
-        auto place = std::make_shared<SideBarItem>();
-        place->Caption = file.DisplayName();
-        place->Tag = file;
-        section.AddItem(std::move(place));
+        section.Add(file.DisplayName(), {}, file);
       }
       mySideBar->updateList();
       SavePlaces();
@@ -166,18 +163,10 @@ void MainWindow::LookAtDevices() {
   SideBarCollection& devices = *mySideBar->item[kDevicesSection];
   devices.RemoveAllItems();
   const auto computer = app_.myComputer();
-  auto whole = std::make_shared<SideBarItem>();
-  whole->Caption = computer->Name;
-  whole->icon = computer->Icon;
-  whole->Tag = computer;
-  devices.AddItem(std::move(whole));
+  devices.Add(computer->Name, computer->Icon, computer);
   for (int i = 0; i < computer->Count(); ++i) {
     const auto& item = std::get<std::shared_ptr<browserItem>>(computer->Item(i));
-    auto device = std::make_shared<SideBarItem>();
-    device->Caption = item->Name;
-    device->icon = "Volume";
-    device->Tag = std::get<VolumeItem>(item->item);
-    devices.AddItem(std::move(device));
+    devices.Add(item->Name, "Volume", std::get<VolumeItem>(item->item));
   }
   RefreshSideBar();
 }
@@ -290,11 +279,7 @@ void MainWindow::TakePhotoLibrary(const std::vector<std::shared_ptr<iPhotoAlbum>
   section.RemoveAllItems();
   section.Visible = !albums.empty();
   for (const auto& album : albums) {
-    auto item = std::make_shared<SideBarItem>();
-    item->Caption = album->Name;
-    item->icon = album->Icon;
-    item->Tag = album;
-    section.AddItem(std::move(item));
+    section.Add(album->Name, album->Icon, album);
   }
   RefreshSideBar();
 }
@@ -427,11 +412,7 @@ void MainWindow::ShowSearchSection() {
   }
   SideBarCollection& section = *mySideBar->item[kSearchSection];
   section.RemoveAllItems();
-  auto item = std::make_shared<SideBarItem>();
-  item->Caption = currentSearchItem->Name;
-  item->icon = currentSearchItem->Icon;
-  item->Tag = currentSearchItem;
-  section.AddItem(std::move(item));
+  section.Add(currentSearchItem->Name, currentSearchItem->Icon, currentSearchItem);
   RefreshSideBar();
 }
 

@@ -38,6 +38,13 @@ class SideBarCollection final : public SideBarItem {
   std::shared_ptr<SideBarItem> FirstItem() const { return item.empty() ? nullptr : item.front(); }
   void RemoveAllItems() { item.clear(); }
   void AddItem(std::shared_ptr<SideBarItem> added) { item.push_back(std::move(added)); }
+  void Add(std::string caption, std::string drawing, Target tag) {
+    auto added = std::make_shared<SideBarItem>();
+    added->Caption = std::move(caption);
+    added->icon = std::move(drawing);
+    added->Tag = std::move(tag);
+    AddItem(std::move(added));
+  }
   void RemoveItem(const std::shared_ptr<SideBarItem>& removed) { std::erase(item, removed); }
 };
 

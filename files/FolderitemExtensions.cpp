@@ -223,6 +223,21 @@ std::string fixShellPath(std::string_view path) {
   return fixed;
 }
 
+std::optional<std::string> ReadFileOfType(const Item& file, const FileType& type,
+                                          std::string& error) {
+  std::optional<std::string> bytes;
+  if (isFileType(file, &type) && !file.Directory()) bytes = ReadFile(file);
+  if (!bytes) {
+    error =
+        WithPlaceholders(kErrorMessageUnableToRead.Text(), {{"<filename>", file.DisplayName()}});
+  }
+  return bytes;
+}
+
+std::string ReadShortText(BinaryStream& stream) {
+  return EnsureUTF8(stream.Read(stream.ReadUInt16()));
+}
+
 std::string ReadAsHex(BinaryStream& stream, int count) {
   std::string text;
   for (const char c : stream.ReadUpTo(static_cast<std::size_t>(std::max(count, 0)))) {

@@ -79,6 +79,12 @@ std::string fixShellPath(std::string_view path);
 
 // Others.
 
+/// The bytes of a file of that type; nothing, and a sentence in `error`, if it is none or cannot be
+/// read.
+std::optional<std::string> ReadFileOfType(const brivolant::FolderItem& file, const FileType& type,
+                                          std::string& error);
+/// A text behind its 16-bit count of bytes, made UTF-8.
+std::string ReadShortText(BinaryStream& stream);
 /// The next `count` bytes as upper-case hexadecimal.
 std::string ReadAsHex(BinaryStream& stream, int count);
 /// "Today at 14:05": a word or weekday for days near `now`, else the short date.

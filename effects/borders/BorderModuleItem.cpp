@@ -9,27 +9,17 @@
 namespace brivolant {
 namespace {
 
+using FolderitemExtensions::ReadShortText;
 using InternalFileTypes::BrivolantPhotosBorder;
 
 constexpr std::string_view kMagic = "QMBPBORD";
-
-std::string ReadText(BinaryStream& stream) {
-  return EnsureUTF8(stream.Read(stream.ReadUInt16()));
-}
 
 }  // namespace
 
 bool BorderModuleItem::Load(const FolderItem& file) {
   const auto bytes =
-      FolderitemExtensions::isFileType(file, &BrivolantPhotosBorder) && !file.Directory()
-          ? ReadFile(file)
-          : std::nullopt;
-  if (!bytes) {
-    LastErrorMessage = WithPlaceholders(FolderitemExtensions::kErrorMessageUnableToRead.Text(),
-                                        {{"<filename>", file.DisplayName()}});
-    return false;
-  }
-  if (!LoadBytes(*bytes, file.DisplayName())) return false;
+      FolderitemExtensions::ReadFileOfType(file, BrivolantPhotosBorder, LastErrorMessage);
+  if (!bytes || !LoadBytes(*bytes, file.DisplayName())) return false;
   File = file;
   return true;
 }
@@ -41,11 +31,11 @@ bool BorderModuleItem::LoadBytes(std::string_view bytes, const std::string& name
   const bool known = stream.Read(kMagic.size()) == kMagic;
   (void)stream.ReadUInt8();
   read.Category = stream.ReadUInt8();
-  read.ContactLink = ReadText(stream);
-  read.CreatedWith = ReadText(stream);
+  read.ContactLink = ReadShortText(stream);
+  read.CreatedWith = ReadShortText(stream);
   read.CreationDate = Date::FromTotalSeconds(stream.ReadDouble());
-  read.Creator = ReadText(stream);
-  read.ID = ReadText(stream);
+  read.Creator = ReadShortText(stream);
+  read.ID = ReadShortText(stream);
   read.iDataLength = stream.ReadUInt32();
   read.iDataPos = stream.Position();
   (void)stream.Read(read.iDataLength);
@@ -53,7 +43,7 @@ bool BorderModuleItem::LoadBytes(std::string_view bytes, const std::string& name
   read.ImageLeft = stream.ReadSingle();
   read.ImageTop = stream.ReadSingle();
   read.ImageWidth = stream.ReadSingle();
-  read.Name = ReadText(stream);
+  read.Name = ReadShortText(stream);
   read.Type = stream.ReadUInt8();
   const std::string_view preview = stream.Read(stream.ReadUInt32());
   if (!known || stream.Failed()) {

@@ -14,6 +14,7 @@
 namespace brivolant {
 namespace {
 
+using FolderitemExtensions::ReadShortText;
 using InternalFileTypes::BrivolantPhotosOneClickWonder;
 
 /// What stands first in the file, and what stood there in the first version of the program.
@@ -23,10 +24,6 @@ constexpr std::uint8_t kVersion = 1;
 constexpr std::size_t kMostEntries = 255;
 constexpr std::size_t kLongestText = 65535;
 constexpr int kPreviewQuality = 60;
-
-std::string ReadText(BinaryStream& stream) {
-  return EnsureUTF8(stream.Read(stream.ReadUInt16()));
-}
 
 /// Cut to what the count can say, between two characters.
 void WriteText(ByteWriter& out, std::string_view text) {
@@ -93,15 +90,8 @@ void OneClickWonder::Preview(const Picture& picture) {
 
 bool OneClickWonder::Load(const FolderItem& file) {
   const auto bytes =
-      FolderitemExtensions::isFileType(file, &BrivolantPhotosOneClickWonder) && !file.Directory()
-          ? ReadFile(file)
-          : std::nullopt;
-  if (!bytes) {
-    LastErrorMessage = WithPlaceholders(FolderitemExtensions::kErrorMessageUnableToRead.Text(),
-                                        {{"<filename>", file.DisplayName()}});
-    return false;
-  }
-  if (!LoadBytes(*bytes, file.DisplayName())) return false;
+      FolderitemExtensions::ReadFileOfType(file, BrivolantPhotosOneClickWonder, LastErrorMessage);
+  if (!bytes || !LoadBytes(*bytes, file.DisplayName())) return false;
   File = file;
   return true;
 }
@@ -119,13 +109,13 @@ bool OneClickWonder::LoadBytes(std::string_view bytes, const std::string& name) 
     const int count = stream.ReadUInt8();
     for (int i = 0; i < count && !stream.Failed(); ++i) {
       const int language = stream.ReadUInt8();
-      Set(texts, language, ReadText(stream));
+      Set(texts, language, ReadShortText(stream));
     }
   };
   entries(read.names_);
-  read.Creator = ReadText(stream);
-  read.ContactLink = ReadText(stream);
-  read.CreatedWith = ReadText(stream);
+  read.Creator = ReadShortText(stream);
+  read.ContactLink = ReadShortText(stream);
+  read.CreatedWith = ReadShortText(stream);
   read.Category = stream.ReadUInt8();
   read.CreationDate = Date::FromTotalSeconds(stream.ReadDouble());
   entries(read.descriptions_);

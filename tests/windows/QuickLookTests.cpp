@@ -8,7 +8,10 @@
 #include "app/QuickLookWindow.h"
 #include "app/ToolButtons.h"
 #include "browser/ui/ColumnPreview.h"
+#include "effects/styles/OneClickWonder.h"
 #include "kit/ifkSplitter.h"
+#include "platform/codecs/ImageCodecs.h"
+#include "platform/files/BinaryStream.h"
 
 namespace brivolant::test {
 namespace {
@@ -75,6 +78,59 @@ TEST(Columns, DocumentsAndStylesTellWhoMadeThem) {
               ElementsAre("edited", "Brivolant Photos Document, 0.0 Megapixel (64 x 48)",
                           testing::StartsWith("Recommended Print Size: "), "Ann 2026"));
   EXPECT_LT(preview.Shown().width(), preview.Shown().height());
+}
+
+std::string BorderFile(const Picture& preview) {
+  ByteWriter out;
+  const auto text = [&out](std::string_view words) {
+    out.UInt16(static_cast<std::uint16_t>(words.size()));
+    out.Bytes(words);
+  };
+  out.Bytes("QMBPBORD");
+  out.UInt8(1);
+  out.UInt8(2);
+  text("ann.example");
+  text("Brivolant Photos");
+  out.Double(Date{2008, 5, 17, 9, 30, 0}.TotalSeconds());
+  text("Ann");
+  text("some-id");
+  out.UInt32(5);
+  out.Bytes("\x89PNG.");
+  for (const float part : {0.8F, 0.1F, 0.2F, 0.7F}) out.Single(part);
+  text("Oak");
+  out.UInt8(3);
+  const std::string jpeg = EncodeJpegBytes({preview, 0.5});
+  out.UInt32(static_cast<std::uint32_t>(jpeg.size()));
+  out.Bytes(jpeg);
+  return out.Take();
+}
+
+TEST(Columns, StylesAndBordersShowTheirPreviewAndMaker) {
+  Browsing program({});
+  program.home.Write("Pictures/oak.brvBorder", BorderFile(PlainPicture(48, 30, {200, 120, 40})));
+  const FolderItem style = program.Pictures().Child("warm.oneClick");
+  OneClickWonder made(program.app->StyleServices());
+  made.Name(OneClickWonder::kUsersLanguage, "Warm");
+  made.Description(OneClickWonder::kUsersLanguage, "As by the fire");
+  made.Creator = "Ben";
+  made.ContactLink = "ben.example";
+  made.Preview(PlainPicture(60, 40, {10, 200, 40}));
+  ASSERT_TRUE(made.Save(style));
+  ASSERT_TRUE(program.Shows({"oak.brvBorder", "warm.oneClick"}));
+  ASSERT_TRUE(Until([&] { return !program.Browser().Rows().Item(1)->image.isNull(); }));
+  EXPECT_EQ(program.Browser().Rows().Item(0)->image.size(), QSize(48, 30));
+  program.Choose("ViewAsColumns");
+  ColumnPreview& preview = program.Browser().previewCanvas();
+  Click(program.Grid(), program.Cell(0));
+  ASSERT_TRUE(Until([&] { return !preview.Loading(); }));
+  EXPECT_THAT(preview.columnPreviewDisplayData(),
+              ElementsAre("Oak", "Creator: Ann  ann.example", testing::StartsWith("Created: ")));
+  EXPECT_EQ(preview.Shown().size(), QSize(48, 30));
+  Click(program.Grid(), program.Cell(1));
+  ASSERT_TRUE(Until([&] { return !preview.Loading(); }));
+  EXPECT_THAT(preview.columnPreviewDisplayData(),
+              ElementsAre("Warm", "Creator: Ben  ben.example", testing::StartsWith("Created: "),
+                          "As by the fire"));
 }
 
 struct Looking : Browsing {
