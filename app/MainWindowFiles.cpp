@@ -404,7 +404,6 @@ bool MainWindow::BrowserMenu(QMenu& menu) {
   const auto add = [&](const char* name) { menu.addAction(&menu_->Item(name)); };
   if (count == 1) {
     menu.addAction(Shown(kOpen), this, [this] { OpenBrowserItem(imageBrowser->SelectedItem(0)); });
-    add("FileQuickLook");
     menu.addSeparator();
     if (menu_->Item("FileShowOriginal").isEnabled()) add("FileShowOriginal");
     if (menu_->Item("FileRename").isEnabled()) add("FileRename");
@@ -412,6 +411,7 @@ bool MainWindow::BrowserMenu(QMenu& menu) {
     menu.addSeparator();
     add("FileAddToFavorites");
     add("FileAddToSideBar");
+    add("FileQuickLook");
     if (menu_->Item("menuskFileShareSetasDesktopPicture").isEnabled()) {
       add("menuskFileShareSetasDesktopPicture");
     }

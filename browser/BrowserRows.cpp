@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "browser/BrowserRows.h"
 
+#include <fcntl.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdio>
 
+#include "browser/FolderLister.h"
 #include "files/FolderitemExtensions.h"
 #include "files/NaturalOrder.h"
 
@@ -107,6 +110,10 @@ std::string BrowserRows::CellText(int row, int column) const {
   if (column == kDateColumn) {
     if (std::holds_alternative<std::shared_ptr<iPhotoItem>>(payload)) {
       return DateText(std::get<std::shared_ptr<iPhotoItem>>(payload)->DateTime());
+    }
+    if (item != nullptr && std::holds_alternative<VolumeItem>(item->item)) {
+      const FileFacts root = FolderLister::FactsOf(AT_FDCWD, item->File().Path().c_str(), {});
+      return root.Modified == 0 ? std::string() : DateText(Date::FromUnixTime(root.Modified));
     }
     return item != nullptr && item->Facts ? DateText(Date::FromUnixTime(item->Facts->Modified))
                                           : std::string();

@@ -309,6 +309,15 @@ TEST(BrowserItems, WithoutAFileAndWithEachWrappedKind) {
   EXPECT_TRUE(rows.AddItem(roll));
   EXPECT_EQ(rows.CellText(1, BrowserRows::kSizeColumn), "1 1 Item");
   EXPECT_EQ(rows.CellText(1, BrowserRows::kKindColumn), "iPhoto Event");
+  const VolumeItem root(FolderItem("/"));
+  auto volume = std::make_shared<browserItem>();
+  volume->Name = "Disk";
+  volume->item = root;
+  EXPECT_TRUE(rows.AddItem(volume));
+  EXPECT_EQ(rows.CellText(2, BrowserRows::kKindColumn), root.Media());
+  EXPECT_THAT(rows.CellText(2, BrowserRows::kSizeColumn),
+              testing::StartsWith(std::to_string(root.Capacity()) + " "));
+  EXPECT_EQ(rows.CellText(2, BrowserRows::kDateColumn).find(' '), 14U);
 }
 
 }  // namespace

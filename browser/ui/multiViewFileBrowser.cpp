@@ -16,6 +16,7 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "browser/SearchText.h"
 #include "browser/ui/BrowserViews.h"
 #include "browser/ui/ColumnPreview.h"
 #include "browser/ui/FileIcons.h"
@@ -504,10 +505,11 @@ void multiViewFileBrowser::UnselectAll() {
 void multiViewFileBrowser::HighLightItem(const std::string& text, bool partial) {
   int first = -1;
   const QString wanted = ToQString(text);
+  const SearchText part(text);
   for (int i = 0; i < rows_.Count(); ++i) {
-    const QString name = ToQString(rows_.Name(i));
-    const bool match = partial ? !text.empty() && name.contains(wanted, Qt::CaseInsensitive)
-                               : name.compare(wanted, Qt::CaseInsensitive) == 0;
+    const std::string name = rows_.Name(i);
+    const bool match =
+        partial ? part.In(name) : ToQString(name).compare(wanted, Qt::CaseInsensitive) == 0;
     rows_.Select(i, match);
     if (match && first < 0) first = i;
   }
