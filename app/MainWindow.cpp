@@ -218,6 +218,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
+  // It keeps its place.
+  if (quickLook_) quickLook_->close();
   ifkWindow::closeEvent(event);
   QApplication::quit();
 }

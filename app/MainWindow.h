@@ -437,6 +437,8 @@ class MainWindow final : public ifkWindow {
   std::unique_ptr<Random> libraryRandom_;
   std::unique_ptr<ThreadediPhotoReader> libraryReader_;
   QThreadPool libraryPool_;
+  /// Counts the reads: what an earlier one found late is not taken.
+  int librariesRead_ = 0;
   std::vector<FolderItem> volumes_;
   /// What undo in the browser takes back, newest last: files that went to the trash, or a rename.
   struct BrowserStep {

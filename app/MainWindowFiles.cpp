@@ -41,6 +41,13 @@ FolderItem FreeName(const FolderItem& folder, const FolderItem& file) {
   return target;
 }
 
+/// Another file is there. A name that differs only in case may be the same file.
+bool Taken(const FolderItem& place, const FolderItem& by) {
+  if (!place.Exists() && !place.Alias()) return false;
+  std::error_code error;
+  return !std::filesystem::equivalent(place.Path(), by.Path(), error) || error;
+}
+
 std::error_code CopyWhole(const FolderItem& from, const FolderItem& to) {
   std::error_code error;
   std::filesystem::copy(
@@ -177,10 +184,8 @@ void MainWindow::UndoBrowserStep() {
 }
 
 bool MainWindow::MoveFile(const FolderItem& from, const FolderItem& to) {
-  // Never over another file. A name that differs only in case may be the same file.
-  if ((to.Exists() || to.Alias()) && !std::filesystem::equivalent(from.Path(), to.Path())) {
-    return false;
-  }
+  // Never over another file.
+  if (Taken(to, from)) return false;
   std::error_code error;
   std::filesystem::rename(from.Path(), to.Path(), error);
   if (error) return false;
@@ -201,10 +206,7 @@ bool MainWindow::RenameFile(const browserItem& item, const std::string& name) {
     return tell(kNameNotAllowed);
   }
   const FolderItem target = file->Parent().Child(name);
-  if ((target.Exists() || target.Alias()) &&
-      !std::filesystem::equivalent(file->Path(), target.Path())) {
-    return tell(kNameTaken);
-  }
+  if (Taken(target, *file)) return tell(kNameTaken);
   const FolderItem before = *file;
   if (!MoveFile(before, target)) return tell(kNotRenamed);
   browserSteps_.push_back({{}, before, target});
@@ -273,12 +275,10 @@ void MainWindow::FileAddToSideBar() {
 
 std::vector<QuickLookItem> MainWindow::QuickLookItems() const {
   std::vector<QuickLookItem> items;
-  const double ratio = devicePixelRatioF();
   for (const BrowserPayload& payload : imageBrowser->SelectedItems()) {
     QuickLookItem shown;
     shown.Title = BrowserRows::NameOf(payload);
-    constexpr int kIcon = 128;
-    shown.Icon = FileIcons::For(payload, kIcon, ratio);
+    shown.Icon = [payload](int size, double ratio) { return FileIcons::For(payload, size, ratio); };
     if (const auto* item = std::get_if<ItemPointer>(&payload)) {
       const auto* file = std::get_if<FolderItem>(&(*item)->item);
       if (file != nullptr) shown.File = *file;
@@ -319,7 +319,14 @@ void MainWindow::QuickLookMethod() {
 
 void MainWindow::FollowWithQuickLook() {
   if (!quickLook_ || !quickLook_->isVisible() || imageBrowser->SelectedCount() == 0) return;
-  quickLook_->Replace(QuickLookItems());
+  std::vector<QuickLookItem> items = QuickLookItems();
+  const auto& shown = quickLook_->items();
+  // A folder that is listed again is no reason to begin anew.
+  const bool same = std::equal(items.begin(), items.end(), shown.begin(), shown.end(),
+                               [](const QuickLookItem& a, const QuickLookItem& b) {
+                                 return a.File == b.File && a.Title == b.Title;
+                               });
+  if (!same) quickLook_->Replace(std::move(items));
 }
 
 // Menus.

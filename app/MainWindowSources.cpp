@@ -259,16 +259,20 @@ void MainWindow::DisplayPath(const Container& container, bool skipHistory) {
 void MainWindow::ReadPhotoLibrary() {
   if (libraryReader_) libraryReader_->Stop();
   libraryPool_.waitForDone();
+  const int read = ++librariesRead_;
   const std::string chosen = app_.Preferences().Value(kLibraryKey, "").ToText();
   const FolderItem file = chosen.empty() ? DefaultPhotoLibrary(Pictures()) : FolderItem(chosen);
   if (!iPhotolibrary.empty()) TakePhotoLibrary({});
   if (file.IsNil()) return;
   libraryRandom_ = std::make_unique<SystemRandom>();
   libraryReader_ = std::make_unique<ThreadediPhotoReader>(app_.Log(), *libraryRandom_);
-  libraryPool_.start([this, file] {
+  libraryPool_.start([this, file, read] {
     if (!libraryReader_->ReadXML(file)) return;
     QMetaObject::invokeMethod(
-        this, [this, albums = libraryReader_->Library] { TakePhotoLibrary(albums); },
+        this,
+        [this, read, albums = libraryReader_->Library] {
+          if (read == librariesRead_) TakePhotoLibrary(albums);
+        },
         Qt::QueuedConnection);
   });
 }

@@ -233,7 +233,10 @@ void QuickLookWindow::PaintPanel(QPainter& painter) {
 void QuickLookWindow::PaintPicture(QPainter& painter) {
   const QRectF place = PictureRect();
   if (!HasPicture()) {
-    const QPixmap& icon = items_[static_cast<std::size_t>(currentImage_)].Icon;
+    const QuickLookItem& item = items_[static_cast<std::size_t>(currentImage_)];
+    if (!item.Icon) return;
+    // Drawn at the size it is shown, so that it is sharp.
+    const QPixmap icon = item.Icon(static_cast<int>(place.width()), devicePixelRatioF());
     painter.drawPixmap(place, icon, QRectF(icon.rect()));
     return;
   }
@@ -473,6 +476,7 @@ void QuickLookWindow::closeEvent(QCloseEvent* event) {
     preferences_.Synchronize();
   }
   loader_.Stop();
+  if (fullScreen_) fullScreen_->close();
   ifkWindow::closeEvent(event);
 }
 

@@ -24,8 +24,8 @@ struct QuickLookItem {
   FolderItem File;
   std::string Title;
   Picture Shown;
-  /// Stands for a file that holds no picture, 128 units wide.
-  QPixmap Icon;
+  /// Stands for a file that holds no picture; may be empty.
+  std::function<QPixmap(int size, double ratio)> Icon;
   /// What is on show until the file is read; may be null.
   QImage Thumbnail;
 };

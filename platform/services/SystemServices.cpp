@@ -10,6 +10,7 @@
 #include <QStorageInfo>
 #include <QStringList>
 #include <QVariantMap>
+#include <array>
 #include <cstdio>
 
 #include "platform/pictures/Picture.h"
@@ -74,6 +75,44 @@ std::string FreedesktopDesktop::Eject(const FolderItem& root) {
   return {};
 }
 
+namespace {
+
+/// Where desktops keep the address of their picture.
+struct PictureSetting {
+  const char* desktop;
+  const char* schema;
+  const char* key;
+  bool path;
+};
+constexpr std::array<PictureSetting, 7> kPictureSettings{{
+    {"GNOME", "org.gnome.desktop.background", "picture-uri", false},
+    {"GNOME", "org.gnome.desktop.background", "picture-uri-dark", false},
+    {"Unity", "org.gnome.desktop.background", "picture-uri", false},
+    {"Budgie", "org.gnome.desktop.background", "picture-uri", false},
+    {"Pantheon", "org.gnome.desktop.background", "picture-uri", false},
+    {"X-Cinnamon", "org.cinnamon.desktop.background", "picture-uri", false},
+    {"MATE", "org.mate.background", "picture-filename", true},
+}};
+
+bool SetBySettings(const FolderItem& image) {
+  const QString program = QStandardPaths::findExecutable(QStringLiteral("gsettings"));
+  const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(QLatin1Char(':'));
+  bool set = false;
+  for (const PictureSetting& setting : kPictureSettings) {
+    if (program.isEmpty() || !desktops.contains(QLatin1String(setting.desktop))) continue;
+    const QString value =
+        QString::fromStdString(setting.path ? image.ShellPath() : image.URLPath());
+    const int code =
+        QProcess::execute(program, {QStringLiteral("set"), QString::fromLatin1(setting.schema),
+                                    QString::fromLatin1(setting.key), value});
+    // An older desktop has no picture for the dark of its own.
+    set = set || code == 0;
+  }
+  return set;
+}
+
+}  // namespace
+
 bool FreedesktopDesktop::SetPicture(const FolderItem& image) {
   const QString address = QString::fromStdString(image.URLPath());
   // Plasma's own call is the surest there; a portal of its may only know a newer one.
@@ -101,15 +140,7 @@ bool FreedesktopDesktop::SetPicture(const FolderItem& image) {
                                 {QStringLiteral("set-on"), QStringLiteral("background")}});
     if (reply.isValid()) return true;
   }
-  const QString settings = QStandardPaths::findExecutable(QStringLiteral("gsettings"));
-  if (settings.isEmpty()) return false;
-  const auto set = [&](const char* schema, const char* key) {
-    return QProcess::execute(settings, {QStringLiteral("set"), QString::fromLatin1(schema),
-                                        QString::fromLatin1(key), address}) == 0;
-  };
-  if (!set("org.gnome.desktop.background", "picture-uri")) return false;
-  (void)set("org.gnome.desktop.background", "picture-uri-dark");
-  return true;
+  return SetBySettings(image);
 }
 
 CleanOnQuit::~CleanOnQuit() {
