@@ -140,7 +140,11 @@ void App::OpenDocument(const FolderItem& item) {
     if (item.Delete()) log_.Write(std::string("Not deleted: ").append(item.ShellPath()));
     return;
   }
-  if (window_ && !window_->AskToSave()) window_->OpenImage(item, {});
+  if (!window_) return;
+  if (item.Directory() && !isFileType(item, &BrivolantPhotosDocument)) {
+    return window_->DisplayContainer(item);
+  }
+  if (!window_->AskToSave()) window_->OpenImage(item, {});
 }
 
 void App::InstallStyle(const FolderItem& file) {

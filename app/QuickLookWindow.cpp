@@ -51,7 +51,7 @@ QuickLookWindow::QuickLookWindow(std::shared_ptr<const FilePreviewer> previewer,
   setAttribute(Qt::WA_TranslucentBackground);
   setMinimumSize(240, 200);
   resize(kDefaultSize);
-  loader_.Loaded = [this](FilePreview preview) { Take(std::move(preview)); };
+  loader_.Loaded = [this](const FilePreview& preview) { Take(preview); };
   setMouseTracking(true);
   rest_.setSingleShot(true);
   rest_.setInterval(kRest);
@@ -163,7 +163,7 @@ void QuickLookWindow::LoadEnough() {
   loader_.Load(item.File, side, false);
 }
 
-void QuickLookWindow::Take(FilePreview preview) {
+void QuickLookWindow::Take(const FilePreview& preview) {
   if (preview.Shown.IsNil()) {
     // Nothing can be read: a thumbnail that stood for it would promise too much.
     if (loadedSide_ != kEverySide) image_ = {};

@@ -93,7 +93,7 @@ class QuickLookWindow final : public ifkWindow {
   bool HasPicture() const { return !image_.isNull(); }
   QSizeF ItemSize() const;
   void ShowCurrent();
-  void Take(FilePreview preview);
+  void Take(const FilePreview& preview);
   void LoadEnough();
   void PaintPanel(QPainter& painter);
   void PaintPicture(QPainter& painter);

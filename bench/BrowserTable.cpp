@@ -11,6 +11,7 @@
 #include <chrono>
 #include <cstdio>
 #include <fstream>
+#include <sstream>
 #include <thread>
 
 #include "Peers.h"
@@ -98,37 +99,36 @@ void Listings(const FolderItem& scratch) {
       "16 ms", 16, 1);
 }
 
-/// A library of that many photos in rolls of a hundred, each in two albums.
+/// A library of that many photos in rolls of a hundred and albums of five hundred.
 std::string LibraryOf(int photos) {
-  std::string xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><dict>";
+  std::ostringstream xml;
+  xml << R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict>)";
   const auto lists = [&](const char* name, const char* title, int size) {
-    xml += std::string("<key>") + name + "</key><array>";
+    xml << "<key>" << name << "</key><array>";
     for (int i = 0; i < photos; i += size) {
-      xml += std::string("<dict><key>") + title + "</key><string>Number " + std::to_string(i) +
-             "</string><key>KeyList</key><array>";
-      for (int k = i; k < std::min(i + size, photos); ++k) {
-        xml += "<string>" + std::to_string(k) + "</string>";
-      }
-      xml += "</array></dict>";
+      xml << "<dict><key>" << title << "</key><string>Number " << i
+          << "</string><key>KeyList</key><array>";
+      for (int k = i; k < std::min(i + size, photos); ++k) xml << "<string>" << k << "</string>";
+      xml << "</array></dict>";
     }
-    xml += "</array>";
+    xml << "</array>";
   };
   lists("List of Albums", "AlbumName", 500);
   lists("List of Rolls", "RollName", 100);
-  xml += "<key>Master Image List</key><dict>";
+  xml << "<key>Master Image List</key><dict>";
+  constexpr const char* kFolder = "/Users/ann/Pictures/iPhoto Library/Originals/2008/Trip/IMG_";
   for (int i = 0; i < photos; ++i) {
-    const std::string path =
-        "/Users/ann/Pictures/iPhoto Library/Originals/2008/Trip/IMG_" + std::to_string(i) + ".JPG";
-    xml += "<key>" + std::to_string(i) +
-           "</key><dict><key>MediaType</key><string>Image</string><key>Caption</key><string>IMG_" +
-           std::to_string(i) + "</string><key>GUID</key><string>A1B2C3D4-" + std::to_string(i) +
-           "</string><key>Aspect Ratio</key><real>1.333333</real><key>Rating</key>"
+    xml << "<key>" << i
+        << "</key><dict><key>MediaType</key><string>Image</string><key>Caption</key><string>IMG_"
+        << i << "</string><key>GUID</key><string>A1B2C3D4-" << i
+        << "</string><key>Aspect Ratio</key><real>1.333333</real><key>Rating</key>"
            "<integer>0</integer><key>DateAsTimerInterval</key><real>220000000.5</real>"
-           "<key>ImagePath</key><string>" +
-           path + "</string><key>ThumbPath</key><string>" + path +
-           "</string><key>ImageType</key><string>JPEG</string></dict>";
+           "<key>ImagePath</key><string>"
+        << kFolder << i << ".JPG</string><key>ThumbPath</key><string>" << kFolder << i
+        << ".JPG</string><key>ImageType</key><string>JPEG</string></dict>";
   }
-  return xml + "</dict></dict></plist>";
+  xml << "</dict></dict></plist>";
+  return xml.str();
 }
 
 void Library(const FolderItem& scratch) {

@@ -95,7 +95,7 @@ void AddDefaults(SideBarCollection& places, const FolderItem& documents) {
 }
 
 FolderItem FavoritesFolder() {
-  const FolderItem folder = DataFolder().Child("brivolant-photos").Child("Favorites");
+  FolderItem folder = DataFolder().Child("brivolant-photos").Child("Favorites");
   (void)folder.CreateAsFolder();
   return folder;
 }

@@ -421,6 +421,20 @@ TEST(Browser, ChangesFromOutsideShow) {
   EXPECT_TRUE(Until([&] { return program.Browser().Count() == 3; }));
 }
 
+TEST(Browser, AFolderFromOutsideShowsAndThePhotoInWorkStays) {
+  Browsing program({"a.jpg"});
+  const FolderItem trip = program.Pictures().Child("Trip");
+  ASSERT_FALSE(trip.CreateAsFolder());
+  program.app->OpenDocument(trip);
+  EXPECT_EQ(program.Browser().CurrentFolder(), trip);
+  program.OpenPhoto(program.Pictures().Child("a.jpg"));
+  program.Choose("RotateAndFlipRotate90");
+  program.dialogs.answers = {Answer::kCancel};
+  program.app->OpenDocument(program.Pictures());
+  Settle();
+  EXPECT_EQ(program.Document().Name, "a");
+}
+
 TEST(Browser, AFolderThatVanishesGivesWayToTheOneAround) {
   Browsing program({"a.jpg"});
   const FolderItem inner = program.Pictures().Child("Trip").Child("Day 1");
