@@ -51,7 +51,10 @@ MainWindow::MainWindow(App& app) : app_(app) {
     MenuAction(name);
     UpdateCommands();
   });
-  menu_->EnableMenuItems = [this] { EnableMenuItems(); };
+  menu_->EnableMenuItems = [this] {
+    EnableMenuItems();
+    NamePastedFile();
+  };
   WindowMenu(&menu_->Submenu("WindowMenu"));
   BuildControls();
   cropEditor_ = std::make_unique<CropEditor>(this);

@@ -23,7 +23,6 @@
 class QComboBox;
 class QLabel;
 class QMenu;
-class QPushButton;
 class QSplitter;
 class QScrollBar;
 class QVBoxLayout;
@@ -56,6 +55,8 @@ struct RecoveredEdits;
 /// editing session: one document in the processor, one history, and a dirty flag.
 class MainWindow final : public ifkWindow {
  public:
+  /// Of style data on the clipboard.
+  static constexpr const char* kStyleType = "application/x-brivolant-style-data";
   enum Pane { kBrowserPane = 0, kEditorPane = 1, kLayoutPane = 2 };
 
   static constexpr LocalizedText kOpenAnImage{"MainWindow.kOpenAnImage", "<Open an Image>"};
@@ -202,7 +203,7 @@ class MainWindow final : public ifkWindow {
   /// Asks for a place and writes the finished picture there.
   bool SaveACopyAs();
 
-  // Commands; MainWindowCommands.cpp.
+  // Commands; MainWindowCommands.cpp and MainWindowEditing.cpp.
 
   /// Acts on a menu item or a button of the toolbar by its name or identifier.
   void MenuAction(const std::string& name);
@@ -335,6 +336,8 @@ class MainWindow final : public ifkWindow {
   static BrowserContainer ContainerOf(const browserItem::Wrapped& wrapped);
   void OpenSideBar();
   void RefreshSideBar();
+  /// Selects what is on show.
+  void HighlightSideBar();
   void TakePhotoLibrary(const std::vector<std::shared_ptr<iPhotoAlbum>>& albums);
   void ShowPhotoLibrary();
   void BuildSearch(QVBoxLayout& column);
@@ -353,6 +356,8 @@ class MainWindow final : public ifkWindow {
   void UndoBrowserStep();
   bool MoveFile(const FolderItem& from, const FolderItem& to);
   std::vector<FolderItem> FilesOnClipboard() const;
+  /// Asks the clipboard's owner, so only as a menu opens.
+  void NamePastedFile();
   bool RenameFile(const browserItem& item, const std::string& name);
   void SortBrowser(int column);
   void ShowBrowserInfo();
@@ -430,7 +435,6 @@ class MainWindow final : public ifkWindow {
   QSplitter* browserSplit_ = nullptr;
   QWidget* searchLine_ = nullptr;
   QLabel* searchPlace_ = nullptr;
-  QPushButton* searchCancel_ = nullptr;
   QTimer deviceTimer_;
   /// What pieces of the path stand for that are no folders; their tags are indexes.
   std::vector<BrowserContainer> pathTargets_;

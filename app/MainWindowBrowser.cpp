@@ -48,6 +48,11 @@ FolderItem Standard(QStandardPaths::StandardLocation location) {
   return FolderItem(QFile::encodeName(QStandardPaths::writableLocation(location)).toStdString());
 }
 
+/// By the desktop's program for it.
+void Launch(const FolderItem& file) {
+  QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(file.Path().c_str())));
+}
+
 }  // namespace
 
 void MainWindow::BuildBrowser() {
@@ -198,10 +203,8 @@ void MainWindow::DisplayContainer(const Container& container) {
 }
 
 void MainWindow::BrowserListChanged() {
-  const Container& view = imageBrowser->currentView();
-  mySideBar->highlightItem(
-      std::visit([](const auto& held) { return SideBarItem::Target(held); }, view));
-  if (!updating) DisplayPath(view, false);
+  HighlightSideBar();
+  if (!updating) DisplayPath(imageBrowser->currentView(), false);
   UpdateCommands();
   ShowBrowserInfo();
 }
@@ -268,7 +271,7 @@ void MainWindow::OpenBrowserItem(const BrowserPayload& payload) {
         FolderitemExtensions::HoldsPicture(file)) {
       if (!AskToSave()) OpenImage(file, caption);
     } else {
-      QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(file.Path().c_str())));
+      Launch(file);
     }
   }
 }
@@ -292,16 +295,13 @@ void MainWindow::OpenBrowserFile(const FolderItem& file, const FileFacts& facts)
       return;
     }
   }
-  const auto launch = [&] {
-    QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(target.Path().c_str())));
-  };
   const bool browse = QApplication::keyboardModifiers().testFlag(Qt::AltModifier);
   if (isFileType(target, &InternalFileTypes::BrivolantPhotosDocument)) {
     return app_.OpenDocument(target);
   }
   if (facts.Is == FileFacts::kPackage && !browse) {
     if (file.Name() == kLibraryPackage && !iPhotolibrary.empty()) return ShowPhotoLibrary();
-    return launch();
+    return Launch(target);
   }
   if (target.Directory()) return DisplayContainer(target);
   // Camera raw and newer formats are images too, whatever their first bytes are called.
@@ -309,7 +309,7 @@ void MainWindow::OpenBrowserFile(const FolderItem& file, const FileFacts& facts)
       isFileType(target, &InternalFileTypes::BrivolantPhotosOneClickWonder)) {
     return app_.OpenDocument(target);
   }
-  launch();
+  Launch(target);
 }
 
 }  // namespace brivolant

@@ -97,6 +97,15 @@ std::vector<FolderItem> MainWindow::FilesOnClipboard() const {
   return files;
 }
 
+void MainWindow::NamePastedFile() {
+  const std::vector<FolderItem> copied = FilesOnClipboard();
+  if (DisplayPane != kBrowserPane || copied.size() != 1) return;
+  QString name = ToQString(copied.front().DisplayName());
+  name.replace(QLatin1Char('&'), QStringLiteral("&&"));
+  menu_->Item("EditPaste")
+      .setText(Shown(Menus::kEditPaste) + QStringLiteral(" \"") + name + QLatin1Char('"'));
+}
+
 void MainWindow::PasteFiles() {
   if (const FolderItem folder = imageBrowser->CurrentFolder()) {
     CopyFilesInto(FilesOnClipboard(), folder);
@@ -286,6 +295,7 @@ std::vector<QuickLookItem> MainWindow::QuickLookItems() const {
     } else if (const auto* photo = std::get_if<std::shared_ptr<iPhotoItem>>(&payload)) {
       shown.File = (*photo)->File();
       shown.Thumbnail = ImageFromPicture((*photo)->DynamicPreview());
+      (*photo)->DisposeDynamicPreview();
     }
     items.push_back(std::move(shown));
   }
@@ -366,14 +376,8 @@ void MainWindow::EnableBrowserItems() {
   }
   menu.Item("EditCopy").setText(copy);
   menu.Item("FileQuickLook").setText(quickLook);
-  const std::vector<FolderItem> copied = FilesOnClipboard();
-  menu.Item("EditPaste").setEnabled(imageBrowser->CurrentFolder() && !copied.empty());
-  if (copied.size() == 1) {
-    QString name = ToQString(copied.front().DisplayName());
-    name.replace(QLatin1Char('&'), QStringLiteral("&&"));
-    menu.Item("EditPaste")
-        .setText(Shown(Menus::kEditPaste) + QStringLiteral(" \"") + name + QLatin1Char('"'));
-  }
+  menu.Item("EditPaste")
+      .setEnabled(imageBrowser->CurrentFolder() && app_.Clipboard().Has(kUriList));
   menu.Item("EditUndo").setEnabled(!browserSteps_.empty());
   if (!browserSteps_.empty()) {
     const bool renamed = browserSteps_.back().trashed.empty();
@@ -392,21 +396,25 @@ void MainWindow::EnableBrowserItems() {
   menu.Item("ViewSortBy").setEnabled(true);
   menu.Item("ViewSortDescending").setEnabled(true);
   menu.Item("ViewSortDescending").setChecked(rows.Descending());
-  const std::vector<FolderItem> files = SelectedFiles();
+  // Nobody makes so many the desktop's picture; their kinds are not looked up at every key.
+  constexpr int kMostPictures = 16;
+  const std::vector<FolderItem> files =
+      count <= kMostPictures ? SelectedFiles() : std::vector<FolderItem>();
   const bool pictures =
       !files.empty() && std::all_of(files.begin(), files.end(), [](const auto& f) {
         return FolderitemExtensions::NamesPicture(f.Name());
       });
   menu.Item("FileShareVia").setEnabled(true);
   menu.Item("menuskFileShareSetasDesktopPicture").setEnabled(pictures);
-  menu.Item("FileAddToFavorites").setEnabled(!files.empty());
-  ToolButtons::ChangeButtonEnabled(*rbToolBar, ToolButtons::FavoritesAdd().Identifier,
-                                   !files.empty());
+  const bool favorite = count > kMostPictures || !files.empty();
+  menu.Item("FileAddToFavorites").setEnabled(favorite);
+  ToolButtons::ChangeButtonEnabled(*rbToolBar, ToolButtons::FavoritesAdd().Identifier, favorite);
   ToolButtons::ChangeButtonEnabled(*rbToolBar, ToolButtons::QuickLook().Identifier, count > 0);
 }
 
 bool MainWindow::BrowserMenu(QMenu& menu) {
   EnableMenuItems();
+  NamePastedFile();
   const int count = imageBrowser->SelectedCount();
   const auto add = [&](const char* name) { menu.addAction(&menu_->Item(name)); };
   if (count == 1) {

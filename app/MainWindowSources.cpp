@@ -85,18 +85,9 @@ void MainWindow::WireSideBar() {
     const auto* volume = std::get_if<VolumeItem>(&item.Tag);
     return volume != nullptr && volume->Ejectable();
   };
+  // A volume is its root.
   bar.CompareItems = [](const SideBarItem::Target& a, const SideBarItem::Target& b) {
-    // Files and volumes by their place; anything else only by itself.
-    constexpr std::size_t kLastOnDisk = 2;
-    const auto path = [](const SideBarItem::Target& target) {
-      if (const auto* volume = std::get_if<VolumeItem>(&target)) return volume->Path();
-      const auto* folder = std::get_if<FolderItem>(&target);
-      return folder == nullptr ? std::string() : folder->ShellPath();
-    };
-    if (a.index() > kLastOnDisk || b.index() > kLastOnDisk) {
-      return ContainerOf(a) == ContainerOf(b);
-    }
-    return !path(a).empty() && path(a) == path(b);
+    return ContainerOf(a) == ContainerOf(b);
   };
   bar.Folded = [this](SideBarCollection& section) {
     for (std::size_t i = 0; i < mySideBar->item.size(); ++i) {
@@ -197,6 +188,10 @@ void MainWindow::OpenSideBar() {
 
 void MainWindow::RefreshSideBar() {
   mySideBar->updateList();
+  HighlightSideBar();
+}
+
+void MainWindow::HighlightSideBar() {
   mySideBar->highlightItem(std::visit([](const auto& held) { return SideBarItem::Target(held); },
                                       imageBrowser->currentView()));
 }
@@ -307,13 +302,13 @@ void MainWindow::BuildSearch(QVBoxLayout& column) {
   busy->setRange(0, 0);
   busy->setTextVisible(false);
   busy->setFixedSize(96, 6);
-  searchCancel_ = new QPushButton(Shown(Captions::kCancel), searchLine_);
+  auto* cancel = new QPushButton(Shown(Captions::kCancel), searchLine_);
   line->addWidget(searchPlace_, 1);
   line->addWidget(busy);
-  line->addWidget(searchCancel_);
+  line->addWidget(cancel);
   searchLine_->hide();
   column.addWidget(searchLine_);
-  connect(searchCancel_, &QPushButton::clicked, this, [this] { mySpotlightSearch.Finish(); });
+  connect(cancel, &QPushButton::clicked, this, [this] { mySpotlightSearch.Finish(); });
 }
 
 void MainWindow::WireSearch() {
@@ -347,9 +342,11 @@ void MainWindow::WireSearch() {
   mySpotlightSearch.Progress = [this](const std::string& folder, int found) {
     const QString text = ToQString(WithPlaceholders(
         kSearching.Text(), {{"<folder>", EnsureUTF8(folder)}, {"<x>", std::to_string(found)}}));
+    // Its width counts from the first report on.
+    searchLine_->show();
+    browserPart_->layout()->activate();
     searchPlace_->setText(
         searchPlace_->fontMetrics().elidedText(text, Qt::ElideMiddle, searchPlace_->width()));
-    searchLine_->show();
   };
 }
 

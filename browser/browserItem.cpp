@@ -54,4 +54,18 @@ void browserItem::CreateIcon(IconSource& icons) {
   ConvertIconRefToPicture(icons);
 }
 
+std::vector<FolderItem> FilesOf(const BrowserPayload& payload) {
+  std::vector<FolderItem> files;
+  if (const auto* item = std::get_if<std::shared_ptr<browserItem>>(&payload)) {
+    if (const FolderItem file = (*item)->File()) files.push_back(file);
+  } else if (const auto* photo = std::get_if<std::shared_ptr<iPhotoItem>>(&payload)) {
+    if (const FolderItem file = (*photo)->File()) files.push_back(file);
+  } else if (const auto* roll = std::get_if<std::shared_ptr<iPhotoRoll>>(&payload)) {
+    for (const auto& entry : (*roll)->item) {
+      if (const FolderItem file = entry->File()) files.push_back(file);
+    }
+  }
+  return files;
+}
+
 }  // namespace brivolant

@@ -94,4 +94,7 @@ class browserItemCollection {
   std::vector<BrowserPayload> myItems;
 };
 
+/// The file or files that a payload stands for: none for what exists only here.
+std::vector<FolderItem> FilesOf(const BrowserPayload& payload);
+
 }  // namespace brivolant

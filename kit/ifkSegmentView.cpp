@@ -152,7 +152,8 @@ void ifkSegmentView::paintEvent(QPaintEvent*) {
       InterfaceKitSupport::DrawCaptionAndIcon(painter, rect, piece.Caption, piece.icon, kIcon, 1, 0,
                                               usable);
     }
-    if (i < Count()) {
+    // Colour parts enough beside the selected one.
+    if (i < Count() && !piece.Selected && !Segment(i + 1).Selected) {
       painter.fillRect(QRect(rect.right(), rect.top() + 6, 1, rect.height() - 12),
                        ifkColors::FrameActive());
     }

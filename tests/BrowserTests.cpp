@@ -10,6 +10,7 @@
 #include <QThread>
 
 #include "Helpers.h"
+#include "browser/FilePreview.h"
 #include "browser/FolderLister.h"
 #include "browser/browserThumbnailGetter.h"
 #include "files/NaturalOrder.h"
@@ -20,6 +21,7 @@ namespace brivolant::test {
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 FolderItem WriteJpeg(const FolderItem& file, int width = 400, int height = 300) {
   const std::array<EncodeImage, 1> image{{{TestPicture(width, height), 0.9}}};
@@ -273,6 +275,46 @@ TEST(ThumbnailGetter, MemoryIsBoundedAndWhatIsInViewStays) {
                                  [](const auto& item) { return item->image.isNull(); });
   t.getter.InView({*gone});
   EXPECT_TRUE(Until([&] { return !(*gone)->image.isNull(); }));
+}
+
+TEST(PreviewLoader, OnlyTheLastIsDeliveredAndNoneOnceStopped) {
+  const TemporaryFolder folder;
+  auto previewer = std::make_shared<FilePreviewer>();
+  previewer->Own = [](const FolderItem& file, int, bool) -> std::optional<FilePreview> {
+    if (file.Name() == "own") return FilePreview{PlainPicture(3, 2, kWhite), {"Mine"}};
+    return std::nullopt;
+  };
+  std::vector<std::string> titles;
+  PreviewLoader loader(previewer);
+  loader.Loaded = [&](const FilePreview& preview) { titles.push_back(preview.Lines.front()); };
+  const FolderItem photo = WriteJpeg(folder.Child("large.jpg"), 2000, 1500);
+  loader.Load(photo, 1000, true);
+  loader.Load(folder.Write("notes.txt", "x"), 1000, true);
+  loader.Load(folder.Write("own", "x"), 1000, true);
+  EXPECT_TRUE(loader.Loading());
+  ASSERT_TRUE(Until([&] { return !loader.Loading(); }));
+  EXPECT_THAT(titles, ElementsAre("Mine"));
+  loader.Load(photo, 1000, true);
+  loader.Stop();
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(loader.Loading());
+  EXPECT_EQ(titles.size(), 1U);
+}
+
+TEST(FilePreview, SaysTheSizeOfThePhotoAsItStands) {
+  const TemporaryFolder folder;
+  const FilePreviewer previewer;
+  const FilePreview photo = previewer.Of(WriteJpeg(folder.Child("a.jpg"), 2400, 1800), 600, true);
+  EXPECT_EQ(photo.Lines.at(1), "JPEG image, 4.3 Megapixel (2400 x 1800)");
+  EXPECT_EQ(std::max(photo.Shown.Width(), photo.Shown.Height()), 600);
+  EXPECT_THAT(previewer.Of(folder.Child("a.jpg"), 600, false).Lines, IsEmpty());
+  // What is broken, and what is no picture, is named and left at that.
+  for (const char* name : {"broken.jpg", "notes.txt"}) {
+    const FilePreview other = previewer.Of(folder.Write(name, "words"), 600, true);
+    EXPECT_TRUE(other.Shown.IsNil());
+    EXPECT_EQ(other.Lines.size(), 2U);
+    EXPECT_EQ(other.Lines.front(), name);
+  }
 }
 
 TEST(FolderListing, ArrivesOnTheMainThreadAndNotAtAllOnceStopped) {

@@ -2,12 +2,10 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDropEvent>
-#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QScrollBar>
-#include <QToolTip>
 #include <QWheelEvent>
 #include <array>
 
@@ -62,14 +60,7 @@ std::array<QString, 2> LinesOf(const QString& text, const QFontMetrics& metrics,
 
 }  // namespace
 
-BrowserIconView::BrowserIconView(multiViewFileBrowser& browser)
-    : QAbstractScrollArea(&browser), browser_(browser) {
-  setFrameShape(QFrame::NoFrame);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-  setFocusPolicy(Qt::StrongFocus);
-  viewport()->setAcceptDrops(true);
-}
+BrowserIconView::BrowserIconView(multiViewFileBrowser& browser) : BrowserView(browser) {}
 
 QFont BrowserIconView::TextFont() const {
   // The desktop's font is the middle size.
@@ -124,10 +115,6 @@ void BrowserIconView::ScrollTo(int row) {
   verticalScrollBar()->setValue(Grid().ScrollTo(row));
 }
 
-void BrowserIconView::scrollContentsBy(int, int) {
-  viewport()->update();
-}
-
 void BrowserIconView::resizeEvent(QResizeEvent*) {
   UpdateScrollBar();
 }
@@ -143,16 +130,6 @@ void BrowserIconView::UpdateSelectionFromRect(const QRect& rect) {
     browser_.Rows().Select(
         i, grid.Meets(i, rect.left(), rect.top(), rect.right() + 1, rect.bottom() + 1));
   }
-}
-
-bool BrowserIconView::viewportEvent(QEvent* event) {
-  if (event->type() == QEvent::ToolTip) {
-    const auto* help = static_cast<QHelpEvent*>(event);
-    QToolTip::showText(help->globalPos(),
-                       browser_.TipOf(itemInIconViewAtXY(help->pos().x(), help->pos().y())), this);
-    return true;
-  }
-  return QAbstractScrollArea::viewportEvent(event);
 }
 
 void BrowserIconView::paintEvent(QPaintEvent*) {
@@ -333,25 +310,6 @@ void BrowserIconView::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
   browser_.Drop(*event->mimeData(), itemInIconViewAtXY(at.x(), at.y()));
   viewport()->update();
-}
-
-int BrowserIconView::AccessibleCount() const {
-  return browser_.Count();
-}
-
-AccessibleItem BrowserIconView::AccessibleAt(int index) const {
-  const QRect cell = CellRect(index).translated(viewport()->pos());
-  return browser_.DescribeRow(index, cell);
-}
-
-void BrowserIconView::PressAccessible(int index) {
-  browser_.PressRow(index, {});
-  ScrollTo(index);
-}
-
-int BrowserIconView::AccessibleIndexAt(const QPoint& at) const {
-  const QPoint inside = at - viewport()->pos();
-  return itemInIconViewAtXY(inside.x(), inside.y());
 }
 
 }  // namespace brivolant

@@ -2,12 +2,10 @@
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QHeaderView>
-#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStandardItemModel>
-#include <QToolTip>
 
 #include "browser/ui/BrowserViews.h"
 #include "browser/ui/multiViewFileBrowser.h"
@@ -21,17 +19,47 @@ constexpr int kRow = 24;
 constexpr int kTallRow = 40;
 constexpr int kDragDistance = 5;
 
+/// Flat headings whose words stand above those of the rows.
+class Headings final : public QHeaderView {
+ public:
+  explicit Headings(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
+
+ protected:
+  void paintSection(QPainter* painter, const QRect& rect, int column) const override {
+    painter->fillRect(rect, ifkColors::FillColor());
+    painter->setPen(ifkColors::FrameActive());
+    painter->drawLine(rect.bottomLeft(), rect.bottomRight());
+    painter->drawLine(rect.topRight() + QPoint(0, 6), rect.bottomRight() - QPoint(0, 6));
+    const bool sorted = sortIndicatorSection() == column;
+    QRect room = rect.adjusted(kPadding, 0, -kPadding, 0);
+    if (sorted) {
+      painter->save();
+      painter->setRenderHint(QPainter::Antialiasing);
+      painter->setPen(QPen(ifkColors::TextActive(), 1.4, Qt::SolidLine, Qt::RoundCap));
+      const QPointF tip(room.right() - 4, rect.center().y() + 0.5);
+      const double up = sortIndicatorOrder() == Qt::AscendingOrder ? 2 : -2;
+      painter->drawLine(tip + QPointF(-4, up), tip - QPointF(0, up));
+      painter->drawLine(tip + QPointF(4, up), tip - QPointF(0, up));
+      painter->restore();
+      room.setRight(room.right() - 14);
+    }
+    painter->setPen(sorted ? ifkColors::TextActive() : ifkColors::TextDisabled());
+    const QString text = model()->headerData(column, Qt::Horizontal).toString();
+    const bool number = column == BrowserRows::kSizeColumn;
+    painter->drawText(room, number ? Qt::AlignRight | Qt::AlignVCenter : defaultAlignment(),
+                      painter->fontMetrics().elidedText(text, Qt::ElideRight, room.width()));
+  }
+
+ private:
+  static constexpr int kPadding = 8;
+};
+
 }  // namespace
 
 BrowserListView::BrowserListView(multiViewFileBrowser& browser)
-    : QAbstractScrollArea(&browser),
-      browser_(browser),
+    : BrowserView(browser),
       headings_(new QStandardItemModel(0, 4, this)),
-      header_(new QHeaderView(Qt::Horizontal, this)) {
-  setFrameShape(QFrame::NoFrame);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setFocusPolicy(Qt::StrongFocus);
-  viewport()->setAcceptDrops(true);
+      header_(new Headings(this)) {
   const std::array<const LocalizedText*, 4> texts{&BrowserRows::kName, &BrowserRows::kKind,
                                                   &BrowserRows::kFileSize, &BrowserRows::kModDate};
   for (int i = 0; i < 4; ++i) {
@@ -118,19 +146,6 @@ void BrowserListView::resizeEvent(QResizeEvent*) {
   UpdateScrollBar();
 }
 
-void BrowserListView::scrollContentsBy(int, int) {
-  viewport()->update();
-}
-
-bool BrowserListView::viewportEvent(QEvent* event) {
-  if (event->type() == QEvent::ToolTip) {
-    const auto* help = static_cast<QHelpEvent*>(event);
-    QToolTip::showText(help->globalPos(), browser_.TipOf(RowAt(help->pos().y())), this);
-    return true;
-  }
-  return QAbstractScrollArea::viewportEvent(event);
-}
-
 void BrowserListView::paintEvent(QPaintEvent*) {
   QPainter painter(viewport());
   const int height = RowHeight();
@@ -174,9 +189,9 @@ void BrowserListView::PaintRow(QPainter& painter, int row) {
     const QRect cell(header_->sectionViewportPosition(column) + inset, rect.top(),
                      header_->sectionSize(column) - inset - 5, rect.height());
     painter.setPen(column == 0 || selected ? text : ifkColors::TextDisabled());
-    const Qt::Alignment side2 = column == BrowserRows::kSizeColumn ? Qt::AlignRight : Qt::AlignLeft;
+    const Qt::Alignment edge = column == BrowserRows::kSizeColumn ? Qt::AlignRight : Qt::AlignLeft;
     const QString shown = ToQString(browser_.Rows().ShownText(row, column));
-    painter.drawText(cell, static_cast<int>(side2 | Qt::AlignVCenter),
+    painter.drawText(cell, static_cast<int>(edge | Qt::AlignVCenter),
                      painter.fontMetrics().elidedText(shown, Qt::ElideMiddle, cell.width()));
   }
   if (hasFocus() && row == browser_.ListIndex() && !selected) {
@@ -230,23 +245,6 @@ void BrowserListView::dragMoveEvent(QDragMoveEvent* event) {
 void BrowserListView::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
   browser_.Drop(*event->mimeData(), RowAt(event->position().toPoint().y()));
-}
-
-int BrowserListView::AccessibleCount() const {
-  return browser_.Count();
-}
-
-AccessibleItem BrowserListView::AccessibleAt(int index) const {
-  return browser_.DescribeRow(index, RowRect(index).translated(viewport()->pos()));
-}
-
-void BrowserListView::PressAccessible(int index) {
-  browser_.PressRow(index, {});
-  ScrollTo(index);
-}
-
-int BrowserListView::AccessibleIndexAt(const QPoint& at) const {
-  return RowAt(at.y() - viewport()->y());
 }
 
 }  // namespace brivolant

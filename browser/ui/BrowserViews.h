@@ -16,20 +16,15 @@ namespace brivolant {
 
 class multiViewFileBrowser;
 
-/// The grid of icons.
-class BrowserIconView final : public QAbstractScrollArea, public AccessibleItems {
+/// What both views of the rows have in common.
+class BrowserView : public QAbstractScrollArea, public AccessibleItems {
  public:
-  explicit BrowserIconView(multiViewFileBrowser& browser);
-  IconGrid Grid() const;
+  explicit BrowserView(multiViewFileBrowser& browser);
   /// The row at a position of the viewport, or -1.
-  int itemInIconViewAtXY(int x, int y) const { return Grid().IndexAt(x, y); }
-  QRect CellRect(int row) const;
-  /// Where the first line of the name is.
-  QRect LabelRect(int row) const;
-  void ScrollTo(int row);
-  void UpdateScrollBar();
-  int RowsPerPage() const;
-  int IconsPerRow() const { return Grid().IconsPerRow(); }
+  virtual int RowAtPoint(const QPoint& at) const = 0;
+  /// Where a row is, in the viewport.
+  virtual QRect PlaceOf(int row) const = 0;
+  virtual void ScrollTo(int row) = 0;
 
   int AccessibleCount() const override;
   AccessibleItem AccessibleAt(int index) const override;
@@ -38,6 +33,29 @@ class BrowserIconView final : public QAbstractScrollArea, public AccessibleItems
 
  protected:
   bool viewportEvent(QEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+
+  multiViewFileBrowser& browser_;
+};
+
+/// The grid of icons.
+class BrowserIconView final : public BrowserView {
+ public:
+  explicit BrowserIconView(multiViewFileBrowser& browser);
+  IconGrid Grid() const;
+  /// The row at a position of the viewport, or -1.
+  int itemInIconViewAtXY(int x, int y) const { return Grid().IndexAt(x, y); }
+  QRect CellRect(int row) const;
+  int RowAtPoint(const QPoint& at) const override { return itemInIconViewAtXY(at.x(), at.y()); }
+  QRect PlaceOf(int row) const override { return CellRect(row); }
+  /// Where the first line of the name is.
+  QRect LabelRect(int row) const;
+  void ScrollTo(int row) override;
+  void UpdateScrollBar();
+  int RowsPerPage() const;
+  int IconsPerRow() const { return Grid().IconsPerRow(); }
+
+ protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -51,7 +69,6 @@ class BrowserIconView final : public QAbstractScrollArea, public AccessibleItems
   void dragMoveEvent(QDragMoveEvent* event) override;
   void dragLeaveEvent(QDragLeaveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
-  void scrollContentsBy(int dx, int dy) override;
 
  private:
   enum DragMode { kNoDrag = 0, kRubberBand = 1, kItemPressed = 2, kEmptyPressed = 3 };
@@ -60,7 +77,6 @@ class BrowserIconView final : public QAbstractScrollArea, public AccessibleItems
   void UpdateSelectionFromRect(const QRect& rect);
   void PaintCell(QPainter& painter, int row);
 
-  multiViewFileBrowser& browser_;
   int iconViewDragMode = kNoDrag;
   QPoint LastMousePos;
   /// In the coordinates of all cells, so that the band grows while the view scrolls.
@@ -70,28 +86,24 @@ class BrowserIconView final : public QAbstractScrollArea, public AccessibleItems
 };
 
 /// The sortable list.
-class BrowserListView final : public QAbstractScrollArea, public AccessibleItems {
+class BrowserListView final : public BrowserView {
  public:
   explicit BrowserListView(multiViewFileBrowser& browser);
   ~BrowserListView() override;
   int RowAt(int y) const;
   QRect RowRect(int row) const;
+  int RowAtPoint(const QPoint& at) const override { return RowAt(at.y()); }
+  QRect PlaceOf(int row) const override { return RowRect(row); }
   /// Where the name is.
   QRect NameRect(int row) const;
-  void ScrollTo(int row);
+  void ScrollTo(int row) override;
   void UpdateScrollBar();
   void ShowOrder(int column, bool descending);
   int RowsPerPage() const;
   int RowHeight() const;
   QHeaderView& Header() { return *header_; }
 
-  int AccessibleCount() const override;
-  AccessibleItem AccessibleAt(int index) const override;
-  void PressAccessible(int index) override;
-  int AccessibleIndexAt(const QPoint& at) const override;
-
  protected:
-  bool viewportEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -102,13 +114,11 @@ class BrowserListView final : public QAbstractScrollArea, public AccessibleItems
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dragMoveEvent(QDragMoveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
-  void scrollContentsBy(int dx, int dy) override;
 
  private:
   void PaintRow(QPainter& painter, int row);
   void PlaceHeader();
 
-  multiViewFileBrowser& browser_;
   QStandardItemModel* headings_;
   QHeaderView* header_;
   QPoint pressed_;

@@ -3,17 +3,9 @@
 
 #include <unistd.h>
 
-#include <QApplication>
-#include <QDrag>
 #include <QFile>
 #include <QFileSystemWatcher>
-#include <QKeyEvent>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMimeData>
-#include <QPainter>
 #include <QScrollBar>
-#include <QUrl>
 #include <algorithm>
 
 #include "browser/SearchText.h"
@@ -23,7 +15,6 @@
 #include "files/FolderitemExtensions.h"
 #include "kit/DesktopServices.h"
 #include "kit/InterfaceKitSupport.h"
-#include "kit/ifkColors.h"
 #include "kit/ifkSplitter.h"
 
 namespace brivolant {
@@ -55,29 +46,33 @@ const void* IdOf(const BrowserPayload& payload) {
       payload);
 }
 
-QImage ImageOf(const BrowserPayload& payload) {
-  if (const auto* item = std::get_if<std::shared_ptr<browserItem>>(&payload)) return (*item)->image;
-  std::shared_ptr<iPhotoItem> photo;
-  if (const auto* own = std::get_if<std::shared_ptr<iPhotoItem>>(&payload)) photo = *own;
-  if (const auto* roll = std::get_if<std::shared_ptr<iPhotoRoll>>(&payload)) {
-    photo = (*roll)->FirstItem();
-  }
-  return photo == nullptr ? QImage() : ImageFromPicture(photo->DynamicPreview());
+/// The photo of a library whose preview stands for a payload; null for any other payload.
+std::shared_ptr<iPhotoItem> PhotoOf(const BrowserPayload& payload) {
+  if (const auto* photo = std::get_if<std::shared_ptr<iPhotoItem>>(&payload)) return *photo;
+  const auto* roll = std::get_if<std::shared_ptr<iPhotoRoll>>(&payload);
+  return roll == nullptr ? nullptr : (*roll)->FirstItem();
 }
 
-/// The file or files that a payload stands for.
-std::vector<FolderItem> FilesOf(const BrowserPayload& payload) {
-  std::vector<FolderItem> files;
-  if (const auto* item = std::get_if<std::shared_ptr<browserItem>>(&payload)) {
-    if (const FolderItem file = (*item)->File()) files.push_back(file);
-  } else if (const auto* photo = std::get_if<std::shared_ptr<iPhotoItem>>(&payload)) {
-    if (const FolderItem file = (*photo)->File()) files.push_back(file);
-  } else if (const auto* roll = std::get_if<std::shared_ptr<iPhotoRoll>>(&payload)) {
-    for (const auto& entry : (*roll)->item) {
-      if (const FolderItem file = entry->File()) files.push_back(file);
-    }
-  }
-  return files;
+QImage ImageOf(const BrowserPayload& payload) {
+  if (const auto* item = std::get_if<std::shared_ptr<browserItem>>(&payload)) return (*item)->image;
+  const std::shared_ptr<iPhotoItem> photo = PhotoOf(payload);
+  if (!photo) return {};
+  QImage image = ImageFromPicture(photo->DynamicPreview());
+  // Only what is drawn of it is kept, and of that no more than a few screens.
+  photo->DisposeDynamicPreview();
+  return image;
+}
+
+/// The image within a square of `side` units; small ones are not blown up beyond their pixels.
+QPixmap Fitted(const QImage& image, int side, double ratio) {
+  if (image.isNull()) return {};
+  const QSize fitted = image.size().scaled(QSize(side, side) * ratio, Qt::KeepAspectRatio);
+  QPixmap pixmap = QPixmap::fromImage(
+      fitted.width() >= image.width()
+          ? image
+          : image.scaled(fitted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+  pixmap.setDevicePixelRatio(ratio);
+  return pixmap;
 }
 
 /// The bar asks nobody anything.
@@ -87,35 +82,6 @@ Dialogs& Silence() {
   };
   static Silent silent;
   return silent;
-}
-
-/// The dragged picture with the number of files in its corner.
-QPixmap DragPicture(const QPixmap& picture, int count) {
-  if (count < 2) return picture;
-  const double ratio = picture.devicePixelRatio();
-  const QString text = QString::number(count);
-  QFont font;
-  font.setBold(true);
-  const QFontMetrics metrics(font);
-  const int height = metrics.height() + 6;
-  const int width = std::max(metrics.horizontalAdvance(text) + 12, height);
-  const QSize size = (QSizeF(picture.size()) / ratio).toSize();
-  QPixmap badged(QSize(size.width() + width / 2, size.height() + height / 2) * ratio);
-  badged.setDevicePixelRatio(ratio);
-  badged.fill(Qt::transparent);
-  QPainter painter(&badged);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.drawPixmap(0, height / 2, picture);
-  const QRectF badge(size.width() - width / 2.0, 0, width, height);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(QColor(0, 0, 0, 90));
-  painter.drawRoundedRect(badge.translated(0, 1), height / 2.0, height / 2.0);
-  painter.setBrush(QColor(0xD9, 0x2D, 0x20));
-  painter.drawRoundedRect(badge, height / 2.0, height / 2.0);
-  painter.setFont(font);
-  painter.setPen(Qt::white);
-  painter.drawText(badge, Qt::AlignCenter, text);
-  return badged;
 }
 
 }  // namespace
@@ -244,10 +210,6 @@ void multiViewFileBrowser::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
 }
 
-void multiViewFileBrowser::focusInEvent(QFocusEvent* event) {
-  QWidget::focusInEvent(event);
-}
-
 void multiViewFileBrowser::Update() {
   icons_->viewport()->update();
   list_->viewport()->update();
@@ -275,6 +237,8 @@ void multiViewFileBrowser::DisplayItem(const Container& value) {
   }
   if (!reloading_) {
     before_.clear();
+    scaled_.clear();
+    scaledAt_.clear();
     icons_->verticalScrollBar()->setValue(0);
     list_->verticalScrollBar()->setValue(0);
     anchor_ = -1;
@@ -375,35 +339,32 @@ void multiViewFileBrowser::RowsInView(int first, int end) {
 
 QPixmap multiViewFileBrowser::CellPicture(int row, int side) {
   const BrowserPayload& payload = item(row);
-  const QImage image = ImageOf(payload);
   const double ratio = devicePixelRatioF();
-  if (image.isNull()) return FileIcons::For(payload, side, ratio);
+  const auto entry = rows_.Item(row);
+  if (entry ? entry->image.isNull() : PhotoOf(payload) == nullptr) {
+    return FileIcons::For(payload, side, ratio);
+  }
+  // The preview of a library's photo never changes: it is read once, even if there is none.
+  const qint64 stamp = entry ? entry->image.cacheKey() : 0;
   const void* id = IdOf(payload);
   const auto known = scaledAt_.find(id);
-  if (known != scaledAt_.end() && known->second->second.of == image.cacheKey() &&
-      known->second->second.side == side) {
-    scaled_.splice(scaled_.end(), scaled_, known->second);
-    return known->second->second.pixmap;
-  }
-  const QSize room = QSize(side, side) * ratio;
-  const QSize fitted = image.size().scaled(room, Qt::KeepAspectRatio);
-  // Small pictures are not blown up beyond their pixels.
-  const QSize size = fitted.width() > image.width() ? image.size() : fitted;
-  QPixmap pixmap = QPixmap::fromImage(
-      size == image.size() ? image
-                           : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-  pixmap.setDevicePixelRatio(ratio);
   if (known != scaledAt_.end()) {
+    const Scaled& scaled = known->second->second;
+    if (scaled.of == stamp && scaled.side == side) {
+      scaled_.splice(scaled_.end(), scaled_, known->second);
+      return scaled.pixmap.isNull() ? FileIcons::For(payload, side, ratio) : scaled.pixmap;
+    }
     scaled_.erase(known->second);
     scaledAt_.erase(known);
   }
-  scaled_.emplace_back(id, Scaled{image.cacheKey(), side, pixmap});
+  const QPixmap pixmap = Fitted(ImageOf(payload), side, ratio);
+  scaled_.emplace_back(id, Scaled{stamp, side, pixmap});
   scaledAt_[id] = std::prev(scaled_.end());
   while (scaled_.size() > kScaledKept) {
     scaledAt_.erase(scaled_.front().first);
     scaled_.pop_front();
   }
-  return pixmap;
+  return pixmap.isNull() ? FileIcons::For(payload, side, ratio) : pixmap;
 }
 
 // The selection.
@@ -556,257 +517,12 @@ void multiViewFileBrowser::Sort(int column, bool descending) {
   if (changed && Sorted) Sorted();
 }
 
-bool multiViewFileBrowser::CanRename() const {
-  if (rows_.SelectedCount() != 1) return false;
-  const auto item = rows_.Item(rows_.SelectedRows().front());
-  return item && std::holds_alternative<FolderItem>(item->item);
-}
-
-void multiViewFileBrowser::BeginRename() {
-  if (!CanRename() || !RenameItem) return;
-  EndRename(false);
-  const int row = rows_.SelectedRows().front();
-  ScrollTo(row);
-  renamed_ = rows_.Item(row);
-  const bool list = intMode == kListView;
-  QWidget* view = list ? list_->viewport() : icons_->viewport();
-  rename_ = new QLineEdit(ToQString(renamed_->Name), view);
-  rename_->installEventFilter(this);
-  const QRect place = list ? list_->NameRect(row) : icons_->LabelRect(row);
-  const int height = rename_->sizeHint().height();
-  rename_->setGeometry(place.left(), place.center().y() - height / 2, place.width(), height);
-  if (!list) rename_->setAlignment(Qt::AlignHCenter);
-  rename_->show();
-  rename_->setFocus();
-  // The extension stays unless one means to change it.
-  const bool folder = renamed_->Facts && renamed_->Facts->Is == FileFacts::kFolder;
-  const auto dot = rename_->text().lastIndexOf(QLatin1Char('.'));
-  if (dot > 0 && !folder) {
-    rename_->setSelection(0, static_cast<int>(dot));
-  } else {
-    rename_->selectAll();
-  }
-}
-
-void multiViewFileBrowser::EndRename(bool take) {
-  if (rename_ == nullptr) return;
-  QLineEdit* field = std::exchange(rename_, nullptr);
-  const auto item = std::exchange(renamed_, nullptr);
-  const std::string name = field->text().trimmed().toStdString();
-  const bool focused = field->hasFocus();
-  field->hide();
-  field->deleteLater();
-  if (focused) setFocus();
-  if (take && RenameItem && name != item->Name) RenameItem(*item, name);
-}
-
-bool multiViewFileBrowser::eventFilter(QObject* watched, QEvent* event) {
-  if (watched != rename_ || rename_ == nullptr) return QWidget::eventFilter(watched, event);
-  if (event->type() == QEvent::FocusOut) {
-    EndRename(static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason);
-  } else if (event->type() == QEvent::KeyPress) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape) {
-      EndRename(key != Qt::Key_Escape);
-      return true;
-    }
-  }
-  return QWidget::eventFilter(watched, event);
-}
-
 void multiViewFileBrowser::ScrollTo(int row) {
   if (intMode == kListView) {
     list_->ScrollTo(row);
   } else {
     icons_->ScrollTo(row);
   }
-}
-
-void multiViewFileBrowser::PressRow(int row, Qt::KeyboardModifiers modifiers) {
-  if (modifiers.testFlag(Qt::ControlModifier) && AllowMultiSelect) {
-    if (row < 0) return;
-    rows_.Select(row, !rows_.Selected(row));
-    rows_.MoveTo(row);
-    anchor_ = row;
-    return RaiseSelectionChanged();
-  }
-  if (modifiers.testFlag(Qt::ShiftModifier) && row >= 0 && rows_.SelectedCount() > 0 &&
-      AllowMultiSelect) {
-    const int first = rows_.SelectedRows().front();
-    for (int i = std::min(first, row); i <= std::max(first, row); ++i) rows_.Select(i, true);
-    rows_.MoveTo(row);
-    return RaiseSelectionChanged();
-  }
-  // A press on one of several selected rows may become a drag of all of them.
-  if (row >= 0 && rows_.Selected(row)) {
-    rows_.MoveTo(row);
-    return Update();
-  }
-  if (row < 0 && rows_.SelectedCount() == 0) return Update();
-  rows_.ListIndex(row);
-  anchor_ = row;
-  RaiseSelectionChanged();
-}
-
-void multiViewFileBrowser::MoveTo(int row, bool extend) {
-  if (rows_.Count() == 0) return;
-  const int target = std::clamp(row, 0, rows_.Count() - 1);
-  if (extend && AllowMultiSelect) {
-    if (anchor_ < 0) anchor_ = std::max(rows_.ListIndex(), 0);
-    rows_.SelectAll(false);
-    for (int i = std::min(anchor_, target); i <= std::max(anchor_, target); ++i) {
-      rows_.Select(i, true);
-    }
-    rows_.MoveTo(target);
-  } else {
-    rows_.ListIndex(target);
-    anchor_ = target;
-  }
-  ScrollTo(target);
-  RaiseSelectionChanged();
-}
-
-void multiViewFileBrowser::TypeAhead(const QString& text) {
-  // The same letter again goes on to the next name that begins with it.
-  const bool same = typed_.size() == 1 && typed_ == text;
-  if (!same) typed_ += text;
-  typing_.start();
-  const int from = same ? rows_.ListIndex() + 1 : std::max(rows_.ListIndex(), 0);
-  for (int i = 0; i < rows_.Count(); ++i) {
-    const int row = (typed_.size() == 1 && !same ? i : from + i) % rows_.Count();
-    if (ToQString(rows_.Name(row)).startsWith(typed_, Qt::CaseInsensitive)) {
-      return MoveTo(row, false);
-    }
-  }
-}
-
-bool multiViewFileBrowser::HandleSideButton(Qt::MouseButton button) {
-  if ((button != Qt::BackButton && button != Qt::ForwardButton) || !Navigate) return false;
-  Navigate(button == Qt::BackButton ? -1 : 1);
-  return true;
-}
-
-bool multiViewFileBrowser::HandleKey(QKeyEvent& event, int rowsPerPage, int perRow) {
-  const int row = rows_.ListIndex();
-  const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
-  if (event.modifiers().testFlag(Qt::ControlModifier) ||
-      event.modifiers().testFlag(Qt::AltModifier)) {
-    if (event.key() == Qt::Key_Up && ShowEnclosing) return ShowEnclosing(), true;
-    const bool sideways = event.key() == Qt::Key_Left || event.key() == Qt::Key_Right;
-    if (sideways && event.modifiers().testFlag(Qt::AltModifier) && Navigate) {
-      return Navigate(event.key() == Qt::Key_Left ? -1 : 1), true;
-    }
-    if (event.key() == Qt::Key_Down && row >= 0 && rows_.Selected(row)) {
-      const BrowserPayload payload = item(row);
-      if (OpenItem) OpenItem(payload);
-      return true;
-    }
-    return false;
-  }
-  switch (event.key()) {
-    case Qt::Key_Left:
-      return perRow == 1 ? false : (MoveTo(row - 1, shift), true);
-    case Qt::Key_Right:
-      return perRow == 1 ? false : (MoveTo(row + 1, shift), true);
-    case Qt::Key_Up:
-      return MoveTo(std::max(row - perRow, 0), shift), true;
-    case Qt::Key_Down:
-      return MoveTo(row < 0 ? 0 : row + perRow, shift), true;
-    case Qt::Key_PageUp:
-      return MoveTo(row - perRow * rowsPerPage, shift), true;
-    case Qt::Key_PageDown:
-      return MoveTo(row + perRow * rowsPerPage, shift), true;
-    case Qt::Key_Home:
-      return MoveTo(0, shift), true;
-    case Qt::Key_End:
-      return MoveTo(rows_.Count() - 1, shift), true;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      if (row >= 0 && OpenItem) {
-        const BrowserPayload payload = item(row);
-        OpenItem(payload);
-      }
-      return true;
-    case Qt::Key_Delete:
-      if (TrashAction) TrashAction();
-      return true;
-    case Qt::Key_Backspace:
-      if (ShowEnclosing) ShowEnclosing();
-      return true;
-    case Qt::Key_Space:
-      if (typed_.isEmpty()) {
-        if (QuickLookAction) QuickLookAction();
-        return true;
-      }
-      [[fallthrough]];
-    default:
-      break;
-  }
-  const QString text = event.text();
-  if (text.isEmpty() || !text.front().isPrint()) return false;
-  TypeAhead(text);
-  return true;
-}
-
-// Drags and menus.
-
-std::unique_ptr<QMimeData> multiViewFileBrowser::DragData() const {
-  QList<QUrl> urls;
-  for (const int row : rows_.SelectedRows()) {
-    for (const FolderItem& file : FilesOf(item(row))) {
-      urls << QUrl::fromLocalFile(QFile::decodeName(file.Path().c_str()));
-    }
-  }
-  if (urls.isEmpty()) return nullptr;
-  auto data = std::make_unique<QMimeData>();
-  data->setUrls(urls);
-  return data;
-}
-
-QPixmap multiViewFileBrowser::DragImage(int count) {
-  constexpr int kDragged = 96;
-  for (const int row : rows_.SelectedRows()) {
-    const QPixmap picture = CellPicture(row, kDragged);
-    if (!picture.isNull()) return DragPicture(picture, count);
-  }
-  return {};
-}
-
-void multiViewFileBrowser::StartDrag() {
-  std::unique_ptr<QMimeData> data = DragData();
-  if (!data) return;
-  const QPixmap picture = DragImage(static_cast<int>(data->urls().size()));
-  auto* drag = new QDrag(this);
-  drag->setMimeData(data.release());
-  drag->setPixmap(picture);
-  const QSizeF size = QSizeF(picture.size()) / picture.devicePixelRatio();
-  drag->setHotSpot(QPoint(static_cast<int>(size.width() / 4), static_cast<int>(size.height() / 2)));
-  drag->exec(Qt::CopyAction | Qt::LinkAction, Qt::CopyAction);
-}
-
-void multiViewFileBrowser::ShowMenu(const QPoint& global) {
-  QMenu menu;
-  if (ConstructContextualMenu && ConstructContextualMenu(menu)) menu.exec(global);
-}
-
-FolderItem multiViewFileBrowser::DropTarget(int row) const {
-  if (row >= 0) {
-    const auto target = rows_.Item(row);
-    const bool folder = target && target->Facts && target->Facts->Is == FileFacts::kFolder;
-    // What is dragged cannot go into itself.
-    if (folder && !rows_.Selected(row)) return target->File();
-  }
-  return CurrentFolder();
-}
-
-bool multiViewFileBrowser::AcceptsDrop(const QMimeData& data) const {
-  return data.hasUrls() && FilesDropped != nullptr;
-}
-
-void multiViewFileBrowser::Drop(const QMimeData& data, int row) {
-  const FolderItem folder = DropTarget(row);
-  const DragItem item = TakeDrag(data);
-  if (folder && !item.Files.empty() && FilesDropped) FilesDropped(item.Files, folder);
 }
 
 }  // namespace brivolant

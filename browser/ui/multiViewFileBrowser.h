@@ -174,7 +174,6 @@ class multiViewFileBrowser final : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
-  void focusInEvent(QFocusEvent* event) override;
 
  private:
   struct Scaled {

@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QTest>
@@ -443,6 +444,22 @@ TEST(Browser, AFolderThatVanishesGivesWayToTheOneAround) {
   ASSERT_TRUE(Until([&] { return !program.Browser().Listing(); }));
   ASSERT_FALSE(program.Pictures().Child("Trip").DeleteFolder());
   EXPECT_TRUE(Until([&] { return program.Browser().CurrentFolder() == program.Pictures(); }));
+}
+
+TEST(Browser, MenusNameWhatTheyActOnAndForgetItAgain) {
+  Browsing program({"a & b.jpg", "c.jpg"});
+  const auto open = [&] { Q_EMIT program.Window().Menu().Submenu("EditMenu").aboutToShow(); };
+  Click(program.Grid(), program.Cell(0));
+  program.Choose("EditCopy");
+  open();
+  EXPECT_EQ(program.Menu("EditCopy").text(), QStringLiteral("&Copy \"a && b.jpg\""));
+  EXPECT_EQ(program.Menu("EditPaste").text(), QStringLiteral("&Paste \"a && b.jpg\""));
+  program.Choose("EditSelectAll");
+  EXPECT_EQ(program.Menu("EditCopy").text(), QStringLiteral("&Copy 2 Items"));
+  program.OpenPhoto(program.Pictures().Child("c.jpg"));
+  open();
+  EXPECT_EQ(program.Menu("EditPaste").text(), QStringLiteral("&Paste"));
+  EXPECT_EQ(program.Menu("EditCopy").text(), QStringLiteral("&Copy"));
 }
 
 TEST(Browser, BrokenFilesAndLinksLeaveTheWindowAlive) {

@@ -2,10 +2,12 @@
 // Finding photos by name and in the photo library.
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QTest>
+#include <algorithm>
 
 #include "BrowsingHelpers.h"
 #include "browser/ui/Sidebar.h"
@@ -126,6 +128,29 @@ TEST(Search, LeavingTheResultsEndsTheSearch) {
   EXPECT_EQ(program.Browser().CurrentFolder(), program.home.Item());
 }
 
+TEST(Search, TellsWhereItIsAndEndsWithWhatThereIs) {
+  Searching program({"a.jpg"});
+  program.SearchIn(QStringLiteral("Search Entire Computer"));
+  program.Type("nothing");
+  ASSERT_TRUE(program.Found());
+  // As the threads report it.
+  program.Window().mySpotlightSearch.Progress("/home/ann/Pictures", 3);
+  QPushButton* cancel = nullptr;
+  for (QPushButton* button : program.Window().findChildren<QPushButton*>()) {
+    if (button->text() == QStringLiteral("Cancel")) cancel = button;
+  }
+  ASSERT_NE(cancel, nullptr);
+  ASSERT_TRUE(cancel->isVisible());
+  const auto labels = program.Window().findChildren<QLabel*>();
+  EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
+    return label->text() == QStringLiteral("Searching /home/ann/Pictures (3 found)");
+  }));
+  program.Field().Text("a.jpg");
+  Click(*cancel);
+  ASSERT_TRUE(program.Found());
+  EXPECT_FALSE(cancel->isVisible());
+}
+
 TEST(Search, ComputerHoldsTheDisks) {
   Searching program({"a.jpg"});
   program.Window().DisplayContainer(FolderItem("/"));
@@ -189,6 +214,81 @@ TEST(Library, ItsAlbumsAndEventsShowAndTheirPhotosOpen) {
   Key(program.Window(), Qt::Key_Return);
   Settle();
   EXPECT_EQ(program.Document().Name, "At sea");
+}
+
+TEST(Library, PreviewsAreDrawnOnceAndNotKept) {
+  Searching program({});
+  const FolderItem photo = program.Photo("sea.jpg", 80, 60);
+  const auto item = std::make_shared<iPhotoItem>();
+  item->Caption = "At sea";
+  item->ImagePath = item->ThumbPath = photo.ShellPath();
+  const auto album = std::make_shared<iPhotoAlbum>();
+  album->item.emplace_back(item);
+  program.Window().DisplayContainer(album);
+  const auto drawn = [&](int side) {
+    const QImage image = program.Browser().CellPicture(0, side).toImage();
+    return image.width() * 3 == image.height() * 4;
+  };
+  EXPECT_TRUE(drawn(64));
+  ASSERT_FALSE(photo.Delete());
+  // What was drawn is there; the photo behind it was given back.
+  EXPECT_TRUE(drawn(64));
+  EXPECT_FALSE(drawn(48));
+  EXPECT_TRUE(item->DynamicPreview().IsNil());
+}
+
+TEST(SearchField, WithoutLiveSearchOnlyReturnTells) {
+  ifkSearchField field;
+  int told = 0;
+  field.TextChanged = [&] { ++told; };
+  field.resize(200, 30);
+  field.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&field));
+  field.MyEditField().setFocus();
+  QTest::keyClicks(&field.MyEditField(), QStringLiteral("sea"));
+  EXPECT_EQ(told, 0);
+  QTest::keyClick(&field.MyEditField(), Qt::Key_Return);
+  QTest::keyClick(&field.MyEditField(), Qt::Key_Return);
+  EXPECT_EQ(told, 2);
+  EXPECT_THAT(field.RecentSearches(), ElementsAre("sea", "sea"));
+  // The grey text is none of the field's.
+  QTest::keyClick(&field.MyEditField(), Qt::Key_Escape);
+  EXPECT_EQ(field.Text(), "");
+  EXPECT_EQ(field.MyEditField().placeholderText(), QStringLiteral("Search"));
+  // The owner may take the click that cancels.
+  field.Text("hill");
+  field.CancelClicked = [] { return true; };
+  QAction* cancel = field.MyEditField().actions().back();
+  ASSERT_TRUE(cancel->isVisible());
+  cancel->trigger();
+  EXPECT_EQ(field.Text(), "hill");
+  field.CancelClicked = nullptr;
+  cancel->trigger();
+  EXPECT_EQ(field.Text(), "");
+  EXPECT_EQ(told, 3);
+  EXPECT_FALSE(cancel->isVisible());
+}
+
+TEST(SearchField, MenuChoosesAndRepeatsEarlierSearches) {
+  ifkSearchField field;
+  field.useLiveSearch = true;
+  field.Menu = {{"Here", "HERE", {}, true, true, {}}, {"There", "THERE", {}, false, true, {}}};
+  field.RecentSearches({"sea & hill"});
+  std::string chosen;
+  field.MenuAction = [&](MenuItem& item) { chosen = item.Tag; };
+  const auto trigger = [&](const QString& text) {
+    QMenu* menu = field.MakeMenu();
+    for (QAction* action : menu->actions()) {
+      if (action->text() == text) action->trigger();
+    }
+    delete menu;
+  };
+  trigger(QStringLiteral("There"));
+  EXPECT_EQ(chosen, "THERE");
+  trigger(QStringLiteral("sea && hill"));
+  EXPECT_EQ(field.Text(), "sea & hill");
+  trigger(QStringLiteral("Clear Recent Searches"));
+  EXPECT_THAT(field.RecentSearches(), ElementsAre("sea & hill"));
 }
 
 }  // namespace

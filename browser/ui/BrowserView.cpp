@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include <QHelpEvent>
+#include <QToolTip>
+
+#include "browser/ui/BrowserViews.h"
+#include "browser/ui/multiViewFileBrowser.h"
+
+namespace brivolant {
+
+BrowserView::BrowserView(multiViewFileBrowser& browser)
+    : QAbstractScrollArea(&browser), browser_(browser) {
+  setFrameShape(QFrame::NoFrame);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setFocusPolicy(Qt::StrongFocus);
+  viewport()->setAcceptDrops(true);
+}
+
+void BrowserView::scrollContentsBy(int, int) {
+  viewport()->update();
+}
+
+bool BrowserView::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  QToolTip::showText(help->globalPos(), browser_.TipOf(RowAtPoint(help->pos())), this);
+  return true;
+}
+
+int BrowserView::AccessibleCount() const {
+  return browser_.Count();
+}
+
+AccessibleItem BrowserView::AccessibleAt(int index) const {
+  return browser_.DescribeRow(index, PlaceOf(index).translated(viewport()->pos()));
+}
+
+void BrowserView::PressAccessible(int index) {
+  browser_.PressRow(index, {});
+  ScrollTo(index);
+}
+
+int BrowserView::AccessibleIndexAt(const QPoint& at) const {
+  return RowAtPoint(at - viewport()->pos());
+}
+
+}  // namespace brivolant
