@@ -25,6 +25,7 @@
 #include "kit/InterfaceKitSupport.h"
 #include "kit/ifkFontComboBox.h"
 #include "kit/ifkSegmentView.h"
+#include "kit/ifkStaticText.h"
 #include "kit/ifkSlider.h"
 #include "sources/ThreadediPhotoReader.h"
 
@@ -100,6 +101,9 @@ void MainWindow::WireProcessor() {
         app_.Clipboard().Text(copied);
       };
     }
+  };
+  myProcessor->Warned = [this](const std::string&) {
+    infotext->Text(ToQString(getSimpleImageInfo()));
   };
   myProcessor->UpdateStarted = [this] {
     if (!myProcessor->nonLiveMode || app_.progressWindowOpen || !isVisible()) return;

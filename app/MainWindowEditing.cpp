@@ -128,8 +128,9 @@ void MainWindow::PastePicture() {
     app_.Dialogs().Message(error, {});
     return;
   }
-  Record({{"ProcessorStack", myProcessor->StyleData()}}, kUndoPaste.Text());
+  const std::string before = myProcessor->StyleData();
   if (!overlay->SetAsMyPicture(file)) return;
+  Record({{"ProcessorStack", before}}, kUndoPaste.Text());
   overlay->Enabled(true);
   // At the head of the stack, above everything else.
   myProcessor->ChangeItemOrder(myProcessor->ItemPositionViaID(kOverlay), 0);
@@ -305,7 +306,7 @@ void MainWindow::FullScreenMethod() {
   const QScreen* on = screen();
   const QSize pixels = on->size() * on->devicePixelRatio();
   const std::string style = myProcessor->StyleData();
-  const std::uint32_t seed = myProcessor->Seed();
+  const PastedFiles pasted = document_->PastedImages();
   Picture result;
   InBackground([&] {
     const Picture& original = document_->ImageOriginal();
@@ -322,8 +323,7 @@ void MainWindow::FullScreenMethod() {
     brivolantProcessorLite processor(EffectRegistry(), app_.Services());
     processor.Startup();
     processor.StyleData(style);
-    processor.Seed(seed);
-    result = processor.Process(std::move(source));
+    result = processor.Process(std::move(source), pasted);
   });
   if (!fullScreen_) {
     fullScreen_ = std::make_unique<QuickLookWindow>(NewFilePreviewer(), app_.Preferences());

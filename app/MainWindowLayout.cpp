@@ -251,6 +251,8 @@ void MainWindow::ShowHideEffects(bool visible) {
 
 std::string MainWindow::getSimpleImageInfo() {
   if (!document_) return {};
+  // What the picture lacks is worth more than its size.
+  if (!myProcessor->Warnings().empty()) return myProcessor->Warnings().front();
   int w = document_->Width();
   int h = document_->Height();
   if (w <= 0 || h <= 0) return {};

@@ -426,12 +426,14 @@ bool MainWindow::SaveACopyAs() {
   busy_ = true;
   const SaveAsCopy::Outcome outcome =
       SaveAsCopy::RunWithDialog({document_->Image(), myProcessor->StyleData(), chosen,
-                                 std::string(type.Identifier), quality, myProcessor->Seed()},
+                                 std::string(type.Identifier), quality, document_->PastedImages()},
                                 app_.Services(), *this, error);
   busy_ = false;
   if (outcome == SaveAsCopy::Outcome::kFailed) {
     app_.Dialogs().Message(
         WithPlaceholders(kNotSaved.Text(), {{"<filename>", chosen.DisplayName()}}), error);
+  } else if (!error.empty()) {
+    app_.Dialogs().Message(error, {});
   }
   return outcome == SaveAsCopy::Outcome::kDone;
 }

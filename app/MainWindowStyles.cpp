@@ -125,14 +125,14 @@ int MainWindow::TileSide() const {
 
 void MainWindow::RefreshTiles() {
   if (!tiles_) return;
-  if (!document_) return tiles_->Photo({}, 0);
+  if (!document_) return tiles_->Photo({}, {});
   const Picture& base = document_->PreviewBase;
   if (base.IsNil() || base.SharesPixelsWith(tilesOf_)) return;
   tilesOf_ = base;
   readyTiles_.clear();
   const int side = kTileDetail * TileSide();
   tiles_->Photo(SharedPictureEffects::Scale(base, side, side, SharedPictureEffects::kScaleToFit),
-                myProcessor->Seed());
+                document_->PastedImages());
   OrderTiles();
 }
 
@@ -162,7 +162,7 @@ void MainWindow::HoverStyle(int index) {
     return;
   }
   hoverID_ = style->ID;
-  hoverTile_->Photo(document_->PreviewBase, myProcessor->Seed());
+  hoverTile_->Photo(document_->PreviewBase, document_->PastedImages());
   hoverTile_->Render({{style->ID, style->StyleData}});
 }
 
@@ -175,10 +175,7 @@ bool MainWindow::ApplyOneClick(int index) {
   Record({{"OneClickSelection", myStylesBar->SelectedItem},
           {"ProcessorStack", myProcessor->StyleData()}},
          style->Name());
-  const std::uint32_t seed = myProcessor->Seed();
   myProcessor->Reset();
-  // What falls by dice falls as it did in the tile.
-  myProcessor->Seed(seed);
   myProcessor->StyleData(style->StyleData);
   myProcessor->ChangeStack(0);
   updateProcessorRelatedInterfaceElements();

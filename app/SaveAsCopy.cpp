@@ -43,9 +43,8 @@ Outcome Run(const Job& job, const Services& services, const std::function<bool(d
   brivolantProcessorLite processor(EffectRegistry(), services);
   processor.Startup();
   processor.StyleData(job.StyleData);
-  processor.Seed(job.Seed);
   processor.Progress = [&](double done) { return progress(done * kRendering); };
-  const Picture result = processor.Process(job.Source);
+  const Picture result = processor.Process(job.Source, job.Pasted);
   if (!progress(kRendering)) return Outcome::kCancelled;
   if (result.IsNil()) {
     error = CodecMessage(codecTexts::kNoMemory, job.File);
@@ -55,14 +54,20 @@ Outcome Run(const Job& job, const Services& services, const std::function<bool(d
   const std::array<EncodeImage, 1> images{{{result, job.Quality}}};
   error = EncodeImageFile(working, job.Type, images);
   if (!error.empty()) return Outcome::kFailed;
-  if (working == job.File) return Outcome::kDone;
+  const auto lacks = [&] {
+    for (const std::string& warning : processor.Warnings()) {
+      error += (error.empty() ? "" : " ") + warning;
+    }
+    return Outcome::kDone;
+  };
+  if (working == job.File) return lacks();
   // What stood there is not lost: it waits in the trash.
   if (!FolderitemExtensions::MoveToTrash(job.File) || working.MoveFileTo(job.File)) {
     (void)working.Delete();
     error = WithPlaceholders(kCannotReplace.Text(), {{"<filename>", job.File.DisplayName()}});
     return Outcome::kFailed;
   }
-  return Outcome::kDone;
+  return lacks();
 }
 
 Outcome RunWithDialog(const Job& job, const Services& services, QWidget& window,

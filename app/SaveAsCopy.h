@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "formats/PastedFiles.h"
 #include "platform/files/FolderItem.h"
 #include "platform/pictures/Picture.h"
 #include "platform/services/Services.h"
@@ -24,15 +25,15 @@ struct Job {
   std::string Type;
   /// 0 to 1.
   double Quality = 0.75;
-  /// Of the processor that shows the preview, so that what fell by dice falls alike.
-  std::uint32_t Seed = 1;
+  /// The document's pasted pictures.
+  PastedFiles Pasted;
 };
 
 enum class Outcome { kDone, kCancelled, kFailed };
 
 /// Renders and writes; call it on any thread. `progress` gets what is done, 0 to 1, and stops the
 /// work with false. A file that stands at the place goes to the trash once the new one is
-/// complete. `error` says why it failed.
+/// complete. `error` says why it failed, or what a finished copy lacks.
 Outcome Run(const Job& job, const Services& services, const std::function<bool(double)>& progress,
             std::string& error);
 

@@ -16,7 +16,7 @@ namespace brivolant {
 struct StyleTiles::Work {
   std::mutex mutex;
   Picture photo;
-  std::uint32_t seed = 1;
+  PastedFiles pasted;
   /// Counts photos: a tile of an earlier one is thrown away.
   int generation = 0;
   std::deque<Order> orders;
@@ -37,10 +37,10 @@ StyleTiles::~StyleTiles() {
   pool_->waitForDone();
 }
 
-void StyleTiles::Photo(const Picture& photo, std::uint32_t seed) {
+void StyleTiles::Photo(const Picture& photo, PastedFiles pasted) {
   const std::lock_guard lock(work_->mutex);
   work_->photo = photo;
-  work_->seed = seed;
+  work_->pasted = std::move(pasted);
   ++work_->generation;
   work_->orders.clear();
   work_->taken.clear();
@@ -79,6 +79,7 @@ void StyleTiles::Start() {
       for (;;) {
         Order order;
         Picture photo;
+        PastedFiles pasted;
         int generation = 0;
         {
           const std::lock_guard guard(work->mutex);
@@ -90,12 +91,12 @@ void StyleTiles::Start() {
           work->orders.pop_front();
           work->taken.insert(order.ID);
           photo = work->photo;
+          pasted = work->pasted;
           generation = work->generation;
-          processor.Reset();
-          processor.Seed(work->seed);
         }
+        processor.Reset();
         (void)processor.StyleData(order.StyleData);
-        const Picture tile = processor.Process(photo);
+        const Picture tile = processor.Process(photo, std::move(pasted));
         QMetaObject::invokeMethod(
             this,
             [this, generation, tile, id = order.ID] {

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "formats/PastedFiles.h"
 #include "platform/pictures/Picture.h"
 
 class QThreadPool;
@@ -30,8 +31,8 @@ class StyleTiles final : public QObject {
   StyleTiles();
   ~StyleTiles() override;
 
-  /// The photo from now on. Nil ends all work.
-  void Photo(const Picture& photo, std::uint32_t seed);
+  /// The photo from now on, and what was pasted into its document. Nil ends all work.
+  void Photo(const Picture& photo, PastedFiles pasted);
   /// Renders these, in their order, before anything ordered earlier. What is under way or done for
   /// this photo is not rendered again.
   void Render(const std::vector<Order>& orders);

@@ -59,7 +59,7 @@ double TimeOf(brivolantProcessorLite& processor, effectModule& module, const Cho
   module.Enabled(true);
   return Fastest({[&] {
                    processor.ResetEffectCache();
-                   (void)processor.Process(photo);
+                   (void)processor.Process(photo, {});
                  }},
                  rounds)[0];
 }
@@ -142,7 +142,7 @@ void PeerRows(const Picture& photo, const Services& services, const OpenCvPeer& 
     command.emplace_back("null:");
     const double ours = Fastest({[&] {
                                   processor.ResetEffectCache();
-                                  (void)processor.Process(photo);
+                                  (void)processor.Process(photo, {});
                                 }},
                                 3)[0];
     // The image lies mapped in memory: starting the program with it is taken off.

@@ -101,7 +101,8 @@ void ModuleRows(Context& c, const Services& services) {
   a.Edit();
   b.Edit();
   const auto t = Fastest(
-      {[&] { a = five.Process(std::move(a)); }, [&] { b = one.Process(std::move(b)); }}, kRounds);
+      {[&] { a = five.Process(std::move(a), {}); }, [&] { b = one.Process(std::move(b), {}); }},
+      kRounds);
   Row("five tone modules in a row", t[0], "one tone module", t[1], 1.2);
 }
 

@@ -39,7 +39,7 @@ int Create(DocumentOptions& options, const CLI::App& command, bool verbose) {
   }
   constexpr int kPreviewSize = 1024;
   document.GeneratePreviews(kPreviewSize, kPreviewSize);
-  document.PreviewAfter = processor.Process(document.PreviewBase);
+  document.PreviewAfter = processor.Process(document.PreviewBase, document.PastedImages());
   document.StyleData = processor.StyleData();
   if (document.Save(package)) return kDone;
   return Fail(texts::Of(texts::kDocumentNotSaved, package.DisplayName(), worker.dialogs.Take()));

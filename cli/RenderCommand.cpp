@@ -34,6 +34,14 @@ void WarnOfIncomplete(const brivolantProcessorLite& processor, const FolderItem&
   }
 }
 
+/// What a render could not do.
+void WarnOf(const brivolantProcessorLite& processor, const FolderItem& input) {
+  for (const std::string& warning : processor.Warnings()) {
+    PrintError(WithPlaceholders(texts::kWarning.Text(),
+                                {{"<filename>", input.DisplayName()}, {"<text>", warning}}));
+  }
+}
+
 }  // namespace
 
 std::string FormatOf(const FolderItem& file) {
@@ -82,7 +90,8 @@ bool RenderFile(const FolderItem& input, const FolderItem& output, const EditOpt
     return false;
   }
   times.decode = Since(clock);
-  picture = processor.Process(std::move(picture));
+  picture = processor.Process(std::move(picture), document.PastedImages());
+  WarnOf(processor, input);
   if (options.fit) {
     picture = SharedPictureEffects::Scale(picture, static_cast<int>(options.fit->Left),
                                           static_cast<int>(options.fit->Right),

@@ -62,6 +62,7 @@ inline constexpr LocalizedText kCrop{"cli.kCrop",
                                      "Crop to x,y,w,h as fractions of the image, 0.0 to 1.0"};
 inline constexpr LocalizedText kRotate{"cli.kRotate", "Quarter turns clockwise, 0 to 3"};
 inline constexpr LocalizedText kFlip{"cli.kFlip", "Mirror: 0 no, 1 horizontally, 2 vertically"};
+inline constexpr LocalizedText kWarning{"cli.kWarning", "\"<filename>\": <text>"};
 inline constexpr LocalizedText kSeed{"cli.kSeed",
                                      "Number that effects by chance follow from, to repeat them"};
 inline constexpr LocalizedText kFit{"cli.kFit", "Shrink or enlarge to fit into WxH pixels"};

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <type_traits>
 
 #include "engine/effectModule.h"
@@ -128,6 +131,38 @@ class Parameter : public ParameterBase {
  private:
   Setting<T> setting_;
   T value_;
+};
+
+/// The number from which the dice of a module with this identifier follow. The same everywhere;
+/// `throws` gives others. Fowler, Noll and Vo's hash FNV-1a of 32 bits.
+std::uint32_t SeedFor(std::string_view identifier, std::uint32_t throws = 0);
+
+/// What a module's dice follow from, kept with its settings. What lacks it, as styles of other
+/// programs do, takes the number of the module's identifier.
+class SeedParameter final : public ParameterBase {
+ public:
+  static constexpr const char* kKey = "Seed";
+
+  explicit SeedParameter(effectModule& owner) : ParameterBase(owner), owner_(owner) {
+    owner.seed_ = this;
+  }
+
+  std::uint32_t Value() const { return value_.value_or(SeedFor(owner_.ID())); }
+  SeedParameter& operator=(std::uint32_t seed) {
+    value_ = seed;
+    return *this;
+  }
+
+  std::string Key() const override { return kKey; }
+  std::string TypeName() const override { return parameters::NameOf(0); }
+  Variant Stored() const override { return static_cast<int>(Value()); }
+  void Store(const Variant& value) override { value_ = static_cast<std::uint32_t>(value.ToInt()); }
+  Variant DefaultOnRead() const override { return static_cast<int>(SeedFor(owner_.ID())); }
+  Variant ResetValue() const override { return DefaultOnRead(); }
+
+ private:
+  effectModule& owner_;
+  std::optional<std::uint32_t> value_;
 };
 
 /// How a slider's position, 0 to 100, becomes a value:

@@ -85,7 +85,13 @@ int brivolantProcessorLite::EnabledModules() const {
   return static_cast<int>(count);
 }
 
-Picture brivolantProcessorLite::Process(Picture& picture, int stack, int start) {
+Picture brivolantProcessorLite::Process(Picture& picture, int stack, int start,
+                                        PastedFiles pasted) {
+  pasted_ = std::move(pasted);
+  return RunStack(picture, stack, start);
+}
+
+Picture brivolantProcessorLite::RunStack(Picture& picture, int stack, int start) {
   consistencyScale = ConsistencyScaleFor(picture);
   if (stack == kForeground || stack == kBackground) {
     const StackList& list = stacks.at(static_cast<std::size_t>(stack));
@@ -106,7 +112,9 @@ Picture brivolantProcessorLite::Compose(Picture background, const Picture& foreg
                        Address(foregroundScaleTopleft), Address(foregroundScaleSize));
 }
 
-Picture brivolantProcessorLite::Process(Picture source) {
+Picture brivolantProcessorLite::Process(Picture source, PastedFiles pasted) {
+  pasted_ = std::move(pasted);
+  warnings_.clear();
   counting_ = true;
   stopped_ = false;
   modulesDone_ = 0;
@@ -125,19 +133,19 @@ Picture brivolantProcessorLite::ProcessLayers(Picture source) {
   // A layer that nothing else holds is changed where it is: the source is let go, and a layer that
   // cannot be seen is not made.
   source = {};
-  if (BlendAlpha <= 0.0F) return Process(layer, kBackground, 0);
+  if (BlendAlpha <= 0.0F) return RunStack(layer, kBackground, 0);
   if (ForegroundIsOpaque() && !ForegroundMayBePlaced()) {
     const int width = layer.Width();
     const int height = layer.Height();
     Plane mask = layer.Mask() != nullptr ? *layer.Mask() : Plane();
-    layer = Process(layer, kForeground, 0);
+    layer = RunStack(layer, kForeground, 0);
     layer = SharedPictureEffects::Scale(layer, width, height, SharedPictureEffects::kScaleExactly);
     layer.SetMask(std::move(mask));
     return layer;
   }
   Picture background = layer;
-  background = Process(background, kBackground, 0);
-  layer = Process(layer, kForeground, 0);
+  background = RunStack(background, kBackground, 0);
+  layer = RunStack(layer, kForeground, 0);
   return Compose(std::move(background), ScaledTo(layer, foregroundScaleSize));
 }
 
@@ -149,6 +157,7 @@ void brivolantProcessorLite::ResetEffectCache() {
 
 void brivolantProcessorLite::rebuildCurrentPointCache() {
   if (Document == nullptr || Document->PreviewBase.IsNil()) return;
+  pasted_ = Document->PastedImages();
   consistencyScale = ConsistencyScaleFor(Document->PreviewBase);
   cacheCurrentStack = SharedPictureEffects::Clone(Document->PreviewBase, 24, true);
   const StackList& stack = Current();
@@ -159,6 +168,7 @@ void brivolantProcessorLite::rebuildCurrentPointCache() {
 void brivolantProcessorLite::UpdatePreview(bool full) {
   if (full && Document != nullptr) {
     Document->ResetPreviews();
+    warnings_.clear();
     cacheBackgroundLayer = {};
     rebuildCurrentPointCache();
     ResetEffectCache();
@@ -168,6 +178,7 @@ void brivolantProcessorLite::UpdatePreview(bool full) {
 
 void brivolantProcessorLite::RenderPreview() {
   BrivolantDocument& document = *Document;
+  pasted_ = document.PastedImages();
   const int width = myDisplay->Width();
   const int height = myDisplay->Height();
   if (document.PreviewBase.IsNil() || width != lastWidth || height != lastHeight) {
@@ -180,7 +191,7 @@ void brivolantProcessorLite::RenderPreview() {
   }
   if (document.PreviewBase.IsNil()) return;
   document.PreviewAfter = cacheCurrentStack;
-  document.PreviewAfter = Process(document.PreviewAfter, CurrentStack, cacheCurrentStackPoint);
+  document.PreviewAfter = RunStack(document.PreviewAfter, CurrentStack, cacheCurrentStackPoint);
   if (CurrentStack != kForeground) return;
   const bool covers = document.PreviewAfter.Width() == document.PreviewBase.Width() &&
                       document.PreviewAfter.Height() == document.PreviewBase.Height();
@@ -188,7 +199,7 @@ void brivolantProcessorLite::RenderPreview() {
   if (cacheBackgroundLayer.Width() != document.PreviewBase.Width() ||
       cacheBackgroundLayer.Height() != document.PreviewBase.Height()) {
     cacheBackgroundLayer = SharedPictureEffects::Clone(document.PreviewBase, 24, true);
-    cacheBackgroundLayer = Process(cacheBackgroundLayer, kBackground, 0);
+    cacheBackgroundLayer = RunStack(cacheBackgroundLayer, kBackground, 0);
   }
   document.PreviewAfter =
       Compose(cacheBackgroundLayer, ScaledTo(document.PreviewAfter, foregroundScaleSize));

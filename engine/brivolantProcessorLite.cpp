@@ -3,9 +3,9 @@
 
 #include <algorithm>
 #include <map>
-#include <random>
 
 #include "engine/EditorInterfaces.h"
+#include "engine/ModuleParameter.h"
 #include "platform/values/Text.h"
 
 namespace brivolant {
@@ -43,6 +43,7 @@ void brivolantProcessorLite::Reset() {
   cacheCurrentStack = {};
   const std::string selected = mSelectedeffect == nullptr ? "" : mSelectedeffect->ID();
   SelectedEffect(nullptr);
+  warnings_.clear();
   BuildStacks();
   CheckIdentifiers();
   foregroundScaleTopleft.reset();
@@ -69,16 +70,29 @@ void brivolantProcessorLite::BuildStacks() {
       if (ModuleCreated) ModuleCreated(*stack.back());
     }
   }
-  constexpr double kLargest = 4294967295.0;
-  Seed(static_cast<std::uint32_t>(services_.Random.Rnd() * kLargest));
 }
 
 void brivolantProcessorLite::Seed(std::uint32_t seed) {
-  seed_ = seed;
-  std::mt19937 dice(seed);
   for (const StackList& stack : stacks) {
-    for (const auto& module : stack) module->Seed(static_cast<std::uint32_t>(dice()));
+    for (const auto& module : stack) module->Reseed(SeedFor(module->ID(), seed));
   }
+}
+
+void brivolantProcessorLite::ResetSettings(effectModule& module) {
+  constexpr double kLargest = 4294967295.0;
+  module.ResetSettings();
+  module.Reseed(static_cast<std::uint32_t>(services_.Random.Rnd() * kLargest));
+}
+
+FolderItem brivolantProcessorLite::PastedImage(std::string_view name) const {
+  const auto found = pasted_.find(name);
+  return found == pasted_.end() ? FolderItem() : found->second;
+}
+
+void brivolantProcessorLite::Warn(const std::string& sentence) {
+  if (std::find(warnings_.begin(), warnings_.end(), sentence) != warnings_.end()) return;
+  warnings_.push_back(sentence);
+  if (Warned) Warned(sentence);
 }
 
 void brivolantProcessorLite::CheckIdentifiers() {

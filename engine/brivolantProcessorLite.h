@@ -11,6 +11,7 @@
 #include "engine/ModuleRegistry.h"
 #include "engine/StyleData.h"
 #include "engine/pictures/BlendEffect.h"
+#include "formats/PastedFiles.h"
 #include "platform/services/Services.h"
 
 namespace brivolant {
@@ -39,10 +40,11 @@ class brivolantProcessorLite {
   /// New modules in their first order with their reset settings; blend settings to their defaults.
   void Reset();
 
-  /// What the dice of all modules follow from. Drawn anew by Startup and Reset; a processor that is
-  /// to render what another one shows takes that one's.
-  std::uint32_t Seed() const { return seed_; }
+  /// Lets the dice of every module fall as a number says. Each has a throw of its own, which
+  /// depends on no other module.
   void Seed(std::uint32_t seed);
+  /// The user's own reset of a module: its dice are thrown anew, too.
+  void ResetSettings(effectModule& module);
 
   // The current stack.
 
@@ -79,10 +81,18 @@ class brivolantProcessorLite {
   /// The picture for the display, with the selected module's marks; nil without a document.
   Picture Preview();
   /// The full-size result. Without any module enabled it equals the source. Nil if Progress
-  /// stopped it.
-  Picture Process(Picture source);
+  /// stopped it. `pasted` are the pictures that modules may lay over it: a document's
+  /// PastedImages, or none where there is no document.
+  Picture Process(Picture source, PastedFiles pasted);
   /// Runs one stack from an index on over a picture.
-  Picture Process(Picture& picture, int stack, int start);
+  Picture Process(Picture& picture, int stack, int start, PastedFiles pasted);
+  /// What a module asks for while it is applied: the file of a picture that was pasted under that
+  /// name, or nil.
+  FolderItem PastedImage(std::string_view name) const;
+  /// Told by a module that could not do its part; once for each sentence.
+  void Warn(const std::string& sentence);
+  /// What could not be done since Process, or since the preview was made wholly anew.
+  const std::vector<std::string>& Warnings() const { return warnings_; }
   void ResetEffectCache();
   void rebuildCurrentPointCache();
   /// Rendering is done when a call returns: always false.
@@ -124,6 +134,8 @@ class brivolantProcessorLite {
   std::function<void()> UpdateStarted;
   std::function<void()> UpdateFinished;
   std::function<void()> SelectedEffectChanged;
+  /// A warning that was not told yet.
+  std::function<void(const std::string& sentence)> Warned;
   /// Raised for every module that Reset makes.
   std::function<void(effectModule&)> ModuleCreated;
 
@@ -137,6 +149,7 @@ class brivolantProcessorLite {
   Dictionary SettingsOf(const StackList& stack) const;
   /// Applies modules `first` to `last` - 1; consecutive tone curves go over the pixels once.
   void RunModules(const StackList& stack, int first, int last, Picture& picture);
+  Picture RunStack(Picture& picture, int stack, int start);
   void RenderPreview();
   Picture ProcessLayers(Picture source);
   /// True if nothing of the background can show through a foreground that covers it.
@@ -148,7 +161,8 @@ class brivolantProcessorLite {
   Picture Compose(Picture background, const Picture& foreground);
 
   ModuleRegistry registry_;
-  std::uint32_t seed_ = 0;
+  PastedFiles pasted_;
+  std::vector<std::string> warnings_;
   brivolant::Services services_;
   BlendEffect Blender;
   effectModule* mSelectedeffect = nullptr;

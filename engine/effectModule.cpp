@@ -38,6 +38,10 @@ void effectModule::Enabled(bool enabled) {
   EnabledStateChanged();
 }
 
+void effectModule::Reseed(std::uint32_t seed) {
+  if (seed_ != nullptr) *seed_ = seed;
+}
+
 void effectModule::Apply(Picture& picture, double scale) {
   if (mEnabled) ApplyEffect(picture, scale);
 }

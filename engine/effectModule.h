@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +17,7 @@ namespace brivolant {
 class ControlRow;
 class EffectPanel;
 class ParameterBase;
+class SeedParameter;
 
 /// Pointers over the image; kNone leaves the display's own.
 enum class MouseCursor {
@@ -117,8 +119,11 @@ class effectModule {
   virtual TextEditing* AsTextEditing() { return nullptr; }
   /// Tells the module the processor whose stack it stands in, once, after its creation.
   virtual void BelongsTo(class brivolantProcessorLite&) {}
-  /// Gives a module that plays dice the number from which its dice follow.
-  virtual void Seed(std::uint32_t) {}
+  /// True if chance plays in the effect. Its dice follow from a number among the settings, so that
+  /// what was stored falls the same in every render.
+  bool PlaysDice() const { return seed_ != nullptr; }
+  /// Lets the dice fall as another number says; nothing for a module without dice.
+  void Reseed(std::uint32_t seed);
   /// True if the module may leave the layer smaller than the background, or elsewhere over it.
   virtual bool MayPlaceLayer() const { return false; }
   /// Its parameters, for listings.
@@ -163,10 +168,12 @@ class effectModule {
  private:
   friend class ControlRow;
   friend class ParameterBase;
+  friend class SeedParameter;
 
   bool mEnabled = false;
   std::vector<ParameterBase*> parameters_;
   std::vector<ControlRow*> rows_;
+  SeedParameter* seed_ = nullptr;
 };
 
 /// A module that is a tone curve: the same for every pixel.

@@ -39,8 +39,13 @@ void BrivolantDocument::SetDefaults() {
 void BrivolantDocument::MakeTemporaryPackage() {
   File =
       PackageFor(services_.TemporaryFiles.Child(otherSharedComponents::NewGUID(services_.Random)));
-  if (!Save()) return;
-  tFile = File;
+  if (Save()) {
+    tFile = File;
+  } else {
+    // A place where nothing is must not be taken for the document's own.
+    File = {};
+    lastErrorMessage = documentTexts::kNoTemporaryPackage.Text();
+  }
 }
 
 bool BrivolantDocument::ReadImage(const FolderItem& file) {
@@ -195,25 +200,6 @@ int BrivolantDocument::Width() {
 
 int BrivolantDocument::Height() {
   return Side(ImageOriginal(), Crop, CropSize.Right, false, Orientation);
-}
-
-FolderItem BrivolantDocument::PastedImage(std::string_view name) const {
-  if (!IsFreeName(name, OriginalImageID)) return {};
-  for (const FolderItem& package : {tFile, File}) {
-    FolderItem child = package.Child(name);
-    if (child.Exists()) return child;
-  }
-  return {};
-}
-
-bool BrivolantDocument::PastedImage(std::string_view name, const FolderItem& file) {
-  if (!IsFreeName(name, OriginalImageID)) return false;
-  const FolderItem& package = tFile ? tFile : File;
-  if (!package.Directory()) return false;
-  const FolderItem child = package.Child(name);
-  if (file == child) return child.Exists();
-  if (child.Delete()) return false;
-  return file.IsNil() || !file.CopyFileTo(child);
 }
 
 }  // namespace brivolant

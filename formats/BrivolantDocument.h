@@ -2,11 +2,14 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "engine/pictures/ExtendedPicture.h"
+#include "formats/PastedFiles.h"
 #include "platform/files/FolderItem.h"
 #include "platform/pictures/Picture.h"
 #include "platform/services/Services.h"
@@ -42,8 +45,9 @@ class BrivolantDocument {
   /// says why, and the document is partly filled.
   [[nodiscard]] bool Load(const FolderItem& file);
   /// Writes the package at `file`, or at File if nil, under a name with the document's extension.
-  /// Every part is written beside and renamed. False if something could not be written; the user
-  /// has been told, and what was there before is whole.
+  /// Every part is written beside and renamed. Asks before it replaces what another program has
+  /// written since. False if that was declined or something could not be written; the user has been
+  /// told, and what was there before is whole.
   bool Save(const FolderItem& file = {});
   /// The name that Save gives to a package.
   static FolderItem PackageFor(const FolderItem& file);
@@ -68,9 +72,14 @@ class BrivolantDocument {
 
   /// An image that was pasted into the document, nil if there is none of that name.
   FolderItem PastedImage(std::string_view name) const;
-  /// Stores a copy of `file` under that name, or removes it if nil. False if it cannot be, or if
-  /// the name is not free to use.
+  /// Takes a copy of `file` under that name, or gives the name up if nil. The copy lives with the
+  /// document in memory; the package on disk changes when it is saved. False if it cannot be
+  /// copied, or if the name is not free to use.
   [[nodiscard]] bool PastedImage(std::string_view name, const FolderItem& file);
+  /// All of them, as a render takes them along. The package's folder is read once.
+  PastedFiles PastedImages() const;
+  /// Those that no package holds yet.
+  PastedFiles SessionImages() const;
 
   std::string Name;
   std::string Creator;
@@ -130,6 +139,12 @@ class BrivolantDocument {
   bool WriteOriginal(const FolderItem& package);
   bool WriteSettings(const FolderItem& package);
   bool WritePreviews(const FolderItem& package);
+  /// Brings the pasted pictures that the style names into a package.
+  bool WritePictures(const FolderItem& package) const;
+  /// Takes out of the saved package what its stacks no longer name; the session keeps it.
+  void DropPictures(const FolderItem& package);
+  bool KeepForSession(std::string_view name, const FolderItem& file);
+  bool MayReplace(const FolderItem& package) const;
   std::string SettingsBytes() const;
 
   /// What the scaled pictures of the previews depend on.
@@ -147,7 +162,23 @@ class BrivolantDocument {
   Picture ScaledImage(int width, int height);
   Picture Turned(Picture picture) const;
 
+  class SessionPicture;
+
   Services services_;
+  /// Pictures pasted since the document was opened; null for a name that was given up. Copies of a
+  /// document share the files.
+  std::map<std::string, std::shared_ptr<const SessionPicture>, std::less<>> session_;
+  /// What a package's folder held.
+  struct Listing {
+    FolderItem File;
+    FolderItem tFile;
+    PastedFiles Files;
+  };
+  mutable std::optional<Listing> listed_;
+  /// The settings of the package as they were last read or written here; empty without one.
+  std::string settingsOnDisk_;
+  /// The style that the package holds.
+  std::string savedStyle_;
   Picture tempImageStorage_;
   PreviewKey previewKey_;
   Picture scaledBefore_;

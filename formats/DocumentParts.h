@@ -41,6 +41,19 @@ inline constexpr LocalizedText kNoOriginal{"BrivolantDocument.kNoOriginal",
                                            "The document \"<filename>\" names no image."};
 inline constexpr LocalizedText kNotCreated{
     "BrivolantDocument.kNotCreated", "Something went wrong and the file hasn't been created."};
+inline constexpr LocalizedText kNoTemporaryPackage{
+    "BrivolantDocument.kNoTemporaryPackage",
+    "The folder for temporary files cannot be written. Check the free space on the disk."};
+inline constexpr LocalizedText kPicturesNotSaved{
+    "BrivolantDocument.kPicturesNotSaved",
+    "The pictures that lie over the photo could not be copied into the document."};
+inline constexpr LocalizedText kChangedOnDisk{
+    "BrivolantDocument.kChangedOnDisk",
+    "The document \"<filename>\" was changed by another program since it was opened here."};
+inline constexpr LocalizedText kChangedOnDiskExplanation{
+    "BrivolantDocument.kChangedOnDiskExplanation",
+    "If you replace it, the edits that were made there are lost. The original photo stays."};
+inline constexpr LocalizedText kReplace{"BrivolantDocument.kReplace", "Replace"};
 inline constexpr LocalizedText kNoSettingsFile{"BrivolantDocument.kNoSettingsFile",
                                                "Unable to create settings file"};
 }  // namespace documentTexts

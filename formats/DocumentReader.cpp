@@ -49,6 +49,7 @@ bool BrivolantDocument::Load(const FolderItem& file) {
   }
   if (file.Directory() ? !LoadPackage(file) : !LoadOneFile(file)) return false;
   File = file;
+  listed_.reset();
   return true;
 }
 
@@ -70,6 +71,8 @@ bool BrivolantDocument::LoadPackage(const FolderItem& file) {
     lastErrorMessage = WrongData(file);
     return false;
   }
+  settingsOnDisk_ = *bytes;
+  savedStyle_ = StyleData;
   const FolderItem thumbnail = file.Child(kThumbnailName);
   if (thumbnail.Exists()) {
     std::string ignored;

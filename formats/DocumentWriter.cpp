@@ -15,6 +15,7 @@
 #include "metadata/DocumentTags.h"
 #include "platform/files/AtomicFile.h"
 #include "platform/files/BinaryStream.h"
+#include "platform/values/Captions.h"
 #include "platform/values/SharedComponents.h"
 
 namespace brivolant {
@@ -103,8 +104,16 @@ bool BrivolantDocument::Save(const FolderItem& file) {
       Dirty = true;
       return false;
     }
+  } else if (!MayReplace(target)) {
+    Dirty = true;
+    return false;
+  } else if (!WritePictures(target)) {
+    services_.Dialogs.Message(kPicturesNotSaved.Text(), target.DisplayName());
+    Dirty = true;
+    return false;
   } else {
     complete = WriteSettings(target);
+    if (complete) DropPictures(target);
     if (!WritePreviews(target)) {
       services_.Log.Write("The previews of \"" + target.ShellPath() + "\" could not be written.");
     }
@@ -114,8 +123,13 @@ bool BrivolantDocument::Save(const FolderItem& file) {
     // What could not be written must be asked for again.
     Dirty = !complete;
   }
+  if (complete && target == File) {
+    settingsOnDisk_ = SettingsBytes();
+    savedStyle_ = StyleData;
+  }
   FileDataVersion = kVersion;
   midSizePreview_.reset();
+  listed_.reset();
   return complete;
 }
 
@@ -127,7 +141,10 @@ bool BrivolantDocument::CreatePackage(const FolderItem& target) {
   const std::string mark = std::string(InternalFileTypes::BrivolantPhotosDocument.MacType) +
                            std::string(InternalFileTypes::kCreator);
   if (WriteFileAtomically(contents.Child("PkgInfo"), mark)) return false;
-  if (!WriteOriginal(package) || !WriteSettings(package) || !WritePreviews(package)) return false;
+  if (!WriteOriginal(package) || !WritePictures(package) || !WriteSettings(package) ||
+      !WritePreviews(package)) {
+    return false;
+  }
   return PutInPlace(package, target);
 }
 
@@ -192,6 +209,19 @@ bool BrivolantDocument::WriteSettings(const FolderItem& package) {
   const std::error_code error = WriteFileAtomically(package.Child(kSettingsName), SettingsBytes());
   if (error) services_.Dialogs.Message(kNoSettingsFile.Text(), package.DisplayName());
   return !error;
+}
+
+bool BrivolantDocument::MayReplace(const FolderItem& package) const {
+  if (settingsOnDisk_.empty() || !(package == File)) return true;
+  const auto now = ReadFile(package.Child(kSettingsName));
+  if (!now || *now == settingsOnDisk_) return true;
+  const Question question{
+      WithPlaceholders(kChangedOnDisk.Text(), {{"<filename>", package.DisplayName()}}),
+      kChangedOnDiskExplanation.Text(),
+      kReplace.Text(),
+      Captions::kCancel.Text(),
+      {}};
+  return services_.Dialogs.Ask(question) == Answer::kAction;
 }
 
 bool BrivolantDocument::WritePreviews(const FolderItem& package) {

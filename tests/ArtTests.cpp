@@ -29,11 +29,10 @@ using Settings = std::initializer_list<std::pair<const char*, Variant>>;
 /// Renders with one module of the foreground alone.
 struct Art : TestServices {
   Picture Render(const std::string& name, const Settings& settings, Picture picture,
-                 double scale = 1, std::uint64_t seed = 4) {
-    SystemRandom dice(seed);
-    const Services own{log, dialogs, user, temporary, clock, dice};
-    brivolantProcessorLite processor(EffectRegistry(), own);
+                 double scale = 1, std::uint32_t seed = 4) {
+    brivolantProcessorLite processor(EffectRegistry(), services);
     processor.Startup();
+    processor.Seed(seed);
     for (int i = 0; i <= processor.Count(); ++i) {
       effectModule& module = *processor.item(i);
       if (module.Name() != name) continue;
@@ -111,7 +110,7 @@ TEST(Art, StringsDrawDotsOnTheirGround) {
 TEST(Art, ConfettiFallsByTheDiceInItsColors) {
   Art art;
   const Picture plain = PlainPicture(200, 150, kBlack);
-  const auto strewn = [&](int kind, int count, std::uint64_t seed = 4) {
+  const auto strewn = [&](int kind, int count, std::uint32_t seed = 4) {
     return art.Render("Confetti", {{"kind", kind}, {"StarCount", count}, {"StarColor", kPink}},
                       plain, 1, seed);
   };
@@ -266,10 +265,13 @@ TEST(Overlays, LayColorsGradientsAndTheDocumentsPicture) {
       plain);
   EXPECT_GT(ramp.At(40, 1).Red, 240);
   EXPECT_LT(ramp.At(40, 58).Red, 15);
-  // Without a picture nothing is drawn.
-  EXPECT_TRUE(
-      art.Render("Overlay", {{"overlayType", 2}, {"myPIctureID", "none"}}, plain).SameAs(plain));
+  // Before a picture is chosen nothing is drawn.
+  EXPECT_TRUE(art.Render("Overlay", {{"overlayType", 2}}, plain).SameAs(plain));
+}
 
+TEST(Art, APictureLaidOverThePhotoIsInEveryRender) {
+  Art art;
+  const Picture plain = PlainPicture(80, 60, kBlack);
   BrivolantDocument document(art.services, plain, "New");
   brivolantProcessorLite processor(EffectRegistry(), art.services);
   processor.Startup();
@@ -278,32 +280,107 @@ TEST(Overlays, LayColorsGradientsAndTheDocumentsPicture) {
       *processor.ItemVIaID("7FFFFFFF-B371-0D5F-E410-E0CB34849A08"));
   EXPECT_FALSE(overlay.SetAsMyPicture(art.folder.Write("bad.jpg", "no picture")));
   EXPECT_EQ(art.dialogs.messages.size(), 1U);
-  const FolderItem file = art.folder.Child("pink.png");
-  const std::array<EncodeImage, 1> pink{{{PlainPicture(40, 10, kPink)}}};
-  ASSERT_EQ(EncodeImageFile(file, "public.png", pink), "");
+  const auto picture = [&](const char* name, Color color) {
+    const FolderItem file = art.folder.Child(name);
+    const std::array<EncodeImage, 1> image{{{PlainPicture(40, 10, color)}}};
+    EXPECT_EQ(EncodeImageFile(file, "public.png", image), "");
+    return file;
+  };
+  const FolderItem file = picture("pink.png", kPink);
   ASSERT_TRUE(overlay.SetAsMyPicture(file));
   overlay.Enabled(true);
+  const auto render = [&] { return processor.Process(plain, document.PastedImages()); };
   // It covers the box, and follows the pointer.
-  EXPECT_EQ(processor.Process(plain).At(40, 30), kPink);
-  EXPECT_EQ(processor.Process(plain).At(1, 1), kPink);
+  EXPECT_EQ(render().At(40, 30), kPink);
+  EXPECT_EQ(render().At(1, 1), kPink);
   overlay.ControlValue(5, 25);
-  EXPECT_EQ(processor.Process(plain).At(1, 1), kBlack);
-  bool render = false;
-  EXPECT_TRUE(overlay.MouseDown(0.5F, 0.5F, render));
+  EXPECT_EQ(render().At(1, 1), kBlack);
+  bool again = false;
+  EXPECT_TRUE(overlay.MouseDown(0.5F, 0.5F, again));
   overlay.MouseDrag(0.5F, 0.25F);
-  EXPECT_EQ(processor.Process(plain).At(40, 10), kPink);
-  EXPECT_EQ(processor.Process(plain).At(40, 50), kBlack);
-  // A copy lies in the document: the file itself may go. A reset takes it out again.
+  EXPECT_EQ(render().At(40, 10), kPink);
+  EXPECT_EQ(render().At(40, 50), kBlack);
+
+  // A copy lies with the document: the file itself may go. A processor of its own needs the style
+  // and the pictures, no document.
   EXPECT_FALSE(file.Delete());
-  brivolantProcessorLite again(EffectRegistry(), art.services);
-  again.Startup();
-  again.Document = &document;
-  again.StyleData(processor.StyleData());
-  EXPECT_TRUE(again.Process(plain).SameAs(processor.Process(plain)));
-  const std::string id = overlay.myPIctureID.Value();
-  EXPECT_TRUE(document.PastedImage(id));
+  const std::string style = processor.StyleData();
+  brivolantProcessorLite other(EffectRegistry(), art.services);
+  other.Startup();
+  other.StyleData(style);
+  EXPECT_TRUE(other.Process(plain, document.PastedImages()).SameAs(render()));
+  EXPECT_THAT(other.Warnings(), testing::IsEmpty());
+  // What it lacks is told, once.
+  std::vector<std::string> told;
+  other.Warned = [&](const std::string& sentence) { told.push_back(sentence); };
+  EXPECT_TRUE(other.Process(plain, {}).SameAs(plain));
+  EXPECT_TRUE(other.Process(plain, {}).SameAs(plain));
+  ASSERT_EQ(other.Warnings().size(), 1U);
+  EXPECT_THAT(other.Warnings().front(), testing::HasSubstr("Overlay"));
+  EXPECT_EQ(told.size(), 2U) << "once for each render";
+
+  // Another picture, a reset: what was stored before still finds its own.
+  ASSERT_TRUE(overlay.SetAsMyPicture(picture("white.png", kWhite)));
+  EXPECT_EQ(render().At(40, 10), kWhite);
   overlay.ResetSettings();
-  EXPECT_FALSE(document.PastedImage(id));
+  processor.StyleData(style);
+  EXPECT_EQ(render().At(40, 10), kPink);
+}
+
+TEST(Art, WhatIsStoredFallsTheSameEverywhere) {
+  Art art;
+  const Picture photo = TestPicture(90, 70);
+  brivolantProcessorLite processor(EffectRegistry(), art.services);
+  processor.Startup();
+  int withDice = 0;
+  for (int i = 0; i <= processor.Count(); ++i) {
+    effectModule& module = *processor.item(i);
+    if (!module.PlaysDice()) continue;
+    ++withDice;
+    SCOPED_TRACE(module.Name());
+    const Dictionary fresh = module.Settings();
+    const auto rendered = [&](const Dictionary& settings) {
+      brivolantProcessorLite own(EffectRegistry(), art.services);
+      own.Startup();
+      effectModule& same = *own.item(i);
+      same.Settings(settings);
+      // A matte has dice in one of its edges.
+      if (same.Name() == "Matte") same.ControlValue(3, 2);
+      if (same.Name() == "Confetti") same.ControlValue(1, 40);
+      same.Enabled(true);
+      return own.Process(photo, {});
+    };
+    Dictionary foreign = fresh;
+    foreign.Remove(SeedParameter::kKey);
+    EXPECT_TRUE(rendered(fresh).SameAs(rendered(foreign))) << "a style without a number";
+    processor.ResetSettings(module);
+    const Dictionary thrown = module.Settings();
+    EXPECT_FALSE(thrown.Value(SeedParameter::kKey) == fresh.Value(SeedParameter::kKey));
+    EXPECT_FALSE(rendered(thrown).SameAs(rendered(fresh))) << "the user's reset throws anew";
+    EXPECT_TRUE(rendered(thrown).SameAs(rendered(thrown)));
+  }
+  EXPECT_EQ(withDice, 5);
+  // The whole stack's reset is the state of a new photo.
+  const std::string stored = processor.StyleData();
+  processor.Reset();
+  brivolantProcessorLite fresh(EffectRegistry(), art.services);
+  fresh.Startup();
+  EXPECT_EQ(processor.StyleData(), fresh.StyleData());
+  processor.StyleData(stored);
+  EXPECT_EQ(processor.StyleData(), stored);
+  // One number for all: each module falls by its own.
+  processor.Seed(7);
+  const auto seeds = [](const brivolantProcessorLite& of) {
+    std::set<int> numbers;
+    for (int i = 0; i <= of.Count(); ++i) {
+      const Dictionary settings = of.item(i)->Settings();
+      if (of.item(i)->PlaysDice()) numbers.insert(settings.Value(SeedParameter::kKey).ToInt());
+    }
+    return numbers;
+  };
+  EXPECT_EQ(seeds(processor).size(), 5U);
+  fresh.Seed(7);
+  EXPECT_EQ(seeds(processor), seeds(fresh));
 }
 
 /// Mean difference of neighbours across a line at `at`, along rows or columns.

@@ -9,8 +9,10 @@
 
 #include "Helpers.h"
 #include "effects/EffectRegistry.h"
+#include "effects/finishes/EffectModuleOverlay.h"
 #include "engine/ModuleParameter.h"
 #include "engine/brivolantProcessorLite.h"
+#include "formats/BrivolantDocument.h"
 #include "formats/ImageFile.h"
 #include "formats/PictureStrings.h"
 
@@ -81,7 +83,7 @@ TEST_F(CommandLine, RendersWhatTheProcessorRenders) {
   EXPECT_EQ(processor.BlendAlpha, 0.75F);
   EXPECT_TRUE(processor.item(8)->Enabled());
   EXPECT_EQ(processor.item(8)->Settings().Value("Power").ToDouble(), -3.5);
-  EXPECT_TRUE(processor.Process(picture).SameAs(Open("out.png")));
+  EXPECT_TRUE(processor.Process(picture, {}).SameAs(Open("out.png")));
 
   // The style alone gives the same, on one thread or many.
   ASSERT_EQ(
@@ -140,6 +142,41 @@ TEST_F(CommandLine, StylesAreListedMadeAppliedAndExtracted) {
   EXPECT_THAT(Cli({"styles", "make", Path("bad.style"), "-o", Path("x.oneClick")}).err,
               HasSubstr("Line 3"));
   EXPECT_EQ(Cli({"styles", "make", source.ShellPath(), "-o", Path("x.jpg")}).code, 2);
+}
+
+TEST_F(CommandLine, APictureLaidOverThePhotoIsRenderedOrMissed) {
+  TestServices s;
+  BrivolantDocument document(s.services);
+  ASSERT_TRUE(document.CreateFromFile(image));
+  brivolantProcessorLite processor(EffectRegistry(), s.services);
+  processor.Startup();
+  processor.Document = &document;
+  auto& overlay = dynamic_cast<EffectModuleOverlay&>(
+      *processor.ItemVIaID("7FFFFFFF-B371-0D5F-E410-E0CB34849A08"));
+  ASSERT_TRUE(overlay.SetAsMyPicture(second));
+  overlay.ControlValue(5, 30);
+  overlay.Enabled(true);
+  document.StyleData = processor.StyleData();
+  document.File = folder.Child("trip.brvPhoto");
+  ASSERT_TRUE(document.Save());
+  const Picture shown = processor.Process(document.Image(), document.PastedImages());
+  ASSERT_FALSE(shown.SameAs(document.Image()));
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{"render"}, {"document", "render"}}) {
+    std::vector<std::string> arguments = words;
+    arguments.insert(arguments.end(), {Path("trip.brvPhoto"), "-o", Path("laid.png")});
+    const Outcome run = Cli(arguments);
+    EXPECT_EQ(run.code, 0);
+    EXPECT_THAT(run.err, IsEmpty());
+    EXPECT_TRUE(Open("laid.png").SameAs(shown));
+  }
+  // In another photo the picture is missing, and that is said.
+  folder.Write("overlay.style", processor.StyleData());
+  const Outcome run =
+      Cli({"render", image.ShellPath(), "-o", Path("bare.png"), "--style", Path("overlay.style")});
+  EXPECT_EQ(run.code, 0);
+  EXPECT_THAT(run.err, testing::AllOf(HasSubstr("photo.png"), HasSubstr("Overlay")));
+  EXPECT_TRUE(Open("bare.png").SameAs(picture));
 }
 
 TEST_F(CommandLine, ChanceRepeatsByItsSeed) {

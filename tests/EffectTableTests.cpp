@@ -242,7 +242,8 @@ TEST(EffectTables, KeysHoldTheirDefaults) {
     ASSERT_NE(module, nullptr);
     module->ResetSettings();
     const Dictionary fresh = module->Settings();
-    EXPECT_EQ(fresh.Count(), static_cast<int>(effect.keys.size()));
+    // What the dice follow from is the same for all that play them, and tested there.
+    EXPECT_EQ(fresh.Count(), static_cast<int>(effect.keys.size()) + (module->PlaysDice() ? 1 : 0));
     // A style that holds no key gives the defaults on read.
     module->Settings(Dictionary());
     const Dictionary read = module->Settings();

@@ -407,7 +407,7 @@ TEST(Geometry, LayersShrinkZoomAndFollowThePointer) {
   fore.Enabled(true);
   fore.ControlValue(0, 25);
   back.Enabled(false);
-  const Picture result = l.processor.Process(source);
+  const Picture result = l.processor.Process(source, {});
   EXPECT_EQ(result.Width(), 100);
   EXPECT_EQ(result.At(2, 2), source.At(2, 2));
 }

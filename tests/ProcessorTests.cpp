@@ -81,10 +81,10 @@ TEST(ProcessorRender, NothingEnabledEqualsTheSource) {
   Processor p;
   Picture source = TestPicture(70, 50);
   source.Mask(true)->Edit().Row(3)[4] = 200;
-  EXPECT_TRUE(p.processor.Process(source).SameAs(source));
+  EXPECT_TRUE(p.processor.Process(source, {}).SameAs(source));
   p.processor.BlendAlpha = 0.5F;
-  EXPECT_TRUE(p.processor.Process(source).SameAs(source));
-  EXPECT_TRUE(p.processor.Process(Picture()).IsNil());
+  EXPECT_TRUE(p.processor.Process(source, {}).SameAs(source));
+  EXPECT_TRUE(p.processor.Process(Picture(), {}).IsNil());
 }
 
 TEST(ProcessorRender, ComposedToneCurvesEqualOneAfterTheOther) {
@@ -100,7 +100,7 @@ TEST(ProcessorRender, ComposedToneCurvesEqualOneAfterTheOther) {
   Picture expected = source;
   const double scale = brivolantProcessorLite::ConsistencyScaleFor(source);
   for (const auto& module : p.processor.stacks[kForeground]) module->Apply(expected, scale);
-  EXPECT_TRUE(p.processor.Process(source).SameAs(expected));
+  EXPECT_TRUE(p.processor.Process(source, {}).SameAs(expected));
 }
 
 TEST(ProcessorRender, ForegroundIsBlendedOverBackground) {
@@ -112,16 +112,16 @@ TEST(ProcessorRender, ForegroundIsBlendedOverBackground) {
   const Picture source = TestPicture(60, 40);
   Picture fore = source;
   Picture back = source;
-  fore = p.processor.Process(fore, kForeground, 0);
-  back = p.processor.Process(back, kBackground, 0);
+  fore = p.processor.Process(fore, kForeground, 0, {});
+  back = p.processor.Process(back, kBackground, 0, {});
   BlendEffect blender;
   blender.BlendMode = 1;
-  EXPECT_TRUE(p.processor.Process(source).SameAs(blender.Apply(back, fore, 0.5)));
+  EXPECT_TRUE(p.processor.Process(source, {}).SameAs(blender.Apply(back, fore, 0.5)));
   p.processor.BlendAlpha = 0;
-  EXPECT_TRUE(p.processor.Process(source).SameAs(back));
+  EXPECT_TRUE(p.processor.Process(source, {}).SameAs(back));
   p.processor.BlendAlpha = 1;
   p.processor.BlendMode(0);
-  EXPECT_TRUE(p.processor.Process(source).SameAs(fore));
+  EXPECT_TRUE(p.processor.Process(source, {}).SameAs(fore));
 
   // A foreground that was placed lands on its rectangle.
   struct Placing final : effectModule {
@@ -138,7 +138,7 @@ TEST(ProcessorRender, ForegroundIsBlendedOverBackground) {
   placing->processor = &p.processor;
   placing->Enabled(true);
   p.processor.stacks[kForeground].push_back(std::move(placing));
-  const Picture placed = p.processor.Process(source);
+  const Picture placed = p.processor.Process(source, {});
   EXPECT_EQ(placed.At(9, 5), back.At(9, 5));
   EXPECT_EQ(placed.At(29, 19), SharedPictureEffects::Scale(fore, 20, 15, 0).At(19, 14));
 }
@@ -265,7 +265,7 @@ TEST(StyleData, SettingsOrderAndBlendComeBack) {
   EXPECT_EQ(to.processor.ItemPositionViaID(kExposure), 1);
   EXPECT_TRUE(to.processor.item(1)->Enabled());
   const Picture source = TestPicture(40, 30);
-  EXPECT_TRUE(to.processor.Process(source).SameAs(from.processor.Process(source)));
+  EXPECT_TRUE(to.processor.Process(source, {}).SameAs(from.processor.Process(source, {})));
 }
 
 TEST(StyleData, UnknownModulesAreSkippedAndPendingSettingsKept) {

@@ -42,12 +42,7 @@ TEST(Properties, AnyStackRendersAsItsModulesOneByOne) {
   TestServices s;
   std::mt19937 random(77);
   for (int round = 0; round < 30; ++round) {
-    // Both processors throw the same dice.
-    SystemRandom dice(9);
-    SystemRandom sameDice(9);
-    const Services first{s.log, s.dialogs, s.user, s.temporary, s.clock, dice};
-    const Services second{s.log, s.dialogs, s.user, s.temporary, s.clock, sameDice};
-    brivolantProcessorLite processor(EffectRegistry(), first);
+    brivolantProcessorLite processor(EffectRegistry(), s.services);
     processor.Startup();
     Shuffle(processor, random);
     Picture source = TestPicture(61 + round, 43, static_cast<std::uint32_t>(round));
@@ -63,15 +58,15 @@ TEST(Properties, AnyStackRendersAsItsModulesOneByOne) {
     blender.BlendMode = processor.BlendMode();
     const Picture expected =
         blender.Apply(layers[kBackground], layers[kForeground], processor.BlendAlpha);
-    ASSERT_TRUE(processor.Process(source).SameAs(expected)) << "round " << round;
+    ASSERT_TRUE(processor.Process(source, {}).SameAs(expected)) << "round " << round;
 
     // Stored and read back, it renders the same; stored again, it is the same bytes.
     const std::string style = processor.StyleData();
-    brivolantProcessorLite again(EffectRegistry(), second);
+    brivolantProcessorLite again(EffectRegistry(), s.services);
     again.Startup();
     ASSERT_EQ(again.StyleData(style), StyleFault::kNone);
     ASSERT_EQ(again.StyleData(), style) << "round " << round;
-    ASSERT_TRUE(again.Process(source).SameAs(expected)) << "round " << round;
+    ASSERT_TRUE(again.Process(source, {}).SameAs(expected)) << "round " << round;
   }
   EXPECT_TRUE(s.log.lines.empty());
 }

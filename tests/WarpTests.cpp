@@ -375,10 +375,7 @@ TEST(Agreement, OfPreviewAndExportForEveryModule) {
     const std::string name = names.item(row)->Name();
     const bool unscaled = std::find(ofPixels.begin(), ofPixels.end(), name) != ofPixels.end();
     const auto rendered = [&](const Picture& picture) {
-      SystemRandom random(3);
-      Services same{services.log,       services.dialogs, services.user,
-                    services.temporary, services.clock,   random};
-      brivolantProcessorLite processor(EffectRegistry(), same);
+      brivolantProcessorLite processor(EffectRegistry(), services.services);
       processor.Startup();
       effectModule& module = *processor.item(row);
       for (int i = 0; i < module.ControlCount(); ++i) {
@@ -386,7 +383,7 @@ TEST(Agreement, OfPreviewAndExportForEveryModule) {
         if (module.Control(i).Menu && module.ControlValue(i).ToInt() < 0) module.ControlValue(i, 0);
       }
       module.Enabled(true);
-      return processor.Process(picture);
+      return processor.Process(picture, {});
     };
     const Picture preview = rendered(small);
     const Picture exported = SharedPictureEffects::Scale(

@@ -49,7 +49,7 @@ Picture Rendered(const Picture& photo, const Services& services, int row, const 
   }
   module.Enabled(true);
   const int height = photo.Height() * look.width / photo.Width();
-  return Scale(processor.Process(Scale(photo, look.width, height, kScaleExactly)), kCell, kCell,
+  return Scale(processor.Process(Scale(photo, look.width, height, kScaleExactly), {}), kCell, kCell,
                kScaleToFit);
 }
 

@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::string_view kNote = "Recovery";
 constexpr std::string_view kFallback = "Edits.recovery";
+constexpr std::string_view kPicture = "Pasted-";
 constexpr const char* kPackage = "Package";
 constexpr const char* kOriginal = "Original";
 constexpr const char* kSaved = "Saved";
@@ -23,8 +24,10 @@ constexpr const char* kCropHeight = "CropHeight";
 constexpr const char* kOrientation = "Orientation";
 constexpr const char* kRotation = "Rotation";
 constexpr const char* kFlip = "Flip";
+constexpr const char* kPasted = "Pasted";
 
-Dictionary EditsOf(const BrivolantDocument& document, const std::string& styleData) {
+Dictionary EditsOf(const BrivolantDocument& document, const std::string& styleData,
+                   const PastedFiles& pictures) {
   Dictionary edits;
   edits.Value(kPackage, document.File.ShellPath());
   edits.Value(kOriginal, document.originalImageFile.ShellPath());
@@ -39,6 +42,9 @@ Dictionary EditsOf(const BrivolantDocument& document, const std::string& styleDa
   edits.Value(kOrientation, document.Orientation);
   edits.Value(kRotation, document.Rotation);
   edits.Value(kFlip, document.Flip);
+  Dictionary pasted;
+  for (const auto& [name, file] : pictures) pasted.Value(name, file.ShellPath());
+  edits.Value(kPasted, pasted);
   return edits;
 }
 
@@ -58,6 +64,7 @@ void RecoveredEdits::ApplyTo(BrivolantDocument& document) const {
   document.Rotation = Rotation;
   document.Flip = Flip;
   document.Name = Name;
+  for (const auto& [name, file] : Pasted) (void)document.PastedImage(name, file);
 }
 
 Recovery::Recovery(FolderItem folder, Log& log) : folder_(std::move(folder)), log_(log) {}
@@ -66,13 +73,30 @@ FolderItem Recovery::Note() const {
   return folder_.Child(kNote);
 }
 
+std::optional<PastedFiles> Recovery::KeepPictures(const PastedFiles& pictures) {
+  PastedFiles kept;
+  for (const auto& [name, file] : pictures) {
+    const FolderItem copy = folder_.Child(std::string(kPicture) + name);
+    // A name leads to one picture for good.
+    if (!copy.Exists() && CopyFileAtomically(file, copy)) return std::nullopt;
+    kept[name] = copy;
+  }
+  return kept;
+}
+
 bool Recovery::Keep(const BrivolantDocument& document, const std::string& styleData) {
-  std::string bytes = BinaryDictionary::BinaryStringFromDictionary(EditsOf(document, styleData));
-  if (bytes == lastWritten_ && kept_.Exists()) return true;
   if (folder_.CreateAsFolder() && !folder_.Directory()) {
     log_.Write("Unsaved edits cannot be kept in \"" + folder_.ShellPath() + "\".");
     return false;
   }
+  const auto pictures = KeepPictures(document.SessionImages());
+  if (!pictures) {
+    log_.Write("Pasted pictures cannot be kept in \"" + folder_.ShellPath() + "\".");
+    return false;
+  }
+  std::string bytes =
+      BinaryDictionary::BinaryStringFromDictionary(EditsOf(document, styleData, *pictures));
+  if (bytes == lastWritten_ && kept_.Exists()) return true;
   // Beside the package where that can be written, else with the note.
   FolderItem place = document.File.Parent().Child("." + document.File.Name() + ".recovery");
   if (!place.IsWriteable() || WriteFileAtomically(place, bytes)) {
@@ -98,6 +122,9 @@ void Recovery::Forget() {
   }
   // Only what this class wrote is deleted, whatever the note says.
   if (kept_ && kept_.Name().ends_with(".recovery")) (void)kept_.Delete();
+  for (const FolderItem& file : folder_.Children()) {
+    if (file.Name().starts_with(kPicture)) (void)file.Delete();
+  }
   (void)Note().Delete();
   kept_ = {};
   lastWritten_.clear();
@@ -123,6 +150,12 @@ std::optional<RecoveredEdits> Recovery::Left() const {
   left.Orientation = edits.Value(kOrientation).ToInt();
   left.Rotation = edits.Value(kRotation).ToInt();
   left.Flip = edits.Value(kFlip).ToInt();
+  const Variant pasted = edits.Value(kPasted);
+  if (const auto* pictures = pasted.As<Dictionary>()) {
+    for (int i = 0; i < pictures->Count(); ++i) {
+      left.Pasted[pictures->Key(i).ToText()] = FileAt(pictures->ValueAt(i));
+    }
+  }
   return left;
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "formats/PastedFiles.h"
 #include "platform/files/FolderItem.h"
 #include "platform/services/Services.h"
 #include "platform/values/Pair.h"
@@ -27,8 +28,10 @@ struct RecoveredEdits {
   int Orientation = 0;
   int Rotation = 0;
   int Flip = 0;
+  /// Pictures that were pasted and not saved.
+  PastedFiles Pasted;
 
-  /// Gives the edits to a document.
+  /// Gives the edits to a document, which takes copies of the pictures.
   void ApplyTo(BrivolantDocument& document) const;
 };
 
@@ -49,6 +52,8 @@ class Recovery {
 
  private:
   FolderItem Note() const;
+  /// Copies of the pasted pictures, which the program's end would delete. Empty if one fails.
+  std::optional<PastedFiles> KeepPictures(const PastedFiles& pictures);
 
   FolderItem folder_;
   Log& log_;

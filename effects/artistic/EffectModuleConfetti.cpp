@@ -113,7 +113,7 @@ void EffectModuleConfetti::SettingsReset() {
 void EffectModuleConfetti::ApplyEffect(Picture& picture, double scale) {
   static const std::vector<AdvancedGraphicsPath> shapes = MakeShapes();
   constexpr int kMostStars = 100000;
-  Dice dice(seed_);
+  Dice dice(Seed.Value());
   std::vector<Piece> pieces;
   for (int i = 0; i < std::min(static_cast<int>(StarCount), kMostStars); ++i) {
     const int any = dice.Below(static_cast<int>(shapes.size()));

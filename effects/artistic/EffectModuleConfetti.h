@@ -49,16 +49,13 @@ class EffectModuleConfetti final : public effectModule {
   SliderParameter<float> maxSize{
       *this, {"maxSize", 1, 1}, {EffectModuleSharedConstants::kMaxSize, {.divide = 25}}};
 
-  void Seed(std::uint32_t seed) override { seed_ = seed; }
+  SeedParameter Seed{*this};
 
  protected:
   std::string getID() const override { return "629ACFD7-A1C2-325C-767F-1972350657FD"; }
   std::string getName() const override { return kName.Text(); }
   void ApplyEffect(Picture& picture, double scale) override;
   void SettingsReset() override;
-
- private:
-  std::uint32_t seed_ = 1;
 };
 
 }  // namespace brivolant

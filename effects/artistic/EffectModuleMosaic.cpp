@@ -89,7 +89,7 @@ void EffectModuleMosaic::ApplyEffect(Picture& picture, double) {
   const double tw = w / (sw - 1.0);
   const double th = h / (sh - 1.0);
   const int spread = static_cast<int>(w * 0.1 * varyPlacement);
-  Dice dice(seed_);
+  Dice dice(Seed.Value());
   Stamps stamps(tw, th, std::clamp(Transparency.Value(), 0.0F, 1.0F), DropShadow);
   std::vector<Tile> tiles;
   tiles.reserve(static_cast<std::size_t>(sw) * static_cast<std::size_t>(sh));

@@ -37,15 +37,12 @@ class EffectModuleMosaic final : public effectModule {
   CheckBoxParameter DropShadow{
       *this, {"DropShadow", true, true}, EffectModuleSharedConstants::kDropShadow};
 
-  void Seed(std::uint32_t seed) override { seed_ = seed; }
+  SeedParameter Seed{*this};
 
  protected:
   std::string getID() const override { return "7FFFFFFF-0A01-FC1E-5CF8-D5EBC600183D"; }
   std::string getName() const override { return kName.Text(); }
   void ApplyEffect(Picture& picture, double scale) override;
-
- private:
-  std::uint32_t seed_ = 1;
 };
 
 }  // namespace brivolant

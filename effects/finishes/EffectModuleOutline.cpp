@@ -115,7 +115,8 @@ void EffectModuleOutline::TreatEdge(Picture& opening, double scale) const {
       break;
     case kDiffused:
       opening = MPImageFilter::Diffuse(GaussianBlur(opening, blur), static_cast<int>(blur), true,
-                                       std::max(1, static_cast<int>(scale / kPixelsAGrain)), seed_);
+                                       std::max(1, static_cast<int>(scale / kPixelsAGrain)),
+                                       Seed.Value());
       break;
     case kWaved:
       opening = MPImageFilter::Wave(std::move(opening), kWaves, kBlack);

@@ -36,7 +36,7 @@ class EffectModuleOutline final : public effectModule {
                        {EffectModuleSharedConstants::kNone, EffectModuleSharedConstants::kBlur,
                         EffectModuleDiffuse::kName, EffectModuleWave::kName, kPixelate, kGlass}};
 
-  void Seed(std::uint32_t seed) override { seed_ = seed; }
+  SeedParameter Seed{*this};
 
  protected:
   std::string getID() const override { return "70325F49-FB0D-5FA0-251B-1CF7387C3762"; }
@@ -47,8 +47,6 @@ class EffectModuleOutline final : public effectModule {
   /// White where the picture shows, black where the matte lies.
   Picture Opening(int width, int height) const;
   void TreatEdge(Picture& opening, double scale) const;
-
-  std::uint32_t seed_ = 1;
 };
 
 }  // namespace brivolant

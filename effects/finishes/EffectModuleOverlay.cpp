@@ -17,32 +17,24 @@ bool EffectModuleOverlay::SetAsMyPicture(const FolderItem& file) {
   if (myProcessor == nullptr || myProcessor->Document == nullptr) return false;
   std::string error;
   Picture opened = ImageIO::OpenAsPictureUsingImageIO(file, error);
-  if (myPIctureID.Value().empty()) {
-    myPIctureID = otherSharedComponents::NewGUID(myProcessor->Services().Random);
-  }
-  if (opened.IsNil() || !myProcessor->Document->PastedImage(myPIctureID.Value(), file)) {
+  const std::string name = otherSharedComponents::NewGUID(myProcessor->Services().Random);
+  if (opened.IsNil() || !myProcessor->Document->PastedImage(name, file)) {
     FolderitemExtensions::StandardFileErrorDialog(file, FolderitemExtensions::kRead, error,
                                                   myProcessor->Services().Dialogs);
     return false;
   }
+  myPIctureID = name;
   overlayPicture = std::move(opened);
+  overlayFile_ = myProcessor->Document->PastedImage(name);
   overlayType = kOfPicture;
   return true;
 }
 
 void EffectModuleOverlay::SettingsReset() {
+  // The picture stays at hand: choosing the type again shows it again.
   const std::string kept = myPIctureID.Value();
   effectModule::SettingsReset();
   myPIctureID = kept;
-  overlayPicture = {};
-  if (!kept.empty() && myProcessor != nullptr && myProcessor->Document != nullptr) {
-    (void)myProcessor->Document->PastedImage(kept, {});
-  }
-}
-
-void EffectModuleOverlay::loadSettings(const Dictionary& settings) {
-  effectModule::loadSettings(settings);
-  overlayPicture = {};
 }
 
 bool EffectModuleOverlay::ButtonPushed(int index) {
@@ -66,13 +58,18 @@ void EffectModuleOverlay::ApplyEffect(Picture& picture, double) {
 }
 
 void EffectModuleOverlay::LayPicture(Picture& picture) {
-  if (overlayPicture.IsNil() && myProcessor != nullptr && myProcessor->Document != nullptr &&
-      !myPIctureID.Value().empty()) {
-    const FolderItem file = myProcessor->Document->PastedImage(myPIctureID.Value());
+  // Nothing was chosen yet.
+  if (myProcessor == nullptr || myPIctureID.Value().empty()) return;
+  const FolderItem file = myProcessor->PastedImage(myPIctureID.Value());
+  if (overlayPicture.IsNil() || !(file == overlayFile_)) {
     std::string ignored;
-    if (file) overlayPicture = ImageIO::OpenAsPictureUsingImageIO(file, ignored);
+    overlayFile_ = file;
+    overlayPicture = file.IsNil() ? Picture() : ImageIO::OpenAsPictureUsingImageIO(file, ignored);
   }
-  if (overlayPicture.IsNil()) return;
+  if (overlayPicture.IsNil()) {
+    myProcessor->Warn(WithPlaceholders(kMissing.Text(), {{"<name>", kName.Text()}}));
+    return;
+  }
   const double w = picture.Width();
   const double h = picture.Height();
   const double bw = std::trunc(w * PIctureScale);

@@ -26,6 +26,9 @@ class EffectModuleOverlay final : public effectModule {
                                                 "Select Picture"};
   static constexpr LocalizedText kPrompt{"EffectModuleOverlay.kPrompt",
                                          "Select the picture to overlay onto this layer"};
+  static constexpr LocalizedText kMissing{
+      "EffectModuleOverlay.kMissing",
+      "The picture that the effect \"<name>\" lays over the photo cannot be found."};
   static constexpr int kButtonRow = 4;
   static constexpr int kOfPicture = 2;
 
@@ -51,8 +54,9 @@ class EffectModuleOverlay final : public effectModule {
   /// without it the button changes nothing.
   std::function<FolderItem()> ChoosePicture;
 
-  /// Takes a file's picture into the document and shows it. False, and the user has been told, if
-  /// it is none.
+  /// Takes a file's picture into the document, under a name of its own, and shows it. The picture
+  /// before keeps its name, so that undo finds it. False, and the user has been told, if the file
+  /// holds no picture.
   bool SetAsMyPicture(const FolderItem& file);
   void BelongsTo(brivolantProcessorLite& processor) override { myProcessor = &processor; }
 
@@ -61,7 +65,6 @@ class EffectModuleOverlay final : public effectModule {
   std::string getName() const override { return kName.Text(); }
   void ApplyEffect(Picture& picture, double scale) override;
   void SettingsReset() override;
-  void loadSettings(const Dictionary& settings) override;
   bool ButtonPushed(int index) override;
   bool MouseActionDown(float x, float y, bool& render) override;
   void MouseActionDrag(float x, float y) override;
@@ -71,8 +74,9 @@ class EffectModuleOverlay final : public effectModule {
   void LayPicture(Picture& picture);
 
   brivolantProcessorLite* myProcessor = nullptr;
-  /// The picture of the file in the document, once it was needed.
+  /// The picture of a pasted file, once it was needed.
   Picture overlayPicture;
+  FolderItem overlayFile_;
   float lastOffsetX = 0;
   float lastOffsetY = 0;
 };

@@ -13,7 +13,7 @@ void EffectModuleDiffuse::ApplyEffect(Picture& picture, double scale) {
   constexpr double kPixelsAGrain = 1.6;
   const int grain = std::max(1, static_cast<int>(std::lround(scale / kPixelsAGrain)));
   picture = MPImageFilter::Diffuse(std::move(picture), static_cast<int>(Radius * scale), Blur,
-                                   grain, seed_);
+                                   grain, Seed.Value());
 }
 
 }  // namespace brivolant

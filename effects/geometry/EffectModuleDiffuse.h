@@ -15,15 +15,12 @@ class EffectModuleDiffuse final : public effectModule {
       *this, {"Radius", 10, 10}, {EffectModuleSharedConstants::kRadius, {}}};
   CheckBoxParameter Blur{*this, {"Blur", true, true}, EffectModuleSharedConstants::kBlur};
 
-  void Seed(std::uint32_t seed) override { seed_ = seed; }
+  SeedParameter Seed{*this};
 
  protected:
   std::string getID() const override { return "4DEE873B-66F0-3E98-B850-11CD1F0AEAF9"; }
   std::string getName() const override { return kName.Text(); }
   void ApplyEffect(Picture& picture, double scale) override;
-
- private:
-  std::uint32_t seed_ = 1;
 };
 
 }  // namespace brivolant

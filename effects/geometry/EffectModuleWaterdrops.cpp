@@ -13,7 +13,7 @@ void EffectModuleWaterdrops::LimitedSize::Set(const Variant& position) {
 
 void EffectModuleWaterdrops::ApplyEffect(Picture& picture, double scale) {
   picture = MPImageFilter::WaterDrops(std::move(picture), static_cast<int>(DropSize * scale),
-                                      DropCount, seed_);
+                                      DropCount, Seed.Value());
 }
 
 }  // namespace brivolant

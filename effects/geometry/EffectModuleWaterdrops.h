@@ -23,15 +23,12 @@ class EffectModuleWaterdrops final : public effectModule {
       *this, {"DropCount", 50, 50}, {EffectModuleSharedConstants::kQuantity, {.multiply = 10}}};
   LimitedSize DropSize{*this, {"DropSize", 50, 50}, {EffectModuleSharedConstants::kMaxSize, {}}};
 
-  void Seed(std::uint32_t seed) override { seed_ = seed; }
+  SeedParameter Seed{*this};
 
  protected:
   std::string getID() const override { return "7FFFFFFF-6EDA-E3AC-9108-9A3086CD24E7"; }
   std::string getName() const override { return kName.Text(); }
   void ApplyEffect(Picture& picture, double scale) override;
-
- private:
-  std::uint32_t seed_ = 1;
 };
 
 }  // namespace brivolant

@@ -253,7 +253,7 @@ Picture Render(const std::string& styleData, const Picture& picture, int side,
   brivolantProcessorLite processor(EffectRegistry(), services);
   processor.Startup();
   (void)processor.StyleData(styleData);
-  return processor.Process(Scale(picture, side, side, kScaleToFit));
+  return processor.Process(Scale(picture, side, side, kScaleToFit), {});
 }
 
 }  // namespace brivolant::StyleSource

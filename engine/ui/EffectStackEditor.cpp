@@ -319,7 +319,7 @@ void EffectStackEditor::MoveRow(int target) {
 void EffectStackEditor::ResetRow() {
   effectModule* module = Selected();
   if (module == nullptr) return;
-  module->ResetSettings();
+  myProcessor->ResetSettings(*module);
   myProcessor->UpdatePreview(false);
   TellChanged();
   update();

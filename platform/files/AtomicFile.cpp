@@ -85,4 +85,26 @@ std::error_code WriteFileAtomically(const FolderItem& target, std::string_view b
   return file.Commit();
 }
 
+std::error_code CopyFileAtomically(const FolderItem& source, const FolderItem& target) {
+  constexpr std::size_t kPart = std::size_t{1} << 18;
+  const int from = open(source.Path().c_str(), O_RDONLY | O_CLOEXEC);
+  if (from < 0) return LastError();
+  AtomicFile file(target);
+  std::string part(kPart, '\0');
+  std::error_code error;
+  ssize_t count = 1;
+  while (!error && count > 0) {
+    count = read(from, part.data(), part.size());
+    if (count < 0 && errno == EINTR) {
+      count = 1;
+    } else if (count < 0) {
+      error = LastError();
+    } else if (count > 0) {
+      error = file.Write(std::string_view(part).substr(0, static_cast<std::size_t>(count)));
+    }
+  }
+  close(from);
+  return error ? error : file.Commit();
+}
+
 }  // namespace brivolant

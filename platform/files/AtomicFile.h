@@ -39,5 +39,8 @@ class AtomicFile {
 
 /// Replaces the content of `target` by `bytes`, or leaves it as it was.
 [[nodiscard]] std::error_code WriteFileAtomically(const FolderItem& target, std::string_view bytes);
+/// The same with the content of another file.
+[[nodiscard]] std::error_code CopyFileAtomically(const FolderItem& source,
+                                                 const FolderItem& target);
 
 }  // namespace brivolant

@@ -34,6 +34,7 @@ SystemRandom::SystemRandom() {
 }
 
 double SystemRandom::Rnd() {
+  const std::lock_guard lock(mutex_);
   // 53 random bits: every value is exact and below 1.
   return static_cast<double>(generator_() >> 11) * 0x1.0p-53;
 }

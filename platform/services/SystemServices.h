@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <random>
 
 #include "platform/services/Services.h"
@@ -19,7 +20,7 @@ class SystemClock final : public Clock {
   Date Now() override { return Date::Now(); }
 };
 
-/// Numbers that differ from run to run, or repeat for a given seed.
+/// Numbers that differ from run to run, or repeat for a given seed. May be asked on any thread.
 class SystemRandom final : public Random {
  public:
   SystemRandom();
@@ -27,6 +28,7 @@ class SystemRandom final : public Random {
   double Rnd() override;
 
  private:
+  std::mutex mutex_;
   std::mt19937_64 generator_;
 };
 

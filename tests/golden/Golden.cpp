@@ -3,20 +3,14 @@
 
 #include "effects/EffectRegistry.h"
 #include "engine/brivolantProcessorLite.h"
-#include "platform/services/SystemServices.h"
 
 namespace brivolant::test {
 
 std::vector<GoldenRender> RenderGolden(const Picture& input, const Services& services) {
   constexpr int kSliders = 70;
-  constexpr std::uint64_t kSeed = 5;
   std::vector<GoldenRender> renders;
   for (std::size_t row = 0; row < EffectRegistry().size(); ++row) {
-    SystemRandom dice(kSeed);
-    const Services own{services.Log,         services.Dialogs,
-                       services.UserDetails, services.TemporaryFiles,
-                       services.Clock,       dice};
-    brivolantProcessorLite processor(EffectRegistry(), own);
+    brivolantProcessorLite processor(EffectRegistry(), services);
     processor.Startup();
     effectModule& module = *processor.item(static_cast<int>(row));
     if (!module.Complete() || dynamic_cast<EffectModuleDivider*>(&module) != nullptr) continue;
@@ -29,7 +23,7 @@ std::vector<GoldenRender> RenderGolden(const Picture& input, const Services& ser
     }
     module.Enabled(true);
     renders.push_back(
-        {std::string(EffectRegistry()[row].foregroundClass), processor.Process(input)});
+        {std::string(EffectRegistry()[row].foregroundClass), processor.Process(input, {})});
   }
   return renders;
 }

@@ -268,7 +268,7 @@ TEST(Saving, ACopyIsTheFinishedPictureAtFullSize) {
   program.fileDialogs.files = {program.home.Child("copy.png")};
   program.Choose("FileSaveACopyAs");
   Picture expected = Read(program.home.Child("photo.jpg"));
-  expected = program.Processor().Process(expected);
+  expected = program.Processor().Process(expected, {});
   EXPECT_EQ(LargestDifference(Read(program.home.Child("copy.png")), expected), 0);
   // The photo itself is as it was, and so is the document.
   EXPECT_TRUE(program.Document().Dirty);

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+// The pictures that were pasted into a document: kept with the session until it is saved.
+#include <algorithm>
+#include <cctype>
+
+#include "formats/BrivolantDocument.h"
+#include "formats/DocumentParts.h"
+#include "platform/files/AtomicFile.h"
+
+namespace brivolant {
+
+/// A copy of a picture for as long as someone holds it.
+class BrivolantDocument::SessionPicture {
+ public:
+  explicit SessionPicture(FolderItem file) : file_(std::move(file)) {}
+  ~SessionPicture() {
+    (void)file_.Delete();
+    // Each temporary file lies in a folder of its own.
+    if (file_.Parent().Children().empty()) (void)file_.Parent().Delete();
+  }
+  SessionPicture(const SessionPicture&) = delete;
+  SessionPicture& operator=(const SessionPicture&) = delete;
+  const FolderItem& File() const { return file_; }
+
+ private:
+  FolderItem file_;
+};
+
+namespace {
+
+/// True for the names that effects give: an identifier, 8-4-4-4-12 hexadecimal digits. Such a
+/// picture is of use while a stack names it; others stay.
+bool IsGivenByEffect(std::string_view name) {
+  constexpr std::string_view kForm = "xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx";
+  return name.size() == kForm.size() &&
+         std::equal(name.begin(), name.end(), kForm.begin(), [](char c, char form) {
+           return form == '-' ? c == '-' : std::isxdigit(static_cast<unsigned char>(c)) != 0;
+         });
+}
+
+/// True if a picture belongs to what is saved with that style.
+bool Wanted(std::string_view name, std::string_view styleData) {
+  return !IsGivenByEffect(name) || styleData.find(name) != std::string_view::npos;
+}
+
+}  // namespace
+
+FolderItem BrivolantDocument::PastedImage(std::string_view name) const {
+  if (!IsFreeName(name, OriginalImageID)) return {};
+  if (const auto found = session_.find(name); found != session_.end()) {
+    return found->second ? found->second->File() : FolderItem();
+  }
+  for (const FolderItem& package : {tFile, File}) {
+    FolderItem child = package.Child(name);
+    if (child.Exists()) return child;
+  }
+  return {};
+}
+
+bool BrivolantDocument::PastedImage(std::string_view name, const FolderItem& file) {
+  if (!IsFreeName(name, OriginalImageID)) return false;
+  if (file.IsNil()) {
+    session_[std::string(name)] = nullptr;
+    return true;
+  }
+  if (file == PastedImage(name)) return file.Exists();
+  return KeepForSession(name, file);
+}
+
+bool BrivolantDocument::KeepForSession(std::string_view name, const FolderItem& file) {
+  const FolderItem copy = services_.TemporaryFiles.Child(name);
+  if (copy.IsNil() || CopyFileAtomically(file, copy)) return false;
+  session_[std::string(name)] = std::make_shared<const SessionPicture>(copy);
+  return true;
+}
+
+PastedFiles BrivolantDocument::PastedImages() const {
+  if (!listed_ || !(listed_->File == File) || !(listed_->tFile == tFile)) {
+    listed_ = Listing{File, tFile, {}};
+    for (const FolderItem& package : {File, tFile}) {
+      if (!package.Directory()) continue;
+      for (const FolderItem& child : package.Children()) {
+        const std::string name = child.Name();
+        // What begins with a dot is on its way to another name.
+        const bool own = name.starts_with('.') || !IsFreeName(name, OriginalImageID);
+        if (!own && !child.Directory()) listed_->Files[name] = child;
+      }
+    }
+  }
+  PastedFiles files = listed_->Files;
+  for (const auto& [name, picture] : session_) {
+    if (picture) {
+      files[name] = picture->File();
+    } else {
+      files.erase(name);
+    }
+  }
+  return files;
+}
+
+PastedFiles BrivolantDocument::SessionImages() const {
+  PastedFiles files;
+  for (const auto& [name, picture] : session_) {
+    if (picture) files[name] = picture->File();
+  }
+  return files;
+}
+
+bool BrivolantDocument::WritePictures(const FolderItem& package) const {
+  const PastedFiles files = PastedImages();
+  return std::all_of(files.begin(), files.end(), [&](const auto& entry) {
+    const auto& [name, file] = entry;
+    const FolderItem place = package.Child(name);
+    return !Wanted(name, StyleData) || file == place || !CopyFileAtomically(file, place);
+  });
+}
+
+void BrivolantDocument::DropPictures(const FolderItem& package) {
+  for (const FolderItem& child : package.Children()) {
+    const std::string name = child.Name();
+    if (!IsFreeName(name, OriginalImageID)) continue;
+    const auto found = session_.find(name);
+    const bool removed = found != session_.end() && !found->second;
+    // What the saved stacks named and these do not: undo may still bring it back.
+    const bool left = savedStyle_.find(name) != std::string::npos && !Wanted(name, StyleData) &&
+                      (found != session_.end() || KeepForSession(name, child));
+    if (removed || left) (void)child.Delete();
+  }
+}
+
+}  // namespace brivolant
