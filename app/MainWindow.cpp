@@ -25,8 +25,8 @@
 #include "kit/InterfaceKitSupport.h"
 #include "kit/ifkFontComboBox.h"
 #include "kit/ifkSegmentView.h"
-#include "kit/ifkStaticText.h"
 #include "kit/ifkSlider.h"
+#include "kit/ifkStaticText.h"
 #include "sources/ThreadediPhotoReader.h"
 
 namespace brivolant {

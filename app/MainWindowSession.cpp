@@ -424,10 +424,10 @@ bool MainWindow::SaveACopyAs() {
   const double quality = preferences.Value(kCopyQuality, kDefaultQuality).ToDouble() / 100;
   std::string error;
   busy_ = true;
-  const SaveAsCopy::Outcome outcome =
-      SaveAsCopy::RunWithDialog({document_->Image(), myProcessor->StyleData(), chosen,
-                                 std::string(type.Identifier), quality, document_->PastedImages()},
-                                app_.Services(), *this, error);
+  const SaveAsCopy::Outcome outcome = SaveAsCopy::RunWithDialog(
+      {document_->Image(), document_->PastedImages(), myProcessor->StyleData(), chosen,
+       std::string(type.Identifier), quality},
+      app_.Services(), *this, error);
   busy_ = false;
   if (outcome == SaveAsCopy::Outcome::kFailed) {
     app_.Dialogs().Message(

@@ -19,14 +19,14 @@ namespace SaveAsCopy {
 struct Job {
   /// The document's image before the effects.
   Picture Source;
+  /// The document's pasted pictures.
+  PastedFiles Pasted;
   std::string StyleData;
   FolderItem File;
   /// Identifier of a writable type.
   std::string Type;
   /// 0 to 1.
   double Quality = 0.75;
-  /// The document's pasted pictures.
-  PastedFiles Pasted;
 };
 
 enum class Outcome { kDone, kCancelled, kFailed };

@@ -56,6 +56,14 @@
         <source>Something went wrong, and the last action may not have been completed. Your photo is still open.</source>
         <translation>Etwas ging schief, und die letzte Handlung ist vielleicht unvollständig. Ihr Foto ist weiterhin geöffnet.</translation>
     </message>
+    <message id="BrivolantDocument.kChangedOnDisk">
+        <source>The document "&lt;filename&gt;" was changed by another program since it was opened here.</source>
+        <translation>Das Dokument „&lt;filename&gt;“ wurde von einem anderen Programm geändert, seit es hier geöffnet wurde.</translation>
+    </message>
+    <message id="BrivolantDocument.kChangedOnDiskExplanation">
+        <source>If you replace it, the edits that were made there are lost. The original photo stays.</source>
+        <translation>Wenn Sie es ersetzen, gehen die dort gemachten Änderungen verloren. Das Originalfoto bleibt.</translation>
+    </message>
     <message id="BrivolantDocument.kMissingSettings">
         <source>Missing the settings segment form the data file.</source>
         <translation>Der Datei fehlt der Teil mit den Einstellungen.</translation>
@@ -68,9 +76,21 @@
         <source>Unable to create settings file</source>
         <translation>Die Datei mit den Einstellungen lässt sich nicht anlegen</translation>
     </message>
+    <message id="BrivolantDocument.kNoTemporaryPackage">
+        <source>The folder for temporary files cannot be written. Check the free space on the disk.</source>
+        <translation>Der Ordner für vorläufige Dateien lässt sich nicht beschreiben. Prüfen Sie den freien Platz auf dem Datenträger.</translation>
+    </message>
     <message id="BrivolantDocument.kNotCreated">
         <source>Something went wrong and the file hasn't been created.</source>
         <translation>Etwas ging schief, und die Datei wurde nicht angelegt.</translation>
+    </message>
+    <message id="BrivolantDocument.kPicturesNotSaved">
+        <source>The pictures that lie over the photo could not be copied into the document.</source>
+        <translation>Die Bilder, die über dem Foto liegen, konnten nicht in das Dokument kopiert werden.</translation>
+    </message>
+    <message id="BrivolantDocument.kReplace">
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
     </message>
     <message id="BrivolantDocument.kUnreadableSettings">
         <source>Unable to read the settings segment form the data file.</source>
@@ -503,6 +523,10 @@
     <message id="EffectModuleOverlay.kGradient">
         <source>2 Color Gradient</source>
         <translation>Verlauf aus zwei Farben</translation>
+    </message>
+    <message id="EffectModuleOverlay.kMissing">
+        <source>The picture that the effect "&lt;name&gt;" lays over the photo cannot be found.</source>
+        <translation>Das Bild, das der Effekt „&lt;name&gt;“ über das Foto legt, wurde nicht gefunden.</translation>
     </message>
     <message id="EffectModuleOverlay.kName">
         <source>Overlay</source>

@@ -200,7 +200,7 @@ TEST(Copies, AreCancelledBetweenTwoEffects) {
   const FolderItem target = services.folder.Child("copy.jpg");
   std::string error;
   std::vector<double> told;
-  const SaveAsCopy::Job job{TestPicture(60, 40), processor.StyleData(), target, "public.jpeg"};
+  const SaveAsCopy::Job job{TestPicture(60, 40), {}, processor.StyleData(), target, "public.jpeg"};
   EXPECT_EQ(SaveAsCopy::Run(
                 job, services.services,
                 [&](double done) {

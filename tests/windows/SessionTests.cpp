@@ -20,6 +20,7 @@
 #include "kit/ifkButton.h"
 #include "kit/ifkSegmentView.h"
 #include "kit/ifkSlider.h"
+#include "kit/ifkStaticText.h"
 #include "platform/codecs/ImageCodecs.h"
 #include "platform/files/BinaryStream.h"
 #include "platform/services/SharedFolders.h"
@@ -432,6 +433,41 @@ TEST(Clipboard, TakesThePreviewAndGivesANewPhoto) {
   // It exists nowhere else, so leaving it asks.
   program.dialogs.answers = {Answer::kCancel};
   EXPECT_TRUE(program.Window().AskToSave());
+}
+
+TEST(Clipboard, WhatIsPastedOverThePhotoIsInTheCopyAndComesBack) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.png"));
+  program.Choose("EditCopy");
+  program.Choose("RotateAndFlipRotate180");
+  program.Choose("EditPaste");
+  const Picture pasted = program.Shown();
+  program.fileDialogs.files = {program.home.Child("copy.png")};
+  program.Choose("FileSaveACopyAs");
+  const Picture copy = Read(program.home.Child("copy.png"));
+  const Picture plain = program.Document().Image();
+  EXPECT_GT(LargestDifference(copy, plain), 60);
+  EXPECT_EQ(LargestDifference(
+                copy, program.Processor().Process(plain, program.Document().PastedImages())),
+            0);
+  // Reset and undone, saved, closed and opened: the picture is still there.
+  program.SelectRow("Overlay");
+  Key(program.Panel(), Qt::Key_Delete);
+  EXPECT_GT(LargestDifference(program.Shown(), pasted), 60);
+  program.Choose("EditUndo");
+  EXPECT_EQ(LargestDifference(program.Shown(), pasted), 0);
+  program.fileDialogs.files = {program.home.Child("laid.brvPhoto")};
+  program.Choose("FileSave");
+  program.OpenPhoto(program.Photo("second.jpg"));
+  program.OpenPhoto(program.home.Child("laid.brvPhoto"));
+  EXPECT_EQ(LargestDifference(program.Shown(), pasted), 0);
+  EXPECT_THAT(program.dialogs.messages, testing::IsEmpty());
+  // What is lost is told in the window.
+  const std::string style = program.Processor().StyleData();
+  program.OpenPhoto(program.Photo("third.jpg"));
+  program.Processor().StyleData(style);
+  program.Processor().UpdatePreview(true);
+  EXPECT_THAT(program.Window().infotext->Text().toStdString(), testing::HasSubstr("Overlay"));
 }
 
 TEST(Recovery, BringsBackWhatACrashInterrupted) {
