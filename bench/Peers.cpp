@@ -16,10 +16,37 @@
 #include <limits>
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
+#include <string_view>
 
 namespace brivolant::bench {
 
+namespace {
+bool g_smoke = false;
+}
+
+void TakeSmoke(int& argc, char** argv) {
+  const auto last = std::remove_if(argv + 1, argv + argc, [](const char* argument) {
+    return std::string_view(argument) == "--smoke";
+  });
+  g_smoke = last != argv + argc;
+  argc = static_cast<int>(last - argv);
+}
+
+bool Smoke() {
+  return g_smoke;
+}
+
+int Count(int full, int smoke) {
+  return g_smoke ? smoke : full;
+}
+
+void GiveUp(const std::string& reason) {
+  std::fprintf(stderr, "bench: %s\n", reason.c_str());
+  std::exit(1);
+}
+
 std::vector<double> Fastest(const std::vector<Work>& works, int rounds) {
+  rounds = Count(rounds, 1);
   std::vector<double> fastest(works.size(), std::numeric_limits<double>::max());
   for (int round = 0; round < rounds; ++round) {
     for (std::size_t i = 0; i < works.size(); ++i) {
@@ -50,8 +77,7 @@ void Spawn(const std::vector<std::string>& command) {
   int status = -1;
   if (posix_spawnp(&child, arguments[0], &actions, nullptr, arguments.data(), environ) != 0 ||
       waitpid(child, &status, 0) != child || status != 0) {
-    std::fprintf(stderr, "peer-table: %s failed\n", command[0].c_str());
-    std::exit(1);
+    GiveUp(command[0] + " failed");
   }
   posix_spawn_file_actions_destroy(&actions);
 }
@@ -68,6 +94,8 @@ void Heading() {
 }
 
 void Row(const std::string& work, double ours, const std::string& peer, double theirs, double aim) {
+  if (!std::isfinite(ours) || ours <= 0 || !std::isfinite(theirs)) GiveUp("no time for " + work);
+  if (g_smoke) aim = 0;
   const double ratio = ours / theirs;
   char aimText[16] = "-";
   if (aim > 0) std::snprintf(aimText, sizeof aimText, "%.2f", aim);
@@ -77,6 +105,7 @@ void Row(const std::string& work, double ours, const std::string& peer, double t
 }
 
 double Percentile95(const std::function<void(int)>& work, int runs) {
+  runs = Count(runs, 2);
   std::vector<double> times;
   for (int i = 0; i < runs; ++i) {
     const auto start = std::chrono::steady_clock::now();
@@ -105,7 +134,8 @@ double NumberTold(const std::vector<std::string>& command, const std::string& ke
   const std::string_view json(text.data(), size);
   const std::string name = "\"" + key + "\":";
   const std::size_t at = json.find(name);
-  return at == std::string_view::npos ? 0 : std::atof(text.data() + at + name.size());
+  if (at == std::string_view::npos) GiveUp(command[0] + " does not tell " + key);
+  return std::atof(text.data() + at + name.size());
 }
 
 struct VipsPeer::Image {

@@ -9,6 +9,15 @@
 
 namespace brivolant::bench {
 
+/// Takes "--smoke" out of the arguments: every table then runs each of its rows once, on as little
+/// as shows that it still works. Its figures mean nothing and no aim is judged.
+void TakeSmoke(int& argc, char** argv);
+bool Smoke();
+/// The count for a table, or the one for a smoke run.
+int Count(int full, int smoke);
+/// Ends the bench with a sentence.
+[[noreturn]] void GiveUp(const std::string& reason);
+
 /// One timed thing.
 using Work = std::function<void()>;
 
@@ -30,7 +39,7 @@ void RunProgram(const std::vector<std::string>& command);
 /// The peak memory in bytes that the command prints of itself with --timing. (The system's count
 /// for a child holds what this process used before the child became another program.)
 double PeakTold(const std::vector<std::string>& command);
-/// Any number that a command prints as JSON under that key.
+/// Any number that a command prints as JSON under that key. Ends the bench if there is none.
 double NumberTold(const std::vector<std::string>& command, const std::string& key);
 
 /// Peers in this process, on the same pixels as three channels in memory.

@@ -71,11 +71,11 @@ struct Editor {
 
 /// Loading many styles, tiles of the photo, and a click on a style until its pixels are shown.
 void StyleRows(App& app, MainWindow& window) {
-  constexpr int kStyles = 500;
+  const int styles = Count(500, 20);
   const OneClickWonderStorage& shipped = app.Styles();
   const FolderItem folder = app.Services().TemporaryFiles.Child("styles");
   (void)folder.CreateAsFolder();
-  for (int i = 0; i < kStyles; ++i) {
+  for (int i = 0; i < styles; ++i) {
     const auto& style = shipped.Wonders()[static_cast<std::size_t>(i) % shipped.Wonders().size()];
     (void)style->Clone().Save(folder.Child(std::to_string(i) + ".oneClick"));
   }
@@ -113,6 +113,7 @@ void StyleRows(App& app, MainWindow& window) {
       tone.push_back(i);
     }
   }
+  if (tone.empty()) GiveUp("the styles of tone modules are gone");
   Row("a click on a style of tone modules until it shows, 95%",
       Percentile95(
           [&](int run) {
@@ -190,7 +191,7 @@ void Rows(App& app, const std::string& photo, const std::string& program) {
   StyleRows(app, window);
   constexpr double kMega = 1024 * 1024;
   double opening = 1e9;
-  for (int i = 0; i < 7; ++i) {
+  for (int i = 0; i < Count(7, 1); ++i) {
     opening = std::min(opening, NumberTold({program, "--measure-start", photo}, "open_ms"));
   }
   const auto t = Fastest({[&] {
@@ -213,8 +214,9 @@ void Rows(App& app, const std::string& photo, const std::string& program) {
 
 int main(int argc, char** argv) {
   using namespace brivolant;
+  bench::TakeSmoke(argc, argv);
   if (argc != 3) {
-    std::fprintf(stderr, "usage: window-table PHOTO.jpg BRIVOLANT\n");
+    std::fprintf(stderr, "usage: window-table [--smoke] PHOTO.jpg BRIVOLANT\n");
     return 2;
   }
   QApplication application(argc, argv);

@@ -13,7 +13,7 @@ test_packages=(
 )
 check_packages=(clang-format clang-tidy git binutils)
 bench_packages=(
-  libbenchmark-dev libopencv-dev libjpeg-turbo-progs libvips-tools imagemagick graphicsmagick gegl
+  libbenchmark-dev libopencv-imgproc-dev libjpeg-turbo-progs libvips-tools imagemagick graphicsmagick gegl
 )
 
 # Installs those of the packages that are missing.
@@ -40,10 +40,15 @@ need() {
 # Precompiled headers need the sloppiness.
 export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
 
-# build PRESET [OPTION...]: configures and builds into build/PRESET.
-build() {
+# configure PRESET [OPTION...]: makes build/PRESET ready.
+configure() {
   local preset=$1
   shift
   cmake --preset "$preset" "$@" >/dev/null
-  cmake --build --preset "$preset" -- --quiet
+}
+
+# build PRESET [OPTION...]: configures and builds into build/PRESET.
+build() {
+  configure "$@"
+  cmake --build --preset "$1" -- --quiet
 }

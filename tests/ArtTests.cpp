@@ -8,7 +8,7 @@
 #include <set>
 
 #include "Helpers.h"
-#include "effects/EffectRegistry.h"
+#include "effects/FindEffect.h"
 #include "effects/artistic/EffectModuleTexture.h"
 #include "effects/finishes/EffectModuleOverlay.h"
 #include "engine/brivolantProcessorLite.h"

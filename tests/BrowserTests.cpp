@@ -29,7 +29,7 @@ FolderItem WriteJpeg(const FolderItem& file, int width = 400, int height = 300) 
   return file;
 }
 
-/// Handles events until the condition holds; false after ten seconds.
+/// Handles events until the condition holds; false after half a minute.
 bool Until(const std::function<bool()>& condition) {
   static int count = 0;
   static QCoreApplication* application =
@@ -39,7 +39,7 @@ bool Until(const std::function<bool()>& condition) {
   timer.start();
   while (!condition()) {
     QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    if (timer.elapsed() > 10000) return false;
+    if (timer.elapsed() > 30000) return false;
     QThread::msleep(1);
   }
   return true;

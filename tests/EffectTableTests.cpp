@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 // Rows, keys and defaults of looks, geometry, renderers and finishes: stored styles and the panel
 // rely on each. The fixes have a table of their own.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 #include <string_view>
 #include <vector>
 
+#include "EffectTables.h"
 #include "Helpers.h"
-#include "effects/EffectRegistry.h"
+#include "effects/FindEffect.h"
 #include "engine/ModuleParameter.h"
 
 namespace brivolant::test {
@@ -192,16 +195,10 @@ const std::vector<Effect>& Effects() {
 }
 
 std::unique_ptr<effectModule> Make(std::string_view className) {
-  for (const ModuleEntry& entry : EffectRegistry()) {
-    for (const auto& [name, stack] :
-         {std::pair{entry.foregroundClass, kForeground}, {entry.backgroundClass, kBackground}}) {
-      if (name != className) continue;
-      auto module = entry.create(stack);
-      module->Constructor();
-      return module;
-    }
-  }
-  return nullptr;
+  const ModuleEntry& entry = EntryOf(className);
+  auto module = entry.create(entry.foregroundClass == className ? kForeground : kBackground);
+  module->Constructor();
+  return module;
 }
 
 /// A value other than the given one.
@@ -210,6 +207,22 @@ Variant Other(const Variant& value) {
   if (value.Is<Color>()) return Color{1, 2, 3};
   if (value.Is<std::string>()) return "other";
   return value.ToDouble() + 1;
+}
+
+TEST(EffectTables, EveryEffectHasItsRow) {
+  std::set<std::string_view> described;
+  for (const Effect& effect : Effects()) described.insert(effect.className);
+  for (const std::string_view name : ClassesOfModuleTable()) described.insert(name);
+  std::vector<std::string> missing;
+  for (const ModuleEntry& entry : EffectRegistry()) {
+    const auto module = entry.create(kForeground);
+    if (!module->Complete() || dynamic_cast<EffectModuleDivider*>(module.get()) != nullptr)
+      continue;
+    for (const std::string_view name : {entry.foregroundClass, entry.backgroundClass}) {
+      if (!described.contains(name)) missing.emplace_back(name);
+    }
+  }
+  EXPECT_THAT(missing, testing::IsEmpty()) << "add a row to Effects() for each";
 }
 
 TEST(EffectTables, RowsAreWhatThePanelShows) {

@@ -20,6 +20,10 @@ Picture Stored(const std::string& name) {
   return image ? image->Pixels : Picture();
 }
 
+bool SameSize(const Picture& a, const Picture& b) {
+  return a.Width() == b.Width() && a.Height() == b.Height();
+}
+
 TEST(Golden, EveryEffectLooksAsItDid) {
   // Of 255: what fonts, codecs and rounding may change, and what nothing may.
   constexpr double kMean = 0.5;
@@ -30,12 +34,17 @@ TEST(Golden, EveryEffectLooksAsItDid) {
   ASSERT_EQ(input.Height(), 120);
   TestServices services;
   const std::vector<GoldenRender> renders = RenderGolden(input, services.services);
-  EXPECT_GE(renders.size(), 45U);
+  std::string missing;
+  for (const GoldenRender& render : renders) {
+    if (Stored(render.name).IsNil()) missing += " " + render.name;
+  }
+  EXPECT_EQ(missing, "") << "look at them and keep them: tests/README.md";
   for (const GoldenRender& render : renders) {
     const Picture golden = Stored(render.name);
-    ASSERT_FALSE(golden.IsNil()) << render.name;
-    ASSERT_EQ(golden.Width(), render.picture.Width()) << render.name;
-    ASSERT_EQ(golden.Height(), render.picture.Height()) << render.name;
+    if (golden.IsNil()) continue;
+    EXPECT_EQ(golden.Width(), render.picture.Width()) << render.name;
+    EXPECT_EQ(golden.Height(), render.picture.Height()) << render.name;
+    if (!SameSize(golden, render.picture)) continue;
     double sum = 0;
     int far = 0;
     for (int y = 0; y < golden.Height(); ++y) {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "Helpers.h"
-#include "effects/EffectRegistry.h"
+#include "effects/FindEffect.h"
 #include "engine/brivolantProcessorLite.h"
 #include "engine/pictures/ColorEffects.h"
 #include "engine/pictures/ConvolutionEffect.h"
@@ -29,12 +29,9 @@ struct Looks : TestServices {
   Looks() { processor.Startup(); }
   effectModule& Get(const std::string& name, int stack = kForeground) {
     processor.CurrentStack = stack;
-    for (int i = 0; i <= processor.Count(); ++i) {
-      if (processor.item(i)->Name() != name) continue;
-      processor.item(i)->Enabled(true);
-      return *processor.item(i);
-    }
-    throw std::runtime_error("no module " + name);
+    effectModule& module = ModuleNamed(processor, name);
+    module.Enabled(true);
+    return module;
   }
   /// With the settings given, in the order of the control rows where they are numbers.
   effectModule& Set(const std::string& name,

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The rows, keys and defaults of every finished effect: stored styles and the panel rely on each.
+// The rows, keys and defaults of the fixes: stored styles and the panel rely on each.
 #include <gtest/gtest.h>
 
+#include "EffectTables.h"
 #include "Helpers.h"
-#include "effects/EffectRegistry.h"
+#include "effects/FindEffect.h"
 #include "engine/ModuleParameter.h"
 
 namespace brivolant::test {
@@ -25,7 +26,6 @@ struct KeyFacts {
 };
 
 struct ModuleFacts {
-  int position;
   const char* className;
   const char* id;
   const char* name;
@@ -35,21 +35,14 @@ struct ModuleFacts {
 
 const std::vector<ModuleFacts>& Facts() {
   static const std::vector<ModuleFacts> facts{
-      {1,
-       "EffectModuleAutoContrast",
-       "07F7CED1-1E2B-A9BC-DDBD-921224317768",
-       "Auto Contrast",
-       {},
-       {}},
-      {2, "EffectModuleAutoLevels", "0E689855-F4E8-FCC3-AC7B-1E502A2B8095", "Auto Levels", {}, {}},
-      {4,
-       "EffectModuleBrightnessContrast",
+      {"EffectModuleAutoContrast", "07F7CED1-1E2B-A9BC-DDBD-921224317768", "Auto Contrast", {}, {}},
+      {"EffectModuleAutoLevels", "0E689855-F4E8-FCC3-AC7B-1E502A2B8095", "Auto Levels", {}, {}},
+      {"EffectModuleBrightnessContrast",
        "7FFFFFFF-D09E-9F58-95EE-A46B2D22CAC1",
        "Brightness & Contrast",
        {{"Brightness:", 1, 0.5, "50"}, {"Contrast:", 1, 0.5, "50"}},
        {{"Brightness", "double", 1, 1}, {"Contrast", "double", 1, 1}}},
-      {5,
-       "EffectModuleColorAdjuster",
+      {"EffectModuleColorAdjuster",
        "3D1813CB-F7BA-4CB7-CA79-560F15DCE47B",
        "Color Balance",
        {{"Red:", 1, 0.5, "50"},
@@ -57,26 +50,22 @@ const std::vector<ModuleFacts>& Facts() {
         {"Blue:", 1, 0.5, "50"},
         {"Pixel:", 3, 0, "Select"}},
        {{"Red", "single", 1, 1}, {"Green", "single", 1, 1}, {"Blue", "single", 1, 1}}},
-      {6,
-       "EffectModuleWhiteBalance",
+      {"EffectModuleWhiteBalance",
        "0E8D83EB-6CCF-CC4D-43C9-84CAE1BD54DA",
        "White Balance",
        {{"Temperature:", 1, 0.15F, "19"}},
        {{"Temperature", "integer", 5000, 5000}}},
-      {7,
-       "EffectModuleDigitalFlash",
+      {"EffectModuleDigitalFlash",
        "0E0C7AE9-5559-6F0D-F2D4-C316A9F849FB",
        "Digital Flash",
        {{"Strength:", 1, 0.5, "50"}},
        {{"Strength", "single", 1, 1}}},
-      {8,
-       "EffectModuleExposure",
+      {"EffectModuleExposure",
        "3237324B-C5C6-997D-40B1-DFC3C16BAEB2",
        "Exposure",
        {{"Exposure:", 1, 0.5, "50"}},
        {{"Power", "double", 1, 0}}},
-      {9,
-       "EffectModuleLevels",
+      {"EffectModuleLevels",
        "7FFFFFFF-B3AC-4C8A-146F-1F804A5B9B06",
        "Levels",
        {{"In", 0, 0, ""},
@@ -89,22 +78,19 @@ const std::vector<ModuleFacts>& Facts() {
         {"Highlights", "integer", 255, 255},
         {"OutBlack", "integer", 0, 0},
         {"OutWhite", "integer", 255, 255}}},
-      {10,
-       "EffectModuleShadowsHighlight",
+      {"EffectModuleShadowsHighlight",
        "2EF3FA3F-93B2-B20D-BFA7-3E5957A43F2C",
        "Shadow & Highlight",
        {{"Shadow:", 1, 0, "0"}, {"Highlight:", 1, 0, "0"}, {"Blur:", 1, 0, "0"}},
        {{"Shadows", "integer", 0, 0}, {"Highlights", "integer", 0, 0}, {"Blur", "integer", 0, 0}}},
-      {16,
-       "EffectModuleChannelContrast",
+      {"EffectModuleChannelContrast",
        "4A5533F7-1FC6-4312-9E40-A008D1BDEE88",
        "Channel Contrast",
        {{"Red:", 1, 0.5, "50"}, {"Green:", 1, 0.5, "50"}, {"Blue:", 1, 0.5, "50"}},
        {{"redContrast", "single", 1, 1},
         {"greenContrast", "single", 1, 1},
         {"blueContrast", "single", 1, 1}}},
-      {20,
-       "EffectModuleHueSaturation",
+      {"EffectModuleHueSaturation",
        "54C1C97D-7E93-0C8F-9426-C6CFE7B2927A",
        "Hue & Saturation",
        {{"Hue:", 1, 0.5, "50"}, {"Saturation:", 1, 0.5, "50"}},
@@ -113,10 +99,20 @@ const std::vector<ModuleFacts>& Facts() {
   return facts;
 }
 
+}  // namespace
+
+std::vector<std::string_view> ClassesOfModuleTable() {
+  std::vector<std::string_view> classes;
+  for (const ModuleFacts& facts : Facts()) classes.emplace_back(facts.className);
+  return classes;
+}
+
+namespace {
+
 TEST(ModuleTables, RowsKeysAndDefaults) {
   for (const ModuleFacts& facts : Facts()) {
     SCOPED_TRACE(facts.name);
-    const ModuleEntry& entry = EffectRegistry()[static_cast<std::size_t>(facts.position)];
+    const ModuleEntry& entry = EntryOf(facts.className);
     EXPECT_EQ(entry.foregroundClass, facts.className);
     EXPECT_EQ(entry.backgroundClass, facts.className);
     const auto module = entry.create(kBackground);
@@ -157,8 +153,7 @@ TEST(ModuleTables, ExtremesOfEverySliderGiveAPicture) {
   for (const ModuleFacts& facts : Facts()) {
     for (const double extreme :
          {-1e300, -2147483648.0, -1.0, 0.0, 100.0, 101.0, 2147483647.0, 1e300}) {
-      const auto module =
-          EffectRegistry()[static_cast<std::size_t>(facts.position)].create(kForeground);
+      const auto module = EntryOf(facts.className).create(kForeground);
       module->Constructor();
       module->ResetSettings();
       Dictionary settings;
@@ -170,7 +165,8 @@ TEST(ModuleTables, ExtremesOfEverySliderGiveAPicture) {
       for (int i = 0; i < module->ControlCount(); ++i) module->ControlValue(i, extreme);
       settings.Value("Enabled", true);
       // A blur of two thousand million pixels is a plain mean; it need not be waited for here.
-      if (facts.position == 10) settings.Value("Blur", std::min(extreme, 500.0));
+      if (std::string_view(facts.name) == "Shadow & Highlight")
+        settings.Value("Blur", std::min(extreme, 500.0));
       module->Settings(settings);
       Picture picture = TestPicture(37, 21);
       module->Apply(picture, 1);
@@ -188,11 +184,12 @@ TEST(ModuleTables, TextsCanBeTranslatedByKey) {
     if (text == "EffectModuleExposure.kExposure") return std::string("Belichtung:");
     return std::string();
   });
-  const auto module = EffectRegistry()[8].create(kForeground);
+  const auto module = EntryOf("EffectModuleExposure").create(kForeground);
   module->Constructor();
   EXPECT_EQ(module->Name(), "Belichtung");
   EXPECT_EQ(module->Control(0).Caption, "Belichtung:");
-  EXPECT_EQ(EffectRegistry()[9].create(kForeground)->Name(), "Levels") << "the default stays";
+  EXPECT_EQ(EntryOf("EffectModuleLevels").create(kForeground)->Name(), "Levels")
+      << "the default stays";
   InstallTranslations(nullptr);
   EXPECT_EQ(module->Name(), "Exposure");
 }

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "Helpers.h"
-#include "effects/EffectRegistry.h"
+#include "effects/FindEffect.h"
 #include "engine/EditorInterfaces.h"
 #include "engine/brivolantProcessorLite.h"
 #include "engine/pictures/SharedPictureEffects.h"
@@ -20,48 +20,52 @@ constexpr const char* kExposure = "3237324B-C5C6-997D-40B1-DFC3C16BAEB2";
 constexpr const char* kLevels = "7FFFFFFF-B3AC-4C8A-146F-1F804A5B9B06";
 constexpr const char* kBorders = "722F92BB-914A-BE34-7B81-40D006AE5CE4";
 
+int PositionInRegistry(std::string_view className) {
+  const ModuleRegistry registry = EffectRegistry();
+  return static_cast<int>(&EntryOf(className) - registry.data());
+}
+
 struct Processor : TestServices {
   Processor() { processor.Startup(); }
   brivolantProcessorLite processor{EffectRegistry(), services};
 
   effectModule& Set(int stack, const char* name, int row, double position) {
     processor.CurrentStack = stack;
-    for (int i = 0; i <= processor.Count(); ++i) {
-      effectModule& module = *processor.item(i);
-      if (module.Name() != name) continue;
-      module.ControlValue(row, position);
-      module.Enabled(true);
-      return module;
-    }
-    throw std::runtime_error(name);
+    effectModule& module = ModuleNamed(processor, name);
+    module.ControlValue(row, position);
+    module.Enabled(true);
+    return module;
   }
 };
 
 TEST(ProcessorStacks, IndexesOrderAndIdentifiers) {
   Processor p;
   brivolantProcessorLite& processor = p.processor;
-  EXPECT_EQ(processor.Count(), 49);
+  const int last = static_cast<int>(EffectRegistry().size()) - 1;
+  const int own = PositionInRegistry("EffectModuleExposure");
+  EXPECT_EQ(processor.Count(), last);
   EXPECT_EQ(processor.item(-1), nullptr);
-  EXPECT_EQ(processor.item(50), nullptr);
-  EXPECT_EQ(processor.ItemPositionViaID(kExposure), 8);
+  EXPECT_EQ(processor.item(last + 1), nullptr);
+  EXPECT_EQ(processor.ItemPositionViaID(kExposure), own);
   EXPECT_EQ(processor.ItemPositionViaID("nothing"), -1);
   EXPECT_EQ(processor.ItemVIaID("nothing"), nullptr);
   EXPECT_THAT(p.log.lines, ElementsAre("Cannot find a module with the ID: nothing",
                                        "Cannot find a module with the ID: nothing"));
-  processor.ChangeItemOrder(8, 2);
+  processor.ChangeItemOrder(own, 2);
   EXPECT_EQ(processor.ItemPositionViaID(kExposure), 2);
   processor.ChangeItemOrder(2, -1);
-  EXPECT_EQ(processor.ItemPositionViaID(kExposure), 49);
-  processor.ChangeItemOrder(99, 0);
+  EXPECT_EQ(processor.ItemPositionViaID(kExposure), last);
+  processor.ChangeItemOrder(last + 50, 0);
   EXPECT_TRUE(p.dialogs.messages.empty()) << "no two modules share an identifier";
   processor.Reset();
-  EXPECT_EQ(processor.ItemPositionViaID(kExposure), 8);
+  EXPECT_EQ(processor.ItemPositionViaID(kExposure), own);
   EXPECT_FALSE(processor.Running());
 }
 
 TEST(ProcessorStacks, TheSameIdentifierTwiceIsTold) {
   TestServices s;
-  const std::array<ModuleEntry, 2> twice{EffectRegistry()[8], EffectRegistry()[8]};
+  const ModuleEntry& exposure = EntryOf("EffectModuleExposure");
+  const std::array<ModuleEntry, 2> twice{exposure, exposure};
   brivolantProcessorLite processor(twice, s.services);
   processor.Startup();
   EXPECT_EQ(s.dialogs.messages.at(0), "Exposure has the same ID as Exposure");
@@ -190,13 +194,13 @@ TEST(ProcessorPreview, CachesGiveWhatAFullRenderGives) {
   // Dragging a slider of a module in the middle of the stack.
   e.processor.SelectEffect(e.processor.ItemPositionViaID(kExposure));
   for (const int position : {10, 90, 70}) {
-    e.processor.item(8)->ControlValue(0, position);
+    ModuleNamed(e.processor, "Exposure").ControlValue(0, position);
     e.processor.UpdatePreview(false);
   }
   EXPECT_TRUE(e.document.PreviewAfter.SameAs(whole));
   // Switching off a module above the selected one.
   white.Enabled(false);
-  e.processor.EffectEnabledChanged(6);
+  e.processor.EffectEnabledChanged(e.processor.ItemPositionViaID(white.ID()));
   e.processor.UpdatePreview(false);
   const Picture without = e.document.PreviewAfter;
   e.processor.UpdatePreview(true);
@@ -251,9 +255,9 @@ TEST(StyleData, SettingsOrderAndBlendComeBack) {
   from.Set(kForeground, "Exposure", 0, 63);
   from.Set(kBackground, "Levels", 1, 33);
   from.processor.CurrentStack = kForeground;
-  from.processor.ChangeItemOrder(8, 1);
+  from.processor.ChangeItemOrder(from.processor.ItemPositionViaID(kExposure), 1);
   from.processor.CurrentStack = kBackground;
-  from.processor.ChangeItemOrder(9, 40);
+  from.processor.ChangeItemOrder(from.processor.ItemPositionViaID(kLevels), 40);
   from.processor.BlendMode(3);
   from.processor.BlendAlpha = 0.4F;
   const std::string style = from.processor.StyleData();

@@ -22,7 +22,9 @@ void Shuffle(brivolantProcessorLite& processor, std::mt19937& random) {
   for (const int stack : {kForeground, kBackground}) {
     processor.CurrentStack = stack;
     for (int i = 0; i < 12; ++i) {
-      processor.ChangeItemOrder(static_cast<int>(random() % 50), static_cast<int>(random() % 50));
+      const auto rows = static_cast<unsigned>(processor.Count() + 1);
+      processor.ChangeItemOrder(static_cast<int>(random() % rows),
+                                static_cast<int>(random() % rows));
     }
     for (int i = 0; i <= processor.Count(); ++i) {
       effectModule& module = *processor.item(i);

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "Helpers.h"
-#include "effects/EffectRegistry.h"
+#include "effects/FindEffect.h"
 #include "effects/styles/OneClickWonderStorage.h"
 #include "effects/styles/StyleSource.h"
 #include "engine/brivolantProcessorLite.h"
@@ -23,12 +23,6 @@ struct Styles : testing::Test, TestServices {
     OneClickWonder style(services);
     style.Name(0, name);
     return style;
-  }
-  std::string StackWith(int row) {
-    brivolantProcessorLite processor(EffectRegistry(), services);
-    processor.Startup();
-    processor.item(row)->Enabled(true);
-    return processor.StyleData();
   }
 };
 

@@ -227,6 +227,7 @@ void multiViewFileBrowser::DisplayItem(const Container& value) {
   getter_.Kill();
   getter_.item.clear();
   lister_.Stop();
+  slowReload_ = false;
   reload_.stop();
   Container container = value;
   if (const auto* folder = std::get_if<FolderItem>(&container)) {
@@ -294,7 +295,9 @@ void multiViewFileBrowser::ReloadCurrentView() {
   Lay();
   icons_->verticalScrollBar()->setValue(icons);
   list_->verticalScrollBar()->setValue(list);
-  RaiseSelectionChanged();
+  // While a slow folder is read, what is shown of the selection stays.
+  slowReload_ = Listing();
+  if (!slowReload_) RaiseSelectionChanged();
 }
 
 void multiViewFileBrowser::TakeListed(std::vector<BrowserRows::Row> rows, bool done) {
@@ -316,6 +319,7 @@ void multiViewFileBrowser::TakeListed(std::vector<BrowserRows::Row> rows, bool d
   if (!done) return;
   before_.clear();
   RunGetter();
+  if (std::exchange(slowReload_, false)) RaiseSelectionChanged();
   if (ListChanged) ListChanged();
 }
 

@@ -211,6 +211,8 @@ class multiViewFileBrowser final : public QWidget {
   /// Rows that were there before a reload, by their paths.
   std::unordered_map<std::string, BrowserRows::Row> before_;
   bool reloading_ = false;
+  /// A reload still reads: the selection is told when it ends.
+  bool slowReload_ = false;
   QString typed_;
   QTimer typing_;
   /// Where a range began that is selected by keys.

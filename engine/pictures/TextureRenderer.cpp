@@ -25,8 +25,9 @@ double TextureRenderer::Noise(double x, double y, double cell, int octaves) cons
   return sum;
 }
 
-Picture TextureRenderer::Render(Picture source, const Plane* mask,
-                                const std::function<double(int, int)>& texture) const {
+/// `texture` gives t at a pixel. A template, since it is asked for every one.
+template <class Texture>
+Picture TextureRenderer::Render(Picture source, const Plane* mask, const Texture& texture) const {
   constexpr int kGrain = 16;
   if (ProgressHandler) ProgressHandler(0);
   Rewrite(source, mask, [&](ConstPixels from, Pixels to) {

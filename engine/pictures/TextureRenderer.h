@@ -33,8 +33,8 @@ class TextureRenderer {
   Picture RenderLabyrinth(Picture source, const Plane* mask = nullptr) const;
 
  private:
-  Picture Render(Picture source, const Plane* mask,
-                 const std::function<double(int x, int y)>& texture) const;
+  template <class Texture>
+  Picture Render(Picture source, const Plane* mask, const Texture& texture) const;
   double Noise(double x, double y, double cell, int octaves) const;
 };
 

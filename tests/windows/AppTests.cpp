@@ -20,7 +20,7 @@
 #include "app/SingleInstance.h"
 #include "app/ToolButtons.h"
 #include "app/core/Translations.h"
-#include "effects/EffectRegistry.h"
+#include "effects/FindEffect.h"
 #include "kit/AnimationCore.h"
 #include "kit/Appearance.h"
 #include "kit/SvgIcon.h"
@@ -196,7 +196,9 @@ TEST(Copies, AreCancelledBetweenTwoEffects) {
   TestServices services;
   brivolantProcessorLite processor(EffectRegistry(), services.services);
   processor.Startup();
-  for (const int row : {4, 8, 10}) processor.item(row)->Enabled(true);
+  for (const char* name : {"Brightness & Contrast", "Exposure", "Shadow & Highlight"}) {
+    ModuleNamed(processor, name).Enabled(true);
+  }
   const FolderItem target = services.folder.Child("copy.jpg");
   std::string error;
   std::vector<double> told;
@@ -229,8 +231,8 @@ std::map<std::string, QString> TextsOfTheSources() {
   std::map<std::string, QString> texts;
   const QRegularExpression text(QStringLiteral(
       "\"([A-Za-z0-9]+\\.[kA-Z][A-Za-z0-9]*)\",\\s*((?:\"(?:[^\"\\\\]|\\\\.)*\"\\s*)+)"));
-  for (const char* folder :
-       {"platform", "engine", "files", "metadata", "formats", "effects", "kit", "support", "app"}) {
+  for (const char* folder : {"platform", "engine", "files", "metadata", "formats", "effects",
+                             "sources", "browser", "kit", "support", "app"}) {
     QDirIterator files(QStringLiteral(BRIVOLANT_SOURCE "/") + QLatin1String(folder),
                        {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files,
                        QDirIterator::Subdirectories);

@@ -17,13 +17,18 @@ struct Browsing : Program {
   explicit Browsing(const std::vector<std::string>& names) {
     EXPECT_FALSE(home.Child("Pictures").CreateAsFolder());
     for (const std::string& name : names) Photo("Pictures/" + name, 64, 48);
+    const int wanted = static_cast<int>(names.size());
     Start();
-    EXPECT_TRUE(Until([&] { return !Browser().Listing(); }));
+    EXPECT_TRUE(Until([&] { return Listed(Pictures()) && Browser().Count() >= wanted; }));
   }
   multiViewFileBrowser& Browser() { return *Window().imageBrowser; }
   FolderItem Pictures() { return home.Child("Pictures"); }
   QWidget& Grid() { return *Browser().IconView().viewport(); }
   QPoint Cell(int row) { return Browser().IconView().CellRect(row).center(); }
+  /// Whether the folder is shown and was read to its end.
+  bool Listed(const FolderItem& folder) {
+    return Browser().CurrentFolder() == folder && !Browser().Listing();
+  }
   std::vector<std::string> Names() {
     std::vector<std::string> names;
     for (int i = 0; i < Browser().Count(); ++i) names.push_back(Browser().Rows().Name(i));

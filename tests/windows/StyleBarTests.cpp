@@ -15,7 +15,7 @@
 #include "app/OneClickEditor.h"
 #include "app/StyleTiles.h"
 #include "app/core/ApplicationServices.h"
-#include "effects/EffectRegistry.h"
+#include "effects/FindEffect.h"
 #include "effects/styles/OneClickWonderStorage.h"
 #include "effects/styles/StyleSource.h"
 #include "engine/pictures/PictureEffects.h"
@@ -60,13 +60,13 @@ struct StyleBar : testing::Test {
       act(*editor);
     });
   }
-  OneClickWonder Named(const std::string& name, int category, int row) {
+  OneClickWonder Named(const std::string& name, int category, const char* effect) {
     OneClickWonder style(program.app->StyleServices());
     style.Name(0, name);
     style.Category = category;
     brivolantProcessorLite processor(EffectRegistry(), program.app->Services());
     processor.Startup();
-    processor.item(row)->Enabled(true);
+    ModuleNamed(processor, effect).Enabled(true);
     style.StyleData = processor.StyleData();
     return style;
   }
@@ -276,7 +276,7 @@ TEST_F(StyleBar, AStackBecomesAStyleThatIsFoundAgain) {
 }
 
 TEST_F(StyleBar, AFileIsInstalledByOpeningOrDropping) {
-  OneClickWonder style = Named("Found", 1, 26);
+  OneClickWonder style = Named("Found", 1, "Sepia");
   const FolderItem file = program.home.Child("mail attachment.oneClick");
   ASSERT_TRUE(style.Save(file));
   program.app->OpenDocument(file);
@@ -294,7 +294,7 @@ TEST_F(StyleBar, AFileIsInstalledByOpeningOrDropping) {
   EXPECT_THAT(program.dialogs.messages.back(), HasSubstr("unable to open the 1-Click Style"));
   EXPECT_TRUE(program.home.Child("broken.oneClick").Exists());
   // What is dropped into the folder appears by itself.
-  OneClickWonder dropped = Named("Dropped", 1, 25);
+  OneClickWonder dropped = Named("Dropped", 1, "Posterize");
   ASSERT_TRUE(dropped.Save(Store().usersCustomWondersFolder.Child("dropped.oneClick")));
   EXPECT_TRUE(Until([&] { return Bar().Count() == count + 1; }));
   // A style whose file is protected is not edited.
@@ -311,7 +311,7 @@ TEST(Tiles, ComeInOrderOnceAndEndWithTheirPhoto) {
   brivolantProcessorLite processor(EffectRegistry(), quiet.All());
   processor.Startup();
   const std::string plain = processor.StyleData();
-  processor.item(22)->Enabled(true);
+  ModuleNamed(processor, "Inverse").Enabled(true);
   const std::string inverse = processor.StyleData();
   StyleTiles tiles;
   std::vector<std::string> ready;

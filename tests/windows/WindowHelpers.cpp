@@ -90,7 +90,8 @@ void DropFile(QWidget& control, const FolderItem& file, const QPoint& at) {
 }
 
 bool Until(const std::function<bool()>& condition) {
-  constexpr int kPatience = 5000;
+  // Long enough for a machine with many times as much to do as it can.
+  constexpr int kPatience = 30000;
   QElapsedTimer timer;
   timer.start();
   while (!condition()) {

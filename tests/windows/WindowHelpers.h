@@ -38,8 +38,15 @@ void DropFile(QWidget& control, const FolderItem& file);
 void DropFile(QWidget& control, const FolderItem& file, const QPoint& at);
 /// Handles events until nothing moves any more.
 void Settle();
-/// Handles events until the condition holds; false after five seconds.
+/// Handles events until the condition holds; false after half a minute. The condition is what a
+/// test wants to see: that something is not going on any more also holds before it began.
 bool Until(const std::function<bool()>& condition);
+/// Handles events until what `look` gives is as `wanted`; a failure tells what it was in the end.
+template <class Look, class Matcher>
+void ExpectSoon(const Look& look, const Matcher& wanted) {
+  Until([&] { return testing::Value(look(), wanted); });
+  EXPECT_THAT(look(), wanted);
+}
 
 /// Answers questions with what was laid ready, and remembers them.
 struct AnsweringDialogs final : Dialogs {

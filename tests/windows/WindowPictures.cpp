@@ -160,8 +160,8 @@ TEST(WindowPictures, OfTheBrowserAndTheSmallWindows) {
   program.Window().MenuAction("ViewShowHiddenFiles");
   program.Window().MenuAction("ViewShowHiddenFiles");
   const auto ready = [&] {
-    return browser.Count() == 4 &&
-           browser.myImageGetter().State() == browserThumbnailGetter::kNotRunning;
+    return browser.Count() == 4 && !browser.Rows().Item(1)->image.isNull() &&
+           !browser.Rows().Item(3)->image.isNull();
   };
   ASSERT_TRUE(Until(ready));
   browser.ListIndex(1);
@@ -176,16 +176,20 @@ TEST(WindowPictures, OfTheBrowserAndTheSmallWindows) {
     program.Choose("ViewAsList");
     Take(program.Window(), QStringLiteral("browser-list") + name);
     program.Choose("ViewAsColumns");
-    ASSERT_TRUE(Until([&] { return !browser.previewCanvas().Loading(); }));
+    ASSERT_TRUE(
+        Until([&] { return browser.previewCanvas().columnPreviewDisplayData().size() > 1; }));
     Take(program.Window(), QStringLiteral("browser-columns") + name);
   }
   program.app->AppearanceChoice(Appearance::kLight);
   program.Choose("FileQuickLook");
   QuickLookWindow& look = *program.Window().QuickLook();
-  ASSERT_TRUE(Until([&] { return !look.Loading(); }));
+  const auto read = [](const QuickLookWindow& window) {
+    return !window.Loading() && window.PictureRect().width() != window.PictureRect().height();
+  };
+  ASSERT_TRUE(Until([&] { return read(look); }));
   Take(look, QStringLiteral("quick-look"));
   look.FullScreenMode(true);
-  ASSERT_TRUE(Until([&] { return !look.FullScreenWindow()->Loading(); }));
+  ASSERT_TRUE(Until([&] { return read(*look.FullScreenWindow()); }));
   Take(*look.FullScreenWindow(), QStringLiteral("quick-look-full-screen"));
   look.FullScreenWindow()->FullScreenMode(false);
   look.close();
