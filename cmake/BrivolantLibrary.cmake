@@ -6,6 +6,8 @@
 # headers are included as "folder/Header.h" through an include path that only its own consumers
 # get, so an include of a layer that is not linked does not compile. A folder within it that is a
 # library of its own is left out of that path.
+set(standard_headers <algorithm> <array> <cmath> <cstdint> <functional> <map> <memory> <optional>
+  <string> <string_view> <utility> <variant> <vector>)
 function(brivolant_library name)
   cmake_parse_arguments(ARG "" "FOLDER" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
   get_property(libraries GLOBAL PROPERTY brivolant_libraries)
@@ -17,6 +19,10 @@ function(brivolant_library name)
   add_library(${name} STATIC ${ARG_SOURCES})
   target_include_directories(${name} PUBLIC ${CMAKE_BINARY_DIR}/include/${name})
   target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_PRIVATE_LINKS})
+  if(BRIVOLANT_SANITIZE)
+    # Only here: in the build for people each file shows that it includes what it needs.
+    target_precompile_headers(${name} PRIVATE ${standard_headers})
+  endif()
   set_target_properties(${name} PROPERTIES
     BRIVOLANT_FOLDER ${ARG_FOLDER}
     BRIVOLANT_LINKS "${ARG_LINKS}"

@@ -330,8 +330,13 @@ TEST(FolderListing, ArrivesOnTheMainThreadAndNotAtAllOnceStopped) {
   lister.List(folder.Item(), {}, 0);
   lister.Stop();
   EXPECT_FALSE(lister.Running());
+  // A quick thread was done before the stop; after it nothing arrives but of the second run.
+  const int before = std::exchange(rows, 0);
+  EXPECT_THAT(before, testing::AnyOf(0, 50));
+  done = false;
   lister.List(folder.Item(), {}, 5000);
   EXPECT_TRUE(Until([&] { return done; }));
+  QCoreApplication::processEvents();
   EXPECT_EQ(rows, 50);
 }
 
