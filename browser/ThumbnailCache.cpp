@@ -88,12 +88,6 @@ void ThumbnailCache::StoreFailure(const Key& key) const {
   Write(FailureOf(key), nothing, key);
 }
 
-void ThumbnailCache::Forget(const Key& key) const {
-  (void)FileOf(key, kLarge).Delete();
-  (void)FileOf(key, kXLarge).Delete();
-  (void)FailureOf(key).Delete();
-}
-
 void ThumbnailCache::Write(const FolderItem& target, const QImage& image, const Key& key) {
   // What cannot be checked later is not stored.
   if (key.Modified == 0) return;

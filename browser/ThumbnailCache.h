@@ -41,8 +41,6 @@ class ThumbnailCache {
   /// size is not stored.
   void Store(const Key& key, Size size, const QImage& image) const;
   void StoreFailure(const Key& key) const;
-  /// Removes what is known of the file in any size.
-  void Forget(const Key& key) const;
 
  private:
   FolderItem FileOf(const Key& key, Size size) const;

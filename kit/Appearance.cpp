@@ -121,16 +121,8 @@ void Apply(QApplication& application, Scheme scheme) {
   application.setStyleSheet(Sheet(Current()));
 }
 
-Scheme InForce() {
-  return inForce;
-}
-
 bool IsDark() {
   return inForce == kDark;
-}
-
-QColor Accent() {
-  return QColor::fromRgb(Current().accent);
 }
 
 Scheme DesktopPreference() {

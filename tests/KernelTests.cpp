@@ -75,15 +75,6 @@ TEST(Kernels, ToneTablesReachEveryEntry) {
           [&](Pixels p) { kernels::reference::ApplyToneTables(p, tables); });
     }
   }
-  // All levels in one plane.
-  Plane plane(256, 3, 0);
-  for (int x = 0; x < 256; ++x) plane.Edit().Row(1)[x] = static_cast<std::uint8_t>(x);
-  const ToneTable table = RandomTable(5);
-  OnEveryTarget([&] {
-    Plane actual = plane;
-    kernels::ApplyToneTable(actual.Edit(), table);
-    for (int x = 0; x < 256; ++x) EXPECT_EQ(actual.At(x, 1), table[static_cast<std::size_t>(x)]);
-  });
 }
 
 TEST(Kernels, ComposedTablesAreOneAfterTheOther) {

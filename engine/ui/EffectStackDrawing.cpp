@@ -7,7 +7,6 @@
 
 #include "engine/brivolantProcessorLite.h"
 #include "engine/ui/EffectStackEditor.h"
-#include "kit/Appearance.h"
 #include "kit/InterfaceKitSupport.h"
 #include "kit/SvgIcon.h"
 #include "kit/ifkColors.h"

@@ -109,11 +109,6 @@ HWY_ATTR void ToneRows(ConstPixels source, Pixels target, int from, int to,
   }
 }
 
-HWY_ATTR void TonePlaneRows(Grey plane, int from, int to, const ToneTable& table) {
-  const SplitTable split(table);
-  for (int y = from; y < to; ++y) ApplyOneTable(plane.Row(y), plane.Row(y), plane.stride, split, 0);
-}
-
 HWY_ATTR void InvertBytes(std::uint8_t* bytes, std::size_t count, std::uint32_t mask) {
   const Bytes d;
   const auto flip =
@@ -167,7 +162,6 @@ HWY_AFTER_NAMESPACE();
 namespace brivolant::kernels {
 
 HWY_EXPORT(ToneRows);
-HWY_EXPORT(TonePlaneRows);
 HWY_EXPORT(InvertBytes);
 HWY_EXPORT(AddBytes);
 HWY_EXPORT(LumaRow);
@@ -185,12 +179,6 @@ void ApplyToneTables(ConstPixels source, Pixels target, const ToneTables& tables
 
 void ApplyToneTables(Pixels pixels, const ToneTables& tables) {
   ApplyToneTables(pixels, pixels, tables);
-}
-
-void ApplyToneTable(Grey plane, const ToneTable& table) {
-  ParallelRows(plane.height, kGrain, [&](int from, int to) {
-    HWY_DYNAMIC_DISPATCH(TonePlaneRows)(plane, from, to, table);
-  });
 }
 
 void Invert(Pixels pixels) {

@@ -15,7 +15,6 @@ namespace brivolant::kernels {
 void ApplyToneTables(Pixels pixels, const ToneTables& tables);
 /// The same into pixels of the same size, which may be the source's own.
 void ApplyToneTables(ConstPixels source, Pixels target, const ToneTables& tables);
-void ApplyToneTable(Grey plane, const ToneTable& table);
 
 /// 255 minus each level.
 void Invert(Pixels pixels);
