@@ -242,7 +242,9 @@ TEST(EffectTables, RowsAreWhatThePanelShows) {
       EXPECT_EQ(Trim(control.Caption), row.caption);
       EXPECT_EQ(control.Type, row.type) << row.caption;
       EXPECT_EQ(control.DrawLine, row.tick) << row.caption;
-      EXPECT_EQ(control.Menu.has_value(), row.type == kControlMenu) << row.caption;
+      // The menu of fonts is the window's own.
+      const bool hasItems = row.type == kControlMenu && std::string_view(row.caption) != "Font:";
+      EXPECT_EQ(control.Menu.has_value(), hasItems) << row.caption;
       if (row.type != kControlSlider) continue;
       // Every position of a slider comes back as it was set, but for what whole numbers lose.
       module->ResetSettings();
