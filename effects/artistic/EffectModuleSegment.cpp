@@ -2,9 +2,11 @@
 #include "effects/artistic/EffectModuleSegment.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "engine/pictures/AdvancedGraphics.h"
 #include "engine/pictures/SharedPictureEffects.h"
+#include "engine/pictures/SoftShadow.h"
 #include "platform/pictures/kernels/ComposeKernels.h"
 #include "platform/pictures/kernels/LookKernels.h"
 
@@ -44,14 +46,6 @@ CGRect Rect(int x, int y, int w, int h) {
                                             static_cast<float>(w), static_cast<float>(h));
 }
 
-/// The shadow that a piece throws downward.
-void Shadow(Picture& sheet, const CGRect& rect, int blur) {
-  AdvancedGraphics g(sheet);
-  g.SetShadow(0, -blur, blur);
-  g.SetFillColor(kBlack, 1);
-  g.DrawRect(rect, kFill);
-}
-
 }  // namespace
 
 void EffectModuleSegment::ApplyEffect(Picture& picture, double scale) {
@@ -84,7 +78,11 @@ void EffectModuleSegment::ApplyEffect(Picture& picture, double scale) {
   };
   if (tileCount == kMat) {
     fill(Rect(cx - (cw - tw), cy - (ch - th), cw + 2 * (cw - tw), ch + 2 * (ch - th)));
-    if (DropShadow) Shadow(sheet, Rect(cx, cy, cw, ch), blur);
+    if (DropShadow) {
+      const SoftShadow::Side across{1.0 * cx, 1.0 * cx + cw};
+      const SoftShadow::Side down{1.0 * cy + blur, 1.0 * cy + ch + blur};
+      SoftShadow::LayGrid(sheet, {&across, 1}, {&down, 1}, blur);
+    }
     lay(Part(picture, cx, cy, cw, ch), cx, cy, cw, ch);
     kernels::CopyArea(sheet.View(), 0, 0, picture.Edit());
     return;
@@ -96,9 +94,16 @@ void EffectModuleSegment::ApplyEffect(Picture& picture, double scale) {
     }
   };
   if (DropShadow && tileCount != kInset) {
-    forEachCell([&](int column, int row) {
-      Shadow(sheet, Rect(ox + column * cw, oy + row * ch, tw, th), blur);
-    });
+    // The shadows fall downward by as much as they are soft.
+    const auto sides = [](int count, double first, int step, int length) {
+      std::vector<SoftShadow::Side> all;
+      for (int i = 0; i < count; ++i) {
+        all.push_back({first + i * step, first + i * step + length});
+      }
+      return all;
+    };
+    SoftShadow::LayGrid(sheet, sides(grid.columns, ox, cw, tw), sides(grid.rows, oy + blur, ch, th),
+                        blur);
   }
   forEachCell([&](int column, int row) {
     lay(Part(picture, column * cw, row * ch, cw, ch), ox + column * cw, oy + row * ch, tw, th);
