@@ -23,7 +23,7 @@ void EffectModuleString::SettingsReset() {
   DropShadow = kept;
 }
 
-void EffectModuleString::ApplyEffect(Picture& picture, double) {
+void EffectModuleString::ApplyEffect(Picture& picture, double scale) {
   // The factor of the rings' angles, as it has always been.
   constexpr double kDegree = 0.01744444444;
   const Picture sample =
@@ -32,10 +32,11 @@ void EffectModuleString::ApplyEffect(Picture& picture, double) {
   const double tw = picture.Width() / (kSample - 1.0);
   const double th = picture.Height() / (kSample - 1.0);
   kernels::FillPixels(picture.Edit(), backColor);
-  const double width = std::max(tw - 1, 0.5);
-  const double height = std::max(th - 1, 0.5);
+  // Gaps and shadows are the same share of a thread at every size.
+  const double width = std::max(tw - scale, 0.5);
+  const double height = std::max(th - scale, 0.5);
   std::optional<ShapeStamp::Shadow> shadow;
-  if (DropShadow) shadow = ShapeStamp::Shadow{3, 1};
+  if (DropShadow) shadow = ShapeStamp::Shadow{3 * scale, scale};
   FineStamps dots(static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(height)), 1,
                   shadow, [&](AdvancedGraphics& g, double left, double top) {
                     g.DrawOval(AdvancedGraphicsModule::MakeCGRect(

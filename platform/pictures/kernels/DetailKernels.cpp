@@ -157,7 +157,7 @@ void EdgePixel(const Rows& rows, std::uint8_t* out, int x, float gain) {
 }
 
 std::uint8_t Between(int from, int to, int share) {
-  return static_cast<std::uint8_t>(from + ((to - from) * share + 128) / 256);
+  return static_cast<std::uint8_t>((from * (256 - share) + to * share + 128) / 256);
 }
 
 }  // namespace
