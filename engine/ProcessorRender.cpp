@@ -119,7 +119,10 @@ Picture brivolantProcessorLite::Process(Picture source, PastedFiles pasted) {
   stopped_ = false;
   modulesDone_ = 0;
   modulesToDo_ = EnabledModules();
+  // The preview goes on as if this render had not been.
+  const double scaleBefore = consistencyScale;
   Picture result = ProcessLayers(std::move(source));
+  consistencyScale = scaleBefore;
   counting_ = false;
   return stopped_ ? Picture() : result;
 }
@@ -162,7 +165,11 @@ void brivolantProcessorLite::rebuildCurrentPointCache() {
   cacheCurrentStack = SharedPictureEffects::Clone(Document->PreviewBase, 24, true);
   const StackList& stack = Current();
   const int last = std::min(cacheCurrentStackPoint, static_cast<int>(stack.size()));
+  foregroundScaleTopleft.reset();
+  foregroundScaleSize.reset();
   RunModules(stack, 0, last, cacheCurrentStack);
+  cachedTopleft_ = foregroundScaleTopleft;
+  cachedSize_ = foregroundScaleSize;
 }
 
 void brivolantProcessorLite::UpdatePreview(bool full) {
@@ -191,6 +198,9 @@ void brivolantProcessorLite::RenderPreview() {
   }
   if (document.PreviewBase.IsNil()) return;
   document.PreviewAfter = cacheCurrentStack;
+  // Where the layer lies follows from the modules of this render, those in the cache among them.
+  foregroundScaleTopleft = cachedTopleft_;
+  foregroundScaleSize = cachedSize_;
   document.PreviewAfter = RunStack(document.PreviewAfter, CurrentStack, cacheCurrentStackPoint);
   if (CurrentStack != kForeground) return;
   const bool covers = document.PreviewAfter.Width() == document.PreviewBase.Width() &&

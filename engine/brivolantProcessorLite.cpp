@@ -48,6 +48,8 @@ void brivolantProcessorLite::Reset() {
   CheckIdentifiers();
   foregroundScaleTopleft.reset();
   foregroundScaleSize.reset();
+  cachedTopleft_.reset();
+  cachedSize_.reset();
   if (myEffectEditor == nullptr) return;
   int position = -1;
   if (!selected.empty()) {

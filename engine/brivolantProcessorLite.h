@@ -122,7 +122,7 @@ class brivolantProcessorLite {
   /// Index from which a preview is rendered on cacheCurrentStack; -1 is the whole stack.
   int cacheCurrentStackPoint = -1;
   /// Where the foreground lies over the background; empty is full size. Written by the foreground's
-  /// scale module while it is applied.
+  /// scale module while it is applied; every render begins without a placement.
   std::optional<Point> foregroundScaleTopleft;
   std::optional<Point> foregroundScaleSize;
 
@@ -170,6 +170,9 @@ class brivolantProcessorLite {
   int lastHeight = 0;
   Picture cacheBackgroundLayer;
   Picture cacheCurrentStack;
+  // The placement that the modules in cacheCurrentStack asked for.
+  std::optional<Point> cachedTopleft_;
+  std::optional<Point> cachedSize_;
   Picture PostBuffer;
   // Of a full-size render.
   bool counting_ = false;

@@ -180,6 +180,35 @@ TEST(ProcessorPreview, FitsTheDisplayAndTellsItsEvents) {
   EXPECT_EQ(e.processor.Preview().Width(), 200) << "another display size means new previews";
 }
 
+TEST(ProcessorPreview, ALayersPlaceIsThatOfItsOwnRender) {
+  Editing e;
+  const auto move = [&e](double position) {
+    e.Set(kForeground, "Scale Layer", 0, position);
+    e.processor.UpdatePreview(false);
+    return e.document.PreviewAfter;
+  };
+  const Picture whole = move(50);
+  EXPECT_TRUE(whole.SameAs(e.document.PreviewBase));
+  const Picture half = move(25);
+  EXPECT_FALSE(half.SameAs(whole));
+  // Back at its own size, the layer covers again.
+  EXPECT_TRUE(move(50).SameAs(whole));
+  EXPECT_TRUE(move(25).SameAs(half));
+  // A full-size render between two previews has a place of its own, also if the module stands in
+  // what the preview keeps rendered.
+  const Picture exported = e.processor.Process(TestPicture(600, 400), {});
+  for (const int selected : {0, 45}) {
+    e.processor.SelectEffect(selected);
+    e.processor.Process(TestPicture(600, 400), {});
+    e.processor.UpdatePreview(false);
+    EXPECT_TRUE(e.document.PreviewAfter.SameAs(half)) << selected;
+    EXPECT_TRUE(e.processor.Process(TestPicture(600, 400), {}).SameAs(exported)) << selected;
+  }
+  const double scale = e.processor.consistencyScale;
+  e.processor.Process(TestPicture(600, 400), {});
+  EXPECT_EQ(e.processor.consistencyScale, scale);
+}
+
 TEST(ProcessorPreview, CachesGiveWhatAFullRenderGives) {
   Editing e;
   e.Set(kForeground, "Exposure", 0, 70);

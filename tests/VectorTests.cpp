@@ -9,7 +9,10 @@
 namespace brivolant::test {
 namespace {
 
-using namespace AdvancedGraphicsModule;
+using AdvancedGraphicsModule::Bottom;
+using AdvancedGraphicsModule::MakeCGRect;
+using AdvancedGraphicsModule::Radian;
+using AdvancedGraphicsModule::Right;
 
 constexpr Color kRed{255, 0, 0};
 

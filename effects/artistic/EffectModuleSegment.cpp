@@ -2,11 +2,13 @@
 #include "effects/artistic/EffectModuleSegment.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "engine/pictures/AdvancedGraphics.h"
-#include "engine/pictures/SharedPictureEffects.h"
+#include "engine/pictures/SoftShadow.h"
 #include "platform/pictures/kernels/ComposeKernels.h"
 #include "platform/pictures/kernels/LookKernels.h"
+#include "platform/pictures/kernels/ScaleKernels.h"
 
 namespace brivolant {
 
@@ -32,24 +34,27 @@ Grid GridFor(int tileCount, bool wide) {
   }
 }
 
-/// A part of a picture at its own size.
-Picture Part(const Picture& picture, int x, int y, int w, int h) {
-  Picture part = Picture::Uninitialized(w, h, picture.Depth());
-  if (!part.IsNil()) kernels::CopyArea(picture.View(), x, y, part.Edit());
-  return part;
+/// Where something lies, in pixels and their parts.
+using kernels::SourceArea;
+
+/// Lays the `from` part of a picture over the whole pixels `at`. It belongs on `to`, of which `at`
+/// is the rounding: so its content lies where it does at every size.
+void Lay(const Picture& picture, const SourceArea& from, const SourceArea& to, const SourceArea& at,
+         Picture& sheet) {
+  Picture piece = Picture::Uninitialized(static_cast<int>(at.width), static_cast<int>(at.height));
+  if (piece.IsNil()) return;
+  const double across = from.width / to.width;
+  const double down = from.height / to.height;
+  kernels::Scale(picture.View(),
+                 {from.x + (at.x - to.x) * across, from.y + (at.y - to.y) * down, at.width * across,
+                  at.height * down},
+                 piece.Edit());
+  kernels::Compose(sheet.Edit(), piece.View(), {}, static_cast<int>(at.x), static_cast<int>(at.y));
 }
 
 CGRect Rect(int x, int y, int w, int h) {
   return AdvancedGraphicsModule::MakeCGRect(static_cast<float>(x), static_cast<float>(y),
                                             static_cast<float>(w), static_cast<float>(h));
-}
-
-/// The shadow that a piece throws downward.
-void Shadow(Picture& sheet, const CGRect& rect, int blur) {
-  AdvancedGraphics g(sheet);
-  g.SetShadow(0, -blur, blur);
-  g.SetFillColor(kBlack, 1);
-  g.DrawRect(rect, kFill);
 }
 
 }  // namespace
@@ -77,15 +82,25 @@ void EffectModuleSegment::ApplyEffect(Picture& picture, double scale) {
     g.SetFillColor(kBlack, 1);
     g.DrawRect(rect, kFill);
   };
-  const auto lay = [&](const Picture& part, int x, int y, int width, int height) {
-    const Picture piece =
-        SharedPictureEffects::Scale(part, width, height, SharedPictureEffects::kScaleExactly);
-    if (!piece.IsNil()) kernels::Compose(sheet.Edit(), piece.View(), {}, x, y);
+  // The cells and pieces before they were rounded to pixels.
+  const SourceArea cell{0, 0, 1.0 * w / grid.columns, 1.0 * h / grid.rows};
+  const SourceArea piece{cell.width * (1 - left) / 2, cell.height * (1 - left) / 2,
+                         cell.width * left, cell.height * left};
+  const auto lay = [&](double x, double y, int toX, int toY) {
+    if (tw <= 0 || th <= 0) return;
+    Lay(picture, {x, y, cell.width, cell.height},
+        {x + piece.x, y + piece.y, piece.width, piece.height},
+        {1.0 * toX, 1.0 * toY, 1.0 * tw, 1.0 * th}, sheet);
   };
   if (tileCount == kMat) {
     fill(Rect(cx - (cw - tw), cy - (ch - th), cw + 2 * (cw - tw), ch + 2 * (ch - th)));
-    if (DropShadow) Shadow(sheet, Rect(cx, cy, cw, ch), blur);
-    lay(Part(picture, cx, cy, cw, ch), cx, cy, cw, ch);
+    if (DropShadow) {
+      const SoftShadow::Side across{1.0 * cx, 1.0 * cx + cw};
+      const SoftShadow::Side down{1.0 * cy + blur, 1.0 * cy + ch + blur};
+      SoftShadow::LayGrid(sheet, {&across, 1}, {&down, 1}, blur);
+    }
+    const SourceArea middle{1.0 * cx, 1.0 * cy, 1.0 * cw, 1.0 * ch};
+    Lay(picture, middle, middle, middle, sheet);
     kernels::CopyArea(sheet.View(), 0, 0, picture.Edit());
     return;
   }
@@ -96,16 +111,23 @@ void EffectModuleSegment::ApplyEffect(Picture& picture, double scale) {
     }
   };
   if (DropShadow && tileCount != kInset) {
-    forEachCell([&](int column, int row) {
-      Shadow(sheet, Rect(ox + column * cw, oy + row * ch, tw, th), blur);
-    });
+    // The shadows fall downward by as much as they are soft.
+    const auto sides = [](int count, double first, int step, int length) {
+      std::vector<SoftShadow::Side> all;
+      for (int i = 0; i < count; ++i) {
+        all.push_back({first + i * step, first + i * step + length});
+      }
+      return all;
+    };
+    SoftShadow::LayGrid(sheet, sides(grid.columns, ox, cw, tw), sides(grid.rows, oy + blur, ch, th),
+                        blur);
   }
   forEachCell([&](int column, int row) {
-    lay(Part(picture, column * cw, row * ch, cw, ch), ox + column * cw, oy + row * ch, tw, th);
+    lay(column * cell.width, row * cell.height, ox + column * cw, oy + row * ch);
   });
   if (tileCount == kInset) {
     fill(Rect(cx, cy, cw, ch));
-    lay(Part(picture, cx, cy, cw, ch), cx + ox, cy + oy, tw, th);
+    lay((w - cell.width) / 2, (h - cell.height) / 2, cx + ox, cy + oy);
   }
   kernels::CopyArea(sheet.View(), 0, 0, picture.Edit());
 }

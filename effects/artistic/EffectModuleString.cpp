@@ -3,8 +3,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <vector>
 
 #include "engine/pictures/AdvancedGraphics.h"
+#include "engine/pictures/ShapeStamp.h"
 #include "engine/pictures/SharedPictureEffects.h"
 #include "platform/pictures/kernels/LookKernels.h"
 
@@ -20,7 +23,7 @@ void EffectModuleString::SettingsReset() {
   DropShadow = kept;
 }
 
-void EffectModuleString::ApplyEffect(Picture& picture, double) {
+void EffectModuleString::ApplyEffect(Picture& picture, double scale) {
   // The factor of the rings' angles, as it has always been.
   constexpr double kDegree = 0.01744444444;
   const Picture sample =
@@ -29,21 +32,28 @@ void EffectModuleString::ApplyEffect(Picture& picture, double) {
   const double tw = picture.Width() / (kSample - 1.0);
   const double th = picture.Height() / (kSample - 1.0);
   kernels::FillPixels(picture.Edit(), backColor);
-  AdvancedGraphics g(picture);
-  if (DropShadow) g.SetShadow(0, -3, 1);
+  // Gaps and shadows are the same share of a thread at every size.
+  const double width = std::max(tw - scale, 0.5);
+  const double height = std::max(th - scale, 0.5);
+  std::optional<ShapeStamp::Shadow> shadow;
+  if (DropShadow) shadow = ShapeStamp::Shadow{3 * scale, scale};
+  FineStamps dots(static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(height)), 1,
+                  shadow, [&](AdvancedGraphics& g, double left, double top) {
+                    g.DrawOval(AdvancedGraphicsModule::MakeCGRect(
+                                   static_cast<float>(left), static_cast<float>(top),
+                                   static_cast<float>(width), static_cast<float>(height)),
+                               kFill);
+                  });
+  std::vector<FineStamps::Piece> pieces;
   const auto dot = [&](int x, int y) {
     if (x >= kSample || y >= kSample || x < 0 || y < 0) return;
-    g.SetFillColor(sample.At(x, y), 1);
-    g.DrawOval(
-        AdvancedGraphicsModule::MakeCGRect(static_cast<float>(x * tw), static_cast<float>(y * th),
-                                           static_cast<float>(std::max(tw - 1, 0.5)),
-                                           static_cast<float>(std::max(th - 1, 0.5))),
-        kFill);
+    pieces.push_back(dots.At(x * tw, y * th, sample.At(x, y)));
   };
   if (Shape == 0) {
     for (int y = 0; y < kSample; ++y) {
       for (int x = 0; x < kSample; x += 3) dot(x, y);
     }
+    LayPieces(picture, pieces);
     return;
   }
   constexpr int kMiddle = kSample / 2;
@@ -53,6 +63,7 @@ void EffectModuleString::ApplyEffect(Picture& picture, double) {
       dot(static_cast<int>(r * std::cos(t) + kMiddle), static_cast<int>(r * std::sin(t) + kMiddle));
     }
   }
+  LayPieces(picture, pieces);
 }
 
 }  // namespace brivolant

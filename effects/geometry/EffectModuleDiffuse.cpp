@@ -2,7 +2,6 @@
 #include "effects/geometry/EffectModuleDiffuse.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "engine/pictures/MPImageFilter.h"
 
@@ -11,7 +10,7 @@ namespace brivolant {
 void EffectModuleDiffuse::ApplyEffect(Picture& picture, double scale) {
   // Grains of the same share of the picture at every size.
   constexpr double kPixelsAGrain = 1.6;
-  const int grain = std::max(1, static_cast<int>(std::lround(scale / kPixelsAGrain)));
+  const double grain = std::max(1.0, scale / kPixelsAGrain);
   picture = MPImageFilter::Diffuse(std::move(picture), static_cast<int>(Radius * scale), Blur,
                                    grain, Seed.Value());
 }

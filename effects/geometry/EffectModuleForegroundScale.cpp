@@ -21,10 +21,9 @@ void EffectModuleForegroundScale::Place(const std::optional<Point>& corner,
 }
 
 void EffectModuleForegroundScale::ApplyEffect(Picture& picture, double) {
-  if (Scale == 1.0F) return;
-  if (Scale > 1) {
+  if (Scale >= 1) {
     Place({}, {});
-    ZoomIn(picture, Scale, xOffSet, yOffset);
+    if (Scale > 1) ZoomIn(picture, Scale, xOffSet, yOffset);
     return;
   }
   const Box box = Shrunk(picture, Scale, xOffSet, yOffset);

@@ -3,57 +3,55 @@
 
 #include <array>
 
+#include "engine/pictures/PictureEffects.h"
+#include "engine/pictures/ReferenceDetail.h"
 #include "engine/pictures/SharedPictureEffects.h"
-#include "platform/pictures/kernels/BlendKernels.h"
-#include "platform/pictures/kernels/ComposeKernels.h"
-#include "platform/pictures/kernels/LookKernels.h"
+#include "platform/pictures/kernels/DetailKernels.h"
+#include "platform/pictures/kernels/ToneKernels.h"
 
 namespace brivolant {
 
 namespace {
 
 /// Colours of dark, middle and bright parts, for each of the four copies.
-constexpr std::array<std::array<std::uint32_t, 3>, 4> kPanels{{{0x37302D, 0x29D9D3, 0xCFC10C},
-                                                               {0x12520A, 0xFF1E1E, 0xEEF20E},
-                                                               {0x113859, 0xFF8A00, 0x9BFF62},
-                                                               {0x712D15, 0x23D700, 0xFF52F6}}};
+const std::array<kernels::Panel, 4> kPanels{
+    {{Color::FromRGB(0x37302D), Color::FromRGB(0x29D9D3), Color::FromRGB(0xCFC10C)},
+     {Color::FromRGB(0x12520A), Color::FromRGB(0xFF1E1E), Color::FromRGB(0xEEF20E)},
+     {Color::FromRGB(0x113859), Color::FromRGB(0xFF8A00), Color::FromRGB(0x9BFF62)},
+     {Color::FromRGB(0x712D15), Color::FromRGB(0x23D700), Color::FromRGB(0xFF52F6)}}};
 
-/// Black lines on white: a pencil sketch, hardened.
-Picture Lines(const Picture& picture, int width, int height) {
-  constexpr double kBlur = 7;
+/// The pencil drawing of the picture, so much darkened that its lines are black.
+Plane Lines(const ReferenceDetail& detail) {
   constexpr double kDarken = -40;
-  constexpr int kColorDodge = 6;
-  using namespace SharedPictureEffects;
-  Picture lines = Scale(picture, width, height, kScaleExactly);
-  lines = Blend(lines, GaussianBlur(Invert(lines), kBlur), kColorDodge, 1);
-  Exposure(lines, kDarken);
-  kernels::ReduceToBlackAndWhite(lines.Edit());
-  return lines;
+  Picture lines = PencilDrawing(detail);
+  SharedPictureEffects::Exposure(lines, kDarken);
+  Plane plane = Plane::Uninitialized(lines.Width(), lines.Height());
+  if (!plane.IsNil()) kernels::Luma(lines.View(), plane.Edit());
+  return plane;
+}
+
+/// The HSV values of the picture with shifted tones.
+Plane Values(Picture picture, double threshold) {
+  SharedPictureEffects::Exposure(picture, threshold);
+  Plane plane = Plane::Uninitialized(picture.Width(), picture.Height());
+  if (!plane.IsNil()) kernels::Values(picture.View(), plane.Edit());
+  return plane;
 }
 
 }  // namespace
 
-void EffectModulePopArt::ApplyEffect(Picture& picture, double) {
-  constexpr int kDarken = 4;
-  const int width = picture.Width() / 2;
-  const int height = picture.Height() / 2;
-  if (width == 0 || height == 0) return;
-  const Picture lines = Lines(picture, width, height);
-  Picture lineLayer = NewPicture(picture.Width(), picture.Height(), 24);
-  Picture colorLayer = NewPicture(picture.Width(), picture.Height(), 24);
-  if (lines.IsNil() || lineLayer.IsNil() || colorLayer.IsNil()) return;
-  SharedPictureEffects::Exposure(picture, Threshold);
-  for (std::size_t i = 0; i < kPanels.size(); ++i) {
-    const int left = i % 2 == 0 ? 0 : width;
-    const int top = i < 2 ? 0 : height;
-    kernels::Compose(lineLayer.Edit(), lines.View(), {}, left, top);
-    const auto& panel = kPanels.at(i);
-    kernels::PaintByValue(
-        picture.View(), colorLayer.Edit(), left, top,
-        {Color::FromRGB(panel[0]), Color::FromRGB(panel[1]), Color::FromRGB(panel[2])});
-  }
-  kernels::Blend(colorLayer.Edit(), lineLayer.View(), kDarken, 256);
-  kernels::CopyArea(colorLayer.View(), 0, 0, picture.Edit());
+void EffectModulePopArt::ApplyEffect(Picture& picture, double scale) {
+  const int left = picture.Width() / 2;
+  const int top = picture.Height() / 2;
+  if (left == 0 || top == 0) return;
+  // Panels of an odd picture share its middle row or column.
+  const int width = picture.Width() - left;
+  const int height = picture.Height() - top;
+  const ReferenceDetail detail(ScaleEffect::BilinearScale(picture, width, height), scale);
+  const Plane lines = ScaleEffect::BilinearScale(Lines(detail), width, height);
+  const Plane values = ScaleEffect::BilinearScale(Values(detail.Soft, Threshold), width, height);
+  if (lines.IsNil() || values.IsNil()) return;
+  kernels::PaintPanels(values.View(), lines.View(), picture.Rewrite().to, left, top, kPanels);
 }
 
 }  // namespace brivolant

@@ -5,6 +5,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "platform/pictures/Picture.h"
 #include "platform/values/Pair.h"
@@ -12,8 +13,13 @@
 class QPainter;
 class QPainterPath;
 class QImage;
+class QRectF;
+class QTransform;
 
 namespace brivolant {
+
+class AdvancedGraphics;
+class Graphics;
 
 struct CGPoint {
   float x = 0;
@@ -49,6 +55,8 @@ struct CGAffineTransform {
 };
 
 namespace AdvancedGraphicsModule {
+/// The short form: vector drawing on what a Graphics draws on, while that one rests.
+brivolant::AdvancedGraphics AdvancedGraphics(Graphics& graphics);
 CGRect MakeCGRect(float x, float y, float width, float height);
 CGAffineTransform MakeCGAffineTransform(float a, float b, float c, float d, float tx, float ty);
 double Radian(double degrees);
@@ -98,13 +106,34 @@ class AdvancedGraphicsPath {
   CGAffineTransform transformation_;
 };
 
+/// An icon: the same picture in one or several sizes.
+using IconReference = std::vector<Picture>;
+/// Where an icon lies along a side of its rectangle that it does not fill; one of each direction
+/// may be added up.
+enum IconAlignment {
+  kIconCenter = 0,
+  kIconTop = 1,
+  kIconBottom = 2,
+  kIconLeft = 4,
+  kIconRight = 8
+};
+/// How an icon shows its state: disabled is faint and grey, selected is darkened.
+enum IconTransform { kIconNormal = 0, kIconDisabled = 1, kIconSelected = 2 };
+
 /// Smooth vector drawing with opacity, paths and transformations on a picture. Rectangles and path
 /// objects have their origin at the top left; points given to the canvas itself are native: bottom
 /// left, y up. Lives for the drawing that makes it.
 class AdvancedGraphics {
  public:
+  /// Values of LastError.
+  enum Error { kNoError = 0, kNoCanvas = -1 };
+
   /// The picture must outlive the object and not be edited elsewhere meanwhile.
   explicit AdvancedGraphics(Picture& target);
+  /// The same on a mask, in grey: white is transparent.
+  explicit AdvancedGraphics(Plane& target);
+  /// On the picture or mask of a Graphics, which must not draw meanwhile.
+  explicit AdvancedGraphics(Graphics& graphics);
   /// Draws with a painter that belongs to someone else, on a canvas of that size.
   AdvancedGraphics(QPainter& painter, int width, int height);
   ~AdvancedGraphics();
@@ -113,7 +142,13 @@ class AdvancedGraphics {
 
   int Width() const { return width_; }
   int Height() const { return height_; }
+  /// kNoCanvas if there was nothing to draw on, such as a nil picture; drawing then does nothing.
+  int LastError() const { return lastError_; }
+  /// Brings all that was drawn so far into the picture; drawing may go on.
+  void Close();
 
+  /// All settings: transformation, colours, pen, shadow, font, opacity, smoothing and blend mode.
+  /// Restoring without a saved state does nothing.
   void SaveState();
   void RestoreState();
   void Scale(double x, double y);
@@ -125,16 +160,23 @@ class AdvancedGraphics {
   void AntiAlias(bool on);
   void SetFillColor(Color color, double alpha);
   void SetStrokeColor(Color color, double alpha);
-  /// A shadow under filled shapes from now on, `x`, `y` away (y up) and `blur` soft.
+  /// A shadow under all that is drawn from now on, as opaque as that is: `x`, `y` away (y up) in
+  /// pixels of the canvas, and `blur` soft, twice the standard deviation.
   void SetShadow(double x, double y, double blur);
   void PenThickness(double width);
   void SetPenDashes(double on, double off);
-  /// A blend mode by its number in kBlendNames.
+  /// A blend mode by its number in kBlendNames; any other blends normally. The last four need a
+  /// canvas whose pixels can be read, which a widget's are not: there they blend normally.
   void BlendMode(int mode);
   void SetTextFontAndSize(const std::string& name, double size);
 
   void DrawString(const std::string& text, double x, double y);
   void DrawImage(const Picture& picture, const CGRect& rect);
+  /// The size of the icon that fits is taken, and drawn whole in the rectangle, in proportion.
+  void DrawIcon(const IconReference& icon, const CGRect& rect, int alignment = kIconCenter,
+                int transform = kIconNormal);
+  /// To transparent: on a picture through its mask, which is up to date after Close. What is drawn
+  /// there afterwards covers again.
   void ClearRect(const CGRect& rect);
   void DrawRect(const CGRect& rect, int mode);
   void DrawOval(const CGRect& rect, int mode);
@@ -160,16 +202,28 @@ class AdvancedGraphics {
 
  private:
   struct State;
+  void BeginOwn();
   void Begin();
+  void Use(const State& state);
+  /// Makes the canvas one with opacity, which the picture gets as its mask.
+  void BecomeTransparent();
+  /// The pixels that are drawn on; null if they cannot be read.
+  const QImage* PixelsBeneath() const;
+  /// Runs `paint` with shadow and blend mode; it draws within `bounds`.
+  void Paint(const QRectF& bounds, const std::function<void(QPainter&)>& paint);
   void Draw(const QPainterPath& path, int mode);
-  void DrawShadow(const QPainterPath& path);
 
   int width_;
   int height_;
+  int lastError_ = kNoError;
+  Picture* target_ = nullptr;
+  bool transparent_ = false;
   std::unique_ptr<QImage> image_;
   std::unique_ptr<QPainter> own_;
-  QPainter* painter_;
+  QPainter* painter_ = nullptr;
+  std::unique_ptr<QTransform> base_;
   std::unique_ptr<State> state_;
+  std::vector<State> saved_;
   std::unique_ptr<QPainterPath> path_;
   bool openPath_ = false;
 };

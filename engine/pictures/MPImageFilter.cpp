@@ -9,6 +9,7 @@
 
 #include "engine/pictures/ConvolutionEffect.h"
 #include "engine/pictures/MaskedChange.h"
+#include "engine/pictures/PictureEffects.h"
 #include "platform/pictures/kernels/WarpKernels.h"
 
 namespace brivolant {
@@ -65,13 +66,19 @@ Picture MotionBlur(Picture source, int repetitions, double angle, int distance, 
   return source;
 }
 
-Picture Diffuse(Picture source, int radius, bool blur, int grain, std::uint32_t seed,
+Picture Diffuse(Picture source, int radius, bool blur, double grain, std::uint32_t seed,
                 const Plane* mask) {
   if (source.IsNil() || radius <= 0) return source;
   const Picture scattered = Drawn(source, nullptr, [&](ConstPixels from, Pixels to) {
     kernels::Scatter(from, to, radius, grain, seed);
   });
-  Picture soft = blur ? ConvolutionEffect().Blur(scattered) : scattered;
+  // Grains are softened by what three times three pixels soften those of one.
+  constexpr double kCoarse = 1.5;
+  Picture soft = scattered;
+  if (blur && grain < kCoarse) soft = ConvolutionEffect().Blur(std::move(soft));
+  if (blur && grain >= kCoarse) {
+    soft = GaussianBlur(std::numbers::sqrt2 * grain).ApplyEffect(std::move(soft));
+  }
   Take(source, std::move(soft), mask);
   return source;
 }

@@ -21,7 +21,7 @@ Picture MotionBlur(Picture source, int repetitions, double angle, int distance, 
 
 /// Every pixel comes from a random place within `radius`; `blur` softens the grains. `grain` is
 /// their size in pixels, and `seed` makes the picture repeatable.
-Picture Diffuse(Picture source, int radius, bool blur, int grain, std::uint32_t seed,
+Picture Diffuse(Picture source, int radius, bool blur, double grain, std::uint32_t seed,
                 const Plane* mask = nullptr);
 
 /// The picture as seen through water drops: `density` of them, the largest `largestDropSize` pixels

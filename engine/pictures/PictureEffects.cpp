@@ -17,9 +17,12 @@
 namespace brivolant {
 namespace {
 
-double Sigma(int radius) {
-  return radius / 2.0;
+double Sigma(double radius) {
+  return radius / 2;
 }
+
+/// A radius below it moves no level.
+constexpr double kLeastRadius = 0.05;
 
 kernels::SourceArea All(int width, int height) {
   return {0, 0, static_cast<double>(width), static_cast<double>(height)};
@@ -46,7 +49,7 @@ void Blur(Bitmap& bitmap, double sigma) {
 }  // namespace
 
 Picture GaussianBlur::ApplyEffect(Picture source, const Plane* mask) const {
-  if (Radius <= 0) return source;
+  if (!(Radius >= kLeastRadius)) return source;
   if (source.IsNil()) return source;
   const bool limited = mask != nullptr && !mask->IsNil();
   Picture blurred = limited ? source : std::move(source);
@@ -56,7 +59,7 @@ Picture GaussianBlur::ApplyEffect(Picture source, const Plane* mask) const {
 }
 
 Plane GaussianBlur::ApplyEffect(Plane source) const {
-  if (Radius > 0 && !source.IsNil()) Blur(source, Sigma(Radius));
+  if (Radius >= kLeastRadius && !source.IsNil()) Blur(source, Sigma(Radius));
   return source;
 }
 

@@ -16,9 +16,9 @@ namespace brivolant {
 class GaussianBlur {
  public:
   GaussianBlur() = default;
-  /// Pixels, 0 or more.
-  explicit GaussianBlur(int radius) : Radius(radius) {}
-  int Radius = 0;
+  /// Pixels, 0 or more, not only whole ones.
+  explicit GaussianBlur(double radius) : Radius(radius) {}
+  double Radius = 0;
 
   Picture ApplyEffect(Picture source, const Plane* mask = nullptr) const;
   Plane ApplyEffect(Plane source) const;

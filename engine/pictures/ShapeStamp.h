@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <functional>
+#include <memory>
 #include <optional>
+#include <vector>
 
 #include "platform/pictures/Picture.h"
 
@@ -16,14 +19,16 @@ class ShapeStamp {
  public:
   /// Of the shadow: pixels below the shape, and its blur.
   struct Shadow {
-    int down = 0;
-    int blur = 0;
+    double down = 0;
+    double blur = 0;
   };
+  /// Paints the shape, with the colour that is set, in a rectangle from (left, top) of its canvas.
+  using Drawing = std::function<void(AdvancedGraphics&, double left, double top)>;
 
-  /// `draw` paints the shape, with the colour that is set, in the rectangle from (left, top) of its
-  /// canvas, of the given size. `opacity` from 0 to 1 is that of shape and shadow.
+  /// `draw` fills a rectangle of the given size; (dx, dy), 0 to 1, is how far the shape lies beyond
+  /// a whole pixel. `opacity` from 0 to 1 is that of shape and shadow.
   ShapeStamp(int width, int height, double opacity, const std::optional<Shadow>& shadow,
-             const std::function<void(AdvancedGraphics&, int left, int top)>& draw);
+             const Drawing& draw, double dx = 0, double dy = 0);
 
   /// Lays it with the rectangle's corner at (x, y) of the target, on the rows `from` to `to` alone.
   void Lay(Pixels target, Color color, int x, int y, int from, int to) const;
@@ -37,5 +42,35 @@ class ShapeStamp {
   Plane keep_;
   Plane share_;
 };
+
+/// The stamps of one shape for places between pixels, each made when it is first needed. The
+/// smaller the shape, the finer the places; of large ones a pixel does not show.
+class FineStamps {
+ public:
+  FineStamps(int width, int height, double opacity, std::optional<ShapeStamp::Shadow> shadow,
+             ShapeStamp::Drawing draw);
+
+  /// One piece, ready to be laid. The stamps must outlive it.
+  struct Piece {
+    const ShapeStamp* stamp;
+    Color color;
+    int x;
+    int y;
+  };
+  Piece At(double x, double y, Color color);
+
+ private:
+  static constexpr int kMostSteps = 4;
+  int width_;
+  int height_;
+  double opacity_;
+  std::optional<ShapeStamp::Shadow> shadow_;
+  ShapeStamp::Drawing draw_;
+  int steps_;
+  std::array<std::unique_ptr<ShapeStamp>, std::size_t{kMostSteps} * kMostSteps> stamps_;
+};
+
+/// Lays pieces over each other in their order, on all cores.
+void LayPieces(Picture& picture, const std::vector<FineStamps::Piece>& pieces);
 
 }  // namespace brivolant

@@ -57,6 +57,15 @@ int Graphics::Height() const {
   return picture_ != nullptr ? picture_->Height() : plane_->Height();
 }
 
+Picture* Graphics::TargetPicture() {
+  painter_.reset();
+  return picture_;
+}
+Plane* Graphics::TargetPlane() {
+  painter_.reset();
+  return plane_;
+}
+
 Graphics::Painter& Graphics::Paint() {
   if (!painter_) {
     if (picture_ != nullptr) {

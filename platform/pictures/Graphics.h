@@ -35,6 +35,10 @@ class Graphics {
 
   int Width() const;
   int Height() const;
+  /// What is drawn on: one of the two, the other is null. Ends this object's own drawing for now,
+  /// so that another one may draw on it.
+  Picture* TargetPicture();
+  Plane* TargetPlane();
 
   /// Fills with white.
   void ClearRect(double x, double y, double w, double h);

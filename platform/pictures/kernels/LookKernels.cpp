@@ -116,28 +116,6 @@ void Enlarge(ConstPixels source, Pixels target) {
   });
 }
 
-void PaintByValue(ConstPixels source, Pixels target, int left, int top,
-                  const std::array<Color, 3>& colors) {
-  constexpr int kDark = 84;
-  constexpr int kMiddle = 168;
-  const int width = std::min((source.width + 1) / 2, target.width - left);
-  const int height = std::min((source.height + 1) / 2, target.height - top);
-  ParallelRows(height, kGrain, [&](int from, int to) {
-    for (int y = from; y < to; ++y) {
-      const std::uint8_t* in = source.Row(2 * y);
-      std::uint8_t* out = target.Row(top + y) + std::ptrdiff_t{4} * left;
-      for (int x = 0; x < width; ++x, in += 8, out += 4) {
-        const int value = std::max({in[0], in[1], in[2]});
-        const Color& color = colors.at(value <= kDark ? 0 : value <= kMiddle ? 1 : 2);
-        out[0] = color.Blue;
-        out[1] = color.Green;
-        out[2] = color.Red;
-        out[3] = 255;
-      }
-    }
-  });
-}
-
 void FillFadingDisc(Grey plane, double x, double y, double inner, double fade) {
   ParallelRows(plane.height, kGrain, [&](int from, int to) {
     for (int row = from; row < to; ++row) {

@@ -61,12 +61,6 @@ void LayStamp(Pixels target, const Stamp& stamp, Color color, int x, int y, int 
 /// Fills the target with the source's pixels as blocks, each as large as the sizes say.
 void Enlarge(ConstPixels source, Pixels target);
 
-/// Paints a half-size copy of `source`, every second pixel of it, with its corner at (left, top) of
-/// `target`: pixels whose HSV value is at most 84 take the first colour, at most 168 the second,
-/// all others the third. What lies outside either picture is left out.
-void PaintByValue(ConstPixels source, Pixels target, int left, int top,
-                  const std::array<Color, 3>& colors);
-
 /// A plane that is 255 within `inner` pixels of (x, y) and falls to 0 over `fade` pixels, along a
 /// straight line.
 void FillFadingDisc(Grey plane, double x, double y, double inner, double fade);

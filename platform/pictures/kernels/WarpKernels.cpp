@@ -87,7 +87,7 @@ void MotionBlurAlongLine(ConstPixels source, Pixels target, double length, doubl
   TurnPixels({blurred.data(), stride, source.height, source.width}, target, {.exchange = true});
 }
 
-void Scatter(ConstPixels source, Pixels target, double radius, int grain, std::uint32_t seed) {
+void Scatter(ConstPixels source, Pixels target, double radius, double grain, std::uint32_t seed) {
   // Places spread evenly over the disc along a sunflower's spiral (H. Vogel); the dice choose one.
   constexpr int kPlaces = 4096;
   constexpr double kGolden = 2.399963229728653;
@@ -102,16 +102,18 @@ void Scatter(ConstPixels source, Pixels target, double radius, int grain, std::u
         static_cast<int>(std::lround(distance * std::cos(i * kGolden))),
         static_cast<int>(std::lround(distance * std::sin(i * kGolden)))};
   }
-  const int cell = std::max(grain, 1);
+  const double cell = std::max(grain, 1.0);
+  const auto cellOf = [cell](int at) { return static_cast<std::uint32_t>(at / cell); };
   ParallelRows(target.height, kGrain, [&](int from, int to) {
     for (int y = from; y < to; ++y) {
       std::uint8_t* out = target.Row(y);
-      const auto row = static_cast<std::uint32_t>(y / cell);
+      const std::uint32_t row = cellOf(y);
       for (int x = 0; x < target.width;) {
-        const Place& place =
-            places[HashOf(static_cast<std::uint32_t>(x / cell), row, seed) % kPlaces];
+        const std::uint32_t column = cellOf(x);
+        const Place& place = places[HashOf(column, row, seed) % kPlaces];
         const std::uint8_t* in = source.Row(std::clamp(y + place.y, 0, source.height - 1));
-        const int end = std::min((x / cell + 1) * cell, target.width);
+        const int next = static_cast<int>(std::ceil((column + 1.0) * cell));
+        const int end = std::clamp(next, x + 1, target.width);
         for (; x < end; ++x, out += 4) {
           std::memcpy(out, in + std::ptrdiff_t{4} * std::clamp(x + place.x, 0, source.width - 1),
                       4);

@@ -21,8 +21,8 @@ void MotionBlurAlongLine(ConstPixels source, Pixels target, double length, doubl
 void AverageWithTurned(ConstPixels source, Pixels target, double degrees, double zoom);
 
 /// Every pixel is taken from a random place at most `radius` pixels away. The places are the same
-/// for the same `seed`; cells of `grain` pixels go together.
-void Scatter(ConstPixels source, Pixels target, double radius, int grain, std::uint32_t seed);
+/// for the same `seed`; cells of `grain` pixels, 1 or more and not only whole ones, go together.
+void Scatter(ConstPixels source, Pixels target, double radius, double grain, std::uint32_t seed);
 
 /// Every pixel becomes the mean colour of the fullest of `levels` + 1 classes of brightness among
 /// the pixels at most `radius` rows and columns away. `levels` counts up to 255.
