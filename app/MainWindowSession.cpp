@@ -47,6 +47,11 @@ bool Homeless(const BrivolantDocument& document) {
   return document.File.IsNil() || !document.tFile.IsNil();
 }
 
+/// An extension with its dot.
+std::string Ending(std::string_view extension) {
+  return std::string(1, '.').append(extension);
+}
+
 }  // namespace
 
 // The history.
@@ -331,7 +336,7 @@ FolderItem MainWindow::AskWhereToSave() {
   const FolderItem chosen = app_.FileDialogs().Save(
       kSaveTitle.Text(),
       otherSharedComponents::DefaultPipDocumentsFolder().Child(
-          SafeFileName(document_->Name, "." + extension)),
+          SafeFileName(document_->Name, Ending(extension))),
       {{std::string(InternalFileTypes::BrivolantPhotosDocument.Name), extension}}, filter);
   return BrivolantDocument::PackageFor(chosen);
 }
@@ -409,7 +414,7 @@ bool MainWindow::SaveACopyAs() {
   const auto typeAt = [](int index) { return kCopyTypes.at(static_cast<std::size_t>(index)); };
   FolderItem chosen = app_.FileDialogs().Save(
       kSaveCopyTitle.Text(),
-      folder.Child(SafeFileName(document_->Name, "." + ImageIO::FirstExtension(*typeAt(filter)))),
+      folder.Child(SafeFileName(document_->Name, Ending(ImageIO::FirstExtension(*typeAt(filter))))),
       filters, filter);
   if (chosen.IsNil()) return false;
   // A name that says its format wins over the format of the list.
@@ -418,7 +423,7 @@ bool MainWindow::SaveACopyAs() {
   }
   const FileType& type = *typeAt(filter);
   if (!ImageIO::Match(type, chosen)) {
-    const std::string name = NumberedName(chosen.Name(), 0, "." + ImageIO::FirstExtension(type));
+    const std::string name = NumberedName(chosen.Name(), 0, Ending(ImageIO::FirstExtension(type)));
     chosen = chosen.Parent().Child(name);
   }
   preferences.Assign(kCopyFormat, filter);

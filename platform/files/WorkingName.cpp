@@ -10,8 +10,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
+#include <chrono>
 #include <csignal>
 #include <ctime>
+#include <mutex>
 #include <optional>
 #include <random>
 #include <vector>
@@ -148,6 +150,29 @@ void SweepOne(const FolderItem& item) {
   close(descriptor);
 }
 
+/// Going through a very large folder takes longer than a small save, and edits are kept every few
+/// seconds: there a minute passes between two looks.
+class LargeFolder {
+ public:
+  bool LookedAtJustNow(const FolderItem& folder) {
+    const std::lock_guard lock(mutex_);
+    return folder == folder_ && Clock::now() - last_ < std::chrono::minutes(1);
+  }
+  void Remember(const FolderItem& folder, std::size_t entries) {
+    constexpr std::size_t kLarge = 10000;
+    if (entries < kLarge) return;
+    const std::lock_guard lock(mutex_);
+    folder_ = folder;
+    last_ = Clock::now();
+  }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  std::mutex mutex_;
+  FolderItem folder_;
+  Clock::time_point last_;
+};
+
 }  // namespace
 
 FolderItem WorkingName::Beside(const FolderItem& target, bool extension) {
@@ -171,16 +196,21 @@ void WorkingName::Lock(int descriptor) {
 }
 
 void WorkingName::Sweep(const FolderItem& folder) {
+  static LargeFolder large;
+  if (large.LookedAtJustNow(folder)) return;
   DIR* stream = opendir(folder.Path().c_str());
   if (stream == nullptr) return;
   std::vector<std::pair<FolderItem, Owner>> found;
+  std::size_t entries = 0;
   while (const dirent* entry = readdir(stream)) {
+    ++entries;
     if (entry->d_name[0] != '.') continue;
     if (auto owner = OwnerOf(entry->d_name)) {
       found.emplace_back(FolderItem::Entry(folder, entry->d_name), std::move(*owner));
     }
   }
   closedir(stream);
+  large.Remember(folder, entries);
   for (const auto& [item, owner] : found) {
     if (Abandoned(item, owner)) SweepOne(item);
   }
