@@ -20,6 +20,7 @@
 #include "formats/BrivolantDocument.h"
 #include "kit/DesktopServices.h"
 #include "kit/InterfaceKitSupport.h"
+#include "platform/files/FileNames.h"
 
 namespace brivolant {
 namespace {
@@ -34,9 +35,7 @@ FolderItem FreeName(const FolderItem& folder, const FolderItem& file) {
   const std::string base = FolderitemExtensions::FileNameWithoutExtension(file);
   const std::string extension = FolderitemExtensions::FileExtension(file);
   for (int n = 1; target.Exists() || target.Alias(); ++n) {
-    std::string name = base + "-" + std::to_string(n);
-    if (!extension.empty()) name.append(".").append(extension);
-    target = folder.Child(name);
+    target = folder.Child(NumberedName(base, n, extension.empty() ? "" : "." + extension));
   }
   return target;
 }
@@ -211,9 +210,7 @@ bool MainWindow::RenameFile(const browserItem& item, const std::string& name) {
         WithPlaceholders(text.Text(), {{"<filename>", item.Name}, {"<name>", name}}), {});
     return false;
   };
-  if (name.find('/') != std::string::npos || name == "." || name == "..") {
-    return tell(kNameNotAllowed);
-  }
+  if (!IsPlainName(name)) return tell(kNameNotAllowed);
   const FolderItem target = file->Parent().Child(name);
   if (Taken(target, *file)) return tell(kNameTaken);
   const FolderItem before = *file;

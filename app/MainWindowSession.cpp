@@ -24,6 +24,7 @@
 #include "kit/ifkSlider.h"
 #include "kit/ifkStaticText.h"
 #include "kit/templateSelector.h"
+#include "platform/files/FileNames.h"
 #include "platform/services/SharedFolders.h"
 #include "platform/values/Captions.h"
 
@@ -44,6 +45,11 @@ Variant Text(const std::string& bytes) {
 /// True while the document has no place of its own.
 bool Homeless(const BrivolantDocument& document) {
   return document.File.IsNil() || !document.tFile.IsNil();
+}
+
+/// An extension with its dot.
+std::string Ending(std::string_view extension) {
+  return std::string(1, '.').append(extension);
 }
 
 }  // namespace
@@ -329,7 +335,8 @@ FolderItem MainWindow::AskWhereToSave() {
   int filter = 0;
   const FolderItem chosen = app_.FileDialogs().Save(
       kSaveTitle.Text(),
-      otherSharedComponents::DefaultPipDocumentsFolder().Child(document_->Name + "." + extension),
+      otherSharedComponents::DefaultPipDocumentsFolder().Child(
+          SafeFileName(document_->Name, Ending(extension))),
       {{std::string(InternalFileTypes::BrivolantPhotosDocument.Name), extension}}, filter);
   return BrivolantDocument::PackageFor(chosen);
 }
@@ -407,8 +414,8 @@ bool MainWindow::SaveACopyAs() {
   const auto typeAt = [](int index) { return kCopyTypes.at(static_cast<std::size_t>(index)); };
   FolderItem chosen = app_.FileDialogs().Save(
       kSaveCopyTitle.Text(),
-      folder.Child(document_->Name + "." + ImageIO::FirstExtension(*typeAt(filter))), filters,
-      filter);
+      folder.Child(SafeFileName(document_->Name, Ending(ImageIO::FirstExtension(*typeAt(filter))))),
+      filters, filter);
   if (chosen.IsNil()) return false;
   // A name that says its format wins over the format of the list.
   for (std::size_t i = 0; i < kCopyTypes.size(); ++i) {
@@ -416,7 +423,8 @@ bool MainWindow::SaveACopyAs() {
   }
   const FileType& type = *typeAt(filter);
   if (!ImageIO::Match(type, chosen)) {
-    chosen = chosen.Parent().Child(chosen.Name() + "." + ImageIO::FirstExtension(type));
+    const std::string name = NumberedName(chosen.Name(), 0, Ending(ImageIO::FirstExtension(type)));
+    chosen = chosen.Parent().Child(name);
   }
   preferences.Assign(kCopyFormat, filter);
   preferences.Assign(kCopyFolder, chosen.Parent().ShellPath());

@@ -16,6 +16,7 @@
 #include "engine/ui/EditorDisplay.h"
 #include "platform/codecs/ImageCodecs.h"
 #include "platform/services/SharedFolders.h"
+#include "platform/values/Numbers.h"
 
 namespace {
 
@@ -103,8 +104,9 @@ int Measure(App& app, const Arguments& arguments, const QElapsedTimer& sinceMain
   const int code = QApplication::exec();
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);
-  std::printf("{\"first_paint_ms\": %.1f, \"open_ms\": %.1f, \"peak_memory_bytes\": %lld}\n",
-              painted, opened, static_cast<long long>(usage.ru_maxrss) * 1024);
+  std::printf("{\"first_paint_ms\": %s, \"open_ms\": %s, \"peak_memory_bytes\": %lld}\n",
+              FixedNumber(painted, 1).c_str(), FixedNumber(opened, 1).c_str(),
+              static_cast<long long>(usage.ru_maxrss) * 1024);
   app.Close();
   return code;
 }
@@ -122,6 +124,7 @@ int Run(int argc, char** argv) {
   QCoreApplication::setApplicationName(QStringLiteral("brivolant-photos"));
   QGuiApplication::setDesktopFileName(QStringLiteral("brivolant-photos"));
   Application application(argc, argv);
+  KeepLibraryNumbersPlain();
   QGuiApplication::setApplicationDisplayName(
       QString::fromStdString(GlobalApplicationSpecificProperties::ApplicationName.Text()));
   SingleInstance instance;

@@ -5,11 +5,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 
 #include "browser/FolderLister.h"
 #include "files/FolderitemExtensions.h"
 #include "files/NaturalOrder.h"
+#include "platform/values/Numbers.h"
 
 namespace brivolant {
 namespace {
@@ -28,10 +28,11 @@ std::string CountText(int count) {
 }
 
 std::string DateText(const Date& date) {
-  std::array<char, 80> key{};
-  std::snprintf(key.data(), key.size(), "%04d%02d%02d%02d%02d%02d", date.Year, date.Month, date.Day,
-                date.Hour, date.Minute, date.Second);
-  return std::string(key.data()) + " " + FolderitemExtensions::RelativeDateTime(date, Date::Now());
+  std::string key = PaddedNumber(date.Year, 4);
+  for (const int part : {date.Month, date.Day, date.Hour, date.Minute, date.Second}) {
+    key += PaddedNumber(part, 2);
+  }
+  return key + " " + FolderitemExtensions::RelativeDateTime(date, Date::Now());
 }
 
 const browserItem* ItemOf(const BrowserPayload& payload) {

@@ -4,6 +4,7 @@
 #include "engine/pictures/SharedPictureEffects.h"
 #include "files/FolderitemExtensions.h"
 #include "formats/ImageFile.h"
+#include "formats/iconObjectExtensions.h"
 #include "platform/codecs/Cancellation.h"
 #include "platform/codecs/ImageCodecs.h"
 #include "platform/values/Captions.h"
@@ -46,6 +47,13 @@ FilePreview FilePreviewer::Of(const FolderItem& file, int longest, bool lines) c
   }
   FilePreview preview;
   if (lines) preview.Lines.push_back(file.DisplayName());
+  if (preview.Shown = iconObjectExtensions::Preview(file, longest); !preview.Shown.IsNil()) {
+    if (lines) {
+      AddSize(preview.Lines, FolderitemExtensions::Kind(file), preview.Shown.Width(),
+              preview.Shown.Height());
+    }
+    return preview;
+  }
   if (!file.Directory() && FolderitemExtensions::HoldsPicture(file)) {
     if (const auto source = ImageSource::Open(file)) {
       auto picture = (*source.value)->Thumbnail(longest);

@@ -11,7 +11,20 @@
 
 #include "formats/BinaryDictionary.h"
 #include "formats/FileTypes.h"
+#include "formats/PictureStrings.h"
+#include "formats/iconObjectExtensions.h"
 #include "platform/services/SharedFolders.h"
+
+namespace brivolant {
+
+void SideBarItem::TakeOwnIcon() {
+  constexpr int kSize = 32;
+  if (const auto* folder = std::get_if<FolderItem>(&Tag)) {
+    image = iconObjectExtensions::OwnIcon(*folder, kSize);
+  }
+}
+
+}  // namespace brivolant
 
 namespace brivolant::SideBarSources {
 namespace {
@@ -42,6 +55,9 @@ bool OfTheSystem(std::string_view kind, std::string_view place) {
          place.starts_with("/snap") || place.starts_with("/var/lib") || place.starts_with("/proc");
 }
 
+/// The drawing's name of a place with a picture of its own.
+constexpr const char* kOwnPicture = "picture";
+
 }  // namespace
 
 bool Load(const FolderItem& file, SideBarCollection& places) {
@@ -54,6 +70,11 @@ bool Load(const FolderItem& file, SideBarCollection& places) {
     auto place = std::make_shared<SideBarItem>();
     place->Caption = EnsureUTF8(entry->Value(kNameKey).ToText());
     place->icon = entry->Value(kDrawingKey).ToText();
+    // Other writers know pictures only.
+    if (!entry->HasKey(kDrawingKey) || place->icon == kOwnPicture) {
+      place->icon.clear();
+      place->image = PngImporter::OpenFromString(entry->Value(kIconKey).ToText());
+    }
     const std::string path = entry->Value(kFileKey).ToText();
     if (!path.empty()) place->Tag = FolderItem(path);
     places.AddItem(std::move(place));
@@ -70,8 +91,11 @@ bool Save(const FolderItem& file, const SideBarCollection& places,
     Dictionary entry;
     entry.Value(kNameKey, place.Caption);
     entry.Value(kFileKey, folder == nullptr ? std::string() : folder->ShellPath());
-    entry.Value(kIconKey, png ? png(place) : std::string());
-    entry.Value(kDrawingKey, place.icon);
+    const bool own = !place.image.IsNil();
+    entry.Value(kIconKey, own   ? PngExporter().SaveToString(place.image)
+                          : png ? png(place)
+                                : std::string());
+    entry.Value(kDrawingKey, own ? std::string(kOwnPicture) : place.icon);
     stored.Value(i, entry);
   }
   return BinaryDictionary::SaveAsBinaryDictionary(file, stored,

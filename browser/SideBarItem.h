@@ -23,8 +23,12 @@ class SideBarItem {
   std::string Caption;
   /// Name of the drawing; empty for that of the folder.
   std::string icon;
+  /// Shown instead of a drawing, if the place brought a picture of its own.
+  Picture image;
   /// What opens when it is chosen; nothing if it has gone.
   Target Tag;
+  /// Looks for the icon of the folder that it stands for.
+  void TakeOwnIcon();
 };
 
 /// A section of the sidebar.
@@ -43,6 +47,7 @@ class SideBarCollection final : public SideBarItem {
     added->Caption = std::move(caption);
     added->icon = std::move(drawing);
     added->Tag = std::move(tag);
+    if (added->icon.empty()) added->TakeOwnIcon();
     AddItem(std::move(added));
   }
   void RemoveItem(const std::shared_ptr<SideBarItem>& removed) { std::erase(item, removed); }

@@ -14,6 +14,7 @@
 #include <unordered_set>
 
 #include "files/FolderitemExtensions.h"
+#include "formats/iconObjectExtensions.h"
 #include "platform/codecs/Cancellation.h"
 #include "platform/codecs/ImageCodecs.h"
 #include "platform/pictures/Parallel.h"
@@ -55,14 +56,13 @@ class Leave {
 }  // namespace
 
 QImage ThumbnailMaker::FromFile(const FolderItem& file, int longest) const {
-  if (OwnPreview) {
-    const Picture own = OwnPreview(file, longest);
-    if (!own.IsNil()) {
-      const QImage image = AsDrawn(own);
-      return image.width() <= longest && image.height() <= longest
-                 ? image
-                 : image.scaled(longest, longest, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    }
+  Picture own = OwnPreview ? OwnPreview(file, longest) : Picture();
+  if (own.IsNil()) own = iconObjectExtensions::Preview(file, longest);
+  if (!own.IsNil()) {
+    const QImage image = AsDrawn(own);
+    return image.width() <= longest && image.height() <= longest
+               ? image
+               : image.scaled(longest, longest, Qt::KeepAspectRatio, Qt::SmoothTransformation);
   }
   if (file.Directory() || !FolderitemExtensions::HoldsPicture(file)) return {};
   const auto source = ImageSource::Open(file);

@@ -96,7 +96,18 @@ void EditOptions::Declare(CLI::App& command) {
   repeatable("--enable", enables_, texts::kEnable);
   repeatable("--stack", stacks_, texts::kStack);
   command.add_option("--blend", blend_, texts::kBlend.Text())->check(CLI::Range(0, 15));
-  command.add_option("--opacity", opacity_, texts::kOpacity.Text())->check(CLI::Range(0.0, 1.0));
+  // Not by the parser's own conversion, which follows the locale.
+  command.add_option_function<std::string>(
+      "--opacity",
+      [this](const std::string& text) {
+        const auto number = NumberFromText(text);
+        if (!number || *number < 0 || *number > 1) {
+          throw CLI::ValidationError(
+              "--opacity", WithPlaceholders(texts::kBadOpacity.Text(), {{"<text>", text}}));
+        }
+        opacity_ = static_cast<float>(*number);
+      },
+      texts::kOpacity.Text());
   command.add_option("--style", style_, texts::kStyleFile.Text());
   command.add_option("--crop", crop_, texts::kCrop.Text());
   command.add_option("--rotate", rotate_, texts::kRotate.Text())->check(CLI::Range(0, 3));

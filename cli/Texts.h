@@ -101,6 +101,8 @@ inline constexpr LocalizedText kBadStack{"cli.kBadStack",
                                          "\"<text>\" is not a stack: use fore or back."};
 inline constexpr LocalizedText kBadCrop{
     "cli.kBadCrop", "\"<text>\" is not a crop: give x,y,w,h as fractions from 0.0 to 1.0."};
+inline constexpr LocalizedText kBadOpacity{
+    "cli.kBadOpacity", "\"<text>\" is not an opacity: give it from 0.0 to 1.0."};
 inline constexpr LocalizedText kBadFit{"cli.kBadFit",
                                        "\"<text>\" is not a size: give it as WxH in pixels."};
 inline constexpr LocalizedText kNotStyle{"cli.kNotStyle",

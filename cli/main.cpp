@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <QGuiApplication>
+#include <QLocale>
 #include <csignal>
 #include <cstdio>
 
 #include "cli/Commands.h"
+#include "platform/values/Numbers.h"
 
 namespace {
 
@@ -24,5 +26,8 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   int count = 1;
   const QGuiApplication fonts(count, argv);
+  // What is printed may be read by another program: it is the same everywhere.
+  brivolant::KeepLibraryNumbersPlain();
+  QLocale::setDefault(QLocale::c());
   return brivolant::cli::RunCommandLine(argc, argv);
 }

@@ -5,21 +5,11 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <charconv>
 #include <cmath>
 
 #include "platform/values/Text.h"
 
 namespace brivolant {
-
-std::optional<double> NumberFromText(std::string_view text) {
-  double value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value)) {
-    return std::nullopt;
-  }
-  return value;
-}
 
 namespace {
 
@@ -60,7 +50,7 @@ QJsonObject JsonOf(const Dictionary& box) {
     if (value.Is<Color>()) {
       object.insert(key, QString::fromStdString(TextFromValue(value)));
     } else if (value.IsNumber()) {
-      object.insert(key, std::stod(value.ToText()));
+      object.insert(key, LeadingNumber(value.ToText()));
     } else {
       object.insert(key, QString::fromStdString(value.ToText()));
     }

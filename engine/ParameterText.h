@@ -5,13 +5,11 @@
 #include <string>
 #include <string_view>
 
+#include "platform/values/Numbers.h"
 #include "platform/values/Variant.h"
 
 /// Settings as texts, on the command line and in the sources of styles.
 namespace brivolant {
-
-/// A finite number and nothing else.
-std::optional<double> NumberFromText(std::string_view text);
 
 /// The value of a setting from its text, by the type that its parameter names; nothing if it does
 /// not fit. Colours are "#RRGGBB", text boxes a plain text or JSON.

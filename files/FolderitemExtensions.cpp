@@ -11,12 +11,13 @@
 #include <QUrl>
 #include <array>
 #include <cmath>
-#include <cstdio>
 
 #include "files/VolumeItem.h"
 #include "platform/files/AtomicFile.h"
+#include "platform/files/FileNames.h"
 #include "platform/services/SharedFolders.h"
 #include "platform/values/ApplicationName.h"
+#include "platform/values/Numbers.h"
 
 namespace brivolant::FolderitemExtensions {
 namespace {
@@ -113,15 +114,20 @@ std::optional<TrashedFile> MoveInto(const Item& trash, const Item& file,
   if (files.CreateAsFolder() || info.CreateAsFolder()) return std::nullopt;
   // What one user throws away is not for the others.
   if (fresh) (void)chmod(trash.Path().c_str(), S_IRWXU);
+  constexpr std::string_view kRecord = ".trashinfo";
   const std::string base = FileNameWithoutExtension(file);
   const std::string extension = FileExtension(file);
-  std::string name = file.Name();
-  for (int n = 1; files.Child(name).Exists() || files.Child(name).Alias() ||
-                  info.Child(name + ".trashinfo").Exists();
+  const std::string ending = extension.empty() ? "" : "." + extension;
+  // The record's name is longer, and must fit as well.
+  std::string name = file.Name().size() + kRecord.size() <= kLongestName
+                         ? file.Name()
+                         : NumberedName(base, 0, ending, kRecord.size());
+  const auto recordOf = [&] { return info.Child(std::string(name).append(kRecord)); };
+  for (int n = 1; files.Child(name).Exists() || files.Child(name).Alias() || recordOf().Exists();
        ++n) {
-    name = base + "-" + std::to_string(n) + (extension.empty() ? "" : "." + extension);
+    name = NumberedName(base, n, ending, kRecord.size());
   }
-  const Item record = info.Child(name + ".trashinfo");
+  const Item record = recordOf();
   const std::string text =
       "[Trash Info]\nPath=" +
       QUrl::toPercentEncoding(QString::fromStdString(recorded), "/").toStdString() +
@@ -132,16 +138,6 @@ std::optional<TrashedFile> MoveInto(const Item& trash, const Item& file,
   if (!error) return TrashedFile{file, files.Child(name), record};
   (void)record.Delete();
   return std::nullopt;
-}
-
-/// `value` with thousands separators and the decimals of a mask such as ".00".
-std::string Grouped(double value, std::size_t decimals) {
-  std::array<char, 64> text{};
-  std::snprintf(text.data(), text.size(), "%.*f", static_cast<int>(decimals), value);
-  std::string number = text.data();
-  const std::size_t point = std::min(number.find('.'), number.size());
-  for (std::size_t at = point; at > 3; at -= 3) number.insert(at - 3, 1, ',');
-  return number;
 }
 
 }  // namespace
@@ -275,18 +271,18 @@ std::string AsFileSize(double bytes, std::string_view suffix) {
   constexpr double kGiga = kMega * 1024;
   constexpr double kTera = kGiga * 1024;
   const double size = std::trunc(std::abs(bytes));
-  const std::size_t decimals = suffix.empty() ? 0 : suffix.size() - 1;
+  const int decimals = suffix.empty() ? 0 : static_cast<int>(suffix.size()) - 1;
   std::string text;
   if (size < kKilo) {
-    text = Grouped(size, 0) + " b";
+    text = ReadableNumber(size, 0) + " b";
   } else if (size < kMega) {
-    text = Grouped(size / kKilo, 0) + " KB";
+    text = ReadableNumber(size / kKilo, 0) + " KB";
   } else if (size < kGiga) {
-    text = Grouped(size / kMega, decimals) + " MB";
+    text = ReadableNumber(size / kMega, decimals) + " MB";
   } else if (size < kTera) {
-    text = Grouped(size / kGiga, decimals) + " GB";
+    text = ReadableNumber(size / kGiga, decimals) + " GB";
   } else {
-    text = Grouped(size / kTera, decimals) + " TB";
+    text = ReadableNumber(size / kTera, decimals) + " TB";
   }
   return bytes < 0 ? "-" + text : text;
 }

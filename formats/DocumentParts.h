@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "platform/files/FileNames.h"
 #include "platform/values/Text.h"
 
 namespace brivolant {
@@ -24,8 +25,6 @@ enum DocumentItem {
   kItemOrientation = 13,
 };
 
-/// True for a name that stays inside its folder. Names come from files, which may be hostile.
-bool IsPlainName(std::string_view name);
 /// True if a pasted image may have that name: the package's own parts are not to be replaced.
 bool IsFreeName(std::string_view name, std::string_view originalImageID);
 

@@ -151,7 +151,10 @@ void BrivolantDocument::processNIF(const IFFData& data) {
         Crop = value.ToBool();
         break;
       case kItemCropRectangle: {
-        const std::string text = value.ToText();
+        // Earlier versions wrote the decimal sign of the user's locale; numbers here have no
+        // groups.
+        std::string text = value.ToText();
+        std::replace(text.begin(), text.end(), ',', '.');
         const auto fields = Split(text, ' ');
         const auto field = [&](std::size_t index) {
           return index < fields.size() ? Variant(fields[index]).ToDouble() : 0.0;
@@ -215,11 +218,6 @@ bool BrivolantDocument::ReadOldBody(std::string_view bytes) {
     PreviewAfter = JpegImporter::OpenFromString(stream.Read(length));
   }
   return !stream.Failed();
-}
-
-bool IsPlainName(std::string_view name) {
-  return !name.empty() && name != "." && name != ".." && name.find('/') == std::string_view::npos &&
-         name.find('\0') == std::string_view::npos;
 }
 
 bool IsFreeName(std::string_view name, std::string_view originalImageID) {

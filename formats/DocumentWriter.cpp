@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <fcntl.h>
 
-#include <array>
 #include <cmath>
-#include <cstdio>
 
 #include "engine/pictures/SharedPictureEffects.h"
 #include "files/FolderitemExtensions.h"
@@ -15,7 +13,9 @@
 #include "metadata/DocumentTags.h"
 #include "platform/files/AtomicFile.h"
 #include "platform/files/BinaryStream.h"
+#include "platform/files/WorkingName.h"
 #include "platform/values/Captions.h"
+#include "platform/values/Numbers.h"
 #include "platform/values/SharedComponents.h"
 
 namespace brivolant {
@@ -29,28 +29,8 @@ constexpr int kMidSize = 1024;
 
 /// Three decimals, a sign only when negative.
 std::string ThreeDecimals(double value) {
-  std::array<char, 64> text{};
-  const double shown = std::abs(value) < 0.0005 || !std::isfinite(value) ? 0.0 : value;
-  std::snprintf(text.data(), text.size(), "%.3f", shown);
-  return text.data();
+  return FixedNumber(std::abs(value) < 0.0005 ? 0.0 : value, 3);
 }
-
-/// A folder beside the package in which it grows; gone again unless it was moved into place.
-class GrowingFolder {
- public:
-  GrowingFolder(const FolderItem& target, Random& random)
-      : folder_(target.Parent().Child("." + target.Name() + "-" +
-                                      otherSharedComponents::NewGUID(random).substr(0, 8))) {}
-  ~GrowingFolder() {
-    if (folder_.Exists()) (void)folder_.DeleteFolder();
-  }
-  GrowingFolder(const GrowingFolder&) = delete;
-  GrowingFolder& operator=(const GrowingFolder&) = delete;
-  const FolderItem& Folder() const { return folder_; }
-
- private:
-  FolderItem folder_;
-};
 
 /// Moves a finished package to its place. A one-file document that stands there lives on inside
 /// the package, so after the exchange it is not needed.
@@ -74,8 +54,10 @@ FolderItem BrivolantDocument::PackageFor(const FolderItem& file) {
   if (FolderitemExtensions::isFileType(file, &InternalFileTypes::BrivolantPhotosDocument)) {
     return file;
   }
-  return file.Parent().Child(FolderitemExtensions::FileNameWithoutExtension(file) + "." +
-                             std::string(InternalFileTypes::BrivolantPhotosDocument.Extensions));
+  const std::string ending =
+      "." + std::string(InternalFileTypes::BrivolantPhotosDocument.Extensions);
+  return file.Parent().Child(
+      NumberedName(FolderitemExtensions::FileNameWithoutExtension(file), 0, ending));
 }
 
 bool BrivolantDocument::Save(const FolderItem& file) {
@@ -130,11 +112,12 @@ bool BrivolantDocument::Save(const FolderItem& file) {
   FileDataVersion = kVersion;
   midSizePreview_.reset();
   listed_.reset();
+  WorkingName::Sweep(target.Parent());
   return complete;
 }
 
 bool BrivolantDocument::CreatePackage(const FolderItem& target) {
-  const GrowingFolder growing(target, services_.Random);
+  const GrowingFolder growing(target);
   const FolderItem& package = growing.Folder();
   const FolderItem contents = package.Child("Contents");
   if (contents.CreateAsFolder()) return false;
@@ -159,6 +142,10 @@ bool BrivolantDocument::WriteOriginal(const FolderItem& package) {
       // The older form is the image itself, with the data behind it.
       name = EnsureUTF8(FolderitemExtensions::FileNameWithoutExtension(source)) + "." +
              LowerCase(FolderitemExtensions::FileFormat(source));
+    }
+    if (name.size() > kLongestName) {
+      name = NumberedName(EnsureUTF8(FolderitemExtensions::FileNameWithoutExtension(source)), 0,
+                          "." + EnsureUTF8(FolderitemExtensions::FileExtension(source)));
     }
     // The image may have the name of one of the package's own parts.
     if (!IsFreeName(name, {})) name = "Original-" + name;

@@ -372,7 +372,7 @@ Picture iconObject::AsPicture() {
   return {};
 }
 
-void iconObject::TakeFrom(IconSource& icons, const std::vector<std::string>& names) {
+void iconObject::SetImageFromNames(const std::vector<std::string>& names, IconSource& icons) {
   Reset();
   for (const int size : {16, 24, 32, 48, 128, 256}) {
     const Picture icon = icons.Icon(names, size);
@@ -381,11 +381,11 @@ void iconObject::TakeFrom(IconSource& icons, const std::vector<std::string>& nam
 }
 
 void iconObject::SetImageFromFile(const FolderItem& file, IconSource& icons) {
-  TakeFrom(icons, FolderitemExtensions::IconNames(file));
+  SetImageFromNames(FolderitemExtensions::IconNames(file), icons);
 }
 
 void iconObject::SetImageFromIcon(const std::string& type, IconSource& icons) {
-  TakeFrom(icons, FolderitemExtensions::IconNamesOfType(type));
+  SetImageFromNames(FolderitemExtensions::IconNamesOfType(type), icons);
 }
 
 }  // namespace brivolant

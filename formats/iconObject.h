@@ -63,13 +63,14 @@ class iconObject {
   void SetImageFromFile(const FolderItem& file, IconSource& icons);
   /// The icon of a file extension, or of a MIME type if the text holds "/".
   void SetImageFromIcon(const std::string& type, IconSource& icons);
+  /// The icon that the desktop's theme has under the first of the names that it knows.
+  void SetImageFromNames(const std::vector<std::string>& names, IconSource& icons);
 
  private:
   void Fail(const std::string& message);
   void ReadICNS(BinaryStream& stream);
   void processICO(std::string_view bytes);
   Picture DecodeRecords(int size, std::string_view records);
-  void TakeFrom(IconSource& icons, const std::vector<std::string>& names);
 
   Log* log_;
   std::map<int, std::variant<std::string, Picture>> DataStorage;

@@ -9,7 +9,7 @@ build_packages=(
   libexif-dev libjpeg-dev libcli11-dev
 )
 test_packages=(
-  libgtest-dev libgmock-dev dbus-daemon shared-mime-info xvfb xauth desktop-file-utils appstream
+  libgtest-dev libgmock-dev locales dbus-daemon shared-mime-info xvfb xauth desktop-file-utils appstream
 )
 check_packages=(clang-format clang-tidy git binutils)
 bench_packages=(

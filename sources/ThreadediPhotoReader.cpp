@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "platform/values/Numbers.h"
 #include "platform/values/SharedComponents.h"
 
 namespace brivolant {
@@ -90,7 +91,7 @@ void ThreadediPhotoReader::TakeMasterImages(const Dictionary& images) {
     item->Caption = Text(*image, "Caption");
     item->GUID = Text(*image, "GUID");
     // Numbers are texts here; one that is none counts as 0.
-    item->DateAsTimerInterval = std::strtod(Text(*image, "DateAsTimerInterval").c_str(), nullptr);
+    item->DateAsTimerInterval = LeadingNumber(Text(*image, "DateAsTimerInterval"));
     item->ImagePath = EnsureUTF8(Text(*image, "ImagePath"));
     item->ThumbPath = EnsureUTF8(Text(*image, "ThumbPath"));
     tempiPhotoMasterImageList[item->Key] = std::move(item);

@@ -302,6 +302,7 @@ TEST(PreviewLoader, OnlyTheLastIsDeliveredAndNoneOnceStopped) {
 }
 
 TEST(FilePreview, SaysTheSizeOfThePhotoAsItStands) {
+  const EnglishNumbers english;
   const TemporaryFolder folder;
   const FilePreviewer previewer;
   const FilePreview photo = previewer.Of(WriteJpeg(folder.Child("a.jpg"), 2400, 1800), 600, true);

@@ -315,6 +315,8 @@ TEST_F(CommandLine, WrongUseIsOneSentenceAndCodeTwo) {
            {{"render", in, "-o", out, "--stack", "side"}, "fore or back"},
            {{"render", in, "-o", out, "--blend", "16"}, "--blend"},
            {{"render", in, "-o", out, "--opacity", "2"}, "--opacity"},
+           {{"render", in, "-o", out, "--opacity", "0,5"}, "\"0,5\" is not an opacity"},
+           {{"render", in, "-o", out, "--opacity", "nan"}, "from 0.0 to 1.0"},
            {{"render", in, "-o", out, "--crop", "0,0,1"}, "x,y,w,h"},
            {{"render", in, "-o", out, "--crop", "0,0,0,1"}, "x,y,w,h"},
            {{"render", in, "-o", out, "--rotate", "4"}, "--rotate"},

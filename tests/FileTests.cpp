@@ -68,6 +68,7 @@ TEST(FileFormat, ByContentThenByName) {
 }
 
 TEST(FileIdentity, NamesTypesAndPackages) {
+  const EnglishNumbers english;
   const auto item = [](const char* name) { return FolderItem(std::string("/p/") + name); };
   EXPECT_EQ(fx::FileExtension(item("a.b.jpg")), "jpg");
   EXPECT_EQ(fx::FileExtension(item("a")), "");
@@ -95,6 +96,7 @@ TEST(FileIdentity, NamesTypesAndPackages) {
 }
 
 TEST(FileTexts, SizesAndDates) {
+  const EnglishNumbers english;
   EXPECT_EQ(fx::AsFileSize(1023, ".00"), "1,023 b");
   EXPECT_EQ(fx::AsFileSize(1024, ".00"), "1 KB");
   EXPECT_EQ(fx::AsFileSize(1572864, ".00"), "1.50 MB");

@@ -2,6 +2,7 @@
 #include "Helpers.h"
 
 #include <QGuiApplication>
+#include <QLocale>
 #include <memory>
 
 #include <unistd.h>
@@ -38,6 +39,14 @@ class Fonts final : public testing::Environment {
 
 namespace brivolant::test {
 
+EnglishNumbers::EnglishNumbers() {
+  QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+}
+
+EnglishNumbers::~EnglishNumbers() {
+  QLocale::setDefault(QLocale::system());
+}
+
 TemporaryFolder::TemporaryFolder() {
   std::string pattern = (std::filesystem::temp_directory_path() / "brivolant-test.XXXXXX").string();
   if (mkdtemp(pattern.data()) == nullptr) ADD_FAILURE() << "no temporary folder";
@@ -49,7 +58,7 @@ TemporaryFolder::~TemporaryFolder() {
 }
 
 FolderItem TemporaryFolder::Write(std::string_view name, std::string_view bytes) const {
-  const FolderItem file = folder_.Child(name);
+  const FolderItem file = Child(name);
   EXPECT_FALSE(WriteFileAtomically(file, bytes));
   return file;
 }

@@ -19,7 +19,8 @@ class TemporaryFolder {
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
   const FolderItem& Item() const { return folder_; }
-  FolderItem Child(std::string_view name) const { return folder_.Child(name); }
+  /// What lies there, deeper too.
+  FolderItem Child(std::string_view path) const { return FolderItem(folder_.Path() / path); }
   /// A file in the folder with that content.
   FolderItem Write(std::string_view name, std::string_view bytes) const;
   /// Names in the folder, sorted, those that begin with a dot too.
@@ -27,6 +28,15 @@ class TemporaryFolder {
 
  private:
   FolderItem folder_;
+};
+
+/// Numbers and dates for people as in English, whatever the run's locale, while it lives.
+class EnglishNumbers {
+ public:
+  EnglishNumbers();
+  ~EnglishNumbers();
+  EnglishNumbers(const EnglishNumbers&) = delete;
+  EnglishNumbers& operator=(const EnglishNumbers&) = delete;
 };
 
 struct RecordingLog final : Log {

@@ -191,6 +191,7 @@ TEST(SharedPictureEffects, BlurAndExposure) {
 }
 
 TEST(SharedPictureEffects, WordsAndNumbers) {
+  const EnglishNumbers english;
   EXPECT_EQ(spe::AspectRatioAsPair(1000, 1000), (Pair{1, 1}));
   EXPECT_EQ(spe::AspectRatio(1600, 1200), "4 : 3");
   EXPECT_EQ(spe::AspectRatio(1600, 900), "16 : 9");

@@ -96,8 +96,8 @@ TEST(Preferences, AFailedWriteIsOnlyLogged) {
   Preferences preferences(kID, FolderItem("/proc/none"), log);
   preferences.Assign("key", "value");
   preferences.Synchronize();
-  EXPECT_THAT(log.lines, ElementsAre("CFPreferencesAppSynchronize failed: lastWrittenValue = "
-                                     "Writing: key : value"));
+  EXPECT_THAT(log.lines, ElementsAre("Preferences: the settings could not be written. The last "
+                                     "change was: Writing: key : value"));
   EXPECT_EQ(preferences.Value("key").ToText(), "value");
 }
 

@@ -28,16 +28,21 @@ std::string UserLanguage() {
 }
 
 bool LoadTranslations(const FolderItem& folder, const std::string& language) {
+  static QTranslator english;
   static QTranslator own;
   static QTranslator toolkit;
   const QLocale locale(QString::fromStdString(language));
-  QCoreApplication::removeTranslator(&own);
-  QCoreApplication::removeTranslator(&toolkit);
-  InstallTranslations(nullptr);
-  if (!own.load(locale, QStringLiteral("brivolant"), QStringLiteral("_"),
-                QString::fromStdString(folder.ShellPath()))) {
-    return false;
+  const QString place = QString::fromStdString(folder.ShellPath());
+  for (QTranslator* translator : {&english, &own, &toolkit}) {
+    QCoreApplication::removeTranslator(translator);
   }
+  InstallTranslations(nullptr);
+  // Whatever a language leaves out is said as this desktop says it.
+  if (english.load(QStringLiteral("brivolant_en"), place)) {
+    QCoreApplication::installTranslator(&english);
+    InstallTranslations(Lookup);
+  }
+  if (!own.load(locale, QStringLiteral("brivolant"), QStringLiteral("_"), place)) return false;
   QCoreApplication::installTranslator(&own);
   if (toolkit.load(locale, QStringLiteral("qtbase"), QStringLiteral("_"),
                    QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {

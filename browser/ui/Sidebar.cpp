@@ -152,10 +152,15 @@ void Sidebar::PaintRow(QPainter& painter, int index) {
   const QColor text = selected                     ? ifkColors::TextSelected()
                       : row.item->Tag.index() != 0 ? ifkColors::TextActive()
                                                    : ifkColors::TextDisabled();
-  const QString drawing =
-      ToQString(row.item->icon.empty() ? std::string("Folder") : row.item->icon);
-  painter.drawPixmap(22, rect.top() + (rect.height() - kIcon) / 2,
-                     SvgPixmap(drawing, QSize(kIcon, kIcon), devicePixelRatioF(), text));
+  const QRect icon(22, rect.top() + (rect.height() - kIcon) / 2, kIcon, kIcon);
+  if (row.item->image.IsNil()) {
+    const QString drawing =
+        ToQString(row.item->icon.empty() ? std::string("Folder") : row.item->icon);
+    painter.drawPixmap(icon.topLeft(), SvgPixmap(drawing, icon.size(), devicePixelRatioF(), text));
+  } else {
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(icon, ImageFromPicture(row.item->image));
+  }
   const bool eject = CanEject && CanEject(*row.item);
   const int right = eject ? EjectLeft() - 4 : rect.right() - 12;
   painter.setFont(font());

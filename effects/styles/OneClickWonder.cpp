@@ -8,6 +8,7 @@
 #include "formats/PictureStrings.h"
 #include "platform/files/AtomicFile.h"
 #include "platform/files/BinaryStream.h"
+#include "platform/files/FileNames.h"
 #include "platform/values/SharedComponents.h"
 #include "support/LanguageTools.h"
 
@@ -27,11 +28,9 @@ constexpr int kPreviewQuality = 60;
 
 /// Cut to what the count can say, between two characters.
 void WriteText(ByteWriter& out, std::string_view text) {
-  std::size_t size = std::min(text.size(), kLongestText);
-  const auto inside = [&] { return (static_cast<unsigned char>(text[size]) & 0xC0U) == 0x80U; };
-  while (size < text.size() && size > 0 && inside()) --size;
-  out.UInt16(static_cast<std::uint16_t>(size));
-  out.Bytes(text.substr(0, size));
+  text = CutAtCharacter(text, kLongestText);
+  out.UInt16(static_cast<std::uint16_t>(text.size()));
+  out.Bytes(text);
 }
 
 bool ReadHeader(BinaryStream& stream) {
@@ -180,14 +179,12 @@ bool OneClickWonder::Save(const FolderItem& file) {
 }
 
 void OneClickWonder::GenerateFile(const FolderItem& folder) {
-  const std::string base = otherSharedComponents::iNetSafe(Name());
+  const std::string base = SafeFileName(otherSharedComponents::iNetSafe(Name()));
   const std::string ending = "." + std::string(BrivolantPhotosOneClickWonder.Extensions);
-  File = folder.Child(base + ending);
-  for (int i = 1; File.Exists() || File.Alias(); ++i) {
-    std::string name = base;
-    name.append("-").append(std::to_string(i)).append(ending);
-    File = folder.Child(name);
-  }
+  int number = 0;
+  do {
+    File = folder.Child(NumberedName(base, number++, ending));
+  } while (File.Exists() || File.Alias());
 }
 
 OneClickWonder OneClickWonder::Clone() const {

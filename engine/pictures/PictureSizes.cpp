@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <array>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <optional>
 #include <string_view>
 
 #include "engine/pictures/SharedPictureEffects.h"
+#include "platform/values/Numbers.h"
 #include "platform/values/Text.h"
 
 namespace brivolant::SharedPictureEffects {
@@ -72,9 +72,7 @@ constexpr std::array<ImageSize, 14> kImageSizes{
      {"14 <MP> (4500 x 3375)", 4500, 3375}}};
 
 std::string OneDecimal(double value) {
-  std::array<char, 32> text{};
-  std::snprintf(text.data(), text.size(), "%.1f", value);
-  return text.data();
+  return ReadableNumber(value, 1);
 }
 
 std::string InInches(const Paper& paper) {

@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <utility>
 
+#include "platform/files/WorkingName.h"
+
 namespace brivolant {
 namespace {
 
@@ -34,15 +36,18 @@ AtomicFile::AtomicFile(const FolderItem& target) : target_(target) {
     const auto real = std::filesystem::weakly_canonical(target_.Path(), error);
     if (!error) target_ = FolderItem(real);
   }
-  const std::string extension = target_.Path().extension().string();
-  std::string pattern =
-      (target_.Path().parent_path() / ("." + target_.Path().stem().string() + ".XXXXXX")).string() +
-      extension;
-  descriptor_ = mkostemps(pattern.data(), static_cast<int>(extension.size()), O_CLOEXEC);
+  if (target_.IsNil()) {
+    error_ = std::make_error_code(std::errc::invalid_argument);
+    return;
+  }
+  int suffix = 0;
+  std::string pattern = WorkingName::PatternBeside(target_, suffix);
+  descriptor_ = mkostemps(pattern.data(), suffix, O_CLOEXEC);
   if (descriptor_ < 0) {
     error_ = LastError();
     return;
   }
+  WorkingName::Lock(descriptor_);
   working_ = FolderItem(std::filesystem::path(pattern));
 }
 
@@ -76,6 +81,7 @@ std::error_code AtomicFile::Commit() {
     (void)fsync(folder);
     close(folder);
   }
+  WorkingName::Sweep(target_.Parent());
   return {};
 }
 

@@ -10,7 +10,8 @@
 namespace brivolant {
 
 /// A file that is written beside its target and takes the target's place only when it is
-/// complete. Until Commit the target is untouched; without Commit nothing remains.
+/// complete. Until Commit the target is untouched; without Commit nothing remains. What a killed
+/// program left in the folder goes with the next Commit (WorkingName).
 class AtomicFile {
  public:
   /// `target` may exist. The working file lies in the same folder, with the same extension.

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <fstream>
 
+#include "platform/files/FileNames.h"
+#include "platform/files/WorkingName.h"
 #include "platform/values/Date.h"
 #include "platform/values/Text.h"
 
@@ -57,7 +59,8 @@ FolderItem FolderItem::Parent() const {
 }
 
 FolderItem FolderItem::Child(std::string_view name) const {
-  return IsNil() ? FolderItem() : FolderItem(path_ / name);
+  // Names come from users and from files: none leads out of the folder.
+  return IsNil() || !IsPlainName(name) ? FolderItem() : FolderItem(path_ / name);
 }
 
 std::vector<FolderItem> FolderItem::Children() const {
@@ -125,9 +128,8 @@ std::error_code FolderItem::MoveFileTo(const FolderItem& target) const {
   fs::rename(path_, target.path_, error);
   if (error != std::errc::cross_device_link) return error;
   // Another file system: the copy stands complete under another name before it takes its place.
-  const FolderItem beside = target.Parent().Child('.' + target.Name() + ".moving");
+  const FolderItem beside = WorkingName::Beside(target, false);
   std::error_code ignored;
-  fs::remove_all(beside.path_, ignored);
   error.clear();
   fs::copy(path_, beside.path_, fs::copy_options::recursive, error);
   if (!error) fs::rename(beside.path_, target.path_, error);
@@ -136,6 +138,7 @@ std::error_code FolderItem::MoveFileTo(const FolderItem& target) const {
     return error;
   }
   fs::remove_all(path_, error);
+  WorkingName::Sweep(target.Parent());
   return error;
 }
 

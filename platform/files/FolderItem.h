@@ -39,7 +39,7 @@ class FolderItem {
 
   /// Nil at the root.
   FolderItem Parent() const;
-  FolderItem Child(std::string_view name) const;
+  FolderItem Child(std::string_view name) const;  ///< Nil unless it is one plain name.
   std::vector<FolderItem> Children() const;
 
   /// True also for a broken symbolic link's target that is missing: false. Links are followed.

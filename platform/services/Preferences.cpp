@@ -5,7 +5,6 @@
 #include <QString>
 #include <cmath>
 #include <pugixml.hpp>
-#include <sstream>
 
 #include "platform/files/AtomicFile.h"
 #include "platform/values/Text.h"
@@ -14,6 +13,14 @@ namespace brivolant {
 namespace {
 
 constexpr int kDeepest = 64;
+
+/// Takes what a document writes.
+struct CollectedText final : pugi::xml_writer {
+  std::string Bytes;
+  void write(const void* data, std::size_t size) override {
+    Bytes.append(static_cast<const char*>(data), size);
+  }
+};
 
 void ResetToEmpty(pugi::xml_document& document) {
   document.reset();
@@ -182,12 +189,13 @@ void Preferences::Synchronize() {
   for (int i = 0; i < changed_.Count(); ++i) {
     Store(fresh, changed_.Key(i).ToText(), changed_.ValueAt(i));
   }
-  std::ostringstream text;
+  CollectedText text;
   fresh.save(text, "\t");
   std::error_code error = folder_.CreateAsFolder();
-  if (!error) error = WriteFileAtomically(File(), text.str());
+  if (!error) error = WriteFileAtomically(File(), text.Bytes);
   if (error) {
-    log_.Write("CFPreferencesAppSynchronize failed: lastWrittenValue = " + lastWrittenValue_);
+    log_.Write("Preferences: the settings could not be written. The last change was: " +
+               lastWrittenValue_);
     return;
   }
   values_->reset(fresh);

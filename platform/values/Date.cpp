@@ -5,8 +5,9 @@
 #include <array>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
 #include <ctime>
+
+#include "platform/values/Numbers.h"
 
 namespace brivolant {
 namespace {
@@ -109,10 +110,9 @@ std::int64_t Date::UnixTime() const {
 }
 
 std::string Date::Text() const {
-  std::array<char, 64> text{};
-  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", Year, Month, Day, Hour,
-                Minute, Second);
-  return text.data();
+  const auto two = [](int value) { return PaddedNumber(value, 2); };
+  return PaddedNumber(Year, 4) + '-' + two(Month) + '-' + two(Day) + ' ' + two(Hour) + ':' +
+         two(Minute) + ':' + two(Second);
 }
 
 int Date::DayOfYear() const {

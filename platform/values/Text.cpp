@@ -5,8 +5,6 @@
 #include <QString>
 #include <QStringDecoder>
 #include <algorithm>
-#include <array>
-#include <cstdio>
 
 namespace brivolant {
 namespace {
@@ -80,9 +78,12 @@ std::string_view Trim(std::string_view text) {
 }
 
 std::string Hexadecimal(std::uint64_t value, int digits) {
-  std::array<char, 32> text{};
-  std::snprintf(text.data(), text.size(), "%0*llX", digits, static_cast<unsigned long long>(value));
-  return text.data();
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string text;
+  for (; value != 0; value >>= 4U) text.insert(text.begin(), kDigits[value & 15U]);
+  const auto wanted = static_cast<std::size_t>(std::max(digits, 1));
+  if (text.size() < wanted) text.insert(0, wanted - text.size(), '0');
+  return text;
 }
 
 bool IsUTF8(std::string_view text) {

@@ -8,6 +8,7 @@
 #include <limits>
 #include <unordered_map>
 
+#include "platform/values/Numbers.h"
 #include "platform/values/Text.h"
 
 namespace brivolant {
@@ -31,15 +32,6 @@ std::size_t HashOf(const Variant& key) {
 struct KeyHash {
   std::size_t operator()(const Variant& key) const { return HashOf(key); }
 };
-
-double ParseDouble(std::string_view text) {
-  const std::size_t start = text.find_first_not_of(" \t\r\n+");
-  if (start == std::string_view::npos) return 0;
-  text.remove_prefix(start);
-  double value = 0;
-  std::from_chars(text.data(), text.data() + text.size(), value);
-  return value;
-}
 
 template <class T>
 std::string NumberText(T value) {
@@ -155,14 +147,15 @@ std::int32_t Variant::ToInt() const {
 
 double Variant::ToDouble() const {
   return std::visit(
-      Overload{
-          [](std::int32_t v) { return static_cast<double>(v); },
-          [](std::int64_t v) { return static_cast<double>(v); },
-          [](float v) { return static_cast<double>(v); }, [](double v) { return v; },
-          [](Currency v) { return static_cast<double>(v.TenThousandths) / 10000.0; },
-          [](const Date& v) { return v.TotalSeconds(); },
-          [](const std::string& v) { return ParseDouble(v); }, [](bool v) { return v ? 1.0 : 0.0; },
-          [](Color v) { return static_cast<double>(v.RGB()); }, [](const auto&) { return 0.0; }},
+      Overload{[](std::int32_t v) { return static_cast<double>(v); },
+               [](std::int64_t v) { return static_cast<double>(v); },
+               [](float v) { return static_cast<double>(v); }, [](double v) { return v; },
+               [](Currency v) { return static_cast<double>(v.TenThousandths) / 10000.0; },
+               [](const Date& v) { return v.TotalSeconds(); },
+               [](const std::string& v) { return LeadingNumber(v); },
+               [](bool v) { return v ? 1.0 : 0.0; },
+               [](Color v) { return static_cast<double>(v.RGB()); },
+               [](const auto&) { return 0.0; }},
       value_);
 }
 
@@ -170,7 +163,7 @@ bool Variant::ToBool() const {
   if (const auto* value = As<bool>()) return *value;
   if (const auto* text = As<std::string>()) {
     return EqualIgnoringCase(*text, "true") || EqualIgnoringCase(*text, "yes") ||
-           ParseDouble(*text) != 0;
+           LeadingNumber(*text) != 0;
   }
   return ToDouble() != 0;
 }

@@ -2258,11 +2258,11 @@
     </message>
     <message id="iPhotoRoll.kTypeAsString">
         <source>iPhoto Event</source>
-        <translation>iPhoto-Ereignis</translation>
+        <translation>Ereignis der Fotomediathek</translation>
     </message>
     <message id="iPhotoAlbum.kTypeAsString">
         <source>iPhoto Album</source>
-        <translation>iPhoto-Album</translation>
+        <translation>Album der Fotomediathek</translation>
     </message>
     <message id="ThreadediPhotoReader.kEvents">
         <source>Events</source>
@@ -2591,6 +2591,10 @@
     <message id="multiViewFileBrowser.kUnreadableFolder">
         <source>You may not look into this folder</source>
         <translation>Dieser Ordner darf nicht eingesehen werden</translation>
+    </message>
+    <message id="FileNames.kUntitled">
+        <source>Untitled</source>
+        <translation>Ohne Titel</translation>
     </message>
 </context>
 </TS>

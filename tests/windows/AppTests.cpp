@@ -277,5 +277,45 @@ TEST(Languages, GermanTranslatesEveryTextOfTheProgram) {
   EXPECT_EQ(Menus::kFileOpen.Text(), "&Open...");
 }
 
+TEST(Languages, EnglishAndGermanSayWhatThisDesktopSays) {
+  const FolderItem folder = otherSharedComponents::ResourcesFolder().Child("translations");
+  const auto texts = TextsOfTheSources();
+  const QRegularExpression strange(
+      QStringLiteral("finder|\\bmacs?\\b|iphoto|eiher|avilable|\u02D9|screwed|\\bform the\\b|"
+                     "\\balias|writeable"),
+      QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
+  int differing = 0;
+  for (const char* language : {"C", "en_GB", "de"}) {
+    LoadTranslations(folder, language);
+    for (const auto& [key, source] : texts) {
+      const QString shown =
+          QString::fromStdString(LocalizedText{key.c_str(), source.toUtf8().constData()}.Text());
+      EXPECT_FALSE(shown.contains(strange) || shown.contains(QLatin1String("PIcture")))
+          << language << " " << key << ": " << shown.toStdString();
+      EXPECT_EQ(PlaceholdersOf(shown), PlaceholdersOf(source)) << key;
+      if (shown != source) ++differing;
+    }
+    if (language != std::string_view("de")) {
+      EXPECT_EQ(Menus::kFileShowInFinder.Text(), "Show In File Manager");
+      EXPECT_EQ(Menus::kRotateAndFlipRotate90.Text(), "Rotate 90\xC2\xB0 Clockwise");
+      EXPECT_EQ(Menus::kFileOpen.Text(), "&Open...") << "what is said well stays";
+    }
+  }
+  EXPECT_GT(differing, 80);
+  // Every message of the English file has a text in the sources: none is misspelled or left over.
+  QFile file(QStringLiteral(BRIVOLANT_SOURCE "/resources/translations/brivolant_en.ts"));
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  auto ids = QRegularExpression(QStringLiteral("message id=\"([^\"]+)\""))
+                 .globalMatch(QString::fromUtf8(file.readAll()));
+  int messages = 0;
+  for (; ids.hasNext(); ++messages) {
+    const std::string id = ids.next().captured(1).toStdString();
+    EXPECT_TRUE(texts.contains(id)) << id;
+  }
+  EXPECT_GT(messages, 30);
+  InstallTranslations(nullptr);
+  EXPECT_EQ(Menus::kFileShowInFinder.Text(), "Show In Finder") << "the command line's texts";
+}
+
 }  // namespace
 }  // namespace brivolant::test

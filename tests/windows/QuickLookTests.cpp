@@ -22,6 +22,7 @@ namespace {
 using testing::ElementsAre;
 
 TEST(Columns, ShowWhatIsSelectedWithLinesThatCanBeHidden) {
+  const EnglishNumbers english;
   Browsing program({"a.jpg", "b.jpg"});
   program.home.Write("Pictures/notes.txt", "words");
   ASSERT_TRUE(program.Shows({"a.jpg", "b.jpg", "notes.txt"}));
@@ -63,6 +64,7 @@ TEST(Columns, ShowWhatIsSelectedWithLinesThatCanBeHidden) {
 }
 
 TEST(Columns, DocumentsAndStylesTellWhoMadeThem) {
+  const EnglishNumbers english;
   Browsing program({"a.jpg"});
   program.Window().OpenImage(program.Pictures().Child("a.jpg"), "");
   program.fileDialogs.files = {program.Pictures().Child("edited.brvPhoto")};

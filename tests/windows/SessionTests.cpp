@@ -40,6 +40,7 @@ Picture Read(const FolderItem& file) {
 }
 
 TEST(Opening, ByDialogDropDesktopAndRecentMenu) {
+  const EnglishNumbers english;
   Program program;
   const FolderItem first = program.Photo("first.jpg");
   const FolderItem second = program.Photo("second.png", 100, 200);
