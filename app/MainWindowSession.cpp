@@ -418,6 +418,11 @@ bool MainWindow::SaveACopyAs() {
   if (!ImageIO::Match(type, chosen)) {
     chosen = chosen.Parent().Child(chosen.Name() + "." + ImageIO::FirstExtension(type));
   }
+  if (const std::string why = document_->WhyNotWriteTo(chosen); !why.empty()) {
+    app_.Dialogs().Message(
+        WithPlaceholders(kNotSaved.Text(), {{"<filename>", chosen.DisplayName()}}), why);
+    return false;
+  }
   preferences.Assign(kCopyFormat, filter);
   preferences.Assign(kCopyFolder, chosen.Parent().ShellPath());
   preferences.Synchronize();
