@@ -256,6 +256,7 @@ std::string MainWindow::getSimpleImageInfo() {
   int w = document_->Width();
   int h = document_->Height();
   if (w <= 0 || h <= 0) return {};
+  if (document_->OriginalDamage) return document_->OriginalDamage.Warning;
   if (document_->Rotation == 1 || document_->Rotation == 3) std::swap(w, h);
   return WithPlaceholders(kImageInfo.Text(),
                           {{"<width>", std::to_string(w)},

@@ -426,6 +426,11 @@ bool MainWindow::SaveACopyAs() {
     const std::string name = NumberedName(chosen.Name(), 0, Ending(ImageIO::FirstExtension(type)));
     chosen = chosen.Parent().Child(name);
   }
+  if (const std::string why = document_->WhyNotWriteTo(chosen); !why.empty()) {
+    app_.Dialogs().Message(
+        WithPlaceholders(kNotSaved.Text(), {{"<filename>", chosen.DisplayName()}}), why);
+    return false;
+  }
   preferences.Assign(kCopyFormat, filter);
   preferences.Assign(kCopyFolder, chosen.Parent().ShellPath());
   preferences.Synchronize();

@@ -37,6 +37,7 @@ int Create(DocumentOptions& options, const CLI::App& command, bool verbose) {
       !options.edits.Apply(document, processor, error)) {
     return Fail(error);
   }
+  if (document.OriginalDamage) PrintError(document.OriginalDamage.Warning);
   constexpr int kPreviewSize = 1024;
   document.GeneratePreviews(kPreviewSize, kPreviewSize);
   document.PreviewAfter = processor.Process(document.PreviewBase, document.PastedImages());
@@ -130,6 +131,7 @@ void AddDocumentCommand(CLI::App& program, const Common& common, Action& action)
   CLI::App* render = document->add_subcommand("render", texts::kDocumentRender.Text());
   render->add_option("PACKAGE", options->package, texts::kPackage.Text())->required();
   render->add_option("-o,--output", options->file, texts::kOutput.Text())->required();
+  render->add_flag("--strict", options->output.strict, texts::kStrict.Text());
   render->add_option("--quality", options->output.quality, texts::kQuality.Text())
       ->check(CLI::Range(1, 100));
   render->callback([options, render, &common, &action] {

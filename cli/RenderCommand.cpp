@@ -67,6 +67,19 @@ bool OpenInput(const FolderItem& input, BrivolantDocument& document,
   return true;
 }
 
+namespace {
+
+/// Tells of a damaged original. False, and the sentence in `error`, if nothing may come of it.
+bool TakesDamage(const BrivolantDocument& document, const FolderItem& output, bool strict,
+                 std::string& error) {
+  if (!document.OriginalDamage) return true;
+  error = strict ? document.OriginalDamage.Refusal : document.WhyNotWriteTo(output);
+  if (error.empty()) PrintError(document.OriginalDamage.Warning);
+  return error.empty();
+}
+
+}  // namespace
+
 bool RenderFile(const FolderItem& input, const FolderItem& output, const EditOptions& edits,
                 const OutputOptions& options, Worker& worker, RenderTimes& times,
                 std::string* style, std::string& error) {
@@ -89,6 +102,7 @@ bool RenderFile(const FolderItem& input, const FolderItem& output, const EditOpt
     error = document.lastErrorMessage;
     return false;
   }
+  if (!TakesDamage(document, output, options.strict, error)) return false;
   times.decode = Since(clock);
   picture = processor.Process(std::move(picture), document.PastedImages());
   WarnOf(processor, input);
@@ -234,6 +248,7 @@ void DeclareRender(CLI::App& command, const std::shared_ptr<RenderOptions>& opti
   command.add_option("--fit", options->fit, texts::kFit.Text());
   command.add_option("--quality", options->output.quality, texts::kQuality.Text())
       ->check(CLI::Range(1, 100));
+  command.add_flag("--strict", options->output.strict, texts::kStrict.Text());
   command.add_option("--jobs", options->jobs, texts::kJobs.Text())->check(CLI::Range(0, 256));
   command.add_flag("--progress", options->progress, texts::kProgress.Text());
   command.add_flag("--timing", options->timing, texts::kTiming.Text());

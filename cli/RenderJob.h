@@ -22,6 +22,8 @@ struct OutputOptions {
   std::optional<Pair> fit;
   /// 1 to 100.
   int quality = 90;
+  /// Damaged images are refused.
+  bool strict = false;
 };
 
 /// Loads an image or a document into `document` and `processor`. False and a sentence in `error` on

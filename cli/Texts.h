@@ -67,6 +67,8 @@ inline constexpr LocalizedText kSeed{"cli.kSeed",
                                      "Number that effects by chance follow from, to repeat them"};
 inline constexpr LocalizedText kFit{"cli.kFit", "Shrink or enlarge to fit into WxH pixels"};
 inline constexpr LocalizedText kQuality{"cli.kQuality", "Quality for formats that lose, 1 to 100"};
+inline constexpr LocalizedText kStrict{
+    "cli.kStrict", "Refuse damaged images instead of using what can be read of them"};
 inline constexpr LocalizedText kJobs{"cli.kJobs",
                                      "Files worked on at once; 0 is one for each core"};
 inline constexpr LocalizedText kProgress{"cli.kProgress", "Show a progress bar"};

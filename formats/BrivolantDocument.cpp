@@ -48,10 +48,27 @@ void BrivolantDocument::MakeTemporaryPackage() {
   }
 }
 
+bool BrivolantDocument::ReadOriginal(const FolderItem& file) {
+  ImageIO::OpenedPicture opened = ImageIO::OpenFirstPicture(file);
+  tempImageStorage_ = std::move(opened.Pixels);
+  OriginalDamage = std::move(opened.Damage);
+  lastErrorMessage = std::move(opened.Error);
+  return !tempImageStorage_.IsNil();
+}
+
+std::string BrivolantDocument::WhyNotWriteTo(const FolderItem& file) const {
+  if (!OriginalDamage) return {};
+  const auto isOne = [&](const FolderItem& original) {
+    std::error_code error;
+    return !original.IsNil() && std::filesystem::equivalent(original.Path(), file.Path(), error);
+  };
+  if (!isOne(originalImageFile) && !isOne(OriginalFile())) return {};
+  return WithPlaceholders(documentTexts::kDamagedOriginal.Text(),
+                          {{"<filename>", file.DisplayName()}});
+}
+
 bool BrivolantDocument::ReadImage(const FolderItem& file) {
-  Picture picture = ImageIO::OpenAsPictureUsingImageIO(file, lastErrorMessage);
-  if (picture.IsNil()) return false;
-  tempImageStorage_ = std::move(picture);
+  if (!ReadOriginal(file)) return false;
   Name = EnsureUTF8(FolderitemExtensions::FileNameWithoutExtension(file));
   originalImageFile = file;
   return true;
@@ -78,7 +95,7 @@ const Picture& BrivolantDocument::ImageOriginal() {
           WithPlaceholders(documentTexts::kNoOriginal.Text(), {{"<filename>", File.DisplayName()}});
       return tempImageStorage_;
     }
-    tempImageStorage_ = ImageIO::OpenAsPictureUsingImageIO(original, lastErrorMessage);
+    (void)ReadOriginal(original);
   }
   return tempImageStorage_;
 }

@@ -118,6 +118,12 @@ class BrivolantDocument {
   Picture PreviewAfter;
 
   std::string lastErrorMessage;
+  /// What of the original could not be read; known once it was read.
+  PictureDamage OriginalDamage;
+  /// Empty if a picture that was made from this document may be written to `file`. Else the
+  /// sentence why not: a damaged original may be read better one day, so it is never replaced by
+  /// what came of it.
+  std::string WhyNotWriteTo(const FolderItem& file) const;
   /// Version read or last written.
   int FileDataVersion = 0;
 
@@ -126,6 +132,8 @@ class BrivolantDocument {
   void MakeTemporaryPackage();
   /// The child of the package that holds the original; nil for a name that leaves the package.
   FolderItem OriginalFile() const;
+  /// Reads the original into its place. False, and lastErrorMessage says why, on failure.
+  bool ReadOriginal(const FolderItem& file);
 
   // DocumentReader.cpp
   bool LoadPackage(const FolderItem& file);

@@ -38,6 +38,10 @@ inline constexpr LocalizedText kWrongTrailer{"BrivolantDocument.kWrongTrailer",
                                              "Brivolant Photos Data is screwed."};
 inline constexpr LocalizedText kNoOriginal{"BrivolantDocument.kNoOriginal",
                                            "The document \"<filename>\" names no image."};
+inline constexpr LocalizedText kDamagedOriginal{
+    "BrivolantDocument.kDamagedOriginal",
+    "\"<filename>\" is the original, which is damaged; it was left as it is. Choose another "
+    "place."};
 inline constexpr LocalizedText kNotCreated{
     "BrivolantDocument.kNotCreated", "Something went wrong and the file hasn't been created."};
 inline constexpr LocalizedText kNoTemporaryPackage{

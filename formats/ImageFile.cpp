@@ -46,7 +46,8 @@ bool ImageFile::SaveUnderThisName() {
   } else {
     std::vector<EncodeImage> pictures;
     for (const ExtendedPicture& image : Image) {
-      pictures.push_back({image.Picture(), image.CompressionQuality});
+      pictures.push_back({image.Picture(), image.CompressionQuality,
+                          image.ColorSpace() == ImageIOKColorSpace::kGray});
     }
     LastError = EncodeImageFile(Folderitem, FileType, pictures);
   }
@@ -107,10 +108,19 @@ std::unique_ptr<ImageFile> OpenAsImageFile(const FolderItem& file, OpenMode mode
   return result;
 }
 
+OpenedPicture OpenFirstPicture(const FolderItem& file) {
+  OpenedPicture opened;
+  const auto image = OpenAsImageFile(file, kFirstPicture, opened.Error);
+  if (!image || image->Image.empty()) return opened;
+  opened.Damage = image->Image.front().Damage();
+  opened.Pixels = std::move(image->Image.front().Picture());
+  return opened;
+}
+
 Picture OpenAsPictureUsingImageIO(const FolderItem& file, std::string& error) {
-  const auto image = OpenAsImageFile(file, kFirstPicture, error);
-  if (!image || image->Image.empty()) return {};
-  return std::move(image->Image.front().Picture());
+  OpenedPicture opened = OpenFirstPicture(file);
+  error = std::move(opened.Error);
+  return std::move(opened.Pixels);
 }
 
 bool SaveAsJPEG(const FolderItem& file, const Picture& picture, double quality,

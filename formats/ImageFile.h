@@ -62,7 +62,17 @@ enum OpenMode {
 /// are left out, with the sentence in `error`.
 std::unique_ptr<ImageFile> OpenAsImageFile(const FolderItem& file, OpenMode mode,
                                            std::string& error);
-/// The first picture, upright; nil and a sentence in `error` on failure.
+/// The first picture of a file, upright.
+struct OpenedPicture {
+  Picture Pixels;
+  /// Why there is none.
+  std::string Error;
+  /// What of it could not be read.
+  PictureDamage Damage;
+};
+OpenedPicture OpenFirstPicture(const FolderItem& file);
+/// The same; nil and a sentence in `error` on failure. A damaged picture comes as far as it can be
+/// read.
 Picture OpenAsPictureUsingImageIO(const FolderItem& file, std::string& error);
 /// `quality` 0 to 1. False and a sentence in `error` on failure.
 [[nodiscard]] bool SaveAsJPEG(const FolderItem& file, const Picture& picture, double quality,

@@ -57,6 +57,39 @@ struct CommandLine : testing::Test {
   }
 };
 
+TEST_F(CommandLine, DamagedImagesAreRenderedWithAWarning) {
+  const std::string whole = *ReadFile(image);
+  const std::string half = whole.substr(0, whole.size() / 2);
+  const std::string path = folder.Write("half.png", half).ShellPath();
+  const Outcome run = Cli({"render", path, "-o", Path("out.png")});
+  EXPECT_EQ(run.code, 0);
+  EXPECT_THAT(run.err, HasSubstr("\"half.png\" is damaged or incomplete"));
+  const Picture shown = Open("out.png");
+  ASSERT_EQ(shown.Height(), 60);
+  EXPECT_EQ(shown.At(40, 10), picture.At(40, 10));
+
+  const Outcome strict = Cli({"render", path, "-o", Path("strict.png"), "--strict"});
+  EXPECT_EQ(strict.code, 1);
+  EXPECT_THAT(strict.err, HasSubstr("\"half.png\" is damaged or incomplete"));
+  EXPECT_FALSE(folder.Child("strict.png").Exists());
+  EXPECT_EQ(Cli({"render", image.ShellPath(), "-o", Path("whole.png"), "--strict"}).code, 0);
+
+  EXPECT_EQ(Cli({"render", path, "-o", path}).code, 1);
+  EXPECT_EQ(ReadFile(folder.Child("half.png")), half);
+
+  const Outcome created = Cli({"document", "create", path, Path("d.brvPhoto")});
+  EXPECT_EQ(created.code, 0);
+  EXPECT_THAT(created.err, HasSubstr("damaged"));
+  const FolderItem original = folder.Child("d.brvPhoto").Child("half.png");
+  const Outcome over = Cli({"document", "render", Path("d.brvPhoto"), "-o", original.ShellPath()});
+  EXPECT_EQ(over.code, 1);
+  EXPECT_THAT(over.err, HasSubstr("is the original, which is damaged"));
+  EXPECT_EQ(ReadFile(original), half);
+  EXPECT_EQ(Cli({"document", "render", Path("d.brvPhoto"), "-o", Path("o.jpg"), "--strict"}).code,
+            1);
+  EXPECT_EQ(Cli({"thumbnail", path, "--out-dir", Path("small")}).code, 0);
+}
+
 TEST_F(CommandLine, RendersWhatTheProcessorRenders) {
   const Outcome run = Cli({"render",       image.ShellPath(),
                            "-o",           Path("out.png"),

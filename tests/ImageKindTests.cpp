@@ -277,7 +277,8 @@ TEST(ImageKinds, CameraRawIsDeveloped) {
   raw.Rational(50728, 5, {5000, 10000, 5000});
   raw.Short(50778, {21});
   TemporaryFolder folder;
-  const FolderItem file = folder.Write("photo.dng", raw.Finish(273, mosaic));
+  const std::string bytes = raw.Finish(273, mosaic);
+  const FolderItem file = folder.Write("photo.dng", bytes);
   const auto source = ImageSource::Open(file);
   ASSERT_TRUE(source) << source.error;
   EXPECT_EQ((*source.value)->Type(), "public.camera-raw-image");
@@ -291,6 +292,17 @@ TEST(ImageKinds, CameraRawIsDeveloped) {
   const auto small = (*source.value)->Thumbnail(32);
   ASSERT_TRUE(small) << small.error;
   EXPECT_EQ(small.value->Width(), 32) << "without a preview the raw data serves";
+
+  // The sensor's last rows are cut off.
+  const FolderItem cut =
+      folder.Write("cut.dng", bytes.substr(0, bytes.size() - mosaic.size() * 2 / 5));
+  const ImageIO::OpenedPicture first = ImageIO::OpenFirstPicture(cut);
+  ASSERT_EQ(first.Pixels.Height(), kHeight) << first.Error;
+  EXPECT_NE(first.Damage.Warning.find("cut.dng"), std::string::npos);
+  EXPECT_EQ(first.Pixels.At(12, 12), picture.At(12, 12));
+  for (int run = 0; run < 20; ++run) {
+    ASSERT_TRUE(ImageIO::OpenFirstPicture(cut).Pixels.SameAs(first.Pixels)) << run;
+  }
 }
 
 TEST(ImageKinds, ExifPreviewsServeThumbnails) {

@@ -268,7 +268,7 @@ TEST(HueSaturation, TurnsHuesAndReachesGrey) {
 
 TEST(ExtendedPicture, OrientationsTurnUprightAsTheirTransformSays) {
   for (int orientation = 1; orientation <= 8; ++orientation) {
-    DecodedImage image{TestPicture(7, 4), {}};
+    DecodedImage image{TestPicture(7, 4), {}, {}};
     image.Properties.Orientation = orientation;
     ExtendedPicture picture(image);
     const AffineTransform t = picture.Transformer();

@@ -25,7 +25,8 @@ ExtendedPicture::ExtendedPicture(DecodedImage image)
       colorSpace_(SpaceOf(image.Properties.ColorModel)),
       colorProfile_(image.Properties.ProfileName.empty() ? kColorProfileNone.Text()
                                                          : image.Properties.ProfileName),
-      bitsPerComponent_(image.Properties.BitsPerComponent) {}
+      bitsPerComponent_(image.Properties.BitsPerComponent),
+      damage_(std::move(image.Damage)) {}
 
 int ExtendedPicture::Depth() const {
   return bitsPerComponent_ * (hasAlpha() ? 4 : 3);

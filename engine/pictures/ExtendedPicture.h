@@ -46,9 +46,13 @@ class ExtendedPicture {
   /// TIFF orientation, 1 to 8.
   int Orientation() const { return orientation_; }
   ImageIOKColorSpace ColorSpace() const { return colorSpace_; }
+  /// Grey is written with one channel, where the format has such a form.
+  void ColorSpace(ImageIOKColorSpace space) { colorSpace_ = space; }
   const std::string& ColorProfile() const { return colorProfile_; }
   int BitsPerComponent() const { return bitsPerComponent_; }
   int Depth() const;
+  /// What of the file's picture could not be read.
+  const PictureDamage& Damage() const { return damage_; }
 
   /// 0 to 1, for writing.
   float CompressionQuality = 0.75F;
@@ -66,6 +70,7 @@ class ExtendedPicture {
   ImageIOKColorSpace colorSpace_ = ImageIOKColorSpace::kRGB;
   std::string colorProfile_;
   int bitsPerComponent_ = 8;
+  PictureDamage damage_;
 };
 
 }  // namespace brivolant

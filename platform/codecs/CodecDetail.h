@@ -14,6 +14,16 @@ namespace brivolant::codecs {
 /// A picture to decode into, or the sentence why not.
 Expected<Picture> Allocate(const FolderItem& file, int width, int height);
 
+/// Paints the rows from `first` on in the grey of what could not be read.
+void PaintMissing(Picture& picture, int first);
+/// True if there is nothing to see: a decoder that runs out of data in the first block may leave a
+/// trace there.
+bool IsBlank(const Picture& picture);
+/// What could be read of a damaged picture, with the sentence that says so; a failure if there is
+/// nothing to see in it.
+Expected<DecodedImage> ReadInPart(const FolderItem& file, DecodedImage image,
+                                  std::string_view reason);
+
 /// The picture shrunk so that no side is longer than `longest`, in the same proportion. Smaller
 /// ones stay as they are.
 Picture FitWithin(const Picture& picture, int longest);
@@ -31,12 +41,38 @@ std::string EncodeJpegToMemory(const EncodeImage& image);
 bool HasRawExtension(const FolderItem& file);
 std::unique_ptr<ImageSource> OpenRaw(const FolderItem& file);
 
+/// What an Exif segment says that decoders need.
+struct ExifFacts {
+  int orientation = 1;
+  /// The stored preview, a JPEG.
+  std::string preview;
+};
+/// From "Exif", two zeros and a TIFF structure; the defaults if it is damaged.
+ExifFacts ReadExif(const std::string& segment);
+
+/// Null if the file is not a PNG, or is one in a colour space that needs conversion by libvips.
+std::unique_ptr<ImageSource> OpenPng(const FolderItem& file);
+/// A damaged PNG of any kind, as far as it can be read.
+Expected<DecodedImage> RescuePng(const FolderItem& file);
+/// A PNG file in memory; nil on failure, and if it is damaged.
+Picture DecodePng(std::string_view bytes);
+
 std::unique_ptr<ImageSource> OpenWithVips(const FolderItem& file);
-/// A PNG or JPEG 2000 file in memory; nil on failure.
+/// A JPEG 2000 file in memory; nil on failure.
 Picture DecodeWithVips(std::string_view bytes);
 std::string EncodeWithVips(const FolderItem& file, std::string_view identifier,
                            std::span<const EncodeImage> pictures);
+/// The formats that are written by ImageMagick: BMP, PSD, PICT, SGI and TGA.
+bool WrittenByMagick(std::string_view identifier);
+std::string EncodeWithMagick(const FolderItem& file, std::string_view identifier,
+                             const EncodeImage& image);
 void ShutDownVips();
+
+/// A damaged TIFF, WebP or JPEG 2000 file, as far as it can be read; `index` counts pages. A
+/// failure without a sentence if it is none of these.
+Expected<DecodedImage> Rescue(const FolderItem& file, int index);
+/// A damaged file that nothing else opens; null if nothing can be read of it.
+std::unique_ptr<ImageSource> OpenDamaged(const FolderItem& file);
 
 /// An ICC profile that pixels are converted from.
 class SourceProfile {

@@ -56,6 +56,8 @@ std::string EncodePdf(const FolderItem& file, std::span<const EncodeImage> pictu
     QPainter painter;
     for (const EncodeImage& image : pictures) {
       const Picture picture = Flattened(image.Pixels);
+      const QImage shown = image.Grey ? picture.AsImage().convertToFormat(QImage::Format_Grayscale8)
+                                      : picture.AsImage();
       const QSizeF points(picture.Width() * 72.0 / std::max(1, picture.HorizontalResolution),
                           picture.Height() * 72.0 / std::max(1, picture.VerticalResolution));
       writer.setPageSize(QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch));
@@ -64,7 +66,7 @@ std::string EncodePdf(const FolderItem& file, std::span<const EncodeImage> pictu
       } else if (!painter.begin(&writer)) {
         return CodecMessage(codecTexts::kUnknownFormat, file);
       }
-      painter.drawImage(QRectF(0, 0, writer.width(), writer.height()), picture.AsImage());
+      painter.drawImage(QRectF(0, 0, writer.width(), writer.height()), shown);
     }
   }
   const std::error_code error = WriteFileAtomically(
@@ -85,6 +87,45 @@ Expected<Picture> Allocate(const FolderItem& file, int width, int height) {
     return Expected<Picture>::Failure(CodecMessage(codecTexts::kNoMemory, file));
   }
   return {std::move(picture), {}};
+}
+
+void PaintMissing(Picture& picture, int first) {
+  constexpr int kMissing = 128;
+  const Pixels pixels = picture.Edit();
+  for (int y = std::max(0, first); y < pixels.height; ++y) {
+    std::uint8_t* row = pixels.Row(y);
+    std::fill_n(row, std::ptrdiff_t{4} * pixels.width, std::uint8_t{kMissing});
+    for (int x = 0; x < pixels.width; ++x) row[4 * x + 3] = 255;
+  }
+}
+
+bool IsBlank(const Picture& picture) {
+  // The largest block of a JPEG, but not all of a small picture.
+  constexpr std::int64_t kTrace = 256;
+  constexpr int kUnseen = 8;
+  const ConstPixels pixels = picture.View();
+  std::int64_t left = std::min(kTrace, std::int64_t{pixels.width} * pixels.height / 16);
+  const std::uint8_t* last = pixels.Row(pixels.height - 1) + std::ptrdiff_t{4} * (pixels.width - 1);
+  for (int y = 0; y < pixels.height; ++y) {
+    const std::uint8_t* row = pixels.Row(y);
+    for (int x = 0; x < pixels.width; ++x, row += 4) {
+      const bool seen = std::abs(row[0] - last[0]) > kUnseen ||
+                        std::abs(row[1] - last[1]) > kUnseen ||
+                        std::abs(row[2] - last[2]) > kUnseen;
+      if (seen && --left < 0) return false;
+    }
+  }
+  return true;
+}
+
+Expected<DecodedImage> ReadInPart(const FolderItem& file, DecodedImage image,
+                                  std::string_view reason) {
+  if (image.Pixels.IsNil() || IsBlank(image.Pixels)) {
+    return Expected<DecodedImage>::Failure(CodecMessage(codecTexts::kDamaged, file, reason));
+  }
+  image.Damage = {CodecMessage(codecTexts::kReadInPart, file, reason),
+                  CodecMessage(codecTexts::kDamaged, file, reason)};
+  return {std::move(image), {}};
 }
 
 Picture FitWithin(const Picture& picture, int longest) {
@@ -153,7 +194,9 @@ Expected<std::unique_ptr<ImageSource>> ImageSource::Open(const FolderItem& file)
   std::unique_ptr<ImageSource> source;
   if (codecs::HasRawExtension(file)) source = codecs::OpenRaw(file);
   if (!source) source = codecs::OpenJpeg(file);
+  if (!source) source = codecs::OpenPng(file);
   if (!source) source = codecs::OpenWithVips(file);
+  if (!source) source = codecs::OpenDamaged(file);
   if (!source) return Result::Failure(CodecMessage(codecTexts::kUnreadable, file));
   return {std::move(source), {}};
 }
@@ -166,11 +209,15 @@ std::string EncodeImageFile(const FolderItem& file, std::string_view identifier,
   if (pictures.empty()) return CodecMessage(codecTexts::kUnknownFormat, file);
   if (identifier == "public.jpeg") return codecs::EncodeJpeg(file, pictures.front());
   if (identifier == "com.adobe.pdf") return codecs::EncodePdf(file, pictures);
+  if (codecs::WrittenByMagick(identifier)) {
+    return codecs::EncodeWithMagick(file, identifier, pictures.front());
+  }
   return codecs::EncodeWithVips(file, identifier, pictures);
 }
 
 Picture DecodeImageBytes(std::string_view bytes) {
-  return codecs::DecodeWithVips(bytes);
+  constexpr std::string_view kJpeg2000{"\0\0\0\x0CjP  ", 8};
+  return bytes.starts_with(kJpeg2000) ? codecs::DecodeWithVips(bytes) : codecs::DecodePng(bytes);
 }
 
 Picture DecodeJpegBytes(std::string_view bytes) {

@@ -44,10 +44,22 @@ struct ImageProperties {
   std::string ProfileName;
 };
 
+/// What is wrong with a picture that could be read only in part; empty for one that was read whole.
+struct PictureDamage {
+  /// A sentence that names the file: what is wrong, and that the rest is shown.
+  std::string Warning;
+  /// The sentence for those who take whole pictures only.
+  std::string Refusal;
+
+  explicit operator bool() const { return !Warning.empty(); }
+};
+
 /// A picture as it lies in the file, in sRGB, not yet turned upright.
 struct DecodedImage {
   Picture Pixels;
   ImageProperties Properties;
+  /// What is missing of the picture is grey, or as the format's own decoder leaves it.
+  PictureDamage Damage{};
 };
 
 /// An image file opened for reading. Decoders check every size before memory is asked for.
@@ -59,9 +71,11 @@ class ImageSource {
   /// Number of pictures.
   virtual int Count() const = 0;
   virtual Expected<ImageProperties> Properties(int index) const = 0;
+  /// A damaged picture comes as far as it can be read, see DecodedImage::Damage; it fails if there
+  /// is nothing to see. The same file gives the same every time.
   virtual Expected<DecodedImage> Decode(int index) const = 0;
   /// The first picture upright, no side longer than `longest`, by the cheapest way there is: a
-  /// stored preview of that size, or a reduced decode.
+  /// stored preview of that size, or a reduced decode. Damaged ones show what can be read.
   virtual Expected<Picture> Thumbnail(int longest) const = 0;
 
   /// The error names the file.
@@ -73,6 +87,8 @@ struct EncodeImage {
   Picture Pixels;
   /// 0 to 1, for formats that lose.
   double Quality = 0.75;
+  /// Written with one channel, by the luma of the pixels, where the format has such a form.
+  bool Grey = false;
 };
 
 /// Writes a file of the format with that identifier; see ImagesWritableMac for those known.
@@ -100,6 +116,13 @@ inline constexpr LocalizedText kUnreadable{
     "ImageCodecs.kUnreadable", "The file \"<filename>\" is not an image that can be read."};
 inline constexpr LocalizedText kDamaged{
     "ImageCodecs.kDamaged", "The image \"<filename>\" is damaged or incomplete (<reason>)."};
+inline constexpr LocalizedText kReadInPart{
+    "ImageCodecs.kReadInPart",
+    "The image \"<filename>\" is damaged or incomplete (<reason>); it is shown as far as it can be "
+    "read."};
+inline constexpr LocalizedText kEndsEarly{"ImageCodecs.kEndsEarly", "it ends too early"};
+inline constexpr LocalizedText kBadData{"ImageCodecs.kBadData",
+                                        "a part of its data is missing or wrong"};
 inline constexpr LocalizedText kTooLarge{
     "ImageCodecs.kTooLarge",
     "The image \"<filename>\" is too large: it claims <width> x <height> pixels."};

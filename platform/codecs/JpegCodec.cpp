@@ -1,25 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include <libexif/exif-data.h>
-
+#include <algorithm>
 #include <array>
 #include <cmath>
-#include <csetjmp>
-#include <cstdio>
-// libjpeg wants the declarations of stdio before its own.
-#include <jpeglib.h>
-// Needs the one above.
-#include <jerror.h>
-
-#include <algorithm>
 #include <cstring>
 #include <vector>
 
 #include "platform/codecs/Cancellation.h"
 #include "platform/codecs/CodecDetail.h"
 #include "platform/codecs/JpegEighth.h"
-#include "platform/files/AtomicFile.h"
-#include "platform/pictures/Parallel.h"
+#include "platform/codecs/JpegErrors.h"
 #include "platform/pictures/PixelMemory.h"
+
+// Needs the header of libjpeg above.
+#include <jerror.h>
 
 namespace brivolant::codecs {
 namespace {
@@ -29,51 +22,58 @@ constexpr int kMostScans = 500;
 /// Bytes. A progressive file is held as coefficients of its full size, however small the result.
 constexpr long kMostWorkingMemory = 1L << 30;  // NOLINT(google-runtime-int): the type of libjpeg
 
-struct ErrorManager {
-  jpeg_error_mgr base;
-  std::jmp_buf jump;
-  std::array<char, JMSG_LENGTH_MAX> message;
-  bool truncated;
-};
-
-ErrorManager& ManagerOf(j_common_ptr info) {
-  return *reinterpret_cast<ErrorManager*>(info->err);
+JpegErrors& ErrorsOf(j_common_ptr info) {
+  return *reinterpret_cast<JpegErrors*>(info->err);
 }
 
 [[noreturn]] void OnError(j_common_ptr info) {
-  ErrorManager& manager = ManagerOf(info);
-  info->err->format_message(info, manager.message.data());
-  std::longjmp(manager.jump, 1);
+  info->err->format_message(info, ErrorsOf(info).message.data());
+  std::longjmp(ErrorsOf(info).jump, 1);
 }
 
 void OnWarning(j_common_ptr info, int level) {
   if (level >= 0) return;
   ++info->err->num_warnings;
-  std::array<char, JMSG_LENGTH_MAX> message{};
-  info->err->format_message(info, message.data());
-  if (std::strncmp(message.data(), "Premature end", 13) == 0) ManagerOf(info).truncated = true;
+  switch (info->err->msg_code) {
+    case JWRN_JPEG_EOF:
+      ErrorsOf(info).ended = true;
+      break;
+    case JWRN_HIT_MARKER:
+    case JWRN_HUFF_BAD_CODE:
+    case JWRN_ARITH_BAD_CODE:
+    case JWRN_MUST_RESYNC:
+      ErrorsOf(info).damaged = true;
+      break;
+    default:
+      break;
+  }
+}
+
+[[noreturn]] void Stop(j_common_ptr info, const char* why) {
+  JpegErrors& errors = ErrorsOf(info);
+  std::snprintf(errors.message.data(), errors.message.size(), "%s", why);
+  errors.stopped = true;
+  std::longjmp(errors.jump, 1);
 }
 
 void OnProgress(j_common_ptr info) {
-  if (DecodeCancellation::Requested()) {
-    ErrorManager& manager = ManagerOf(info);
-    std::snprintf(manager.message.data(), manager.message.size(), "cancelled");
-    std::longjmp(manager.jump, 1);
-  }
+  if (DecodeCancellation::Requested()) Stop(info, "cancelled");
   if (reinterpret_cast<j_decompress_ptr>(info)->input_scan_number > kMostScans) {
-    ErrorManager& manager = ManagerOf(info);
-    std::snprintf(manager.message.data(), manager.message.size(), "too many scans");
-    std::longjmp(ManagerOf(info).jump, 1);
+    Stop(info, "too many scans");
   }
 }
 
-void Install(ErrorManager& manager, jpeg_common_struct& info) {
-  info.err = jpeg_std_error(&manager.base);
-  manager.base.error_exit = OnError;
-  manager.base.emit_message = OnWarning;
-  manager.message[0] = '\0';
-  manager.truncated = false;
+}  // namespace
+
+void Install(JpegErrors& errors, jpeg_common_struct& info) {
+  info.err = jpeg_std_error(&errors.base);
+  errors.base.error_exit = OnError;
+  errors.base.emit_message = OnWarning;
+  errors.message[0] = '\0';
+  errors.damaged = errors.ended = errors.stopped = false;
 }
+
+namespace {
 
 struct CloseFile {
   void operator()(std::FILE* file) const { std::fclose(file); }
@@ -127,30 +127,6 @@ struct FileInput {
   }
 };
 
-/// Orientation and preview from an Exif segment.
-struct ExifFacts {
-  int orientation = 1;
-  std::string preview;
-};
-
-ExifFacts ReadExif(const std::string& segment) {
-  ExifFacts facts;
-  if (segment.empty()) return facts;
-  ExifData* data = exif_data_new_from_data(reinterpret_cast<const unsigned char*>(segment.data()),
-                                           static_cast<unsigned>(segment.size()));
-  if (data == nullptr) return facts;
-  if (ExifEntry* entry = exif_content_get_entry(data->ifd[EXIF_IFD_0], EXIF_TAG_ORIENTATION);
-      entry != nullptr && entry->format == EXIF_FORMAT_SHORT && entry->size >= 2) {
-    const int value = exif_get_short(entry->data, exif_data_get_byte_order(data));
-    if (value >= 1 && value <= 8) facts.orientation = value;
-  }
-  if (data->data != nullptr && data->size > 0) {
-    facts.preview.assign(reinterpret_cast<const char*>(data->data), data->size);
-  }
-  exif_data_unref(data);
-  return facts;
-}
-
 /// What the headers say.
 struct Header {
   ImageProperties properties;
@@ -164,7 +140,7 @@ struct Header {
 class Decompressor {
  public:
   Decompressor() {
-    Install(manager_, reinterpret_cast<jpeg_common_struct&>(info_));
+    codecs::Install(errors_, reinterpret_cast<jpeg_common_struct&>(info_));
     progress_.progress_monitor = OnProgress;
   }
   ~Decompressor() {
@@ -175,7 +151,7 @@ class Decompressor {
   Decompressor& operator=(const Decompressor&) = delete;
 
   bool ReadHeader(std::FILE* file, std::string_view bytes) {
-    if (setjmp(manager_.jump) != 0) return false;
+    if (setjmp(errors_.jump) != 0) return false;
     jpeg_create_decompress(&info_);
     created_ = true;
     info_.progress = &progress_;
@@ -193,24 +169,31 @@ class Decompressor {
 
   /// Chooses the smallest eighths that keep the longer side at `atLeast` pixels; 0 is full size.
   bool Start(int atLeast) {
-    if (setjmp(manager_.jump) != 0) return false;
-    info_.out_color_space = JCS_EXT_BGRA;
-    info_.mem->max_memory_to_use = kMostWorkingMemory;
-    if (atLeast > 0) {
-      const int longest = static_cast<int>(std::max(info_.image_width, info_.image_height));
-      info_.scale_denom = 8;
-      info_.scale_num = 8;
-      while (info_.scale_num > 1 &&
-             longest * static_cast<int>(info_.scale_num - 1) / 8 >= atLeast) {
-        --info_.scale_num;
-      }
-    }
+    if (setjmp(errors_.jump) != 0) return false;
+    SetUp(atLeast);
     jpeg_start_decompress(&info_);
     return true;
   }
 
+  /// The same for a file of several scans with an error that Start and ReadInto cannot pass: what
+  /// the scans before it hold.
+  bool StartBeforeTheError(int atLeast) {
+    if (setjmp(errors_.jump) != 0) return false;
+    if (jpeg_has_multiple_scans(&info_) == 0) return false;
+    SetUp(atLeast);
+    info_.buffered_image = TRUE;
+    jpeg_start_decompress(&info_);
+    if (Consume() || errors_.stopped) return false;
+    if (setjmp(errors_.jump) != 0) return false;
+    errors_.damaged = true;
+    // The scan of the error may be there in part, but the library would read on for the rest.
+    jpeg_start_output(&info_, std::max(1, info_.input_scan_number - (atMarker_ ? 0 : 1)));
+    return true;
+  }
+
+  /// Reads all rows. On an error those from Rows() on are missing.
   bool ReadInto(std::uint8_t* data, std::size_t stride) {
-    if (setjmp(manager_.jump) != 0) return false;
+    if (setjmp(errors_.jump) != 0) return false;
     constexpr int kRows = 16;
     while (info_.output_scanline < info_.output_height) {
       std::array<JSAMPROW, kRows> rows{};
@@ -221,7 +204,7 @@ class Decompressor {
       }
       jpeg_read_scanlines(&info_, rows.data(), kRows);
     }
-    jpeg_finish_decompress(&info_);
+    // What stands behind the last row, or is missing there, is none of the picture's.
     return true;
   }
 
@@ -253,19 +236,52 @@ class Decompressor {
 
   int OutputWidth() const { return static_cast<int>(info_.output_width); }
   int OutputHeight() const { return static_cast<int>(info_.output_height); }
-  bool Truncated() const { return manager_.truncated; }
-  std::string Message() const {
-    return manager_.truncated ? "it ends too early" : manager_.message.data();
+  int Rows() const { return static_cast<int>(info_.output_scanline); }
+  /// True if some of what was read is not what was stored.
+  bool Damaged() {
+    // A last scan that is not there at all leaves no trace but the early end.
+    return errors_.damaged || (errors_.ended && jpeg_has_multiple_scans(&info_) != 0);
+  }
+  /// True if we ended the work.
+  bool Stopped() const { return errors_.stopped; }
+  std::string Reason() const {
+    if (errors_.ended) return codecTexts::kEndsEarly.Text();
+    return errors_.message[0] == '\0' ? codecTexts::kBadData.Text() : errors_.message.data();
   }
 
  private:
+  void SetUp(int atLeast) {
+    info_.out_color_space = JCS_EXT_BGRA;
+    info_.mem->max_memory_to_use = kMostWorkingMemory;
+    if (atLeast <= 0) return;
+    const int longest = static_cast<int>(std::max(info_.image_width, info_.image_height));
+    info_.scale_denom = 8;
+    info_.scale_num = 8;
+    while (info_.scale_num > 1 && longest * static_cast<int>(info_.scale_num - 1) / 8 >= atLeast) {
+      --info_.scale_num;
+    }
+  }
+
+  /// Takes in the whole file; false at an error.
+  bool Consume() {
+    if (setjmp(errors_.jump) != 0) return false;
+    for (int got = 0; got != JPEG_REACHED_EOI;) {
+      OnProgress(reinterpret_cast<j_common_ptr>(&info_));
+      got = jpeg_consume_input(&info_);
+      atMarker_ = got == JPEG_SCAN_COMPLETED;
+    }
+    return true;
+  }
+
   jpeg_decompress_struct info_{};
-  ErrorManager manager_{};
+  JpegErrors errors_{};
   jpeg_progress_mgr progress_{};
   FileInput input_;
   JOCTET* icc_ = nullptr;
   unsigned iccSize_ = 0;
   bool created_ = false;
+  /// The last that was taken in was the end of a scan.
+  bool atMarker_ = false;
 };
 
 class JpegSource final : public ImageSource {
@@ -284,11 +300,7 @@ class JpegSource final : public ImageSource {
   int Count() const override { return 1; }
   Expected<ImageProperties> Properties(int) const override { return {header_.properties, {}}; }
 
-  Expected<DecodedImage> Decode(int) const override {
-    Expected<Picture> picture = DecodeAt(0, true);
-    if (!picture) return Expected<DecodedImage>::Failure(picture.error);
-    return {DecodedImage{std::move(*picture), header_.properties}, {}};
-  }
+  Expected<DecodedImage> Decode(int) const override { return DecodeAt(0); }
 
   Expected<Picture> Thumbnail(int longest) const override {
     Picture picture = preview_.empty() ? Picture() : DecodeJpegPreview(preview_, longest);
@@ -297,9 +309,9 @@ class JpegSource final : public ImageSource {
         !SameShape(picture)) {
       picture = Eighth(longest);
       if (picture.IsNil()) {
-        Expected<Picture> reduced = DecodeAt(longest, false);
-        if (!reduced) return reduced;
-        picture = std::move(*reduced);
+        Expected<DecodedImage> reduced = DecodeAt(longest);
+        if (!reduced) return Expected<Picture>::Failure(reduced.error);
+        picture = std::move(reduced->Pixels);
       }
     } else {
       profile_.ConvertToSRGB(picture);
@@ -328,27 +340,53 @@ class JpegSource final : public ImageSource {
     return picture;
   }
 
-  /// `strict` refuses a file that ends too early; a thumbnail shows what there is.
-  Expected<Picture> DecodeAt(int atLeast, bool strict) const {
-    const File stream(std::fopen(file_.Path().c_str(), "rbe"));
-    const auto damaged = [&](const Decompressor& jpeg) {
-      return Expected<Picture>::Failure(CodecMessage(codecTexts::kDamaged, file_, jpeg.Message()));
+  Expected<DecodedImage> DecodeAt(int atLeast) const {
+    Expected<DecodedImage> image;
+    if (Attempt(atLeast, false, image)) return image;
+    // Opened anew, since the error left the first attempt in the middle.
+    Expected<DecodedImage> before;
+    if (Attempt(atLeast, true, before) && before) return before;
+    return image;
+  }
+
+  /// False if there is an error that an attempt `beforeTheError` may pass.
+  bool Attempt(int atLeast, bool beforeTheError, Expected<DecodedImage>& result) const {
+    const auto failed = [&](std::string sentence) {
+      result = Expected<DecodedImage>::Failure(std::move(sentence));
     };
-    if (!stream) return Expected<Picture>::Failure(CodecMessage(codecTexts::kUnreadable, file_));
+    const File stream(std::fopen(file_.Path().c_str(), "rbe"));
+    if (!stream) {
+      failed(CodecMessage(codecTexts::kUnreadable, file_));
+      return true;
+    }
     Decompressor jpeg;
-    if (!jpeg.ReadHeader(stream.get(), {}) || !jpeg.Start(atLeast)) return damaged(jpeg);
+    if (!jpeg.ReadHeader(stream.get(), {}) ||
+        !(beforeTheError ? jpeg.StartBeforeTheError(atLeast) : jpeg.Start(atLeast))) {
+      failed(CodecMessage(codecTexts::kDamaged, file_, jpeg.Reason()));
+      return jpeg.Stopped();
+    }
     Expected<Picture> picture = Allocate(file_, jpeg.OutputWidth(), jpeg.OutputHeight());
-    if (!picture) return picture;
+    if (!picture) {
+      failed(picture.error);
+      return true;
+    }
     const Pixels pixels = picture->Edit();
     const auto touched = PixelMemory::TouchAhead(
         pixels.data, pixels.stride * static_cast<std::size_t>(pixels.height));
-    if (!jpeg.ReadInto(pixels.data, pixels.stride) || (strict && jpeg.Truncated())) {
-      return damaged(jpeg);
+    const bool whole = jpeg.ReadInto(pixels.data, pixels.stride);
+    if (!whole) {
+      failed(CodecMessage(codecTexts::kDamaged, file_, jpeg.Reason()));
+      if (jpeg.Stopped() || !beforeTheError) return jpeg.Stopped();
+      PaintMissing(*picture, jpeg.Rows());
     }
+    const bool damaged = !whole || jpeg.Damaged();
     picture->HorizontalResolution = header_.properties.HorizontalResolution;
     picture->VerticalResolution = header_.properties.VerticalResolution;
-    profile_.ConvertToSRGB(*picture);
-    return picture;
+    if (!damaged || !IsBlank(*picture)) profile_.ConvertToSRGB(*picture);
+    DecodedImage image{std::move(*picture), header_.properties, {}};
+    result = damaged ? ReadInPart(file_, std::move(image), jpeg.Reason())
+                     : Expected<DecodedImage>{std::move(image), {}};
+    return true;
   }
 
   FolderItem file_;
@@ -356,162 +394,6 @@ class JpegSource final : public ImageSource {
   SourceProfile profile_;
   std::string preview_;
 };
-
-/// Rows of blocks between two restart markers. A fixed number, so that a file does not depend on
-/// the machine that wrote it; at 16 the interval's 16 bits hold the widest JPEG.
-constexpr int kRestartRows = 16;
-/// At the highest qualities the eye sees halved colour before it sees the quantisation.
-constexpr double kFullColorFrom = 0.95;
-
-int PixelsPerRestart(double quality) {
-  return kRestartRows * (quality >= kFullColorFrom ? 8 : 16);
-}
-
-/// Encodes some rows of a picture as a JPEG of their own.
-class Compressor {
- public:
-  Compressor() { Install(manager_, reinterpret_cast<jpeg_common_struct&>(info_)); }
-  ~Compressor() {
-    if (created_) jpeg_destroy_compress(&info_);
-    std::free(bytes_);
-  }
-  Compressor(const Compressor&) = delete;
-  Compressor& operator=(const Compressor&) = delete;
-
-  bool Write(ConstPixels rows, const Picture& picture, double quality, bool withProfile) {
-    if (setjmp(manager_.jump) != 0) return false;
-    jpeg_create_compress(&info_);
-    created_ = true;
-    jpeg_mem_dest(&info_, &bytes_, &size_);
-    info_.image_width = static_cast<JDIMENSION>(rows.width);
-    info_.image_height = static_cast<JDIMENSION>(rows.height);
-    info_.input_components = 4;
-    info_.in_color_space = JCS_EXT_BGRX;
-    jpeg_set_defaults(&info_);
-    jpeg_set_quality(&info_, static_cast<int>(std::lround(std::clamp(quality, 0.0, 1.0) * 100)),
-                     TRUE);
-    if (quality >= kFullColorFrom) {
-      info_.comp_info[0].h_samp_factor = 1;
-      info_.comp_info[0].v_samp_factor = 1;
-    }
-    info_.density_unit = 1;
-    info_.X_density = static_cast<UINT16>(std::clamp(picture.HorizontalResolution, 1, 65535));
-    info_.Y_density = static_cast<UINT16>(std::clamp(picture.VerticalResolution, 1, 65535));
-    jpeg_start_compress(&info_, TRUE);
-    if (withProfile) {
-      const std::string_view icc = SRGBProfile();
-      jpeg_write_icc_profile(&info_, reinterpret_cast<const JOCTET*>(icc.data()),
-                             static_cast<unsigned>(icc.size()));
-    }
-    while (info_.next_scanline < info_.image_height) {
-      // libjpeg does not write to its input.
-      auto* row = const_cast<JSAMPROW>(rows.Row(static_cast<int>(info_.next_scanline)));
-      jpeg_write_scanlines(&info_, &row, 1);
-    }
-    jpeg_finish_compress(&info_);
-    return true;
-  }
-
-  std::string_view Bytes() const { return {reinterpret_cast<const char*>(bytes_), size_}; }
-  std::string Message() const { return manager_.message.data(); }
-
- private:
-  jpeg_compress_struct info_{};
-  ErrorManager manager_{};
-  unsigned char* bytes_ = nullptr;
-  unsigned long size_ = 0;  // NOLINT(google-runtime-int): the type of libjpeg
-  bool created_ = false;
-};
-
-/// Where the parts of a JPEG lie that was just written.
-struct Layout {
-  std::size_t frame = 0;  ///< Of the frame header's marker.
-  std::size_t scan = 0;   ///< Of the scan header's marker.
-  std::size_t data = 0;   ///< Of the first byte of coded data.
-};
-
-Layout LayoutOf(std::string_view jpeg) {
-  Layout layout;
-  const auto byte = [&](std::size_t at) { return static_cast<std::uint8_t>(jpeg[at]); };
-  std::size_t at = 2;
-  while (at + 4 <= jpeg.size()) {
-    const std::size_t next = at + 2 + (std::size_t{byte(at + 2)} << 8 | byte(at + 3));
-    if (byte(at + 1) == 0xC0) layout.frame = at;
-    if (byte(at + 1) == 0xDA) {
-      layout.scan = at;
-      layout.data = next;
-      break;
-    }
-    at = next;
-  }
-  return layout;
-}
-
-void AppendBigEndian(std::string& bytes, int value) {
-  bytes += static_cast<char>(value >> 8);
-  bytes += static_cast<char>(value);
-}
-
-/// A whole JPEG from strips that were encoded apart. The coder starts afresh after a restart
-/// marker, so their data only has to be put in a row with such markers between (ITU-T T.81,
-/// section F.1.1.5.2); the frame header takes the whole height, and an interval is declared.
-std::string Assembled(const std::vector<std::string>& strips, ConstPixels pixels, double quality) {
-  const std::string& first = strips.front();
-  const Layout layout = LayoutOf(first);
-  std::string jpeg = first.substr(0, layout.scan);
-  jpeg[layout.frame + 5] = static_cast<char>(pixels.height >> 8);
-  jpeg[layout.frame + 6] = static_cast<char>(pixels.height);
-  if (strips.size() > 1) {
-    const int block = PixelsPerRestart(quality) / kRestartRows;
-    jpeg += "\xFF\xDD";
-    AppendBigEndian(jpeg, 4);
-    AppendBigEndian(jpeg, (pixels.width + block - 1) / block * kRestartRows);
-  }
-  jpeg.append(first, layout.scan, layout.data - layout.scan);
-  for (std::size_t i = 0; i < strips.size(); ++i) {
-    constexpr std::size_t kEndMarker = 2;
-    const std::size_t data = LayoutOf(strips[i]).data;
-    jpeg.append(strips[i], data, strips[i].size() - data - kEndMarker);
-    if (i + 1 == strips.size()) break;
-    jpeg += '\xFF';
-    jpeg += static_cast<char>(0xD0 + i % 8);
-  }
-  return jpeg + "\xFF\xD9";
-}
-
-/// The bytes of a JPEG file; empty, with the reason in `error`, on failure.
-std::string Encoded(const EncodeImage& image, std::string& error) {
-  const Picture picture = Flattened(image.Pixels);
-  const ConstPixels pixels = picture.View();
-  constexpr int kLargestSide = 65500;
-  if (std::max(pixels.width, pixels.height) > kLargestSide) {
-    error = "a JPEG has at most 65500 pixels a side";
-    return {};
-  }
-  const int rows = PixelsPerRestart(image.Quality);
-  std::vector<std::string> strips(static_cast<std::size_t>((pixels.height + rows - 1) / rows));
-  std::vector<std::string> errors(strips.size());
-  ParallelRows(static_cast<int>(strips.size()), 1, [&](int from, int to) {
-    for (int i = from; i < to; ++i) {
-      ConstPixels part = pixels;
-      part.data = pixels.Row(i * rows);
-      part.height = std::min(rows, pixels.height - i * rows);
-      Compressor jpeg;
-      const auto at = static_cast<std::size_t>(i);
-      if (jpeg.Write(part, picture, image.Quality, i == 0)) {
-        strips[at] = jpeg.Bytes();
-      } else {
-        errors[at] = jpeg.Message();
-      }
-    }
-  });
-  for (const std::string& failure : errors) {
-    if (failure.empty()) continue;
-    error = failure;
-    return {};
-  }
-  return Assembled(strips, pixels, image.Quality);
-}
 
 }  // namespace
 
@@ -532,22 +414,6 @@ Picture DecodeJpegPreview(std::string_view bytes, int atLeast) {
   const Pixels pixels = picture.Edit();
   if (!jpeg.ReadInto(pixels.data, pixels.stride)) return {};
   return picture;
-}
-
-std::string EncodeJpegToMemory(const EncodeImage& image) {
-  std::string error;
-  return Encoded(image, error);
-}
-
-std::string EncodeJpeg(const FolderItem& file, const EncodeImage& image) {
-  std::string reason;
-  const std::string bytes = Encoded(image, reason);
-  if (!bytes.empty()) {
-    const std::error_code error = WriteFileAtomically(file, bytes);
-    if (!error) return {};
-    reason = error.message();
-  }
-  return CodecMessage(codecTexts::kCannotWrite, file, reason);
 }
 
 }  // namespace brivolant::codecs

@@ -70,22 +70,19 @@ class RawSource final : public ImageSource {
   Expected<ImageProperties> Properties(int) const override { return {properties_, {}}; }
 
   Expected<DecodedImage> Decode(int) const override {
-    using Result = Expected<DecodedImage>;
-    const auto raw = NewDecoder();
-    raw->imgdata.params.use_camera_wb = 1;
-    raw->imgdata.params.output_color = 1;
-    raw->imgdata.params.output_bps = 8;
-    int error = raw->open_file(file_.Path().c_str());
-    if (error == LIBRAW_SUCCESS) error = raw->unpack();
-    if (error == LIBRAW_SUCCESS) error = raw->dcraw_process();
-    ProcessedImage image;
-    if (error == LIBRAW_SUCCESS) image.reset(raw->dcraw_make_mem_image(&error));
-    if (!image) {
-      return Result::Failure(CodecMessage(codecTexts::kDamaged, file_, libraw_strerror(error)));
-    }
-    Picture picture = FromRGB(*image);
-    if (picture.IsNil()) return Result::Failure(CodecMessage(codecTexts::kNoMemory, file_));
-    return {DecodedImage{std::move(picture), properties_}, {}};
+    std::string padded;
+    Expected<DecodedImage> image = Develop(padded);
+    if (image || DecodeCancellation::Requested()) return image;
+    // The library refuses a file that ends too early: in memory it goes on, black.
+    constexpr std::size_t kMostBytes = std::size_t{1} << 30U;
+    std::optional<std::string> bytes = ReadFile(file_, kMostBytes);
+    if (!bytes) return image;
+    padded = std::move(*bytes);
+    const auto pixels =
+        static_cast<std::size_t>(properties_.Width) * static_cast<std::size_t>(properties_.Height);
+    padded.append(2 * pixels, '\0');
+    Expected<DecodedImage> more = Develop(padded);
+    return more ? more : image;
   }
 
   Expected<Picture> Thumbnail(int longest) const override {
@@ -113,6 +110,32 @@ class RawSource final : public ImageSource {
   }
 
  private:
+  /// From the file, or from its bytes, which are taken for damaged ones.
+  Expected<DecodedImage> Develop(std::string& bytes) const {
+    using Result = Expected<DecodedImage>;
+    const auto raw = NewDecoder();
+    raw->imgdata.params.use_camera_wb = 1;
+    raw->imgdata.params.output_color = 1;
+    raw->imgdata.params.output_bps = 8;
+    bool damaged = !bytes.empty();
+    raw->set_dataerror_handler(
+        [](void* flag, const char*, int) { *static_cast<bool*>(flag) = true; }, &damaged);
+    int error = bytes.empty() ? raw->open_file(file_.Path().c_str())
+                              : raw->open_buffer(bytes.data(), bytes.size());
+    if (error == LIBRAW_SUCCESS) error = raw->unpack();
+    if (error == LIBRAW_SUCCESS) error = raw->dcraw_process();
+    ProcessedImage image;
+    if (error == LIBRAW_SUCCESS) image.reset(raw->dcraw_make_mem_image(&error));
+    if (!image) {
+      return Result::Failure(CodecMessage(codecTexts::kDamaged, file_, libraw_strerror(error)));
+    }
+    Picture picture = FromRGB(*image);
+    if (picture.IsNil()) return Result::Failure(CodecMessage(codecTexts::kNoMemory, file_));
+    DecodedImage decoded{std::move(picture), properties_, {}};
+    return damaged ? ReadInPart(file_, std::move(decoded), codecTexts::kBadData.Text())
+                   : Result{std::move(decoded), {}};
+  }
+
   FolderItem file_;
   ImageProperties properties_;
 };

@@ -1,24 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include <fcntl.h>
 #include <unistd.h>
-#include <vips/vips.h>
 
 #include <algorithm>
 #include <array>
-#include <atomic>
-#include <cerrno>
 #include <cmath>
-#include <cstdio>
 #include <cstring>
-#include <mutex>
 #include <vector>
 
 #include "platform/codecs/Cancellation.h"
 #include "platform/codecs/CodecDetail.h"
-#include "platform/files/AtomicFile.h"
+#include "platform/codecs/VipsSupport.h"
 
 namespace brivolant::codecs {
 namespace {
+
+using Image = VipsPicture;
 
 struct LoaderType {
   std::string_view loader;
@@ -42,36 +39,6 @@ constexpr std::array<LoaderType, 6> kExtensionTypes{{{".bmp", "com.microsoft.bmp
                                                      {".sgi", "com.sgi.sgi-image"},
                                                      {".tga", "com.truevision.tga-image"}}};
 
-std::atomic<bool> started = false;
-
-bool Start() {
-  static const bool ready = [] {
-    if (vips_init("brivolant") != 0) return false;
-    // What is wrong with a file reaches the user as our own sentence.
-    g_log_set_handler(
-        "VIPS", G_LOG_LEVEL_WARNING, [](const char*, GLogLevelFlags, const char*, void*) {},
-        nullptr);
-    // Files are read once: what the library would keep only takes memory from pictures.
-    vips_cache_set_max(0);
-    started = true;
-    return true;
-  }();
-  return ready;
-}
-
-struct Unref {
-  void operator()(VipsImage* image) const { g_object_unref(image); }
-};
-using Image = std::unique_ptr<VipsImage, Unref>;
-
-/// The library's own words, in one line.
-std::string TakeError() {
-  std::string text(Trim(vips_error_buffer()));
-  vips_error_clear();
-  std::replace(text.begin(), text.end(), '\n', ';');
-  return text.empty() ? "unknown error" : EnsureUTF8(text);
-}
-
 /// A path that the libraries take as it stands: they read options from square brackets and numbers
 /// from percent signs, so a name with such is reached over its descriptor.
 class PlainPath {
@@ -93,11 +60,13 @@ class PlainPath {
   int descriptor_ = -1;
 };
 
-Image Load(const PlainPath& path, int page) {
+/// `tolerant` passes over what is wrong with the pixels, as far as the loader can.
+Image Load(const PlainPath& path, int page, bool tolerant) {
   const std::string name =
       page > 0 ? std::string(path.Get()) + "[page=" + std::to_string(page) + "]" : path.Get();
   return Image(vips_image_new_from_file(name.c_str(), "access", VIPS_ACCESS_SEQUENTIAL, "fail_on",
-                                        VIPS_FAIL_ON_TRUNCATED, nullptr));
+                                        tolerant ? VIPS_FAIL_ON_NONE : VIPS_FAIL_ON_ERROR,
+                                        nullptr));
 }
 
 std::string ProfileOf(VipsImage* image) {
@@ -132,14 +101,26 @@ ImageProperties PropertiesOf(VipsImage* image) {
   return properties;
 }
 
+bool IsStandard(const std::string& icc) {
+  return icc.empty() || FindIgnoringCase(SourceProfile(icc).Name(), "srgb") != std::string::npos;
+}
+
+/// True if the pixels are taken as they are: 8 bits, grey or sRGB.
+bool IsPlain(VipsImage* image) {
+  const VipsInterpretation space = vips_image_guess_interpretation(image);
+  const int bands = vips_image_get_bands(image);
+  return vips_image_get_format(image) == VIPS_FORMAT_UCHAR &&
+         vips_image_get_coding(image) == VIPS_CODING_NONE &&
+         ((space == VIPS_INTERPRETATION_sRGB && (bands == 3 || bands == 4)) ||
+          (space == VIPS_INTERPRETATION_B_W && bands <= 2)) &&
+         IsStandard(ProfileOf(image));
+}
+
 /// To 8-bit sRGB with three bands, or four with alpha.
 Image ToSRGB(Image image) {
   VipsImage* next = nullptr;
   const bool cmyk = vips_image_guess_interpretation(image.get()) == VIPS_INTERPRETATION_CMYK;
-  const std::string icc = ProfileOf(image.get());
-  const bool convert = cmyk || (!icc.empty() && FindIgnoringCase(SourceProfile(icc).Name(),
-                                                                 "srgb") == std::string::npos);
-  if (convert) {
+  if (cmyk || !IsStandard(ProfileOf(image.get()))) {
     const char* fallback = cmyk ? "cmyk" : "srgb";
     if (vips_icc_transform(image.get(), &next, "srgb", "embedded", TRUE, "input_profile", fallback,
                            "intent", VIPS_INTENT_PERCEPTUAL, nullptr) == 0) {
@@ -160,63 +141,159 @@ Image ToSRGB(Image image) {
   return image;
 }
 
+/// Rows of an image from top to bottom, all on this thread: where several ask a loader for rows, it
+/// depends on who is first at a bad block what becomes of the others.
+class RowReader {
+ public:
+  explicit RowReader(VipsImage* image) : image_(image), region_(vips_region_new(image)) {}
+
+  /// How many rows are read at once.
+  static constexpr int kStrip = 16;
+  /// Makes up to `rows` rows from `top` available; false if they cannot be read.
+  bool Read(int top, int rows) {
+    const VipsRect area{0, top, vips_image_get_width(image_), rows};
+    return !DecodeCancellation::Requested() && vips_region_prepare(region_.get(), &area) == 0;
+  }
+  const VipsPel* Row(int y) const { return VIPS_REGION_ADDR(region_.get(), 0, y); }
+
+ private:
+  VipsImage* image_;
+  std::unique_ptr<VipsRegion, UnrefVips> region_;
+};
+
 struct Target {
   Pixels pixels;
   Grey mask;
+  /// Row of the picture where the image begins.
+  int top = 0;
 };
+
+void WriteRow(const Target& target, int left, int y, const VipsPel* from, int width, int bands) {
+  std::uint8_t* to = target.pixels.Row(y) + std::ptrdiff_t{4} * left;
+  const int green = bands >= 3 ? 1 : 0;
+  const int blue = bands >= 3 ? 2 : 0;
+  std::uint8_t* mask = target.mask.data == nullptr ? nullptr : target.mask.Row(y) + left;
+  for (int x = 0; x < width; ++x, from += bands, to += 4) {
+    to[0] = from[blue];
+    to[1] = from[green];
+    to[2] = from[0];
+    to[3] = 255;
+    if (mask != nullptr) mask[x] = static_cast<std::uint8_t>(255 - from[bands - 1]);
+  }
+}
 
 /// Takes a strip of finished rows.
 int WriteStrip(VipsRegion* region, VipsRect* area, void* data) {
   const auto& target = *static_cast<Target*>(data);
-  const int bands = region->im->Bands;
   for (int y = area->top; y < area->top + area->height; ++y) {
-    const VipsPel* from = VIPS_REGION_ADDR(region, area->left, y);
-    std::uint8_t* to = target.pixels.Row(y) + std::ptrdiff_t{4} * area->left;
-    for (int x = 0; x < area->width; ++x, from += bands, to += 4) {
-      to[0] = from[bands >= 3 ? 2 : 0];
-      to[1] = from[bands >= 3 ? 1 : 0];
-      to[2] = from[0];
-      to[3] = 255;
-      if (target.mask.data != nullptr) {
-        target.mask.Row(y)[area->left + x] = static_cast<std::uint8_t>(255 - from[bands - 1]);
-      }
-    }
+    WriteRow(target, area->left, target.top + y, VIPS_REGION_ADDR(region, area->left, y),
+             area->width, region->im->Bands);
   }
   return 0;
 }
 
-Expected<Picture> Render(const FolderItem& file, VipsImage* image) {
+/// Writes plain rows into the target. Gives how many came.
+int ReadPlainRows(VipsImage* image, const Target& target) {
+  RowReader reader(image);
+  const int height = vips_image_get_height(image);
+  const int width = vips_image_get_width(image);
+  for (int top = 0; top < height; top += RowReader::kStrip) {
+    const int rows = std::min(RowReader::kStrip, height - top);
+    if (!reader.Read(top, rows)) return top;
+    for (int y = top; y < top + rows; ++y) {
+      WriteRow(target, 0, y, reader.Row(y), width, vips_image_get_bands(image));
+    }
+  }
+  return height;
+}
+
+/// An image over rows that were read, which may be worked on by all cores.
+Image OverRows(VipsImage* like, const std::vector<VipsPel>& memory, int rows) {
+  const Image raw(vips_image_new_from_memory(
+      memory.data(), VIPS_IMAGE_SIZEOF_LINE(like) * static_cast<std::size_t>(rows),
+      vips_image_get_width(like), rows, vips_image_get_bands(like), vips_image_get_format(like)));
+  VipsImage* tagged = nullptr;
+  if (!raw || vips_copy(raw.get(), &tagged, "interpretation", vips_image_guess_interpretation(like),
+                        "coding", vips_image_get_coding(like), nullptr) != 0) {
+    return nullptr;
+  }
+  if (const std::string icc = ProfileOf(like); !icc.empty()) {
+    vips_image_set_blob_copy(tagged, VIPS_META_ICC_NAME, icc.data(), icc.size());
+  }
+  return Image(tagged);
+}
+
+/// Reads rows and converts them on all cores, a part of the image at a time, so that no second copy
+/// of it is needed. Gives how many rows came.
+int ReadOtherRows(VipsImage* image, Target target) {
+  constexpr std::size_t kPart = std::size_t{32} << 20U;
+  RowReader reader(image);
+  const int height = vips_image_get_height(image);
+  const std::size_t line = VIPS_IMAGE_SIZEOF_LINE(image);
+  const int part = std::clamp(static_cast<int>(kPart / std::max<std::size_t>(line, 1)) /
+                                  RowReader::kStrip * RowReader::kStrip,
+                              RowReader::kStrip, std::max(height, RowReader::kStrip));
+  std::vector<VipsPel> memory(line * static_cast<std::size_t>(part));
+  for (int top = 0; top < height; top += part) {
+    int rows = 0;
+    const int wanted = std::min(part, height - top);
+    while (rows < wanted) {
+      const int strip = std::min(RowReader::kStrip, wanted - rows);
+      if (!reader.Read(top + rows, strip)) break;
+      for (int y = 0; y < strip; ++y, ++rows) {
+        std::memcpy(memory.data() + line * static_cast<std::size_t>(rows), reader.Row(top + rows),
+                    line);
+      }
+    }
+    if (rows == 0) return top;
+    Image converted = OverRows(image, memory, rows);
+    if (converted) converted = ToSRGB(std::move(converted));
+    target.top = top;
+    if (!converted || vips_sink_disc(converted.get(), WriteStrip, &target) != 0) return top;
+    if (rows < wanted) return top + rows;
+  }
+  return height;
+}
+
+/// A picture, and how many rows of it were read.
+struct Rendered {
+  Picture picture;
+  int rows = 0;
+  bool Whole() const { return rows == picture.Height(); }
+};
+
+/// `bands` is their number after the conversion.
+Expected<Rendered> Render(const FolderItem& file, VipsImage* image, bool plain, int bands) {
+  using Result = Expected<Rendered>;
   Expected<Picture> picture =
       Allocate(file, vips_image_get_width(image), vips_image_get_height(image));
-  if (!picture) return picture;
-  Target target{picture->Edit(), {}};
+  if (!picture) return Result::Failure(picture.error);
+  Target target{picture->Edit(), {}, 0};
   Plane mask;
-  if (vips_image_hasalpha(image) != 0) {
+  if (bands == 2 || bands == 4) {
     mask = Plane::Uninitialized(picture->Width(), picture->Height());
-    if (mask.IsNil()) return Expected<Picture>::Failure(CodecMessage(codecTexts::kNoMemory, file));
+    if (mask.IsNil()) return Result::Failure(CodecMessage(codecTexts::kNoMemory, file));
     target.mask = mask.Edit();
   }
-  if (const std::atomic<bool>* flag = DecodeCancellation::Flag()) {
-    // The signal may come on another thread, so the flag goes with it.
-    vips_image_set_progress(image, TRUE);
-    g_signal_connect(image, "eval", G_CALLBACK(+[](VipsImage* at, VipsProgress*, void* data) {
-                       if (static_cast<const std::atomic<bool>*>(data)->load()) {
-                         vips_image_set_kill(at, TRUE);
-                       }
-                     }),
-                     const_cast<std::atomic<bool>*>(flag));
+  const int rows = plain ? ReadPlainRows(image, target) : ReadOtherRows(image, target);
+  if (rows == 0 || DecodeCancellation::Requested()) {
+    return Result::Failure(CodecMessage(codecTexts::kDamaged, file, TakeVipsError()));
   }
-  if (vips_sink_disc(image, WriteStrip, &target) != 0) {
-    return Expected<Picture>::Failure(CodecMessage(codecTexts::kDamaged, file, TakeError()));
+  vips_error_clear();
+  PaintMissing(*picture, rows);
+  for (int y = rows; y < mask.Height(); ++y) {
+    std::fill_n(target.mask.Row(y), mask.Width(), std::uint8_t{0});
   }
   if (!mask.IsNil()) picture->SetMask(std::move(mask));
-  return picture;
+  return {Rendered{std::move(*picture), rows}, {}};
 }
 
 class VipsSource final : public ImageSource {
  public:
-  VipsSource(FolderItem file, VipsImage* first)
+  /// `tolerant` if the file can only be opened so; then it is damaged.
+  VipsSource(FolderItem file, VipsImage* first, bool tolerant)
       : file_(std::move(file)),
+        tolerant_(tolerant),
         width_(vips_image_get_width(first)),
         height_(vips_image_get_height(first)) {
     const char* loader = nullptr;
@@ -241,28 +318,24 @@ class VipsSource final : public ImageSource {
 
   Expected<ImageProperties> Properties(int index) const override {
     const PlainPath path(file_);
-    const Image image = Load(path, index);
+    const Image image = Load(path, index, tolerant_);
     if (!image) return Failure<ImageProperties>();
     return {PropertiesOf(image.get()), {}};
   }
 
   Expected<DecodedImage> Decode(int index) const override {
-    const PlainPath path(file_);
-    Image image = Load(path, index);
-    if (!image) return Failure<DecodedImage>();
-    ImageProperties properties = PropertiesOf(image.get());
-    // Before the pipeline is built: a lying header must not cost memory.
-    if (std::int64_t{properties.Width} * properties.Height > Picture::kMostPixels) {
-      return Expected<DecodedImage>::Failure(
-          Allocate(file_, properties.Width, properties.Height).error);
+    Expected<DecodedImage> image = Attempt(index, tolerant_);
+    if (DecodeCancellation::Requested() || (image && !image->Damage)) return image;
+    // The loader ends at what is wrong; others go on behind it.
+    Expected<DecodedImage> more;
+    if (type_ == "public.png") {
+      more = RescuePng(file_);
+    } else if ((type_ == "public.jpeg" || type_ == "com.compuserve.gif") && !tolerant_) {
+      more = Attempt(index, true);
+    } else {
+      more = Rescue(file_, index);
     }
-    image = ToSRGB(std::move(image));
-    if (!image) return Failure<DecodedImage>();
-    Expected<Picture> picture = Render(file_, image.get());
-    if (!picture) return Expected<DecodedImage>::Failure(picture.error);
-    picture->HorizontalResolution = properties.HorizontalResolution;
-    picture->VerticalResolution = properties.VerticalResolution;
-    return {DecodedImage{std::move(*picture), std::move(properties)}, {}};
+    return more ? more : image;
   }
 
   Expected<Picture> Thumbnail(int longest) const override {
@@ -272,201 +345,97 @@ class VipsSource final : public ImageSource {
     }
     const PlainPath path(file_);
     VipsImage* small = nullptr;
-    if (vips_thumbnail(path.Get(), &small, longest, "height", longest, "size", VIPS_SIZE_DOWN,
-                       "export_profile", "srgb", nullptr) != 0) {
-      return Failure<Picture>();
+    // Turned by us: the library would ask for all pixels at once, on many threads.
+    if (!tolerant_ && vips_thumbnail(path.Get(), &small, longest, "height", longest, "size",
+                                     VIPS_SIZE_DOWN, "export_profile", "srgb", "no_rotate", TRUE,
+                                     "fail_on", VIPS_FAIL_ON_ERROR, nullptr) == 0) {
+      const int orientation = std::clamp(vips_image_get_orientation(small), 1, 8);
+      if (const Image image = ToSRGB(Image(small))) {
+        auto done = Render(file_, image.get(), true, vips_image_get_bands(image.get()));
+        if (done && done->Whole()) return {UprightPicture(done->picture, orientation), {}};
+      }
     }
-    const Image image = ToSRGB(Image(small));
-    if (!image) return Failure<Picture>();
-    return Render(file_, image.get());
+    vips_error_clear();
+    const Expected<DecodedImage> image = Decode(0);
+    if (!image) return Expected<Picture>::Failure(image.error);
+    return {UprightPicture(FitWithin(image.value->Pixels, longest),
+                           image.value->Properties.Orientation),
+            {}};
   }
 
  private:
+  Expected<DecodedImage> Attempt(int index, bool tolerant) const {
+    const PlainPath path(file_);
+    const Image image = Load(path, index, tolerant);
+    if (!image) return Failure<DecodedImage>();
+    ImageProperties properties = PropertiesOf(image.get());
+    // Before the pipeline is built: a lying header must not cost memory.
+    if (std::int64_t{properties.Width} * properties.Height > Picture::kMostPixels) {
+      return Expected<DecodedImage>::Failure(
+          Allocate(file_, properties.Width, properties.Height).error);
+    }
+    const bool plain = IsPlain(image.get());
+    int bands = vips_image_get_bands(image.get());
+    if (!plain) {
+      g_object_ref(image.get());
+      const Image converted = ToSRGB(Image(image.get()));
+      if (!converted) return Failure<DecodedImage>();
+      bands = vips_image_get_bands(converted.get());
+    }
+    Expected<Rendered> done = Render(file_, image.get(), plain, bands);
+    if (!done) return Expected<DecodedImage>::Failure(done.error);
+    const bool whole = done->Whole() && !tolerant;
+    done->picture.HorizontalResolution = properties.HorizontalResolution;
+    done->picture.VerticalResolution = properties.VerticalResolution;
+    DecodedImage decoded{std::move(done->picture), std::move(properties), {}};
+    if (whole) return {std::move(decoded), {}};
+    return ReadInPart(file_, std::move(decoded), codecTexts::kBadData.Text());
+  }
+
   template <class T>
   Expected<T> Failure() const {
-    return Expected<T>::Failure(CodecMessage(codecTexts::kDamaged, file_, TakeError()));
+    return Expected<T>::Failure(CodecMessage(codecTexts::kDamaged, file_, TakeVipsError()));
   }
 
   FolderItem file_;
+  bool tolerant_;
   std::string type_;
   int width_;
   int height_;
   int count_ = 1;
 };
 
-/// The pictures below each other as RGB or RGBA rows. All are cut or padded to the first's size,
-/// which is what page-by-page formats can hold.
-Image ForWriting(std::span<const EncodeImage> pictures, bool alpha, std::vector<VipsPel>& memory) {
-  const Picture& first = pictures.front().Pixels;
-  const bool masked = alpha && first.Mask() != nullptr;
-  const int bands = masked ? 4 : 3;
-  const auto width = static_cast<std::size_t>(first.Width());
-  const std::size_t size = width * static_cast<std::size_t>(first.Height());
-  memory.assign(size * pictures.size() * static_cast<std::size_t>(bands), 255);
-  VipsPel* to = memory.data();
-  for (const EncodeImage& image : pictures) {
-    const Picture picture = masked ? image.Pixels : Flattened(image.Pixels);
-    const Plane* mask = picture.Mask();
-    for (int y = 0; y < first.Height(); ++y) {
-      for (int x = 0; x < first.Width(); ++x, to += bands) {
-        if (x >= picture.Width() || y >= picture.Height()) continue;
-        const Color color = picture.At(x, y);
-        to[0] = color.Red;
-        to[1] = color.Green;
-        to[2] = color.Blue;
-        if (masked) to[3] = mask == nullptr ? 255 : static_cast<VipsPel>(255 - mask->At(x, y));
-      }
-    }
-  }
-  const int height = first.Height() * static_cast<int>(pictures.size());
-  Image raw(vips_image_new_from_memory(memory.data(), memory.size(), first.Width(), height, bands,
-                                       VIPS_FORMAT_UCHAR));
-  if (!raw) return nullptr;
-  VipsImage* tagged = nullptr;
-  if (vips_copy(raw.get(), &tagged, "interpretation", VIPS_INTERPRETATION_sRGB, "xres",
-                first.HorizontalResolution / 25.4, "yres", first.VerticalResolution / 25.4,
-                nullptr) != 0) {
-    return nullptr;
-  }
-  Image image(tagged);
-  const std::string_view icc = SRGBProfile();
-  vips_image_set_blob_copy(tagged, VIPS_META_ICC_NAME, icc.data(), icc.size());
-  if (pictures.size() > 1) vips_image_set_int(tagged, VIPS_META_PAGE_HEIGHT, first.Height());
-  return image;
-}
-
-/// Why an encoder could not write: the system's own words where the library quotes them.
-std::string WriteFailure() {
-  const std::string text = TakeError();
-  constexpr std::string_view kQuote = "unix error: ";
-  const std::size_t at = text.find(kQuote);
-  if (at == std::string::npos) return codecTexts::kEncoderFailed.Text();
-  const std::size_t from = at + kQuote.size();
-  return text.substr(from, text.find(';', from) - from);
-}
-
-struct Writer {
-  std::string_view identifier;
-  bool alpha;
-  bool pages;
-  int (*save)(VipsImage* image, const char* path, double quality);
-};
-
-template <int kIndex>
-int SaveByMagick(VipsImage* image, const char* path, double) {
-  constexpr std::array<const char*, 5> kFormats{"BMP", "PSD", "PICT", "SGI", "TGA"};
-  return vips_magicksave(image, path, "format", kFormats[kIndex], nullptr);
-}
-
-/// The encoder stores the top row first and says that the bottom row comes first: byte 17 of a TGA
-/// file tells the corner, and its bit 5 the top.
-int SaveTga(VipsImage* image, const char* path, double quality) {
-  if (SaveByMagick<4>(image, path, quality) != 0) return -1;
-  constexpr off_t kDescriptor = 17;
-  const int file = open(path, O_RDWR | O_CLOEXEC);
-  std::uint8_t descriptor = 0;
-  bool done = file >= 0 && pread(file, &descriptor, 1, kDescriptor) == 1;
-  descriptor |= 0x20;
-  done = done && pwrite(file, &descriptor, 1, kDescriptor) == 1;
-  if (file >= 0) close(file);
-  return done ? 0 : -1;
-}
-
-constexpr std::array<Writer, 9> kWriters{{
-    {"public.png", true, false,
-     [](VipsImage* image, const char* path, double) { return vips_pngsave(image, path, nullptr); }},
-    {"public.tiff", true, true,
-     [](VipsImage* image, const char* path, double) {
-       return vips_tiffsave(image, path, "compression", VIPS_FOREIGN_TIFF_COMPRESSION_LZW,
-                            "predictor", VIPS_FOREIGN_TIFF_PREDICTOR_HORIZONTAL, nullptr);
-     }},
-    {"com.compuserve.gif", true, true,
-     [](VipsImage* image, const char* path, double) { return vips_gifsave(image, path, nullptr); }},
-    {"public.jpeg-2000", true, false,
-     [](VipsImage* image, const char* path, double quality) {
-       // The encoder counts from 1; a quality of 1.0 is without loss.
-       const int percent = std::clamp(static_cast<int>(std::lround(quality * 100)), 1, 100);
-       // Through memory: after a failed write to a file the encoder never comes back.
-       void* bytes = nullptr;
-       std::size_t size = 0;
-       if (vips_jp2ksave_buffer(image, &bytes, &size, "Q", percent, "lossless", percent == 100,
-                                nullptr) != 0) {
-         return -1;
-       }
-       std::FILE* file = std::fopen(path, "wbe");
-       const bool written = file != nullptr && std::fwrite(bytes, 1, size, file) == size;
-       if (!written) vips_error_system(errno, "jp2ksave", "write failed");
-       const bool closed = file != nullptr && std::fclose(file) == 0;
-       g_free(bytes);
-       return written && closed ? 0 : -1;
-     }},
-    {"com.microsoft.bmp", false, false, SaveByMagick<0>},
-    {"com.adobe.photoshop-image", true, false, SaveByMagick<1>},
-    {"com.apple.pict", false, false, SaveByMagick<2>},
-    {"com.sgi.sgi-image", true, false, SaveByMagick<3>},
-    {"com.truevision.tga-image", true, false, SaveTga},
-}};
-
 }  // namespace
 
 std::unique_ptr<ImageSource> OpenWithVips(const FolderItem& file) {
-  if (!Start()) return nullptr;
+  if (!StartVips()) return nullptr;
   const PlainPath path(file);
-  const Image image = Load(path, 0);
+  bool tolerant = false;
+  Image image = Load(path, 0, tolerant);
   if (!image) {
-    vips_error_clear();
-    return nullptr;
+    // Some loaders look through the whole file before they begin.
+    tolerant = true;
+    image = Load(path, 0, tolerant);
   }
-  return std::make_unique<VipsSource>(file, image.get());
+  vips_error_clear();
+  return image ? std::make_unique<VipsSource>(file, image.get(), tolerant) : nullptr;
 }
 
 Picture DecodeWithVips(std::string_view bytes) {
-  // Other formats have no business in the containers that this serves.
-  constexpr std::string_view kPng = "\x89PNG\r\n\x1a\n";
-  constexpr std::string_view kJpeg2000{"\0\0\0\x0CjP  ", 8};
-  if ((!bytes.starts_with(kPng) && !bytes.starts_with(kJpeg2000)) || !Start()) return {};
-  Image image(vips_image_new_from_buffer(bytes.data(), bytes.size(), "", "fail_on",
-                                         VIPS_FAIL_ON_TRUNCATED, nullptr));
+  if (!StartVips()) return {};
+  const Image image(vips_image_new_from_buffer(bytes.data(), bytes.size(), "", "fail_on",
+                                               VIPS_FAIL_ON_ERROR, nullptr));
   if (image &&
       std::int64_t{vips_image_get_width(image.get())} * vips_image_get_height(image.get()) <=
           Picture::kMostPixels) {
-    image = ToSRGB(std::move(image));
-    if (image) {
-      if (auto picture = Render({}, image.get())) return std::move(*picture);
+    g_object_ref(image.get());
+    if (const Image converted = ToSRGB(Image(image.get()))) {
+      auto done = Render({}, converted.get(), true, vips_image_get_bands(converted.get()));
+      if (done && done->Whole()) return std::move(done->picture);
     }
   }
   vips_error_clear();
   return {};
-}
-
-std::string EncodeWithVips(const FolderItem& file, std::string_view identifier,
-                           std::span<const EncodeImage> pictures) {
-  const auto* writer = std::find_if(kWriters.begin(), kWriters.end(), [&](const Writer& candidate) {
-    return candidate.identifier == identifier;
-  });
-  if (writer == kWriters.end() || !Start()) {
-    return CodecMessage(codecTexts::kUnknownFormat, file);
-  }
-  AtomicFile target(file);
-  if (target.Error()) {
-    return CodecMessage(codecTexts::kCannotWrite, file, target.Error().message());
-  }
-  std::vector<VipsPel> memory;
-  const Image image =
-      ForWriting(writer->pages ? pictures : pictures.first(1), writer->alpha, memory);
-  // Over the descriptor, so that no library reads a meaning into the name.
-  const std::string path = "/proc/self/fd/" + std::to_string(target.Descriptor());
-  if (!image || writer->save(image.get(), path.c_str(), pictures.front().Quality) != 0) {
-    return CodecMessage(codecTexts::kCannotWrite, file, WriteFailure());
-  }
-  if (const std::error_code error = target.Commit()) {
-    return CodecMessage(codecTexts::kCannotWrite, file, error.message());
-  }
-  return {};
-}
-
-void ShutDownVips() {
-  if (started.exchange(false)) vips_shutdown();
 }
 
 }  // namespace brivolant::codecs

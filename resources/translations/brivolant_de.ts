@@ -64,6 +64,10 @@
         <source>If you replace it, the edits that were made there are lost. The original photo stays.</source>
         <translation>Wenn Sie es ersetzen, gehen die dort gemachten Änderungen verloren. Das Originalfoto bleibt.</translation>
     </message>
+    <message id="BrivolantDocument.kDamagedOriginal">
+        <source>"&lt;filename&gt;" is the original, which is damaged; it was left as it is. Choose another place.</source>
+        <translation>„&lt;filename&gt;“ ist das Original, und das ist beschädigt; es blieb, wie es ist. Wählen Sie einen anderen Ort.</translation>
+    </message>
     <message id="BrivolantDocument.kMissingSettings">
         <source>Missing the settings segment form the data file.</source>
         <translation>Der Datei fehlt der Teil mit den Einstellungen.</translation>
@@ -1020,6 +1024,10 @@
         <source>https://www.quillmere.example/report</source>
         <translation>https://www.quillmere.example/report</translation>
     </message>
+    <message id="ImageCodecs.kBadData">
+        <source>a part of its data is missing or wrong</source>
+        <translation>ein Teil seiner Daten fehlt oder ist falsch</translation>
+    </message>
     <message id="ImageCodecs.kCannotWrite">
         <source>The file "&lt;filename&gt;" cannot be saved: &lt;reason&gt;.</source>
         <translation>Die Datei „&lt;filename&gt;“ kann nicht gesichert werden: &lt;reason&gt;.</translation>
@@ -1032,6 +1040,10 @@
         <source>the disk may be full or cannot be written to</source>
         <translation>der Datenträger ist vielleicht voll oder nicht beschreibbar</translation>
     </message>
+    <message id="ImageCodecs.kEndsEarly">
+        <source>it ends too early</source>
+        <translation>es endet zu früh</translation>
+    </message>
     <message id="ImageCodecs.kMissing">
         <source>The file "&lt;filename&gt;" does not exist.</source>
         <translation>Die Datei „&lt;filename&gt;“ gibt es nicht.</translation>
@@ -1039,6 +1051,10 @@
     <message id="ImageCodecs.kNoMemory">
         <source>There is not enough memory to open the image "&lt;filename&gt;".</source>
         <translation>Der Speicher reicht nicht, um das Bild „&lt;filename&gt;“ zu öffnen.</translation>
+    </message>
+    <message id="ImageCodecs.kReadInPart">
+        <source>The image "&lt;filename&gt;" is damaged or incomplete (&lt;reason&gt;); it is shown as far as it can be read.</source>
+        <translation>Das Bild „&lt;filename&gt;“ ist beschädigt oder unvollständig (&lt;reason&gt;); zu sehen ist, was sich lesen lässt.</translation>
     </message>
     <message id="ImageCodecs.kTooLarge">
         <source>The image "&lt;filename&gt;" is too large: it claims &lt;width&gt; x &lt;height&gt; pixels.</source>

@@ -1,0 +1,394 @@
+// SPDX-License-Identifier: MIT
+#include <png.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <vector>
+
+#include "platform/codecs/Cancellation.h"
+#include "platform/codecs/CodecDetail.h"
+#include "platform/pictures/PixelMemory.h"
+
+namespace brivolant::codecs {
+namespace {
+
+struct CloseFile {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+/// Where the bytes come from, and what the library said of them.
+struct Progress {
+  std::FILE* file = nullptr;
+  std::string_view bytes;
+  bool ended = false;    ///< The bytes ended before the picture.
+  bool failed = false;   ///< Nothing after this can be read.
+  bool damaged = false;  ///< Coded pixels are not what was stored.
+};
+
+void Read(png_structp png, png_bytep to, std::size_t count) {
+  auto& progress = *static_cast<Progress*>(png_get_io_ptr(png));
+  std::size_t got = 0;
+  if (progress.file != nullptr) {
+    got = std::fread(to, 1, count, progress.file);
+  } else {
+    got = progress.bytes.copy(reinterpret_cast<char*>(to), count);
+    progress.bytes.remove_prefix(got);
+  }
+  if (got == count) return;
+  progress.ended = true;
+  png_error(png, "end of file");
+}
+
+[[noreturn]] void OnError(png_structp png, png_const_charp) {
+  static_cast<Progress*>(png_get_error_ptr(png))->failed = true;
+  png_longjmp(png, 1);
+}
+
+void OnWarning(png_structp png, png_const_charp message) {
+  // Of the chunks that make the picture these two hold pixels; more data than needed is harmless.
+  const std::string_view text = message;
+  const bool pixels = text.starts_with("IDAT") || text.starts_with("PLTE");
+  if (!pixels || text.find("xtra") != std::string_view::npos ||
+      text.find("oo much") != std::string_view::npos) {
+    return;
+  }
+  static_cast<Progress*>(png_get_error_ptr(png))->damaged = true;
+}
+
+/// A PNG file being read, by rows in our order of bytes. The functions that may jump hold nothing
+/// that needs a destructor.
+class PngReader {
+ public:
+  PngReader() = default;
+  ~PngReader() { png_destroy_read_struct(&png_, &info_, nullptr); }
+  PngReader(const PngReader&) = delete;
+  PngReader& operator=(const PngReader&) = delete;
+
+  /// Reads what stands before the pixels. `file` is null for `bytes`.
+  bool ReadHeader(std::FILE* file, std::string_view bytes) {
+    progress_.file = file;
+    progress_.bytes = bytes;
+    png_ = png_create_read_struct(PNG_LIBPNG_VER_STRING, &progress_, OnError, OnWarning);
+    if (png_ == nullptr) return false;
+    info_ = png_create_info_struct(png_);
+    if (info_ == nullptr || setjmp(png_jmpbuf(png_)) != 0) return false;
+    // Sizes are checked before memory is asked for; see Allocate.
+    png_set_user_limits(png_, PNG_UINT_31_MAX, PNG_UINT_31_MAX);
+    // A wrong sum says that something is wrong, not that the pixels are worth nothing.
+    png_set_crc_action(png_, PNG_CRC_WARN_USE, PNG_CRC_WARN_DISCARD);
+    png_set_read_fn(png_, &progress_, Read);
+    png_read_info(png_, info_);
+    // The unused byte of a picture's pixels is always full.
+    constexpr png_uint_32 kOpaque = 255;
+    png_set_expand(png_);
+    png_set_scale_16(png_);
+    png_set_gray_to_rgb(png_);
+    png_set_bgr(png_);
+    alpha_ =
+        (Color() & PNG_COLOR_MASK_ALPHA) != 0 || png_get_valid(png_, info_, PNG_INFO_tRNS) != 0;
+    if (!alpha_) png_set_filler(png_, kOpaque, PNG_FILLER_AFTER);
+    return true;
+  }
+
+  ImageProperties Properties() {
+    ImageProperties properties;
+    properties.Width = static_cast<int>(png_get_image_width(png_, info_));
+    properties.Height = static_cast<int>(png_get_image_height(png_, info_));
+    properties.BitsPerComponent = Deep() ? 16 : 8;
+    properties.HasAlpha = alpha_;
+    properties.ColorModel = (Color() & PNG_COLOR_MASK_COLOR) != 0 ? "RGB" : "Gray";
+    const auto perInch = [](png_uint_32 perMetre) {
+      const long resolution = std::lround(perMetre * 0.0254);
+      return resolution < 1 || resolution > 100000 ? 72 : static_cast<int>(resolution);
+    };
+    properties.HorizontalResolution = perInch(png_get_x_pixels_per_meter(png_, info_));
+    properties.VerticalResolution = perInch(png_get_y_pixels_per_meter(png_, info_));
+    png_uint_32 size = 0;
+    png_bytep exif = nullptr;
+    if (png_get_eXIf_1(png_, info_, &size, &exif) != 0) {
+      properties.Orientation =
+          ReadExif(std::string("Exif\0\0", 6) + std::string(reinterpret_cast<char*>(exif), size))
+              .orientation;
+    }
+    return properties;
+  }
+
+  std::string Profile() {
+    png_charp name = nullptr;
+    int method = 0;
+    png_bytep icc = nullptr;
+    png_uint_32 size = 0;
+    if (png_get_iCCP(png_, info_, &name, &method, &icc, &size) == 0) return {};
+    return {reinterpret_cast<char*>(icc), size};
+  }
+
+  bool Deep() const { return png_get_bit_depth(png_, info_) == 16; }
+  bool Alpha() const { return alpha_; }
+  bool Ended() const { return progress_.ended; }
+  bool Whole() const { return !progress_.failed && !progress_.damaged; }
+
+  /// Call it once, before the rows.
+  bool Start() {
+    if (setjmp(png_jmpbuf(png_)) != 0) return false;
+    passes_ = png_set_interlace_handling(png_);
+    png_read_update_info(png_, info_);
+    return png_get_rowbytes(png_, info_) == std::size_t{4} * png_get_image_width(png_, info_);
+  }
+  int Passes() const { return passes_; }
+
+  /// The next row of the pass. An interlaced picture's row must hold what earlier passes put there.
+  bool ReadRow(std::uint8_t* row) {
+    if (setjmp(png_jmpbuf(png_)) != 0) return false;
+    if (passes_ > 1) {
+      png_read_row(png_, nullptr, row);
+    } else {
+      png_read_row(png_, row, nullptr);
+    }
+    return true;
+  }
+
+ private:
+  unsigned Color() const { return png_get_color_type(png_, info_); }
+
+  png_structp png_ = nullptr;
+  png_infop info_ = nullptr;
+  Progress progress_;
+  bool alpha_ = false;
+  int passes_ = 1;
+};
+
+/// Moves the fourth byte of each pixel into the mask, which is 255 where a picture is transparent.
+void SplitAlpha(std::uint8_t* row, std::uint8_t* mask, int width) {
+  for (int x = 0; x < width; ++x, row += 4) {
+    mask[x] = static_cast<std::uint8_t>(255 - row[3]);
+    row[3] = 255;
+  }
+}
+
+/// Means of squares of pixels, taken while rows come in.
+class Shrinker {
+ public:
+  Shrinker(int width, int height, int factor)
+      : factor_(factor),
+        width_((width + factor - 1) / factor),
+        height_((height + factor - 1) / factor),
+        sums_(static_cast<std::size_t>(width_) * kSums) {}
+
+  int Width() const { return width_; }
+  int Height() const { return height_; }
+
+  void Add(const std::uint8_t* row, int width, bool alpha) {
+    for (int x = 0, cell = 0; x < width; ++cell) {
+      std::uint32_t* sums = sums_.data() + static_cast<std::size_t>(cell) * kSums;
+      std::array<std::uint32_t, kSums> sum{};
+      const int end = std::min(width, x + factor_);
+      for (; x < end; ++x, row += 4) {
+        // Transparent pixels have no colour.
+        const std::uint32_t weight = alpha ? row[3] : 1;
+        for (std::size_t c = 0; c < 3; ++c) sum.at(c) += weight * row[c];
+        sum[3] += weight;
+        ++sum[4];
+      }
+      for (std::size_t c = 0; c < kSums; ++c) sums[c] += sum.at(c);
+    }
+    ++rows_;
+  }
+  bool Full() const { return rows_ == factor_; }
+  bool Empty() const { return rows_ == 0; }
+
+  /// The means as a row, with the share of opacity as the fourth byte; then starts afresh.
+  void Take(std::uint8_t* row, bool alpha) {
+    const std::uint32_t* sums = sums_.data();
+    for (int x = 0; x < width_; ++x, sums += kSums, row += 4) {
+      const std::uint32_t weight = std::max<std::uint32_t>(1, sums[3]);
+      for (std::size_t c = 0; c < 3; ++c) {
+        row[c] = static_cast<std::uint8_t>((sums[c] + weight / 2) / weight);
+      }
+      row[3] = alpha ? static_cast<std::uint8_t>((sums[3] + sums[4] / 2) / sums[4]) : 255;
+    }
+    std::fill(sums_.begin(), sums_.end(), 0);
+    rows_ = 0;
+  }
+
+ private:
+  /// Blue, green and red times weight, weight, and pixels.
+  static constexpr std::size_t kSums = 5;
+  int factor_;
+  int width_;
+  int height_;
+  int rows_ = 0;
+  std::vector<std::uint32_t> sums_;
+};
+
+/// A picture with room for the mask, if there is one.
+struct Room {
+  Picture picture;
+  Plane mask;
+};
+
+/// Why there is none; empty on success.
+std::string MakeRoom(const FolderItem& file, int width, int height, bool alpha, Room& room) {
+  Expected<Picture> picture = Allocate(file, width, height);
+  if (!picture) return picture.error;
+  room.picture = std::move(*picture);
+  if (!alpha) return {};
+  room.mask = Plane::Uninitialized(width, height);
+  return room.mask.IsNil() ? CodecMessage(codecTexts::kNoMemory, file) : std::string();
+}
+
+/// Paints what is missing of picture and mask; it is opaque.
+void PaintMissing(Room& room, int first) {
+  codecs::PaintMissing(room.picture, first);
+  if (room.mask.IsNil()) return;
+  const Grey mask = room.mask.Edit();
+  for (int y = first; y < mask.height; ++y) {
+    std::fill_n(mask.Row(y), mask.width, std::uint8_t{0});
+  }
+}
+
+/// Reads the rows into the room. Gives how many came, all of them for an interlaced picture.
+int ReadRows(PngReader& png, Room& room) {
+  const Pixels pixels = room.picture.Edit();
+  const Grey mask = room.mask.IsNil() ? Grey{} : room.mask.Edit();
+  const bool interlaced = png.Passes() > 1;
+  const auto split = [&](int y) {
+    if (mask.data != nullptr) SplitAlpha(pixels.Row(y), mask.Row(y), pixels.width);
+  };
+  // A pass paints over what the one before left.
+  if (interlaced) codecs::PaintMissing(room.picture, 0);
+  int done = 0;
+  for (int pass = 0; pass < png.Passes(); ++pass) {
+    for (done = 0; done < pixels.height; ++done) {
+      if (DecodeCancellation::Requested() || !png.ReadRow(pixels.Row(done))) break;
+      if (!interlaced) split(done);
+    }
+    if (done < pixels.height) break;
+  }
+  if (!interlaced) return done;
+  for (int y = 0; y < pixels.height; ++y) split(y);
+  return pixels.height;
+}
+
+/// Reads rows into smaller ones of `shrinker`. Gives how many of those came.
+int ReadRows(PngReader& png, Room& room, Shrinker& shrinker, int width, int height) {
+  const Pixels pixels = room.picture.Edit();
+  const Grey mask = room.mask.IsNil() ? Grey{} : room.mask.Edit();
+  std::vector<std::uint8_t> row(std::size_t{4} * static_cast<std::size_t>(width));
+  int done = 0;
+  for (int y = 0; y < height; ++y) {
+    if (DecodeCancellation::Requested() || !png.ReadRow(row.data())) break;
+    shrinker.Add(row.data(), width, png.Alpha());
+    if (!shrinker.Full() && y + 1 < height) continue;
+    shrinker.Take(pixels.Row(done), png.Alpha());
+    if (mask.data != nullptr) SplitAlpha(pixels.Row(done), mask.Row(done), pixels.width);
+    ++done;
+  }
+  return done;
+}
+
+std::string ReasonOf(const PngReader& png) {
+  return (png.Ended() ? codecTexts::kEndsEarly : codecTexts::kBadData).Text();
+}
+
+/// Decodes what `png` has the header of, shrunk by about half the way to `longest` pixels a side if
+/// that is not 0.
+Expected<DecodedImage> DecodeRest(const FolderItem& file, PngReader& png, int longest) {
+  using Result = Expected<DecodedImage>;
+  const ImageProperties properties = png.Properties();
+  const int factor =
+      longest == 0 ? 1 : std::max(properties.Width, properties.Height) / (2 * longest);
+  if (!png.Start()) return Result::Failure(CodecMessage(codecTexts::kDamaged, file, ReasonOf(png)));
+  const bool small = factor > 1 && png.Passes() == 1;
+  if (std::int64_t{properties.Width} * properties.Height > Picture::kMostPixels) {
+    return Result::Failure(Allocate(file, properties.Width, properties.Height).error);
+  }
+  Shrinker shrinker(properties.Width, properties.Height, small ? factor : 1);
+  Room room;
+  std::string error = MakeRoom(file, shrinker.Width(), shrinker.Height(), png.Alpha(), room);
+  if (!error.empty()) return Result::Failure(std::move(error));
+  const Pixels pixels = room.picture.Edit();
+  const auto touched =
+      PixelMemory::TouchAhead(pixels.data, pixels.stride * static_cast<std::size_t>(pixels.height));
+  const int rows = small ? ReadRows(png, room, shrinker, properties.Width, properties.Height)
+                         : ReadRows(png, room);
+  if (DecodeCancellation::Requested()) {
+    return Result::Failure(CodecMessage(codecTexts::kDamaged, file, "cancelled"));
+  }
+  if (rows < pixels.height) PaintMissing(room, rows);
+  DecodedImage image{std::move(room.picture), properties, {}};
+  image.Pixels.HorizontalResolution = properties.HorizontalResolution;
+  image.Pixels.VerticalResolution = properties.VerticalResolution;
+  if (!room.mask.IsNil()) image.Pixels.SetMask(std::move(room.mask));
+  const bool whole = rows == pixels.height && png.Whole();
+  if (!whole && IsBlank(image.Pixels)) return ReadInPart(file, std::move(image), ReasonOf(png));
+  const SourceProfile profile(png.Profile());
+  image.Properties.ProfileName = profile.Name();
+  profile.ConvertToSRGB(image.Pixels);
+  if (whole) return {std::move(image), {}};
+  return ReadInPart(file, std::move(image), ReasonOf(png));
+}
+
+Expected<DecodedImage> DecodeFile(const FolderItem& file, int longest) {
+  const File stream(std::fopen(file.Path().c_str(), "rbe"));
+  PngReader png;
+  if (!stream || !png.ReadHeader(stream.get(), {})) {
+    return Expected<DecodedImage>::Failure(CodecMessage(codecTexts::kUnreadable, file));
+  }
+  return DecodeRest(file, png, longest);
+}
+
+class PngSource final : public ImageSource {
+ public:
+  PngSource(FolderItem file, ImageProperties properties)
+      : file_(std::move(file)), properties_(std::move(properties)) {}
+
+  std::string Type() const override { return "public.png"; }
+  int Count() const override { return 1; }
+  Expected<ImageProperties> Properties(int) const override { return {properties_, {}}; }
+  Expected<DecodedImage> Decode(int) const override { return DecodeFile(file_, 0); }
+
+  Expected<Picture> Thumbnail(int longest) const override {
+    auto image = DecodeFile(file_, longest);
+    if (!image) return Expected<Picture>::Failure(image.error);
+    return {UprightPicture(FitWithin(image->Pixels, longest), properties_.Orientation), {}};
+  }
+
+ private:
+  FolderItem file_;
+  ImageProperties properties_;
+};
+
+}  // namespace
+
+std::unique_ptr<ImageSource> OpenPng(const FolderItem& file) {
+  const File stream(std::fopen(file.Path().c_str(), "rbe"));
+  PngReader png;
+  if (!stream || !png.ReadHeader(stream.get(), {})) return nullptr;
+  ImageProperties properties = png.Properties();
+  const std::string icc = png.Profile();
+  const SourceProfile profile(icc);
+  properties.ProfileName = profile.Name();
+  // Sixteen bits are converted before they are cut to eight, and grey has its own curve.
+  const bool standard =
+      icc.empty() || FindIgnoringCase(profile.Name(), "srgb") != std::string::npos;
+  if (!standard && (png.Deep() || !profile.IsRGB())) return nullptr;
+  return std::make_unique<PngSource>(file, std::move(properties));
+}
+
+Expected<DecodedImage> RescuePng(const FolderItem& file) {
+  return DecodeFile(file, 0);
+}
+
+Picture DecodePng(std::string_view bytes) {
+  PngReader png;
+  if (!png.ReadHeader(nullptr, bytes)) return {};
+  auto image = DecodeRest({}, png, 0);
+  if (!image || image->Damage) return {};
+  return std::move(image->Pixels);
+}
+
+}  // namespace brivolant::codecs

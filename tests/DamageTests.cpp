@@ -1,0 +1,337 @@
+// SPDX-License-Identifier: MIT
+// Files that end too early or hold a bad block: what is shown of them, and what is said.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <png.h>
+#include <webp/encode.h>
+
+#include <cstdio>
+// libjpeg wants the declarations of stdio before its own.
+#include <jpeglib.h>
+
+#include "Helpers.h"
+#include "formats/BrivolantDocument.h"
+#include "formats/ImageFile.h"
+#include "formats/PictureStrings.h"
+#include "platform/codecs/ImageCodecs.h"
+#include "platform/files/BinaryStream.h"
+
+namespace brivolant::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+constexpr int kWidth = 300;
+constexpr int kHeight = 240;
+
+/// A picture in which every row differs from every other.
+const Picture& Original() {
+  static const Picture picture = TestPicture(kWidth, kHeight);
+  return picture;
+}
+
+std::string Cut(const std::string& bytes, double share) {
+  return bytes.substr(0, static_cast<std::size_t>(static_cast<double>(bytes.size()) * share));
+}
+
+/// With some bytes in the middle overwritten.
+std::string Spoilt(std::string bytes, double place, int count = 40) {
+  const auto at = static_cast<std::size_t>(static_cast<double>(bytes.size()) * place);
+  for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
+    bytes[at + i] = static_cast<char>(bytes[at + i] ^ 0x5A);
+  }
+  return bytes;
+}
+
+std::string InterlacedPng(const Picture& picture) {
+  std::string bytes;
+  png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
+  png_infop info = png_create_info_struct(png);
+  png_set_write_fn(
+      png, &bytes,
+      [](png_structp to, png_bytep data, std::size_t size) {
+        static_cast<std::string*>(png_get_io_ptr(to))
+            ->append(reinterpret_cast<const char*>(data), size);
+      },
+      nullptr);
+  png_set_IHDR(png, info, static_cast<png_uint_32>(picture.Width()),
+               static_cast<png_uint_32>(picture.Height()), 8, PNG_COLOR_TYPE_RGB,
+               PNG_INTERLACE_ADAM7, PNG_COMPRESSION_TYPE_BASE, PNG_FILTER_TYPE_BASE);
+  png_write_info(png, info);
+  png_set_bgr(png);
+  png_set_filler(png, 0, PNG_FILLER_AFTER);
+  const int passes = png_set_interlace_handling(png);
+  for (int pass = 0; pass < passes; ++pass) {
+    for (int y = 0; y < picture.Height(); ++y) png_write_row(png, picture.View().Row(y));
+  }
+  png_write_end(png, nullptr);
+  png_destroy_write_struct(&png, &info);
+  return bytes;
+}
+
+std::string ProgressiveJpeg(const Picture& picture) {
+  jpeg_compress_struct info{};
+  jpeg_error_mgr errors{};
+  info.err = jpeg_std_error(&errors);
+  jpeg_create_compress(&info);
+  unsigned char* bytes = nullptr;
+  unsigned long size = 0;  // NOLINT(google-runtime-int)
+  jpeg_mem_dest(&info, &bytes, &size);
+  info.image_width = static_cast<JDIMENSION>(picture.Width());
+  info.image_height = static_cast<JDIMENSION>(picture.Height());
+  info.input_components = 4;
+  info.in_color_space = JCS_EXT_BGRX;
+  jpeg_set_defaults(&info);
+  jpeg_set_quality(&info, 95, TRUE);
+  jpeg_simple_progression(&info);
+  jpeg_start_compress(&info, TRUE);
+  while (info.next_scanline < info.image_height) {
+    auto* row = const_cast<JSAMPROW>(picture.View().Row(static_cast<int>(info.next_scanline)));
+    jpeg_write_scanlines(&info, &row, 1);
+  }
+  jpeg_finish_compress(&info);
+  std::string jpeg(reinterpret_cast<const char*>(bytes), size);
+  jpeg_destroy_compress(&info);
+  std::free(bytes);
+  return jpeg;
+}
+
+/// Where the number-th marker of that kind stands.
+std::size_t Marker(const std::string& jpeg, int kind, int number) {
+  const std::string marker{'\xFF', static_cast<char>(kind)};
+  std::size_t at = jpeg.find(marker);
+  for (int i = 1; i < number; ++i) at = jpeg.find(marker, at + 2);
+  return at;
+}
+
+std::string WebP(const Picture& picture, bool lossless) {
+  std::uint8_t* bytes = nullptr;
+  const std::uint8_t* pixels = picture.View().data;
+  const int stride = static_cast<int>(picture.View().stride);
+  const std::size_t size =
+      lossless ? WebPEncodeLosslessBGRA(pixels, picture.Width(), picture.Height(), stride, &bytes)
+               : WebPEncodeBGRA(pixels, picture.Width(), picture.Height(), stride, 90, &bytes);
+  std::string file(reinterpret_cast<const char*>(bytes), size);
+  WebPFree(bytes);
+  return file;
+}
+
+/// Uncompressed, with the directory before the strips, as cameras write them.
+std::string PlainTiff(const Picture& picture) {
+  constexpr int kRows = 16;
+  const int strips = (picture.Height() + kRows - 1) / kRows;
+  const int stripBytes = picture.Width() * 3 * kRows;
+  constexpr int kEntries = 10;
+  const int arrays = 8 + 2 + kEntries * 12 + 4;
+  const int data = arrays + 8 + 8 * strips;
+  ByteWriter out;
+  out.Bytes(Bytes("49492A00 08000000"));
+  out.UInt16(kEntries);
+  const auto entry = [&](int tag, int type, int count, int value) {
+    out.UInt16(static_cast<std::uint16_t>(tag));
+    out.UInt16(static_cast<std::uint16_t>(type));
+    out.UInt32(static_cast<std::uint32_t>(count));
+    out.UInt32(static_cast<std::uint32_t>(value));
+  };
+  entry(256, 4, 1, picture.Width());
+  entry(257, 4, 1, picture.Height());
+  entry(258, 3, 3, arrays);
+  entry(259, 3, 1, 1);
+  entry(262, 3, 1, 2);
+  entry(273, 4, strips, arrays + 8);
+  entry(274, 3, 1, 1);
+  entry(277, 3, 1, 3);
+  entry(278, 4, 1, kRows);
+  entry(279, 4, strips, arrays + 8 + 4 * strips);
+  out.UInt32(0);
+  out.Bytes(Bytes("0800 0800 0800 0000"));
+  for (int i = 0; i < strips; ++i) out.UInt32(static_cast<std::uint32_t>(data + i * stripBytes));
+  for (int i = 0; i < strips; ++i) out.UInt32(static_cast<std::uint32_t>(stripBytes));
+  for (int y = 0; y < picture.Height(); ++y) {
+    for (int x = 0; x < picture.Width(); ++x) {
+      const Color color = picture.At(x, y);
+      for (const int channel : {color.Red, color.Green, color.Blue}) {
+        out.UInt8(static_cast<std::uint8_t>(channel));
+      }
+    }
+  }
+  return out.Take();
+}
+
+std::string Encoded(std::string_view type, const Picture& picture, double quality = 0.9) {
+  TemporaryFolder folder;
+  const std::array<EncodeImage, 1> images{{{picture, quality}}};
+  EXPECT_EQ(EncodeImageFile(folder.Child("a"), type, images), "");
+  return *ReadFile(folder.Child("a"));
+}
+
+/// The largest difference in the rows from `first` to before `last`.
+int DifferenceOfRows(const Picture& a, const Picture& b, int first, int last) {
+  int most = 0;
+  for (int y = first; y < last; ++y) {
+    for (int x = 0; x < a.Width(); ++x) {
+      const Color one = a.At(x, y);
+      const Color other = b.At(x, y);
+      most = std::max({most, std::abs(one.Red - other.Red), std::abs(one.Green - other.Green),
+                       std::abs(one.Blue - other.Blue)});
+    }
+  }
+  return most;
+}
+
+struct Damaged {
+  const char* name;
+  std::string whole;
+  std::string bytes;
+  /// Rows from the top that are as the whole file shows them.
+  int rows;
+  /// What the bottom row is, if it is missing.
+  std::optional<Color> missing;
+};
+
+std::vector<Damaged> DamagedFiles() {
+  const std::string png = PngExporter().SaveToString(Original());
+  Picture clear = Original();
+  clear.SetMask(TestPlane(kWidth, kHeight));
+  const std::string clearPng = PngExporter().SaveToString(clear);
+  std::string badSum = png;
+  // The sum over the pixels stands before the end chunk and its length.
+  badSum[badSum.size() - 16] = static_cast<char>(badSum[badSum.size() - 16] ^ 1);
+  const std::string jpeg = JpegExporter{.Quality = 95}.SaveToString(Original());
+  const std::string progressive = ProgressiveJpeg(Original());
+  std::string badTable = progressive;
+  badTable[Marker(badTable, 0xC4, 5) + 4] = '\x7F';
+  const std::string interlaced = InterlacedPng(Original());
+  const std::string tiff = Encoded("public.tiff", Original());
+  const std::string plainTiff = PlainTiff(Original());
+  const std::string gif = Encoded("com.compuserve.gif", Original());
+  const std::string webp = WebP(Original(), false);
+  const std::string lossless = WebP(Original(), true);
+  const std::string jp2 = Encoded("public.jpeg-2000", Original());
+  constexpr Color kGrey{128, 128, 128};
+  return {{"half.png", png, Cut(png, 0.6), 120, kGrey},
+          {"spoilt.png", png, Spoilt(png, 0.6), 100, {}},
+          {"sum.png", png, badSum, kHeight, {}},
+          {"clear.png", clearPng, Cut(clearPng, 0.6), 120, kGrey},
+          {"interlaced.png", interlaced, Cut(interlaced, 0.9), 0, {}},
+          {"half.jpg", jpeg, Cut(jpeg, 0.6), 100, {}},
+          {"spoilt.jpg", jpeg, Spoilt(jpeg, 0.6, 500), 100, {}},
+          {"progressive.jpg", progressive, Cut(progressive, 0.6), 0, {}},
+          {"table.jpg", progressive, badTable, 0, {}},
+          {"spoilt.tif", tiff, Spoilt(tiff, 0.5), 80, {}},
+          {"half.tif", plainTiff, Cut(plainTiff, 0.6), 140, kGrey},
+          {"half.gif", gif, Cut(gif, 0.6), 80, {}},
+          {"half.webp", webp, Cut(webp, 0.6), 50, kGrey},
+          {"lossless.webp", lossless, Cut(lossless, 0.6), 50, kGrey},
+          {"half.jp2", jp2, Cut(jp2, 0.6), 0, {}}};
+}
+
+TEST(Damage, ShownAsFarAsItGoesAndTheSameEveryTime) {
+  TemporaryFolder folder;
+  for (const Damaged& damaged : DamagedFiles()) {
+    SCOPED_TRACE(damaged.name);
+    const FolderItem file = folder.Write(damaged.name, damaged.bytes);
+    const ImageIO::OpenedPicture first = ImageIO::OpenFirstPicture(file);
+    ASSERT_EQ(first.Pixels.Width(), kWidth) << first.Error;
+    ASSERT_EQ(first.Pixels.Height(), kHeight);
+    EXPECT_THAT(first.Damage.Warning, HasSubstr(damaged.name));
+    EXPECT_THAT(first.Damage.Warning, HasSubstr("as far as it can be read."));
+    EXPECT_THAT(first.Damage.Refusal, HasSubstr(damaged.name));
+    const Picture whole = ImageIO::OpenFirstPicture(folder.Write("whole", damaged.whole)).Pixels;
+    EXPECT_EQ(DifferenceOfRows(first.Pixels, whole, 0, damaged.rows), 0);
+    if (damaged.missing) {
+      EXPECT_EQ(first.Pixels.At(5, kHeight - 1), *damaged.missing);
+    }
+    const auto source = ImageSource::Open(file);
+    ASSERT_TRUE(source);
+    const auto small = (*source.value)->Thumbnail(64);
+    ASSERT_TRUE(small) << small.error;
+    EXPECT_EQ(small.value->Width(), 64);
+    for (int run = 0; run < 20; ++run) {
+      const ImageIO::OpenedPicture again = ImageIO::OpenFirstPicture(file);
+      ASSERT_EQ(again.Damage.Warning, first.Damage.Warning) << run;
+      ASSERT_TRUE(again.Pixels.SameAs(first.Pixels)) << run;
+      const auto other = ImageSource::Open(file);
+      ASSERT_TRUE((*other.value)->Thumbnail(64).value->SameAs(*small.value)) << run;
+    }
+  }
+}
+
+TEST(Damage, NothingIsSaidOfWholeFiles) {
+  TemporaryFolder folder;
+  const std::string jpeg = JpegExporter{.Quality = 95}.SaveToString(Original());
+  const std::string interlaced = InterlacedPng(Original());
+  for (const auto& [name, bytes] : {
+           std::pair<const char*, std::string>{"a.png", PngExporter().SaveToString(Original())},
+           {"interlaced.png", interlaced},
+           {"progressive.jpg", ProgressiveJpeg(Original())},
+           // Only the mark of the end is missing: every pixel is there.
+           {"a.jpg", jpeg.substr(0, jpeg.size() - 2)},
+           {"padded.jpg", jpeg + std::string(5000, '\0')},
+           {"a.tif", Encoded("public.tiff", Original())},
+           {"plain.tif", PlainTiff(Original())},
+           {"a.gif", Encoded("com.compuserve.gif", Original())},
+           {"a.webp", WebP(Original(), false)},
+           {"a.jp2", Encoded("public.jpeg-2000", Original())},
+       }) {
+    const ImageIO::OpenedPicture opened = ImageIO::OpenFirstPicture(folder.Write(name, bytes));
+    EXPECT_EQ(opened.Pixels.Width(), kWidth) << name << opened.Error;
+    EXPECT_THAT(opened.Damage.Warning, IsEmpty()) << name;
+  }
+  EXPECT_TRUE(ImageIO::OpenFirstPicture(folder.Child("interlaced.png")).Pixels.SameAs(Original()));
+}
+
+TEST(Damage, WhatShowsNothingIsRefusedInOneSentence) {
+  TemporaryFolder folder;
+  const std::string png = PngExporter().SaveToString(Original());
+  const std::string jpeg = JpegExporter{.Quality = 95}.SaveToString(Original());
+  for (const auto& [name, bytes] : {
+           std::pair<const char*, std::string>{"header.png", png.substr(0, png.find("IDAT") + 6)},
+           {"cut.png", png.substr(0, 20)},
+           {"header.jpg", jpeg.substr(0, Marker(jpeg, 0xDA, 1) + 14)},
+           {"cut.jpg", jpeg.substr(0, 30)},
+           {"strips.tif", PlainTiff(Original()).substr(0, 200)},
+           {"header.gif", Encoded("com.compuserve.gif", Original()).substr(0, 13)},
+           {"header.webp", WebP(Original(), true).substr(0, 30)},
+           {"header.jp2", Encoded("public.jpeg-2000", Original()).substr(0, 60)},
+       }) {
+    const ImageIO::OpenedPicture opened = ImageIO::OpenFirstPicture(folder.Write(name, bytes));
+    EXPECT_TRUE(opened.Pixels.IsNil()) << name;
+    EXPECT_THAT(opened.Error, HasSubstr(name));
+    EXPECT_THAT(opened.Error, Not(HasSubstr("\n")));
+  }
+  // A picture in memory is whole or none: it is the program's own.
+  EXPECT_TRUE(PngImporter::OpenFromString(Cut(png, 0.6)).IsNil());
+}
+
+TEST(Damage, DocumentsKeepTheDamagedOriginalAndNeverWriteOverIt) {
+  TestServices s;
+  const std::string bytes = Cut(PngExporter().SaveToString(Original()), 0.6);
+  const FolderItem image = s.folder.Write("half.png", bytes);
+  BrivolantDocument document(s.services);
+  ASSERT_TRUE(document.CreateFromFile(image));
+  EXPECT_THAT(document.OriginalDamage.Warning, HasSubstr("half.png"));
+  EXPECT_THAT(document.WhyNotWriteTo(image), HasSubstr("\"half.png\" is the original"));
+  EXPECT_EQ(document.WhyNotWriteTo(s.folder.Child("other.png")), "");
+  const FolderItem package = s.folder.Child("d.brvPhoto");
+  ASSERT_TRUE(document.Save(package));
+  EXPECT_EQ(*ReadFile(package.Child("half.png")), bytes);
+
+  BrivolantDocument back(s.services);
+  ASSERT_TRUE(back.Load(package));
+  EXPECT_FALSE(back.ImageOriginal().IsNil());
+  EXPECT_THAT(back.OriginalDamage.Warning, HasSubstr("half.png"));
+  EXPECT_THAT(back.WhyNotWriteTo(package.Child("half.png")), Not(IsEmpty()));
+  ASSERT_TRUE(back.Save());
+  EXPECT_EQ(*ReadFile(package.Child("half.png")), bytes);
+
+  BrivolantDocument whole(s.services);
+  const FolderItem good = s.folder.Write("good.png", PngExporter().SaveToString(Original()));
+  ASSERT_TRUE(whole.ReadImage(good));
+  EXPECT_EQ(whole.WhyNotWriteTo(good), "");
+}
+
+}  // namespace
+}  // namespace brivolant::test
