@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "platform/pictures/Parallel.h"
+#include "platform/pictures/ToneTable.h"
 
 namespace brivolant::kernels {
 namespace {
@@ -120,6 +121,7 @@ void PaintByValue(ConstPixels source, Pixels target, int left, int top,
                   const std::array<Color, 3>& colors) {
   constexpr int kDark = 84;
   constexpr int kMiddle = 168;
+  if (left < 0 || top < 0) return;
   const int width = std::min((source.width + 1) / 2, target.width - left);
   const int height = std::min((source.height + 1) / 2, target.height - top);
   ParallelRows(height, kGrain, [&](int from, int to) {
@@ -147,7 +149,7 @@ void FillFadingDisc(Grey plane, double x, double y, double inner, double fade) {
         const double dx = column + 0.5 - x;
         const double beyond = std::sqrt(dx * dx + dy * dy) - inner;
         const double level = fade <= 0 ? (beyond <= 0 ? 255 : 0) : 255 - beyond * 255 / fade;
-        out[column] = static_cast<std::uint8_t>(std::clamp(level, 0.0, 255.0));
+        out[column] = ClampedLevel(level);
       }
     }
   });

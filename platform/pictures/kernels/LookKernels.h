@@ -63,7 +63,8 @@ void Enlarge(ConstPixels source, Pixels target);
 
 /// Paints a half-size copy of `source`, every second pixel of it, with its corner at (left, top) of
 /// `target`: pixels whose HSV value is at most 84 take the first colour, at most 168 the second,
-/// all others the third. What lies outside either picture is left out.
+/// all others the third. What lies outside either picture is left out; `left` and `top` are not
+/// negative.
 void PaintByValue(ConstPixels source, Pixels target, int left, int top,
                   const std::array<Color, 3>& colors);
 
