@@ -2,8 +2,8 @@
 #include <fcntl.h>
 
 #include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 
 #include "engine/pictures/SharedPictureEffects.h"
 #include "files/FolderitemExtensions.h"
@@ -29,10 +29,14 @@ constexpr int kMidSize = 1024;
 
 /// Three decimals, a sign only when negative.
 std::string ThreeDecimals(double value) {
-  std::array<char, 64> text{};
-  const double shown = std::abs(value) < 0.0005 || !std::isfinite(value) ? 0.0 : value;
-  std::snprintf(text.data(), text.size(), "%.3f", shown);
-  return text.data();
+  // What is no finite number was read so, and stays so; only its use is limited.
+  if (!std::isfinite(value)) return Variant(value).ToText();
+  // The longest double has 309 digits before the point.
+  std::array<char, 400> text{};
+  const double shown = std::abs(value) < 0.0005 ? 0.0 : value;
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), shown, std::chars_format::fixed, 3).ptr;
+  return {text.data(), end};
 }
 
 /// A folder beside the package in which it grows; gone again unless it was moved into place.
