@@ -173,8 +173,8 @@ Picture DecodeImageBytes(std::string_view bytes) {
   return codecs::DecodeWithVips(bytes);
 }
 
-Picture DecodeJpegBytes(std::string_view bytes) {
-  return codecs::DecodeJpegPreview(bytes, 0);
+Picture DecodeJpegBytes(std::string_view bytes, int atLeast, std::int64_t most) {
+  return codecs::DecodeJpegPreview(bytes, atLeast, most);
 }
 
 std::string EncodeJpegBytes(const EncodeImage& image) {
