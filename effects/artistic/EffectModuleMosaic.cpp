@@ -13,6 +13,7 @@
 #include "engine/pictures/ShapeStamp.h"
 #include "engine/pictures/SharedPictureEffects.h"
 #include "platform/pictures/Parallel.h"
+#include "platform/values/Whole.h"
 
 namespace brivolant {
 
@@ -81,8 +82,10 @@ struct Tile {
 void EffectModuleMosaic::ApplyEffect(Picture& picture, double) {
   const int w = picture.Width();
   const int h = picture.Height();
-  const int sw = std::max(static_cast<int>(TileCount), 2);
-  const int sh = std::max(static_cast<int>(1.0 * h * sw / w), 2);
+  const int sw = TileCount;
+  // Of a tall picture no more rows than can be kept in memory.
+  constexpr int kMostTiles = 2000000;
+  const int sh = std::clamp(Whole(1.0 * h * sw / w), 2, kMostTiles / sw);
   const Picture sample =
       SharedPictureEffects::Scale(picture, sw, sh, SharedPictureEffects::kScaleExactly);
   if (sample.IsNil()) return;

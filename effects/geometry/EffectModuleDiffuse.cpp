@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "engine/pictures/MPImageFilter.h"
+#include "platform/values/Whole.h"
 
 namespace brivolant {
 
@@ -12,8 +13,8 @@ void EffectModuleDiffuse::ApplyEffect(Picture& picture, double scale) {
   // Grains of the same share of the picture at every size.
   constexpr double kPixelsAGrain = 1.6;
   const int grain = std::max(1, static_cast<int>(std::lround(scale / kPixelsAGrain)));
-  picture = MPImageFilter::Diffuse(std::move(picture), static_cast<int>(Radius * scale), Blur,
-                                   grain, Seed.Value());
+  picture =
+      MPImageFilter::Diffuse(std::move(picture), Whole(Radius * scale), Blur, grain, Seed.Value());
 }
 
 }  // namespace brivolant
