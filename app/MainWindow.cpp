@@ -11,6 +11,7 @@
 #include "app/CropEditor.h"
 #include "app/ProgressDialog.h"
 #include "app/QuickLookWindow.h"
+#include "app/StylePreviews.h"
 #include "app/StyleTiles.h"
 #include "app/ToolButtons.h"
 #include "app/core/GlobalApplicationSpecificProperties.h"

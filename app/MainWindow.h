@@ -37,6 +37,7 @@ class EditorDisplay;
 class EffectStackEditor;
 class OneClickWonder;
 class QuickLookWindow;
+class StylePreviews;
 class StyleTiles;
 class Sidebar;
 class ThreadediPhotoReader;
@@ -455,6 +456,7 @@ class MainWindow final : public ifkWindow {
   QWidget* blendLabel_ = nullptr;
   QWidget* opacityLabel_ = nullptr;
   QTimer settleTimer_;
+  std::unique_ptr<StylePreviews> previews_;
   std::unique_ptr<StyleTiles> tiles_;
   std::unique_ptr<StyleTiles> hoverTile_;
   /// Of which the tiles are, and those that are ready by the styles' IDs.

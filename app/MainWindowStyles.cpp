@@ -8,6 +8,7 @@
 #include "app/App.h"
 #include "app/MainWindow.h"
 #include "app/OneClickEditor.h"
+#include "app/StylePreviews.h"
 #include "app/StyleTiles.h"
 #include "effects/styles/OneClickWonderStorage.h"
 #include "engine/pictures/SharedPictureEffects.h"
@@ -57,6 +58,17 @@ void MainWindow::WireStyles() {
   myStylesBar->ContextMenu = [this](int index, const QPoint& at) { StyleMenu(index, at); };
   myStylesBar->Hovered = [this](int index) { HoverStyle(index); };
   myStylesBar->Scrolled = [this] { OrderTiles(); };
+  previews_ = std::make_unique<StylePreviews>();
+  previews_->Ready = [this](const std::string& id, const Picture& preview) {
+    if (preview.IsNil()) return;
+    for (const auto& style : app_.Styles().Wonders()) {
+      if (style->ID == id) style->PreviewDecoded(preview);
+    }
+    if (readyTiles_.contains(id)) return;
+    for (int i = 0; i < myStylesBar->Count(); ++i) {
+      if (myStylesBar->Item(i).Tag == id) myStylesBar->Preview(i, ImageFromPicture(preview));
+    }
+  };
   tiles_ = std::make_unique<StyleTiles>();
   tiles_->Ready = [this](const std::string& id, const Picture& tile) {
     QImage image = ImageFromPicture(SharedPictureEffects::Scale(tile, TileSide(), TileSide(),
@@ -107,8 +119,14 @@ void MainWindow::updateStylesList() {
   for (int i = 0; i < store.Count(); ++i) {
     const auto style = store.item(i);
     const auto ready = readyTiles_.find(style->ID);
-    const QImage shown =
-        ready == readyTiles_.end() ? ImageFromPicture(style->Preview()) : ready->second;
+    QImage shown;
+    if (ready != readyTiles_.end()) {
+      shown = ready->second;
+    } else if (style->PreviewIsDecoded()) {
+      shown = ImageFromPicture(style->Preview());
+    } else {
+      previews_->Decode(*style);
+    }
     myStylesBar->Add(style->Name(), shown, style->Name(), style->ID, true, style->Description());
     if (style->ID == selected) myStylesBar->SelectedItem = i;
   }

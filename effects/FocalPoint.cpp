@@ -4,11 +4,12 @@
 #include "engine/EffectModuleSharedConstants.h"
 #include "platform/pictures/Graphics.h"
 #include "platform/pictures/kernels/LookKernels.h"
+#include "platform/values/Whole.h"
 
 namespace brivolant {
 
 FocalPoint::Diameter::Diameter(effectModule& owner, CheckBoxParameter& focal)
-    : SliderParameter<float>(owner, {"focalRadius", 0.4F, 0.4F},
+    : SliderParameter<float>(owner, {"focalRadius", 0.4F, 0.4F, {0, 100}},
                              {EffectModuleSharedConstants::kDiameter, {.divide = 100}}),
       focal_(focal) {}
 
@@ -20,13 +21,13 @@ void FocalPoint::Diameter::Set(const Variant& position) {
 FocalPoint::FocalPoint(effectModule& owner)
     : isFocal(owner, {"isFocal", false, false}, EffectModuleSharedConstants::kuseFocalPoint),
       focalRadius(owner, isFocal),
-      focalXOffset(owner, {"focalXOffset", 0.5F, 0.5F}),
-      focalYOffset(owner, {"focalYOffset", 0.5F, 0.5F}) {}
+      focalXOffset(owner, {"focalXOffset", 0.5F, 0.5F, {-100, 100}}),
+      focalYOffset(owner, {"focalYOffset", 0.5F, 0.5F, {-100, 100}}) {}
 
 FocalPoint::Disc FocalPoint::DiscOn(const Picture& picture) const {
-  const int diameter = static_cast<int>(picture.Width() * focalRadius);
-  return {static_cast<int>(picture.Width() * focalXOffset - diameter / 2.0),
-          static_cast<int>(picture.Height() * focalYOffset - diameter / 2.0), diameter};
+  const int diameter = Whole(picture.Width() * focalRadius);
+  return {Whole(picture.Width() * focalXOffset - diameter / 2.0),
+          Whole(picture.Height() * focalYOffset - diameter / 2.0), diameter};
 }
 
 const Plane* FocalPoint::MaskFor(const Picture& picture) {

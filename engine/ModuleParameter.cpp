@@ -6,25 +6,14 @@
 namespace brivolant {
 namespace parameters {
 
-double Convert(const Variant& value, double fallback) {
-  const double number = value.ToDouble();
-  return std::isfinite(number) ? number : fallback;
+void Convert(const Variant& value, bool& result) {
+  result = value.ToBool();
 }
-float Convert(const Variant& value, float fallback) {
-  const auto number = static_cast<float>(value.ToDouble());
-  return std::isfinite(number) ? number : fallback;
+void Convert(const Variant& value, Color& result) {
+  result = value.ToColor();
 }
-int Convert(const Variant& value, int fallback) {
-  return std::isfinite(value.ToDouble()) ? value.ToInt() : fallback;
-}
-bool Convert(const Variant& value, bool) {
-  return value.ToBool();
-}
-Color Convert(const Variant& value, Color) {
-  return value.ToColor();
-}
-std::string Convert(const Variant& value, const std::string&) {
-  return value.ToText();
+void Convert(const Variant& value, std::string& result) {
+  result = value.ToText();
 }
 
 const char* NameOf(double) {

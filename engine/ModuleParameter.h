@@ -6,16 +6,20 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 
+#include "engine/RangedNumber.h"
 #include "engine/effectModule.h"
 #include "platform/values/SharedComponents.h"
 #include "platform/values/Text.h"
 
 /// Parameters and control rows of effect modules, as members that describe themselves.
 ///
-///     SliderParameter<double> Brightness{*this, {"Brightness", 1.0, 1.0},
+///     SliderParameter<double> Brightness{*this, {"Brightness", 1.0, 1.0, {-1000, 1000}},
 ///                                        {kBrightness, {.divide = 50}, 0.5F}};
 ///
+/// Stored numbers come from anyone's style: a module reads them limited to the range in which it
+/// renders safely and in bounded time, and writes them back as they were until they are changed.
 /// The order of declaration is the order of the rows, and of the keys in the settings.
 namespace brivolant {
 
@@ -69,16 +73,24 @@ class ParameterBase {
   virtual std::string Key() const = 0;
   /// "double", "single", "integer", "boolean", "colour" or "string".
   virtual std::string TypeName() const = 0;
+  /// What is written: a number as it was stored, however far it lies outside its range.
   virtual Variant Stored() const = 0;
   virtual void Store(const Variant& value) = 0;
   /// What a stored style means that lacks the key.
   virtual Variant DefaultOnRead() const = 0;
   /// What a new stack starts with.
   virtual Variant ResetValue() const = 0;
+  /// What a render reads.
+  virtual Variant Rendered() const { return Stored(); }
+  /// The numbers that a render may read; nothing for what is no number.
+  virtual std::optional<Range<double>> Safe() const { return std::nullopt; }
 
  protected:
   ~ParameterBase() = default;
 };
+
+template <class T>
+concept NumberType = std::is_arithmetic_v<T> && !std::is_same_v<T, bool>;
 
 /// Key and defaults of a parameter.
 template <class T>
@@ -87,15 +99,20 @@ struct Setting {
   T onRead;
   T reset;
 };
+/// Of a number also the range that renders; it cannot be left out.
+template <NumberType T>
+struct Setting<T> {
+  const char* key;
+  T onRead;
+  T reset;
+  Range<T> range;
+};
 
 /// Converters between parameter types and variants.
 namespace parameters {
-double Convert(const Variant& value, double fallback);
-float Convert(const Variant& value, float fallback);
-int Convert(const Variant& value, int fallback);
-bool Convert(const Variant& value, bool fallback);
-Color Convert(const Variant& value, Color fallback);
-std::string Convert(const Variant& value, const std::string& fallback);
+void Convert(const Variant& value, bool& result);
+void Convert(const Variant& value, Color& result);
+void Convert(const Variant& value, std::string& result);
 const char* NameOf(double);
 const char* NameOf(float);
 const char* NameOf(int);
@@ -104,33 +121,72 @@ const char* NameOf(Color);
 const char* NameOf(const std::string&);
 }  // namespace parameters
 
-/// A parameter without a row. Reads and assigns like its value.
+/// A value that renders whatever it is.
 template <class T>
+class AnyValue {
+ public:
+  explicit AnyValue(T value) : value_(std::move(value)) {}
+  operator const T&() const { return value_; }  // NOLINT(google-explicit-constructor)
+  AnyValue& operator=(const T& value) {
+    value_ = value;
+    return *this;
+  }
+  void Read(const Variant& stored, const T&) { parameters::Convert(stored, value_); }
+  Variant Stored() const { return value_; }
+
+ private:
+  T value_;
+};
+
+/// A parameter without a row. Reads and assigns like its value.
+template <class T, class Held = std::conditional_t<NumberType<T>, RangedNumber<T>, AnyValue<T>>>
 class Parameter : public ParameterBase {
  public:
-  Parameter(effectModule& owner, const Setting<T>& setting)
-      : ParameterBase(owner), setting_(setting), value_(setting.reset) {}
+  Parameter(effectModule& owner,
+            const Setting<T>& setting) requires std::is_same_v<Held, RangedNumber<T>>
+      : Parameter(owner, setting.key, setting.onRead, setting.reset,
+                  Held(setting.range, setting.reset)) {}
+  Parameter(effectModule& owner,
+            const Setting<T>& setting) requires std::is_same_v<Held, AnyValue<T>>
+      : Parameter(owner, setting.key, setting.onRead, setting.reset, Held(setting.reset)) {}
 
   operator const T&() const { return value_; }  // NOLINT(google-explicit-constructor)
+  /// What a render reads.
   const T& Value() const { return value_; }
   Parameter& operator=(const T& value) {
     value_ = value;
     return *this;
   }
 
-  std::string Key() const override { return setting_.key; }
-  std::string TypeName() const override { return parameters::NameOf(value_); }
-  Variant Stored() const override { return value_; }
-  void Store(const Variant& value) override {
-    // A stored number that is none, or infinite, restores the default.
-    value_ = parameters::Convert(value, setting_.onRead);
+  std::string Key() const override { return key_; }
+  std::string TypeName() const override { return parameters::NameOf(Value()); }
+  Variant Stored() const override { return value_.Stored(); }
+  void Store(const Variant& value) override { value_.Read(value, onRead_); }
+  Variant DefaultOnRead() const override { return onRead_; }
+  Variant ResetValue() const override { return reset_; }
+  Variant Rendered() const override { return Value(); }
+  std::optional<Range<double>> Safe() const override {
+    if constexpr (NumberType<T>) {
+      const Range<T>& range = value_.Safe();
+      return Range<double>(range.least, range.most);
+    } else {
+      return std::nullopt;
+    }
   }
-  Variant DefaultOnRead() const override { return setting_.onRead; }
-  Variant ResetValue() const override { return setting_.reset; }
+
+ protected:
+  Parameter(effectModule& owner, const char* key, T onRead, T reset, Held value)
+      : ParameterBase(owner),
+        key_(key),
+        onRead_(std::move(onRead)),
+        reset_(std::move(reset)),
+        value_(std::move(value)) {}
 
  private:
-  Setting<T> setting_;
-  T value_;
+  const char* key_;
+  T onRead_;
+  T reset_;
+  Held value_;
 };
 
 /// The number from which the dice of a module with this identifier follow. The same everywhere;
@@ -247,16 +303,24 @@ class ColorParameter : public Parameter<Color>, public ControlRow {
   LocalizedText caption_;
 };
 
-/// A choice from a menu, stored as the index of the item.
-class MenuParameter : public Parameter<int>, public ControlRow {
+/// A choice from a menu, stored as the index of the item. A stored number that no item has renders
+/// as -1: nothing is chosen.
+class MenuParameter : public Parameter<int, MenuIndex>, public ControlRow {
  public:
-  MenuParameter(effectModule& owner, const Setting<int>& setting, const LocalizedText& caption,
+  /// Key and defaults; the range is that of the items.
+  struct Choice {
+    const char* key;
+    int onRead;
+    int reset;
+  };
+  MenuParameter(effectModule& owner, const Choice& choice, const LocalizedText& caption,
                 std::vector<LocalizedText> items)
-      : Parameter<int>(owner, setting),
+      : Parameter<int, MenuIndex>(owner, choice.key, choice.onRead, choice.reset,
+                                  MenuIndex(items.size(), choice.reset)),
         ControlRow(owner),
         caption_(caption),
         items_(std::move(items)) {}
-  using Parameter<int>::operator=;
+  using Parameter<int, MenuIndex>::operator=;
 
   EffectModuleControl Declare() const override;
   Variant Shown() const override { return Value(); }

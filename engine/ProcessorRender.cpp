@@ -9,6 +9,7 @@
 #include "formats/BrivolantDocument.h"
 #include "platform/pictures/Graphics.h"
 #include "platform/pictures/kernels/ToneKernels.h"
+#include "platform/values/Whole.h"
 
 namespace brivolant {
 namespace {
@@ -25,7 +26,7 @@ double Microseconds() {
 
 Picture ScaledTo(const Picture& picture, const std::optional<Point>& size) {
   if (!size) return picture;
-  return SharedPictureEffects::Scale(picture, static_cast<int>(size->x), static_cast<int>(size->y),
+  return SharedPictureEffects::Scale(picture, Whole(size->x), Whole(size->y),
                                      SharedPictureEffects::kScaleExactly);
 }
 

@@ -106,19 +106,27 @@ Picture BrivolantDocument::Image() {
 
 namespace {
 
-/// A part of a picture and its mask. The rectangle is cut to what lies inside, one pixel at least.
+/// Where a crop begins and how long it is along one side: what lies inside the picture, one pixel
+/// at least. The fractions come from files and may be any numbers.
+struct Cut {
+  Cut(double offset, double size, int whole) {
+    const auto pixels = [whole](double fraction) {
+      // Single precision, as crops have always been reckoned.
+      const double limited = std::min(std::max(0.0, fraction), 1.0);
+      return std::min(static_cast<int>(static_cast<float>(limited) * static_cast<float>(whole)),
+                      whole);
+    };
+    first = std::max(std::min(pixels(offset), whole - 1), 0);
+    length = std::min(std::max(pixels(size), 1), whole - first);
+  }
+  int first;
+  int length;
+};
+
+/// A part of a picture and its mask.
 Picture Cropped(const Picture& picture, const Pair& offset, const Pair& size) {
-  const auto pixels = [](double fraction, int whole) {
-    // Single precision, as crops have always been reckoned.
-    const float value = static_cast<float>(fraction) * static_cast<float>(whole);
-    return std::isfinite(value)
-               ? static_cast<int>(std::clamp(value, 0.0F, static_cast<float>(whole)))
-               : 0;
-  };
-  const int x = std::min(pixels(offset.Left, picture.Width()), picture.Width() - 1);
-  const int y = std::min(pixels(offset.Right, picture.Height()), picture.Height() - 1);
-  const int w = std::clamp(pixels(size.Left, picture.Width()), 1, picture.Width() - x);
-  const int h = std::clamp(pixels(size.Right, picture.Height()), 1, picture.Height() - y);
+  const auto [x, w] = Cut(offset.Left, size.Left, picture.Width());
+  const auto [y, h] = Cut(offset.Right, size.Right, picture.Height());
   Picture part = Picture::Uninitialized(w, h, 32);
   if (part.IsNil()) return part;
   part.HorizontalResolution = picture.HorizontalResolution;
@@ -205,18 +213,19 @@ const ExtendedPicture* BrivolantDocument::MidSizePreview() {
 }
 
 namespace {
-int Side(const Picture& original, bool crop, double fraction, bool width, int orientation) {
+int Side(const Picture& original, bool crop, double offset, double size, bool width,
+         int orientation) {
   const int whole = (orientation == 1) != width ? original.Width() : original.Height();
-  return crop ? static_cast<int>(static_cast<float>(whole) * static_cast<float>(fraction)) : whole;
+  return crop ? Cut(offset, size, whole).length : whole;
 }
 }  // namespace
 
 int BrivolantDocument::Width() {
-  return Side(ImageOriginal(), Crop, CropSize.Left, true, Orientation);
+  return Side(ImageOriginal(), Crop, CropOffSet.Left, CropSize.Left, true, Orientation);
 }
 
 int BrivolantDocument::Height() {
-  return Side(ImageOriginal(), Crop, CropSize.Right, false, Orientation);
+  return Side(ImageOriginal(), Crop, CropOffSet.Right, CropSize.Right, false, Orientation);
 }
 
 }  // namespace brivolant

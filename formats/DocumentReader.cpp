@@ -215,7 +215,7 @@ bool BrivolantDocument::ReadOldBody(std::string_view bytes) {
   StyleData = stream.Read(styleLength);
   stream.Read(skipLength);
   if (const std::uint32_t length = stream.ReadUInt32(); length > 0) {
-    PreviewAfter = JpegImporter::OpenFromString(stream.Read(length));
+    PreviewAfter = JpegImporter::PreviewFromString(stream.Read(length));
   }
   return !stream.Failed();
 }

@@ -29,6 +29,8 @@ constexpr int kMidSize = 1024;
 
 /// Three decimals, a sign only when negative.
 std::string ThreeDecimals(double value) {
+  // What is no finite number was read so, and stays so; only its use is limited.
+  if (!std::isfinite(value)) return Variant(value).ToText();
   return FixedNumber(std::abs(value) < 0.0005 ? 0.0 : value, 3);
 }
 

@@ -28,6 +28,10 @@ Picture JpegImporter::OpenFromFile(const FolderItem& file) {
   return FromFile(file, OpenFromString);
 }
 
+Picture JpegImporter::PreviewFromString(std::string_view bytes) {
+  return DecodeJpegBytes(bytes, kPreviewSide, kMostPreviewPixels);
+}
+
 Picture PngImporter::OpenFromString(std::string_view bytes) {
   QImage image = QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()),
                                   static_cast<int>(bytes.size()), "PNG");

@@ -15,6 +15,12 @@ class JpegImporter {
  public:
   static Picture OpenFromString(std::string_view bytes);
   static Picture OpenFromFile(const FolderItem& file);
+  /// A preview inside a file that may come from anyone: nil if it claims more than
+  /// kMostPreviewPixels, which is found out before anything is decoded, else reduced as far as its
+  /// longer side stays at kPreviewSide.
+  static Picture PreviewFromString(std::string_view bytes);
+  static constexpr int kMostPreviewPixels = 1 << 22;
+  static constexpr int kPreviewSide = 512;
 };
 
 class PngImporter {

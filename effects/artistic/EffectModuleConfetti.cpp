@@ -112,10 +112,9 @@ void EffectModuleConfetti::SettingsReset() {
 
 void EffectModuleConfetti::ApplyEffect(Picture& picture, double scale) {
   static const std::vector<AdvancedGraphicsPath> shapes = MakeShapes();
-  constexpr int kMostStars = 100000;
   Dice dice(Seed.Value());
   std::vector<Piece> pieces;
-  for (int i = 0; i < std::min(static_cast<int>(StarCount), kMostStars); ++i) {
+  for (int i = 0; i < StarCount; ++i) {
     const int any = dice.Below(static_cast<int>(shapes.size()));
     const int index = Kind == 0 ? any : Kind - 1;
     const double degrees = dice.Rnd() * 359;

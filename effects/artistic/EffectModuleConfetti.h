@@ -41,13 +41,14 @@ class EffectModuleConfetti final : public effectModule {
                       EffectModuleSharedConstants::kShapeNameHeart,
                       EffectModuleSharedConstants::kShapeNameFlower}};
   /// Stored, and no part of the effect.
-  Parameter<int> Opacity{*this, {"Opacity", 1, 1}};
-  SliderParameter<int> StarCount{
-      *this, {"StarCount", 10, 10}, {EffectModuleSharedConstants::kQuantity, {.multiply = 4}}};
+  Parameter<int> Opacity{*this, {"Opacity", 1, 1, {-1000, 1000}}};
+  SliderParameter<int> StarCount{*this,
+                                 {"StarCount", 10, 10, {0, 2000}},
+                                 {EffectModuleSharedConstants::kQuantity, {.multiply = 4}}};
   CheckBoxParameter RandomColor{*this, {"RandomColor", false, false}, kRandomColor};
   OwnColor StarColor{*this, RandomColor};
   SliderParameter<float> maxSize{
-      *this, {"maxSize", 1, 1}, {EffectModuleSharedConstants::kMaxSize, {.divide = 25}}};
+      *this, {"maxSize", 1, 1, {-20, 20}}, {EffectModuleSharedConstants::kMaxSize, {.divide = 25}}};
 
   SeedParameter Seed{*this};
 

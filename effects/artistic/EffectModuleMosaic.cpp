@@ -13,6 +13,7 @@
 #include "engine/pictures/AdvancedGraphics.h"
 #include "engine/pictures/ShapeStamp.h"
 #include "engine/pictures/SharedPictureEffects.h"
+#include "platform/values/Whole.h"
 
 namespace brivolant {
 
@@ -75,9 +76,11 @@ class Stamps {
 void EffectModuleMosaic::ApplyEffect(Picture& picture, double scale) {
   const int w = picture.Width();
   const int h = picture.Height();
-  const int sw = std::max(static_cast<int>(TileCount), 2);
-  // A preview's height may have lost part of a pixel, which must not cost a row of tiles.
-  const int sh = std::max(static_cast<int>((h + 1.0) * sw / w), 2);
+  const int sw = TileCount;
+  // Of a tall picture no more rows than can be kept in memory. A preview's height may have lost
+  // part of a pixel, which must not cost a row of tiles.
+  constexpr int kMostTiles = 2000000;
+  const int sh = std::clamp(Whole((h + 1.0) * sw / w), 2, kMostTiles / sw);
   const Picture sample =
       SharedPictureEffects::Scale(picture, sw, sh, SharedPictureEffects::kScaleExactly);
   if (sample.IsNil()) return;

@@ -25,15 +25,16 @@ class EffectModuleMosaic final : public effectModule {
        EffectModuleSharedConstants::kShapeNameRoundedSquares,
        EffectModuleSharedConstants::kShapeNameCircles, kText}};
   SliderParameter<int> TileCount{
-      *this, {"TileCount", 66, 60}, {kTiles, {.multiply = 2, .offset = 10}}};
+      *this, {"TileCount", 66, 60, {6, 1000}}, {kTiles, {.multiply = 2, .offset = 10}}};
   CheckBoxParameter Background{*this, {"Background", true, true}, kUseBackColor};
   ColorParameter BackColor{*this,
                            {"BackColor", Color::FromRGB(0xFFDFA6), Color::FromRGB(0xFFDFA6)},
                            EffectModuleSharedConstants::kbackColor};
-  SliderParameter<float> Transparency{
-      *this, {"Transparency", 1, 1}, {EffectModuleSharedConstants::kOpacity, {.divide = 100}}};
+  SliderParameter<float> Transparency{*this,
+                                      {"Transparency", 1, 1, {-10, 10}},
+                                      {EffectModuleSharedConstants::kOpacity, {.divide = 100}}};
   SliderParameter<float> varyPlacement{
-      *this, {"varyPlacement", 0.25F, 0.25F}, {kVary, {.divide = 100}}};
+      *this, {"varyPlacement", 0.25F, 0.25F, {-10, 10}}, {kVary, {.divide = 100}}};
   CheckBoxParameter DropShadow{
       *this, {"DropShadow", true, true}, EffectModuleSharedConstants::kDropShadow};
 

@@ -13,9 +13,9 @@ class EffectModuleOilPainting final : public effectModule {
   static constexpr LocalizedText kBrushSize{"EffectModuleOilPainting.kBrushSize", "Brush Size:"};
   static constexpr LocalizedText kSmoothness{"EffectModuleOilPainting.kSmoothness", "Smoothness"};
 
-  SliderParameter<int> BrushSize{*this, {"BrushSize", 1, 1}, {kBrushSize, {.divide = 20}}};
+  SliderParameter<int> BrushSize{*this, {"BrushSize", 1, 1, {0, 50}}, {kBrushSize, {.divide = 20}}};
   SliderParameter<int> Smoothness{
-      *this, {"Smoothness", 10, 10}, {kSmoothness, {.multiply = 2.45, .offset = 10}}};
+      *this, {"Smoothness", 10, 10, {0, 1000}}, {kSmoothness, {.multiply = 2.45, .offset = 10}}};
 
  protected:
   std::string getID() const override { return "7FFFFFFF-023A-4E6B-9007-9285482F4F50"; }

@@ -15,9 +15,9 @@ class EffectModuleSegment final : public effectModule {
   static constexpr LocalizedText kGap{"EffectModuleSegment.kGap", "Gap:"};
 
   SliderParameter<int> tileCount{
-      *this, {"tileCount", 0, 1}, {kSegments, {.multiply = 6, .divide = 100}}};
+      *this, {"tileCount", 0, 1, {-1, 7}}, {kSegments, {.multiply = 6, .divide = 100}}};
   /// Percent of the picture.
-  SliderParameter<int> Distance{*this, {"Distance", 5, 10}, {kGap, {}}};
+  SliderParameter<int> Distance{*this, {"Distance", 5, 10, {-100, 1000}}, {kGap, {}}};
   ColorParameter backColor{
       *this, {"backColor", kBlack, kWhite}, EffectModuleSharedConstants::kbackColor};
   CheckBoxParameter DropShadow{

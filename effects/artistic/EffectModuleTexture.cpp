@@ -154,8 +154,7 @@ void EffectModuleTexture::ApplyEffect(Picture& picture, double scale) {
   } else {
     // The relief is worked out at the size of the reference and enlarged with the picture: worked
     // out at full size it would be fainter in an export than in the preview.
-    constexpr double kLargest = 10;
-    const double own = std::clamp(std::abs(static_cast<double>(Scale)), 0.01, kLargest);
+    const double own = std::max(std::abs(static_cast<double>(Scale)), 0.01);
     fill = Picture::Uninitialized(w, h);
     if (fill.IsNil()) return;
     LayTiles(LoadedTexture, ReliefSize(LoadedTexture, own), scale, fill);

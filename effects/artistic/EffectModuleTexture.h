@@ -44,10 +44,12 @@ class EffectModuleTexture final : public effectModule {
     EffectModuleTexture& owner_;
   };
   Name loadedtextureName{*this};
-  SliderParameter<float> Strength{
-      *this, {"Strength", 1, 1}, {EffectModuleSharedConstants::kStrength, {.divide = 100}}};
-  SliderParameter<float> Scale{
-      *this, {"Scale", 1, 1}, {EffectModuleSharedConstants::kScale, {.divide = 50}, 0.5F}};
+  SliderParameter<float> Strength{*this,
+                                  {"Strength", 1, 1, {-10, 10}},
+                                  {EffectModuleSharedConstants::kStrength, {.divide = 100}}};
+  SliderParameter<float> Scale{*this,
+                               {"Scale", 1, 1, {-10, 10}},
+                               {EffectModuleSharedConstants::kScale, {.divide = 50}, 0.5F}};
 
   /// Names of the textures in the folder, sorted.
   const std::vector<std::string>& Names() const { return names_; }

@@ -52,7 +52,7 @@ bool BorderModuleItem::LoadBytes(std::string_view bytes, const std::string& name
                          {{"<filename>", name}, {"<filetype>", BrivolantPhotosBorder.Name}});
     return false;
   }
-  read.Preview = preview.empty() ? Picture() : JpegImporter::OpenFromString(std::string(preview));
+  read.Preview = preview.empty() ? Picture() : JpegImporter::PreviewFromString(preview);
   *this = std::move(read);
   LastErrorMessage.clear();
   return true;

@@ -15,12 +15,27 @@ namespace {
 constexpr LocalizedText kCrop{"CropModule.kCrop", "Crop"};
 constexpr double kGrab = 0.05;
 constexpr double kSmallest = 0.2;
+/// The least that a stored crop shows.
+constexpr double kLeast = 0.001;
 constexpr double kFarthest = 0.8;
 constexpr double kKeyStep = 0.01;
 constexpr double kShade = 0.5;
 
 bool Near(double a, double b) {
   return std::abs(a - b) < kGrab;
+}
+
+/// A document's rotation counts 1 to 3 quarter turns; any other number is none, as for its image.
+int QuarterTurns(const BrivolantDocument& document) {
+  return document.Rotation >= 1 && document.Rotation <= 3 ? document.Rotation : 0;
+}
+
+/// A document's numbers may be any; what is no number becomes `least`.
+double Inside(double value, double least, double most) {
+  return value > least ? std::min(value, most) : least;
+}
+Pair Inside(const Pair& value, double least, double most) {
+  return {Inside(value.Left, least, most), Inside(value.Right, least, most)};
 }
 
 CGRect Rect(double x, double y, double w, double h) {
@@ -43,7 +58,7 @@ void CropModule::ToShown() {
   double t = CropOffset.Right;
   double w = CropSize.Left;
   double h = CropSize.Right;
-  for (int turn = 0; turn < cDoc->Rotation; ++turn) {
+  for (int turn = 0; turn < QuarterTurns(*cDoc); ++turn) {
     const double left = l;
     l = 1 - (t + h);
     t = left;
@@ -62,7 +77,7 @@ void CropModule::ToImage(Pair& offset, Pair& size) const {
   double h = CropSize.Right;
   if (cDoc->Flip == 1) l = 1 - (l + w);
   if (cDoc->Flip == 2) t = 1 - (t + h);
-  for (int turn = 0; turn < cDoc->Rotation; ++turn) {
+  for (int turn = 0; turn < QuarterTurns(*cDoc); ++turn) {
     const double left = l;
     l = t;
     t = 1 - (left + w);
@@ -79,8 +94,9 @@ void CropModule::Prepare(brivolantProcessorLite& processor) {
   picWidth = original.Width();
   picHeight = original.Height();
   if (cDoc->Rotation == 1 || cDoc->Rotation == 3) std::swap(picWidth, picHeight);
-  CropOffset = cDoc->CropOffSet;
-  CropSize = cDoc->CropSize;
+  CropOffset = Inside(cDoc->CropOffSet, 0, 1 - kLeast);
+  CropSize = {Inside(cDoc->CropSize.Left, kLeast, 1 - CropOffset.Left),
+              Inside(cDoc->CropSize.Right, kLeast, 1 - CropOffset.Right)};
   ToShown();
   CropRatio = SharedPictureEffects::AspectRatioAsPair(static_cast<int>(CropSize.Left * picWidth),
                                                       static_cast<int>(CropSize.Right * picHeight));

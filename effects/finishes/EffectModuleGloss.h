@@ -12,8 +12,9 @@ class EffectModuleGloss final : public effectModule {
   static constexpr LocalizedText kName{"EffectModuleGloss.kName", "Gloss"};
 
   /// Percent.
-  SliderParameter<int> Power{
-      *this, {"Power", 25, 25}, {EffectModuleSharedConstants::kStrength, {.divide = 2.5}}};
+  SliderParameter<int> Power{*this,
+                             {"Power", 25, 25, {-100, 1000}},
+                             {EffectModuleSharedConstants::kStrength, {.divide = 2.5}}};
 
  protected:
   std::string getID() const override { return "17629B63-4AC7-83B3-B805-B7D5CE5360B0"; }

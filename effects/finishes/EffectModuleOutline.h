@@ -27,7 +27,7 @@ class EffectModuleOutline final : public effectModule {
                        EffectModuleSharedConstants::kShapeNameFlower,
                        EffectModuleSharedConstants::kShapeNameHeart}};
   /// The border as a fraction of the picture's width, both sides together.
-  SliderParameter<float> Size{*this, {"Size", 0.1F, 0.1F}, {kSize, {.divide = 200}}};
+  SliderParameter<float> Size{*this, {"Size", 0.1F, 0.1F, {-2, 2}}, {kSize, {.divide = 200}}};
   ColorParameter outlineColor{
       *this, {"outlineColor", kWhite, kWhite}, EffectModuleSharedConstants::kColor};
   MenuParameter Effect{*this,

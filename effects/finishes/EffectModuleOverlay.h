@@ -42,13 +42,14 @@ class EffectModuleOverlay final : public effectModule {
   ColorParameter overlaySecondColor{
       *this, {"overlaySecondColor", kBlack, Color::FromRGB(0x0080FF)}, kSecondColor};
   SliderParameter<float> Alpha{
-      *this, {"Alpha", 1, 1}, {EffectModuleSharedConstants::kOpacity, {.divide = 100}}};
+      *this, {"Alpha", 1, 1, {-10, 10}}, {EffectModuleSharedConstants::kOpacity, {.divide = 100}}};
   ButtonRow Select{*this, kNoCaption, kSelectPicture};
   Parameter<std::string> myPIctureID{*this, {"myPIctureID", "", ""}};
-  Parameter<float> PictureOffSetX{*this, {"PictureOffSetX", 0.5F, 0.5F}};
-  Parameter<float> PictureOffsetY{*this, {"PictureOffsetY", 0.5F, 0.5F}};
-  SliderParameter<float> PIctureScale{
-      *this, {"PIctureScale", 1, 1}, {EffectModuleSharedConstants::kScale, {.divide = 50}, 0.5F}};
+  Parameter<float> PictureOffSetX{*this, {"PictureOffSetX", 0.5F, 0.5F, {-100, 100}}};
+  Parameter<float> PictureOffsetY{*this, {"PictureOffsetY", 0.5F, 0.5F, {-100, 100}}};
+  SliderParameter<float> PIctureScale{*this,
+                                      {"PIctureScale", 1, 1, {0, 100}},
+                                      {EffectModuleSharedConstants::kScale, {.divide = 50}, 0.5F}};
 
   /// Lets the user choose a file; nil if it was cancelled. Set by the window that shows the panel;
   /// without it the button changes nothing.

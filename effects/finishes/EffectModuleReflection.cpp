@@ -7,6 +7,7 @@
 #include "engine/pictures/SharedPictureEffects.h"
 #include "platform/pictures/kernels/ComposeKernels.h"
 #include "platform/pictures/kernels/LookKernels.h"
+#include "platform/values/Whole.h"
 
 namespace brivolant {
 
@@ -52,7 +53,7 @@ void EffectModuleReflection::MirrorAside(Picture& picture, const Picture& mirror
   const int w = picture.Width();
   const int h = picture.Height();
   const auto part = [this](int side) {
-    return std::clamp(static_cast<int>(static_cast<double>(side) * Percent), 0, side);
+    return std::clamp(Whole(static_cast<double>(side) * Percent), 0, side);
   };
   int x = 0;
   int y = 0;

@@ -21,7 +21,7 @@ class EffectModuleReflection final : public effectModule {
   MenuParameter mode{*this, {"mode", 0, 4}, kMode, {kLeft, kRight, kTop, kBottom, kAll}};
   /// Where the mirror image begins, as a fraction of the side. A style that lacks it means 33, far
   /// outside, so that nothing is mirrored.
-  Parameter<float> Percent{*this, {"Percent", 33, 0.5F}};
+  Parameter<float> Percent{*this, {"Percent", 33, 0.5F, {-100, 100}}};
   ColorParameter backColor{
       *this, {"backColor", kBlack, kBlack}, EffectModuleSharedConstants::kColor};
 

@@ -2,12 +2,13 @@
 #include "effects/finishes/EffectModuleVignette.h"
 
 #include "platform/pictures/kernels/LookKernels.h"
+#include "platform/values/Whole.h"
 
 namespace brivolant {
 
 void EffectModuleVignette::ApplyEffect(Picture& picture, double) {
   const int outer = static_cast<int>(picture.Width() * 0.75);
-  const int inner = static_cast<int>(picture.Width() * 0.5 * vignetteRadius);
+  const int inner = Whole(picture.Width() * 0.5 * vignetteRadius);
   if (vignetteCache.Width() != picture.Width() || vignetteCache.Height() != picture.Height() ||
       cachedInner_ != inner) {
     vignetteCache = Plane::Uninitialized(picture.Width(), picture.Height());

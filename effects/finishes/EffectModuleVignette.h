@@ -15,7 +15,7 @@ class EffectModuleVignette final : public effectModule {
       *this, {"VignetteColor", kBlack, kBlack}, EffectModuleSharedConstants::kColor};
   SliderParameter<float> vignetteRadius{
       *this,
-      {"vignetteRadius", 1, 0.5F},
+      {"vignetteRadius", 1, 0.5F, {-10, 10}},
       {EffectModuleSharedConstants::kRadius, {.divide = 100}, 0.5F}};
 
  protected:

@@ -3,6 +3,7 @@
 
 #include "platform/pictures/kernels/ToneKernels.h"
 #include "platform/values/Text.h"
+#include "platform/values/Whole.h"
 
 namespace brivolant {
 namespace {
@@ -17,7 +18,7 @@ std::string EffectModuleAutoContrast::getName() const {
 void EffectModuleAutoContrast::calculateAutoLevels(const Picture& picture) {
   const double scale = static_cast<double>(kThumbnailWidth) / picture.Width();
   const Picture small =
-      HistogramThumbnail(picture, kThumbnailWidth, static_cast<int>(picture.Height() * scale));
+      HistogramThumbnail(picture, kThumbnailWidth, Whole(picture.Height() * scale));
   levels_ =
       LevelRange::Of(kernels::CountLevels(small.View()).Value, small.Width() * small.Height());
 }

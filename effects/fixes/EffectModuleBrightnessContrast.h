@@ -15,9 +15,9 @@ class EffectModuleBrightnessContrast final : public ToneModule {
   static constexpr LocalizedText kContrast{"EffectModuleBrightnessContrast.kContrast", "Contrast:"};
 
   SliderParameter<double> Brightness{
-      *this, {"Brightness", 1.0, 1.0}, {kBrightness, {.divide = 50}, 0.5F}};
+      *this, {"Brightness", 1.0, 1.0, {-1000, 1000}}, {kBrightness, {.divide = 50}, 0.5F}};
   SliderParameter<double> Contrast{
-      *this, {"Contrast", 1.0, 1.0}, {kContrast, {.divide = 50}, 0.5F}};
+      *this, {"Contrast", 1.0, 1.0, {-1000, 1000}}, {kContrast, {.divide = 50}, 0.5F}};
 
   std::optional<ToneTables> Tables(const Picture& picture) override;
 

@@ -13,10 +13,12 @@ class EffectModuleChannelContrast final : public ToneModule {
   static constexpr LocalizedText kGreen{"EffectModuleChannelContrast.kGreen", "Green:"};
   static constexpr LocalizedText kBlue{"EffectModuleChannelContrast.kBlue", "Blue:"};
 
-  SliderParameter<float> redContrast{*this, {"redContrast", 1, 1}, {kRed, {.divide = 50}, 0.5F}};
+  SliderParameter<float> redContrast{
+      *this, {"redContrast", 1, 1, {-1000, 1000}}, {kRed, {.divide = 50}, 0.5F}};
   SliderParameter<float> greenContrast{
-      *this, {"greenContrast", 1, 1}, {kGreen, {.divide = 50}, 0.5F}};
-  SliderParameter<float> blueContrast{*this, {"blueContrast", 1, 1}, {kBlue, {.divide = 50}, 0.5F}};
+      *this, {"greenContrast", 1, 1, {-1000, 1000}}, {kGreen, {.divide = 50}, 0.5F}};
+  SliderParameter<float> blueContrast{
+      *this, {"blueContrast", 1, 1, {-1000, 1000}}, {kBlue, {.divide = 50}, 0.5F}};
 
   std::optional<ToneTables> Tables(const Picture& picture) override;
 

@@ -21,9 +21,10 @@ class EffectModuleColorAdjuster final : public ToneModule {
   static constexpr LocalizedText kSelect{"EffectModuleColorAdjuster.kSelect", "Select"};
   static constexpr int kSelectRow = 3;
 
-  SliderParameter<float> Red{*this, {"Red", 1, 1}, {kRed, {.divide = 50}, 0.5F}};
-  SliderParameter<float> Green{*this, {"Green", 1, 1}, {kGreen, {.divide = 50}, 0.5F}};
-  SliderParameter<float> Blue{*this, {"Blue", 1, 1}, {kBlue, {.divide = 50}, 0.5F}};
+  SliderParameter<float> Red{*this, {"Red", 1, 1, {-1000, 1000}}, {kRed, {.divide = 50}, 0.5F}};
+  SliderParameter<float> Green{
+      *this, {"Green", 1, 1, {-1000, 1000}}, {kGreen, {.divide = 50}, 0.5F}};
+  SliderParameter<float> Blue{*this, {"Blue", 1, 1, {-1000, 1000}}, {kBlue, {.divide = 50}, 0.5F}};
   ButtonRow Select{*this, kPixel, kSelect};
 
   /// Set by the window that shows the panel; without it the button changes nothing.

@@ -12,8 +12,9 @@ class EffectModuleDigitalFlash final : public effectModule {
  public:
   static constexpr LocalizedText kName{"EffectModuleDigitalFlash.kName", "Digital Flash"};
 
-  SliderParameter<float> Strength{
-      *this, {"Strength", 1, 1}, {EffectModuleSharedConstants::kStrength, {.divide = 50}, 0.5F}};
+  SliderParameter<float> Strength{*this,
+                                  {"Strength", 1, 1, {-1000, 1000}},
+                                  {EffectModuleSharedConstants::kStrength, {.divide = 50}, 0.5F}};
 
   /// The curve of the brightened picture.
   ToneTable Brightened() const;

@@ -11,8 +11,9 @@ class EffectModuleExposure final : public ToneModule {
   static constexpr LocalizedText kName{"EffectModuleExposure.kName", "Exposure"};
   static constexpr LocalizedText kExposure{"EffectModuleExposure.kExposure", "Exposure:"};
 
-  SliderParameter<double> Power{
-      *this, {"Power", 1.0, 0.0}, {kExposure, {.multiply = 2, .divide = 5, .offset = -20}, 0.5F}};
+  SliderParameter<double> Power{*this,
+                                {"Power", 1.0, 0.0, {-10000, 10000}},
+                                {kExposure, {.multiply = 2, .divide = 5, .offset = -20}, 0.5F}};
 
   std::optional<ToneTables> Tables(const Picture& picture) override;
 

@@ -17,11 +17,12 @@ class EffectModuleLevels final : public ToneModule {
   static constexpr SliderMapping kLevel{.multiply = 255, .divide = 100};
 
   LabelRow In{*this, kIn};
-  SliderParameter<int> Shadows{*this, {"Shadows", 0, 0}, {kDark, kLevel}};
-  SliderParameter<int> Highlights{*this, {"Highlights", 255, 255}, {kLight, kLevel}};
+  SliderParameter<int> Shadows{*this, {"Shadows", 0, 0, {-65536, 65536}}, {kDark, kLevel}};
+  SliderParameter<int> Highlights{
+      *this, {"Highlights", 255, 255, {-65536, 65536}}, {kLight, kLevel}};
   LabelRow Out{*this, kOut};
-  SliderParameter<int> OutBlack{*this, {"OutBlack", 0, 0}, {kDark, kLevel}};
-  SliderParameter<int> OutWhite{*this, {"OutWhite", 255, 255}, {kLight, kLevel}};
+  SliderParameter<int> OutBlack{*this, {"OutBlack", 0, 0, {-65536, 65536}}, {kDark, kLevel}};
+  SliderParameter<int> OutWhite{*this, {"OutWhite", 255, 255, {-65536, 65536}}, {kLight, kLevel}};
 
   std::optional<ToneTables> Tables(const Picture& picture) override;
   /// Draws the histogram of a picture, width by height pixels.

@@ -10,7 +10,6 @@
 namespace brivolant {
 
 void EffectModuleShadowsHighlight::ApplyEffect(Picture& picture, double) {
-  if (Blur < 0) Blur = 0;
   // The mask of the highlights is the inverse of that of the shadows, so one blur serves both,
   // and both layers go over the picture in one pass.
   Plane mask = Plane::Uninitialized(picture.Width(), picture.Height());

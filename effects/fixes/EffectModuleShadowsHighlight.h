@@ -15,10 +15,11 @@ class EffectModuleShadowsHighlight final : public effectModule {
   static constexpr LocalizedText kHighlight{"EffectModuleShadowsHighlight.kHighlight",
                                             "Highlight:"};
 
-  SliderParameter<int> Shadows{*this, {"Shadows", 0, 0}, {kShadow, {}}};
-  SliderParameter<int> Highlights{*this, {"Highlights", 0, 0}, {kHighlight, {}}};
+  SliderParameter<int> Shadows{*this, {"Shadows", 0, 0, {-1000, 1000}}, {kShadow, {}}};
+  SliderParameter<int> Highlights{*this, {"Highlights", 0, 0, {-1000, 1000}}, {kHighlight, {}}};
   /// Radius in pixels of the picture at hand, not scaled.
-  SliderParameter<int> Blur{*this, {"Blur", 0, 0}, {EffectModuleSharedConstants::kBlur, {}}};
+  SliderParameter<int> Blur{
+      *this, {"Blur", 0, 0, {0, 1000}}, {EffectModuleSharedConstants::kBlur, {}}};
 
  protected:
   std::string getID() const override { return "2EF3FA3F-93B2-B20D-BFA7-3E5957A43F2C"; }

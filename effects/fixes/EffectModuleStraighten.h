@@ -13,7 +13,7 @@ class EffectModuleStraighten final : public effectModule {
   static constexpr LocalizedText kAngle{"EffectModuleStraighten.kAngle", "Angle:"};
 
   /// Degrees clockwise, -50 to 50.
-  SliderParameter<int> Angle{*this, {"Angle", 0, 0}, {kAngle, {.offset = -50}, 0.5F}};
+  SliderParameter<int> Angle{*this, {"Angle", 0, 0, {-360, 360}}, {kAngle, {.offset = -50}, 0.5F}};
 
  protected:
   std::string getID() const override { return "31C7BD01-3049-4413-66B4-DEAB8A4AE849"; }

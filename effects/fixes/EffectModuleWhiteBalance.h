@@ -14,7 +14,7 @@ class EffectModuleWhiteBalance final : public ToneModule {
 
   /// Kelvin.
   SliderParameter<int> Temperature{
-      *this, {"Temperature", 5000, 5000}, {kTemperature, {.multiply = 255}, 0.15F}};
+      *this, {"Temperature", 5000, 5000, {0, 1000000}}, {kTemperature, {.multiply = 255}, 0.15F}};
 
   std::optional<ToneTables> Tables(const Picture& picture) override;
 

@@ -16,7 +16,7 @@ class EffectModuleBarrelDistortion final : public effectModule {
 
   /// -1 to 1.
   SliderParameter<double> Distortion{
-      *this, {"Distortion", 0, 0}, {kDistortion, {.divide = 50, .offset = -1}, 0.5F}};
+      *this, {"Distortion", 0, 0, {-10, 10}}, {kDistortion, {.divide = 50, .offset = -1}, 0.5F}};
 
  protected:
   std::string getID() const override { return "22BEFEB7-2944-6DE5-F57E-DFE98DF1D845"; }

@@ -12,7 +12,7 @@ class EffectModuleDiffuse final : public effectModule {
   static constexpr LocalizedText kName{"EffectModuleDiffuse.kName", "Diffuse"};
 
   SliderParameter<int> Radius{
-      *this, {"Radius", 10, 10}, {EffectModuleSharedConstants::kRadius, {}}};
+      *this, {"Radius", 10, 10, {0, 1000}}, {EffectModuleSharedConstants::kRadius, {}}};
   CheckBoxParameter Blur{*this, {"Blur", true, true}, EffectModuleSharedConstants::kBlur};
 
   SeedParameter Seed{*this};

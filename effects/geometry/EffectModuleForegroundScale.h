@@ -17,10 +17,11 @@ class EffectModuleForegroundScale final : public LayerScale {
     void Set(const Variant& position) override;
   };
 
-  LimitedScale Scale{
-      *this, {"Scale", 1, 1}, {EffectModuleSharedConstants::kScale, {.divide = 50}, 0.5F}};
-  Parameter<float> xOffSet{*this, {"xOffSet", 0.5F, 0.5F}};
-  Parameter<float> yOffset{*this, {"yOffset", 0.5F, 0.5F}};
+  LimitedScale Scale{*this,
+                     {"Scale", 1, 1, {0.01F, 100}},
+                     {EffectModuleSharedConstants::kScale, {.divide = 50}, 0.5F}};
+  Parameter<float> xOffSet{*this, {"xOffSet", 0.5F, 0.5F, {-100, 100}}};
+  Parameter<float> yOffset{*this, {"yOffset", 0.5F, 0.5F, {-100, 100}}};
 
   bool MayPlaceLayer() const override { return true; }
   void BelongsTo(brivolantProcessorLite& processor) override { myProcessor = &processor; }

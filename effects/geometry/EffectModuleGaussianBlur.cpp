@@ -2,12 +2,13 @@
 #include "effects/geometry/EffectModuleGaussianBlur.h"
 
 #include "engine/pictures/PictureEffects.h"
+#include "platform/values/Whole.h"
 
 namespace brivolant {
 
 void EffectModuleGaussianBlur::ApplyEffect(Picture& picture, double scale) {
   const Plane* mask = Focus.MaskFor(picture);
-  const GaussianBlur blur(static_cast<int>(GaussianRadius * scale));
+  const GaussianBlur blur(Whole(GaussianRadius * scale));
   picture = blur.ApplyEffect(std::move(picture), mask);
 }
 

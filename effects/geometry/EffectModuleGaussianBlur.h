@@ -13,7 +13,7 @@ class EffectModuleGaussianBlur final : public effectModule {
   static constexpr LocalizedText kName{"EffectModuleGaussianBlur.kName", "Blur"};
 
   SliderParameter<int> GaussianRadius{
-      *this, {"GaussianRadius", 0, 5}, {EffectModuleSharedConstants::kRadius, {}}};
+      *this, {"GaussianRadius", 0, 5, {0, 10000}}, {EffectModuleSharedConstants::kRadius, {}}};
   FocalPoint Focus{*this};
 
  protected:

@@ -21,12 +21,13 @@ class EffectModuleMotionBlur final : public effectModule {
   MenuParameter blurKind{
       *this, {"blurKind", 0, 0}, EffectModuleSharedConstants::kType, {kLinear, kRadial, kZoom}};
   SliderParameter<double> GaussianRadius{
-      *this, {"GaussianRadius", 0, 5}, {EffectModuleSharedConstants::kRadius, {}}};
+      *this, {"GaussianRadius", 0, 5, {0, 10000}}, {EffectModuleSharedConstants::kRadius, {}}};
   SliderParameter<double> motionAngle{
-      *this, {"motionAngle", 0, 0}, {EffectModuleSharedConstants::kAngle, {}}};
-  SliderParameter<int> motionDistance{*this, {"motionDistance", 0, 0}, {kDistance, {}}};
+      *this, {"motionAngle", 0, 0, {-100000, 100000}}, {EffectModuleSharedConstants::kAngle, {}}};
+  SliderParameter<int> motionDistance{*this, {"motionDistance", 0, 0, {0, 10000}}, {kDistance, {}}};
   /// Stored and shown; no part of the effect.
-  SliderParameter<int> motionRepetitions{*this, {"motionRepetitions", 0, 0}, {kRepetitions, {}}};
+  SliderParameter<int> motionRepetitions{
+      *this, {"motionRepetitions", 0, 0, {0, 10000}}, {kRepetitions, {}}};
 
  protected:
   std::string getID() const override { return "3305A849-B86A-A505-407A-ECC1375B21D3"; }

@@ -2,6 +2,7 @@
 #include "effects/geometry/EffectModuleWaterdrops.h"
 
 #include "engine/pictures/MPImageFilter.h"
+#include "platform/values/Whole.h"
 
 namespace brivolant {
 
@@ -12,8 +13,8 @@ void EffectModuleWaterdrops::LimitedSize::Set(const Variant& position) {
 }
 
 void EffectModuleWaterdrops::ApplyEffect(Picture& picture, double scale) {
-  picture = MPImageFilter::WaterDrops(std::move(picture), static_cast<int>(DropSize * scale),
-                                      DropCount, Seed.Value());
+  picture = MPImageFilter::WaterDrops(std::move(picture), Whole(DropSize * scale), DropCount,
+                                      Seed.Value());
 }
 
 }  // namespace brivolant

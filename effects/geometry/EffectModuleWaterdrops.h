@@ -19,9 +19,11 @@ class EffectModuleWaterdrops final : public effectModule {
     void Set(const Variant& position) override;
   };
 
-  SliderParameter<int> DropCount{
-      *this, {"DropCount", 50, 50}, {EffectModuleSharedConstants::kQuantity, {.multiply = 10}}};
-  LimitedSize DropSize{*this, {"DropSize", 50, 50}, {EffectModuleSharedConstants::kMaxSize, {}}};
+  SliderParameter<int> DropCount{*this,
+                                 {"DropCount", 50, 50, {0, 10000}},
+                                 {EffectModuleSharedConstants::kQuantity, {.multiply = 10}}};
+  LimitedSize DropSize{
+      *this, {"DropSize", 50, 50, {0, 1000}}, {EffectModuleSharedConstants::kMaxSize, {}}};
 
   SeedParameter Seed{*this};
 

@@ -13,7 +13,7 @@ class EffectModuleWave final : public effectModule {
 
   static constexpr LocalizedText kWaves{"EffectModuleWave.kWaves", "Waves:"};
 
-  SliderParameter<float> Waves{*this, {"Waves", 0, 0}, {kWaves, {.divide = 2}}};
+  SliderParameter<float> Waves{*this, {"Waves", 0, 0, {-1000, 1000}}, {kWaves, {.divide = 2}}};
   ColorParameter backColor{
       *this, {"backColor", kBlack, kBlack}, EffectModuleSharedConstants::kbackColor};
 

@@ -4,22 +4,23 @@
 #include <algorithm>
 
 #include "platform/pictures/kernels/ScaleKernels.h"
+#include "platform/values/Whole.h"
 
 namespace brivolant {
 
 LayerScale::Box LayerScale::Shrunk(const Picture& picture, double scale, double xOffset,
                                    double yOffset) {
-  const int width = static_cast<int>(picture.Width() * scale);
-  const int height = static_cast<int>(picture.Height() * scale);
-  return {static_cast<int>(picture.Width() * xOffset - width / 2.0),
-          static_cast<int>(picture.Height() * yOffset - height / 2.0), width, height};
+  const int width = Whole(picture.Width() * scale);
+  const int height = Whole(picture.Height() * scale);
+  return {Whole(picture.Width() * xOffset - width / 2.0),
+          Whole(picture.Height() * yOffset - height / 2.0), width, height};
 }
 
 void LayerScale::ZoomIn(Picture& picture, double scale, double xOffset, double yOffset) {
   const int width = std::max(static_cast<int>(picture.Width() / scale), 1);
   const int height = std::max(static_cast<int>(picture.Height() / scale), 1);
   const auto place = [](int whole, double offset, int part) {
-    return std::clamp(static_cast<int>(whole - whole * offset - part / 2.0), 0, whole - part);
+    return std::clamp(Whole(whole - whole * offset - part / 2.0), 0, whole - part);
   };
   const kernels::SourceArea area{static_cast<double>(place(picture.Width(), xOffset, width)),
                                  static_cast<double>(place(picture.Height(), yOffset, height)),

@@ -20,7 +20,7 @@ class EffectModuleBitDepth final : public effectModule {
   MenuParameter Depth{*this, {"Depth", 0, 0}, kDepth, {kDepth1, kDepth2, kDepth4, kDepth8}};
   SliderParameter<float> Threshold{
       *this,
-      {"Threshold", 1, 0.5F},
+      {"Threshold", 1, 0.5F, {-10000, 10000}},
       {EffectModuleSharedConstants::kThreshold, {.divide = 2.5, .offset = -20}, 0.5F}};
 
  protected:

@@ -17,7 +17,7 @@ class EffectModuleDuoTone final : public effectModule {
   ColorParameter lightTone{*this, {"lightTone", kWhite, kWhite}, EffectModuleLevels::kLight};
   SliderParameter<float> Threshold{
       *this,
-      {"Threshold", 0.5F, 0.5F},
+      {"Threshold", 0.5F, 0.5F, {-10000, 10000}},
       {EffectModuleSharedConstants::kThreshold, {.divide = 2.5, .offset = -20}, 0.5F}};
 
  protected:

@@ -12,7 +12,7 @@ class EffectModuleOverBurn final : public effectModule {
   static constexpr LocalizedText kName{"EffectModuleOverBurn.kName", "Over Burn"};
 
   SliderParameter<float> Strength{*this,
-                                  {"Strength", 0.5F, 0.5F},
+                                  {"Strength", 0.5F, 0.5F, {-10, 10}},
                                   {EffectModuleSharedConstants::kStrength, {.divide = 100}, 0.5F}};
 
  protected:

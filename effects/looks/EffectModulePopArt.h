@@ -13,7 +13,7 @@ class EffectModulePopArt final : public effectModule {
 
   SliderParameter<float> Threshold{
       *this,
-      {"Threshold", 0.5F, 0.5F},
+      {"Threshold", 0.5F, 0.5F, {-10000, 10000}},
       {EffectModuleSharedConstants::kThreshold, {.divide = 2.5, .offset = -20}}};
 
  protected:

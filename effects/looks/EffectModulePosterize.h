@@ -11,8 +11,9 @@ class EffectModulePosterize final : public ToneModule {
  public:
   static constexpr LocalizedText kName{"EffectModulePosterize.kName", "Posterize"};
 
-  SliderParameter<int> Levels{
-      *this, {"Levels", 255, 16}, {EffectModuleSharedConstants::kStrength, {.multiply = 2.55}}};
+  SliderParameter<int> Levels{*this,
+                              {"Levels", 255, 16, {0, 65536}},
+                              {EffectModuleSharedConstants::kStrength, {.multiply = 2.55}}};
 
   std::optional<ToneTables> Tables(const Picture& picture) override;
 

@@ -11,8 +11,9 @@ class EffectModuleSepia final : public effectModule {
  public:
   static constexpr LocalizedText kName{"EffectModuleSepia.kName", "Sepia"};
 
-  SliderParameter<float> Strength{
-      *this, {"Strength", 1, 0.3F}, {EffectModuleSharedConstants::kStrength, {.divide = 100}}};
+  SliderParameter<float> Strength{*this,
+                                  {"Strength", 1, 0.3F, {-10, 10}},
+                                  {EffectModuleSharedConstants::kStrength, {.divide = 100}}};
 
  protected:
   std::string getID() const override { return "0E53677B-85AE-A580-B18B-AB374768FB98"; }

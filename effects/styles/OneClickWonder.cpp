@@ -77,7 +77,7 @@ void OneClickWonder::Set(Texts& texts, int language, const std::string& text) {
 
 Picture OneClickWonder::Preview() const {
   if (preview_.IsNil() && !rawPictureData_.empty()) {
-    preview_ = JpegImporter::OpenFromString(rawPictureData_);
+    preview_ = JpegImporter::PreviewFromString(rawPictureData_);
   }
   return preview_;
 }

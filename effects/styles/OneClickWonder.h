@@ -51,6 +51,14 @@ class OneClickWonder {
 
   /// Nil if there is none. Decoded when it is first asked for.
   Picture Preview() const;
+  /// True if Preview has nothing left to decode.
+  bool PreviewIsDecoded() const { return rawPictureData_.empty() || !preview_.IsNil(); }
+  /// The preview as it lies in the file, for a decoder on another thread, and what came of it: see
+  /// JpegImporter::PreviewFromString.
+  const std::string& PreviewBytes() const { return rawPictureData_; }
+  void PreviewDecoded(const Picture& preview) {
+    if (!PreviewIsDecoded()) preview_ = preview;
+  }
   /// The next Save compresses it anew.
   void Preview(const Picture& picture);
   bool HasPreview() const { return !rawPictureData_.empty() || !preview_.IsNil(); }

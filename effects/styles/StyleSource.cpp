@@ -179,7 +179,11 @@ void WriteStack(const brivolantProcessorLite& processor, std::string_view headin
     if (!module.Enabled() || !module.Complete()) continue;
     lines += module.Name() + " = on\n";
     for (const ParameterBase* parameter : module.Parameters()) {
-      const std::string value = TextFromValue(parameter->Stored());
+      std::string value = TextFromValue(parameter->Stored());
+      // A damaged number is left to what renders, so that the text can be read again.
+      if (!ValueFromText(value, parameter->TypeName())) {
+        value = TextFromValue(parameter->Rendered());
+      }
       if (value == TextFromValue(parameter->ResetValue())) continue;
       lines += module.Name() + "." + parameter->Key() + " = " + value + "\n";
     }

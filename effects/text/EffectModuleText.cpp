@@ -65,7 +65,7 @@ Variant EffectModuleText::getControlValue(int index) const {
   if (box == nullptr) return index == kCaptionRow ? Variant(-1) : Variant();
   if (index == kFontRow) return box->Font();
   if (index == kColorRow) return box->TextColor;
-  return index == kCaptionRow ? Variant(box->Caption) : Variant();
+  return index == kCaptionRow ? Variant(int{box->Caption}) : Variant();
 }
 
 void EffectModuleText::SetControlValue(int index, const Variant& value) {

@@ -13,6 +13,7 @@
 
 #include "effects/text/CaptionShapes.h"
 #include "engine/pictures/AdvancedGraphics.h"
+#include "platform/values/Whole.h"
 
 namespace brivolant {
 namespace {
@@ -203,8 +204,8 @@ void ScaleableTextObject::Draw(QPainter& painter, const Pair& source, bool editi
     const int out = static_cast<int>(
         std::lround(std::max(kFrame * std::max(source.Left, source.Right) / kReference, 1.0)));
     AdvancedGraphics g(painter, static_cast<int>(source.Left), static_cast<int>(source.Right));
-    DrawCaption(g, static_cast<int>(at.x) - out, static_cast<int>(at.y) - out,
-                static_cast<int>(at.w) + 2 * out, static_cast<int>(at.h) + 2 * out, Caption - 1);
+    DrawCaption(g, Whole(at.x) - out, Whole(at.y) - out, Whole(at.w) + 2 * out,
+                Whole(at.h) + 2 * out, Caption - 1);
   }
   if (editing) DrawFrame(painter, at, source, marks);
   if (!editing && TextLength() == 0) {
@@ -287,7 +288,7 @@ int ScaleableTextObject::PositionFromXY(const Pair& source, float x, float y) co
   const double band = lines_->height * at.ratio;
   const double down = y * source.Right - top;
   if (down < 0) return 0;
-  const int number = static_cast<int>(down / band);
+  const int number = Whole(down / band);
   if (number >= lineCount()) return TextLength();
   const Lines::Line& line = lines_->all[static_cast<std::size_t>(number)];
   const int start = static_cast<int>(LineDimensions(number).Left);
@@ -345,30 +346,27 @@ int ScaleableTextObject::isWithin(const Pair& source, float x, float y, double m
 Dictionary ScaleableTextObject::Settings() const {
   Dictionary settings;
   settings.Value("Font", mFont);
-  settings.Value("Height", Height);
-  settings.Value("Left", Left);
+  settings.Value("Height", Height.Stored());
+  settings.Value("Left", Left.Stored());
   settings.Value("Text", iText);
   settings.Value("TextColor", TextColor);
-  settings.Value("Top", Top);
-  settings.Value("Width", Width);
-  settings.Value("Caption", Caption);
+  settings.Value("Top", Top.Stored());
+  settings.Value("Width", Width.Stored());
+  settings.Value("Caption", Caption.Stored());
   return settings;
 }
 
 void ScaleableTextObject::Settings(const Dictionary& settings) {
-  const auto fraction = [&settings](const char* key, double fallback) {
-    constexpr double kFarthest = 1000;
-    const double value = settings.Lookup(key, fallback).ToDouble();
-    return static_cast<float>(std::isfinite(value) ? std::clamp(value, -kFarthest, kFarthest)
-                                                   : fallback);
+  const auto fraction = [&settings](RangedNumber<float>& number, const char* key, float fallback) {
+    number.Read(settings.Lookup(key, fallback), fallback);
   };
   mFont = settings.Lookup("Font", "Arial").ToText();
-  Height = fraction("Height", 0.5);
-  Left = fraction("Left", 0.25);
-  Top = fraction("Top", 0.25);
-  Width = fraction("Width", 0.5);
+  fraction(Height, "Height", 0.5F);
+  fraction(Left, "Left", 0.25F);
+  fraction(Top, "Top", 0.25F);
+  fraction(Width, "Width", 0.5F);
   TextColor = settings.Lookup("TextColor", kBlack).ToColor();
-  Caption = settings.Lookup("Caption", 0).ToInt();
+  Caption.Read(settings.Lookup("Caption", 0), 0);
   Text(settings.Lookup("Text", "").ToText());
 }
 

@@ -2,11 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "engine/EffectModuleSharedConstants.h"
+#include "engine/RangedNumber.h"
 #include "platform/values/Color.h"
 #include "platform/values/Pair.h"
 #include "platform/values/Text.h"
@@ -50,14 +52,16 @@ class ScaleableTextObject {
   ScaleableTextObject(const ScaleableTextObject&) = delete;
   ScaleableTextObject& operator=(const ScaleableTextObject&) = delete;
 
+  /// How far a box may lie from the picture, and how large it may be, in pictures.
+  static constexpr Range<float> kPlaces{-100, 100};
   // Fractions of the picture's width and height.
-  float Left = 0.25F;
-  float Top = 0.25F;
-  float Width = 0.5F;
-  float Height = 0.5F;
+  RangedNumber<float> Left{kPlaces, 0.25F};
+  RangedNumber<float> Top{kPlaces, 0.25F};
+  RangedNumber<float> Width{kPlaces, 0.5F};
+  RangedNumber<float> Height{kPlaces, 0.5F};
   Color TextColor = kBlack;
-  /// 0 to 7, see kCaptions.
-  int Caption = 0;
+  /// 0 to 7, see kCaptions; -1 where a style knows another.
+  MenuIndex Caption{std::size(kCaptions), 0};
 
   const std::string& Font() const { return mFont; }
   void Font(const std::string& name);

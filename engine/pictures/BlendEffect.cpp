@@ -7,20 +7,22 @@
 #include "engine/pictures/PictureEffects.h"
 #include "platform/pictures/kernels/BlendKernels.h"
 #include "platform/pictures/kernels/ComposeKernels.h"
+#include "platform/values/Whole.h"
 
 namespace brivolant {
 
 Picture BlendEffect::Apply(Picture source, const Picture& fill, double opacity,
                            const Plane* fillMask, const Point* location, const Point* size) const {
   if (source.IsNil() || fill.IsNil()) return source;
-  const int weight = static_cast<int>(std::lround(std::clamp(opacity, 0.0, 1.0) * 256));
+  const int weight = static_cast<int>(std::lround(std::min(std::max(0.0, opacity), 1.0) * 256));
   if (weight == 0) return source;
-  const int width = size != nullptr ? static_cast<int>(size->x) : source.Width();
-  const int height = size != nullptr ? static_cast<int>(size->y) : source.Height();
-  const int left = location != nullptr ? static_cast<int>(location->x) : 0;
-  const int top = location != nullptr ? static_cast<int>(location->y) : 0;
+  const int width = size != nullptr ? Whole(size->x) : source.Width();
+  const int height = size != nullptr ? Whole(size->y) : source.Height();
+  const int left = location != nullptr ? Whole(location->x) : 0;
+  const int top = location != nullptr ? Whole(location->y) : 0;
   if (width <= 0 || height <= 0) return source;
   const Picture scaled = ScaleEffect::BilinearScale(fill, width, height);
+  if (scaled.IsNil()) return source;
   Plane mask = fillMask != nullptr ? *fillMask : Plane();
   if (!mask.IsNil()) mask = ScaleEffect::BilinearScale(mask, width, height);
 

@@ -21,7 +21,7 @@ Picture ConvolutionEffect::ApplyMatrix(Picture source, const kernels::Convolutio
 }
 
 Picture ConvolutionEffect::Smooth(Picture source, int weight, const Plane* mask) const {
-  const int own = std::max(weight, 1);
+  const int own = std::clamp(weight, 1, 1 << 20);
   return ApplyMatrix(std::move(source), {{1, 1, 1, 1, own, 1, 1, 1, 1}, own + 8, 0}, mask);
 }
 

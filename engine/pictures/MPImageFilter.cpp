@@ -42,7 +42,7 @@ Picture MotionBlur(Picture source, int repetitions, double angle, int distance, 
                    const Plane* mask) {
   constexpr double kDegreesAUnit = 1.8;
   constexpr int kMostPasses = 7;
-  const int length = std::max(repetitions, 0) + std::max(distance, 0);
+  const double length = 1.0 * std::max(repetitions, 0) + std::max(distance, 0);
   if (source.IsNil() || length <= 1) return source;
   if (blurType != kRadial && blurType != kZoom) {
     return Drawn(std::move(source), mask, [&](ConstPixels from, Pixels to) {

@@ -10,12 +10,13 @@
 #include "platform/pictures/kernels/ScaleKernels.h"
 #include "platform/pictures/kernels/ToneKernels.h"
 #include "platform/pictures/kernels/TurnKernels.h"
+#include "platform/values/Whole.h"
 
 namespace brivolant::SharedPictureEffects {
 
 Picture GaussianBlur(const Picture& source, double radius) {
   if (radius == 0.0) return source;
-  return brivolant::GaussianBlur(static_cast<int>(radius)).ApplyEffect(source);
+  return brivolant::GaussianBlur(Whole(radius)).ApplyEffect(source);
 }
 
 Picture Invert(const Picture& source) {

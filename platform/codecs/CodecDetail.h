@@ -33,7 +33,8 @@ Picture Flattened(const Picture& picture);
 /// Null if the file is not a JPEG of one or three channels in RGB or grey.
 std::unique_ptr<ImageSource> OpenJpeg(const FolderItem& file);
 /// Decodes a JPEG in memory, no side needing more than `atLeast` pixels. Nil on failure.
-Picture DecodeJpegPreview(std::string_view bytes, int atLeast);
+Picture DecodeJpegPreview(std::string_view bytes, int atLeast,
+                          std::int64_t most = Picture::kMostPixels);
 std::string EncodeJpeg(const FolderItem& file, const EncodeImage& image);
 std::string EncodeJpegToMemory(const EncodeImage& image);
 

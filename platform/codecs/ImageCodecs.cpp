@@ -220,8 +220,8 @@ Picture DecodeImageBytes(std::string_view bytes) {
   return bytes.starts_with(kJpeg2000) ? codecs::DecodeWithVips(bytes) : codecs::DecodePng(bytes);
 }
 
-Picture DecodeJpegBytes(std::string_view bytes) {
-  return codecs::DecodeJpegPreview(bytes, 0);
+Picture DecodeJpegBytes(std::string_view bytes, int atLeast, std::int64_t most) {
+  return codecs::DecodeJpegPreview(bytes, atLeast, most);
 }
 
 std::string EncodeJpegBytes(const EncodeImage& image) {

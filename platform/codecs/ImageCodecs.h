@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <span>
@@ -100,8 +101,10 @@ struct EncodeImage {
 /// A PNG or JPEG 2000 file in memory, its transparency as the mask; nil if it is neither, too large
 /// or cannot be decoded.
 Picture DecodeImageBytes(std::string_view bytes);
-/// A JPEG in memory; nil if it cannot be decoded.
-Picture DecodeJpegBytes(std::string_view bytes);
+/// A JPEG in memory; nil if it cannot be decoded, or claims more than `most` pixels. With `atLeast`
+/// it is reduced as far as its longer side keeps that many.
+Picture DecodeJpegBytes(std::string_view bytes, int atLeast = 0,
+                        std::int64_t most = Picture::kMostPixels);
 /// A picture as the bytes of a JPEG file; empty if memory runs out.
 std::string EncodeJpegBytes(const EncodeImage& image);
 

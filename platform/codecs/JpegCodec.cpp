@@ -167,6 +167,9 @@ class Decompressor {
     return true;
   }
 
+  /// Pixels that the header claims.
+  std::int64_t Claimed() const { return std::int64_t{info_.image_width} * info_.image_height; }
+
   /// Chooses the smallest eighths that keep the longer side at `atLeast` pixels; 0 is full size.
   bool Start(int atLeast) {
     if (setjmp(errors_.jump) != 0) return false;
@@ -406,9 +409,10 @@ std::unique_ptr<ImageSource> OpenJpeg(const FolderItem& file) {
   return source->Usable() ? std::move(source) : nullptr;
 }
 
-Picture DecodeJpegPreview(std::string_view bytes, int atLeast) {
+Picture DecodeJpegPreview(std::string_view bytes, int atLeast, std::int64_t most) {
   Decompressor jpeg;
-  if (!jpeg.ReadHeader(nullptr, bytes) || !jpeg.Start(atLeast)) return {};
+  // A few bytes can claim any size: that is looked at before the decoder asks for memory.
+  if (!jpeg.ReadHeader(nullptr, bytes) || jpeg.Claimed() > most || !jpeg.Start(atLeast)) return {};
   Picture picture = Picture::Uninitialized(jpeg.OutputWidth(), jpeg.OutputHeight(), 32);
   if (picture.IsNil()) return {};
   const Pixels pixels = picture.Edit();

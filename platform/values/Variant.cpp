@@ -204,7 +204,12 @@ Date Variant::ToDate() const {
 }
 
 bool operator==(const Variant& a, const Variant& b) {
-  if (a.IsNumber() && b.IsNumber()) return a.ToDouble() == b.ToDouble();
+  if (a.IsNumber() && b.IsNumber()) {
+    const double x = a.ToDouble();
+    const double y = b.ToDouble();
+    // What was kept equals itself, even where it is no number.
+    return x == y || (std::isnan(x) && std::isnan(y));
+  }
   return a.value_ == b.value_;
 }
 

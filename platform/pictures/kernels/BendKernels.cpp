@@ -11,6 +11,7 @@
 #include "platform/pictures/Parallel.h"
 #include "platform/pictures/kernels/TurnKernels.h"
 #include "platform/pictures/kernels/WarpKernels.h"
+#include "platform/values/Whole.h"
 
 // What the code for each instruction set shares; this file is compiled once for each.
 #ifndef BRIVOLANT_BEND_KERNELS
@@ -455,9 +456,11 @@ void RotateAnyAngle(ConstPixels source, Pixels target, double degrees, std::uint
 }
 
 void ThroughDrops(ConstPixels source, Pixels target, const std::vector<Drop>& drops) {
+  constexpr int kLook = 32;
   ParallelRows(target.height, kGrain, [&](int from, int to) {
     std::vector<const Drop*> near;
     for (const Drop& drop : drops) {
+      if (!(drop.radius > 0 && std::isfinite(drop.radius) && std::isfinite(drop.x))) continue;
       if (drop.y + drop.radius >= from && drop.y - drop.radius <= to) near.push_back(&drop);
     }
     const std::size_t width = static_cast<std::size_t>(target.width) + kSlack;
@@ -468,12 +471,18 @@ void ThroughDrops(ConstPixels source, Pixels target, const std::vector<Drop>& dr
       std::fill(sums.begin(), sums.end(), 0.0F);
       std::fill(row.open, row.open + width, 1.0F);
       // From the uppermost drop down: what it covers wholly need not be drawn again.
+      int since = 0;
       for (auto drop = near.rbegin(); drop != near.rend(); ++drop) {
+        // Many drops cover a row wholly long before all of them are drawn.
+        if (++since % kLook == 0 &&
+            std::all_of(row.open, row.open + target.width, [](float open) { return open <= 0; })) {
+          break;
+        }
         const double v = (y - (*drop)->y) / (*drop)->radius;
         if (std::abs(v) >= 1) continue;
         const double half = std::sqrt(1 - v * v) * (*drop)->radius;
-        const int left = std::max(static_cast<int>(std::ceil((*drop)->x - half)), 0);
-        const int right = std::min(static_cast<int>((*drop)->x + half) + 1, target.width);
+        const int left = std::max(Whole(std::ceil((*drop)->x - half)), 0);
+        const int right = std::min(Whole((*drop)->x + half) + 1, target.width);
         HWY_DYNAMIC_DISPATCH(DropOnRow)(source, **drop, y, left, right, row);
       }
       HWY_DYNAMIC_DISPATCH(FinishRow)

@@ -113,10 +113,9 @@ HWY_EXPORT(ShiftRows);
 void ShiftHueSaturationLightness(Pixels pixels, double hue, double saturation, double lightness) {
   constexpr int kGrain = 16;
   if (hue == 0 && saturation == 0 && lightness == 0) return;
-  const auto turn = static_cast<float>(std::fmod(hue / 60 + 12, 6));
-  const auto strength = static_cast<float>(
-      std::max(0.0, saturation < 0 ? 1 + saturation / 200 : 1 + saturation / 100));
-  const auto light = static_cast<float>(std::clamp(lightness / 100, -1.0, 1.0));
+  const float turn = TurnOf(hue);
+  const float strength = StrengthOf(saturation);
+  const float light = LightOf(lightness);
   ParallelRows(pixels.height, kGrain, [&](int from, int to) {
     HWY_DYNAMIC_DISPATCH(ShiftRows)(pixels, from, to, turn, strength, light);
   });

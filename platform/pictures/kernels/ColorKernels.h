@@ -11,7 +11,13 @@ namespace brivolant::kernels {
 /// `hue` in degrees, -180 to 180, turns the hue. `saturation` below 0 draws towards grey, reached
 /// at -200; above 0 it multiplies, up to three times at 200. `lightness`, -100 to 100, draws
 /// towards black or white. 0, 0, 0 changes nothing.
+/// Numbers beyond turn on, or do no more than their ends.
 void ShiftHueSaturationLightness(Pixels pixels, double hue, double saturation, double lightness);
+/// What the three numbers mean for a pixel: sixths of a turn from 0 to 6, a factor of the
+/// saturation, and -1 to 1. What is no finite number changes nothing.
+float TurnOf(double hue);
+float StrengthOf(double saturation);
+float LightOf(double lightness);
 
 /// One shift of all hues and six of ranges of them: reds, yellows, greens, cyans, blues, magentas.
 /// A range works wholly within 15 degrees of its middle and fades out over the next 30, so that two

@@ -28,10 +28,7 @@ struct Shift {
   float light = 0;
 
   static Shift Of(const HueShift& shift) {
-    return {static_cast<float>(std::fmod(shift.hue / 60 + 12, 6)),
-            static_cast<float>(std::max(0.0, shift.saturation < 0 ? 1 + shift.saturation / 200
-                                                                  : 1 + shift.saturation / 100)),
-            static_cast<float>(std::clamp(shift.lightness / 100, -1.0, 1.0))};
+    return {TurnOf(shift.hue), StrengthOf(shift.saturation), LightOf(shift.lightness)};
   }
 };
 
@@ -70,6 +67,23 @@ void ShiftPixel(std::uint8_t* p, const ShiftOf& shiftOf) {
 }
 
 }  // namespace
+
+float TurnOf(double hue) {
+  if (!std::isfinite(hue)) return 0;
+  const auto turn = static_cast<float>(std::fmod(hue / 60 + 12, 6));
+  return turn < 0 ? turn + 6 : turn;
+}
+
+float StrengthOf(double saturation) {
+  if (!std::isfinite(saturation)) return 1;
+  constexpr double kMost = 1e6;
+  return static_cast<float>(
+      std::clamp(saturation < 0 ? 1 + saturation / 200 : 1 + saturation / 100, 0.0, kMost));
+}
+
+float LightOf(double lightness) {
+  return std::isfinite(lightness) ? static_cast<float>(std::clamp(lightness / 100, -1.0, 1.0)) : 0;
+}
 
 double ShareOfRange(int range, double hue) {
   constexpr double kWhole = 15;

@@ -2,6 +2,7 @@
 #include "platform/pictures/kernels/ComposeKernels.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 #include "platform/pictures/Parallel.h"
@@ -12,13 +13,23 @@ namespace {
 
 constexpr int kGrain = 64;
 
+/// Where of `size` positions, moved by `offset`, those begin and end that lie in 0 to `room`. The
+/// offset may be any number: it comes from files.
+struct Span {
+  Span(int size, int room, std::int64_t offset)
+      : first(static_cast<int>(std::clamp<std::int64_t>(-offset, 0, size))),
+        last(static_cast<int>(std::clamp<std::int64_t>(room - offset, 0, size))) {}
+  int first;
+  int last;
+};
+
 /// The part of a source drawn at an offset that falls on the target.
 struct Overlap {
-  Overlap(int targetWidth, int targetHeight, int sourceWidth, int sourceHeight, int x, int y)
-      : left(std::max(0, -x)),
-        top(std::max(0, -y)),
-        right(std::min(sourceWidth, targetWidth - x)),
-        bottom(std::min(sourceHeight, targetHeight - y)) {}
+  template <class Target, class Source>
+  Overlap(const Target& target, const Source& source, std::int64_t x, std::int64_t y)
+      : Overlap(Span(source.width, target.width, x), Span(source.height, target.height, y)) {}
+  Overlap(const Span& across, const Span& down)
+      : left(across.first), top(down.first), right(across.last), bottom(down.last) {}
 
   bool Empty() const { return left >= right || top >= bottom; }
   int left;
@@ -30,7 +41,7 @@ struct Overlap {
 }  // namespace
 
 void Compose(Pixels target, ConstPixels source, ConstGrey mask, int x, int y) {
-  const Overlap part(target.width, target.height, source.width, source.height, x, y);
+  const Overlap part(target, source, x, y);
   if (part.Empty()) return;
   const auto count = static_cast<std::size_t>(part.right - part.left);
   ParallelRows(part.bottom - part.top, kGrain, [&](int from, int to) {
@@ -47,7 +58,7 @@ void Compose(Pixels target, ConstPixels source, ConstGrey mask, int x, int y) {
 }
 
 void Compose(Grey target, ConstGrey source, int x, int y) {
-  const Overlap part(target.width, target.height, source.width, source.height, x, y);
+  const Overlap part(target, source, x, y);
   if (part.Empty()) return;
   for (int row = part.top; row < part.bottom; ++row) {
     std::memcpy(target.Row(row + y) + part.left + x, source.Row(row) + part.left,
@@ -56,17 +67,23 @@ void Compose(Grey target, ConstGrey source, int x, int y) {
 }
 
 void CopyArea(ConstPixels source, int x, int y, Pixels target) {
-  ParallelRows(target.height, kGrain, [&](int from, int to) {
-    for (int row = from; row < to; ++row) {
-      std::memcpy(target.Row(row), source.Row(row + y) + std::ptrdiff_t{4} * x,
-                  static_cast<std::size_t>(target.width) * 4);
+  const Overlap part(target, source, -std::int64_t{x}, -std::int64_t{y});
+  if (part.Empty()) return;
+  ParallelRows(part.bottom - part.top, kGrain, [&](int from, int to) {
+    for (int row = part.top + from; row < part.top + to; ++row) {
+      std::memcpy(target.Row(row - y) + std::ptrdiff_t{4} * (part.left - x),
+                  source.Row(row) + std::ptrdiff_t{4} * part.left,
+                  static_cast<std::size_t>(part.right - part.left) * 4);
     }
   });
 }
 
 void CopyArea(ConstGrey source, int x, int y, Grey target) {
-  for (int row = 0; row < target.height; ++row) {
-    std::memcpy(target.Row(row), source.Row(row + y) + x, static_cast<std::size_t>(target.width));
+  const Overlap part(target, source, -std::int64_t{x}, -std::int64_t{y});
+  if (part.Empty()) return;
+  for (int row = part.top; row < part.bottom; ++row) {
+    std::memcpy(target.Row(row - y) + part.left - x, source.Row(row) + part.left,
+                static_cast<std::size_t>(part.right - part.left));
   }
 }
 

@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "platform/pictures/Parallel.h"
+#include "platform/pictures/ToneTable.h"
 
 namespace brivolant::kernels {
 namespace {
@@ -125,7 +126,7 @@ void FillFadingDisc(Grey plane, double x, double y, double inner, double fade) {
         const double dx = column + 0.5 - x;
         const double beyond = std::sqrt(dx * dx + dy * dy) - inner;
         const double level = fade <= 0 ? (beyond <= 0 ? 255 : 0) : 255 - beyond * 255 / fade;
-        out[column] = static_cast<std::uint8_t>(std::clamp(level, 0.0, 255.0));
+        out[column] = ClampedLevel(level);
       }
     }
   });

@@ -3,6 +3,7 @@
 #include "platform/pictures/kernels/MaskKernels.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "platform/pictures/Parallel.h"
 #include "platform/pictures/kernels/LookKernels.h"
@@ -182,10 +183,13 @@ void LayColor(Pixels pixels, Color color, ConstGrey mask) {
 }
 
 void LayStamp(Pixels target, const Stamp& stamp, Color color, int x, int y, int from, int to) {
-  const int left = std::max(0, -x);
-  const int right = std::min(stamp.keep.width, target.width - x);
-  const int top = std::max(from, y);
-  const int bottom = std::min(to, y + stamp.keep.height);
+  const std::int64_t far = x;
+  const auto left = static_cast<int>(std::clamp<std::int64_t>(-far, 0, stamp.keep.width));
+  const auto right =
+      static_cast<int>(std::clamp<std::int64_t>(target.width - far, 0, stamp.keep.width));
+  const int top = std::max({from, y, 0});
+  const auto bottom = static_cast<int>(
+      std::min<std::int64_t>({to, std::int64_t{y} + stamp.keep.height, target.height}));
   if (left >= right) return;
   for (int row = top; row < bottom; ++row) {
     HWY_DYNAMIC_DISPATCH(StampPixels)

@@ -69,6 +69,10 @@ HWY_EXPORT(SumPixels);
 
 ScalePlan::ScalePlan(int sourceSize, double from, double extent, int targetSize) {
   constexpr int kUnit = 16384;
+  // Farther away there is only border.
+  constexpr double kFarthest = 1 << 29;
+  from = std::isfinite(from) ? std::clamp(from, -kFarthest, kFarthest) : 0;
+  extent = std::isfinite(extent) ? std::clamp(extent, 0.0, kFarthest) : sourceSize;
   const double step = extent / targetSize;
   const double reach = std::max(1.0, step);
   taps_ = std::min(sourceSize, static_cast<int>(std::ceil(reach)) * 2 + 1);

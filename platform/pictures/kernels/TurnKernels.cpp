@@ -190,7 +190,7 @@ void RotateAnyAngle(ConstGrey source, Grey target, double degrees, std::uint8_t 
         const double dx = x - (target.width - 1) / 2.0;
         const double sx = (source.width - 1) / 2.0 + dx * c + dy * s;
         const double sy = (source.height - 1) / 2.0 - dx * s + dy * c;
-        if (sx <= -1 || sy <= -1 || sx >= source.width || sy >= source.height) {
+        if (!(sx > -1 && sy > -1 && sx < source.width && sy < source.height)) {
           target.Row(y)[x] = outside;
           continue;
         }

@@ -18,8 +18,11 @@ namespace {
 constexpr int kGrain = 16;
 constexpr double kDegree = std::numbers::pi / 180;
 
+/// No line is longer: the sums stay within 32 bits.
+constexpr double kFarthest = 1 << 20;
+
 /// A running mean along the digital lines y = b + slope * x, |slope| at most 1: every pixel lies
-/// on one of them. `reach` pixels of x on each side.
+/// on one of them. `reach` pixels of x on each side, 0 to kFarthest.
 void BlurAlongFlatLines(ConstPixels source, Pixels target, double slope, int reach) {
   const int width = source.width;
   const int height = source.height;
@@ -31,7 +34,9 @@ void BlurAlongFlatLines(ConstPixels source, Pixels target, double slope, int rea
   const int highest = std::max(0, rise.back());
   const int lines = height + highest - lowest;
   const std::uint32_t count = 2 * static_cast<std::uint32_t>(reach) + 1;
-  const std::uint32_t inverse = (1U << 24) / count;
+  const std::uint64_t inverse = (std::uint64_t{1} << 32U) / count;
+  // Of the line through the first pixel, those that lie inside and to its right.
+  const int inside = std::min(reach, width - 1);
   ParallelRows(lines, kGrain, [&](int from, int to) {
     for (int line = from; line < to; ++line) {
       const int b = line - highest;
@@ -42,15 +47,17 @@ void BlurAlongFlatLines(ConstPixels source, Pixels target, double slope, int rea
         return source.Row(y) + std::ptrdiff_t{4} * x;
       };
       std::uint32_t sum[3] = {count / 2, count / 2, count / 2};
-      for (int x = -reach; x <= reach; ++x) {
-        for (int k = 0; k < 3; ++k) sum[k] += pixel(x)[k];
+      for (int k = 0; k < 3; ++k) {
+        sum[k] += static_cast<std::uint32_t>(reach) * pixel(0)[k];
+        sum[k] += static_cast<std::uint32_t>(reach - inside) * pixel(width - 1)[k];
+        for (int x = 0; x <= inside; ++x) sum[k] += pixel(x)[k];
       }
       for (int x = 0; x < width; ++x) {
         const int y = b + rise[static_cast<std::size_t>(x)];
         if (y >= 0 && y < height) {
           std::uint8_t* out = target.Row(y) + std::ptrdiff_t{4} * x;
           for (int k = 0; k < 3; ++k) {
-            out[k] = static_cast<std::uint8_t>(std::uint64_t{sum[k]} * inverse >> 24);
+            out[k] = static_cast<std::uint8_t>(sum[k] * inverse >> 32U);
           }
           out[3] = 255;
         }
@@ -65,8 +72,9 @@ void BlurAlongFlatLines(ConstPixels source, Pixels target, double slope, int rea
 }  // namespace
 
 void MotionBlurAlongLine(ConstPixels source, Pixels target, double length, double degrees) {
-  double angle = std::fmod(degrees, 180);
+  double angle = std::isfinite(degrees) ? std::fmod(degrees, 180) : 0;
   if (angle < 0) angle += 180;
+  length = std::min(std::max(0.0, length), 2 * kFarthest);
   const double dx = std::cos(angle * kDegree);
   const double dy = std::sin(angle * kDegree);
   if (std::abs(dx) >= std::abs(dy)) {
@@ -96,6 +104,8 @@ void Scatter(ConstPixels source, Pixels target, double radius, double grain, std
     int y;
   };
   std::vector<Place> places(kPlaces);
+  // Farther than the picture is wide and high, all is its border.
+  radius = std::min(std::max(0.0, radius), 1.0 * source.width + source.height);
   for (int i = 0; i < kPlaces; ++i) {
     const double distance = radius * std::sqrt((i + 0.5) / kPlaces);
     places[static_cast<std::size_t>(i)] = {
@@ -164,6 +174,9 @@ class BrightnessClasses {
 }  // namespace
 
 void PaintInOil(ConstPixels source, Pixels target, int radius, int levels) {
+  // The sums of a class stay within 32 bits.
+  constexpr int kWidest = 1024;
+  radius = std::clamp(radius, 0, kWidest);
   ParallelRows(target.height, kGrain, [&](int from, int to) {
     BrightnessClasses classes(levels);
     for (int y = from; y < to; ++y) {
