@@ -68,8 +68,9 @@ class PngReader {
   PngReader(const PngReader&) = delete;
   PngReader& operator=(const PngReader&) = delete;
 
-  /// Reads what stands before the pixels. `file` is null for `bytes`.
-  bool ReadHeader(std::FILE* file, std::string_view bytes) {
+  /// Reads what stands before the pixels. `file` is null for `bytes`. `piece` is how many bytes of
+  /// the pixels' data are asked for at once, 0 for as many as is quick.
+  bool ReadHeader(std::FILE* file, std::string_view bytes, std::size_t piece = 0) {
     progress_.file = file;
     progress_.bytes = bytes;
     png_ = png_create_read_struct(PNG_LIBPNG_VER_STRING, &progress_, OnError, OnWarning);
@@ -80,6 +81,7 @@ class PngReader {
     png_set_user_limits(png_, PNG_UINT_31_MAX, PNG_UINT_31_MAX);
     // A wrong sum says that something is wrong, not that the pixels are worth nothing.
     png_set_crc_action(png_, PNG_CRC_WARN_USE, PNG_CRC_WARN_DISCARD);
+    if (piece > 0) png_set_compression_buffer_size(png_, piece);
     png_set_read_fn(png_, &progress_, Read);
     png_read_info(png_, info_);
     // The unused byte of a picture's pixels is always full.
@@ -333,12 +335,20 @@ Expected<DecodedImage> DecodeRest(const FolderItem& file, PngReader& png, int lo
 }
 
 Expected<DecodedImage> DecodeFile(const FolderItem& file, int longest) {
-  const File stream(std::fopen(file.Path().c_str(), "rbe"));
-  PngReader png;
-  if (!stream || !png.ReadHeader(stream.get(), {})) {
-    return Expected<DecodedImage>::Failure(CodecMessage(codecTexts::kUnreadable, file));
+  // The library takes nothing of a piece that is cut off, so where the file ends small ones show
+  // more rows.
+  constexpr std::size_t kSmall = 64;
+  Expected<DecodedImage> image;
+  for (const std::size_t piece : {std::size_t{0}, kSmall}) {
+    const File stream(std::fopen(file.Path().c_str(), "rbe"));
+    PngReader png;
+    if (!stream || !png.ReadHeader(stream.get(), {}, piece)) {
+      return Expected<DecodedImage>::Failure(CodecMessage(codecTexts::kUnreadable, file));
+    }
+    image = DecodeRest(file, png, longest);
+    if (!png.Ended() || DecodeCancellation::Requested()) break;
   }
-  return DecodeRest(file, png, longest);
+  return image;
 }
 
 class PngSource final : public ImageSource {
