@@ -95,7 +95,7 @@ class MenuIndex {
   void Read(const Variant& stored, int fallback) {
     const double number = stored.ToDouble();
     *this = std::isnan(number) ? fallback : stored.ToInt();
-    if (stored.IsNumber() && value_ < 0) stored_ = stored;
+    if (stored.IsNumber() && (value_ < 0 || std::isnan(number))) stored_ = stored;
   }
   Variant Stored() const { return stored_; }
   Range<int> Safe() const { return {-1, items_ - 1}; }

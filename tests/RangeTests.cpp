@@ -137,6 +137,7 @@ TEST(Ranges, AllNumbersOfAModuleTogether) {
 
 TEST(Ranges, AreWiderThanTheSlidersAndEndWithThem) {
   ForEachModule([](effectModule& module) {
+    const Dictionary fresh = module.Settings();
     for (int row = 0; row < module.ControlCount(); ++row) {
       if (module.Control(row).Type != kControlSlider) continue;
       SCOPED_TRACE(module.Control(row).Caption);
@@ -164,7 +165,7 @@ TEST(Ranges, AreWiderThanTheSlidersAndEndWithThem) {
         if (parameter->Safe() && parameter->Stored() == parameter->Rendered()) ++moved;
       }
       EXPECT_EQ(moved, 1);
-      module.ResetSettings();
+      module.Settings(fresh);
     }
   });
 }
@@ -205,7 +206,7 @@ TEST(Ranges, ReadKeepAndAssign) {
                                       {Variant(kNaN), 1}}) {
     menu.Read(stored, 1);
     EXPECT_EQ(menu, reads) << stored.ToText();
-    if (reads < 0) EXPECT_EQ(menu.Stored(), stored);
+    EXPECT_EQ(menu.Stored(), stored);
   }
 }
 
@@ -253,7 +254,9 @@ TEST_F(Stacks, RenderWhatOnceCrashedHungOrDidNothing) {
       const std::string style = processor.StyleData();
       const Picture shown = processor.Process(photo, {});
       ASSERT_EQ(shown.Width(), photo.Width());
-      EXPECT_GT(LargestDifference(shown, photo), 8) << "the effect is there";
+      // A layer that was moved away leaves the other to be seen, any other effect is there.
+      const bool away = stack == kForeground && std::string_view(c.name) == "Scale Layer";
+      EXPECT_EQ(LargestDifference(shown, photo) > 8, !away);
       // What was stored comes back from the style, byte for byte.
       processor.Reset();
       (void)processor.StyleData(style);
