@@ -19,6 +19,8 @@ namespace {
 
 /// Milliseconds after which a slow listing shows what it has.
 constexpr qint64 kPart = 250;
+/// Most of them wait for a disk.
+constexpr int kThreads = 8;
 /// Entries between two looks at whether the listing is still wanted.
 constexpr std::size_t kLook = 512;
 
@@ -55,6 +57,16 @@ FileFacts FolderLister::FactsOf(int folder, const char* entry,
     }
   }
   return facts;
+}
+
+QThreadPool& FolderLister::Threads() {
+  // Never destroyed: whoever reads a dead disk may still do so when the program ends.
+  static QThreadPool* const threads = [] {
+    auto* pool = new QThreadPool;
+    pool->setMaxThreadCount(kThreads);
+    return pool;
+  }();
+  return *threads;
 }
 
 struct FolderLister::Work {
@@ -113,7 +125,7 @@ void FolderLister::List(const FolderItem& folder, const Order& order, int patien
   Stop();
   auto work = std::make_shared<Work>();
   work_ = work;
-  QThreadPool::globalInstance()->start([this, work, folder, order] {
+  Threads().start([this, work, folder, order] {
     Read(folder, order, [&](std::vector<BrowserRows::Row> rows, bool done) {
       const std::lock_guard lock(work->mutex);
       if (work->stopped) return false;

@@ -8,6 +8,8 @@
 
 #include "browser/BrowserRows.h"
 
+class QThreadPool;
+
 namespace brivolant {
 
 /// Lists a folder on another thread and hands its rows over in their order: at once if it is
@@ -32,6 +34,10 @@ class FolderLister final : public QObject {
 
   /// Sorted rows with their keys; `done` with the last part. Raised on the thread of the object.
   std::function<void(std::vector<BrowserRows::Row> rows, bool done)> Listed;
+
+  /// The threads that folders and disks are read on. Not the ones that all share: the toolkit
+  /// paints large areas on those, and a disk that does not answer would hold up the windows.
+  static QThreadPool& Threads();
 
   /// What a folder knows of one of its entries; `folder` is its descriptor.
   static FileFacts FactsOf(int folder, const char* name, const std::string& documentExtension);

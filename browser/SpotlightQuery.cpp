@@ -117,7 +117,7 @@ void SpotlightQuery::Run() {
   work_->documentExtension = DocumentExtension;
   for (const FolderItem& root : Roots) work_->folders.push_back(root.ShellPath());
   work_->since.start();
-  QThreadPool::globalInstance()->start([work = work_] { Search(work); });
+  FolderLister::Threads().start([work = work_] { Search(work); });
 }
 
 void SpotlightQuery::Search(const std::shared_ptr<Work>& work) {

@@ -10,6 +10,7 @@
 #include "BrowsingHelpers.h"
 #include "app/QuickLookWindow.h"
 #include "app/ToolButtons.h"
+#include "browser/FolderLister.h"
 #include "browser/ui/ColumnPreview.h"
 #include "effects/styles/OneClickWonder.h"
 #include "kit/ifkSplitter.h"
@@ -87,27 +88,20 @@ TEST(Columns, DocumentsAndStylesTellWhoMadeThem) {
 class BusyThreads {
  public:
   BusyThreads() {
-    QThreadPool& pool = *QThreadPool::globalInstance();
-    for (int i = 0; i < pool.maxThreadCount(); ++i) {
-      pool.start([this] {
-        QSemaphoreReleaser back(ended_);
-        go_.acquire();
-        go_.release();
-      });
+    for (int i = 0; i < threads_.maxThreadCount(); ++i) {
+      threads_.start([this] { go_.acquire(); });
     }
-    count_ = pool.maxThreadCount();
   }
   ~BusyThreads() {
-    go_.release();
-    ended_.acquire(count_);
+    go_.release(threads_.maxThreadCount());
+    threads_.waitForDone();
   }
   BusyThreads(const BusyThreads&) = delete;
   BusyThreads& operator=(const BusyThreads&) = delete;
 
  private:
+  QThreadPool& threads_ = FolderLister::Threads();
   QSemaphore go_;
-  QSemaphore ended_;
-  int count_ = 0;
 };
 
 TEST(Columns, APreviewStaysWhileAChangedFolderIsReadSlowly) {
