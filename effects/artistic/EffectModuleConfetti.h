@@ -48,7 +48,7 @@ class EffectModuleConfetti final : public effectModule {
   CheckBoxParameter RandomColor{*this, {"RandomColor", false, false}, kRandomColor};
   OwnColor StarColor{*this, RandomColor};
   SliderParameter<float> maxSize{
-      *this, {"maxSize", 1, 1, {-20, 20}}, {EffectModuleSharedConstants::kMaxSize, {.divide = 25}}};
+      *this, {"maxSize", 1, 1, {0, 20}}, {EffectModuleSharedConstants::kMaxSize, {.divide = 25}}};
 
   SeedParameter Seed{*this};
 
