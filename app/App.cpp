@@ -221,26 +221,34 @@ void App::ShowPreferences() {
 }
 
 bool App::OfferRecovery() {
-  const std::optional<RecoveredEdits> left = recovery_->Left();
-  if (!left) {
-    recovery_->Forget();
-    return false;
+  // One document is open at a time: what is not brought back now is offered at the next start.
+  for (const RecoveredEdits& left : recovery_->Left()) {
+    const Answer answer =
+        dialogs_->Ask({WithPlaceholders(kRecoverMessage.Text(), {{"<filename>", left.Name}}),
+                       kRecoverExplanation.Text(),
+                       kRecover.Text(),
+                       {},
+                       kGiveUp.Text()});
+    if (answer == Answer::kAlternate) {
+      recovery_->GiveUp(left);
+    } else if (window_->OpenRecovered(left)) {
+      recovery_->Adopt(left);
+      return true;
+    }
+    // What could not be opened, because its disk is away or its folder cannot be read, stays.
   }
-  const Answer answer =
-      dialogs_->Ask({WithPlaceholders(kRecoverMessage.Text(), {{"<filename>", left->Name}}),
-                     kRecoverExplanation.Text(),
-                     kRecover.Text(),
-                     {},
-                     kGiveUp.Text()});
-  // Only a clear answer gives edits up. Either way the next start asks no more.
-  const bool back = answer != Answer::kAlternate && window_->OpenRecovered(*left);
-  if (!back) recovery_->Forget();
-  return back;
+  return false;
 }
 
 void App::RemoveLeftovers() {
+  const std::vector<RecoveredEdits> waiting = recovery_->Left();
   for (const FolderItem& item : otherSharedComponents::userElementsFolder().Children()) {
-    if (!item.Name().starts_with(".CleanOnQuit-")) continue;
+    if (!item.Name().starts_with(".CleanOnQuit-") || CleanOnQuit::InUse(item)) continue;
+    // A photo from the clipboard may lie nowhere else.
+    const bool needed = std::any_of(waiting.begin(), waiting.end(), [&](const auto& edits) {
+      return edits.Package.ShellPath().starts_with(item.ShellPath() + "/");
+    });
+    if (needed) continue;
     if (item.DeleteFolder()) log_.Write("Not deleted: " + item.DisplayName());
   }
 }

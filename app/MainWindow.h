@@ -16,6 +16,7 @@
 #include "engine/EffectModuleControl.h"
 #include "engine/brivolantProcessorLite.h"
 #include "files/FolderitemExtensions.h"
+#include "formats/PastedFiles.h"
 #include "kit/ColorPanelBridge.h"
 #include "kit/ifkWindow.h"
 #include "platform/values/Text.h"
@@ -92,6 +93,10 @@ class MainWindow final : public ifkWindow {
   static constexpr LocalizedText kCannotReplace{
       "MainWindow.kCannotReplace",
       "The file \"<filename>\" cannot be replaced: it could not be moved to the trash."};
+  static constexpr LocalizedText kPicturesNotBack{
+      "MainWindow.kPicturesNotBack",
+      "The pictures that lay over the photo could not be brought back. They are kept for the next "
+      "start."};
   static constexpr LocalizedText kNotSaved{"MainWindow.kNotSaved",
                                            "The picture \"<filename>\" was not saved."};
   // What an entry of the history is called.
@@ -461,6 +466,7 @@ class MainWindow final : public ifkWindow {
   std::unique_ptr<StyleTiles> hoverTile_;
   /// Of which the tiles are, and those that are ready by the styles' IDs.
   Picture tilesOf_;
+  PastedFiles tilesPasted_;
   std::map<std::string, QImage> readyTiles_;
   /// The style that the photo is shown in for as long as the pointer rests on it.
   std::string hoverID_;

@@ -273,7 +273,11 @@ bool MainWindow::OpenRecovered(const RecoveredEdits& edits) {
                                                   document->lastErrorMessage, app_.Dialogs());
     return false;
   }
-  edits.ApplyTo(*document);
+  if (!edits.ApplyTo(*document)) {
+    // Without its pictures it would be saved as less than it was.
+    app_.Dialogs().Message(kPicturesNotBack.Text(), document->Name);
+    return false;
+  }
   if (!StartSession(std::move(document), true)) return false;
   SetDirty(true);
   return true;

@@ -145,12 +145,14 @@ void MainWindow::RefreshTiles() {
   if (!tiles_) return;
   if (!document_) return tiles_->Photo({}, {});
   const Picture& base = document_->PreviewBase;
-  if (base.IsNil() || base.SharesPixelsWith(tilesOf_)) return;
+  PastedFiles pasted = document_->PastedImages();
+  if (base.IsNil() || (base.SharesPixelsWith(tilesOf_) && pasted == tilesPasted_)) return;
   tilesOf_ = base;
+  tilesPasted_ = pasted;
   readyTiles_.clear();
   const int side = kTileDetail * TileSide();
   tiles_->Photo(SharedPictureEffects::Scale(base, side, side, SharedPictureEffects::kScaleToFit),
-                document_->PastedImages());
+                std::move(pasted));
   OrderTiles();
 }
 

@@ -14,8 +14,8 @@
 #include "files/FolderitemExtensions.h"
 #include "kit/InterfaceKitSupport.h"
 #include "platform/codecs/ImageCodecs.h"
+#include "platform/files/WorkingName.h"
 #include "platform/values/Captions.h"
-#include "platform/values/SharedComponents.h"
 
 namespace brivolant::SaveAsCopy {
 namespace {
@@ -29,12 +29,6 @@ constexpr int kSilence = 300;
 constexpr int kLook = 50;
 /// The share of rendering in the whole; the rest is writing.
 constexpr double kRendering = 0.8;
-
-FolderItem Beside(const FolderItem& file, Random& random) {
-  std::string name(1, '.');
-  name.append(otherSharedComponents::NewGUID(random)).append("-").append(file.Name());
-  return file.Parent().Child(name);
-}
 
 }  // namespace
 
@@ -50,7 +44,7 @@ Outcome Run(const Job& job, const Services& services, const std::function<bool(d
     error = CodecMessage(codecTexts::kNoMemory, job.File);
     return Outcome::kFailed;
   }
-  const FolderItem working = job.File.Exists() ? Beside(job.File, services.Random) : job.File;
+  const FolderItem working = job.File.Exists() ? WorkingName::Beside(job.File, true) : job.File;
   const std::array<EncodeImage, 1> images{{{result, job.Quality}}};
   error = EncodeImageFile(working, job.Type, images);
   if (!error.empty()) return Outcome::kFailed;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "formats/BrivolantDocument.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -79,6 +81,14 @@ bool BrivolantDocument::CreateFromFile(const FolderItem& file) {
   MakeTemporaryPackage();
   Dirty = false;
   return tFile.Exists();
+}
+
+std::string BrivolantDocument::StateOf(const FolderItem& document) {
+  if (document.Directory()) return ReadFile(document.Child(kSettingsName)).value_or(std::string());
+  struct stat status {};
+  if (document.IsNil() || stat(document.Path().c_str(), &status) != 0) return {};
+  return std::to_string(status.st_size) + " bytes, " + std::to_string(status.st_mtim.tv_sec) + "." +
+         std::to_string(status.st_mtim.tv_nsec);
 }
 
 FolderItem BrivolantDocument::OriginalFile() const {

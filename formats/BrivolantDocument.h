@@ -81,6 +81,11 @@ class BrivolantDocument {
   /// Those that no package holds yet.
   PastedFiles SessionImages() const;
 
+  /// What stood at File when it was last read or written here, so that Save notices when another
+  /// program changes it. Kept with edits that are brought back later.
+  const std::string& StateOnDisk() const { return stateOnDisk_; }
+  void StateOnDisk(std::string state) { stateOnDisk_ = std::move(state); }
+
   std::string Name;
   std::string Creator;
   std::string ContactLink;
@@ -149,10 +154,16 @@ class BrivolantDocument {
   bool WritePreviews(const FolderItem& package);
   /// Brings the pasted pictures that the style names into a package.
   bool WritePictures(const FolderItem& package) const;
+  /// True if all pictures that the style names can be had, or the user does without.
+  bool PicturesAreThere() const;
   /// Takes out of the saved package what its stacks no longer name; the session keeps it.
   void DropPictures(const FolderItem& package);
   bool KeepForSession(std::string_view name, const FolderItem& file);
+  /// What stands there: a package's settings, or size and time of a file; empty for nothing.
+  static std::string StateOf(const FolderItem& document);
   bool MayReplace(const FolderItem& package) const;
+  /// False if a package that another program made of a one-file document names no original.
+  bool KnowOriginal(const FolderItem& package);
   std::string SettingsBytes() const;
 
   /// What the scaled pictures of the previews depend on.
@@ -183,8 +194,7 @@ class BrivolantDocument {
     PastedFiles Files;
   };
   mutable std::optional<Listing> listed_;
-  /// The settings of the package as they were last read or written here; empty without one.
-  std::string settingsOnDisk_;
+  std::string stateOnDisk_;
   /// The style that the package holds.
   std::string savedStyle_;
   Picture tempImageStorage_;

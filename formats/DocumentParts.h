@@ -50,6 +50,12 @@ inline constexpr LocalizedText kNoTemporaryPackage{
 inline constexpr LocalizedText kPicturesNotSaved{
     "BrivolantDocument.kPicturesNotSaved",
     "The pictures that lie over the photo could not be copied into the document."};
+inline constexpr LocalizedText kPicturesGone{
+    "BrivolantDocument.kPicturesGone",
+    "A picture that lies over the photo \"<filename>\" cannot be found any more."};
+inline constexpr LocalizedText kPicturesGoneExplanation{
+    "BrivolantDocument.kPicturesGoneExplanation",
+    "The document can be saved without it. If its disk is away, connect it first."};
 inline constexpr LocalizedText kChangedOnDisk{
     "BrivolantDocument.kChangedOnDisk",
     "The document \"<filename>\" was changed by another program since it was opened here."};

@@ -6,8 +6,11 @@
 #include "formats/BrivolantDocument.h"
 #include "formats/DocumentParts.h"
 #include "platform/files/AtomicFile.h"
+#include "platform/values/Captions.h"
 
 namespace brivolant {
+
+using namespace documentTexts;
 
 /// A copy of a picture for as long as someone holds it.
 class BrivolantDocument::SessionPicture {
@@ -106,12 +109,27 @@ PastedFiles BrivolantDocument::SessionImages() const {
   return files;
 }
 
+bool BrivolantDocument::PicturesAreThere() const {
+  const PastedFiles files = PastedImages();
+  const bool whole = std::all_of(files.begin(), files.end(), [&](const auto& entry) {
+    return !Wanted(entry.first, StyleData) || entry.second.Exists();
+  });
+  if (whole) return true;
+  const Question question{WithPlaceholders(kPicturesGone.Text(), {{"<filename>", Name}}),
+                          kPicturesGoneExplanation.Text(),
+                          Captions::kSave.Text(),
+                          Captions::kCancel.Text(),
+                          {}};
+  return services_.Dialogs.Ask(question) == Answer::kAction;
+}
+
 bool BrivolantDocument::WritePictures(const FolderItem& package) const {
   const PastedFiles files = PastedImages();
   return std::all_of(files.begin(), files.end(), [&](const auto& entry) {
     const auto& [name, file] = entry;
     const FolderItem place = package.Child(name);
-    return !Wanted(name, StyleData) || file == place || !CopyFileAtomically(file, place);
+    return !Wanted(name, StyleData) || file == place || !file.Exists() ||
+           !CopyFileAtomically(file, place);
   });
 }
 

@@ -49,7 +49,10 @@ bool BrivolantDocument::Load(const FolderItem& file) {
   }
   if (file.Directory() ? !LoadPackage(file) : !LoadOneFile(file)) return false;
   File = file;
+  stateOnDisk_ = StateOf(file);
   listed_.reset();
+  // What was there when it was opened is what a save must bring along.
+  (void)PastedImages();
   return true;
 }
 
@@ -71,7 +74,6 @@ bool BrivolantDocument::LoadPackage(const FolderItem& file) {
     lastErrorMessage = WrongData(file);
     return false;
   }
-  settingsOnDisk_ = *bytes;
   savedStyle_ = StyleData;
   const FolderItem thumbnail = file.Child(kThumbnailName);
   if (thumbnail.Exists()) {

@@ -82,16 +82,17 @@ bool BrivolantDocument::Save(const FolderItem& file) {
     tFile = {};
   }
   bool complete = true;
+  if (!PicturesAreThere() || !MayReplace(target)) {
+    Dirty = true;
+    return false;
+  }
   if (!target.Directory()) {
     if (!CreatePackage(target)) {
       services_.Dialogs.Message(kNotCreated.Text(), target.DisplayName());
       Dirty = true;
       return false;
     }
-  } else if (!MayReplace(target)) {
-    Dirty = true;
-    return false;
-  } else if (!WritePictures(target)) {
+  } else if (!KnowOriginal(target) || !WritePictures(target)) {
     services_.Dialogs.Message(kPicturesNotSaved.Text(), target.DisplayName());
     Dirty = true;
     return false;
@@ -108,12 +109,13 @@ bool BrivolantDocument::Save(const FolderItem& file) {
     Dirty = !complete;
   }
   if (complete && target == File) {
-    settingsOnDisk_ = SettingsBytes();
+    stateOnDisk_ = StateOf(File);
     savedStyle_ = StyleData;
   }
   FileDataVersion = kVersion;
   midSizePreview_.reset();
   listed_.reset();
+  (void)PastedImages();
   WorkingName::Sweep(target.Parent());
   return complete;
 }
@@ -126,17 +128,31 @@ bool BrivolantDocument::CreatePackage(const FolderItem& target) {
   const std::string mark = std::string(InternalFileTypes::BrivolantPhotosDocument.MacType) +
                            std::string(InternalFileTypes::kCreator);
   if (WriteFileAtomically(contents.Child("PkgInfo"), mark)) return false;
-  if (!WriteOriginal(package) || !WritePictures(package) || !WriteSettings(package) ||
-      !WritePreviews(package)) {
-    return false;
+  // The name of the original is this document's only once the package stands.
+  const std::string before = OriginalImageID;
+  if (WriteOriginal(package) && WritePictures(package) && WriteSettings(package) &&
+      WritePreviews(package) && PutInPlace(package, target)) {
+    return true;
   }
-  return PutInPlace(package, target);
+  OriginalImageID = before;
+  return false;
+}
+
+bool BrivolantDocument::KnowOriginal(const FolderItem& package) {
+  if (!OriginalImageID.empty()) return true;
+  // It was opened as one file, and another program made the package meanwhile: its original is
+  // ours.
+  BrivolantDocument other(services_);
+  if (!other.Load(package) || !other.OriginalFile().Exists()) return false;
+  OriginalImageID = other.OriginalImageID;
+  return true;
 }
 
 bool BrivolantDocument::WriteOriginal(const FolderItem& package) {
   // A saved document that is saved elsewhere brings its own original along.
-  FolderItem source = originalImageFile;
-  if (!source.Exists()) source = OriginalFile();
+  // The file that it was made from may have been replaced since.
+  FolderItem source = OriginalFile();
+  if (!source.Exists()) source = originalImageFile;
   if (source.Exists()) {
     // Settings are UTF-8, so the name that they give must be.
     std::string name = EnsureUTF8(source.Name());
@@ -151,7 +167,7 @@ bool BrivolantDocument::WriteOriginal(const FolderItem& package) {
     }
     // The image may have the name of one of the package's own parts.
     if (!IsFreeName(name, {})) name = "Original-" + name;
-    if (source.CopyFileTo(package.Child(name))) return false;
+    if (CopyFileAtomically(source, package.Child(name))) return false;
     OriginalImageID = name;
     return true;
   }
@@ -201,9 +217,9 @@ bool BrivolantDocument::WriteSettings(const FolderItem& package) {
 }
 
 bool BrivolantDocument::MayReplace(const FolderItem& package) const {
-  if (settingsOnDisk_.empty() || !(package == File)) return true;
-  const auto now = ReadFile(package.Child(kSettingsName));
-  if (!now || *now == settingsOnDisk_) return true;
+  if (stateOnDisk_.empty() || !(package == File)) return true;
+  const std::string now = StateOf(package);
+  if (now.empty() || now == stateOnDisk_) return true;
   const Question question{
       WithPlaceholders(kChangedOnDisk.Text(), {{"<filename>", package.DisplayName()}}),
       kChangedOnDiskExplanation.Text(),

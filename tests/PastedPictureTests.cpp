@@ -5,8 +5,10 @@
 #include "Helpers.h"
 #include "app/core/Recovery.h"
 #include "formats/BrivolantDocument.h"
+#include "formats/IFFData.h"
 #include "formats/PictureStrings.h"
 #include "platform/files/AtomicFile.h"
+#include "platform/files/BinaryStream.h"
 
 namespace brivolant::test {
 namespace {
@@ -125,7 +127,7 @@ TEST(PastedPictures, ComeAlongWhenTheDocumentIsSavedElsewhere) {
   EXPECT_FALSE(document.PastedImage(kSecond).Delete());
   EXPECT_FALSE(document.Save());
   EXPECT_TRUE(document.Dirty);
-  EXPECT_EQ(s.asked.messages.size(), 1U);
+  EXPECT_EQ(s.asked.questions.size(), 1U);
   EXPECT_EQ(s.Bytes(s.package.Child("Settings")), settings);
 }
 
@@ -188,17 +190,98 @@ TEST(PastedPictures, AreKeptWithEditsThatWereNotSaved) {
     ASSERT_TRUE(recovery.Keep(document, kFirst));
     // The program ends here, and its temporary files with it.
   }
+  // Meanwhile another program saves the document.
+  {
+    BrivolantDocument there(s.own);
+    ASSERT_TRUE(there.Load(s.package));
+    there.Rotation = 1;
+    ASSERT_TRUE(there.Save());
+  }
   Recovery recovery(data, s.log);
   const auto left = recovery.Left();
-  ASSERT_TRUE(left);
+  ASSERT_EQ(left.size(), 1U);
   BrivolantDocument document(s.own);
   ASSERT_TRUE(document.Load(s.package));
-  left->ApplyTo(document);
-  recovery.Forget();
+  ASSERT_TRUE(left.front().ApplyTo(document));
+  recovery.Adopt(left.front());
   EXPECT_EQ(s.Bytes(document.PastedImage(kFirst)), bytes);
-  EXPECT_THAT(data.Children(), IsEmpty());
+  EXPECT_FALSE(document.Save()) << "the edits were made on what was there before";
+  EXPECT_EQ(s.asked.questions.size(), 1U);
+  s.asked.answer = Answer::kAction;
   ASSERT_TRUE(document.Save());
+  recovery.Forget();
+  EXPECT_THAT(data.Child("Unsaved").Children(), IsEmpty());
   EXPECT_EQ(s.Bytes(s.package.Child(kFirst)), bytes);
+  // A picture that cannot be taken is told, so that nobody forgets the edits.
+  EXPECT_FALSE(left.front().ApplyTo(document));
+}
+
+TEST(PastedPictures, ThatAreGoneAreToldBeforeTheDocumentIsSaved) {
+  Saved s;
+  {
+    BrivolantDocument document(s.own);
+    ASSERT_TRUE(document.Load(s.package));
+    ASSERT_TRUE(document.PastedImage(kFirst, s.Picture("a.png", 1)));
+    document.StyleData = kFirst;
+    ASSERT_TRUE(document.Save());
+  }
+  BrivolantDocument document(s.own);
+  ASSERT_TRUE(document.Load(s.package));
+  EXPECT_FALSE(s.package.Child(kFirst).Delete());
+  document.Rotation = 1;
+  EXPECT_FALSE(document.Save());
+  ASSERT_EQ(s.asked.questions.size(), 1U);
+  s.asked.answer = Answer::kAction;
+  EXPECT_TRUE(document.Save());
+}
+
+TEST(Document, AOneFileDocumentKeepsItsOriginalWhenASaveFails) {
+  Saved s;
+  const std::string image = PngExporter().SaveToString(TestPicture(30, 20));
+  IFFData data;
+  data.Add(8, "old");
+  ByteWriter file;
+  file.Bytes(image);
+  file.UInt8(3);
+  file.Bytes(data.Data());
+  file.UInt32(static_cast<std::uint32_t>(data.Data().size() + 1));
+  file.Bytes("QMBPbrPh");
+  const FolderItem place = s.folder.Write("old.brvPhoto", file.Take());
+  BrivolantDocument document(s.own);
+  ASSERT_TRUE(document.Load(place));
+  ASSERT_FALSE(document.ImageOriginal().IsNil());
+  // A picture that cannot be read fails the save half-way.
+  ASSERT_TRUE(document.PastedImage(kFirst, s.Picture("a.png", 1)));
+  document.StyleData = kFirst;
+  const FolderItem picture = document.PastedImage(kFirst);
+  ASSERT_FALSE(picture.Delete());
+  ASSERT_FALSE(picture.CreateAsFolder());
+  const std::string before = s.Bytes(place);
+  EXPECT_FALSE(document.Save());
+  EXPECT_EQ(s.Bytes(place), before);
+  EXPECT_THAT(document.OriginalImageID, IsEmpty());
+  ASSERT_FALSE(picture.Delete());
+  s.asked.answer = Answer::kAction;
+  ASSERT_TRUE(document.Save());
+  ASSERT_TRUE(place.Directory());
+  EXPECT_TRUE(s.Bytes(place.Child(document.OriginalImageID)).starts_with(image))
+      << "the original, not a picture made of it";
+}
+
+TEST(Document, AOneFileDocumentThatBecameAPackageElsewhereKeepsThatOriginal) {
+  Saved s;
+  const FolderItem place = s.folder.Child("trip.brvPhoto");
+  BrivolantDocument document(s.own);
+  ASSERT_TRUE(document.Load(place));
+  const std::string id = document.OriginalImageID;
+  // As if it had been one file when it was opened.
+  document.OriginalImageID.clear();
+  document.StateOnDisk("100 bytes, 1.0");
+  EXPECT_FALSE(document.Save());
+  EXPECT_EQ(s.asked.questions.size(), 1U);
+  s.asked.answer = Answer::kAction;
+  EXPECT_TRUE(document.Save());
+  EXPECT_EQ(document.OriginalImageID, id);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "app/core/UndoHandler.h"
 #include "app/core/UpdateCheck.h"
 #include "formats/BrivolantDocument.h"
+#include "platform/files/AtomicFile.h"
 #include "platform/services/Preferences.h"
 
 namespace brivolant::test {
@@ -152,30 +153,51 @@ TEST(KeptEdits, SurviveAndForgetOnlyTheirOwn) {
   document.Rotation = 3;
   document.CropOffSet = {0.125, 0.25};
   Recovery recovery(data, s.log);
-  EXPECT_FALSE(recovery.Left());
+  EXPECT_TRUE(recovery.Left().empty());
   EXPECT_TRUE(recovery.Keep(document, std::string("style\0data", 10)));
-  const auto left = Recovery(data, s.log).Left();
-  ASSERT_TRUE(left);
+  EXPECT_TRUE(Recovery(data, s.log).Left().empty()) << "a program works on them";
+  const FolderItem set = data.Child("Unsaved").Children().front();
+  const auto bytes = *ReadFile(set.Child("Edits"));
+  recovery.Forget();
+  EXPECT_FALSE(set.Exists());
+  const auto write = [&](const char* name, const std::string& content) {
+    const FolderItem kept = data.Child("Unsaved").Child(name);
+    EXPECT_FALSE(kept.CreateAsFolder());
+    EXPECT_FALSE(WriteFileAtomically(kept.Child("Edits"), content));
+  };
+  write("old", bytes);
+  const auto found = Recovery(data, s.log).Left();
+  ASSERT_EQ(found.size(), 1U);
+  const RecoveredEdits* left = &found.front();
   EXPECT_EQ(left->Name, "New");
   EXPECT_EQ(left->StyleData, std::string("style\0data", 10));
   EXPECT_EQ(left->Rotation, 3);
   EXPECT_EQ(left->CropOffSet, (Pair{0.125, 0.25}));
   EXPECT_FALSE(left->Saved);
   EXPECT_EQ(left->Package, document.File);
-  recovery.Forget();
-  EXPECT_FALSE(Recovery(data, s.log).Left());
 
-  // Damaged or foreign notes count as nothing, and delete nothing.
-  const FolderItem precious = s.folder.Write("precious.jpg", "picture");
-  for (const std::string& note : {precious.ShellPath(), std::string("/nowhere"), std::string(),
-                                  s.folder.Write("bad.recovery", "no edits").ShellPath()}) {
-    s.folder.Write("data/Recovery", note);
-    Recovery other(data, s.log);
-    EXPECT_FALSE(other.Left());
-    other.Forget();
-    EXPECT_TRUE(precious.Exists());
-    EXPECT_FALSE(data.Child("Recovery").Exists());
+  // A session that takes them over forgets them when they are saved. Others stay, and what is no
+  // set counts as nothing.
+  write("bad", "no edits");
+  write("newer", bytes);
+  {
+    Recovery session(data, s.log);
+    session.Adopt(found.front());
+    EXPECT_EQ(Recovery(data, s.log).Left().size(), 1U);
+    session.Forget();
   }
+  const auto others = Recovery(data, s.log).Left();
+  ASSERT_EQ(others.size(), 1U);
+  EXPECT_EQ(others.front().Set.Name(), "newer");
+  Recovery session(data, s.log);
+  const FolderItem precious = s.folder.Child("precious");
+  ASSERT_FALSE(precious.CreateAsFolder());
+  RecoveredEdits strange;
+  strange.Set = precious;
+  session.GiveUp(strange);
+  EXPECT_TRUE(precious.Exists());
+  session.GiveUp(others.front());
+  EXPECT_TRUE(session.Left().empty());
 }
 
 }  // namespace

@@ -1,6 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "app/core/Recovery.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <ctime>
+#include <utility>
+
 #include "formats/BinaryDictionary.h"
 #include "formats/BrivolantDocument.h"
 #include "platform/files/AtomicFile.h"
@@ -8,12 +18,13 @@
 namespace brivolant {
 namespace {
 
-constexpr std::string_view kNote = "Recovery";
-constexpr std::string_view kFallback = "Edits.recovery";
+constexpr std::string_view kSets = "Unsaved";
+constexpr std::string_view kEdits = "Edits";
 constexpr std::string_view kPicture = "Pasted-";
 constexpr const char* kPackage = "Package";
 constexpr const char* kOriginal = "Original";
 constexpr const char* kSaved = "Saved";
+constexpr const char* kState = "StateOnDisk";
 constexpr const char* kName = "Name";
 constexpr const char* kStyle = "StyleData";
 constexpr const char* kCrop = "Crop";
@@ -32,6 +43,7 @@ Dictionary EditsOf(const BrivolantDocument& document, const std::string& styleDa
   edits.Value(kPackage, document.File.ShellPath());
   edits.Value(kOriginal, document.originalImageFile.ShellPath());
   edits.Value(kSaved, document.tFile.IsNil());
+  edits.Value(kState, document.StateOnDisk());
   edits.Value(kName, document.Name);
   edits.Value(kStyle, styleData);
   edits.Value(kCrop, document.Crop);
@@ -53,95 +65,42 @@ FolderItem FileAt(const Variant& path) {
   return text.empty() ? FolderItem() : FolderItem(text);
 }
 
-}  // namespace
-
-void RecoveredEdits::ApplyTo(BrivolantDocument& document) const {
-  document.StyleData = StyleData;
-  document.Crop = Crop;
-  document.CropOffSet = CropOffSet;
-  document.CropSize = CropSize;
-  document.Orientation = Orientation;
-  document.Rotation = Rotation;
-  document.Flip = Flip;
-  document.Name = Name;
-  for (const auto& [name, file] : Pasted) (void)document.PastedImage(name, file);
+/// Opens a set's folder and locks it; -1 if another program has it.
+int LockOf(const FolderItem& set) {
+  const int descriptor = open(set.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) return -1;
+  // A file system without locks is taken for free: the data folder is this user's.
+  if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+    close(descriptor);
+    return -1;
+  }
+  return descriptor;
 }
 
-Recovery::Recovery(FolderItem folder, Log& log) : folder_(std::move(folder)), log_(log) {}
-
-FolderItem Recovery::Note() const {
-  return folder_.Child(kNote);
+bool InUse(const FolderItem& set) {
+  const int lock = LockOf(set);
+  if (lock < 0) return true;
+  close(lock);
+  return false;
 }
 
-std::optional<PastedFiles> Recovery::KeepPictures(const PastedFiles& pictures) {
-  PastedFiles kept;
-  for (const auto& [name, file] : pictures) {
-    const FolderItem copy = folder_.Child(std::string(kPicture) + name);
-    // A name leads to one picture for good.
-    if (!copy.Exists() && CopyFileAtomically(file, copy)) return std::nullopt;
-    kept[name] = copy;
-  }
-  return kept;
+std::time_t WrittenAt(const FolderItem& file) {
+  struct stat status {};
+  return stat(file.Path().c_str(), &status) == 0 ? status.st_mtim.tv_sec : 0;
 }
 
-bool Recovery::Keep(const BrivolantDocument& document, const std::string& styleData) {
-  if (folder_.CreateAsFolder() && !folder_.Directory()) {
-    log_.Write("Unsaved edits cannot be kept in \"" + folder_.ShellPath() + "\".");
-    return false;
-  }
-  const auto pictures = KeepPictures(document.SessionImages());
-  if (!pictures) {
-    log_.Write("Pasted pictures cannot be kept in \"" + folder_.ShellPath() + "\".");
-    return false;
-  }
-  std::string bytes =
-      BinaryDictionary::BinaryStringFromDictionary(EditsOf(document, styleData, *pictures));
-  if (bytes == lastWritten_ && kept_.Exists()) return true;
-  // Beside the package where that can be written, else with the note.
-  FolderItem place = document.File.Parent().Child("." + document.File.Name() + ".recovery");
-  if (!place.IsWriteable() || WriteFileAtomically(place, bytes)) {
-    place = folder_.Child(kFallback);
-    if (WriteFileAtomically(place, bytes)) {
-      log_.Write("Unsaved edits cannot be kept in \"" + place.ShellPath() + "\".");
-      return false;
-    }
-  }
-  if (WriteFileAtomically(Note(), place.ShellPath())) {
-    log_.Write("Unsaved edits cannot be kept in \"" + Note().ShellPath() + "\".");
-    return false;
-  }
-  if (kept_ && !(kept_ == place)) (void)kept_.Delete();
-  kept_ = place;
-  lastWritten_ = std::move(bytes);
-  return true;
-}
-
-void Recovery::Forget() {
-  if (kept_.IsNil()) {
-    if (const auto path = ReadFile(Note()); path && !path->empty()) kept_ = FolderItem(*path);
-  }
-  // Only what this class wrote is deleted, whatever the note says.
-  if (kept_ && kept_.Name().ends_with(".recovery")) (void)kept_.Delete();
-  for (const FolderItem& file : folder_.Children()) {
-    if (file.Name().starts_with(kPicture)) (void)file.Delete();
-  }
-  (void)Note().Delete();
-  kept_ = {};
-  lastWritten_.clear();
-}
-
-std::optional<RecoveredEdits> Recovery::Left() const {
-  const auto path = ReadFile(Note());
-  if (!path || path->empty()) return std::nullopt;
-  const auto bytes = ReadFile(FolderItem(*path));
+std::optional<RecoveredEdits> ReadSet(const FolderItem& set) {
+  const auto bytes = ReadFile(set.Child(kEdits));
   if (!bytes) return std::nullopt;
   const auto read = BinaryDictionary::BinaryDictionaryFromString(*bytes);
   if (!read || !read->HasKey(kStyle)) return std::nullopt;
   const Dictionary& edits = *read;
   RecoveredEdits left;
+  left.Set = set;
   left.Package = FileAt(edits.Value(kPackage));
   left.Original = FileAt(edits.Value(kOriginal));
   left.Saved = edits.Value(kSaved).ToBool();
+  left.StateOnDisk = edits.Value(kState).ToText();
   left.Name = edits.Value(kName).ToText();
   left.StyleData = edits.Value(kStyle).ToText();
   left.Crop = edits.Value(kCrop).ToBool();
@@ -157,6 +116,108 @@ std::optional<RecoveredEdits> Recovery::Left() const {
     }
   }
   return left;
+}
+
+}  // namespace
+
+bool RecoveredEdits::ApplyTo(BrivolantDocument& document) const {
+  document.StyleData = StyleData;
+  document.Crop = Crop;
+  document.CropOffSet = CropOffSet;
+  document.CropSize = CropSize;
+  document.Orientation = Orientation;
+  document.Rotation = Rotation;
+  document.Flip = Flip;
+  document.Name = Name;
+  if (Saved) document.StateOnDisk(StateOnDisk);
+  return std::all_of(Pasted.begin(), Pasted.end(), [&](const auto& picture) {
+    return document.PastedImage(picture.first, picture.second);
+  });
+}
+
+Recovery::Recovery(const FolderItem& folder, Log& log) : folder_(folder.Child(kSets)), log_(log) {}
+
+Recovery::~Recovery() {
+  Release();
+}
+
+void Recovery::Release() {
+  if (lock_ >= 0) close(std::exchange(lock_, -1));
+  set_ = {};
+  lastWritten_.clear();
+}
+
+bool Recovery::MakeSet() {
+  if (set_ && set_.Directory()) return true;
+  Release();
+  if (folder_.CreateAsFolder() && !folder_.Directory()) return false;
+  std::string pattern = folder_.Child("XXXXXX").ShellPath();
+  if (mkdtemp(pattern.data()) == nullptr) return false;
+  set_ = FolderItem(pattern);
+  lock_ = LockOf(set_);
+  return true;
+}
+
+bool Recovery::KeepPictures(const PastedFiles& pictures, PastedFiles& kept) const {
+  for (const auto& [name, file] : pictures) {
+    const FolderItem copy = set_.Child(std::string(kPicture) + name);
+    // A name leads to one picture for good.
+    if (!copy.Exists() && CopyFileAtomically(file, copy)) return false;
+    kept[name] = copy;
+  }
+  return true;
+}
+
+bool Recovery::Keep(const BrivolantDocument& document, const std::string& styleData) {
+  PastedFiles pictures;
+  if (!MakeSet() || !KeepPictures(document.SessionImages(), pictures)) {
+    log_.Write("Unsaved edits cannot be kept in \"" + folder_.ShellPath() + "\".");
+    return false;
+  }
+  std::string bytes =
+      BinaryDictionary::BinaryStringFromDictionary(EditsOf(document, styleData, pictures));
+  const FolderItem file = set_.Child(kEdits);
+  if (bytes == lastWritten_ && file.Exists()) return true;
+  if (WriteFileAtomically(file, bytes)) {
+    log_.Write("Unsaved edits cannot be kept in \"" + file.ShellPath() + "\".");
+    return false;
+  }
+  lastWritten_ = std::move(bytes);
+  return true;
+}
+
+void Recovery::Forget() {
+  if (set_) (void)set_.DeleteFolder();
+  Release();
+}
+
+std::vector<RecoveredEdits> Recovery::Left() const {
+  std::vector<std::pair<std::time_t, RecoveredEdits>> found;
+  for (const FolderItem& set : folder_.Children()) {
+    if (set == set_ || !set.Directory() || set.Alias() || InUse(set)) continue;
+    if (auto edits = ReadSet(set)) {
+      found.emplace_back(WrittenAt(set.Child(kEdits)), std::move(*edits));
+    }
+  }
+  std::stable_sort(found.begin(), found.end(),
+                   [](const auto& a, const auto& b) { return a.first > b.first; });
+  std::vector<RecoveredEdits> left;
+  left.reserve(found.size());
+  for (auto& [time, edits] : found) left.push_back(std::move(edits));
+  return left;
+}
+
+void Recovery::Adopt(const RecoveredEdits& edits) {
+  Release();
+  lock_ = LockOf(edits.Set);
+  if (lock_ >= 0) set_ = edits.Set;
+}
+
+void Recovery::GiveUp(const RecoveredEdits& edits) {
+  // Only what this class wrote is deleted.
+  if (edits.Set && edits.Set.Parent() == folder_ && !InUse(edits.Set)) {
+    (void)edits.Set.DeleteFolder();
+  }
 }
 
 }  // namespace brivolant

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <optional>
 #include <string>
+#include <vector>
 
 #include "formats/PastedFiles.h"
 #include "platform/files/FolderItem.h"
@@ -15,11 +15,15 @@ class BrivolantDocument;
 
 /// What is needed to bring back edits that were not saved.
 struct RecoveredEdits {
+  /// Where the edits are kept.
+  FolderItem Set;
   /// The package, which may be a temporary one, and the image that it was made from, if any.
   FolderItem Package;
   FolderItem Original;
   /// The package is the document's own, not a temporary one.
   bool Saved = false;
+  /// What the package held when the edits were made, as the document tells it.
+  std::string StateOnDisk;
   std::string Name;
   std::string StyleData;
   bool Crop = false;
@@ -31,33 +35,47 @@ struct RecoveredEdits {
   /// Pictures that were pasted and not saved.
   PastedFiles Pasted;
 
-  /// Gives the edits to a document, which takes copies of the pictures.
-  void ApplyTo(BrivolantDocument& document) const;
+  /// Gives the edits to a document, which takes copies of the pictures. False if one cannot be
+  /// copied.
+  [[nodiscard]] bool ApplyTo(BrivolantDocument& document) const;
 };
 
-/// Keeps the edits of the open document beside its package while they are not saved, so that an
-/// unclean end loses a few seconds at most. A note in the program's data folder says where.
+/// Keeps the edits of the open document while they are not saved, so that an unclean end loses a
+/// few seconds at most. Each document's edits are a set of their own in the program's data folder,
+/// whatever becomes of the document's disk, and locked by the program that works on them. A set
+/// goes when its edits are saved or clearly given up, and never otherwise.
 class Recovery {
  public:
-  /// `folder` holds the note; it is made when it is needed.
-  Recovery(FolderItem folder, Log& log);
+  /// The sets lie in a folder in `folder`, made when it is needed.
+  Recovery(const FolderItem& folder, Log& log);
+  /// What is kept stays.
+  ~Recovery();
+  Recovery(const Recovery&) = delete;
+  Recovery& operator=(const Recovery&) = delete;
 
   /// Writes the edits, if they differ from what was written last. False, with a log line, if they
   /// cannot be kept.
   bool Keep(const BrivolantDocument& document, const std::string& styleData);
-  /// The edits are saved or given up.
+  /// The edits of the present document are saved or given up.
   void Forget();
-  /// What an earlier run left; nothing after a clean end. Damaged data counts as nothing.
-  std::optional<RecoveredEdits> Left() const;
+  /// What earlier runs left, the latest first. Damaged sets, and those of a program that still
+  /// runs, are passed over.
+  std::vector<RecoveredEdits> Left() const;
+  /// The present document has those edits now.
+  void Adopt(const RecoveredEdits& edits);
+  /// The user wants those edits no more.
+  void GiveUp(const RecoveredEdits& edits);
 
  private:
-  FolderItem Note() const;
-  /// Copies of the pasted pictures, which the program's end would delete. Empty if one fails.
-  std::optional<PastedFiles> KeepPictures(const PastedFiles& pictures);
+  bool MakeSet();
+  void Release();
+  /// Copies of the pasted pictures, which the program's end would delete. False if one fails.
+  bool KeepPictures(const PastedFiles& pictures, PastedFiles& kept) const;
 
   FolderItem folder_;
   Log& log_;
-  FolderItem kept_;
+  FolderItem set_;
+  int lock_ = -1;
   std::string lastWritten_;
 };
 

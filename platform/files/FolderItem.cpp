@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/files/FolderItem.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <QFile>
 #include <QUrl>
 #include <algorithm>
+#include <cerrno>
 #include <fstream>
 
 #include "platform/files/FileNames.h"
@@ -122,6 +124,32 @@ std::error_code FolderItem::CopyFileTo(const FolderItem& target) const {
   return error;
 }
 
+namespace {
+
+/// Waits until a file or folder is on the disk.
+std::error_code Sync(const fs::path& path) {
+  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor < 0) return {errno, std::generic_category()};
+  const bool failed = fsync(descriptor) != 0 && errno != EINVAL;
+  const std::error_code error{failed ? errno : 0, std::generic_category()};
+  close(descriptor);
+  return error;
+}
+
+std::error_code SyncAll(const fs::path& root) {
+  std::error_code error;
+  if (fs::is_directory(root, error)) {
+    for (fs::recursive_directory_iterator at(root, error), end; !error && at != end;
+         at.increment(error)) {
+      if (!at->is_symlink() && (error = Sync(at->path()))) return error;
+    }
+    if (error) return error;
+  }
+  return Sync(root);
+}
+
+}  // namespace
+
 std::error_code FolderItem::MoveFileTo(const FolderItem& target) const {
   if (target.Directory()) return std::make_error_code(std::errc::file_exists);
   std::error_code error;
@@ -132,11 +160,14 @@ std::error_code FolderItem::MoveFileTo(const FolderItem& target) const {
   std::error_code ignored;
   error.clear();
   fs::copy(path_, beside.path_, fs::copy_options::recursive, error);
+  // The source may be the only one: it goes when the copy has reached the disk.
+  if (!error) error = SyncAll(beside.path_);
   if (!error) fs::rename(beside.path_, target.path_, error);
   if (error) {
     fs::remove_all(beside.path_, ignored);
     return error;
   }
+  (void)Sync(target.path_.parent_path());
   fs::remove_all(path_, error);
   WorkingName::Sweep(target.Parent());
   return error;

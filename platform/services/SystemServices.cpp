@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/services/SystemServices.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <cerrno>
+
 #include <QDBusConnection>
 #include <QDBusInterface>
 #include <QDBusReply>
@@ -145,6 +151,7 @@ bool FreedesktopDesktop::SetPicture(const FolderItem& image) {
 }
 
 CleanOnQuit::~CleanOnQuit() {
+  if (lock_ >= 0) close(lock_);
   if (root_) (void)root_.DeleteFolder();
 }
 
@@ -158,7 +165,17 @@ bool CleanOnQuit::Configure(const FolderItem& root) {
   folder = folder.Parent().Child(name);
   if (folder.CreateAsFolder()) return false;
   root_ = folder;
+  lock_ = open(root_.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (lock_ >= 0) (void)flock(lock_, LOCK_EX | LOCK_NB);
   return true;
+}
+
+bool CleanOnQuit::InUse(const FolderItem& root) {
+  const int descriptor = open(root.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) return false;
+  const bool taken = flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+  close(descriptor);
+  return taken;
 }
 
 FolderItem CleanOnQuit::Child(std::string_view name) {

@@ -52,11 +52,14 @@ class CleanOnQuit final : public TemporaryFiles {
   /// Sets the root folder; nil stands for "CleanOnQuitcom.quillmere.brivolantPhotos" in the
   /// user's documents folder. The folder is made hidden. False if it cannot be created.
   [[nodiscard]] bool Configure(const FolderItem& root);
+  /// True while a running program has that root.
+  static bool InUse(const FolderItem& root);
   FolderItem Child(std::string_view name) override;
 
  private:
   Random& random_;
   FolderItem root_;
+  int lock_ = -1;
 };
 
 }  // namespace brivolant

@@ -88,6 +88,14 @@
         <source>Something went wrong and the file hasn't been created.</source>
         <translation>Etwas ging schief, und die Datei wurde nicht angelegt.</translation>
     </message>
+    <message id="BrivolantDocument.kPicturesGone">
+        <source>A picture that lies over the photo "&lt;filename&gt;" cannot be found any more.</source>
+        <translation>Ein Bild, das über dem Foto „&lt;filename&gt;“ liegt, ist nicht mehr zu finden.</translation>
+    </message>
+    <message id="BrivolantDocument.kPicturesGoneExplanation">
+        <source>The document can be saved without it. If its disk is away, connect it first.</source>
+        <translation>Das Dokument lässt sich ohne es sichern. Fehlt nur der Datenträger, verbinden Sie ihn zuerst.</translation>
+    </message>
     <message id="BrivolantDocument.kPicturesNotSaved">
         <source>The pictures that lie over the photo could not be copied into the document.</source>
         <translation>Die Bilder, die über dem Foto liegen, konnten nicht in das Dokument kopiert werden.</translation>
@@ -1155,6 +1163,10 @@
     <message id="MainWindow.kOpeningImage">
         <source>Opening Image &lt;filename&gt;...</source>
         <translation>Bild &lt;filename&gt; wird geöffnet ...</translation>
+    </message>
+    <message id="MainWindow.kPicturesNotBack">
+        <source>The pictures that lay over the photo could not be brought back. They are kept for the next start.</source>
+        <translation>Die Bilder, die über dem Foto lagen, ließen sich nicht zurückholen. Sie bleiben für den nächsten Start aufgehoben.</translation>
     </message>
     <message id="MainWindow.kProgressGeneric">
         <source>Processing Image...</source>

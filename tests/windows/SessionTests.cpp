@@ -479,7 +479,8 @@ TEST(Recovery, BringsBackWhatACrashInterrupted) {
   program.Choose("RotateAndFlipRotate90");
   const Picture edited = program.Shown();
   program.Window().RecoveryTimer.setInterval(1);
-  ASSERT_TRUE(Until([&] { return program.home.Child("data/brivolant-photos/Recovery").Exists(); }));
+  const FolderItem sets = program.home.Child("data").Child("brivolant-photos").Child("Unsaved");
+  ASSERT_TRUE(Until([&] { return !sets.Children().empty(); }));
   program.Crash();
   program.dialogs.answers = {Answer::kAction};
   program.Start();
@@ -501,20 +502,46 @@ TEST(Recovery, BringsBackWhatACrashInterrupted) {
               testing::Not(testing::Contains(testing::HasSubstr(".recovery"))));
 }
 
-TEST(Recovery, LiesBesideASavedDocumentAndCanBeGivenUp) {
+TEST(Recovery, LeavesTheFolderOfASavedDocumentAloneAndCanBeGivenUp) {
   Program program;
   program.OpenPhoto(program.Photo("photo.jpg"));
   program.fileDialogs.files = {program.home.Child("doc.brvPhoto")};
   ASSERT_TRUE(program.Window().SaveMethod());
   program.Choose("RotateAndFlipRotate180");
   program.Window().RecoveryTimer.setInterval(1);
-  const FolderItem kept = program.home.Child(".doc.brvPhoto.recovery");
-  ASSERT_TRUE(Until([&] { return kept.Exists(); }));
+  const FolderItem sets = program.home.Child("data").Child("brivolant-photos").Child("Unsaved");
+  ASSERT_TRUE(Until([&] { return !sets.Children().empty(); }));
+  EXPECT_THAT(program.home.Names(),
+              testing::Not(testing::Contains(testing::HasSubstr("doc.brvPhoto."))));
+  program.Crash();
+  // Its disk is away: the edits wait for it, and are in nobody's way.
+  const FolderItem package = program.home.Child("doc.brvPhoto");
+  ASSERT_FALSE(package.MoveFileTo(program.home.Child("away.brvPhoto")));
+  program.dialogs.answers = {Answer::kAction};
+  program.Start();
+  EXPECT_FALSE(program.app->OfferRecovery());
+  EXPECT_EQ(program.dialogs.messages.size(), 1U);
+  program.OpenPhoto(program.Photo("other.jpg"));
+  program.Choose("RotateAndFlipRotate90");
+  program.Window().RecoveryTimer.setInterval(1);
+  ASSERT_TRUE(Until([&] { return sets.Children().size() == 2; }));
+  program.Crash();
+  // Two wait now. The latest is offered first; each is given up by itself.
+  ASSERT_FALSE(program.home.Child("away.brvPhoto").MoveFileTo(package));
+  program.dialogs.questions.clear();
+  program.dialogs.answers = {Answer::kAlternate, Answer::kAction};
+  program.Start();
+  EXPECT_TRUE(program.app->OfferRecovery());
+  ASSERT_EQ(program.dialogs.questions.size(), 2U);
+  EXPECT_EQ(program.Document().Name, "doc");
+  EXPECT_EQ(program.Document().Rotation, 2);
+  EXPECT_EQ(sets.Children().size(), 1U);
+  program.Window().RecoveryTimer.stop();
   program.Crash();
   program.dialogs.answers = {Answer::kAlternate};
   program.Start();
   EXPECT_FALSE(program.app->OfferRecovery());
-  EXPECT_FALSE(kept.Exists());
+  EXPECT_TRUE(sets.Children().empty());
   program.OpenPhoto(program.home.Child("doc.brvPhoto"));
   EXPECT_EQ(program.Document().Rotation, 0);
 }
