@@ -206,19 +206,27 @@ class SeedParameter final : public ParameterBase {
   std::uint32_t Value() const { return value_.value_or(SeedFor(owner_.ID())); }
   SeedParameter& operator=(std::uint32_t seed) {
     value_ = seed;
+    stored_ = Variant();
     return *this;
   }
 
   std::string Key() const override { return kKey; }
   std::string TypeName() const override { return parameters::NameOf(0); }
-  Variant Stored() const override { return static_cast<int>(Value()); }
-  void Store(const Variant& value) override { value_ = static_cast<std::uint32_t>(value.ToInt()); }
+  /// A number as it was stored, whatever its kind.
+  Variant Stored() const override {
+    return stored_.IsNumber() ? stored_ : Variant(static_cast<int>(Value()));
+  }
+  void Store(const Variant& value) override {
+    *this = static_cast<std::uint32_t>(value.ToInt());
+    stored_ = value;
+  }
   Variant DefaultOnRead() const override { return static_cast<int>(SeedFor(owner_.ID())); }
   Variant ResetValue() const override { return DefaultOnRead(); }
 
  private:
   effectModule& owner_;
   std::optional<std::uint32_t> value_;
+  Variant stored_;
 };
 
 /// How a slider's position, 0 to 100, becomes a value:

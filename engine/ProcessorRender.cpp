@@ -37,9 +37,23 @@ const Point* Address(const std::optional<Point>& point) {
 }  // namespace
 
 double brivolantProcessorLite::ConsistencyScaleFor(const Picture& picture) {
-  const double byWidth = picture.Width() / kReferenceSize;
+  return ConsistencyScaleFor(picture.Width(), picture.Height());
+}
+
+double brivolantProcessorLite::ConsistencyScaleFor(int width, int height) {
+  const double byWidth = width / kReferenceSize;
   // Height times the quotient, not the height: stored styles rely on what this gives.
-  return picture.Height() * byWidth > kReferenceSize ? picture.Height() / kReferenceSize : byWidth;
+  return height * byWidth > kReferenceSize ? height / kReferenceSize : byWidth;
+}
+
+double brivolantProcessorLite::PreviewScale() const {
+  // A small portrait would be measured by its width where the full picture is by its height. What
+  // is shown is that picture, reduced.
+  int width = Document->Width();
+  int height = Document->Height();
+  if (Document->QuarterTurned()) std::swap(width, height);
+  if (width <= 0 || height <= 0) return ConsistencyScaleFor(Document->PreviewBase);
+  return ConsistencyScaleFor(width, height) * Document->PreviewBase.Width() / width;
 }
 
 void brivolantProcessorLite::RunModules(const StackList& stack, int first, int last,
@@ -89,11 +103,11 @@ int brivolantProcessorLite::EnabledModules() const {
 Picture brivolantProcessorLite::Process(Picture& picture, int stack, int start,
                                         PastedFiles pasted) {
   pasted_ = std::move(pasted);
-  return RunStack(picture, stack, start);
+  return RunStack(picture, stack, start, ConsistencyScaleFor(picture));
 }
 
-Picture brivolantProcessorLite::RunStack(Picture& picture, int stack, int start) {
-  consistencyScale = ConsistencyScaleFor(picture);
+Picture brivolantProcessorLite::RunStack(Picture& picture, int stack, int start, double scale) {
+  consistencyScale = scale;
   if (stack == kForeground || stack == kBackground) {
     const StackList& list = stacks.at(static_cast<std::size_t>(stack));
     RunModules(list, std::max(start, 0), static_cast<int>(list.size()), picture);
@@ -133,23 +147,24 @@ Picture brivolantProcessorLite::ProcessLayers(Picture source) {
   ResetEffectCache();
   foregroundScaleTopleft.reset();
   foregroundScaleSize.reset();
+  const double scale = ConsistencyScaleFor(source);
   Picture layer = SharedPictureEffects::Clone(source, 24, false);
   // A layer that nothing else holds is changed where it is: the source is let go, and a layer that
   // cannot be seen is not made.
   source = {};
-  if (BlendAlpha <= 0.0F) return RunStack(layer, kBackground, 0);
+  if (BlendAlpha <= 0.0F) return RunStack(layer, kBackground, 0, scale);
   if (ForegroundIsOpaque() && !ForegroundMayBePlaced()) {
     const int width = layer.Width();
     const int height = layer.Height();
     Plane mask = layer.Mask() != nullptr ? *layer.Mask() : Plane();
-    layer = RunStack(layer, kForeground, 0);
+    layer = RunStack(layer, kForeground, 0, scale);
     layer = SharedPictureEffects::Scale(layer, width, height, SharedPictureEffects::kScaleExactly);
     layer.SetMask(std::move(mask));
     return layer;
   }
   Picture background = layer;
-  background = RunStack(background, kBackground, 0);
-  layer = RunStack(layer, kForeground, 0);
+  background = RunStack(background, kBackground, 0, scale);
+  layer = RunStack(layer, kForeground, 0, scale);
   return Compose(std::move(background), ScaledTo(layer, foregroundScaleSize));
 }
 
@@ -162,7 +177,7 @@ void brivolantProcessorLite::ResetEffectCache() {
 void brivolantProcessorLite::rebuildCurrentPointCache() {
   if (Document == nullptr || Document->PreviewBase.IsNil()) return;
   pasted_ = Document->PastedImages();
-  consistencyScale = ConsistencyScaleFor(Document->PreviewBase);
+  consistencyScale = PreviewScale();
   cacheCurrentStack = SharedPictureEffects::Clone(Document->PreviewBase, 24, true);
   const StackList& stack = Current();
   const int last = std::min(cacheCurrentStackPoint, static_cast<int>(stack.size()));
@@ -198,11 +213,13 @@ void brivolantProcessorLite::RenderPreview() {
     rebuildCurrentPointCache();
   }
   if (document.PreviewBase.IsNil()) return;
+  const double scale = PreviewScale();
   document.PreviewAfter = cacheCurrentStack;
   // Where the layer lies follows from the modules of this render, those in the cache among them.
   foregroundScaleTopleft = cachedTopleft_;
   foregroundScaleSize = cachedSize_;
-  document.PreviewAfter = RunStack(document.PreviewAfter, CurrentStack, cacheCurrentStackPoint);
+  document.PreviewAfter =
+      RunStack(document.PreviewAfter, CurrentStack, cacheCurrentStackPoint, scale);
   if (CurrentStack != kForeground) return;
   const bool covers = document.PreviewAfter.Width() == document.PreviewBase.Width() &&
                       document.PreviewAfter.Height() == document.PreviewBase.Height();
@@ -210,7 +227,7 @@ void brivolantProcessorLite::RenderPreview() {
   if (cacheBackgroundLayer.Width() != document.PreviewBase.Width() ||
       cacheBackgroundLayer.Height() != document.PreviewBase.Height()) {
     cacheBackgroundLayer = SharedPictureEffects::Clone(document.PreviewBase, 24, true);
-    cacheBackgroundLayer = RunStack(cacheBackgroundLayer, kBackground, 0);
+    cacheBackgroundLayer = RunStack(cacheBackgroundLayer, kBackground, 0, scale);
   }
   document.PreviewAfter =
       Compose(cacheBackgroundLayer, ScaledTo(document.PreviewAfter, foregroundScaleSize));

@@ -106,6 +106,7 @@ class brivolantProcessorLite {
 
   /// The factor by which a picture differs from the reference size of 640 pixels.
   static double ConsistencyScaleFor(const Picture& picture);
+  static double ConsistencyScaleFor(int width, int height);
 
   std::vector<StackList> stacks;  ///< kForeground and kBackground.
   EffectPanel* myEffectEditor = nullptr;
@@ -149,7 +150,9 @@ class brivolantProcessorLite {
   Dictionary SettingsOf(const StackList& stack) const;
   /// Applies modules `first` to `last` - 1; consecutive tone curves go over the pixels once.
   void RunModules(const StackList& stack, int first, int last, Picture& picture);
-  Picture RunStack(Picture& picture, int stack, int start);
+  Picture RunStack(Picture& picture, int stack, int start, double scale);
+  /// The scale of the preview's lengths: that of the full picture, reduced as the preview is.
+  double PreviewScale() const;
   void RenderPreview();
   Picture ProcessLayers(Picture source);
   /// True if nothing of the background can show through a foreground that covers it.

@@ -69,6 +69,8 @@ class BrivolantDocument {
   /// The size that Image has.
   int Width();
   int Height();
+  /// True if the rotation exchanges width and height.
+  bool QuarterTurned() const { return Rotation == 1 || Rotation == 3; }
 
   /// An image that was pasted into the document, nil if there is none of that name.
   FolderItem PastedImage(std::string_view name) const;

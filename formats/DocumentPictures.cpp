@@ -2,6 +2,7 @@
 // The pictures that were pasted into a document: kept with the session until it is saved.
 #include <algorithm>
 #include <cctype>
+#include <filesystem>
 
 #include "formats/BrivolantDocument.h"
 #include "formats/DocumentParts.h"
@@ -86,7 +87,10 @@ PastedFiles BrivolantDocument::PastedImages() const {
         const std::string name = child.Name();
         // What begins with a dot is on its way to another name.
         const bool own = name.starts_with('.') || !IsFreeName(name, OriginalImageID);
-        if (!own && !child.Directory()) listed_->Files[name] = child;
+        std::error_code error;
+        if (!own && std::filesystem::is_regular_file(child.Path(), error)) {
+          listed_->Files[name] = child;
+        }
       }
     }
   }

@@ -180,6 +180,20 @@ TEST(ProcessorPreview, FitsTheDisplayAndTellsItsEvents) {
   EXPECT_EQ(e.processor.Preview().Width(), 200) << "another display size means new previews";
 }
 
+TEST(ProcessorPreview, MeasuresLengthsAsTheFullPictureDoes) {
+  Editing e;
+  // A portrait that is measured by its height, shown so small that its width would count.
+  BrivolantDocument portrait(e.services, TestPicture(600, 800), "portrait");
+  e.processor.Document = &portrait;
+  for (const int turn : {0, 1}) {
+    portrait.Rotation = turn;
+    e.processor.UpdatePreview(true);
+    const Picture full = portrait.Image();
+    EXPECT_NEAR(e.processor.consistencyScale / portrait.PreviewBase.Width(),
+                brivolantProcessorLite::ConsistencyScaleFor(full) / full.Width(), 1e-9);
+  }
+}
+
 TEST(ProcessorPreview, ALayersPlaceIsThatOfItsOwnRender) {
   Editing e;
   const auto move = [&e](double position) {

@@ -93,8 +93,14 @@ std::error_code WriteFileAtomically(const FolderItem& target, std::string_view b
 
 std::error_code CopyFileAtomically(const FolderItem& source, const FolderItem& target) {
   constexpr std::size_t kPart = std::size_t{1} << 18;
-  const int from = open(source.Path().c_str(), O_RDONLY | O_CLOEXEC);
+  // A pipe would wait for ever for someone to write.
+  const int from = open(source.Path().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (from < 0) return LastError();
+  struct stat status {};
+  if (fstat(from, &status) != 0 || !S_ISREG(status.st_mode)) {
+    close(from);
+    return std::make_error_code(std::errc::invalid_argument);
+  }
   AtomicFile file(target);
   std::string part(kPart, '\0');
   std::error_code error;

@@ -517,6 +517,7 @@ TEST(Recovery, LeavesTheFolderOfASavedDocumentAloneAndCanBeGivenUp) {
   // Its disk is away: the edits wait for it, and are in nobody's way.
   const FolderItem package = program.home.Child("doc.brvPhoto");
   ASSERT_FALSE(package.MoveFileTo(program.home.Child("away.brvPhoto")));
+  ASSERT_FALSE(program.home.Child("photo.jpg").Delete());
   program.dialogs.answers = {Answer::kAction};
   program.Start();
   EXPECT_FALSE(program.app->OfferRecovery());
