@@ -171,6 +171,13 @@ TEST_F(Styles, TheStoreListsByCategoryFactoryFirst) {
   EXPECT_EQ(storage.Named("two")->Category, 1);
   EXPECT_EQ(storage.Named("three"), nullptr);
 
+  // Found while it was being saved, a style is not there twice.
+  const auto again = std::make_shared<OneClickWonder>(services);
+  ASSERT_TRUE(again->Load(storage.item(0)->File));
+  EXPECT_TRUE(storage.Add(again));
+  EXPECT_EQ(storage.Wonders().size(), 3U);
+  EXPECT_EQ(storage.item(0), again);
+
   // A new style gets a file by its name in the user's folder, a second of that name a number.
   const auto added = [&](const std::string& name) {
     auto style = std::make_shared<OneClickWonder>(Style(name));

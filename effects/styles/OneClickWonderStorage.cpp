@@ -9,6 +9,22 @@
 #include "platform/services/SharedFolders.h"
 
 namespace brivolant {
+namespace {
+
+/// Adds a style, or puts it in the place of what was found in its file while that was written.
+void Keep(std::vector<OneClickWonderStorage::Style>& wonders,
+          const OneClickWonderStorage::Style& style) {
+  const auto known = std::find_if(
+      wonders.begin(), wonders.end(),
+      [&](const OneClickWonderStorage::Style& other) { return other->File == style->File; });
+  if (known != wonders.end()) {
+    *known = style;
+  } else {
+    wonders.push_back(style);
+  }
+}
+
+}  // namespace
 
 OneClickWonderStorage::OneClickWonderStorage(const Services& services) : services_(&services) {}
 
@@ -70,7 +86,7 @@ OneClickWonderStorage::Style OneClickWonderStorage::Add(const FolderItem& file) 
     services_->Log.Write(style->LastErrorMessage);
     return nullptr;
   }
-  wonders_.push_back(style);
+  Keep(wonders_, style);
   return style;
 }
 
@@ -84,7 +100,7 @@ bool OneClickWonderStorage::Add(const Style& style) {
       return false;
     }
   }
-  wonders_.push_back(style);
+  Keep(wonders_, style);
   return true;
 }
 

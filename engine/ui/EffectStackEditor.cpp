@@ -22,8 +22,6 @@ constexpr int kCheckBoxRight = 20;
 constexpr int kDragStarts = 5;
 constexpr int kEdge = 12;
 constexpr int kFast = 10;
-/// Key steps on one control within this time are one change, in milliseconds.
-constexpr int kOneChange = 1000;
 
 }  // namespace
 
@@ -384,7 +382,7 @@ void EffectStackEditor::wheelEvent(QWheelEvent* event) {
 
 void EffectStackEditor::RecordKeyStep(effectModule& module, int control) {
   const bool goesOn = keyModule_ == &module && keyControl_ == control && keyTimer_.isValid() &&
-                      keyTimer_.elapsed() < kOneChange;
+                      keyTimer_.elapsed() < OneChange;
   if (!goesOn && ItemValueChanged) ItemValueChanged(module);
   keyModule_ = &module;
   keyControl_ = control;

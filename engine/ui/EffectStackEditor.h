@@ -78,6 +78,9 @@ class EffectStackEditor final : public QWidget, public EffectPanel {
   /// Renders what a drag has left to render.
   void Flush();
 
+  /// Steps by keys on one control with less rest between them, in milliseconds, are one change.
+  qint64 OneChange = 1000;
+
   /// The appearance of the stack changed.
   std::function<void()> Changed;
   /// Raised before the change is made.

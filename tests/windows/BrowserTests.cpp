@@ -242,7 +242,7 @@ TEST(Browser, RenamesInPlaceAndTakesItBack) {
   Type(program.Window(), "summer");
   Key(program.Window(), Qt::Key_Return);
   ASSERT_TRUE(program.Shows({"b.jpg", "summer.jpg"}));
-  EXPECT_THAT(program.Selected(), ElementsAre("summer.jpg"));
+  ExpectSoon([&] { return program.Selected(); }, ElementsAre("summer.jpg"));
   EXPECT_TRUE(program.Browser().IconView().hasFocus());
   // Neither over another file nor out of the folder.
   for (const char* name : {"b", "up/b"}) {
@@ -254,7 +254,7 @@ TEST(Browser, RenamesInPlaceAndTakesItBack) {
   EXPECT_TRUE(program.Shows({"b.jpg", "summer.jpg"}));
   program.Choose("EditUndo");
   EXPECT_TRUE(program.Shows({"a.jpg", "b.jpg"}));
-  EXPECT_THAT(program.Selected(), ElementsAre("a.jpg"));
+  ExpectSoon([&] { return program.Selected(); }, ElementsAre("a.jpg"));
   // In the list, over the name.
   program.Choose("ViewAsList");
   Key(program.Window(), Qt::Key_F2);

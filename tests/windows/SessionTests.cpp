@@ -488,7 +488,7 @@ TEST(Recovery, BringsBackWhatACrashInterrupted) {
   Settle();
   EXPECT_EQ(program.Document().Name, "photo");
   EXPECT_TRUE(program.Document().Dirty);
-  EXPECT_EQ(LargestDifference(program.Shown(), edited), 0);
+  ExpectSoon([&] { return LargestDifference(program.Shown(), edited); }, 0);
   // It still has no place of its own.
   program.fileDialogs.files = {program.home.Child("back.brvPhoto")};
   program.Choose("FileSave");

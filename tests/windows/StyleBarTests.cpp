@@ -326,7 +326,7 @@ TEST(Tiles, ComeInOrderOnceAndEndWithTheirPhoto) {
   const Picture photo = TestPicture(60, 40);
   tiles.Photo(photo, {});
   tiles.Render({{"inverse", inverse}, {"a", plain}});
-  EXPECT_TRUE(Until([&] { return ready.size() == 2; }));
+  EXPECT_TRUE(Until([&] { return ready.size() == 2 && tiles.Idle(); }));
   Picture expected = photo;
   InvertEffect().ApplyInPlace(expected);
   EXPECT_EQ(LargestDifference(last, expected), 0);
