@@ -221,6 +221,22 @@ TEST(Codecs, ThumbnailsKeepTheirBound) {
   }
 }
 
+TEST(Codecs, ThumbnailsOfHugePngsKeepTheirColours) {
+  TemporaryFolder folder;
+  constexpr Color kColor{230, 120, 250};
+  Picture wide = PlainPicture(9000, 600, kColor);
+  for (const bool clear : {false, true}) {
+    if (clear) wide.SetMask(Plane(wide.Width(), wide.Height(), 0));
+    const auto source =
+        ImageSource::Open(folder.Write("wide.png", PngExporter().SaveToString(wide)));
+    ASSERT_TRUE(source) << source.error;
+    const auto small = (*source.value)->Thumbnail(15);
+    ASSERT_TRUE(small) << small.error;
+    EXPECT_EQ(small.value->Width(), 15);
+    EXPECT_EQ(small.value->At(7, 0), kColor) << clear;
+  }
+}
+
 TEST(Codecs, BadFilesGiveOneSentenceWithTheirName) {
   TemporaryFolder folder;
   const std::string jpeg = JpegExporter().SaveToString(TestPicture(300, 200));

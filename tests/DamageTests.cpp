@@ -306,6 +306,38 @@ TEST(Damage, WhatShowsNothingIsRefusedInOneSentence) {
   EXPECT_TRUE(PngImporter::OpenFromString(Cut(png, 0.6)).IsNil());
 }
 
+TEST(Damage, SmallPngsThatClaimManyPixelsAreRefused) {
+  TemporaryFolder folder;
+  std::string bytes = PngExporter().SaveToString(TestPicture(24, 16));
+  // The height stands behind signature, length, name and width; its sum is wrong now.
+  constexpr std::size_t kHeightAt = 8 + 4 + 4 + 4;
+  bytes.replace(kHeightAt, 4, std::string("\0\x7F\0\x10", 4));
+  const FolderItem file = folder.Write("tall.png", bytes);
+  const auto source = ImageSource::Open(file);
+  ASSERT_TRUE(source) << source.error;
+  const std::string sentence =
+      CodecMessage(codecTexts::kDamaged, file, codecTexts::kEndsEarly.Text());
+  EXPECT_EQ((*source.value)->Decode(0).error, sentence);
+  EXPECT_EQ((*source.value)->Thumbnail(64).error, sentence);
+  EXPECT_TRUE(DecodeImageBytes(bytes).IsNil());
+}
+
+TEST(Damage, LibrariesAreNotQuoted) {
+  TemporaryFolder folder;
+  std::string bytes = PlainTiff(Original());
+  // Its pixels are said to be JPEGs, which makes every strip fail.
+  const std::size_t compression = bytes.find(Bytes("0301 0300 01000000 0100"));
+  ASSERT_NE(compression, std::string::npos);
+  bytes[compression + 8] = 7;
+  const FolderItem file = folder.Write("tables.tif", bytes);
+  const auto source = ImageSource::Open(file);
+  ASSERT_TRUE(source) << source.error;
+  for (int run = 0; run < 2; ++run) {
+    EXPECT_EQ((*source.value)->Decode(0).error,
+              CodecMessage(codecTexts::kDamaged, file, codecTexts::kBadData.Text()));
+  }
+}
+
 TEST(Damage, DocumentsKeepTheDamagedOriginalAndNeverWriteOverIt) {
   TestServices s;
   const std::string bytes = Cut(PngExporter().SaveToString(Original()), 0.6);

@@ -10,6 +10,7 @@
 
 #include "platform/codecs/Cancellation.h"
 #include "platform/codecs/CodecDetail.h"
+#include "platform/codecs/RowShrinker.h"
 #include "platform/pictures/PixelMemory.h"
 
 namespace brivolant::codecs {
@@ -171,61 +172,6 @@ void SplitAlpha(std::uint8_t* row, std::uint8_t* mask, int width) {
   }
 }
 
-/// Means of squares of pixels, taken while rows come in.
-class Shrinker {
- public:
-  Shrinker(int width, int height, int factor)
-      : factor_(factor),
-        width_((width + factor - 1) / factor),
-        height_((height + factor - 1) / factor),
-        sums_(static_cast<std::size_t>(width_) * kSums) {}
-
-  int Width() const { return width_; }
-  int Height() const { return height_; }
-
-  void Add(const std::uint8_t* row, int width, bool alpha) {
-    for (int x = 0, cell = 0; x < width; ++cell) {
-      std::uint32_t* sums = sums_.data() + static_cast<std::size_t>(cell) * kSums;
-      std::array<std::uint32_t, kSums> sum{};
-      const int end = std::min(width, x + factor_);
-      for (; x < end; ++x, row += 4) {
-        // Transparent pixels have no colour.
-        const std::uint32_t weight = alpha ? row[3] : 1;
-        for (std::size_t c = 0; c < 3; ++c) sum.at(c) += weight * row[c];
-        sum[3] += weight;
-        ++sum[4];
-      }
-      for (std::size_t c = 0; c < kSums; ++c) sums[c] += sum.at(c);
-    }
-    ++rows_;
-  }
-  bool Full() const { return rows_ == factor_; }
-  bool Empty() const { return rows_ == 0; }
-
-  /// The means as a row, with the share of opacity as the fourth byte; then starts afresh.
-  void Take(std::uint8_t* row, bool alpha) {
-    const std::uint32_t* sums = sums_.data();
-    for (int x = 0; x < width_; ++x, sums += kSums, row += 4) {
-      const std::uint32_t weight = std::max<std::uint32_t>(1, sums[3]);
-      for (std::size_t c = 0; c < 3; ++c) {
-        row[c] = static_cast<std::uint8_t>((sums[c] + weight / 2) / weight);
-      }
-      row[3] = alpha ? static_cast<std::uint8_t>((sums[3] + sums[4] / 2) / sums[4]) : 255;
-    }
-    std::fill(sums_.begin(), sums_.end(), 0);
-    rows_ = 0;
-  }
-
- private:
-  /// Blue, green and red times weight, weight, and pixels.
-  static constexpr std::size_t kSums = 5;
-  int factor_;
-  int width_;
-  int height_;
-  int rows_ = 0;
-  std::vector<std::uint32_t> sums_;
-};
-
 /// A picture with room for the mask, if there is one.
 struct Room {
   Picture picture;
@@ -276,7 +222,7 @@ int ReadRows(PngReader& png, Room& room) {
 }
 
 /// Reads rows into smaller ones of `shrinker`. Gives how many of those came.
-int ReadRows(PngReader& png, Room& room, Shrinker& shrinker, int width, int height) {
+int ReadRows(PngReader& png, Room& room, RowShrinker& shrinker, int width, int height) {
   const Pixels pixels = room.picture.Edit();
   const Grey mask = room.mask.IsNil() ? Grey{} : room.mask.Edit();
   std::vector<std::uint8_t> row(std::size_t{4} * static_cast<std::size_t>(width));
@@ -297,18 +243,28 @@ std::string ReasonOf(const PngReader& png) {
 }
 
 /// Decodes what `png` has the header of, shrunk by about half the way to `longest` pixels a side if
-/// that is not 0.
-Expected<DecodedImage> DecodeRest(const FolderItem& file, PngReader& png, int longest) {
+/// that is not 0. `length` is how many bytes there are.
+Expected<DecodedImage> DecodeRest(const FolderItem& file, PngReader& png, std::uint64_t length,
+                                  int longest) {
   using Result = Expected<DecodedImage>;
   const ImageProperties properties = png.Properties();
-  const int factor =
-      longest == 0 ? 1 : std::max(properties.Width, properties.Height) / (2 * longest);
+  const int factor = longest == 0
+                         ? 1
+                         : std::min(std::max(properties.Width, properties.Height) / (2 * longest),
+                                    RowShrinker::kMostFactor);
   if (!png.Start()) return Result::Failure(CodecMessage(codecTexts::kDamaged, file, ReasonOf(png)));
   const bool small = factor > 1 && png.Passes() == 1;
   if (std::int64_t{properties.Width} * properties.Height > Picture::kMostPixels) {
     return Result::Failure(Allocate(file, properties.Width, properties.Height).error);
   }
-  Shrinker shrinker(properties.Width, properties.Height, small ? factor : 1);
+  // No coding packs more than eight pixels of one bit 1032 times: so small a file has next to
+  // nothing to show, and need not cost the memory that it claims.
+  constexpr std::uint64_t kMostPixelsPerByte = std::uint64_t{8} * 1032;
+  if (static_cast<std::uint64_t>(properties.Width) * static_cast<std::uint64_t>(properties.Height) >
+      kMostPixelsPerByte * length) {
+    return Result::Failure(CodecMessage(codecTexts::kDamaged, file, codecTexts::kEndsEarly.Text()));
+  }
+  RowShrinker shrinker(properties.Width, properties.Height, small ? factor : 1);
   Room room;
   std::string error = MakeRoom(file, shrinker.Width(), shrinker.Height(), png.Alpha(), room);
   if (!error.empty()) return Result::Failure(std::move(error));
@@ -345,7 +301,7 @@ Expected<DecodedImage> DecodeFile(const FolderItem& file, int longest) {
     if (!stream || !png.ReadHeader(stream.get(), {}, piece)) {
       return Expected<DecodedImage>::Failure(CodecMessage(codecTexts::kUnreadable, file));
     }
-    image = DecodeRest(file, png, longest);
+    image = DecodeRest(file, png, file.Length(), longest);
     if (!png.Ended() || DecodeCancellation::Requested()) break;
   }
   return image;
@@ -396,7 +352,7 @@ Expected<DecodedImage> RescuePng(const FolderItem& file) {
 Picture DecodePng(std::string_view bytes) {
   PngReader png;
   if (!png.ReadHeader(nullptr, bytes)) return {};
-  auto image = DecodeRest({}, png, 0);
+  auto image = DecodeRest({}, png, bytes.size(), 0);
   if (!image || image->Damage) return {};
   return std::move(image->Pixels);
 }

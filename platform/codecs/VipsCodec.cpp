@@ -277,7 +277,8 @@ Expected<Rendered> Render(const FolderItem& file, VipsImage* image, bool plain, 
   }
   const int rows = plain ? ReadPlainRows(image, target) : ReadOtherRows(image, target);
   if (rows == 0 || DecodeCancellation::Requested()) {
-    return Result::Failure(CodecMessage(codecTexts::kDamaged, file, TakeVipsError()));
+    vips_error_clear();
+    return Result::Failure(CodecMessage(codecTexts::kDamaged, file, codecTexts::kBadData.Text()));
   }
   vips_error_clear();
   PaintMissing(*picture, rows);
@@ -392,9 +393,12 @@ class VipsSource final : public ImageSource {
     return ReadInPart(file_, std::move(decoded), codecTexts::kBadData.Text());
   }
 
+  /// The library's own words are not for the user: lines of several loaders, which add up.
   template <class T>
   Expected<T> Failure() const {
-    return Expected<T>::Failure(CodecMessage(codecTexts::kDamaged, file_, TakeVipsError()));
+    vips_error_clear();
+    return Expected<T>::Failure(
+        CodecMessage(codecTexts::kDamaged, file_, codecTexts::kBadData.Text()));
   }
 
   FolderItem file_;

@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: MIT
+#include <tiffio.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <vector>
+
+#include "platform/codecs/RescueCodec.h"
+
+namespace brivolant::codecs {
+namespace {
+
+struct CloseTiff {
+  void operator()(TIFF* tiff) const { TIFFClose(tiff); }
+};
+
+/// A file in memory that, while pixels are read, goes on after its end in the grey of what is
+/// missing: so a strip that is cut off gives the rows that it has.
+struct PaddedFile {
+  static constexpr toff_t kPadding = toff_t{1} << 40U;
+  static constexpr int kMissing = 128;
+  std::string bytes;
+  toff_t at = 0;
+  /// Not for directories: a length that lies would be read from the padding, up to its gigabytes.
+  bool padded = false;
+  /// How many bytes are still given: any number of strips may claim the same ones.
+  std::uint64_t left = std::numeric_limits<std::uint64_t>::max();
+};
+
+tmsize_t ReadPadded(thandle_t handle, void* to, tmsize_t count) {
+  auto& file = *static_cast<PaddedFile*>(handle);
+  auto* out = static_cast<char*>(to);
+  const auto wanted = static_cast<std::size_t>(count);
+  if (wanted > file.left) return 0;
+  file.left -= wanted;
+  const std::size_t left = file.bytes.size() - std::min<std::size_t>(file.at, file.bytes.size());
+  const std::size_t got = std::min(wanted, left);
+  if (got > 0) file.bytes.copy(out, got, file.at);
+  if (!file.padded) {
+    file.at += got;
+    return static_cast<tmsize_t>(got);
+  }
+  std::fill(out + got, out + wanted, static_cast<char>(PaddedFile::kMissing));
+  file.at += wanted;
+  return count;
+}
+
+toff_t SeekPadded(thandle_t handle, toff_t offset, int whence) {
+  auto& file = *static_cast<PaddedFile*>(handle);
+  const toff_t from = whence == SEEK_CUR ? file.at : whence == SEEK_END ? file.bytes.size() : 0;
+  return file.at = from + offset;
+}
+
+std::unique_ptr<TIFF, CloseTiff> OpenPadded(PaddedFile& file) {
+  TIFFOpenOptions* options = TIFFOpenOptionsAlloc();
+  const auto silent = [](TIFF*, void*, const char*, const char*, va_list) { return 1; };
+  TIFFOpenOptionsSetErrorHandlerExtR(options, silent, nullptr);
+  TIFFOpenOptionsSetWarningHandlerExtR(options, silent, nullptr);
+  // Samples of a pixel, and the length of a strip, are claims as well.
+  constexpr std::int64_t kLeast = std::int64_t{16} << 20U;
+  constexpr std::int64_t kBytesPerPixel = 16;
+  TIFFOpenOptionsSetMaxSingleMemAlloc(
+      options, std::min(static_cast<std::int64_t>(2 * kMostRescuedBytes),
+                        kLeast + kBytesPerPixel * PixelsThatFit(file.bytes.size())));
+  std::unique_ptr<TIFF, CloseTiff> tiff(TIFFClientOpenExt(
+      "tiff", "rm", &file, ReadPadded, [](thandle_t, void*, tmsize_t) { return tmsize_t{0}; },
+      SeekPadded, [](thandle_t) { return 0; },
+      [](thandle_t handle) {
+        const auto& padded = *static_cast<PaddedFile*>(handle);
+        return padded.bytes.size() + (padded.padded ? PaddedFile::kPadding : 0);
+      },
+      nullptr, nullptr, options));
+  TIFFOpenOptionsFree(options);
+  return tiff;
+}
+
+/// Copies a block of the library's pixels, whose rows go upwards, to (x, y).
+void Place(Canvas& canvas, const std::vector<std::uint32_t>& block, int x, int y, int width,
+           int rows) {
+  const Pixels pixels = canvas.picture.Edit();
+  const Grey mask = canvas.mask.IsNil() ? Grey{} : canvas.mask.Edit();
+  for (int row = 0; row < std::min(rows, pixels.height - y); ++row) {
+    const std::uint32_t* from =
+        block.data() + static_cast<std::size_t>(rows - 1 - row) * static_cast<std::size_t>(width);
+    for (int column = 0; column < std::min(width, pixels.width - x); ++column) {
+      const std::uint32_t value = from[column];
+      const std::uint32_t opacity = TIFFGetA(value);
+      if (mask.data != nullptr) {
+        mask.Row(y + row)[x + column] = static_cast<std::uint8_t>(255 - opacity);
+      }
+      // Nothing was written there, or nothing to be seen.
+      if (opacity == 0) continue;
+      std::uint8_t* to = pixels.Row(y + row) + std::ptrdiff_t{4} * (x + column);
+      // Colours come multiplied by opacity.
+      const auto plain = [&](std::uint32_t channel) {
+        return static_cast<std::uint8_t>(std::min(255U, (channel * 255 + opacity / 2) / opacity));
+      };
+      to[0] = plain(TIFFGetB(value));
+      to[1] = plain(TIFFGetG(value));
+      to[2] = plain(TIFFGetR(value));
+    }
+  }
+}
+
+/// Reads the rows of a strip with a bad place, up to that. Only for what most files hold: grey and
+/// RGB of 8 bits.
+void ReadRows(TIFF* tiff, PaddedFile& file, Canvas& canvas, int top, int rows) {
+  std::uint16_t bits = 0;
+  std::uint16_t samples = 0;
+  std::uint16_t planes = 0;
+  std::uint16_t space = 0;
+  TIFFGetFieldDefaulted(tiff, TIFFTAG_BITSPERSAMPLE, &bits);
+  TIFFGetFieldDefaulted(tiff, TIFFTAG_SAMPLESPERPIXEL, &samples);
+  TIFFGetFieldDefaulted(tiff, TIFFTAG_PLANARCONFIG, &planes);
+  TIFFGetField(tiff, TIFFTAG_PHOTOMETRIC, &space);
+  const bool colors = space == PHOTOMETRIC_RGB && samples == 3;
+  if (bits != 8 || planes != PLANARCONFIG_CONTIG ||
+      !(colors || (space == PHOTOMETRIC_MINISBLACK && samples == 1))) {
+    return;
+  }
+  // The library is still in the middle of the strip: it forgets that with its directory.
+  file.padded = false;
+  const bool fresh = TIFFSetDirectory(tiff, TIFFCurrentDirectory(tiff)) != 0;
+  file.padded = true;
+  if (!fresh) return;
+  TIFFSetField(tiff, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
+  const Pixels pixels = canvas.picture.Edit();
+  std::vector<std::uint8_t> line(static_cast<std::size_t>(TIFFScanlineSize(tiff)));
+  if (line.size() < static_cast<std::size_t>(pixels.width) * samples) return;
+  for (int y = top; y < top + rows; ++y) {
+    if (TIFFReadScanline(tiff, line.data(), static_cast<std::uint32_t>(y), 0) != 1) return;
+    const std::uint8_t* from = line.data();
+    std::uint8_t* to = pixels.Row(y);
+    for (int x = 0; x < pixels.width; ++x, from += samples, to += 4) {
+      to[2] = from[0];
+      to[1] = from[colors ? 1 : 0];
+      to[0] = from[colors ? 2 : 0];
+    }
+  }
+}
+
+/// Reads every strip or tile that can be read. Each comes into memory of its own, since what the
+/// library leaves of one would show where the next is missing.
+void ReadBlocks(TIFF* tiff, PaddedFile& file, Canvas& canvas) {
+  const int width = canvas.picture.Width();
+  const int height = canvas.picture.Height();
+  const bool tiled = TIFFIsTiled(tiff) != 0;
+  std::uint32_t across = static_cast<std::uint32_t>(width);
+  std::uint32_t down = static_cast<std::uint32_t>(height);
+  if (tiled) {
+    TIFFGetField(tiff, TIFFTAG_TILEWIDTH, &across);
+    TIFFGetField(tiff, TIFFTAG_TILELENGTH, &down);
+  } else {
+    TIFFGetField(tiff, TIFFTAG_ROWSPERSTRIP, &down);
+    down = std::min(down, static_cast<std::uint32_t>(height));
+  }
+  if (across == 0 || down == 0) return;
+  // Tiles reach beyond the picture, but not any far.
+  const std::int64_t columns = (width + std::int64_t{across} - 1) / across;
+  const std::int64_t lines = (height + std::int64_t{down} - 1) / down;
+  if (columns * across > Picture::kMostPixels || lines * down > Picture::kMostPixels ||
+      columns * across * lines * down > PixelsThatFit(file.bytes.size())) {
+    return;
+  }
+  std::vector<std::uint32_t> block;
+  for (std::int64_t y = 0; y < height; y += down) {
+    for (std::int64_t x = 0; x < width; x += across) {
+      block.assign(std::size_t{across} * down, 0);
+      const auto left = static_cast<std::uint32_t>(x);
+      const auto top = static_cast<std::uint32_t>(y);
+      // A strip's last rows are cut; a tile is always whole.
+      const int rows = tiled ? static_cast<int>(down)
+                             : static_cast<int>(std::min<std::int64_t>(down, height - y));
+      const int read = tiled ? TIFFReadRGBATileExt(tiff, left, top, block.data(), 1)
+                             : TIFFReadRGBAStripExt(tiff, top, block.data(), 1);
+      if (read != 0) {
+        Place(canvas, block, static_cast<int>(x), static_cast<int>(y), static_cast<int>(across),
+              rows);
+      } else if (!tiled) {
+        ReadRows(tiff, file, canvas, static_cast<int>(y), rows);
+      }
+    }
+  }
+}
+
+}  // namespace
+
+Expected<DecodedImage> RescueTiff(const FolderItem& file, int index) {
+  std::optional<std::string> bytes = ReadFile(file, kMostRescuedBytes);
+  if (!bytes) return {};
+  PaddedFile padded{std::move(*bytes)};
+  const std::unique_ptr<TIFF, CloseTiff> tiff = OpenPadded(padded);
+  std::uint32_t width = 0;
+  std::uint32_t height = 0;
+  if (!tiff || (index > 0 && TIFFSetDirectory(tiff.get(), static_cast<tdir_t>(index)) == 0) ||
+      TIFFGetField(tiff.get(), TIFFTAG_IMAGEWIDTH, &width) == 0 ||
+      TIFFGetField(tiff.get(), TIFFTAG_IMAGELENGTH, &height) == 0 || width > 1U << 24U ||
+      height > 1U << 24U) {
+    return {};
+  }
+  ImageProperties properties;
+  std::uint16_t bits = 8;
+  std::uint16_t extra = 0;
+  std::uint16_t* kinds = nullptr;
+  std::uint16_t orientation = 1;
+  std::uint16_t unit = RESUNIT_INCH;
+  float x = 0;
+  float y = 0;
+  TIFFGetFieldDefaulted(tiff.get(), TIFFTAG_BITSPERSAMPLE, &bits);
+  TIFFGetFieldDefaulted(tiff.get(), TIFFTAG_EXTRASAMPLES, &extra, &kinds);
+  TIFFGetFieldDefaulted(tiff.get(), TIFFTAG_ORIENTATION, &orientation);
+  TIFFGetFieldDefaulted(tiff.get(), TIFFTAG_RESOLUTIONUNIT, &unit);
+  if (TIFFGetField(tiff.get(), TIFFTAG_XRESOLUTION, &x) != 0 &&
+      TIFFGetField(tiff.get(), TIFFTAG_YRESOLUTION, &y) != 0 && unit != RESUNIT_NONE) {
+    const float scale = unit == RESUNIT_CENTIMETER ? 2.54F : 1.0F;
+    const auto dots = [&](float value) {
+      return value * scale >= 1 && value * scale < 1e5F
+                 ? static_cast<int>(std::lround(value * scale))
+                 : 72;
+    };
+    properties.HorizontalResolution = dots(x);
+    properties.VerticalResolution = dots(y);
+  }
+  properties.BitsPerComponent = std::clamp<int>(bits, 8, 32);
+  properties.Orientation = orientation >= 1 && orientation <= 8 ? orientation : 1;
+  properties.HasAlpha = extra > 0;
+  auto canvas = NewCanvas(file, static_cast<int>(width), static_cast<int>(height), extra > 0);
+  if (!canvas) return Expected<DecodedImage>::Failure(canvas.error);
+  // Rows come as they are stored; whoever shows the picture turns it.
+  TIFFSetField(tiff.get(), TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
+  // Each byte once for all pixels of a strip and once for its rows, of up to eight bytes a pixel.
+  constexpr std::uint64_t kSlack = std::uint64_t{1} << 16U;
+  padded.left = kSlack + 4 * padded.bytes.size() + 16 * std::uint64_t{width} * height;
+  padded.padded = true;
+  ReadBlocks(tiff.get(), padded, *canvas);
+  padded.padded = false;
+  std::uint32_t size = 0;
+  const void* icc = nullptr;
+  if (TIFFGetField(tiff.get(), TIFFTAG_ICCPROFILE, &size, &icc) != 0 && size > 0 &&
+      !IsBlank(canvas->picture)) {
+    const SourceProfile profile({static_cast<const char*>(icc), size});
+    properties.ProfileName = profile.Name();
+    profile.ConvertToSRGB(canvas->picture);
+  }
+  return ReadInPart(file, canvas->Take(properties), codecTexts::kBadData.Text());
+}
+
+}  // namespace brivolant::codecs
