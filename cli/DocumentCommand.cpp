@@ -3,7 +3,9 @@
 #include <QJsonArray>
 
 #include "cli/Commands.h"
+#include "cli/Outputs.h"
 #include "cli/RenderJob.h"
+#include "cli/Shortcomings.h"
 #include "cli/Texts.h"
 #include "effects/EffectRegistry.h"
 #include "formats/ImageFile.h"
@@ -30,17 +32,22 @@ int Create(DocumentOptions& options, const CLI::App& command, bool verbose) {
   if (!options.edits.Collect(command, error)) return Fail(error, kWrongUse);
   const FolderItem package = BrivolantDocument::PackageFor(FolderItem(options.package));
   if (package.Exists()) return Fail(texts::Of(texts::kExists, package.DisplayName()));
+  const FolderItem image(options.image);
+  error = InputFiles({options.image}).WhyNotWriteTo(package);
+  if (!error.empty()) return Fail(error);
   Worker worker(verbose);
   BrivolantDocument document(worker.services);
   brivolantProcessorLite processor(EffectRegistry(), worker.services);
-  if (!OpenInput(FolderItem(options.image), document, processor, worker, error) ||
+  if (!OpenInput(image, document, processor, worker, error) ||
       !options.edits.Apply(document, processor, error)) {
     return Fail(error);
   }
-  if (document.OriginalDamage) PrintError(document.OriginalDamage.Warning);
   constexpr int kPreviewSize = 1024;
   document.GeneratePreviews(kPreviewSize, kPreviewSize);
+  if (document.PreviewBase.IsNil()) return Fail(document.lastErrorMessage);
+  if (!TakesDamage(document.OriginalDamage, options.output.strict, error)) return Fail(error);
   document.PreviewAfter = processor.Process(document.PreviewBase, document.PastedImages());
+  TellShortcomings(processor, image);
   document.StyleData = processor.StyleData();
   if (document.Save(package)) return kDone;
   return Fail(texts::Of(texts::kDocumentNotSaved, package.DisplayName(), worker.dialogs.Take()));
@@ -75,6 +82,8 @@ int Info(const DocumentOptions& options, bool verbose) {
   std::string error;
   if (!LoadDocument(document, FolderItem(options.package), worker, error)) return Fail(error);
   const QJsonObject object = Describe(document);
+  if (document.ImageOriginal().IsNil()) PrintError(document.lastErrorMessage);
+  (void)TakesDamage(document.OriginalDamage, false, error);
   if (options.json) {
     PrintJson(object, true);
     return kDone;
@@ -97,6 +106,10 @@ int Render(DocumentOptions& options, const CLI::App& command, bool verbose) {
   if (FormatOf(output).empty()) {
     return Fail(texts::Of(texts::kUnknownExtension, output.DisplayName()), kWrongUse);
   }
+  std::vector<std::string> inputs{options.package};
+  if (!options.edits.Style().empty()) inputs.push_back(options.edits.Style());
+  error = InputFiles(inputs).WhyNotWriteTo(output);
+  if (!error.empty()) return Fail(error);
   Worker worker(verbose);
   RenderTimes times;
   if (RenderFile(FolderItem(options.package), output, options.edits, options.output, worker, times,
@@ -117,6 +130,7 @@ void AddDocumentCommand(CLI::App& program, const Common& common, Action& action)
   create->add_option("IMAGE", options->image, texts::kImage.Text())->required();
   create->add_option("PACKAGE", options->package, texts::kPackage.Text())->required();
   options->edits.Declare(*create);
+  create->add_flag("--strict", options->output.strict, texts::kStrict.Text());
   create->callback([options, create, &common, &action] {
     action = [options, create, &common] { return Create(*options, *create, common.verbose); };
   });

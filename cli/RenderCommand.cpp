@@ -4,7 +4,9 @@
 #include <chrono>
 
 #include "cli/Commands.h"
+#include "cli/Outputs.h"
 #include "cli/RenderJob.h"
+#include "cli/Shortcomings.h"
 #include "cli/Texts.h"
 #include "effects/EffectRegistry.h"
 #include "engine/pictures/SharedPictureEffects.h"
@@ -21,25 +23,6 @@ double Since(std::chrono::steady_clock::time_point& last) {
   const double milliseconds = std::chrono::duration<double, std::milli>(now - last).count();
   last = now;
   return milliseconds;
-}
-
-/// A style may ask for an effect that has none here yet: the user is told what the picture lacks.
-void WarnOfIncomplete(const brivolantProcessorLite& processor, const FolderItem& input) {
-  for (const auto& stack : processor.stacks) {
-    for (const auto& module : stack) {
-      if (!module->Enabled() || module->Complete()) continue;
-      PrintError(WithPlaceholders(texts::kLeftOut.Text(), {{"<name>", module->Name()},
-                                                           {"<filename>", input.DisplayName()}}));
-    }
-  }
-}
-
-/// What a render could not do.
-void WarnOf(const brivolantProcessorLite& processor, const FolderItem& input) {
-  for (const std::string& warning : processor.Warnings()) {
-    PrintError(WithPlaceholders(texts::kWarning.Text(),
-                                {{"<filename>", input.DisplayName()}, {"<text>", warning}}));
-  }
 }
 
 }  // namespace
@@ -67,26 +50,9 @@ bool OpenInput(const FolderItem& input, BrivolantDocument& document,
   return true;
 }
 
-namespace {
-
-/// Tells of a damaged original. False, and the sentence in `error`, if nothing may come of it.
-bool TakesDamage(const BrivolantDocument& document, const FolderItem& output, bool strict,
-                 std::string& error) {
-  if (!document.OriginalDamage) return true;
-  error = strict ? document.OriginalDamage.Refusal : document.WhyNotWriteTo(output);
-  if (error.empty()) PrintError(document.OriginalDamage.Warning);
-  return error.empty();
-}
-
-}  // namespace
-
 bool RenderFile(const FolderItem& input, const FolderItem& output, const EditOptions& edits,
                 const OutputOptions& options, Worker& worker, RenderTimes& times,
                 std::string* style, std::string& error) {
-  if (output.Exists() && SameFile(input, output)) {
-    error = texts::Of(texts::kWouldOverwrite, output.DisplayName());
-    return false;
-  }
   auto clock = std::chrono::steady_clock::now();
   BrivolantDocument document(worker.services);
   brivolantProcessorLite processor(EffectRegistry(), worker.services);
@@ -94,7 +60,6 @@ bool RenderFile(const FolderItem& input, const FolderItem& output, const EditOpt
       !edits.Apply(document, processor, error)) {
     return false;
   }
-  WarnOfIncomplete(processor, input);
   if (style != nullptr) *style = processor.StyleData();
   Picture picture = document.Image();
   document.DropOriginal();
@@ -102,10 +67,10 @@ bool RenderFile(const FolderItem& input, const FolderItem& output, const EditOpt
     error = document.lastErrorMessage;
     return false;
   }
-  if (!TakesDamage(document, output, options.strict, error)) return false;
+  if (!TakesDamage(document.OriginalDamage, options.strict, error)) return false;
   times.decode = Since(clock);
   picture = processor.Process(std::move(picture), document.PastedImages());
-  WarnOf(processor, input);
+  TellShortcomings(processor, input);
   if (options.fit) {
     picture = SharedPictureEffects::Scale(picture, static_cast<int>(options.fit->Left),
                                           static_cast<int>(options.fit->Right),
@@ -154,29 +119,35 @@ bool ParseFit(const std::string& text, std::optional<Pair>& fit) {
   return true;
 }
 
-/// The outputs of the command, or the sentence why it is used wrongly.
-bool ChooseOutputs(const RenderOptions& options, std::vector<FolderItem>& outputs,
-                   std::string& error) {
-  if (options.file.empty() == options.folder.empty()) {
-    error = texts::kNeedsOutput.Text();
-    return false;
+/// Empty, or the sentence why the outputs are chosen wrongly.
+std::string WrongOutputs(const RenderOptions& options) {
+  if (options.file.empty() == options.folder.empty()) return texts::kNeedsOutput.Text();
+  if (!options.folder.empty()) return {};
+  if (options.inputs.size() > 1) return texts::kOneOutput.Text();
+  const FolderItem output(options.file);
+  return FormatOf(output).empty() ? texts::Of(texts::kUnknownExtension, output.DisplayName())
+                                  : std::string();
+}
+
+/// The outputs of the command. Empty, with the sentence in `error`, if one of them, or the style
+/// that is saved, would take the place of what is read.
+std::vector<FolderItem> ChooseOutputs(RenderOptions& options, std::string& error) {
+  if (!options.saveStyle.empty()) {
+    // The style itself may be the one that was read.
+    error = InputFiles(options.inputs).WhyNotWriteTo(FolderItem(options.saveStyle));
+    if (!error.empty()) return {};
   }
-  if (!options.folder.empty()) {
-    outputs = OutputsIn(FolderItem(options.folder), options.inputs, [](const FolderItem& input) {
-      return FormatOf(input).empty() ? "jpg" : FolderitemExtensions::FileExtension(input);
-    });
-    return true;
-  }
-  if (options.inputs.size() > 1) {
-    error = texts::kOneOutput.Text();
-    return false;
-  }
-  outputs = {FolderItem(options.file)};
-  if (FormatOf(outputs.front()).empty()) {
-    error = texts::Of(texts::kUnknownExtension, outputs.front().DisplayName());
-    return false;
-  }
-  return true;
+  std::vector<std::string> all = options.inputs;
+  if (!options.edits.Style().empty()) all.push_back(options.edits.Style());
+  const InputFiles read(all);
+  const FolderItem folder(options.folder);
+  const FolderItem file(options.file);
+  error = folder ? read.WhyNotWriteInto(folder) : read.WhyNotWriteTo(file);
+  if (!error.empty()) return {};
+  if (!folder) return {file};
+  return OutputsIn(folder, options.inputs, read, [](const FolderItem& input) {
+    return FormatOf(input).empty() ? "jpg" : FolderitemExtensions::FileExtension(input);
+  });
 }
 
 void PrintTiming(const FolderItem& input, const RenderTimes& times) {
@@ -189,15 +160,19 @@ void PrintTiming(const FolderItem& input, const RenderTimes& times) {
 }
 
 int RunRender(RenderOptions& options, const CLI::App& command, bool verbose) {
-  std::string error;
-  std::vector<FolderItem> outputs;
+  std::string error = WrongOutputs(options);
   if (!options.fit.empty() && !ParseFit(options.fit, options.output.fit)) {
     PrintError(WithPlaceholders(texts::kBadFit.Text(), {{"<text>", options.fit}}));
     return kWrongUse;
   }
-  if (!ChooseOutputs(options, outputs, error) || !options.edits.Collect(command, error)) {
+  if (!error.empty() || !options.edits.Collect(command, error)) {
     PrintError(error);
     return kWrongUse;
+  }
+  const std::vector<FolderItem> outputs = ChooseOutputs(options, error);
+  if (outputs.empty()) {
+    PrintError(error);
+    return kFileFailed;
   }
   if (!options.folder.empty()) {
     const FolderItem folder(options.folder);

@@ -30,8 +30,8 @@ struct OutputOptions {
 /// failure.
 [[nodiscard]] bool OpenInput(const FolderItem& input, BrivolantDocument& document,
                              brivolantProcessorLite& processor, Worker& worker, std::string& error);
-/// Renders one file. False and a sentence in `error` on failure. `style` receives the style data
-/// if it is not null.
+/// Renders one file; see InputFiles for where it may be written. False and a sentence in `error` on
+/// failure. `style` receives the style data if it is not null.
 [[nodiscard]] bool RenderFile(const FolderItem& input, const FolderItem& output,
                               const EditOptions& edits, const OutputOptions& options,
                               Worker& worker, RenderTimes& times, std::string* style,

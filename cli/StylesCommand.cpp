@@ -5,6 +5,7 @@
 
 #include "cli/Commands.h"
 #include "cli/EditOptions.h"
+#include "cli/Outputs.h"
 #include "cli/Support.h"
 #include "cli/Texts.h"
 #include "effects/styles/OneClickWonderStorage.h"
@@ -115,11 +116,15 @@ int Make(const MakeOptions& options, bool verbose) {
     PrintError(texts::Of(texts::kNotOneClick, output.DisplayName()));
     return kWrongUse;
   }
+  std::string error = InputFiles({options.source, options.picture}).WhyNotWriteTo(output);
+  if (!error.empty()) {
+    PrintError(error);
+    return kFileFailed;
+  }
   OneClickWonder style(worker.services);
   style.Category = OneClickWonderStorage::kUsersCategory;
   style.Creator = worker.user.FullName();
   style.ContactLink = worker.user.ContactLink();
-  std::string error;
   if (!StyleSource::Read(*text, worker.services, style, error)) {
     PrintError(source.DisplayName() + ": " + error);
     return kFileFailed;
@@ -145,6 +150,10 @@ int Extract(const std::string& text, const std::string& output, bool verbose) {
   const auto style = Find(text, worker);
   if (style == nullptr) return kFileFailed;
   const FolderItem file(output);
+  if (const std::string why = InputFiles({text}).WhyNotWriteTo(file); !why.empty()) {
+    PrintError(why);
+    return kFileFailed;
+  }
   if (const std::error_code failure =
           WriteFileAtomically(file, StyleSource::Write(*style, worker.services))) {
     PrintError(texts::Of(texts::kCannotWrite, file.DisplayName(), failure.message()));

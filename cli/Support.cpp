@@ -10,10 +10,8 @@
 #include <cmath>
 #include <cstdio>
 #include <fstream>
-#include <set>
 #include <thread>
 
-#include "files/FolderitemExtensions.h"
 #include "platform/codecs/ImageCodecs.h"
 #include "platform/values/Text.h"
 
@@ -135,33 +133,6 @@ int RunJobs(int count, int jobs, const std::function<bool(int)>& work) {
   run();
   for (std::thread& thread : others) thread.join();
   return failed;
-}
-
-std::vector<FolderItem> OutputsIn(
-    const FolderItem& folder, const std::vector<std::string>& inputs,
-    const std::function<std::string(const FolderItem& input)>& extensionOf) {
-  std::vector<FolderItem> outputs;
-  std::set<std::string> taken;
-  for (const std::string& text : inputs) {
-    const FolderItem input(text);
-    const std::string stem = FolderitemExtensions::FileNameWithoutExtension(input);
-    const std::string extension = extensionOf(input);
-    std::string name;
-    int n = 0;
-    do {
-      name = stem;
-      if (n > 0) name.append("-").append(std::to_string(n));
-      name.append(".").append(extension);
-      ++n;
-    } while (!taken.insert(name).second);
-    outputs.push_back(folder.Child(name));
-  }
-  return outputs;
-}
-
-bool SameFile(const FolderItem& a, const FolderItem& b) {
-  std::error_code error;
-  return std::filesystem::equivalent(a.Path(), b.Path(), error) && !error;
 }
 
 bool Guarded(const FolderItem& file, std::string& error, const std::function<bool()>& work) {

@@ -82,14 +82,6 @@ class ProgressBar {
 /// indexes for which it returned false.
 int RunJobs(int count, int jobs, const std::function<bool(int index)>& work);
 
-/// A place in the folder for each input: its name with the extension that `extensionOf` gives, and
-/// a number where two inputs would meet.
-std::vector<FolderItem> OutputsIn(
-    const FolderItem& folder, const std::vector<std::string>& inputs,
-    const std::function<std::string(const FolderItem& input)>& extensionOf);
-/// True if both exist and are one file, by whatever path.
-bool SameFile(const FolderItem& a, const FolderItem& b);
-
 /// Runs `work`; an exception, such as memory that ran out, becomes the sentence in `error` and
 /// false.
 bool Guarded(const FolderItem& file, std::string& error, const std::function<bool()>& work);

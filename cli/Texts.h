@@ -126,6 +126,10 @@ inline constexpr LocalizedText kExists{"cli.kExists",
 inline constexpr LocalizedText kWouldOverwrite{
     "cli.kWouldOverwrite",
     "\"<filename>\" is the original itself; it was left as it is. Choose another output."};
+inline constexpr LocalizedText kInsideDocument{
+    "cli.kInsideDocument",
+    "\"<filename>\" lies inside a document, which only the document itself is written into. Choose "
+    "another output."};
 
 /// `text` with the name of a file, and a reason, put in.
 inline std::string Of(const LocalizedText& text, const std::string& filename,

@@ -39,7 +39,7 @@ class RangedNumber {
   operator const T&() const { return value_; }  // NOLINT(google-explicit-constructor)
   RangedNumber& operator=(T value) {
     value_ = range_.Limited(value);
-    outside_ = {};
+    other_ = {};
     return *this;
   }
   RangedNumber& operator+=(T value) { return *this = static_cast<T>(value_ + value); }
@@ -47,24 +47,21 @@ class RangedNumber {
   /// Takes a stored value; one that is no finite number reads as `fallback`.
   void Read(const Variant& stored, T fallback) {
     const double number = stored.ToDouble();
-    if (range_.Holds(number)) {
-      *this = static_cast<T>(number);
-      return;
-    }
-    *this = !std::isfinite(number)                       ? fallback
+    *this = range_.Holds(number)                         ? static_cast<T>(number)
+            : !std::isfinite(number)                     ? fallback
             : number < static_cast<double>(range_.least) ? range_.least
                                                          : range_.most;
-    if (!stored.IsNumber()) return;
-    outside_ = stored;
+    if (!stored.IsNumber() || static_cast<double>(value_) == number) return;
+    other_ = stored;
     if constexpr (std::is_same_v<T, float>) {
       // Files hold the same number in four bytes, though it is read into eight.
       const double most = static_cast<double>(std::numeric_limits<float>::max());
       const bool fits = !std::isfinite(number) || std::abs(number) <= most;
-      if (fits) outside_ = AsSingle(number);
+      if (fits) other_ = AsSingle(number);
     }
   }
   /// What is written.
-  Variant Stored() const { return outside_.IsNil() ? Variant(value_) : outside_; }
+  Variant Stored() const { return other_.IsNil() ? Variant(value_) : other_; }
   const Range<T>& Safe() const { return range_; }
 
  private:
@@ -76,8 +73,9 @@ class RangedNumber {
 
   Range<T> range_;
   T value_;
-  /// The stored number that lies outside the range; nil while the value itself is stored.
-  Variant outside_;
+  /// The stored number that the value is not: outside the range, or finer than the type. Nil while
+  /// the value itself is stored.
+  Variant other_;
 };
 
 /// The index of an item of a menu, from -1, which no item has: a stored number that no item has
@@ -95,7 +93,7 @@ class MenuIndex {
   void Read(const Variant& stored, int fallback) {
     const double number = stored.ToDouble();
     *this = std::isnan(number) ? fallback : stored.ToInt();
-    if (stored.IsNumber() && (value_ < 0 || std::isnan(number))) stored_ = stored;
+    if (stored.IsNumber() && number != value_) stored_ = stored;
   }
   Variant Stored() const { return stored_; }
   Range<int> Safe() const { return {-1, items_ - 1}; }

@@ -17,6 +17,8 @@ constexpr std::string_view kForegroundTag = "FORE";
 constexpr std::string_view kBackgroundTag = "BACK";
 constexpr std::string_view kBlend = "PROC";
 constexpr std::uint32_t kBlendLength = 7;
+/// Of one stack with all that it holds: hundreds of times what the largest needs.
+constexpr std::size_t kMostEntries = 100'000;
 
 void WriteRecord(ByteWriter& out, std::string_view tag, std::string_view body) {
   out.Bytes(tag);
@@ -40,7 +42,7 @@ bool ReadStacks(std::string_view body, StyleContent& content) {
     const std::uint32_t length = stream.ReadUInt32();
     const std::string_view bytes = stream.ReadUpTo(length);
     if (stream.Failed() || bytes.size() < length) return false;
-    auto stack = BinaryDictionary::BinaryDictionaryFromString(bytes);
+    auto stack = BinaryDictionary::BinaryDictionaryFromString(bytes, kMostEntries);
     whole = whole && stack.has_value();
     if (stack) (foreground ? content.Foreground : content.Background) = std::move(stack);
   }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <map>
+#include <unordered_map>
 
 #include "engine/EditorInterfaces.h"
 #include "engine/ModuleParameter.h"
@@ -197,14 +198,32 @@ std::string brivolantProcessorLite::StyleData() const {
 }
 
 void brivolantProcessorLite::ApplyStyle(const Dictionary& stack, int number) {
+  // A style may come from anyone: what it names is looked up at once, and told in a few lines.
+  constexpr int kMostTold = 5;
+  constexpr std::size_t kLongestTold = 100;
   CurrentStack = number;
+  std::unordered_map<std::string, effectModule*> known;
+  for (const auto& module : Current()) known.try_emplace(module->ID(), module.get());
+  int unknown = 0;
   for (int j = 0; j < stack.Count(); ++j) {
-    const int position = ItemPositionViaID(stack.Key(j).ToText());
-    if (position < 0) continue;
-    if (const auto* settings = stack.ValueAt(j).As<Dictionary>()) {
-      item(position)->Settings(*settings);
+    const std::string id = stack.Key(j).ToText();
+    const auto found = known.find(id);
+    if (found == known.end()) {
+      if (++unknown <= kMostTold) services_.Log.Write(UnknownModule(id.substr(0, kLongestTold)));
+      continue;
     }
+    if (const auto* settings = stack.ValueAt(j).As<Dictionary>()) {
+      found->second->Settings(*settings);
+    }
+    // Where it is now: those before it have moved.
+    const auto place = std::find_if(Current().begin(), Current().end(), [&](const auto& module) {
+      return module.get() == found->second;
+    });
+    const auto position = static_cast<int>(place - Current().begin());
     if (position != j) ChangeItemOrder(position, j);
+  }
+  if (unknown > kMostTold) {
+    services_.Log.Write("and " + std::to_string(unknown - kMostTold) + " more");
   }
 }
 

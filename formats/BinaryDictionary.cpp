@@ -113,7 +113,7 @@ class Writer {
 /// Reads values; after a failure the stream says so and everything is nil.
 class Reader {
  public:
-  explicit Reader(BinaryStream& stream) : stream_(stream) {}
+  Reader(BinaryStream& stream, std::size_t most) : stream_(stream), left_(most) {}
 
   Dictionary ReadDictionary(std::uint32_t count, int depth) {
     Dictionary dictionary;
@@ -200,11 +200,15 @@ class Reader {
   /// An entry takes five bytes at least, so a count beyond that lies.
   bool Plausible(std::uint32_t count, int depth) {
     constexpr std::size_t kSmallestEntry = 5;
-    if (depth > kDeepest || count > stream_.Remaining() / kSmallestEntry) failed_ = true;
+    failed_ = failed_ || depth > kDeepest || count > left_ ||
+              count > stream_.Remaining() / kSmallestEntry;
+    if (!failed_) left_ -= count;
     return !Failed();
   }
 
   BinaryStream& stream_;
+  /// Entries that may still come.
+  std::size_t left_;
   bool failed_ = false;
 };
 
@@ -217,15 +221,15 @@ std::string BinaryStringFromDictionary(const Dictionary& dictionary) {
   return writer.Take();
 }
 
-std::optional<Dictionary> BinaryDictionaryFromString(std::string_view bytes) {
+std::optional<Dictionary> BinaryDictionaryFromString(std::string_view bytes, std::size_t most) {
   BinaryStream stream(bytes);
-  return BinaryDictionaryFromStream(stream);
+  return BinaryDictionaryFromStream(stream, most);
 }
 
-std::optional<Dictionary> BinaryDictionaryFromStream(BinaryStream& stream) {
+std::optional<Dictionary> BinaryDictionaryFromStream(BinaryStream& stream, std::size_t most) {
   stream.LittleEndian = true;
   if (stream.Read(kMagic.size()) != kMagic) return std::nullopt;
-  Reader reader(stream);
+  Reader reader(stream, most);
   const Dictionary outer = reader.ReadDictionary(1, 0);
   const auto* root = outer.Value(kRoot).As<Dictionary>();
   if (reader.Failed() || root == nullptr) return std::nullopt;

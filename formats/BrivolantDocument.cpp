@@ -11,6 +11,7 @@
 #include "files/FolderitemExtensions.h"
 #include "formats/DocumentParts.h"
 #include "formats/ImageFile.h"
+#include "formats/PictureStrings.h"
 #include "platform/pictures/kernels/ComposeKernels.h"
 #include "platform/values/SharedComponents.h"
 
@@ -214,10 +215,10 @@ const ExtendedPicture* BrivolantDocument::MidSizePreview() {
     const FolderItem& package = tFile.Exists() ? tFile : File;
     const FolderItem preview = package.Child(kMidSizePreviewName);
     if (!package.Exists() || !preview.Exists()) return nullptr;
-    std::string error;
-    const auto file = ImageIO::OpenAsImageFile(preview, ImageIO::kEverything, error);
-    if (!file || file->Image.empty()) return nullptr;
-    midSizePreview_ = std::move(file->Image.front());
+    constexpr int kSide = 1024;
+    const Picture picture = JpegImporter::PreviewFromFile(preview, kSide);
+    if (picture.IsNil()) return nullptr;
+    midSizePreview_.emplace(picture);
   }
   return &*midSizePreview_;
 }

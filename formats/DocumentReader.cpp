@@ -7,7 +7,6 @@
 #include "formats/DocumentParts.h"
 #include "formats/FileTypes.h"
 #include "formats/IFFData.h"
-#include "formats/ImageFile.h"
 #include "formats/PictureStrings.h"
 #include "platform/files/BinaryStream.h"
 
@@ -76,10 +75,7 @@ bool BrivolantDocument::LoadPackage(const FolderItem& file) {
   }
   savedStyle_ = StyleData;
   const FolderItem thumbnail = file.Child(kThumbnailName);
-  if (thumbnail.Exists()) {
-    std::string ignored;
-    PreviewAfter = ImageIO::OpenAsPictureUsingImageIO(thumbnail, ignored);
-  }
+  if (thumbnail.Exists()) PreviewAfter = JpegImporter::PreviewFromFile(thumbnail);
   return true;
 }
 
@@ -101,11 +97,11 @@ bool BrivolantDocument::LoadOneFile(const FolderItem& file) {
   BinaryStream stream(trailer);
   stream.LittleEndian = true;
   const std::uint64_t distance = stream.ReadUInt32();
-  const std::string body = ReadTail(file, distance + kTrailer);
   // The version byte lies `distance` before the length field.
   const bool fits = distance >= 1 && distance <= kLongestBody && !stream.Failed() &&
-                    body.size() == distance + kTrailer;
-  if (!fits) {
+                    distance + kTrailer <= file.Length();
+  const std::string body = fits ? ReadTail(file, distance + kTrailer) : std::string();
+  if (!fits || body.size() != distance + kTrailer) {
     lastErrorMessage = kWrongTrailer.Text();
     return false;
   }

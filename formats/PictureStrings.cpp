@@ -28,8 +28,14 @@ Picture JpegImporter::OpenFromFile(const FolderItem& file) {
   return FromFile(file, OpenFromString);
 }
 
-Picture JpegImporter::PreviewFromString(std::string_view bytes) {
-  return DecodeJpegBytes(bytes, kPreviewSide, kMostPreviewPixels);
+Picture JpegImporter::PreviewFromString(std::string_view bytes, int side) {
+  return DecodeJpegBytes(bytes, side, kMostPreviewPixels);
+}
+
+Picture JpegImporter::PreviewFromFile(const FolderItem& file, int side) {
+  constexpr std::uint64_t kMostBytes = std::uint64_t{1} << 24;
+  const auto bytes = ReadFile(file, kMostBytes);
+  return bytes ? PreviewFromString(*bytes, side) : Picture();
 }
 
 Picture PngImporter::OpenFromString(std::string_view bytes) {

@@ -13,14 +13,16 @@ namespace brivolant {
 
 class JpegImporter {
  public:
+  static constexpr int kMostPreviewPixels = 1 << 22;
+  static constexpr int kPreviewSide = 512;
   static Picture OpenFromString(std::string_view bytes);
   static Picture OpenFromFile(const FolderItem& file);
   /// A preview inside a file that may come from anyone: nil if it claims more than
   /// kMostPreviewPixels, which is found out before anything is decoded, else reduced as far as its
-  /// longer side stays at kPreviewSide.
-  static Picture PreviewFromString(std::string_view bytes);
-  static constexpr int kMostPreviewPixels = 1 << 22;
-  static constexpr int kPreviewSide = 512;
+  /// longer side stays at `side`.
+  static Picture PreviewFromString(std::string_view bytes, int side = kPreviewSide);
+  /// The same from a file of a few megabytes at most.
+  static Picture PreviewFromFile(const FolderItem& file, int side = kPreviewSide);
 };
 
 class PngImporter {

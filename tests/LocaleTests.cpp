@@ -66,8 +66,25 @@ TEST(Numbers, OfFilesHaveAPoint) {
                                                                   {"1.234,5", std::nullopt}}) {
     EXPECT_EQ(NumberFromText(text), number) << text;
   }
-  for (const auto& [text, number] : std::vector<std::pair<std::string, double>>{
-           {"0.5", 0.5}, {" +2.25 mm", 2.25}, {"-1e2", -100}, {"7,9", 7}, {"", 0}, {"x", 0}}) {
+  for (const auto& [text, number] :
+       std::vector<std::pair<std::string, double>>{{"0.5", 0.5},
+                                                   {" +2.25 mm", 2.25},
+                                                   {"-1e2", -100},
+                                                   {"7,9", 7},
+                                                   {"", 0},
+                                                   {"x", 0},
+                                                   // What no double holds lies at its ends.
+                                                   {"1e400", kInfinite},
+                                                   {"-1e400 mm", -kInfinite},
+                                                   {"1e-400", 0},
+                                                   {"-1e-400", 0},
+                                                   {"0.001e400", kInfinite},
+                                                   {"1000e-400", 0},
+                                                   {"0e999", 0},
+                                                   {"+2e+99999999999999999999", kInfinite},
+                                                   {"2E-99999999999999999999", 0},
+                                                   {"1" + std::string(400, '0'), kInfinite},
+                                                   {"0." + std::string(400, '0') + "1", 0}}) {
     EXPECT_EQ(LeadingNumber(text), number) << text;
   }
   EXPECT_EQ(Hexadecimal(0, 1), "0");
@@ -157,6 +174,16 @@ TEST(Numbers, OfACropAreReadAsEverySystemWroteThem) {
     EXPECT_EQ(read.CropSize, (Pair{0.5, 0.75})) << text;
     EXPECT_EQ(read.Image().Width(), 40) << text;
     EXPECT_EQ(read.Image().Height(), 30) << text;
+  }
+  // Beyond all numbers it stays so, read once or again.
+  ReplaceCrop(package, "0 -1e400 0.5 1e400");
+  for (int time = 0; time < 2; ++time) {
+    BrivolantDocument read(s.services);
+    ASSERT_TRUE(read.Load(package));
+    constexpr double kInfinite = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(read.CropOffSet, (Pair{0, -kInfinite}));
+    EXPECT_EQ(read.CropSize, (Pair{0.5, kInfinite}));
+    ASSERT_TRUE(read.Save());
   }
 }
 

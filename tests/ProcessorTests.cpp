@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "Helpers.h"
 #include "effects/FindEffect.h"
 #include "engine/EditorInterfaces.h"
@@ -331,6 +333,52 @@ TEST(StyleData, UnknownModulesAreSkippedAndPendingSettingsKept) {
   EXPECT_TRUE(p.processor.item(1)->Settings() == sepia);
   p.processor.Reset();
   EXPECT_EQ(p.processor.ItemVIaID(kBorders)->Settings().Count(), 0);
+}
+
+TEST(StyleData, WhatNamesTooMuchIsToldInAFewLines) {
+  Dictionary exposure;
+  exposure.Value("Power", 2.5);
+  Dictionary stack;
+  stack.Value(kLevels, Dictionary());
+  for (int i = 0; i < 3000; ++i) stack.Value(std::to_string(i) + std::string(500, 'x'), i);
+  stack.Value(kExposure, exposure);
+  Processor p;
+  EXPECT_EQ(p.processor.StyleData(WriteStyleData(stack, {}, 1, 0)), StyleFault::kNone);
+  EXPECT_LE(p.log.lines.size(), 10U);
+  EXPECT_THAT(p.log.lines.at(0), HasSubstr("0xxx"));
+  for (const std::string& line : p.log.lines) EXPECT_LT(line.size(), 200U);
+  EXPECT_EQ(p.processor.ItemPositionViaID(kLevels), 0);
+  EXPECT_EQ(p.processor.ItemPositionViaID(kExposure), p.processor.Count());
+  EXPECT_EQ(p.processor.ItemVIaID(kExposure)->Settings().Value("Power").ToDouble(), 2.5);
+}
+
+TEST(StyleData, AStackOfMoreEntriesThanAnyNeedsIsRefusedUnread) {
+  Dictionary many;
+  for (int i = 0; i < 60'000; ++i) many.Value(i, Variant());
+  Dictionary deep;
+  deep.Value(kExposure, many);
+  Processor p;
+  EXPECT_EQ(p.processor.StyleData(WriteStyleData(deep, {}, 1, 0)), StyleFault::kNone);
+  deep.Value(kLevels, many);
+  EXPECT_EQ(p.processor.StyleData(WriteStyleData(deep, {}, 1, 0)), StyleFault::kDamaged);
+}
+
+TEST(StyleData, EveryOrderOfTheModulesComesBack) {
+  Processor from;
+  brivolantProcessorLite& processor = from.processor;
+  std::mt19937 random(3);
+  for (int run = 0; run < 20; ++run) {
+    const int count = processor.Count() + 1;
+    for (int i = 0; i < count; ++i) {
+      processor.ChangeItemOrder(static_cast<int>(random() % static_cast<unsigned>(count)),
+                                static_cast<int>(random() % static_cast<unsigned>(count)));
+    }
+    Processor to;
+    ASSERT_EQ(to.processor.StyleData(processor.StyleData()), StyleFault::kNone);
+    for (int i = 0; i < count; ++i) {
+      ASSERT_EQ(to.processor.item(i)->ID(), processor.item(i)->ID()) << i;
+    }
+  }
 }
 
 TEST(StyleData, DamageIsReportedAndTheRestUsed) {

@@ -29,8 +29,9 @@ const double kNaN = std::numeric_limits<double>::quiet_NaN();
 const double kInfinite = std::numeric_limits<double>::infinity();
 
 const std::vector<Variant>& Hostile() {
-  static const std::vector<Variant> numbers{kIntMin, kIntMax, 1e30,      -1e30,      1e7,   -1e7,
-                                            0.0,     kNaN,    kInfinite, -kInfinite, 1e300, 5e-324};
+  static const std::vector<Variant> numbers{kIntMin,    kIntMax, 1e30,  -1e30, 1e7,
+                                            -1e7,       2.7,     0.0,   kNaN,  kInfinite,
+                                            -kInfinite, 1e300,   5e-324};
   return numbers;
 }
 
@@ -100,9 +101,9 @@ TEST(Ranges, AnyNumberOfAnyModuleRendersAndIsKept) {
           ExpectPainted(module, settings);
           const double rendered = parameter->Rendered().ToDouble();
           ASSERT_TRUE(range.Holds(rendered)) << rendered;
-          // A number within the range takes the parameter's type, any other stays what it was.
+          // A number that the parameter can hold takes its type, any other stays what it was.
           const Variant kept = module.Settings().Value(parameter->Key());
-          if (range.Holds(number.ToDouble())) {
+          if (rendered == number.ToDouble()) {
             ASSERT_EQ(kept, parameter->Rendered());
           } else {
             ASSERT_TRUE(SameNumber(kept, number)) << kept.ToText();
@@ -181,7 +182,9 @@ TEST(Ranges, ReadKeepAndAssign) {
                         {11, 10, 11},
                         {-3, 0, -3},
                         {1e30, 10, 1e30},
-                        {2.9, 2, 2},
+                        {2.9, 2, 2.9},
+                        {2.0, 2, 2},
+                        {Currency{25000}, 2, Currency{25000}},
                         {-0.5, 0, -0.5},
                         {kInfinite, 7, kInfinite},
                         {kNaN, 7, kNaN},
@@ -198,11 +201,21 @@ TEST(Ranges, ReadKeepAndAssign) {
     number += 100;
     EXPECT_EQ(number, 10) << "what a user does stays inside";
   }
+  // What is finer than a single stays, whatever is read from it; what is one stays four bytes.
+  RangedNumber<float> single({0, 10}, 1);
+  for (const auto& [stored, written] : {std::pair{Variant(0.1), Variant(0.1)},
+                                        {Variant(0.25), Variant(0.25F)},
+                                        {Variant(5e-324), Variant(5e-324)},
+                                        {Variant(20.5), Variant(20.5F)}}) {
+    single.Read(stored, 7);
+    EXPECT_EQ(single.Stored(), written) << stored.ToText();
+  }
   MenuIndex menu(3, 0);
   for (const auto& [stored, reads] : {std::pair{Variant(2), 2},
                                       {Variant(3), -1},
                                       {Variant(-7), -1},
                                       {Variant(1e30), -1},
+                                      {Variant(1.5), 1},
                                       {Variant(kNaN), 1}}) {
     menu.Read(stored, 1);
     EXPECT_EQ(menu, reads) << stored.ToText();
@@ -391,7 +404,7 @@ TEST(DocumentNumbers, TheCropToolStartsInsideThePicture) {
   }
 }
 
-// Previews in styles.
+// Previews in styles and documents.
 
 /// The first bytes of a JPEG that claims that size.
 std::string Claiming(int width, int height) {
@@ -423,6 +436,15 @@ TEST(StylePreviews, AreBoundedBeforeTheyAreDecoded) {
   EXPECT_GE(large.Width(), JpegImporter::kPreviewSide);
   EXPECT_LT(large.Width(), 2 * JpegImporter::kPreviewSide);
   TestServices s;
+  // A document's own preview comes from a file that anyone may have put there.
+  const FolderItem package = s.folder.Child("x.brvPhoto");
+  ASSERT_TRUE(BrivolantDocument(s.services, TestPicture(40, 30), "x").Save(package));
+  BrivolantDocument document(s.services);
+  ASSERT_TRUE(JpegExporter().SaveToFile(package.Child(BrivolantDocument::kThumbnailName),
+                                        TestPicture(2000, 1000)));
+  ASSERT_TRUE(document.Load(package));
+  EXPECT_GE(document.PreviewAfter.Width(), JpegImporter::kPreviewSide);
+  EXPECT_LT(document.PreviewAfter.Width(), 2 * JpegImporter::kPreviewSide);
   OneClickWonder style(s.services);
   style.Preview(TestPicture(320, 200));
   OneClickWonder read(s.services);

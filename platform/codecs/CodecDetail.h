@@ -27,6 +27,8 @@ Expected<DecodedImage> ReadInPart(const FolderItem& file, DecodedImage image,
 /// The picture shrunk so that no side is longer than `longest`, in the same proportion. Smaller
 /// ones stay as they are.
 Picture FitWithin(const Picture& picture, int longest);
+/// The same of a decoded picture, turned upright.
+DecodedImage SmallOf(DecodedImage image, int longest);
 /// The picture on white, without its mask.
 Picture Flattened(const Picture& picture);
 

@@ -160,6 +160,15 @@ Picture Flattened(const Picture& picture) {
 
 }  // namespace codecs
 
+namespace codecs {
+
+DecodedImage SmallOf(DecodedImage image, int longest) {
+  image.Pixels = UprightPicture(FitWithin(image.Pixels, longest), image.Properties.Orientation);
+  return image;
+}
+
+}  // namespace codecs
+
 Picture UprightPicture(const Picture& picture, int orientation) {
   if (picture.IsNil() || orientation <= 1 || orientation > 8) return picture;
   const kernels::Turn turn = kTurns[static_cast<std::size_t>(orientation - 1)];
@@ -199,6 +208,12 @@ Expected<std::unique_ptr<ImageSource>> ImageSource::Open(const FolderItem& file)
   if (!source) source = codecs::OpenDamaged(file);
   if (!source) return Result::Failure(CodecMessage(codecTexts::kUnreadable, file));
   return {std::move(source), {}};
+}
+
+Expected<Picture> ImageSource::Thumbnail(int longest) const {
+  Expected<DecodedImage> small = Small(longest);
+  if (!small) return Expected<Picture>::Failure(std::move(small.error));
+  return {std::move(small->Pixels), {}};
 }
 
 std::string EncodeImageFile(const FolderItem& file, std::string_view identifier,

@@ -76,8 +76,11 @@ class ImageSource {
   /// is nothing to see. The same file gives the same every time.
   virtual Expected<DecodedImage> Decode(int index) const = 0;
   /// The first picture upright, no side longer than `longest`, by the cheapest way there is: a
-  /// stored preview of that size, or a reduced decode. Damaged ones show what can be read.
-  virtual Expected<Picture> Thumbnail(int longest) const = 0;
+  /// stored preview of that size, or a reduced decode. Damaged ones show what can be read, and the
+  /// damage that was met on that way.
+  virtual Expected<DecodedImage> Small(int longest) const = 0;
+  /// The same for who only looks.
+  Expected<Picture> Thumbnail(int longest) const;
 
   /// The error names the file.
   static Expected<std::unique_ptr<ImageSource>> Open(const FolderItem& file);

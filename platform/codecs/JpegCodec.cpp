@@ -305,7 +305,7 @@ class JpegSource final : public ImageSource {
 
   Expected<DecodedImage> Decode(int) const override { return DecodeAt(0); }
 
-  Expected<Picture> Thumbnail(int longest) const override {
+  Expected<DecodedImage> Small(int longest) const override {
     Picture picture = preview_.empty() ? Picture() : DecodeJpegPreview(preview_, longest);
     // Cameras store 160 pixels, often with black bars: only a full-sized preview will do.
     if (picture.IsNil() || std::max(picture.Width(), picture.Height()) < longest ||
@@ -313,13 +313,13 @@ class JpegSource final : public ImageSource {
       picture = Eighth(longest);
       if (picture.IsNil()) {
         Expected<DecodedImage> reduced = DecodeAt(longest);
-        if (!reduced) return Expected<Picture>::Failure(reduced.error);
-        picture = std::move(reduced->Pixels);
+        if (!reduced) return reduced;
+        return {SmallOf(std::move(*reduced), longest), {}};
       }
     } else {
       profile_.ConvertToSRGB(picture);
     }
-    return {UprightPicture(FitWithin(picture, longest), header_.properties.Orientation), {}};
+    return {SmallOf({std::move(picture), header_.properties}, longest), {}};
   }
 
  private:

@@ -317,10 +317,10 @@ class PngSource final : public ImageSource {
   Expected<ImageProperties> Properties(int) const override { return {properties_, {}}; }
   Expected<DecodedImage> Decode(int) const override { return DecodeFile(file_, 0); }
 
-  Expected<Picture> Thumbnail(int longest) const override {
+  Expected<DecodedImage> Small(int longest) const override {
     auto image = DecodeFile(file_, longest);
-    if (!image) return Expected<Picture>::Failure(image.error);
-    return {UprightPicture(FitWithin(image->Pixels, longest), properties_.Orientation), {}};
+    if (!image) return image;
+    return {SmallOf(std::move(*image), longest), {}};
   }
 
  private:

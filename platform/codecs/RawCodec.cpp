@@ -85,7 +85,7 @@ class RawSource final : public ImageSource {
     return more ? more : image;
   }
 
-  Expected<Picture> Thumbnail(int longest) const override {
+  Expected<DecodedImage> Small(int longest) const override {
     const auto raw = NewDecoder();
     int error = raw->open_file(file_.Path().c_str());
     if (error == LIBRAW_SUCCESS) error = raw->unpack_thumb();
@@ -100,13 +100,14 @@ class RawSource final : public ImageSource {
     }
     if (picture.IsNil()) {
       Expected<DecodedImage> full = Decode(0);
-      if (!full) return Expected<Picture>::Failure(full.error);
-      return {FitWithin(full->Pixels, longest), {}};
+      if (!full) return full;
+      return {SmallOf(std::move(*full), longest), {}};
     }
     // The preview is stored as the sensor stood.
     constexpr std::array<int, 8> kOrientation{1, 1, 1, 3, 1, 8, 6, 1};
-    const int orientation = kOrientation.at(static_cast<std::size_t>(raw->imgdata.sizes.flip & 7));
-    return {UprightPicture(FitWithin(picture, longest), orientation), {}};
+    ImageProperties stored = properties_;
+    stored.Orientation = kOrientation.at(static_cast<std::size_t>(raw->imgdata.sizes.flip & 7));
+    return {SmallOf({std::move(picture), std::move(stored)}, longest), {}};
   }
 
  private:

@@ -36,8 +36,8 @@ class DamagedSource final : public ImageSource {
   int Count() const override { return 1; }
   Expected<ImageProperties> Properties(int) const override { return {image_.Properties, {}}; }
   Expected<DecodedImage> Decode(int) const override { return {image_, {}}; }
-  Expected<Picture> Thumbnail(int longest) const override {
-    return {UprightPicture(FitWithin(image_.Pixels, longest), image_.Properties.Orientation), {}};
+  Expected<DecodedImage> Small(int longest) const override {
+    return {SmallOf(image_, longest), {}};
   }
 
  private:

@@ -339,10 +339,10 @@ class VipsSource final : public ImageSource {
     return more ? more : image;
   }
 
-  Expected<Picture> Thumbnail(int longest) const override {
+  Expected<DecodedImage> Small(int longest) const override {
     // Most formats are read whole, however small the result.
     if (std::int64_t{width_} * height_ > Picture::kMostPixels) {
-      return Expected<Picture>::Failure(Allocate(file_, width_, height_).error);
+      return Expected<DecodedImage>::Failure(Allocate(file_, width_, height_).error);
     }
     const PlainPath path(file_);
     VipsImage* small = nullptr;
@@ -350,18 +350,18 @@ class VipsSource final : public ImageSource {
     if (!tolerant_ && vips_thumbnail(path.Get(), &small, longest, "height", longest, "size",
                                      VIPS_SIZE_DOWN, "export_profile", "srgb", "no_rotate", TRUE,
                                      "fail_on", VIPS_FAIL_ON_ERROR, nullptr) == 0) {
-      const int orientation = std::clamp(vips_image_get_orientation(small), 1, 8);
+      ImageProperties properties = PropertiesOf(small);
       if (const Image image = ToSRGB(Image(small))) {
         auto done = Render(file_, image.get(), true, vips_image_get_bands(image.get()));
-        if (done && done->Whole()) return {UprightPicture(done->picture, orientation), {}};
+        if (done && done->Whole()) {
+          return {SmallOf({std::move(done->picture), std::move(properties)}, longest), {}};
+        }
       }
     }
     vips_error_clear();
-    const Expected<DecodedImage> image = Decode(0);
-    if (!image) return Expected<Picture>::Failure(image.error);
-    return {UprightPicture(FitWithin(image.value->Pixels, longest),
-                           image.value->Properties.Orientation),
-            {}};
+    Expected<DecodedImage> image = Decode(0);
+    if (!image) return image;
+    return {SmallOf(std::move(*image), longest), {}};
   }
 
  private:

@@ -12,7 +12,8 @@ namespace brivolant {
 
 /// A finite number with a point and nothing else: no blanks, no comma.
 std::optional<double> NumberFromText(std::string_view text);
-/// The number that a text begins with, after blanks and a plus; 0 if there is none.
+/// The number that a text begins with, after blanks and a plus; 0 if there is none, infinite if it
+/// is beyond all numbers.
 double LeadingNumber(std::string_view text);
 /// `value` with that many decimals after a point. What is no number is 0.
 std::string FixedNumber(double value, int decimals);
