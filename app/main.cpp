@@ -125,6 +125,7 @@ int Run(int argc, char** argv) {
   QGuiApplication::setDesktopFileName(QStringLiteral("brivolant-photos"));
   Application application(argc, argv);
   KeepLibraryNumbersPlain();
+  KeepLibraryLettersPlain();
   QGuiApplication::setApplicationDisplayName(
       QString::fromStdString(GlobalApplicationSpecificProperties::ApplicationName.Text()));
   SingleInstance instance;

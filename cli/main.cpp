@@ -28,6 +28,7 @@ int main(int argc, char** argv) {
   const QGuiApplication fonts(count, argv);
   // What is printed may be read by another program: it is the same everywhere.
   brivolant::KeepLibraryNumbersPlain();
+  brivolant::KeepLibraryLettersPlain();
   QLocale::setDefault(QLocale::c());
   return brivolant::cli::RunCommandLine(argc, argv);
 }

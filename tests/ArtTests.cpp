@@ -313,6 +313,23 @@ TEST(Art, APictureLaidOverThePhotoIsInEveryRender) {
   EXPECT_THAT(other.Warnings().front(), testing::HasSubstr("Overlay"));
   EXPECT_EQ(told.size(), 2U) << "once for each render";
 
+  // One that could be read only in part is told of, whoever lays it over.
+  std::string bytes = ReadFile(picture("part.png", kPink)).value();
+  // The sum over the pixels.
+  bytes[bytes.size() - 16] = static_cast<char>(bytes[bytes.size() - 16] ^ 1);
+  const FolderItem part = art.folder.Write("part.png", bytes);
+  ASSERT_TRUE(overlay.SetAsMyPicture(part));
+  for (int run = 0; run < 2; ++run) {
+    (void)render();
+    EXPECT_THAT(processor.Warnings(),
+                testing::ElementsAre(testing::HasSubstr("as far as it can be read")));
+  }
+  EXPECT_FALSE(other.Process(plain, document.PastedImages()).IsNil());
+  other.StyleData(processor.StyleData());
+  (void)other.Process(plain, document.PastedImages());
+  EXPECT_THAT(other.Warnings(),
+              testing::ElementsAre(testing::HasSubstr("as far as it can be read")));
+
   // Another picture, a reset: what was stored before still finds its own.
   ASSERT_TRUE(overlay.SetAsMyPicture(picture("white.png", kWhite)));
   EXPECT_EQ(render().At(40, 10), kWhite);

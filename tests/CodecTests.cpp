@@ -319,6 +319,15 @@ TEST(Codecs, AFullDiskIsToldInEveryFormat) {
   EXPECT_EQ(folder.Names().size(), ImagesWritableMac::kTypes.size()) << "nothing is left behind";
 }
 
+TEST(Codecs, WhatAFormatCannotHoldIsToldAsSuch) {
+  // Its sizes have sixteen bits.
+  TemporaryFolder folder;
+  const std::array<EncodeImage, 1> wide{{{PlainPicture(70'000, 2, kWhite)}}};
+  EXPECT_EQ(EncodeImageFile(folder.Child("a.sgi"), "com.sgi.sgi-image", wide),
+            "The file \"a.sgi\" cannot be saved: width or height exceeds limit.");
+  EXPECT_FALSE(folder.Child("a.sgi").Exists());
+}
+
 TEST(Codecs, JpegStripsAreJoinedWithoutASeam) {
   // Tall pictures are encoded in strips of 256 rows, 128 at full colour. A part that begins where a
   // strip begins is coded alike on its own, so it must decode alike.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -262,6 +263,14 @@ TEST_F(CommandLine, OneFailureDoesNotStopTheOthers) {
   EXPECT_EQ(Open("made/here/second.png").Width(), 30);
   EXPECT_EQ(Open("made/here/photo-1.png").Width(), 90) << "two inputs of one name stay apart";
   EXPECT_EQ(folder.Child("made").Child("here").Children().size(), 3U);
+}
+
+TEST_F(CommandLine, APipeIsNoPhotoAndHoldsNothingUp) {
+  ASSERT_EQ(mkfifo(Path("pipe.jpg").c_str(), 0600), 0);
+  const Outcome run = Cli({"render", Path("pipe.jpg"), "-o", Path("x.jpg")});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_THAT(run.err, HasSubstr("\"pipe.jpg\" is not an image"));
+  EXPECT_FALSE(folder.Child("x.jpg").Exists());
 }
 
 TEST_F(CommandLine, WrongUseIsOneSentenceAndCodeTwo) {

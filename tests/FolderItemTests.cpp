@@ -6,6 +6,7 @@
 #include "Helpers.h"
 #include "formats/BrivolantDocument.h"
 #include "formats/PictureStrings.h"
+#include "platform/codecs/ImageCodecs.h"
 
 namespace brivolant::test {
 namespace {
@@ -75,6 +76,11 @@ TEST(FolderItems, FilesThatAreNoneAreNotRead) {
   EXPECT_FALSE(ReadFile(folder.Child("none")));
   EXPECT_FALSE(ReadFile(folder.Write("long", std::string(100, 'x')), 99));
   EXPECT_EQ(ReadFile(folder.Write("empty", "")), "");
+  // Into a pipe nobody may ever write.
+  ASSERT_EQ(mkfifo(folder.Child("pipe.icns").Path().c_str(), 0600), 0);
+  EXPECT_FALSE(ReadFile(folder.Child("pipe.icns")));
+  EXPECT_THAT(ImageSource::Open(folder.Child("pipe.icns")).error,
+              testing::HasSubstr("\"pipe.icns\" is not an image"));
   EXPECT_FALSE(folder.Child("none").ModificationDate());
   EXPECT_TRUE(folder.Child("none").Children().empty());
   EXPECT_FALSE(folder.Child("none").Delete()) << "nothing to delete is no error";

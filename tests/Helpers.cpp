@@ -12,6 +12,7 @@
 #include <random>
 
 #include "platform/files/AtomicFile.h"
+#include "platform/values/Numbers.h"
 
 namespace {
 
@@ -22,6 +23,8 @@ class Fonts final : public testing::Environment {
     if (QCoreApplication::instance() != nullptr) return;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     application_ = std::make_unique<QGuiApplication>(count_, arguments_);
+    // As the programs do. Numbers stay the user's, to find out who reads them with the C library.
+    brivolant::KeepLibraryLettersPlain();
   }
   void TearDown() override { application_.reset(); }
 

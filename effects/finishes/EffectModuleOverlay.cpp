@@ -15,16 +15,16 @@ namespace brivolant {
 
 bool EffectModuleOverlay::SetAsMyPicture(const FolderItem& file) {
   if (myProcessor == nullptr || myProcessor->Document == nullptr) return false;
-  std::string error;
-  Picture opened = ImageIO::OpenAsPictureUsingImageIO(file, error);
+  ImageIO::OpenedPicture opened = ImageIO::OpenFirstPicture(file);
   const std::string name = otherSharedComponents::NewGUID(myProcessor->Services().Random);
-  if (opened.IsNil() || !myProcessor->Document->PastedImage(name, file)) {
-    FolderitemExtensions::StandardFileErrorDialog(file, FolderitemExtensions::kRead, error,
+  if (opened.Pixels.IsNil() || !myProcessor->Document->PastedImage(name, file)) {
+    FolderitemExtensions::StandardFileErrorDialog(file, FolderitemExtensions::kRead, opened.Error,
                                                   myProcessor->Services().Dialogs);
     return false;
   }
   myPIctureID = name;
-  overlayPicture = std::move(opened);
+  overlayPicture = std::move(opened.Pixels);
+  overlayDamage_ = std::move(opened.Damage.Warning);
   overlayFile_ = myProcessor->Document->PastedImage(name);
   overlayType = kOfPicture;
   return true;
@@ -62,14 +62,17 @@ void EffectModuleOverlay::LayPicture(Picture& picture) {
   if (myProcessor == nullptr || myPIctureID.Value().empty()) return;
   const FolderItem file = myProcessor->PastedImage(myPIctureID.Value());
   if (overlayPicture.IsNil() || !(file == overlayFile_)) {
-    std::string ignored;
+    ImageIO::OpenedPicture opened;
+    if (!file.IsNil()) opened = ImageIO::OpenFirstPicture(file);
     overlayFile_ = file;
-    overlayPicture = file.IsNil() ? Picture() : ImageIO::OpenAsPictureUsingImageIO(file, ignored);
+    overlayPicture = std::move(opened.Pixels);
+    overlayDamage_ = std::move(opened.Damage.Warning);
   }
   if (overlayPicture.IsNil()) {
     myProcessor->Warn(WithPlaceholders(kMissing.Text(), {{"<name>", kName.Text()}}));
     return;
   }
+  if (!overlayDamage_.empty()) myProcessor->Warn(overlayDamage_);
   const double w = picture.Width();
   const double h = picture.Height();
   const double bw = std::trunc(w * PIctureScale);

@@ -78,6 +78,8 @@ class EffectModuleOverlay final : public effectModule {
   /// The picture of a pasted file, once it was needed.
   Picture overlayPicture;
   FolderItem overlayFile_;
+  /// What of it could not be read; empty if it is whole.
+  std::string overlayDamage_;
   float lastOffsetX = 0;
   float lastOffsetY = 0;
 };

@@ -197,7 +197,9 @@ std::string CodecMessage(const LocalizedText& text, const FolderItem& file,
 Expected<std::unique_ptr<ImageSource>> ImageSource::Open(const FolderItem& file) {
   using Result = Expected<std::unique_ptr<ImageSource>>;
   if (!file.Exists()) return Result::Failure(CodecMessage(codecTexts::kMissing, file));
-  if (file.Directory() || !file.IsReadable()) {
+  // Nobody may ever write into a pipe, and a device has no end.
+  std::error_code unknown;
+  if (!std::filesystem::is_regular_file(file.Path(), unknown) || !file.IsReadable()) {
     return Result::Failure(CodecMessage(codecTexts::kUnreadable, file));
   }
   std::unique_ptr<ImageSource> source;

@@ -37,8 +37,15 @@ struct Destroy {
   void operator()(::Image* image) const { DestroyImage(image); }
 };
 
-/// The bytes of a file in that format; empty on failure.
-std::string Encoded(const EncodeImage& source, const Format& format) {
+/// What the library says is wrong, without the place in its source that it adds.
+std::string ReasonOf(const ExceptionInfo& exception) {
+  std::string_view text = exception.reason == nullptr ? "" : exception.reason;
+  text = Trim(text.substr(0, std::min(text.find('`'), text.find(" @ "))));
+  return text.empty() ? codecTexts::kEncoderFailed.Text() : EnsureUTF8(text);
+}
+
+/// The bytes of a file in that format; empty on failure, and why in `reason`.
+std::string Encoded(const EncodeImage& source, const Format& format, std::string& reason) {
   static const bool started = [] {
     MagickCoreGenesis(nullptr, MagickFalse);
     return true;
@@ -52,6 +59,7 @@ std::string Encoded(const EncodeImage& source, const Format& format) {
   CopyMagickString(image->magick, format.name, MaxTextExtent);
   if (!started || SetImageExtent(image.get(), static_cast<std::size_t>(picture.Width()),
                                  static_cast<std::size_t>(picture.Height())) == MagickFalse) {
+    reason = ReasonOf(image->exception);
     return {};
   }
   // Without this it writes as many bits as it works with.
@@ -69,6 +77,7 @@ std::string Encoded(const EncodeImage& source, const Format& format) {
     EncodeRow(picture, y, 0, picture.Width(), channels, row.data());
     if (ImportImagePixels(image.get(), 0, y, static_cast<std::size_t>(picture.Width()), 1, map,
                           CharPixel, row.data()) == MagickFalse) {
+      reason = ReasonOf(image->exception);
       return {};
     }
   }
@@ -84,6 +93,9 @@ std::string Encoded(const EncodeImage& source, const Format& format) {
   unsigned char* blob = ImageToBlob(info.get(), image.get(), &size, exception.get());
   std::string bytes;
   if (blob != nullptr) bytes.assign(reinterpret_cast<const char*>(blob), size);
+  if (bytes.empty()) {
+    reason = ReasonOf(exception->reason != nullptr ? *exception : image->exception);
+  }
   RelinquishMagickMemory(blob);
   return bytes;
 }
@@ -98,8 +110,9 @@ std::string EncodeWithMagick(const FolderItem& file, std::string_view identifier
                              const EncodeImage& image) {
   const Format* format = FormatNamed(identifier);
   if (format == nullptr) return CodecMessage(codecTexts::kUnknownFormat, file);
-  std::string bytes = Encoded(image, *format);
-  if (bytes.empty()) return CodecMessage(codecTexts::kNoMemory, file);
+  std::string reason;
+  std::string bytes = Encoded(image, *format, reason);
+  if (bytes.empty()) return CodecMessage(codecTexts::kCannotWrite, file, reason);
   // The encoder stores a TGA's top row first and says that the bottom row comes first: byte 17
   // tells the corner, and its bit 5 the top.
   constexpr std::size_t kDescriptor = 17;

@@ -9,7 +9,6 @@
 #include <QUrl>
 #include <algorithm>
 #include <cerrno>
-#include <fstream>
 
 #include "platform/files/FileNames.h"
 #include "platform/files/WorkingName.h"
@@ -19,6 +18,20 @@
 namespace brivolant {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+struct Descriptor {
+  int number = -1;
+  explicit Descriptor(int opened) : number(opened) {}
+  ~Descriptor() {
+    if (number >= 0) close(number);
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+};
+
+}  // namespace
 
 FolderItem::FolderItem(const fs::path& path) {
   std::error_code error;
@@ -186,15 +199,25 @@ std::error_code FolderItem::DeleteFolder() const {
 }
 
 std::optional<std::string> ReadFile(const FolderItem& file, std::uint64_t limit) {
-  if (file.Directory()) return std::nullopt;
-  std::ifstream stream(file.Path(), std::ios::binary);
-  if (!stream) return std::nullopt;
-  const std::uint64_t size = file.Length();
+  // Without waiting for whoever may never write into a pipe.
+  const Descriptor descriptor{
+      file.IsNil() ? -1 : open(file.Path().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)};
+  struct stat status {};
+  if (descriptor.number < 0 || fstat(descriptor.number, &status) != 0 || !S_ISREG(status.st_mode)) {
+    return std::nullopt;
+  }
+  const auto size = static_cast<std::uint64_t>(status.st_size);
   if (size > limit) return std::nullopt;
   std::string bytes(size, '\0');
-  stream.read(bytes.data(), static_cast<std::streamsize>(size));
-  if (stream.bad()) return std::nullopt;
-  bytes.resize(static_cast<std::size_t>(stream.gcount()));
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const ssize_t count = read(descriptor.number, bytes.data() + done, bytes.size() - done);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return std::nullopt;
+    if (count == 0) break;
+    done += static_cast<std::size_t>(count);
+  }
+  bytes.resize(done);
   return bytes;
 }
 

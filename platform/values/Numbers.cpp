@@ -84,4 +84,8 @@ void KeepLibraryNumbersPlain() {
   (void)std::setlocale(LC_NUMERIC, "C");
 }
 
+void KeepLibraryLettersPlain() {
+  (void)std::setlocale(LC_CTYPE, "C.UTF-8");
+}
+
 }  // namespace brivolant

@@ -27,5 +27,8 @@ std::string ReadableNumber(double value, int decimals);
 /// Keeps the C library's own numbers plain, for the libraries that read files with it. Called once
 /// the toolkit has set the user's locale, before there are threads.
 void KeepLibraryNumbersPlain();
+/// The same for capitals: some libraries find a format by its name in them, and in Turkish "i" has
+/// another.
+void KeepLibraryLettersPlain();
 
 }  // namespace brivolant
