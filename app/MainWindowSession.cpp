@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <QComboBox>
+#include <QScopedValueRollback>
 #include <QToolBar>
 #include <algorithm>
 #include <array>
@@ -165,7 +166,7 @@ void MainWindow::CompleteUndo(bool redo) {
 }
 
 void MainWindow::updateProcessorRelatedInterfaceElements() {
-  updating = true;
+  const QScopedValueRollback guard(updating, true);
   AdvancedPanel->Update();
   for (int i = 0; i <= AdvancedSectionheader->Count(); ++i) {
     AdvancedSectionheader->Segment(i).Selected = i == myProcessor->CurrentStack;
@@ -174,7 +175,6 @@ void MainWindow::updateProcessorRelatedInterfaceElements() {
   myProcessor->UpdatePreview(document_ != nullptr);
   BlendMode->setCurrentIndex(myProcessor->BlendMode());
   BlendAlpha->value(qRound(myProcessor->BlendAlpha * 100));
-  updating = false;
 }
 
 void MainWindow::SetDirty(bool dirty) {
@@ -194,14 +194,8 @@ void MainWindow::SetDirty(bool dirty) {
 // Opening.
 
 void MainWindow::InBackground(const std::function<void()>& work) {
-  busy_ = true;
-  try {
-    RunInBackground(work);
-  } catch (...) {
-    busy_ = false;
-    throw;
-  }
-  busy_ = false;
+  const QScopedValueRollback busy(busy_, true);
+  RunInBackground(work);
 }
 
 bool MainWindow::OpenImage(const FolderItem& item, std::string name) {
@@ -436,12 +430,15 @@ bool MainWindow::SaveACopyAs() {
   preferences.Synchronize();
   const double quality = preferences.Value(kCopyQuality, kDefaultQuality).ToDouble() / 100;
   std::string error;
-  busy_ = true;
-  const SaveAsCopy::Outcome outcome = SaveAsCopy::RunWithDialog(
-      {document_->Image(), document_->PastedImages(), myProcessor->StyleData(), chosen,
-       std::string(type.Identifier), quality},
-      app_.Services(), *this, error);
-  busy_ = false;
+  SaveAsCopy::Outcome outcome = SaveAsCopy::Outcome::kFailed;
+  {
+    // Whatever is thrown, the window works again.
+    const QScopedValueRollback busy(busy_, true);
+    outcome = SaveAsCopy::RunWithDialog(
+        {document_->Image(), document_->PastedImages(), myProcessor->StyleData(), chosen,
+         std::string(type.Identifier), quality},
+        app_.Services(), *this, error);
+  }
   if (outcome == SaveAsCopy::Outcome::kFailed) {
     app_.Dialogs().Message(
         WithPlaceholders(kNotSaved.Text(), {{"<filename>", chosen.DisplayName()}}), error);

@@ -3,6 +3,7 @@
 
 #include <QEventLoop>
 #include <QProgressDialog>
+#include <QScopeGuard>
 #include <QTimer>
 #include <array>
 #include <atomic>
@@ -108,10 +109,12 @@ Outcome RunWithDialog(const Job& job, const Services& services, QWidget& window,
   QObject::connect(&dialog, &QProgressDialog::canceled, &dialog, [&] { stop = true; });
   look.start(kLook);
   // The window beneath takes no input meanwhile: it is disabled until the dialog appears, too.
-  window.setEnabled(false);
-  dialog.setEnabled(true);
-  loop.exec();
-  window.setEnabled(true);
+  {
+    window.setEnabled(false);
+    const auto enabled = qScopeGuard([&] { window.setEnabled(true); });
+    dialog.setEnabled(true);
+    loop.exec();
+  }
   worker.join();
   if (failure) std::rethrow_exception(failure);
   return outcome;

@@ -162,6 +162,7 @@ bool CleanOnQuit::Configure(const FolderItem& root) {
 }
 
 FolderItem CleanOnQuit::Child(std::string_view name) {
+  const std::lock_guard lock(mutex_);
   if (!root_) return {};
   std::string random;
   for (int i = 0; i < 9; ++i) {

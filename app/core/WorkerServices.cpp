@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "app/core/WorkerServices.h"
+
+#include <utility>
+
+namespace brivolant {
+
+WorkerServices::WorkerServices(const Services& owner)
+    : log_(owner.Log), all_{kept_,  kept_,  owner.UserDetails, owner.TemporaryFiles,
+                            clock_, random_} {}
+
+void WorkerServices::Kept::Write(std::string_view line) {
+  const std::lock_guard lock(mutex);
+  lines.emplace_back(line);
+}
+
+void WorkerServices::Kept::Message(const std::string& message, const std::string& explanation) {
+  const std::lock_guard lock(mutex);
+  told.push_back({message, explanation});
+}
+
+std::vector<WorkerServices::Told> WorkerServices::Take() {
+  const std::lock_guard lock(kept_.mutex);
+  for (const std::string& line : std::exchange(kept_.lines, {})) log_.Write(line);
+  return std::exchange(kept_.told, {});
+}
+
+}  // namespace brivolant
