@@ -97,6 +97,27 @@ TEST(Job, WhatAnEndStartsComesBehindWhatWaits) {
                                        "second done", "started third", "ended", "third done"));
 }
 
+TEST(Job, NothingComesBetweenATurnAndWhatItStarts) {
+  Diary diary;
+  {
+    const Jobs::Pause pause(diary.jobs);
+    diary.jobs.WhenIdle([&] {
+      diary.lines.emplace_back("turn");
+      {
+        // What others ask for while a question is open is no part of it.
+        const Jobs::Pause question(diary.jobs);
+        diary.jobs.WhenIdle([&] { diary.lines.emplace_back("other"); });
+      }
+      diary.jobs.WhenIdle([&] { diary.jobs.Start(diary.Job("own", [](Jobs::Control&) {})); });
+    });
+    diary.jobs.WhenIdle([&] { diary.lines.emplace_back("next turn"); });
+    EXPECT_THAT(diary.lines, IsEmpty());
+  }
+  diary.jobs.Finish();
+  EXPECT_THAT(diary.lines,
+              ElementsAre("turn", "started own", "ended", "own done", "next turn", "other"));
+}
+
 TEST(Job, ArrivesAsAnEventAndWhatItsEndThrowsStopsNothingElse) {
   static int count = 0;
   static QCoreApplication* application =

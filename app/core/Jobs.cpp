@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <exception>
 #include <utility>
 
@@ -42,11 +43,13 @@ Jobs::~Jobs() {
 }
 
 void Jobs::Start(Job job) {
+  if (InTurn()) return Begin(std::move(job));
   waiting_.push_back({std::move(job), nullptr});
   Next();
 }
 
 void Jobs::WhenIdle(std::function<void()> then) {
+  if (InTurn()) return then();
   waiting_.push_back({{}, std::move(then)});
   Next();
 }
@@ -68,10 +71,11 @@ void Jobs::Cancel() {
 }
 
 void Jobs::Next() {
-  while (!running_ && !telling_ && *pauses_ == 0 && !waiting_.empty()) {
+  while (!running_ && !telling_ && !turn_ && *pauses_ == 0 && !waiting_.empty()) {
     Waiting next = std::move(waiting_.front());
     waiting_.pop_front();
     if (next.then) {
+      const QScopedValueRollback turn(turn_, true);
       next.then();
     } else {
       Begin(std::move(next.job));

@@ -63,7 +63,8 @@ class Jobs {
 
   /// Begins, or waits for the jobs before it.
   void Start(Job job);
-  /// Calls at once if nothing is busy, else behind what was asked for before.
+  /// Calls at once if nothing is busy, else behind what was asked for before. What is asked for and
+  /// started within the call is a part of it: nothing comes between.
   void WhenIdle(std::function<void()> then);
   bool Busy() const { return running_ != nullptr; }
   /// What the present job tells the user, and whether it may be cancelled; of none, empty.
@@ -93,6 +94,10 @@ class Jobs {
   std::deque<Waiting> waiting_;
   std::shared_ptr<int> pauses_ = std::make_shared<int>(0);
   bool telling_ = false;
+  /// A call of WhenIdle is under way, and what it asks for is a part of it. Not so while it pauses:
+  /// what comes then comes from somebody else.
+  bool InTurn() const { return turn_ && !running_ && *pauses_ == 0; }
+  bool turn_ = false;
   class Receiver;
   std::unique_ptr<Receiver> receiver_;
 };

@@ -19,6 +19,23 @@ void WorkerServices::Kept::Message(const std::string& message, const std::string
   told.push_back({message, explanation});
 }
 
+Answer WorkerServices::Kept::Ask(const Question& question) {
+  const std::lock_guard lock(mutex);
+  if (answer) return *std::exchange(answer, std::nullopt);
+  asked = question;
+  return Answer::kCancel;
+}
+
+std::optional<Question> WorkerServices::Unanswered() {
+  const std::lock_guard lock(kept_.mutex);
+  return std::exchange(kept_.asked, std::nullopt);
+}
+
+void WorkerServices::LayReady(Answer answer) {
+  const std::lock_guard lock(kept_.mutex);
+  kept_.answer = answer;
+}
+
 std::vector<WorkerServices::Told> WorkerServices::Take() {
   const std::lock_guard lock(kept_.mutex);
   for (const std::string& line : std::exchange(kept_.lines, {})) log_.Write(line);
