@@ -19,6 +19,8 @@ namespace brivolant {
 /// A document that is being read.
 struct EditSession::Opening {
   std::unique_ptr<BrivolantDocument> document;
+  /// Takes the place of one that was filled in part.
+  std::unique_ptr<BrivolantDocument> spare;
   FolderItem file;
   std::string name;
   bool isDocument = false;
@@ -72,6 +74,7 @@ void EditSession::Open(const RecoveredEdits& edits) {
   opening->name = edits.Name;
   jobs_.WhenIdle([this, opening, edits] {
     Settling();
+    opening->spare = std::make_unique<BrivolantDocument>(worker_.All());
     Read(opening, WithPlaceholders(kOpeningImage.Text(), {{"<filename>", edits.Name}}),
          [edits](Opening& o) {
            if (edits.Package.Exists()) {
@@ -79,8 +82,10 @@ void EditSession::Open(const RecoveredEdits& edits) {
              // A temporary package is still no place for a document to stay.
              if (o.read && !edits.Saved) o.document->tFile = edits.Package;
            }
-           if (!o.read && edits.Original.Exists())
+           if (!o.read && edits.Original.Exists()) {
+             o.document = std::move(o.spare);
              o.read = o.document->CreateFromFile(edits.Original);
+           }
            if (o.read) edits.ApplyTo(*o.document);
            return o.read;
          });
