@@ -3,8 +3,9 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QDir>
+#include <QFile>
 #include <QSysInfo>
-#include <QTimer>
 #include <QUrl>
 #include <algorithm>
 
@@ -70,10 +71,7 @@ bool App::Open(bool openingScreen) {
   }
   AnimationCore::Start();
   ReadUserDetails();
-  // Beside the user's own styles, so that a document can be moved into place by a rename.
-  if (!temporary_.Configure(otherSharedComponents::userElementsFolder().Child("CleanOnQuit"))) {
-    log_.Write("There is no folder for temporary files.");
-  }
+  MakeTemporaryFolder();
   recent_ = std::make_unique<RecentItems>(*preferences_);
   recovery_ = std::make_unique<brivolant::Recovery>(DataFolder().Child("brivolant-photos"), log_);
   progress_ = std::make_unique<ProgressDialog>();
@@ -81,6 +79,7 @@ bool App::Open(bool openingScreen) {
   styleServices_ = std::make_unique<brivolant::Services>(Services());
   styles_ = std::make_unique<OneClickWonderStorage>(*styleServices_);
   if (!SendViaEmail) SendViaEmail = brivolant::SendViaEmail;
+  MakeDesk();
   window_ = std::make_unique<MainWindow>(*this);
   recent_->UpdateRecentMenu = [this] { window_->UpdateRecentMenu(); };
   ownDialogs_.Window(window_.get());
@@ -89,6 +88,34 @@ bool App::Open(bool openingScreen) {
   window_->Open();
   about_.reset();
   return true;
+}
+
+void App::MakeTemporaryFolder() {
+  // Beside the user's own styles, so that a document can be moved into place by a rename.
+  const FolderItem own = otherSharedComponents::userElementsFolder();
+  if (own && temporary_.Configure(own.Child("CleanOnQuit"))) return;
+  // Photos can be opened all the same; only what the user makes has no folder to lie in.
+  dialogs_->Message(kNoDocuments.Text(), {});
+  const FolderItem anywhere(QFile::encodeName(QDir::tempPath()).toStdString());
+  if (!temporary_.Configure(anywhere.Child("CleanOnQuit"))) {
+    log_.Write("There is no folder for temporary files.");
+  }
+}
+
+void App::MakeDesk() {
+  desk_ = std::make_unique<brivolant::Desk>(brivolant::Desk{
+      Services(), *preferences_, *fileDialogs_, *clipboard_, *colorPanel_, *desktop_, *styles_,
+      [this](const FolderItem& file) { OpenDocument(file); }, [this] { BringToFront(); },
+      [this](const FolderItem& file, const std::string& subject) {
+        return SendViaEmail(file, subject);
+      },
+      [this](const std::string& name, const std::string& link) {
+        if (name == usersFullName && link == usersContactLink) return;
+        usersFullName = name;
+        usersContactLink = link;
+        SaveUserDetails();
+      },
+      [this] { return myComputer(); }, [this](bool open) { QuickLookOpen = open; }});
 }
 
 void App::ReadUserDetails() {
@@ -114,20 +141,22 @@ void App::Close() {
   preferencesWindow_.reset();
   about_.reset();
   window_.reset();
+  desk_.reset();
   styles_.reset();
   progress_.reset();
 }
 
 void App::OpenDocument(const FolderItem& item) {
+  if (!MainWindowOpen) log_.Write("OpenDocument fired before open!");
+  if (!window_) return Take(item);
+  // Behind work on the present photo, and behind a question that is open: what is beneath it must
+  // not change.
+  window_->Session().Work().WhenIdle([this, item] { Take(item); });
+}
+
+void App::Take(const FolderItem& item) {
   using namespace InternalFileTypes;
   using FolderitemExtensions::isFileType;
-  if (!MainWindowOpen) log_.Write("OpenDocument fired before open!");
-  if (window_ && window_->Busy()) {
-    // Its turn comes when the work on the present photo has ended.
-    constexpr int kLater = 100;
-    QTimer::singleShot(kLater, window_.get(), [this, item] { OpenDocument(item); });
-    return;
-  }
   const auto refuse = [&](const LocalizedText& text) {
     dialogs_->Message(WithPlaceholders(text.Text(), {{"<filename>", item.DisplayName()}}), {});
   };
@@ -144,7 +173,14 @@ void App::OpenDocument(const FolderItem& item) {
   if (item.Directory() && !isFileType(item, &BrivolantPhotosDocument)) {
     return window_->DisplayContainer(item);
   }
-  if (!window_->AskToSave()) window_->OpenImage(item, {});
+  Replace(item);
+}
+
+void App::Replace(const FolderItem& item) {
+  window_->Session().Work().WhenIdle([this, item] {
+    const auto open = [this, item] { window_->OpenImage(item, {}); };
+    if (!window_->AskToSave(open)) open();
+  });
 }
 
 void App::InstallStyle(const FolderItem& file) {
@@ -190,7 +226,7 @@ void App::OpenRecent(const std::string& path) {
         WithPlaceholders(kCannotOpen.Text(), {{"<filename>", RecentItems::TextFor(path)}}), {});
     return;
   }
-  if (!window_->AskToSave()) window_->OpenImage(item, {});
+  Replace(item);
 }
 
 void App::BringToFront() {
@@ -220,6 +256,10 @@ void App::ShowPreferences() {
   preferencesWindow_->show();
 }
 
+void App::ReadPhotoLibrary() {
+  if (window_) window_->ReadPhotoLibrary();
+}
+
 bool App::OfferRecovery() {
   // One document is open at a time: what is not brought back now is offered at the next start.
   for (const RecoveredEdits& left : recovery_->Left()) {
@@ -231,11 +271,11 @@ bool App::OfferRecovery() {
                        kGiveUp.Text()});
     if (answer == Answer::kAlternate) {
       recovery_->GiveUp(left);
-    } else if (window_->OpenRecovered(left)) {
-      recovery_->Adopt(left);
-      return true;
+      continue;
     }
-    // What could not be opened, because its disk is away or its folder cannot be read, stays.
+    // What cannot be opened, because its disk is away or its folder cannot be read, stays.
+    window_->OpenRecovered(left);
+    return true;
   }
   return false;
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "app/core/Desk.h"
 #include "app/core/RecentItems.h"
 #include "app/core/Recovery.h"
 #include "effects/styles/OneClickWonderStorage.h"
@@ -54,6 +55,9 @@ class App final : public UserDetails {
   static constexpr LocalizedText kCannotOpen{
       "App.kCannotOpen",
       "Brivolant Photos cannot open the file \"<filename>\" as it can no longer be found."};
+  static constexpr LocalizedText kNoDocuments{
+      "App.kNoDocuments",
+      "Unable to create a UserCreatedElements folder as the users documents folder doesn't exist."};
   static constexpr LocalizedText kUnhandled{"App.kUnhandled",
                                             "Something went wrong, and the last action may not "
                                             "have been completed. Your photo is still open."};
@@ -75,9 +79,9 @@ class App final : public UserDetails {
   void Close();
   /// A file given by the desktop, the command line or another start.
   void OpenDocument(const FolderItem& item);
-  /// A file chosen from the recent items.
+  /// A file chosen from the recent items. What is opened waits until nothing is busy and no
+  /// question is open.
   void OpenRecent(const std::string& path);
-  void AddToRecentMenu(const FolderItem& item) { recent_->Add(item); }
   void ClearRecentMenu() { recent_->Clear(); }
   const std::vector<std::string>& RecentItem() const { return recent_->RecentItem(); }
   void BringToFront();
@@ -85,6 +89,8 @@ class App final : public UserDetails {
   std::string CreatedWithString() const;
   void ShowAboutBox();
   void ShowPreferences();
+  /// Another photo library was chosen.
+  void ReadPhotoLibrary();
   /// Offers to bring back what an unclean end left. True if it was brought back.
   bool OfferRecovery();
   /// Deletes what earlier runs left in temporary folders. Only for the one running program.
@@ -127,6 +133,9 @@ class App final : public UserDetails {
   const brivolant::Services& StyleServices() const { return *styleServices_; }
   /// Hands a file to the mail program; false if none could be started.
   std::function<bool(const FolderItem& file, const std::string& subject)> SendViaEmail;
+  /// What the parts of the window get of the application.
+  const brivolant::Desk& Desk() const { return *desk_; }
+  RecentItems& Recent() { return *recent_; }
   ProgressDialog& Progress() { return *progress_; }
   brivolant::Recovery& Recovery() { return *recovery_; }
   /// The mounted disks as a folder; read anew at every call, and the same object always.
@@ -138,6 +147,11 @@ class App final : public UserDetails {
 
  private:
   void ReadUserDetails();
+  void MakeDesk();
+  void MakeTemporaryFolder();
+  void Take(const FolderItem& item);
+  /// Asks what is to become of the photo in work, then opens.
+  void Replace(const FolderItem& item);
   void InstallStyle(const FolderItem& file);
 
   QApplication& application_;
@@ -145,7 +159,9 @@ class App final : public UserDetails {
   StandardErrorLog log_;
   SystemRandom random_;
   SystemClock clock_;
-  CleanOnQuit temporary_{random_};
+  /// Its own dice: other threads ask for temporary files too.
+  SystemRandom temporaryRandom_;
+  CleanOnQuit temporary_{temporaryRandom_};
   WidgetDialogs ownDialogs_;
   WidgetFileDialogs ownFileDialogs_;
   WidgetClipboard ownClipboard_;
@@ -162,6 +178,7 @@ class App final : public UserDetails {
   brivolant::Desktop* desktop_ = &ownDesktop_;
   std::unique_ptr<brivolant::Services> styleServices_;
   std::unique_ptr<OneClickWonderStorage> styles_;
+  std::unique_ptr<brivolant::Desk> desk_;
   std::unique_ptr<MainWindow> window_;
   std::unique_ptr<PreferencesWindow> preferencesWindow_;
   std::unique_ptr<AboutBox> about_;

@@ -3,245 +3,220 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QComboBox>
-#include <QScrollBar>
+#include <QMenuBar>
 #include <QToolBar>
+#include <QVBoxLayout>
 
 #include "app/App.h"
-#include "app/CropEditor.h"
 #include "app/ProgressDialog.h"
-#include "app/QuickLookWindow.h"
-#include "app/StylePreviews.h"
-#include "app/StyleTiles.h"
-#include "app/ToolButtons.h"
+#include "app/commands/Menus.h"
+#include "app/commands/Seat.h"
+#include "app/commands/ToolButtons.h"
 #include "app/core/GlobalApplicationSpecificProperties.h"
 #include "effects/EffectRegistry.h"
-#include "effects/crop/CropModule.h"
-#include "effects/finishes/EffectModuleOverlay.h"
-#include "effects/fixes/EffectModuleColorAdjuster.h"
-#include "effects/text/EffectModuleText.h"
+#include "effects/styles/OneClickWonderStorage.h"
 #include "engine/ui/EditorDisplay.h"
-#include "engine/ui/EffectStackEditor.h"
 #include "formats/BrivolantDocument.h"
+#include "kit/AnimationCore.h"
 #include "kit/InterfaceKitSupport.h"
-#include "kit/ifkFontComboBox.h"
-#include "kit/ifkSegmentView.h"
-#include "kit/ifkSlider.h"
 #include "kit/ifkStaticText.h"
-#include "sources/ThreadediPhotoReader.h"
 
 namespace brivolant {
 namespace {
 
 constexpr QSize kSmallest{720, 520};
 constexpr QSize kFirstSize{1180, 780};
-/// Milliseconds between two looks at edits that are not saved.
-constexpr int kKeepEdits = 3000;
-constexpr int kResizeRests = 120;
+constexpr int kBarHeight = 21;
+constexpr double kSlide = 0.25;
+/// Milliseconds after which a slide has ended, whatever the timer did.
+constexpr int kSlideEnds = 500;
 
 }  // namespace
 
-MainWindow::MainWindow(App& app) : app_(app) {
+MainWindow::MainWindow(App& app)
+    : app_(app),
+      stage_(new Seat(this)),
+      session_(EffectRegistry(), app.Desk(), app.Recovery(), app.Recent()),
+      commands_(*this),
+      pane_(stage_),
+      browser_(app.Desk(), commands_, *this, stage_),
+      files_(app.Desk(), session_, commands_, browser_),
+      sidebar_(app.Desk(), commands_, browser_),
+      library_(app.Desk()),
+      search_(app.Desk(), browser_),
+      looks_(app.Desk(), commands_, *this, browser_),
+      editor_(app.Desk(), session_, commands_, *this, pane_),
+      styles_(app.Desk(), session_, commands_, *this, pane_),
+      crop_(session_, commands_, *this, pane_),
+      colors_(app.Desk(), session_, commands_, pane_),
+      rendering_(session_, *pane_.MyDisplay, app.Progress()),
+      photoWork_(session_.Work(), *this, app.Progress(), true),
+      fileWork_(files_.Work(), *this, app.Progress(), false) {
   setWindowTitle(QStringLiteral("[*]") +
                  ToQString(GlobalApplicationSpecificProperties::ApplicationName.Text()));
   setMinimumSize(kSmallest);
   resize(kFirstSize);
   setContextMenuPolicy(Qt::NoContextMenu);
-  myProcessor = std::make_unique<brivolantProcessorLite>(EffectRegistry(), app.Services());
-  myColorPanel = std::make_unique<MyColorPanelHelper>(app.ColorPanel());
-  menu_ = std::make_unique<MainMenuBar>(*this, [this](const std::string& name) {
-    MenuAction(name);
-    UpdateCommands();
-  });
-  menu_->EnableMenuItems = [this] {
-    EnableMenuItems();
-    NamePastedFile();
-  };
+  BuildFrame();
+  AddCommands();
+  AddToolbarCommands();
+  commands_.Cropping = [this] { return Cropping(); };
+  commands_.Busy = [this] { return session_.Busy(); };
+  menu_ = std::make_unique<MainMenuBar>(*this, commands_);
   WindowMenu(&menu_->Submenu("WindowMenu"));
-  BuildControls();
-  cropEditor_ = std::make_unique<CropEditor>(this);
-  WireProcessor();
-  WirePanel();
-  WireUndo();
+  WireSession();
+  WireBrowser();
+  session_.Start();
 }
 
 MainWindow::~MainWindow() {
-  deviceTimer_.stop();
-  mySpotlightSearch.Stop();
-  if (libraryReader_) libraryReader_->Stop();
-  libraryPool_.waitForDone();
   WindowMenu(nullptr);
-  // The widgets look at the processor until they are gone.
-  myProcessor->myEffectEditor = nullptr;
-  myProcessor->myDisplay = nullptr;
-  myProcessor->SelectedEffectChanged = nullptr;
-  MyDisplay->myProcessor = nullptr;
-  AdvancedPanel->myProcessor = nullptr;
-  cropEditor_->Forget();
 }
 
-void MainWindow::WireProcessor() {
-  myProcessor->myDisplay = MyDisplay;
-  myProcessor->myEffectEditor = AdvancedPanel;
-  MyDisplay->myProcessor = myProcessor.get();
-  AdvancedPanel->myProcessor = myProcessor.get();
-  AdvancedPanel->myScrollBar = EffectScrollbar;
-  myProcessor->ModuleCreated = [this](effectModule& module) {
-    if (auto* adjuster = dynamic_cast<EffectModuleColorAdjuster*>(&module)) {
-      adjuster->PickColor = [this] { return PickScreenColor(); };
-    }
-    if (auto* overlay = dynamic_cast<EffectModuleOverlay*>(&module)) {
-      overlay->ChoosePicture = [this] { return ChoosePhoto(EffectModuleOverlay::kPrompt); };
-    }
-    if (auto* text = dynamic_cast<EffectModuleText*>(&module)) {
-      text->ChooseFont = [](int x, int y, int width, const std::string& current) {
-        return ifkFontComboBoxMenu::Instance().Popup(x, y, width, current);
-      };
-      text->myTextEngine.ReadClipboard = [this] { return app_.Clipboard().Text(); };
-      text->myTextEngine.WriteClipboard = [this](const std::string& copied) {
-        app_.Clipboard().Text(copied);
-      };
-    }
-  };
-  myProcessor->Warned = [this](const std::string&) {
-    infotext->Text(ToQString(getSimpleImageInfo()));
-  };
-  myProcessor->UpdateStarted = [this] {
-    if (!myProcessor->nonLiveMode || app_.progressWindowOpen || !isVisible()) return;
-    ShownProgress = true;
-    app_.Progress().Show(kUpdatingPreview.Text(), MyDisplay);
-  };
-  myProcessor->UpdateFinished = [this] {
-    if (ShownProgress) app_.Progress().hide();
-    ShownProgress = false;
-    // A new preview is what is to be seen now, wherever the pointer rests.
-    HoverStyle(-1);
-    RefreshTiles();
-  };
-  myProcessor->SelectedEffectChanged = [this] { SelectedEffectChanged(); };
-  myProcessor->Startup();
-  myProcessor->UpdatePreview(false);
-}
-
-void MainWindow::WirePanel() {
-  WireStyles();
-  AdvancedPanel->Changed = [this] { SetDirty(true); };
-  AdvancedPanel->ItemValueChanged = [this](effectModule& module) {
-    Record({{ModuleKey("EffectChanged:", module), module.Settings()}}, module.Name());
-  };
-  AdvancedPanel->itemEnabledChanged = [this](effectModule& module) {
-    Record({{ModuleKey("EffectEnabledChanged:", module), module.Enabled()}}, module.Name());
-  };
-  AdvancedPanel->ItemMoved = [this](effectModule& module, int from, int to) {
-    Record({{ModuleKey("EffectMoved:", module),
-             Pair{static_cast<double>(from), static_cast<double>(to)}}},
-           module.Name());
-  };
-  AdvancedPanel->ColorWellClicked = [this](int index) { ColorWellClicked(index); };
-  AdvancedPanel->SelectedColorWell = [this](int index) {
-    return index == myColorPanel->currentControl;
-  };
-  myColorPanel->ColorChanged = [this](const RGBAColor& color) { ColorChanged(color); };
-  const auto recordBlending = [this] {
-    Record({{"BlendingStatus", Pair{static_cast<double>(myProcessor->BlendMode()),
-                                    static_cast<double>(myProcessor->BlendAlpha)}}},
-           kUndoBlending.Text());
-  };
-  BlendAlpha->DraggingStarted = [this, recordBlending] {
-    if (!updating && document_) recordBlending();
-  };
-  BlendAlpha->ValueChanged = [this] {
-    if (updating || !document_) return;
-    myProcessor->BlendAlpha = static_cast<float>(BlendAlpha->value()) / 100;
-    myProcessor->UpdatePreview(false);
-    SetDirty(true);
-  };
-  connect(BlendMode, &QComboBox::currentIndexChanged, this, [this, recordBlending](int index) {
-    if (updating || !document_ || index == myProcessor->BlendMode()) return;
-    recordBlending();
-    myProcessor->BlendMode(index);
-    myProcessor->UpdatePreview(false);
-    SetDirty(true);
-  });
-  AdvancedSectionheader->Action = [this](SegmentViewPiece& piece) {
-    myProcessor->ChangeStack(piece.Tag.ToInt());
-  };
-  PreviewTitle->Action = [this](SegmentViewPiece& piece) {
-    if (piece.Tag == Variant("advanced")) ShowHideEffects(piece.Selected);
-    if (piece.Tag == Variant("styles")) ShowHideStyles(piece.Selected);
-    if (piece.Tag == Variant("FullScreen")) {
-      piece.Selected = false;
-      FullScreenMethod();
-    }
-    UpdateCommands();
-  };
-  MyDisplay->Changed = [this](effectModule& module, const Dictionary* before) {
-    if (before != nullptr) {
-      Record({{ModuleKey("EffectChanged:", module), *before}}, module.Name());
-    }
-    SetDirty(true);
-    AdvancedPanel->Update();
-  };
-  MyDisplay->Resized = [this] {
-    isResizing = true;
-    ResizedUpdateTimer.start();
-  };
-  MyDisplay->Dropped = [this](const DragItem& item) { Drop(item); };
-  ResizedUpdateTimer.setSingleShot(true);
-  ResizedUpdateTimer.setInterval(kResizeRests);
-  connect(&ResizedUpdateTimer, &QTimer::timeout, this, [this] {
-    // The button that drags the window's edge is not ours to see; a rest in the sizes is.
-    if (busy_ || QApplication::mouseButtons() != Qt::NoButton) return ResizedUpdateTimer.start();
-    isResizing = false;
-    if (DisplayPane == kEditorPane) myProcessor->UpdatePreview(true);
-  });
-  RecoveryTimer.setInterval(kKeepEdits);
-  connect(&RecoveryTimer, &QTimer::timeout, this, [this] { KeepEdits(); });
+void MainWindow::BuildFrame() {
+  rbToolBar = new QToolBar(this);
+  rbToolBar->setMovable(false);
+  rbToolBar->setFloatable(false);
+  rbToolBar->setFocusPolicy(Qt::TabFocus);
+  rbToolBar->toggleViewAction()->setEnabled(false);
+  addToolBar(rbToolBar);
+  ToolBar(rbToolBar);
+  auto* content = new QWidget(this);
+  auto* column = new QVBoxLayout(content);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  infotext = new ifkStaticText(content);
+  infotext->setFixedHeight(kBarHeight);
+  infotext->Alignment = Qt::AlignCenter;
+  QFont small = infotext->font();
+  small.setPointSizeF(small.pointSizeF() * 0.9);
+  infotext->setFont(small);
+  column->addWidget(stage_, 1);
+  column->addWidget(infotext);
+  setCentralWidget(content);
+  static_cast<Seat*>(stage_)->Resized = [this] { PlaceSeats(); };
+  pane_.EditorSeat->hide();
+  settleTimer_.setSingleShot(true);
+  settleTimer_.setInterval(kSlideEnds);
+  connect(&settleTimer_, &QTimer::timeout, this, [this] { Settle(); });
 }
 
 void MainWindow::Open() {
   const auto& preferences = app_.Preferences();
   ToolButtons::DisplayMode(*rbToolBar, preferences.Value("rbToolBar.Mode", 0).ToInt());
   ToolButtons::DisplaySize(*rbToolBar, preferences.Value("rbToolBar.Size", 0).ToInt());
-  buildToolbar(kBrowserPane);
-  updating = true;
-  BlendMode->setCurrentIndex(0);
-  updating = false;
-  SegmentViewPiece* advanced = PreviewTitle->SegmentByTag("advanced");
-  advanced->Selected = preferences.Value("MainWindow.AdvancedPanel.Visible", true).ToBool();
+  ToolButtons::Build(*rbToolBar, kBrowserPane, false, commands_);
   app_.MainWindowOpen = true;
   Dimensions(preferences.Value("MainWindow.Dimensions", Dimensions()).ToText());
   UpdateRecentMenu();
-  OpenBrowser();
+  sidebar_.Open();
+  browser_.OpenBrowser();
+  ReadPhotoLibrary();
   PlaceSeats();
-  UpdateCommands();
+  commands_.Refresh();
   RecoveryTimer.start();
   show();
   raise();
   activateWindow();
 }
 
-void MainWindow::closeEvent(QCloseEvent* event) {
-  if (busy_ || CancelClose()) {
-    event->ignore();
+// The stage.
+
+void MainWindow::Info(const std::string& text) {
+  infotext->Text(ToQString(text));
+}
+
+void MainWindow::PlaceSeats() {
+  QWidget& editor = *pane_.EditorSeat;
+  QWidget& browser = *browser_.BrowserSeat;
+  if (!AnimationCore::IsAnimated(editor)) editor.setGeometry(pane_.Place(stage_->size()));
+  if (!AnimationCore::IsAnimated(browser)) browser.setGeometry(stage_->rect());
+}
+
+void MainWindow::Settle() {
+  if (AnimationCore::IsAnimated(*pane_.EditorSeat) ||
+      AnimationCore::IsAnimated(*browser_.BrowserSeat)) {
+    settleTimer_.start();
     return;
   }
-  // It keeps its place.
-  if (quickLook_) quickLook_->close();
+  pane_.EditorSeat->setVisible(DisplayPane == kEditorPane);
+  browser_.BrowserSeat->setVisible(DisplayPane == kBrowserPane);
+  PlaceSeats();
+}
+
+void MainWindow::SwapDisplay(int mode) {
+  const int old = DisplayPane;
+  DisplayPane = mode;
+  ToolButtons::Build(*rbToolBar, mode, Document() != nullptr, commands_);
+  const bool editing = mode == kEditorPane;
+  if (editing) Info(getSimpleImageInfo());
+  if (!editing && myColorPanel.PanelVisible()) myColorPanel.HidePanel();
+  // What was saved meanwhile shows its new picture.
+  if (!editing && mode != old) imageBrowser->ReloadCurrentView();
+  if (!editing) browser_.ShowBrowserInfo();
+  // The mark of the photo comes back with it, whatever brought it into view.
+  if (editing && mode != old && LastDirty != session_.Dirty()) SetDirty(LastDirty);
+  commands_.Refresh();
+  QWidget& focus = editing ? static_cast<QWidget&>(*MyDisplay) : *imageBrowser;
+  if (mode == old) {
+    Settle();
+    return focus.setFocus();
+  }
+  QWidget& next = editing ? *pane_.EditorSeat : *browser_.BrowserSeat;
+  QWidget& last = editing ? *browser_.BrowserSeat : *pane_.EditorSeat;
+  const QRect place = editing ? pane_.Place(stage_->size()) : stage_->rect();
+  // The editor comes from the right and goes there again; the browser lives to its left.
+  const int width = stage_->width();
+  next.setGeometry(place.translated(editing ? width + 2 : -width, 0));
+  next.show();
+  next.raise();
+  using AnimationCore::Animate;
+  using AnimationCore::kKeep;
+  Animate(next, {place.x(), place.y(), place.width(), place.height()}, kSlide);
+  Animate(last, kSlide, editing ? -width : width + 2, kKeep, kKeep, kKeep);
+  focus.setFocus();
+  if (AnimationCore::Period() == 0) {
+    Settle();
+  } else {
+    settleTimer_.start();
+  }
+}
+
+void MainWindow::BackToBrowser() {
+  const auto go = [this] {
+    LastDirty = session_.Dirty();
+    SetDirty(false);
+    SwapDisplay(kBrowserPane);
+  };
+  if (!AskToSave(go)) go();
+}
+
+// Ending.
+
+void MainWindow::StorePreferences() {
+  auto& preferences = app_.Preferences();
+  browser_.StorePreferences();
+  sidebar_.SavePlaces();
+  search_.StorePreferences();
+  preferences.Assign("rbToolBar.Mode", ToolButtons::DisplayMode(*rbToolBar));
+  preferences.Assign("rbToolBar.Size", ToolButtons::DisplaySize(*rbToolBar));
+  preferences.Assign("MainWindow.Dimensions", Dimensions());
+  preferences.Assign("OneClickWonderStorage.currentCategory", app_.Styles().currentCategory);
+  preferences.Synchronize();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (session_.Busy() || AskToSave([this] { close(); })) return event->ignore();
+  AnimationCore::Stop();
+  StorePreferences();
+  looks_.Close();
   ifkWindow::closeEvent(event);
   QApplication::quit();
 }
 
 void MainWindow::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::ActivationChange && Cropping() && cropEditor_ &&
-      DisplayPane == kEditorPane) {
-    const QWidget* active = QApplication::activeWindow();
-    const bool ours = active == this || active == cropEditor_.get();
-    if (ours && active == this && !cropEditor_->isVisible()) {
-      cropEditor_->Show(*crop_, *MyDisplay);
-    } else if (!ours) {
-      cropEditor_->hide();
-    }
+  if (event->type() == QEvent::ActivationChange) {
+    crop_.WindowActivated(QApplication::activeWindow());
   }
   ifkWindow::changeEvent(event);
 }

@@ -10,7 +10,7 @@
 #include <array>
 
 #include "app/App.h"
-#include "app/MainWindow.h"
+#include "app/browse/LibraryController.h"
 #include "kit/InterfaceKitSupport.h"
 #include "kit/ifkButton.h"
 
@@ -95,7 +95,7 @@ PreferencesWindow::PreferencesWindow(App& app, QWidget* parent)
 }
 
 void PreferencesWindow::FillPhotoLibrary() {
-  const std::string chosen = app_.Preferences().Value(MainWindow::kLibraryKey, "").ToText();
+  const std::string chosen = app_.Preferences().Value(LibraryController::kLibraryKey, "").ToText();
   photoLibrary_->clear();
   photoLibrary_->addItem(Shown(kLibraryFromPictures));
   if (!chosen.empty()) photoLibrary_->addItem(ToQString(EnsureUTF8(chosen)));
@@ -110,13 +110,13 @@ void PreferencesWindow::ChoosePhotoLibrary(int index) {
     const std::vector<FolderItem> files =
         app_.FileDialogs().Open(kChooseLibraryTitle.Text(), {}, {{kLibraryFile.Text(), "xml"}});
     if (!files.empty()) {
-      app_.Preferences().Assign(MainWindow::kLibraryKey, files.front().ShellPath());
+      app_.Preferences().Assign(LibraryController::kLibraryKey, files.front().ShellPath());
     }
   } else {
-    app_.Preferences().Assign(MainWindow::kLibraryKey, "");
+    app_.Preferences().Assign(LibraryController::kLibraryKey, "");
   }
   FillPhotoLibrary();
-  if (app_.Window() != nullptr) app_.Window()->ReadPhotoLibrary();
+  app_.ReadPhotoLibrary();
 }
 
 void PreferencesWindow::Save() {

@@ -95,6 +95,7 @@ int Measure(App& app, const Arguments& arguments, const QElapsedTimer& sinceMain
       QElapsedTimer opening;
       opening.start();
       app.Window()->OpenImage(arguments.files.front(), {});
+      app.Window()->Session().Work().Finish();
       app.Window()->MyDisplay->Update(true);
       opened = static_cast<double>(opening.nsecsElapsed()) / kMega;
     }

@@ -9,12 +9,13 @@
 #include "Peers.h"
 #include "app/App.h"
 #include "app/MainWindow.h"
-#include "app/StyleTiles.h"
+#include "app/edit/StyleTiles.h"
 #include "effects/styles/OneClickWonderStorage.h"
 #include "engine/pictures/SharedPictureEffects.h"
 #include "engine/ui/EditorDisplay.h"
 #include "engine/ui/EffectStackEditor.h"
 #include "formats/BrivolantDocument.h"
+#include "kit/ifkSegmentView.h"
 #include "kit/templateSelector.h"
 
 namespace brivolant::bench {
@@ -132,6 +133,8 @@ void Rows(App& app, const std::string& photo, const std::string& program) {
   Editor editor(app);
   MainWindow& window = editor.window;
   window.OpenImage(FolderItem(photo), {});
+  window.Session().Work().Finish();
+  if (!window.PreviewTitle->SegmentByTag("advanced")->Selected) window.MenuAction("Viewadvanced");
   const auto start = std::chrono::steady_clock::now();
   while (std::chrono::steady_clock::now() - start < std::chrono::seconds(1)) {
     QApplication::processEvents();

@@ -56,6 +56,8 @@ void brivolantProcessorLite::Reset() {
   if (!selected.empty()) {
     position = ItemPositionViaID(selected);
     mSelectedeffect = item(position);
+    // What the new module does to itself is recorded as the old one's was.
+    if (mSelectedeffect != nullptr) mSelectedeffect->Parent = myEffectEditor;
   }
   myEffectEditor->selectedEffect(position);
   myEffectEditor->Update();

@@ -70,6 +70,20 @@ std::string BrivolantDocument::WhyNotWriteTo(const FolderItem& file) const {
                           {{"<filename>", file.DisplayName()}});
 }
 
+void BrivolantDocument::TakeOver(const BrivolantDocument& saved) {
+  Name = saved.Name;
+  StyleData = saved.StyleData;
+  File = saved.File;
+  tFile = saved.tFile;
+  OriginalImageID = saved.OriginalImageID;
+  FileDataVersion = saved.FileDataVersion;
+  session_ = saved.session_;
+  listed_.reset();
+  stateOnDisk_ = saved.stateOnDisk_;
+  savedStyle_ = saved.savedStyle_;
+  midSizePreview_.reset();
+}
+
 bool BrivolantDocument::ReadImage(const FolderItem& file) {
   if (!ReadOriginal(file)) return false;
   Name = EnsureUTF8(FolderitemExtensions::FileNameWithoutExtension(file));

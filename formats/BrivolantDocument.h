@@ -49,6 +49,9 @@ class BrivolantDocument {
   /// written since. False if that was declined or something could not be written; the user has been
   /// told, and what was there before is whole.
   bool Save(const FolderItem& file = {});
+  /// Takes over what a save has made of a copy of this document: where it lies, and what it is
+  /// called.
+  void TakeOver(const BrivolantDocument& saved);
   /// The name that Save gives to a package.
   static FolderItem PackageFor(const FolderItem& file);
 

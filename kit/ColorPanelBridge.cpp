@@ -17,11 +17,15 @@ constexpr RGBAColor kFirstColor{1, 0.5F, 0, 0.75F};
 }  // namespace
 
 WidgetColorPanel::WidgetColorPanel(QWidget* window) : window_(window) {}
-WidgetColorPanel::~WidgetColorPanel() = default;
+WidgetColorPanel::~WidgetColorPanel() {
+  dialog_.reset();
+}
 
 QColorDialog& WidgetColorPanel::Dialog() {
   if (!dialog_) {
     dialog_ = std::make_unique<QColorDialog>(window_);
+    // The window takes it along when it goes first.
+    QObject::connect(dialog_.get(), &QObject::destroyed, [this] { (void)dialog_.release(); });
     dialog_->setWindowFlag(Qt::Tool);
     dialog_->setWindowTitle(Shown(kTitle));
     // A dialog of the desktop's own would block the window and tell only at its end.

@@ -278,6 +278,37 @@ void templateSelector::showEvent(QShowEvent*) {
   if (Scrolled) Scrolled();
 }
 
+QRect templateSelector::CaptionRect(int index) const {
+  const QRect tile = TileRect(index);
+  const QFontMetrics metrics(SmallBold(font()));
+  const int side = categoryWidth();
+  const int room = index == SelectedItem ? std::max(width() - side, kCaptionWidth) : kCaptionWidth;
+  const int wide = std::min(metrics.horizontalAdvance(ToQString(Item(index).Caption)), room);
+  int left = tile.x() + (kCell - wide) / 2;
+  // Over the neighbours, but not out of sight.
+  if (wide > kCaptionWidth) left = std::clamp(left, side, std::max(width() - wide, side));
+  return {left, 0, wide, metrics.height()};
+}
+
+void templateSelector::DrawCaption(QPainter& painter, int index, int baseline) const {
+  const bool selected = index == SelectedItem;
+  const QFontMetrics metrics(painter.font());
+  const QRect place = CaptionRect(index);
+  if (selected && place.width() > kCaptionWidth) {
+    constexpr int kAround = 5;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ifkColors::iAppsHighLightColor());
+    painter.drawRoundedRect(QRectF(place.left() - kAround, baseline - metrics.ascent(),
+                                   place.width() + 2 * kAround, metrics.height()),
+                            kTileCorner, kTileCorner);
+  }
+  const QString caption =
+      InterfaceKitSupport::ClipString(painter, ToQString(Item(index).Caption), place.width());
+  painter.setPen(selected ? ifkColors::TextSelected() : ifkColors::TextActive());
+  painter.drawText(place.left() + (place.width() - metrics.horizontalAdvance(caption)) / 2,
+                   baseline, caption);
+}
+
 void templateSelector::DrawTile(QPainter& painter, int index) const {
   const TemplateSelectorItem& item = Item(index);
   const QRect tile = TileRect(index);
@@ -300,11 +331,7 @@ void templateSelector::DrawTile(QPainter& painter, int index) const {
     }
     painter.drawImage(QRect(QPoint(x, y), size), item.Preview);
   }
-  const QString caption =
-      InterfaceKitSupport::ClipString(painter, ToQString(item.Caption), kCaptionWidth);
-  const int baseline = y + size.height() + metrics.ascent() + metrics.height() / 4;
-  painter.setPen(selected ? ifkColors::TextSelected() : ifkColors::TextActive());
-  painter.drawText(tile.x() + (kCell - metrics.horizontalAdvance(caption)) / 2, baseline, caption);
+  DrawCaption(painter, index, y + size.height() + metrics.ascent() + metrics.height() / 4);
   if (hasFocus() && index == focused_) {
     painter.setPen(QPen(ifkColors::FocusHighlight(), 2));
     painter.setBrush(Qt::NoBrush);
@@ -344,7 +371,11 @@ void templateSelector::paintEvent(QPaintEvent*) {
   constexpr double kDisabled = 0.4;
   if (!isEnabled()) painter.setOpacity(kDisabled);
   const auto [first, last] = Visible();
-  for (int i = first; i <= last; ++i) DrawTile(painter, i);
+  for (int i = first; i <= last; ++i) {
+    if (i != SelectedItem) DrawTile(painter, i);
+  }
+  // Last, since its name may be wider than it is.
+  if (SelectedItem >= first && SelectedItem <= last) DrawTile(painter, SelectedItem);
   if (hasCategories()) DrawColumn(painter);
 }
 

@@ -33,6 +33,9 @@ class templateSelector final : public QWidget, public AccessibleItems {
  public:
   static constexpr int kHeight = 123;
   static constexpr int kCell = 128;
+  /// Where a tile's name stands, in units of the control; empty without one. That of the selected
+  /// tile is whole, and may lie over its neighbours.
+  QRect CaptionRect(int index) const;
   static constexpr int kPicture = 100;
   static constexpr int kTop = 9;
   static constexpr int kRow = 17;
@@ -106,6 +109,7 @@ class templateSelector final : public QWidget, public AccessibleItems {
   void ChooseCategory(int category);
   void HoverOver(int index);
   void DrawTile(QPainter& painter, int index) const;
+  void DrawCaption(QPainter& painter, int index, int baseline) const;
   void DrawColumn(QPainter& painter) const;
 
   std::vector<TemplateSelectorItem> items_;

@@ -96,6 +96,18 @@ TEST(Undo, ReplaysAnEntryInItsOrderAndStopsAtWhatItDoesNotKnow) {
   EXPECT_TRUE(h.replayed.empty());
 }
 
+TEST(Undo, GoesOnAfterAnActionThrew) {
+  History h;
+  h.Set("a", 1, "One");
+  h.Set("a", 2, "Two");
+  const auto action = h.undo.Action;
+  h.undo.Action = [](const std::string&, const Variant&, bool) -> bool { throw std::bad_alloc(); };
+  EXPECT_THROW(h.undo.Undo(), std::bad_alloc);
+  h.undo.Action = action;
+  h.undo.Undo();
+  EXPECT_EQ(h.values["a"], 0);
+}
+
 TEST(Recent, KeepsOneMoreThanTheLimitNewestFirstEachOnce) {
   TemporaryFolder folder;
   RecordingLog log;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/core/UndoHandler.h"
 
+#include <QScopedValueRollback>
+
 namespace brivolant {
 
 void UndoHandler::Add(std::string key, Variant value) {
@@ -18,7 +20,8 @@ void UndoHandler::Store(bool redo, std::string name) {
 
 void UndoHandler::Replay(std::vector<Entry>& from, bool redo) {
   if (from.empty() || undoing_) return;
-  undoing_ = true;
+  // Also when an action throws: else nothing could be undone any more.
+  const QScopedValueRollback undoing(undoing_, true);
   const Entry entry = std::move(from.back());
   from.pop_back();
   replayed_ = entry.Name;
@@ -29,7 +32,6 @@ void UndoHandler::Replay(std::vector<Entry>& from, bool redo) {
     break;
   }
   if (CompleteUndo) CompleteUndo(redo);
-  undoing_ = false;
   if (from.empty() && StateChanged) StateChanged();
 }
 

@@ -22,11 +22,7 @@ void EffectModuleColorAdjuster::Neutralize(Color color) {
 }
 
 bool EffectModuleColorAdjuster::ButtonPushed(int index) {
-  if (index != kSelectRow || !PickColor) return false;
-  if (const std::optional<Color> color = PickColor()) {
-    AboutToChange();
-    Neutralize(*color);
-  }
+  if (index == kSelectRow && PickColor) PickColor();
   return false;
 }
 

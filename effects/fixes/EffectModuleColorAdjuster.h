@@ -7,9 +7,6 @@
 
 namespace brivolant {
 
-/// Lets the user click a pixel of the screen; nothing if it was cancelled.
-using ScreenColorPicker = std::function<std::optional<Color>()>;
-
 /// Multiplies each channel.
 class EffectModuleColorAdjuster final : public ToneModule {
  public:
@@ -27,8 +24,9 @@ class EffectModuleColorAdjuster final : public ToneModule {
   SliderParameter<float> Blue{*this, {"Blue", 1, 1, {-1000, 1000}}, {kBlue, {.divide = 50}, 0.5F}};
   ButtonRow Select{*this, kPixel, kSelect};
 
-  /// Set by the window that shows the panel; without it the button changes nothing.
-  ScreenColorPicker PickColor;
+  /// Lets the user click a pixel of the screen, whose colour then is neutralized. Set by the window
+  /// that shows the panel; without it the button changes nothing.
+  std::function<void()> PickColor;
 
   std::optional<ToneTables> Tables(const Picture& picture) override;
   /// Raises the smaller components to the largest: what has that colour becomes grey.

@@ -114,8 +114,11 @@ void EffectStackEditor::DrawSelected(QPainter& painter) {
   const int top = selRowTop_;
   painter.fillRect(QRect(0, top, width(), selRowHeight_), ifkColors::FillColor());
   const QColor accent = ifkColors::iAppsHighLightColor();
-  InterfaceKitSupport::DrawGradient(painter, QRect(0, top, width(), kRow), accent.lighter(106),
-                                    accent, InterfaceKitSupport::kGradientDown);
+  // The colour of what is at rest cannot be read on the accent.
+  if (isEnabled()) {
+    InterfaceKitSupport::DrawGradient(painter, QRect(0, top, width(), kRow), accent.lighter(106),
+                                      accent, InterfaceKitSupport::kGradientDown);
+  }
   painter.fillRect(QRect(0, top - 1, width(), 1), ifkColors::FrameActive());
   painter.fillRect(QRect(0, top + selRowHeight_, width(), 1), ifkColors::FrameActive());
   int nameRight = width() - 8;
@@ -127,8 +130,10 @@ void EffectStackEditor::DrawSelected(QPainter& painter) {
   SetBold(painter, true);
   const QString name =
       InterfaceKitSupport::ClipString(painter, ToQString(module.Name()), nameRight - kNameLeft);
-  painter.setPen(accent.darker(130));
-  painter.drawText(kNameLeft, Baseline(painter, top) + 1, name);
+  if (isEnabled()) {
+    painter.setPen(accent.darker(130));
+    painter.drawText(kNameLeft, Baseline(painter, top) + 1, name);
+  }
   painter.setPen(isEnabled() ? ifkColors::TextSelected() : ifkColors::TextDisabled());
   painter.drawText(kNameLeft, Baseline(painter, top), name);
   SetBold(painter, false);
@@ -160,7 +165,7 @@ void EffectStackEditor::DrawControl(QPainter& painter, int control, int top) {
     painter.drawText(left + 20, Baseline(painter, top), caption);
   } else {
     const int captionRight = left - 10;
-    const QString cut = InterfaceKitSupport::ClipString(painter, caption, captionRight - 4);
+    const QString cut = InterfaceKitSupport::ClipString(painter, caption, CaptionWidth());
     painter.drawText(captionRight - painter.fontMetrics().horizontalAdvance(cut),
                      Baseline(painter, top), cut);
   }

@@ -132,6 +132,10 @@ void EffectStackEditor::TellChanged() {
   if (Changed) Changed();
 }
 
+void EffectStackEditor::TellIfChanged(const effectModule& module, const Dictionary& before) {
+  if (!(module.Settings() == before)) TellChanged();
+}
+
 void EffectStackEditor::SchedulePreview() {
   if (!previewTimer_.isActive()) previewTimer_.start();
 }
@@ -253,12 +257,16 @@ void EffectStackEditor::PopUpControlMenu(int control) {
   effectModule& module = *Selected();
   repaint();
   if (ItemValueChanged) ItemValueChanged(module);
+  const Dictionary before = module.Settings();
   const QPoint at = mapToGlobal(ControlRect(control).topLeft());
-  module.fireShowMenu(control, at.x(), at.y(),
-                      [](const MenuItem& menu, int x, int y) { return PopUpMenu(menu, x, y); });
+  {
+    const std::shared_ptr<void> hold = Holding ? Holding() : nullptr;
+    module.fireShowMenu(control, at.x(), at.y(),
+                        [](const MenuItem& menu, int x, int y) { return PopUpMenu(menu, x, y); });
+  }
   mouseStatus_ = kIdle;
   myProcessor->UpdatePreview(false);
-  TellChanged();
+  TellIfChanged(module, before);
   update();
 }
 
@@ -326,6 +334,7 @@ void EffectStackEditor::ResetRow() {
 void EffectStackEditor::Activate(int control) {
   effectModule* module = Selected();
   if (module == nullptr || control < 0 || control >= module->ControlCount()) return;
+  const Dictionary before = module->Settings();
   switch (module->Control(control).Type) {
     case kControlSlider:
       if (myProcessor->nonLiveMode) {
@@ -345,7 +354,8 @@ void EffectStackEditor::Activate(int control) {
     case kControlButton:
       if (ItemValueChanged) ItemValueChanged(*module);
       if (module->PushButton(control)) myProcessor->UpdatePreview(false);
-      break;
+      // A chooser that was cancelled has changed nothing.
+      return TellIfChanged(*module, before);
     default:
       return;
   }
@@ -496,7 +506,30 @@ void EffectStackEditor::keyPressEvent(QKeyEvent* event) {
   update();
 }
 
+QString EffectStackEditor::TipAt(const QPoint& at) const {
+  for (int control = 0; control < ControlsOf(selected_); ++control) {
+    const QRect rect = ControlRect(control);
+    if (at.y() < rect.top() || at.y() > rect.bottom() || at.x() >= rect.left()) continue;
+    // The caption of a check box stands to its right and is never cut.
+    if (Selected()->Control(control).Type == kControlCheckBox) return {};
+    const QString caption = ToQString(Selected()->Control(control).Caption);
+    // Only what is cut is worth telling again.
+    return fontMetrics().horizontalAdvance(caption) > CaptionWidth() ? caption : QString();
+  }
+  return {};
+}
+
 bool EffectStackEditor::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<const QHelpEvent*>(event);
+    const QString tip = TipAt(help->pos());
+    if (tip.isEmpty()) {
+      QToolTip::hideText();
+    } else {
+      QToolTip::showText(help->globalPos(), tip, this);
+    }
+    return true;
+  }
   if (event->type() == QEvent::KeyPress) {
     const auto* key = static_cast<const QKeyEvent*>(event);
     const bool back = key->key() == Qt::Key_Backtab;

@@ -6,9 +6,11 @@
 #include <QTimer>
 #include <QWidget>
 #include <functional>
+#include <memory>
 
 #include "engine/EditorInterfaces.h"
 #include "platform/values/Text.h"
+#include "platform/values/Variant.h"
 
 class QPainter;
 class QScrollBar;
@@ -61,6 +63,10 @@ class EffectStackEditor final : public QWidget, public EffectPanel {
   // Geometry, in canvas coordinates.
   int ControlLeft() const { return width() / 3 + 10; }
   static constexpr int ControlWidth() { return 140; }
+  /// What there is for a caption beside its control; a longer one is cut.
+  int CaptionWidth() const { return ControlLeft() - 14; }
+  /// What a tool tip says at a place; empty for nothing.
+  QString TipAt(const QPoint& at) const;
   int ResetButtonLeft() const { return width() - 55; }
   /// A row with its unfolded controls, and the line of one control of the selected row.
   QRect RowRect(int row) const;
@@ -88,6 +94,9 @@ class EffectStackEditor final : public QWidget, public EffectPanel {
   std::function<void(effectModule&)> ItemValueChanged;
   std::function<void(effectModule&)> itemEnabledChanged;
   std::function<void(int control)> ColorWellClicked;
+  /// What is kept for as long as an event loop of a menu or a dialog runs; nothing then replaces
+  /// the modules. May give null.
+  std::function<std::shared_ptr<void>()> Holding;
   /// Is this well the one that the colour panel is bound to?
   std::function<bool(int control)> SelectedColorWell;
 
@@ -131,6 +140,8 @@ class EffectStackEditor final : public QWidget, public EffectPanel {
   void DragSlider(int x);
   void ScrollToRow(int row);
   void TellChanged();
+  /// The same if the module is not as it was.
+  void TellIfChanged(const effectModule& module, const Dictionary& before);
   void SchedulePreview();
   void RecordKeyStep(effectModule& module, int control);
   void MoveSelection(int by);

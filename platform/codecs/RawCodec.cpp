@@ -6,6 +6,7 @@
 
 #include "platform/codecs/Cancellation.h"
 #include "platform/codecs/CodecDetail.h"
+#include "platform/codecs/RawExtensions.h"
 
 namespace brivolant::codecs {
 namespace {
@@ -160,3 +161,11 @@ std::unique_ptr<ImageSource> OpenRaw(const FolderItem& file) {
 }
 
 }  // namespace brivolant::codecs
+
+namespace brivolant {
+
+std::span<const std::string_view> RawExtensions() {
+  return codecs::kExtensions;
+}
+
+}  // namespace brivolant

@@ -179,6 +179,7 @@ bool CleanOnQuit::InUse(const FolderItem& root) {
 }
 
 FolderItem CleanOnQuit::Child(std::string_view name) {
+  const std::lock_guard lock(mutex_);
   if (!root_) return {};
   std::string random;
   for (int i = 0; i < 9; ++i) {

@@ -41,7 +41,8 @@ class FreedesktopDesktop final : public Desktop {
 };
 
 /// Temporary files of one run. Each child lies in a folder of its own under the root; the root
-/// and all it holds are deleted when the object ends.
+/// and all it holds are deleted when the object ends. Child may be called on any thread, if nothing
+/// else rolls the dice meanwhile.
 class CleanOnQuit final : public TemporaryFiles {
  public:
   explicit CleanOnQuit(Random& random) : random_(random) {}
@@ -58,6 +59,7 @@ class CleanOnQuit final : public TemporaryFiles {
 
  private:
   Random& random_;
+  std::mutex mutex_;
   FolderItem root_;
   int lock_ = -1;
 };

@@ -28,6 +28,10 @@
         <source>Give Up</source>
         <translation>Aufgeben</translation>
     </message>
+    <message id="App.kNoDocuments">
+        <source>Unable to create a UserCreatedElements folder as the users documents folder doesn't exist.</source>
+        <translation>Der Ordner für Ihre eigenen Elemente lässt sich nicht anlegen, weil es den Ordner für Dokumente nicht gibt.</translation>
+    </message>
     <message id="App.kRecover">
         <source>Bring Back</source>
         <translation>Zurückholen</translation>
@@ -171,6 +175,10 @@
     <message id="CropModule.kCrop">
         <source>Crop</source>
         <translation>Zuschneiden</translation>
+    </message>
+    <message id="EditSession.kNotShown">
+        <source>There is not enough memory to show the photo "&lt;filename&gt;" on the whole screen.</source>
+        <translation>Der Speicher reicht nicht, um das Foto „&lt;filename&gt;“ auf dem ganzen Bildschirm zu zeigen.</translation>
     </message>
     <message id="EffectModuleAutoContrast.kName">
         <source>Auto Contrast</source>
@@ -891,6 +899,10 @@
     <message id="ExtendedPicture.kColorProfileNone">
         <source>None</source>
         <translation>Keines</translation>
+    </message>
+    <message id="FileController.kCopying">
+        <source>Copying files...</source>
+        <translation>Dateien werden kopiert …</translation>
     </message>
     <message id="FolderitemExtensions.kDateAtTime">
         <source>&lt;date&gt; at &lt;time&gt;</source>

@@ -12,8 +12,8 @@
 #include <QTest>
 
 #include "BrowsingHelpers.h"
-#include "app/QuickLookWindow.h"
-#include "app/ToolButtons.h"
+#include "app/browse/QuickLookWindow.h"
+#include "app/commands/ToolButtons.h"
 #include "browser/ui/BrowserViews.h"
 #include "browser/ui/Sidebar.h"
 #include "browser/ui/multiViewFileBrowser.h"
@@ -225,6 +225,7 @@ TEST(Browser, FilesComeInByDropAndPasteUnderFreeNames) {
   EXPECT_TRUE(Until([&] { return program.Pictures().Child("Trip").Child("a.jpg").Exists(); }));
   // A folder does not go into itself.
   program.Window().CopyFilesInto({program.Pictures()}, program.Pictures().Child("Trip"));
+  program.Finish();
   EXPECT_EQ(program.dialogs.messages.size(), 1U);
 }
 
@@ -265,7 +266,7 @@ TEST(Browser, RenamesInPlaceAndTakesItBack) {
 
 TEST(Browser, TheOpenDocumentFollowsItsNewName) {
   Browsing program({"a.jpg"});
-  program.Window().OpenImage(program.Pictures().Child("a.jpg"), "");
+  program.OpenPhoto(program.Pictures().Child("a.jpg"));
   program.fileDialogs.files = {program.Pictures().Child("edited.brvPhoto")};
   program.Choose("RotateAndFlipRotate90");
   program.Choose("FileSave");

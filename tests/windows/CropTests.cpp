@@ -5,8 +5,8 @@
 #include <QToolBar>
 
 #include "WindowHelpers.h"
-#include "app/CropEditor.h"
-#include "app/ToolButtons.h"
+#include "app/commands/ToolButtons.h"
+#include "app/edit/CropEditor.h"
 #include "effects/crop/CropModule.h"
 #include "kit/ifkButton.h"
 
@@ -87,6 +87,20 @@ TEST_F(CropTest, ProportionsConstrainTheHeight) {
        Crop().CropOffset.Right + Crop().CropSize.Right, 0.12, 0.12);
   EXPECT_NEAR(Crop().CropSize.Left, 0.2, 0.001);
   EXPECT_NEAR(Crop().CropSize.Right, 0.2 * 4 / 3 * 9 / 16, 0.001);
+}
+
+TEST_F(CropTest, ProportionsThatPixelsMissByALittleAreFound) {
+  // 0.8 of this is 323.2 x 242.4 pixels.
+  program.OpenPhoto(program.Photo("odd.jpg", 404, 303));
+  Begin();
+  EXPECT_EQ(Editor().AspectRatio().currentIndex(), 0);
+  for (const int index : {2, 3, 4, 5, 6}) {
+    Editor().AspectRatio().setCurrentIndex(index);
+    Click(Editor().ApplyButton());
+    Begin();
+    // A photo of 4:3 has that proportion itself.
+    EXPECT_EQ(Editor().AspectRatio().currentIndex(), index == 4 ? 0 : index);
+  }
 }
 
 TEST_F(CropTest, ApplyCropsAndUndoAndRedoFollow) {
@@ -185,7 +199,7 @@ TEST_F(CropTest, NothingElseCanBeDoneMeanwhile) {
     const bool isCrop = action->objectName() == QLatin1String(ToolButtons::Crop().Identifier);
     EXPECT_EQ(action->isEnabled(), isCrop) << action->text().toStdString();
   }
-  window.ToolAction(ToolButtons::Browser().Identifier);
+  window.MenuAction("ViewBrowseMyPhotos");
   EXPECT_EQ(window.DisplayPane, MainWindow::kEditorPane);
   window.EnableMenuItems();
   for (const char* name : {"FileSave", "EditUndo", "RotateAndFlipRotate90", "FileOpen"}) {

@@ -233,6 +233,19 @@ TEST_F(PanelTest, TheBottomLayerShowsAloneAndUndoReturnsToIt) {
   EXPECT_EQ(program.Processor().CurrentStack, 1);
 }
 
+TEST_F(PanelTest, ACaptionThatIsCutHasATip) {
+  program.SelectRow("Exposure");
+  const QRect control = program.Panel().ControlRect(0);
+  EXPECT_EQ(program.Panel().TipAt({10, control.center().y()}), QString());
+  effectModule& module = program.Module("Exposure");
+  module.Control(0).Caption = "A caption that is much too long for this place:";
+  EXPECT_EQ(program.Panel().TipAt({10, control.center().y()}).toStdString(),
+            module.Control(0).Caption);
+  // Neither over the control itself nor over another row.
+  EXPECT_EQ(program.Panel().TipAt(control.center()), QString());
+  EXPECT_EQ(program.Panel().TipAt({10, control.top() - 5}), QString());
+}
+
 TEST_F(PanelTest, AssistiveToolsReadAndActOnEveryRow) {
   program.SelectRow("Exposure");
   QAccessibleInterface* panel = QAccessible::queryAccessibleInterface(&program.Panel());

@@ -8,8 +8,8 @@
 #include <cmath>
 
 #include "BrowsingHelpers.h"
-#include "app/QuickLookWindow.h"
-#include "app/ToolButtons.h"
+#include "app/browse/QuickLookWindow.h"
+#include "app/commands/ToolButtons.h"
 #include "browser/FolderLister.h"
 #include "browser/ui/ColumnPreview.h"
 #include "effects/styles/OneClickWonder.h"
@@ -67,7 +67,7 @@ TEST(Columns, ShowWhatIsSelectedWithLinesThatCanBeHidden) {
 TEST(Columns, DocumentsAndStylesTellWhoMadeThem) {
   const EnglishNumbers english;
   Browsing program({"a.jpg"});
-  program.Window().OpenImage(program.Pictures().Child("a.jpg"), "");
+  program.OpenPhoto(program.Pictures().Child("a.jpg"));
   program.fileDialogs.files = {program.Pictures().Child("edited.brvPhoto")};
   program.Document().Copyright = "Ann 2026";
   program.Choose("RotateAndFlipRotate90");

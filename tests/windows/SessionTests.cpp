@@ -13,7 +13,7 @@
 
 #include "WindowHelpers.h"
 #include "app/ProgressDialog.h"
-#include "app/ToolButtons.h"
+#include "app/commands/ToolButtons.h"
 #include "app/core/UpdateCheck.h"
 #include "engine/pictures/SharedPictureEffects.h"
 #include "formats/ImageFile.h"
@@ -61,6 +61,7 @@ TEST(Opening, ByDialogDropDesktopAndRecentMenu) {
   Settle();
   EXPECT_EQ(program.Document().Name, "second");
   program.app->OpenDocument(first);
+  program.Finish();
   EXPECT_EQ(program.Document().Name, "first");
 
   // The newest stands first, each once.
@@ -69,7 +70,7 @@ TEST(Opening, ByDialogDropDesktopAndRecentMenu) {
   EXPECT_EQ(recent[0]->text(), QStringLiteral("first"));
   EXPECT_EQ(recent[1]->text(), QStringLiteral("second"));
   recent[1]->trigger();
-  QApplication::processEvents();
+  Settle();
   EXPECT_EQ(program.Document().Name, "second");
   // A cancelled dialog changes nothing.
   program.Choose("FileOpen");
@@ -85,7 +86,8 @@ TEST(Opening, WhatCannotBeReadLeavesTheSession) {
   EXPECT_FALSE(document.CreateAsFolder());
   for (const FolderItem& file : {broken, document, program.home.Child("missing.jpg")}) {
     program.dialogs.messages.clear();
-    EXPECT_FALSE(program.Window().OpenImage(file, {}));
+    program.Window().OpenImage(file, {});
+    program.Finish();
     ASSERT_EQ(program.dialogs.messages.size(), 1U);
     EXPECT_THAT(program.dialogs.messages[0], HasSubstr(file.Name()));
     EXPECT_EQ(program.Document().Name, "photo");
@@ -322,9 +324,12 @@ TEST(Closing, EachAnswerDoesWhatItSays) {
   program.Tool(ToolButtons::Browser().Identifier);
   EXPECT_EQ(window.DisplayPane, MainWindow::kEditorPane);
 
+  // Closing follows the save.
   program.dialogs.answers = {Answer::kAction};
   program.fileDialogs.files = {program.home.Child("saved.brvPhoto")};
-  EXPECT_TRUE(window.close());
+  EXPECT_FALSE(window.close());
+  program.Finish();
+  EXPECT_FALSE(window.isVisible());
   EXPECT_TRUE(program.home.Child("saved.brvPhoto").Directory());
 
   program.Start();
@@ -404,6 +409,7 @@ TEST(Styles, AreCopiedPastedClearedAndTakenFromTheLastPhoto) {
 
   program.dialogs.answers = {Answer::kAlternate};
   program.app->OpenDocument(program.Photo("second.jpg"));
+  Settle();
   EXPECT_FALSE(program.Module("Exposure").Enabled());
   program.Choose("FileApplyLastStyle");
   EXPECT_EQ(LargestDifference(program.Shown(), edited), 0);
@@ -506,7 +512,8 @@ TEST(Recovery, LeavesTheFolderOfASavedDocumentAloneAndCanBeGivenUp) {
   Program program;
   program.OpenPhoto(program.Photo("photo.jpg"));
   program.fileDialogs.files = {program.home.Child("doc.brvPhoto")};
-  ASSERT_TRUE(program.Window().SaveMethod());
+  program.Window().SaveMethod();
+  program.Finish();
   program.Choose("RotateAndFlipRotate180");
   program.Window().RecoveryTimer.setInterval(1);
   const FolderItem sets = program.home.Child("data").Child("brivolant-photos").Child("Unsaved");

@@ -12,9 +12,9 @@
 #include <filesystem>
 
 #include "WindowHelpers.h"
-#include "app/OneClickEditor.h"
-#include "app/StyleTiles.h"
 #include "app/core/ApplicationServices.h"
+#include "app/edit/OneClickEditor.h"
+#include "app/edit/StyleTiles.h"
 #include "effects/FindEffect.h"
 #include "effects/styles/OneClickWonderStorage.h"
 #include "effects/styles/StyleSource.h"
@@ -346,6 +346,22 @@ TEST(Tiles, ComeInOrderOnceAndEndWithTheirPhoto) {
   tiles.Photo({}, {});
   tiles.Render(many);
   EXPECT_TRUE(tiles.Idle());
+}
+
+TEST(Selector, TheSelectedTileShowsItsNameWhole) {
+  templateSelector bar;
+  bar.resize(600, templateSelector::kHeight);
+  const std::string name = "A name that is a good deal wider than the tile that bears it";
+  for (int i = 0; i < 4; ++i) bar.Add(name, QImage(), name, std::to_string(i), true, {});
+  const int cut = bar.CaptionRect(1).width();
+  EXPECT_LT(cut, templateSelector::kCell);
+  for (const int index : {0, 1, 3}) {
+    bar.SelectedItem = index;
+    const QRect whole = bar.CaptionRect(index);
+    EXPECT_GT(whole.width(), 2 * cut);
+    EXPECT_TRUE(bar.rect().contains(whole));
+    EXPECT_EQ(bar.CaptionRect(2).width(), cut);
+  }
 }
 
 TEST(Selector, KeepsSelectionAndScrollAsTilesComeAndGo) {

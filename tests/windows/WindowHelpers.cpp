@@ -14,8 +14,9 @@
 #include <QWindow>
 #include <array>
 
-#include "app/ToolButtons.h"
+#include "app/commands/ToolButtons.h"
 #include "kit/AnimationCore.h"
+#include "kit/ifkSegmentView.h"
 #include "platform/codecs/ImageCodecs.h"
 #include "platform/services/SharedFolders.h"
 
@@ -103,7 +104,14 @@ bool Until(const std::function<bool()>& condition) {
 
 void Settle() {
   QApplication::processEvents();
-  Until([] { return AnimationCore::Tasks().empty(); });
+  Until([] {
+    for (QWidget* top : QApplication::topLevelWidgets()) {
+      auto* window = dynamic_cast<MainWindow*>(top);
+      if (window == nullptr) continue;
+      if (window->Session().Busy() || window->FileWork().Busy()) return false;
+    }
+    return AnimationCore::Tasks().empty();
+  });
   QApplication::processEvents();
 }
 
@@ -113,6 +121,7 @@ void AnsweringDialogs::Message(const std::string& message, const std::string& ex
 
 Answer AnsweringDialogs::Ask(const Question& question) {
   questions.push_back(question);
+  if (const auto meanwhile = std::exchange(whileOpen, nullptr)) meanwhile();
   if (answers.empty()) return Answer::kCancel;
   const Answer answer = answers.front();
   answers.pop_front();
@@ -121,6 +130,7 @@ Answer AnsweringDialogs::Ask(const Question& question) {
 
 std::vector<FolderItem> AnsweringFileDialogs::Open(const std::string&, const FolderItem&,
                                                    const std::vector<FileFilter>&) {
+  if (!several.empty()) return std::exchange(several, {});
   if (files.empty()) return {};
   const FolderItem file = files.front();
   files.pop_front();
@@ -183,8 +193,19 @@ FolderItem Program::Photo(const std::string& name, int width, int height) {
   return file;
 }
 
+void Program::Finish() {
+  Window().Session().Work().Finish();
+  Window().FileWork().Finish();
+  QTest::qWait(1);
+}
+
 void Program::OpenPhoto(const FolderItem& file) {
-  ASSERT_TRUE(Window().OpenImage(file, {}));
+  bool opened = false;
+  const Listening listening = Window().Session().Opened.Listen([&] { opened = true; });
+  Window().OpenImage(file, {});
+  Settle();
+  ASSERT_TRUE(opened);
+  if (!Window().PreviewTitle->SegmentByTag("advanced")->Selected) Choose("Viewadvanced");
   Settle();
   ASSERT_EQ(Window().DisplayPane, MainWindow::kEditorPane);
 }
@@ -194,13 +215,14 @@ void Program::Choose(const std::string& name) {
   QAction& action = Menu(name);
   ASSERT_TRUE(action.isEnabled()) << name;
   action.trigger();
-  QApplication::processEvents();
+  Finish();
 }
 
 void Program::Tool(const char* identifier) {
   QAction* action = ToolButtons::itemViaIdentifier(*Window().rbToolBar, identifier);
   ASSERT_NE(action, nullptr) << identifier;
   Click(*Window().rbToolBar->widgetForAction(action));
+  Finish();
 }
 
 int Program::Row(const std::string& name) {

@@ -36,7 +36,7 @@ void Key(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = {});
 void Type(QWidget& window, const std::string& text);
 void DropFile(QWidget& control, const FolderItem& file);
 void DropFile(QWidget& control, const FolderItem& file, const QPoint& at);
-/// Handles events until nothing moves any more.
+/// Handles events until no window works or moves any more.
 void Settle();
 /// Handles events until the condition holds; false after half a minute. The condition is what a
 /// test wants to see: that something is not going on any more also holds before it began.
@@ -53,6 +53,8 @@ struct AnsweringDialogs final : Dialogs {
   std::vector<std::string> messages;
   std::vector<Question> questions;
   std::deque<Answer> answers;
+  /// Happens while a question is open; once.
+  std::function<void()> whileOpen;
   void Message(const std::string& message, const std::string& explanation) override;
   Answer Ask(const Question& question) override;
 };
@@ -60,6 +62,8 @@ struct AnsweringDialogs final : Dialogs {
 /// Gives the files that were laid ready; nil, a cancelled dialog, when there are none.
 struct AnsweringFileDialogs final : FileDialogs {
   std::deque<FolderItem> files;
+  /// Chosen together in the next dialog for opening.
+  std::vector<FolderItem> several;
   std::vector<FolderItem> suggestions;
   int filter = -1;
   std::vector<FolderItem> Open(const std::string& title, const FolderItem& folder,
@@ -95,7 +99,9 @@ class Program {
   void Crash();
   /// A file in the home with a test picture; the kind follows from the name.
   FolderItem Photo(const std::string& name, int width = 320, int height = 240);
-  /// Opens a photo and waits until the editor stands.
+  /// Waits until no work is under way, and handles what it has led to.
+  void Finish();
+  /// Opens a photo and waits until the editor stands, with the panel of effects.
   void OpenPhoto(const FolderItem& file);
 
   MainWindow& Window() { return *app->Window(); }

@@ -9,11 +9,11 @@
 
 #include "WindowHelpers.h"
 #include "app/AboutBox.h"
-#include "app/CropEditor.h"
-#include "app/OneClickEditor.h"
 #include "app/PreferencesWindow.h"
-#include "app/QuickLookWindow.h"
-#include "app/ToolButtons.h"
+#include "app/browse/QuickLookWindow.h"
+#include "app/commands/ToolButtons.h"
+#include "app/edit/CropEditor.h"
+#include "app/edit/OneClickEditor.h"
 #include "browser/ui/ColumnPreview.h"
 #include "browser/ui/multiViewFileBrowser.h"
 #include "effects/text/EffectModuleText.h"
@@ -116,7 +116,7 @@ TEST(WindowPictures, OfTheStylesAndTheirEditor) {
   Take(program.Window(), QStringLiteral("styles"));
   EXPECT_EQ(bar.SelectedItem, 1);
   OneClickWonder style = program.app->Styles().item(1)->Clone();
-  oneClickEditor editor(*program.app, &program.Window());
+  oneClickEditor editor(program.app->Desk(), &program.Window());
   editor.Fill(style, {});
   editor.show();
   Take(editor, QStringLiteral("style-editor"));

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+// How the parts of the window hear of each other.
+#include "app/App.h"
+#include "app/MainWindow.h"
+
+namespace brivolant {
+namespace {
+
+/// Milliseconds between two looks at edits that are not saved.
+constexpr int kKeepEdits = 3000;
+
+}  // namespace
+
+void MainWindow::WireSession() {
+  listening_.push_back(session_.Settling.Listen([this] {
+    // A hidden widget is laid out when it is shown, but a preview is made for its size before.
+    PlaceSeats();
+    pane_.Layout();
+  }));
+  listening_.push_back(session_.Changed.Listen([this] { Modified(session_.Dirty()); }));
+  listening_.push_back(session_.Opened.Listen([this] {
+    LastDirty = session_.Dirty();
+    SwapDisplay(kEditorPane);
+  }));
+  listening_.push_back(
+      session_.Failed.Listen([this](const std::string& message, const std::string& why) {
+        const EditSession::Hold hold(session_);
+        app_.Dialogs().Message(message, why);
+      }));
+  session_.Ask = [this](const Question& question) {
+    const EditSession::Hold hold(session_);
+    return app_.Dialogs().Ask(question);
+  };
+  listening_.push_back(
+      editor_.FullScreenReady.Listen([this](const Picture& picture, const std::string& title) {
+        looks_.ShowFullScreen(picture, title);
+      }));
+  listening_.push_back(
+      editor_.StylesToggled.Listen([this](bool visible) { styles_.ShowHideStyles(visible); }));
+  listening_.push_back(editor_.OthersChosen.Listen(
+      [this](const std::vector<FolderItem>& files) { browser_.ShowFiles(files); }));
+  RecoveryTimer.setInterval(kKeepEdits);
+  connect(&RecoveryTimer, &QTimer::timeout, this, [this] { session_.KeepEdits(); });
+}
+
+void MainWindow::WireBrowser() {
+  listening_.push_back(
+      browser_.PhotoChosen.Listen([this](const FolderItem& file, const std::string& name) {
+        session_.Work().WhenIdle([this, file, name] {
+          const auto open = [this, file, name] { OpenImage(file, name); };
+          if (!AskToSave(open)) open();
+        });
+      }));
+  browser_.BringIntoView = [this] { BackToBrowser(); };
+  browser_.ShowLibrary = [this] {
+    if (iPhotolibrary.empty()) return false;
+    sidebar_.UnfoldLibrary();
+    DisplayContainer(iPhotolibrary.front());
+    return true;
+  };
+  browser_.Events = [this] { return iPhotolibrary.empty() ? nullptr : iPhotolibrary.front(); };
+  listening_.push_back(files_.FavoriteAdded.Listen([this](const FolderItem& folder) {
+    sidebar_.AddPlace(folder, SidebarController::kFavorites.Text(), "Favorites");
+  }));
+  listening_.push_back(
+      sidebar_.Dropped.Listen([this](const std::vector<FolderItem>& files,
+                                     const FolderItem& folder) { CopyFilesInto(files, folder); }));
+  listening_.push_back(library_.Changed.Listen([this] { sidebar_.ShowAlbums(iPhotolibrary); }));
+  listening_.push_back(search_.Changed.Listen([this] { sidebar_.ShowSearch(currentSearchItem); }));
+}
+
+}  // namespace brivolant

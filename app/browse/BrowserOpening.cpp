@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+// What opening an item of the browser means, and the path to what is on show.
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFile>
+#include <QUrl>
+
+#include "app/browse/BrowserController.h"
+#include "browser/SideBarItem.h"
+#include "files/FolderitemExtensions.h"
+#include "formats/FileTypes.h"
+#include "kit/InterfaceKitSupport.h"
+#include "kit/SvgIcon.h"
+#include "kit/ifkPathBar.h"
+#include "platform/values/Captions.h"
+
+namespace brivolant {
+namespace {
+
+using ItemPointer = std::shared_ptr<browserItem>;
+
+/// A photo library as a file manager shows it.
+constexpr const char* kLibraryPackage = "iPhoto Library";
+
+/// By the desktop's program for it.
+void Launch(const FolderItem& file) {
+  QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(file.Path().c_str())));
+}
+
+SegmentViewPiece Piece(const QString& caption, const QString& icon, const Variant& tag) {
+  SegmentViewPiece piece;
+  piece.Caption = caption;
+  piece.icon = SvgIcon(icon);
+  piece.Tag = tag;
+  return piece;
+}
+
+}  // namespace
+
+void BrowserController::OpenItem(const BrowserPayload& payload) {
+  if (const auto* item = std::get_if<ItemPointer>(&payload)) {
+    const ItemPointer opened = *item;
+    if (const auto* file = std::get_if<FolderItem>(&opened->item)) {
+      return OpenFile(*file, opened->Facts.value_or(FileFacts()));
+    }
+    const BrowserContainer inside = ContainerOf(opened->item);
+    if (!std::holds_alternative<std::monostate>(inside)) DisplayContainer(inside);
+    return;
+  }
+  if (const auto* folder = std::get_if<std::shared_ptr<browserItemCollection>>(&payload)) {
+    return DisplayContainer(*folder);
+  }
+  if (const auto* roll = std::get_if<std::shared_ptr<iPhotoRoll>>(&payload)) {
+    return DisplayContainer(*roll);
+  }
+  if (const auto* photo = std::get_if<std::shared_ptr<iPhotoItem>>(&payload)) {
+    const FolderItem file = (*photo)->File();
+    const std::string caption = (*photo)->Caption;
+    if (!file) return;
+    if (FolderitemExtensions::FileBaseType(file) == "Image" ||
+        FolderitemExtensions::HoldsPicture(file)) {
+      PhotoChosen(file, caption);
+    } else {
+      Launch(file);
+    }
+  }
+}
+
+FolderItem BrowserController::Original(const FolderItem& alias) {
+  const FolderItem target = FolderitemExtensions::OriginalFile(alias);
+  if (!target.Alias()) return target;
+  const Answer answer = desk_.Services.Dialogs.Ask(
+      {WithPlaceholders(kBrokenAliasMessage.Text(), {{"<filename>", alias.DisplayName()}}),
+       {},
+       kDeleteAlias.Text(),
+       Captions::kOK.Text(),
+       {}});
+  if (answer == Answer::kAction && FolderitemExtensions::MoveToTrash(alias)) {
+    imageBrowser->ReloadCurrentView();
+  }
+  return {};
+}
+
+void BrowserController::OpenFile(const FolderItem& file, const FileFacts& facts) {
+  using FolderitemExtensions::isFileType;
+  using namespace InternalFileTypes;
+  const FolderItem target = file.Alias() ? Original(file) : file;
+  if (target.IsNil()) return;
+  const bool browse = QApplication::keyboardModifiers().testFlag(Qt::AltModifier);
+  if (isFileType(target, &BrivolantPhotosDocument)) return desk_.OpenDocument(target);
+  if (facts.Is == FileFacts::kPackage && !browse) {
+    if (file.Name() == kLibraryPackage && ShowLibrary && ShowLibrary()) return;
+    return Launch(target);
+  }
+  if (target.Directory()) return DisplayContainer(target);
+  // Camera raw and newer formats are images too, whatever their first bytes are called.
+  if (FolderitemExtensions::FileBaseType(target) == "Image" ||
+      FolderitemExtensions::HoldsPicture(target) ||
+      isFileType(target, &BrivolantPhotosOneClickWonder)) {
+    return desk_.OpenDocument(target);
+  }
+  Launch(target);
+}
+
+// The path.
+
+Variant BrowserController::TagOf(const BrowserContainer& container) {
+  if (const auto* folder = std::get_if<FolderItem>(&container)) return *folder;
+  for (std::size_t i = 0; i < pathTargets_.size(); ++i) {
+    if (pathTargets_[i] == container) return static_cast<int>(i);
+  }
+  pathTargets_.push_back(container);
+  return static_cast<int>(pathTargets_.size() - 1);
+}
+
+BrowserContainer BrowserController::ContainerOf(const Variant& tag) const {
+  if (const auto* folder = tag.As<FolderItem>()) return *folder;
+  const auto index = static_cast<std::size_t>(tag.ToInt());
+  return tag.IsNumber() && index < pathTargets_.size() ? pathTargets_[index] : BrowserContainer();
+}
+
+BrowserContainer BrowserController::ContainerOf(const browserItem::Wrapped& wrapped) {
+  return std::visit(
+      [](const auto& held) -> BrowserContainer {
+        if constexpr (std::is_same_v<std::decay_t<decltype(held)>, VolumeItem>) {
+          return FolderItem(held);
+        } else {
+          return held;
+        }
+      },
+      wrapped);
+}
+
+void BrowserController::DisplayPath(const BrowserContainer& container, bool skipHistory) {
+  ifkPathBar::Path path;
+  const auto add = [&](const auto& shown) {
+    path.push_back(Piece(ToQString(shown->Name), ToQString(shown->Icon), TagOf(shown)));
+  };
+  if (const auto* folder = std::get_if<FolderItem>(&container)) {
+    for (FolderItem at = *folder; at; at = at.Parent()) {
+      const bool root = at.Parent().IsNil();
+      path.insert(
+          path.begin(),
+          Piece(ToQString(root ? SideBarSources::CaptionOf(VolumeItem(at)) : at.DisplayName()),
+                root ? QStringLiteral("Volume") : QStringLiteral("Folder"), at));
+    }
+  } else if (const auto* c = std::get_if<std::shared_ptr<browserItemCollection>>(&container)) {
+    add(*c);
+  } else if (const auto* album = std::get_if<std::shared_ptr<iPhotoAlbum>>(&container)) {
+    add(*album);
+  } else if (const auto* roll = std::get_if<std::shared_ptr<iPhotoRoll>>(&container)) {
+    if (const auto events = Events ? Events() : nullptr) add(events);
+    add(*roll);
+  }
+  if (!path.empty()) myPathBar->FullPath(path, skipHistory);
+}
+
+}  // namespace brivolant

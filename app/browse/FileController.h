@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/core/Desk.h"
+#include "app/core/Jobs.h"
+#include "files/FolderitemExtensions.h"
+#include "platform/values/Event.h"
+#include "platform/values/Text.h"
+
+namespace brivolant {
+
+class BrowserController;
+class Commands;
+class EditSession;
+class browserItem;
+
+/// What the browser's pane does with files: copy, paste, drop, rename, trash, favourites, the
+/// desktop's picture, and the undo of these.
+class FileController {
+ public:
+  static constexpr LocalizedText kNotTrashed{
+      "MainWindow.kNotTrashed", "The file \"<filename>\" could not be moved to the trash."};
+  static constexpr LocalizedText kNotCopied{"MainWindow.kNotCopied",
+                                            "The file \"<filename>\" could not be copied here."};
+  static constexpr LocalizedText kNotRenamed{
+      "MainWindow.kNotRenamed", "The file \"<filename>\" could not be renamed to \"<name>\"."};
+  static constexpr LocalizedText kNameTaken{
+      "MainWindow.kNameTaken",
+      "The name \"<name>\" is taken by another file. Please choose a different name."};
+  static constexpr LocalizedText kNameNotAllowed{
+      "MainWindow.kNameNotAllowed", "The name \"<name>\" cannot be used: names hold no \"/\"."};
+  static constexpr LocalizedText kNotFavorite{
+      "MainWindow.kNotFavorite", "The file \"<filename>\" could not be added to the favorites."};
+  static constexpr LocalizedText kNoDesktopPicture{
+      "MainWindow.kNoDesktopPicture", "This desktop did not take the picture \"<filename>\"."};
+  static constexpr LocalizedText kNotPutBack{
+      "MainWindow.kNotPutBack",
+      "The file \"<filename>\" could not be taken out of the trash: its old place is not free."};
+  static constexpr LocalizedText kCopying{"FileController.kCopying", "Copying files..."};
+
+  FileController(const Desk& desk, EditSession& session, Commands& commands,
+                 BrowserController& browser);
+  FileController(const FileController&) = delete;
+  FileController& operator=(const FileController&) = delete;
+
+  /// Copies files into a folder under free names, as a job, then selects them.
+  void CopyFilesInto(const std::vector<FolderItem>& files, const FolderItem& folder);
+  void FileMoveToTrash();
+  /// Links to what is selected, in the user's folder of favourites.
+  void AddFavoritesMethod();
+  Jobs& Work() { return jobs_; }
+
+  /// Something was added to the folder of favourites.
+  Event<const FolderItem& /*folder*/> FavoriteAdded;
+
+ private:
+  /// What undo takes back: files that went to the trash, or a rename.
+  struct Step {
+    std::vector<FolderitemExtensions::TrashedFile> trashed;
+    FolderItem before;
+    FolderItem after;
+  };
+  void AddCommands(Commands& commands);
+  void CopyFiles();
+  void PasteFiles();
+  void Copied(const FolderItem& folder, const std::vector<std::string>& made);
+  void UndoStep();
+  bool MoveFile(const FolderItem& from, const FolderItem& to);
+  bool RenameFile(const browserItem& item, const std::string& name);
+  void SetDesktopPicture();
+  std::vector<FolderItem> FilesOnClipboard() const;
+  std::string CopyCaption() const;
+  std::string PasteCaption() const;
+  std::string UndoCaption() const;
+  bool PicturesSelected() const;
+  void Tell(const LocalizedText& text, const FolderItem& file);
+
+  Desk desk_;
+  EditSession& session_;
+  Commands& commands_;
+  BrowserController& browser_;
+  std::vector<Step> steps_;
+  Jobs jobs_;
+};
+
+}  // namespace brivolant

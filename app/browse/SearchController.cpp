@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include "app/browse/SearchController.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <algorithm>
+
+#include "app/browse/SidebarController.h"
+#include "formats/FileTypes.h"
+#include "kit/InterfaceKitSupport.h"
+#include "kit/ifkPathBar.h"
+#include "kit/ifkSearchField.h"
+#include "platform/values/Captions.h"
+
+namespace brivolant {
+namespace {
+
+constexpr const char* kSearchFolderTag = "SEARCHFOLDER";
+constexpr const char* kSearchComputerTag = "SEARCHCOMPUTER";
+constexpr const char* kRecentSearches = "browserSearchField.RecentSearches";
+/// Letters that a search of the whole computer begins with.
+constexpr int kLeastLetters = 3;
+constexpr int kMargin = 8;
+
+}  // namespace
+
+SearchController::SearchController(const Desk& desk, BrowserController& browser)
+    : desk_(desk), browser_(browser) {
+  BuildLine();
+  WireField();
+  WireQuery();
+  // Whoever goes elsewhere does not wait for hits any more.
+  listening_ = browser_.Leaving.Listen([this](const BrowserContainer& next) {
+    if (next != BrowserContainer(currentSearchItem)) End();
+  });
+}
+
+SearchController::~SearchController() {
+  mySpotlightSearch.Stop();
+}
+
+void SearchController::BuildLine() {
+  line_ = new QWidget(browser_.imageBrowser->parentWidget());
+  auto* line = new QHBoxLayout(line_);
+  line->setContentsMargins(kMargin, 0, kMargin, 4);
+  line->setSpacing(kMargin);
+  place_ = new QLabel(line_);
+  place_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  auto* busy = new QProgressBar(line_);
+  busy->setRange(0, 0);
+  busy->setTextVisible(false);
+  busy->setFixedSize(96, 6);
+  auto* cancel = new QPushButton(Shown(Captions::kCancel), line_);
+  line->addWidget(place_, 1);
+  line->addWidget(busy);
+  line->addWidget(cancel);
+  line_->hide();
+  // Between the bar and the rows.
+  browser_.Column->insertWidget(1, line_);
+  QObject::connect(cancel, &QPushButton::clicked, line_, [this] { mySpotlightSearch.Finish(); });
+}
+
+void SearchController::WireField() {
+  ifkSearchField& field = *browser_.browserSearchField;
+  field.useLiveSearch = true;
+  field.SearchIcon(true);
+  field.Menu = {{kSearchCurrentFolder.Text(), kSearchFolderTag, {}, true, true, {}},
+                {kSearchEntireComputer.Text(), kSearchComputerTag, {}, false, true, {}}};
+  field.TextChanged = [this] { TextChanged(); };
+  field.Entered = [this] { browser_.imageBrowser->setFocus(); };
+  field.MenuAction = [&field](MenuItem& chosen) {
+    for (MenuItem& item : field.Menu) item.Checked = &item == &chosen;
+    field.DescriptiveText(Shown(ifkSearchField::kDefaultSearchCaption) + QStringLiteral(": ") +
+                          ToQString(chosen.Text));
+  };
+  field.CancelClicked = [this] {
+    End();
+    browser_.myPathBar->Goback();
+    currentSearchItem.reset();
+    Changed();
+    return false;
+  };
+  std::vector<std::string> recent;
+  const std::string stored = desk_.Preferences.Value(kRecentSearches, "").ToText();
+  for (const std::string_view text : Split(stored, '\n')) {
+    if (!text.empty()) recent.emplace_back(text);
+  }
+  field.RecentSearches(std::move(recent));
+}
+
+void SearchController::WireQuery() {
+  mySpotlightSearch.DocumentExtension =
+      std::string(InternalFileTypes::BrivolantPhotosDocument.Extensions);
+  mySpotlightSearch.Completed = [this] { Completed(); };
+  mySpotlightSearch.Progress = [this](const std::string& folder, int found) {
+    const QString text = ToQString(WithPlaceholders(
+        kSearching.Text(), {{"<folder>", EnsureUTF8(folder)}, {"<x>", std::to_string(found)}}));
+    // Its width counts from the first report on.
+    line_->show();
+    browser_.Column->activate();
+    place_->setText(place_->fontMetrics().elidedText(text, Qt::ElideMiddle, place_->width()));
+  };
+}
+
+void SearchController::StorePreferences() {
+  std::vector<std::string> recent = browser_.browserSearchField->RecentSearches();
+  if (recent.back().empty()) recent.pop_back();
+  std::string stored;
+  for (const std::string& text : recent) stored.append(text).append("\n");
+  desk_.Preferences.Assign(kRecentSearches, stored);
+}
+
+void SearchController::TextChanged() {
+  multiViewFileBrowser& rows = *browser_.imageBrowser;
+  const auto& menu = browser_.browserSearchField->Menu;
+  const auto mode =
+      std::find_if(menu.begin(), menu.end(), [](const MenuItem& item) { return item.Checked; });
+  if (mode == menu.end() || mode->Tag.empty()) return;
+  const std::string text = browser_.browserSearchField->Text();
+  if (mode->Tag == kSearchFolderTag) return rows.HighLightItem(text, true);
+  End();
+  if (ToQString(text).size() < kLeastLetters) return;
+  const bool fresh =
+      !currentSearchItem || rows.currentView() != BrowserContainer(currentSearchItem);
+  if (!currentSearchItem) {
+    currentSearchItem = std::make_shared<browserItemCollection>();
+    currentSearchItem->Icon = "Search";
+  }
+  currentSearchItem->Name = "\"" + text + "\" " + SidebarController::kSearchResults.Text();
+  Changed();
+  rows.EmptyText = kSearchingFor.Text();
+  mySpotlightSearch.Query = text;
+  if (fresh) {
+    rows.DisplayItem(currentSearchItem);
+  } else {
+    browser_.DisplayInPlace(currentSearchItem);
+  }
+  browser_.DisplayPath(currentSearchItem, true);
+  mySpotlightSearch.Run();
+}
+
+void SearchController::Completed() {
+  line_->hide();
+  browser_.imageBrowser->EmptyText = kNothingFound.Text();
+  if (!currentSearchItem) return;
+  // What the text before found and this one does not is gone.
+  currentSearchItem->RemoveAllItems();
+  for (int i = 0; i < mySpotlightSearch.Count(); ++i) {
+    const SpotlightItem& hit = mySpotlightSearch.Item(i);
+    if (hit.File()) currentSearchItem->AddItem(hit.Row());
+  }
+  browser_.DisplayInPlace(currentSearchItem);
+}
+
+void SearchController::End() {
+  mySpotlightSearch.Stop();
+  line_->hide();
+  browser_.imageBrowser->EmptyText.clear();
+}
+
+}  // namespace brivolant

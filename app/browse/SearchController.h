@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include "app/browse/BrowserController.h"
+#include "app/core/Desk.h"
+#include "browser/SpotlightQuery.h"
+#include "platform/values/Event.h"
+#include "platform/values/Text.h"
+
+class QLabel;
+
+namespace brivolant {
+
+/// The search: its field, the line that tells how it goes, and what it found.
+class SearchController {
+ public:
+  static constexpr LocalizedText kSearchCurrentFolder{"MainWindow.kSearchCurrentFolder",
+                                                      "Search Current Folder"};
+  static constexpr LocalizedText kSearchEntireComputer{"MainWindow.kSearchEntireComputer",
+                                                       "Search Entire Computer"};
+  static constexpr LocalizedText kSearching{"MainWindow.kSearching",
+                                            "Searching <folder> (<x> found)"};
+  static constexpr LocalizedText kSearchingFor{"MainWindow.kSearchingFor", "Searching..."};
+  static constexpr LocalizedText kNothingFound{"MainWindow.kNothingFound",
+                                               "No photo or folder has this in its name"};
+
+  SearchController(const Desk& desk, BrowserController& browser);
+  ~SearchController();
+  SearchController(const SearchController&) = delete;
+  SearchController& operator=(const SearchController&) = delete;
+
+  void StorePreferences();
+
+  SpotlightQuery mySpotlightSearch;
+  /// What a search of the computer found; null when none is on show.
+  std::shared_ptr<browserItemCollection> currentSearchItem;
+  /// The search has another name, or is gone.
+  Event<> Changed;
+
+ private:
+  void BuildLine();
+  void WireField();
+  void WireQuery();
+  void TextChanged();
+  void Completed();
+  void End();
+
+  Desk desk_;
+  BrowserController& browser_;
+  QWidget* line_ = nullptr;
+  QLabel* place_ = nullptr;
+  Listening listening_;
+};
+
+}  // namespace brivolant

@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: MIT
+#include "app/browse/SidebarController.h"
+
+#include <QBuffer>
+#include <QMenu>
+#include <algorithm>
+
+#include "app/commands/Commands.h"
+#include "app/commands/Menus.h"
+#include "browser/ui/Sidebar.h"
+#include "formats/FileTypes.h"
+#include "kit/InterfaceKitSupport.h"
+#include "kit/SvgIcon.h"
+#include "platform/services/SharedFolders.h"
+
+namespace brivolant {
+namespace {
+
+/// Milliseconds between two looks at the mounted disks.
+constexpr int kDevices = 1000;
+constexpr const char* kFolds[] = {"MainWindow.sidebar.iPhoto", "MainWindow.sidebar.devices",
+                                  "MainWindow.sidebar.places"};
+
+std::string PngOf(const SideBarItem& place) {
+  constexpr int kIcon = 16;
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  SvgPixmap(ToQString(place.icon.empty() ? std::string("Folder") : place.icon), QSize(kIcon, kIcon),
+            1, Qt::black)
+      .save(&buffer, "PNG");
+  return bytes.toStdString();
+}
+
+FolderItem PlacesFile() {
+  return otherSharedComponents::userElementsFolder().Child(
+      "SideBarItems." + std::string(InternalFileTypes::BrivolantPhotosSidebarItems.Extensions));
+}
+
+}  // namespace
+
+SidebarController::SidebarController(const Desk& desk, Commands& commands,
+                                     BrowserController& browser)
+    : desk_(desk), browser_(browser), bar_(*browser.mySideBar) {
+  for (const LocalizedText* caption :
+       {&SideBarSources::kLibrary, &SideBarSources::kDevices, &SideBarSources::kPlaces}) {
+    auto section = std::make_shared<SideBarCollection>();
+    section->Caption = caption->Text();
+    bar_.item.push_back(std::move(section));
+  }
+  bar_.item[kLibrarySection]->Visible = false;
+  Wire();
+  WireMenu();
+  WireDrop();
+  listening_ = browser_.ListChanged.Listen([this] { Highlight(); });
+  deviceTimer_.setInterval(kDevices);
+  QObject::connect(&deviceTimer_, &QTimer::timeout, [this] { LookAtDevices(); });
+  commands.Add(
+      {{"FileAddToSideBar", &Menus::kAddToSidebar, "Ctrl+T", kInBrowser, [this] { AddSelected(); },
+        [this] {
+          if (browser_.imageBrowser->SelectedCount() != 1) return false;
+          const BrowserPayload selected = browser_.imageBrowser->SelectedItem(0);
+          const auto* item = std::get_if<std::shared_ptr<browserItem>>(&selected);
+          return item != nullptr && (*item)->Facts.value_or(FileFacts()).Is == FileFacts::kFolder;
+        }}});
+}
+
+void SidebarController::Wire() {
+  bar_.CanEject = [](const SideBarItem& item) {
+    const auto* volume = std::get_if<VolumeItem>(&item.Tag);
+    return volume != nullptr && volume->Ejectable();
+  };
+  // A volume is its root.
+  bar_.CompareItems = [](const SideBarItem::Target& a, const SideBarItem::Target& b) {
+    return BrowserController::ContainerOf(a) == BrowserController::ContainerOf(b);
+  };
+  bar_.Folded = [this](SideBarCollection& section) {
+    for (std::size_t i = 0; i < bar_.item.size(); ++i) {
+      if (bar_.item[i].get() != &section || i >= std::size(kFolds)) continue;
+      desk_.Preferences.Assign(kFolds[i], section.ItemsVisible);
+    }
+  };
+  bar_.itemSelected = [this](const SideBarItem& item, bool eject) {
+    if (const auto* volume = std::get_if<VolumeItem>(&item.Tag)) {
+      const VolumeItem chosen = *volume;
+      if (!eject) return browser_.DisplayContainer(FolderItem(chosen));
+      (void)chosen.Eject(desk_.Desktop, desk_.Services.Dialogs, desk_.Services.Log);
+      return;
+    }
+    browser_.DisplayContainer(BrowserController::ContainerOf(item.Tag));
+  };
+  bar_.Removed = [this](const std::shared_ptr<SideBarItem>& item, SideBarCollection& section) {
+    if (&section != bar_.item[kPlacesSection].get()) return;
+    section.RemoveItem(item);
+    bar_.updateList();
+    SavePlaces();
+  };
+}
+
+void SidebarController::WireMenu() {
+  bar_.RightClick = [this](QMenu& menu, const std::shared_ptr<SideBarItem>& item,
+                           SideBarCollection& section) {
+    if (&section != bar_.item[kPlacesSection].get()) return false;
+    const auto* folder = std::get_if<FolderItem>(&item->Tag);
+    if (folder != nullptr) {
+      menu.addAction(Shown(BrowserController::kOpen), &bar_,
+                     [this, open = *folder] { browser_.DisplayContainer(open); });
+      menu.addSeparator();
+      menu.addAction(Shown(kOpenEnclosingFolder), &bar_, [this, open = *folder] {
+        if (const FolderItem parent = open.Parent()) browser_.DisplayContainer(parent);
+      });
+      menu.addSeparator();
+    }
+    menu.addAction(Shown(kRemoveFromSidebar), &bar_,
+                   [this, item, &section] { bar_.Removed(item, section); });
+    return true;
+  };
+}
+
+void SidebarController::WireDrop() {
+  bar_.FilesDropped = [this](const std::vector<FolderItem>& files,
+                             const std::shared_ptr<SideBarItem>& item, SideBarCollection& section) {
+    const auto* folder = item ? std::get_if<FolderItem>(&item->Tag) : nullptr;
+    if (folder != nullptr) {
+      // The drag's source waits for the drop to return.
+      QTimer::singleShot(0, &bar_, [this, files, target = *folder] { Dropped(files, target); });
+    } else if (&section == bar_.item[kPlacesSection].get()) {
+      for (const FolderItem& file : files) {
+        if (file.Directory()) section.Add(file.DisplayName(), {}, file);
+      }
+      bar_.updateList();
+      SavePlaces();
+    }
+  };
+}
+
+void SidebarController::Open() {
+  for (std::size_t i = 0; i < std::size(kFolds); ++i) {
+    bar_.item[i]->ItemsVisible = desk_.Preferences.Value(kFolds[i], true).ToBool();
+  }
+  SideBarCollection& places = *bar_.item[kPlacesSection];
+  if (!SideBarSources::Load(PlacesFile(), places)) {
+    SideBarSources::AddDefaults(places, otherSharedComponents::DefaultPipDocumentsFolder());
+  }
+  deviceTimer_.start();
+  LookAtDevices();
+}
+
+void SidebarController::LookAtDevices() {
+  const std::vector<FolderItem> now = SideBarSources::MountedVolumes();
+  if (now == volumes_) return;
+  volumes_ = now;
+  const auto computer = desk_.Computer();
+  multiViewFileBrowser& rows = *browser_.imageBrowser;
+  if (rows.currentView() == BrowserContainer(computer)) rows.ReloadCurrentView();
+  SideBarCollection& devices = *bar_.item[kDevicesSection];
+  devices.RemoveAllItems();
+  devices.Add(computer->Name, computer->Icon, computer);
+  for (int i = 0; i < computer->Count(); ++i) {
+    const auto& item = std::get<std::shared_ptr<browserItem>>(computer->Item(i));
+    devices.Add(item->Name, "Volume", std::get<VolumeItem>(item->item));
+  }
+  Refresh();
+}
+
+void SidebarController::SavePlaces() {
+  if (!SideBarSources::Save(PlacesFile(), *bar_.item[kPlacesSection], PngOf)) {
+    desk_.Services.Log.Write("The places of the sidebar could not be saved.");
+  }
+}
+
+void SidebarController::Refresh() {
+  bar_.updateList();
+  Highlight();
+}
+
+void SidebarController::Highlight() {
+  bar_.highlightItem(std::visit([](const auto& held) { return SideBarItem::Target(held); },
+                                browser_.imageBrowser->currentView()));
+}
+
+void SidebarController::AddPlace(const FolderItem& folder, const std::string& caption,
+                                 const std::string& icon) {
+  SideBarCollection& places = *bar_.item[kPlacesSection];
+  const bool known = std::any_of(places.item.begin(), places.item.end(), [&](const auto& place) {
+    return BrowserController::ContainerOf(place->Tag) == BrowserContainer(folder);
+  });
+  if (known) return;
+  places.Add(caption, icon, folder);
+  Refresh();
+  SavePlaces();
+}
+
+void SidebarController::AddSelected() {
+  SideBarCollection& places = *bar_.item[kPlacesSection];
+  bool added = false;
+  for (const FolderItem& file : browser_.SelectedFiles()) {
+    if (!file.Directory()) continue;
+    places.Add(file.DisplayName(), {}, file);
+    added = true;
+  }
+  if (!added) return;
+  Refresh();
+  SavePlaces();
+}
+
+void SidebarController::ShowAlbums(const std::vector<std::shared_ptr<iPhotoAlbum>>& albums) {
+  SideBarCollection& section = *bar_.item[kLibrarySection];
+  section.RemoveAllItems();
+  section.Visible = !albums.empty();
+  for (const auto& album : albums) section.Add(album->Name, album->Icon, album);
+  Refresh();
+}
+
+void SidebarController::UnfoldLibrary() {
+  bar_.item[kLibrarySection]->ItemsVisible = true;
+  bar_.updateList();
+}
+
+void SidebarController::ShowSearch(const std::shared_ptr<browserItemCollection>& found) {
+  if (!found) {
+    if (bar_.item.size() > kSearchSection) bar_.item.resize(kSearchSection);
+    return Refresh();
+  }
+  if (bar_.item.size() <= kSearchSection) {
+    auto section = std::make_shared<SideBarCollection>();
+    section->Caption = kSearchResults.Text();
+    bar_.item.push_back(std::move(section));
+  }
+  SideBarCollection& section = *bar_.item[kSearchSection];
+  section.RemoveAllItems();
+  section.Add(found->Name, found->Icon, found);
+  Refresh();
+}
+
+}  // namespace brivolant

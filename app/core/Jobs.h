@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <atomic>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <thread>
+
+#include "platform/values/Event.h"
+
+namespace brivolant {
+
+/// Long work on another thread, one job at a time. All but a job's Work happens on the thread that
+/// made the object, which needs an event loop for what is not finished by Finish.
+class Jobs {
+ public:
+  /// What a job's work may ask and tell; on its thread.
+  class Control {
+   public:
+    /// The work should end soon; what it has made so far is its own to tidy up.
+    bool Cancelled() const { return cancelled_; }
+    /// The part that is done, 0 to 1. Gives back false once the work should end.
+    bool Progress(double done) {
+      done_ = done;
+      return !cancelled_;
+    }
+
+   private:
+    friend class Jobs;
+    std::atomic<bool> cancelled_ = false;
+    std::atomic<double> done_ = 0;
+  };
+  enum class End { kDone, kCancelled, kFailed };
+  struct Job {
+    /// What the user is told meanwhile; empty for nothing.
+    std::string Text;
+    bool CanCancel = false;
+    std::function<void(Control&)> Work;
+    /// Called once, when nothing is busy any more. What Work threw arrives as kFailed with its
+    /// words; work that was cancelled, or never begun, as kCancelled.
+    std::function<void(End, const std::string& why)> Done;
+  };
+  /// While one lives, nothing begins that waits for its turn.
+  class Pause {
+   public:
+    explicit Pause(Jobs& jobs);
+    ~Pause();
+    Pause(const Pause&) = delete;
+    Pause& operator=(const Pause&) = delete;
+
+   private:
+    std::weak_ptr<int> pauses_;
+    Jobs& jobs_;
+  };
+
+  Jobs();
+  /// Cancels and waits; what still waited for its turn is dropped.
+  ~Jobs();
+  Jobs(const Jobs&) = delete;
+  Jobs& operator=(const Jobs&) = delete;
+
+  /// Begins, or waits for the jobs before it.
+  void Start(Job job);
+  /// Calls at once if nothing is busy, else behind what was asked for before. What is asked for and
+  /// started within the call is a part of it: nothing comes between.
+  void WhenIdle(std::function<void()> then);
+  bool Busy() const { return running_ != nullptr; }
+  /// What the present job tells the user, and whether it may be cancelled; of none, empty.
+  std::string Text() const;
+  bool CanCancel() const;
+  /// The part of the present job that is done.
+  double Done() const;
+  /// Asks the present job to end.
+  void Cancel();
+  /// Waits until nothing is busy and nothing waits, without handling events.
+  void Finish();
+
+  Event<> Started;
+  Event<> Ended;
+
+ private:
+  struct Running;
+  struct Waiting {
+    Job job;
+    std::function<void()> then;
+  };
+  void Begin(Job job);
+  void Deliver(Running& finished);
+  void Next();
+
+  std::shared_ptr<Running> running_;
+  std::deque<Waiting> waiting_;
+  std::shared_ptr<int> pauses_ = std::make_shared<int>(0);
+  bool telling_ = false;
+  /// A call of WhenIdle is under way, and what it asks for is a part of it. Not so while it pauses:
+  /// what comes then comes from somebody else.
+  bool InTurn() const { return turn_ && !running_ && *pauses_ == 0; }
+  bool turn_ = false;
+  class Receiver;
+  std::unique_ptr<Receiver> receiver_;
+};
+
+}  // namespace brivolant

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "app/core/WorkerServices.h"
+
+#include <utility>
+
+namespace brivolant {
+
+WorkerServices::WorkerServices(const Services& owner)
+    : log_(owner.Log), all_{kept_,  kept_,  owner.UserDetails, owner.TemporaryFiles,
+                            clock_, random_} {}
+
+void WorkerServices::Kept::Write(std::string_view line) {
+  const std::lock_guard lock(mutex);
+  lines.emplace_back(line);
+}
+
+void WorkerServices::Kept::Message(const std::string& message, const std::string& explanation) {
+  const std::lock_guard lock(mutex);
+  told.push_back({message, explanation});
+}
+
+Answer WorkerServices::Kept::Ask(const Question& question) {
+  const std::lock_guard lock(mutex);
+  if (answer) return *std::exchange(answer, std::nullopt);
+  asked = question;
+  return Answer::kCancel;
+}
+
+std::optional<Question> WorkerServices::Unanswered() {
+  const std::lock_guard lock(kept_.mutex);
+  return std::exchange(kept_.asked, std::nullopt);
+}
+
+void WorkerServices::LayReady(Answer answer) {
+  const std::lock_guard lock(kept_.mutex);
+  kept_.answer = answer;
+}
+
+std::vector<WorkerServices::Told> WorkerServices::Take() {
+  const std::lock_guard lock(kept_.mutex);
+  for (const std::string& line : std::exchange(kept_.lines, {})) log_.Write(line);
+  return std::exchange(kept_.told, {});
+}
+
+}  // namespace brivolant

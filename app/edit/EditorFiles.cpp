@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+// Opening and saving, with their dialogs and questions.
+#include <QTimer>
+#include <algorithm>
+#include <array>
+
+#include "app/commands/Menus.h"
+#include "app/commands/Panes.h"
+#include "app/edit/EditorController.h"
+#include "app/edit/EditorPane.h"
+#include "engine/ui/EditorDisplay.h"
+#include "formats/BrivolantDocument.h"
+#include "formats/FileTypes.h"
+#include "formats/ImageFile.h"
+#include "kit/DesktopServices.h"
+#include "platform/codecs/RawExtensions.h"
+#include "platform/files/FileNames.h"
+#include "platform/services/SharedFolders.h"
+#include "platform/values/Captions.h"
+
+namespace brivolant {
+namespace {
+
+constexpr const char* kCopyFormat = "SaveAsCopy.format";
+constexpr const char* kCopyFolder = "SaveAsCopy.folder";
+constexpr const char* kCopyQuality = "SaveAsCopy.Quality";
+constexpr int kDefaultQuality = 75;
+constexpr std::array kCopyTypes{&ImagesWritableMac::Jpeg, &ImagesWritableMac::PNG,
+                                &ImagesWritableMac::TIFF};
+/// An extension with its dot.
+std::string Ending(std::string_view extension) {
+  return std::string(1, '.').append(extension);
+}
+
+/// Extensions that a dialog for photos shows, with those of the cameras.
+std::string PhotoExtensions() {
+  std::string all = "jpg;jpeg;jpe;png;tif;tiff;heic;heif;avif;webp;gif;bmp;jp2;psd;" +
+                    std::string(InternalFileTypes::BrivolantPhotosDocument.Extensions);
+  for (const std::string_view extension : RawExtensions()) all.append(";").append(extension);
+  return all;
+}
+
+}  // namespace
+
+std::vector<FolderItem> EditorController::ChoosePhotos(const LocalizedText& title) {
+  const EditSession::Hold hold(session_);
+  return desk_.FileDialogs.Open(title.Text(), {},
+                                {{kAllPhotos.Text(), PhotoExtensions()}, {kAllFiles.Text(), ""}});
+}
+
+void EditorController::ChooseAndOpen() {
+  std::vector<FolderItem> files = ChoosePhotos(kOpenTitle);
+  if (files.empty()) return;
+  if (files.size() > 1) OthersChosen(files);
+  desk_.OpenDocument(files.front());
+}
+
+void EditorController::Drop(const DragItem& item) {
+  if (item.IsEmpty()) return;
+  // The drag's source waits for the drop to return; a question must not keep it waiting.
+  QTimer::singleShot(0, pane_.MyDisplay, [this, item] {
+    if (!item.Files.empty()) return desk_.OpenDocument(item.Files.front());
+    const auto open = [this, item] { session_.Open(item.Picture, kDroppedPicture.Text()); };
+    if (!AskToSave(open)) open();
+  });
+}
+
+void EditorController::NewFromClipboard() {
+  const Picture picture = desk_.Clipboard.Picture();
+  if (picture.IsNil()) return;
+  const auto open = [this, picture] { session_.Open(picture, kNewFromClipboard.Text()); };
+  if (!AskToSave(open)) open();
+}
+
+// Saving.
+
+FolderItem EditorController::AskWhereToSave() {
+  const EditSession::Hold hold(session_);
+  const std::string extension(InternalFileTypes::BrivolantPhotosDocument.Extensions);
+  int filter = 0;
+  const FolderItem chosen = desk_.FileDialogs.Save(
+      kSaveTitle.Text(),
+      otherSharedComponents::DefaultPipDocumentsFolder().Child(
+          SafeFileName(session_.Document()->Name, Ending(extension))),
+      {{std::string(InternalFileTypes::BrivolantPhotosDocument.Name), extension}}, filter);
+  return BrivolantDocument::PackageFor(chosen);
+}
+
+void EditorController::SaveMethod(std::function<void(bool)> then) {
+  if (!Editing() || session_.Busy()) return then(false);
+  FolderItem place;
+  session_.Settling();
+  if (session_.NeedsPlace()) {
+    place = AskWhereToSave();
+    if (place.IsNil()) return then(false);
+  }
+  session_.Save(place, std::move(then));
+}
+
+bool EditorController::AskToSave(const std::function<void()>& then) {
+  if (session_.Busy()) return true;
+  session_.Settling();
+  if (!session_.Dirty()) return false;
+  if (panes_.Pane() != kEditorPane) panes_.SwapDisplay(kEditorPane);
+  desk_.BringToFront();
+  std::string save = Menus::kFileSave.Text();
+  std::erase(save, '&');
+  Answer answer = Answer::kCancel;
+  {
+    const EditSession::Hold hold(session_);
+    answer = desk_.Services.Dialogs.Ask(
+        {WithPlaceholders(kAskToSaveMessage.Text(), {{"<filename>", session_.Document()->Name}}),
+         kAskToSaveExplaination.Text(), save, Captions::kCancel.Text(),
+         Captions::kDontSave.Text()});
+  }
+  if (answer == Answer::kCancel) return true;
+  if (answer == Answer::kAction) {
+    // A save that does not happen keeps the photo open: going on would lose the changes.
+    SaveMethod([then](bool saved) {
+      if (saved && then) then();
+    });
+    return true;
+  }
+  session_.GiveUpChanges();
+  return false;
+}
+
+void EditorController::SaveACopyAs() {
+  if (!Editing() || session_.Busy()) return;
+  auto& preferences = desk_.Preferences;
+  int filter = std::clamp(preferences.Value(kCopyFormat, 0).ToInt(), 0,
+                          static_cast<int>(kCopyTypes.size()) - 1);
+  std::vector<FileFilter> filters;
+  filters.reserve(kCopyTypes.size());
+  for (const FileType* type : kCopyTypes) {
+    filters.push_back({std::string(type->Name), std::string(type->Extensions)});
+  }
+  const std::string folderPath = preferences.Value(kCopyFolder, "").ToText();
+  FolderItem folder = folderPath.empty() ? FolderItem() : FolderItem(folderPath);
+  if (!folder.Directory()) folder = otherSharedComponents::DefaultPipDocumentsFolder();
+  const auto typeAt = [](int index) { return kCopyTypes.at(static_cast<std::size_t>(index)); };
+  FolderItem chosen;
+  {
+    const EditSession::Hold hold(session_);
+    chosen = desk_.FileDialogs.Save(
+        kSaveCopyTitle.Text(),
+        folder.Child(SafeFileName(session_.Document()->Name,
+                                  Ending(ImageIO::FirstExtension(*typeAt(filter))))),
+        filters, filter);
+  }
+  if (chosen.IsNil()) return;
+  // A name that says its format wins over the format of the list.
+  for (std::size_t i = 0; i < kCopyTypes.size(); ++i) {
+    if (ImageIO::Match(*kCopyTypes.at(i), chosen)) filter = static_cast<int>(i);
+  }
+  const FileType& type = *typeAt(filter);
+  if (!ImageIO::Match(type, chosen)) {
+    const std::string name = NumberedName(chosen.Name(), 0, Ending(ImageIO::FirstExtension(type)));
+    chosen = chosen.Parent().Child(name);
+  }
+  if (const std::string why = session_.Document()->WhyNotWriteTo(chosen); !why.empty()) {
+    const EditSession::Hold hold(session_);
+    desk_.Services.Dialogs.Message(
+        WithPlaceholders(EditSession::kNotSaved.Text(), {{"<filename>", chosen.DisplayName()}}),
+        why);
+    return;
+  }
+  preferences.Assign(kCopyFormat, filter);
+  preferences.Assign(kCopyFolder, chosen.Parent().ShellPath());
+  preferences.Synchronize();
+  session_.SaveCopy(chosen, std::string(type.Identifier),
+                    preferences.Value(kCopyQuality, kDefaultQuality).ToDouble() / 100);
+}
+
+}  // namespace brivolant

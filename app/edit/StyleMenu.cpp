@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+// What can be done with a style itself: the menu on its tile, and keeping the stack as one.
+#include <QPoint>
+
+#include "app/commands/Panes.h"
+#include "app/edit/OneClickEditor.h"
+#include "app/edit/StylesController.h"
+#include "effects/styles/OneClickWonderStorage.h"
+#include "files/FolderitemExtensions.h"
+#include "kit/templateSelector.h"
+#include "platform/values/SharedComponents.h"
+
+namespace brivolant {
+
+void StylesController::StyleMenu(int index, const QPoint& at) {
+  const EditSession::Hold hold(session_);
+  const auto style = desk_.Styles.item(index);
+  if (style == nullptr) return;
+  const auto named = [&](const LocalizedText& text) {
+    return WithPlaceholders(text.Text(), {{"<filename>", style->Name()}});
+  };
+  if (style->Locked()) {
+    const Question question{named(kLocked1ClickMessage),
+                            named(kLocked1ClickExplaination),
+                            kShowInFinder.Text(),
+                            kCancel.Text(),
+                            {}};
+    if (desk_.Services.Dialogs.Ask(question) == Answer::kAction) {
+      (void)FolderitemExtensions::Reveal(style->File, desk_.Desktop);
+    }
+    return;
+  }
+  MenuItem menu;
+  menu.Children.push_back(
+      otherSharedComponents::createMenuItem(kEditStyle.Text(), "EDIT", {}, false, true));
+  menu.Children.push_back(otherSharedComponents::createMenuItem("-", {}, {}, false, true));
+  menu.Children.push_back(
+      otherSharedComponents::createMenuItem(kShareStyle.Text(), "SHARE", {}, false, true));
+  menu.Children.push_back(otherSharedComponents::createMenuItem("-", {}, {}, false, true));
+  menu.Children.push_back(
+      otherSharedComponents::createMenuItem(kRemove.Text(), "REMOVE", {}, false, true));
+  const auto chosen = PresentMenu(menu, at.x(), at.y());
+  if (!chosen) return;
+  const std::string& tag = menu.Children.at(static_cast<std::size_t>(*chosen)).Tag;
+  if (tag == "EDIT") {
+    if (oneClickEditor(desk_, &panes_.Window()).edit1Click(*style, {})) updateStylesList();
+  } else if (tag == "SHARE") {
+    if (!desk_.SendViaEmail(style->File, keMail1ClickMessage.Text())) {
+      desk_.Services.Dialogs.Message(kNoMailProgram.Text(), {});
+    }
+  } else if (tag == "REMOVE") {
+    RemoveStyle(index);
+  }
+}
+
+void StylesController::RemoveStyle(int index) {
+  const auto style = desk_.Styles.item(index);
+  const Question question{
+      WithPlaceholders(kDelete1ClickMessage.Text(), {{"<filename>", style->Name()}}),
+      kDelete1ClickExplaination.Text(),
+      kRemove.Text(),
+      kCancel.Text(),
+      {}};
+  if (desk_.Services.Dialogs.Ask(question) != Answer::kAction) return;
+  if (!FolderitemExtensions::MoveToTrash(style->File)) {
+    desk_.Services.Dialogs.Message(WithPlaceholders(EditSession::kCannotReplace.Text(),
+                                                    {{"<filename>", style->File.DisplayName()}}),
+                                   {});
+    return;
+  }
+  bar_.Remove(index);
+  desk_.Styles.Remove(*style);
+  session_.SelectStyle(bar_.SelectedItem < 0 ? -1 : SelectionOf(bar_.SelectedItem));
+}
+
+void StylesController::SaveStyleAs() {
+  if (session_.Document() == nullptr) return;
+  const EditSession::Hold hold(session_);
+  LoadStyles();
+  auto style = std::make_shared<OneClickWonder>(desk_.Services);
+  style->Creator = desk_.Services.UserDetails.FullName();
+  style->ContactLink = desk_.Services.UserDetails.ContactLink();
+  style->StyleData = session_.Processor().StyleData();
+  style->Category = OneClickWonderStorage::kUsersCategory;
+  if (!oneClickEditor(desk_, &panes_.Window())
+           .edit1Click(*style, oneClickEditor::kTitleCreateOneClickWonder.Text())) {
+    return;
+  }
+  (void)desk_.Styles.Add(style);
+  ShowStyle(*style);
+  for (int i = 0; i < bar_.Count(); ++i) {
+    if (bar_.Item(i).Tag == style->ID) session_.SelectStyle(SelectionOf(i));
+  }
+  bar_.ScrollTo(bar_.SelectedItem);
+  bar_.update();
+}
+
+}  // namespace brivolant

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: MIT
+#include "app/session/EditSession.h"
+
+#include "app/core/Recovery.h"
+#include "effects/finishes/EffectModuleOverlay.h"
+#include "engine/EditorInterfaces.h"
+#include "engine/pictures/PictureEffects.h"
+#include "formats/BrivolantDocument.h"
+#include "formats/ImageFile.h"
+
+namespace brivolant {
+
+EditSession::EditSession(ModuleRegistry registry, const Desk& desk, brivolant::Recovery& recovery,
+                         RecentItems& recent)
+    : desk_(desk),
+      recovery_(recovery),
+      recent_(recent),
+      worker_(desk.Services),
+      processor_(registry, desk.Services) {
+  processor_.ModuleCreated = [this](effectModule& module) { ModuleCreated(module); };
+  processor_.UpdateStarted = [this] { RenderStarted(); };
+  processor_.UpdateFinished = [this] { Rendered(); };
+  WireHistory();
+}
+
+EditSession::~EditSession() {
+  // The panel and the display may be gone before the modules are.
+  processor_.myEffectEditor = nullptr;
+  processor_.myDisplay = nullptr;
+  processor_.SelectedEffectChanged = nullptr;
+}
+
+void EditSession::Start() {
+  processor_.Startup();
+  processor_.UpdatePreview(false);
+}
+
+bool EditSession::Dirty() const {
+  return document_ && document_->Dirty;
+}
+
+void EditSession::Refresh() {
+  if (processor_.myEffectEditor != nullptr) processor_.myEffectEditor->Update();
+  processor_.UpdatePreview(document_ != nullptr);
+  Changed();
+}
+
+void EditSession::SetDirty(bool dirty) {
+  StorePending();
+  if (document_) document_->Dirty = dirty;
+  // An adjusted photo no longer has that style.
+  if (dirty) styleSelection_ = -1;
+  rewindable_ = true;
+  Changed();
+}
+
+void EditSession::SelectStyle(int selection) {
+  styleSelection_ = selection;
+  Changed();
+}
+
+void EditSession::Turn(int BrivolantDocument::*field, int value) {
+  if (!document_) return;
+  int& present = (*document_).*field;
+  if (field == &BrivolantDocument::Rotation) {
+    Record({{"DocumentRotation", present}}, kUndoRotate.Text());
+  } else if (field == &BrivolantDocument::Flip) {
+    Record({{"DocumentFlip", present}}, kUndoFlip.Text());
+  } else {
+    Record({{"DocumentOrientation", present}}, kUndoOrientation.Text());
+  }
+  present = present == value ? 0 : value;
+  SetDirty(true);
+  processor_.UpdatePreview(true);
+  Changed();
+}
+
+void EditSession::RecordBlending() {
+  Record({{"BlendingStatus", Pair{static_cast<double>(processor_.BlendMode()),
+                                  static_cast<double>(processor_.BlendAlpha)}}},
+         kUndoBlending.Text());
+}
+
+void EditSession::Blend(int mode, float alpha) {
+  if (!document_) return;
+  processor_.BlendMode(mode);
+  processor_.BlendAlpha = alpha;
+  processor_.UpdatePreview(false);
+  SetDirty(true);
+}
+
+void EditSession::Replace(const std::string& style) {
+  processor_.StyleData(style);
+  processor_.ChangeStack(0);
+  Refresh();
+  SetDirty(true);
+}
+
+void EditSession::ApplyStyle(const std::string& data, const std::string& name) {
+  if (!document_) return;
+  Record({{"OneClickSelection", styleSelection_}, {"ProcessorStack", processor_.StyleData()}},
+         name);
+  processor_.Reset();
+  Replace(data);
+}
+
+void EditSession::PasteStyle(const std::string& data) {
+  if (!document_) return;
+  Record({{"ProcessorStack", processor_.StyleData()}}, kUndoPasteStyle.Text());
+  processor_.Reset();
+  Replace(data);
+}
+
+void EditSession::ClearStyle() {
+  if (!document_) return;
+  Record({{"ProcessorStack", processor_.StyleData()}, {"OneClickSelection", styleSelection_}},
+         kUndoClearStyle.Text());
+  processor_.Reset();
+  Refresh();
+  SetDirty(true);
+}
+
+void EditSession::ApplyLastStyle() {
+  if (!document_ || lastStyle_.empty()) return;
+  Record({{"ProcessorStack", processor_.StyleData()}}, kUndoLastStyle.Text());
+  Replace(lastStyle_);
+}
+
+void EditSession::PastePicture(const Picture& picture) {
+  constexpr const char* kOverlay = "7FFFFFFF-B371-0D5F-E410-E0CB34849A08";
+  constexpr double kQuality = 0.8;
+  auto* overlay = dynamic_cast<EffectModuleOverlay*>(processor_.ItemVIaID(kOverlay));
+  if (!document_ || picture.IsNil() || overlay == nullptr) return;
+  const FolderItem file = desk_.Services.TemporaryFiles.Child("FromClipboard.jpg");
+  std::string error;
+  if (!ImageIO::SaveAsJPEG(file, EnsurePictureCompatible(picture), kQuality, error)) {
+    Failed(error, {});
+    return;
+  }
+  const std::string before = processor_.StyleData();
+  if (!overlay->SetAsMyPicture(file)) return;
+  Record({{"ProcessorStack", before}}, kUndoPaste.Text());
+  overlay->Enabled(true);
+  // At the head of the stack, above everything else.
+  processor_.ChangeItemOrder(processor_.ItemPositionViaID(kOverlay), 0);
+  processor_.SelectEffect(0);
+  if (processor_.myEffectEditor != nullptr) processor_.myEffectEditor->selectedEffect(0);
+  Refresh();
+  SetDirty(true);
+}
+
+void EditSession::PerformRewind() {
+  if (!document_) return;
+  BrivolantDocument& document = *document_;
+  Record({{"ProcessorStack", processor_.StyleData()},
+          {"DocumentRotation", document.Rotation},
+          {"DocumentFlip", document.Flip},
+          {"DocumentCropEnabled", document.Crop},
+          {"DocumentOrientation", document.Orientation}},
+         kUndoRewind.Text());
+  document.Crop = false;
+  document.Rotation = 0;
+  document.Flip = 0;
+  document.Orientation = 0;
+  processor_.Reset();
+  Refresh();
+  SetDirty(true);
+  rewindable_ = false;
+  Changed();
+}
+
+}  // namespace brivolant

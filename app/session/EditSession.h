@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/core/Desk.h"
+#include "app/core/Jobs.h"
+#include "app/core/UndoHandler.h"
+#include "app/core/WorkerServices.h"
+#include "engine/brivolantProcessorLite.h"
+#include "platform/values/Event.h"
+#include "platform/values/Text.h"
+
+namespace brivolant {
+
+class BrivolantDocument;
+class Recovery;
+class RecentItems;
+struct RecoveredEdits;
+
+/// What happens between opening a photo and leaving it: one document in the processor, one history,
+/// and whether there is something to save. It asks and shows nothing; what it has to say comes as
+/// events. Long work is a job, and what is asked for meanwhile waits for its turn.
+class EditSession {
+ public:
+  using Pairs = std::vector<std::pair<std::string, Variant>>;
+
+  // What an entry of the history is called.
+  static constexpr LocalizedText kUndoRotate{"MainWindow.kUndoRotate", "Rotate"};
+  static constexpr LocalizedText kUndoFlip{"MainWindow.kUndoFlip", "Flip"};
+  static constexpr LocalizedText kUndoOrientation{"MainWindow.kUndoOrientation",
+                                                  "Change Orientation"};
+  static constexpr LocalizedText kUndoRewind{"MainWindow.kUndoRewind", "Rewind"};
+  static constexpr LocalizedText kUndoBlending{"MainWindow.kUndoBlending", "Blending"};
+  static constexpr LocalizedText kUndoClearStyle{"MainWindow.kUndoClearStyle", "Clear Style"};
+  static constexpr LocalizedText kUndoPasteStyle{"MainWindow.kUndoPasteStyle", "Paste Style"};
+  static constexpr LocalizedText kUndoLastStyle{"MainWindow.kUndoLastStyle", "Last Style"};
+  static constexpr LocalizedText kUndoPaste{"MainWindow.kUndoPaste", "Paste"};
+  static constexpr LocalizedText kPicturesNotBack{
+      "MainWindow.kPicturesNotBack",
+      "The pictures that lay over the photo could not be brought back. They are kept for the next "
+      "start."};
+  static constexpr LocalizedText kOpeningImage{"MainWindow.kOpeningImage",
+                                               "Opening Image <filename>..."};
+  static constexpr LocalizedText kProgressGeneric{"MainWindow.kProgressGeneric",
+                                                  "Processing Image..."};
+  static constexpr LocalizedText kNotSaved{"MainWindow.kNotSaved",
+                                           "The picture \"<filename>\" was not saved."};
+  static constexpr LocalizedText kNotShown{
+      "EditSession.kNotShown",
+      "There is not enough memory to show the photo \"<filename>\" on the whole screen."};
+  static constexpr LocalizedText kCannotReplace{
+      "MainWindow.kCannotReplace",
+      "The file \"<filename>\" cannot be replaced: it could not be moved to the trash."};
+
+  /// Everything handed in must outlive the session.
+  EditSession(ModuleRegistry registry, const Desk& desk, brivolant::Recovery& recovery,
+              RecentItems& recent);
+  ~EditSession();
+  EditSession(const EditSession&) = delete;
+  EditSession& operator=(const EditSession&) = delete;
+  /// Fills the stacks; once, when whoever wants to hear of the modules listens.
+  void Start();
+
+  brivolantProcessorLite& Processor() { return processor_; }
+  UndoHandler& UndoGizmo() { return undo_; }
+  /// Null before the first photo.
+  BrivolantDocument* Document() { return document_.get(); }
+  bool Dirty() const;
+
+  // Files; SessionFiles.cpp.
+
+  /// Opens an image file or a document. An empty name stands for the file's own. Opened or Failed
+  /// comes; the photo before goes on until the new one is read.
+  void Open(const FolderItem& item, std::string name);
+  /// Opens a picture that has no file.
+  void Open(const Picture& picture, const std::string& name);
+  /// Opens what an unclean end left, not yet saved.
+  void Open(const RecoveredEdits& edits);
+  /// True while the photo has no place of its own.
+  bool NeedsPlace() const;
+  /// Saves where the photo lies, or at a place. What stands there goes to the trash. `then` hears
+  /// whether it was saved.
+  void Save(const FolderItem& place, std::function<void(bool saved)> then);
+  /// Writes the finished picture; `type` is the identifier of a writable kind, `quality` 0 to 1.
+  void SaveCopy(const FolderItem& file, const std::string& type, double quality);
+  /// Renders the photo to be seen in a box of pixels.
+  void RenderFor(int width, int height, std::function<void(const Picture&)> then);
+  /// The changes are given up: nobody will want them back after a crash.
+  void GiveUpChanges();
+  /// Writes what is not saved to where a crash leaves it.
+  void KeepEdits();
+
+  // Changes. Each records what it changes.
+
+  /// Sets a field of the document, Rotation, Flip or Orientation, or 0 if it is there already.
+  void Turn(int BrivolantDocument::*field, int value);
+  void Blend(int mode, float alpha);
+  void RecordBlending();
+  /// Replaces the stacks, as one entry of that name.
+  void ApplyStyle(const std::string& data, const std::string& name);
+  void PasteStyle(const std::string& data);
+  void ClearStyle();
+  void ApplyLastStyle();
+  /// Lays a picture over the photo.
+  void PastePicture(const Picture& picture);
+  void PerformRewind();
+  bool Rewindable() const { return rewindable_; }
+  void SetDirty(bool dirty);
+  /// Brings everything in line with the processor: panel, preview, and who listens to Changed.
+  void Refresh();
+
+  // History; SessionHistory.cpp.
+
+  /// Tells, before a change, what it will change; each value under the key that says what it
+  /// restores. What turns out to have changed nothing leaves no entry.
+  void Record(const Pairs& pairs, const std::string& name);
+  /// Of a module of the current stack.
+  std::string ModuleKey(const char* kind, const effectModule& module) const;
+  void Undo();
+  void Redo();
+  /// Counts the entries and what was taken back: as long as it stands still, the newest entry is
+  /// the one that it was.
+  int HistorySteps() const { return historySteps_; }
+
+  /// The style whose tile is lit: a number that the bar of styles gives out, or -1.
+  int StyleSelection() const { return styleSelection_; }
+  void SelectStyle(int selection);
+  /// Of the photo that was open before this one; may be empty.
+  const std::string& LastStyle() const { return lastStyle_; }
+
+  /// While one lives nothing replaces the document or its modules: for whoever runs an event loop
+  /// of a question, a menu or a dialog.
+  class Hold {
+   public:
+    explicit Hold(EditSession& session) : pause_(session.jobs_) {}
+
+   private:
+    Jobs::Pause pause_;
+  };
+  Jobs& Work() { return jobs_; }
+  bool Busy() const { return jobs_.Busy(); }
+  /// Something is half done, such as a crop that is being drawn: it is not what one would want back
+  /// after a crash.
+  bool HalfDone = false;
+
+  /// Comes before open, save and close: what is half done ends.
+  Event<> Settling;
+  /// Another photo is open and its first preview made.
+  Event<> Opened;
+  Event<> Saved;
+  /// The state of the session, but for what the history holds.
+  Event<> Changed;
+  Event<> HistoryChanged;
+  Event<> RenderStarted;
+  Event<> Rendered;
+  Event<effectModule&> ModuleCreated;
+  /// Asks the user what work could not decide; without it the answer is kCancel.
+  std::function<Answer(const Question&)> Ask;
+  /// What the user must know, and why.
+  Event<const std::string&, const std::string&> Failed;
+
+ private:
+  struct Opening;
+  struct Saving;
+  void Begin(std::unique_ptr<BrivolantDocument> document, bool rewindable);
+  void Read(const std::shared_ptr<Opening>& opening, const std::string& text,
+            std::function<bool(Opening&)> read);
+  void TakeSaved(Saving& saving, const std::string& why);
+  /// Tells what the worker left to tell.
+  void TellWorkers();
+  void Replace(const std::string& style);
+  std::string State() const;
+
+  void WireHistory();
+  void StorePending();
+  std::optional<Variant> Present(const std::string& key) const;
+  effectModule* ModuleOf(const std::string& key, std::string& kind, int& stack) const;
+  bool Restore(const std::string& key, const Variant& value);
+  bool RestoreModule(const std::string& key, const Variant& value);
+  void CompleteUndo(bool redo);
+
+  Desk desk_;
+  brivolant::Recovery& recovery_;
+  RecentItems& recent_;
+  WorkerServices worker_;
+  std::unique_ptr<BrivolantDocument> document_;
+  brivolantProcessorLite processor_;
+  UndoHandler undo_;
+  struct Pending {
+    Pairs pairs;
+    std::string name;
+  };
+  Pending pending_;
+  int historySteps_ = 0;
+  /// Counts the documents, so that what is done late finds its own.
+  int documents_ = 0;
+  int styleSelection_ = -1;
+  int undoneSelection_ = -1;
+  std::string lastStyle_;
+  /// What the file holds; nothing for what stands in no file yet.
+  std::optional<std::string> savedState_;
+  bool rewindable_ = false;
+  // Its end is the first thing that the end of the session waits for.
+  Jobs jobs_;
+};
+
+}  // namespace brivolant

@@ -1,0 +1,464 @@
+// SPDX-License-Identifier: MIT
+// The editing session without a window: open, edit, undo, save, copy, cancel, recover.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <array>
+#include <stdexcept>
+
+#include "Helpers.h"
+#include "app/core/RecentItems.h"
+#include "app/core/Recovery.h"
+#include "app/session/EditSession.h"
+#include "effects/EffectRegistry.h"
+#include "effects/styles/OneClickWonderStorage.h"
+#include "engine/EditorInterfaces.h"
+#include "engine/pictures/SharedPictureEffects.h"
+#include "formats/BrivolantDocument.h"
+#include "formats/ImageFile.h"
+#include "platform/codecs/ImageCodecs.h"
+#include "platform/files/AtomicFile.h"
+
+namespace brivolant::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+struct NoFileDialogs final : FileDialogs {
+  std::vector<FolderItem> Open(const std::string&, const FolderItem&,
+                               const std::vector<FileFilter>&) override {
+    return {};
+  }
+  FolderItem Save(const std::string&, const FolderItem&, const std::vector<FileFilter>&,
+                  int&) override {
+    return {};
+  }
+};
+struct NoClipboard final : Clipboard {
+  bool Has(std::string_view) const override { return false; }
+  std::string Data(std::string_view) const override { return {}; }
+  void Set(std::string_view, std::string_view, std::string_view) override {}
+};
+struct NoColorPanel final : ColorPanel {
+  void Show() override {}
+  void Close() override {}
+  bool Visible() const override { return false; }
+  void SetColor(const RGBAColor&) override {}
+  RGBAColor SelectedRGBAColor() const override { return {}; }
+  bool showsAlpha() const override { return false; }
+  void showsAlpha(bool) override {}
+};
+struct NoDesktop final : Desktop {
+  bool Reveal(const FolderItem&) override { return false; }
+  std::string Eject(const FolderItem&) override { return {}; }
+  bool SetPicture(const FolderItem&) override { return false; }
+};
+
+/// Temporary files that can be made to fail as nothing foresees.
+struct FragileTemporaryFiles final : TemporaryFiles {
+  explicit FragileTemporaryFiles(TemporaryFiles& whole) : whole(whole) {}
+  FolderItem Child(std::string_view name) override {
+    if (broken) throw std::runtime_error("out of luck");
+    return whole.Child(name);
+  }
+  TemporaryFiles& whole;
+  bool broken = false;
+};
+
+struct FixedDisplay final : PreviewDisplay {
+  int Width() const override { return 220; }
+  int Height() const override { return 170; }
+  void Update(bool) override { ++updates; }
+  int updates = 0;
+};
+
+struct RecordingPanel final : EffectPanel {
+  void AboutToChange(effectModule& module) override { told.push_back(module.Name()); }
+  void selectedEffect(int index) override { selected = index; }
+  void Update() override {}
+  void Invalidate() override {}
+  std::vector<std::string> told;
+  int selected = -1;
+};
+
+/// A session and all that it stands on, in a folder of its own.
+struct Editing {
+  Editing() {
+    session.Processor().myDisplay = &display;
+    session.Processor().myEffectEditor = &panel;
+    session.Start();
+  }
+  FolderItem Photo(const std::string& name, int width = 320, int height = 240) const {
+    const FolderItem file = folder.Child(name);
+    const std::array<EncodeImage, 1> image{{{TestPicture(width, height), 0.95}}};
+    EXPECT_EQ(EncodeImageFile(file, name.ends_with(".png") ? "public.png" : "public.jpeg", image),
+              "");
+    return file;
+  }
+  void Open(const FolderItem& file) {
+    session.Open(file, {});
+    session.Work().Finish();
+  }
+  bool Save(const FolderItem& place = {}) {
+    bool saved = false;
+    session.Save(place, [&](bool done) { saved = done; });
+    session.Work().Finish();
+    return saved;
+  }
+  BrivolantDocument& Document() { return *session.Document(); }
+  effectModule& Module(const std::string& name) {
+    for (int i = 0; i <= session.Processor().Count(); ++i) {
+      if (session.Processor().item(i)->Name() == name) return *session.Processor().item(i);
+    }
+    throw std::out_of_range(name);
+  }
+  /// As the panel sets a control of a module: recorded first, then told.
+  void Change(effectModule& module, int control, int value) {
+    session.Record({{session.ModuleKey("EffectChanged:", module), module.Settings()}},
+                   module.Name());
+    module.Enabled(true);
+    module.ControlValue(control, value);
+    session.Processor().UpdatePreview(false);
+    session.SetDirty(true);
+  }
+  std::string UndoName() { return session.UndoGizmo().UndoName(); }
+
+  TestServices services;
+  TemporaryFolder folder;
+  FragileTemporaryFiles temporary{services.temporary};
+  Preferences preferences{"test", folder.Item(), services.log};
+  NoFileDialogs fileDialogs;
+  NoClipboard clipboard;
+  NoColorPanel colors;
+  NoDesktop desktop;
+  OneClickWonderStorage styles{services.services};
+  Desk desk{
+      {services.log, services.dialogs, services.user, temporary, services.clock, services.random},
+      preferences,
+      fileDialogs,
+      clipboard,
+      colors,
+      desktop,
+      styles,
+      {},
+      {},
+      {},
+      {},
+      {},
+      {}};
+  Recovery recovery{folder.Child("data"), services.log};
+  RecentItems recent{preferences};
+  FixedDisplay display;
+  RecordingPanel panel;
+  EditSession session{EffectRegistry(), desk, recovery, recent};
+  std::vector<std::string> failures;
+  std::vector<std::string> events;
+  std::vector<Listening> listening{
+      session.Failed.Listen([this](const std::string& message, const std::string& why) {
+        failures.push_back(message + "\n" + why);
+      }),
+      session.Settling.Listen([this] { events.emplace_back("settling"); }),
+      session.Opened.Listen([this] { events.emplace_back("opened " + Document().Name); }),
+      session.Saved.Listen([this] { events.emplace_back("saved"); }),
+  };
+};
+
+Picture Read(const FolderItem& file) {
+  std::string error;
+  Picture picture = ImageIO::OpenAsPictureUsingImageIO(file, error);
+  EXPECT_EQ(error, "");
+  return picture;
+}
+
+TEST(Session, OpensEditsSavesAndReopens) {
+  Editing editing;
+  EditSession& session = editing.session;
+  const FolderItem photo = editing.Photo("photo.jpg");
+  editing.Open(photo);
+  EXPECT_THAT(editing.events, ElementsAre("settling", "opened photo"));
+  EXPECT_FALSE(session.Dirty());
+  EXPECT_FALSE(session.Rewindable());
+  EXPECT_TRUE(session.NeedsPlace());
+  session.Turn(&BrivolantDocument::Rotation, 1);
+  editing.Change(editing.Module("Exposure"), 0, 80);
+  const Picture edited = editing.Document().PreviewAfter;
+  EXPECT_GT(edited.Height(), edited.Width());
+
+  editing.events.clear();
+  const FolderItem place = editing.folder.Child("better.brvPhoto");
+  EXPECT_TRUE(editing.Save(place));
+  EXPECT_THAT(editing.events, ElementsAre("settling", "saved"));
+  EXPECT_FALSE(session.Dirty());
+  EXPECT_FALSE(session.NeedsPlace());
+  EXPECT_EQ(editing.Document().Name, "better");
+  EXPECT_EQ(ReadFile(place.Child(editing.Document().OriginalImageID)), ReadFile(photo));
+  EXPECT_EQ(editing.recent.RecentItem().front(), place.ShellPath());
+  // In place from now on.
+  session.Turn(&BrivolantDocument::Flip, 1);
+  EXPECT_TRUE(editing.Save());
+
+  editing.Open(editing.Photo("other.png"));
+  EXPECT_EQ(editing.Document().Rotation, 0);
+  editing.Open(place);
+  EXPECT_TRUE(session.Rewindable());
+  EXPECT_EQ(editing.Document().Flip, 1);
+  session.Turn(&BrivolantDocument::Flip, 1);
+  EXPECT_EQ(LargestDifference(editing.Document().PreviewAfter, edited), 0);
+  EXPECT_THAT(editing.failures, IsEmpty());
+}
+
+TEST(Session, WhatCannotBeReadOrThrowsLeavesThePhotoAndEverythingUsable) {
+  Editing editing;
+  editing.Open(editing.Photo("photo.jpg"));
+  editing.session.Turn(&BrivolantDocument::Rotation, 2);
+  editing.temporary.broken = true;
+  const FolderItem thrown = editing.Photo("thrown.jpg");
+  for (const FolderItem& file : {editing.folder.Write("broken.jpg", "no picture"), thrown,
+                                 editing.folder.Child("missing.jpg")}) {
+    editing.failures.clear();
+    editing.Open(file);
+    ASSERT_EQ(editing.failures.size(), 1U);
+    EXPECT_THAT(editing.failures[0], HasSubstr(file.Name()));
+    EXPECT_FALSE(editing.session.Busy());
+    EXPECT_EQ(editing.Document().Name, "photo");
+    EXPECT_TRUE(editing.session.Dirty());
+  }
+  editing.temporary.broken = false;
+  editing.Open(thrown);
+  EXPECT_EQ(editing.Document().Name, "thrown");
+}
+
+TEST(Session, AFailedSaveChangesNothingAndTheNextOneAsksAgain) {
+  Editing editing;
+  editing.Open(editing.Photo("photo.jpg"));
+  editing.session.Turn(&BrivolantDocument::Rotation, 2);
+  const FolderItem before = editing.Document().File;
+  EXPECT_FALSE(editing.Save(editing.folder.Child("no folder").Child("a.brvPhoto")));
+  EXPECT_EQ(editing.failures.size(), 1U);
+  EXPECT_TRUE(editing.session.Dirty());
+  EXPECT_TRUE(editing.session.NeedsPlace());
+  EXPECT_EQ(editing.Document().File, before);
+  EXPECT_EQ(editing.Document().Name, "photo");
+  EXPECT_TRUE(editing.Save(editing.folder.Child("a.brvPhoto")));
+  EXPECT_FALSE(editing.session.NeedsPlace());
+}
+
+TEST(Session, UndoneBackToWhatIsSavedThereIsNothingToSave) {
+  Editing editing;
+  EditSession& session = editing.session;
+  editing.Open(editing.Photo("photo.jpg"));
+  session.Turn(&BrivolantDocument::Rotation, 1);
+  editing.Change(editing.Module("Exposure"), 0, 80);
+  session.Blend(3, 0.5F);
+  session.ClearStyle();
+  EXPECT_TRUE(session.Dirty());
+  while (session.UndoGizmo().UndoAvailable()) session.Undo();
+  // The blending was not recorded.
+  EXPECT_TRUE(session.Dirty());
+  session.Processor().BlendMode(0);
+  session.Processor().BlendAlpha = 1;
+  session.Redo();
+  session.Undo();
+  EXPECT_FALSE(session.Dirty());
+  session.Redo();
+  EXPECT_TRUE(session.Dirty());
+  // What is saved is what counts, not where the history began.
+  EXPECT_TRUE(editing.Save(editing.folder.Child("a.brvPhoto")));
+  session.Undo();
+  EXPECT_TRUE(session.Dirty());
+  session.Redo();
+  EXPECT_FALSE(session.Dirty());
+  // A picture without a file is never saved by undoing.
+  session.Open(TestPicture(80, 60), "pasted");
+  session.Turn(&BrivolantDocument::Rotation, 1);
+  session.Undo();
+  EXPECT_TRUE(session.Dirty());
+}
+
+TEST(Session, WhatChangedNothingLeavesNoEntryAndKeepsWhatWasUndone) {
+  Editing editing;
+  EditSession& session = editing.session;
+  editing.Open(editing.Photo("photo.jpg"));
+  effectModule& exposure = editing.Module("Exposure");
+  editing.Change(exposure, 0, 80);
+  editing.Change(exposure, 0, 30);
+  session.Undo();
+  ASSERT_TRUE(session.UndoGizmo().RedoAvailable());
+  // A menu that is dismissed, and a module that tells of the same change as its panel.
+  const EditSession::Pairs same{
+      {session.ModuleKey("EffectChanged:", exposure), exposure.Settings()}};
+  session.Record(same, "Exposure");
+  session.Record(same, "Exposure");
+  session.SetDirty(true);
+  EXPECT_TRUE(session.UndoGizmo().RedoAvailable());
+  session.Record(same, "Once");
+  session.Record(same, "Twice");
+  exposure.ControlValue(0, 10);
+  session.SetDirty(true);
+  EXPECT_FALSE(session.UndoGizmo().RedoAvailable());
+  EXPECT_EQ(editing.UndoName(), "Twice");
+  session.Undo();
+  EXPECT_EQ(editing.UndoName(), "Exposure");
+  // An unknown key is told of, and what came before it in its entry is undone.
+  session.UndoGizmo().Add("DocumentRotation", 3);
+  session.UndoGizmo().Add("Nonsense", 3);
+  session.UndoGizmo().Store(false);
+  session.Undo();
+  EXPECT_EQ(editing.Document().Rotation, 3);
+  EXPECT_THAT(editing.services.log.lines, testing::Contains("Nonsense wasn't handled"));
+}
+
+TEST(Session, KeysOfModulesFindTheirLayer) {
+  Editing editing;
+  EditSession& session = editing.session;
+  brivolantProcessorLite& processor = session.Processor();
+  editing.Open(editing.Photo("photo.jpg"));
+  processor.ChangeStack(kBackground);
+  editing.Change(editing.Module("Exposure"), 0, 80);
+  effectModule& moved = editing.Module("Sharpen");
+  const int from = processor.ItemPositionViaID(moved.ID());
+  session.Record({{session.ModuleKey("EffectMoved:", moved), Pair{1.0 * from, 2.0}}}, "Sharpen");
+  processor.ChangeItemOrder(from, 2);
+  session.SetDirty(true);
+  processor.ChangeStack(kForeground);
+  session.Undo();
+  EXPECT_EQ(processor.CurrentStack, kBackground);
+  EXPECT_EQ(processor.ItemPositionViaID(moved.ID()), from);
+  session.Undo();
+  EXPECT_FALSE(editing.Module("Exposure").Enabled());
+  session.Redo();
+  session.Redo();
+  EXPECT_EQ(processor.ItemPositionViaID(moved.ID()), 2);
+  EXPECT_TRUE(editing.Module("Exposure").Enabled());
+}
+
+TEST(Session, AStyleReplacesTheStacksAndLightsUntilTheNextChange) {
+  Editing editing;
+  EditSession& session = editing.session;
+  editing.Open(editing.Photo("photo.jpg"));
+  editing.Change(editing.Module("Exposure"), 0, 80);
+  const std::string style = session.Processor().StyleData();
+  editing.Open(editing.Photo("second.jpg"));
+  EXPECT_EQ(session.LastStyle(), style);
+  session.ApplyStyle(style, "Bright");
+  session.SelectStyle(7);
+  EXPECT_TRUE(editing.Module("Exposure").Enabled());
+  session.Undo();
+  EXPECT_EQ(session.StyleSelection(), -1);
+  session.Redo();
+  EXPECT_EQ(session.StyleSelection(), 7);
+  session.Turn(&BrivolantDocument::Flip, 1);
+  EXPECT_EQ(session.StyleSelection(), -1);
+  session.PerformRewind();
+  EXPECT_FALSE(session.Rewindable());
+  EXPECT_FALSE(editing.Module("Exposure").Enabled());
+  session.Undo();
+  EXPECT_EQ(editing.Document().Flip, 1);
+  EXPECT_TRUE(editing.Module("Exposure").Enabled());
+}
+
+TEST(Session, TheModuleOfANewStyleTellsOfItsChanges) {
+  Editing editing;
+  editing.Open(editing.Photo("photo.jpg"));
+  brivolantProcessorLite& processor = editing.session.Processor();
+  processor.SelectEffect(processor.ItemPositionViaID(editing.Module("Text").ID()));
+  editing.session.ApplyStyle(processor.StyleData(), "Same");
+  ASSERT_NE(processor.SelectedEffect(), nullptr);
+  EXPECT_EQ(processor.SelectedEffect()->Name(), "Text");
+  processor.SelectedEffect()->AboutToChange();
+  EXPECT_THAT(editing.panel.told, ElementsAre("Text"));
+}
+
+TEST(Session, WhatIsOpenedWaitsForAQuestionAndForWork) {
+  static int count = 0;
+  static QCoreApplication* application =
+      QCoreApplication::instance() == nullptr ? new QCoreApplication(count, nullptr) : nullptr;
+  (void)application;
+  Editing editing;
+  editing.Open(editing.Photo("first.jpg"));
+  effectModule* module = editing.session.Processor().item(3);
+  {
+    const EditSession::Hold hold(editing.session);
+    editing.Open(editing.Photo("second.jpg"));
+    editing.session.Open(TestPicture(40, 30), "third");
+    // Nothing that somebody looks at is replaced.
+    EXPECT_EQ(editing.Document().Name, "first");
+    EXPECT_EQ(editing.session.Processor().item(3), module);
+  }
+  while (editing.Document().Name != "third") {
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+  }
+  EXPECT_THAT(editing.events, ElementsAre("settling", "opened first", "settling", "opened second",
+                                          "settling", "opened third"));
+}
+
+TEST(Session, ACopyIsTheFinishedPictureAndACancelledOneIsNoFile) {
+  Editing editing;
+  EditSession& session = editing.session;
+  const FolderItem photo = editing.Photo("photo.png", 900, 600);
+  editing.Open(photo);
+  editing.Change(editing.Module("Exposure"), 0, 80);
+  editing.Module("Confetti").Enabled(true);
+  const FolderItem copy = editing.folder.Child("copy.png");
+  session.SaveCopy(copy, "public.png", 1);
+  EXPECT_TRUE(session.Work().CanCancel());
+  session.Work().Finish();
+  EXPECT_EQ(LargestDifference(Read(copy), session.Processor().Process(Read(photo), {})), 0);
+  EXPECT_TRUE(session.Dirty());
+
+  const FolderItem cancelled = editing.folder.Child("cancelled.png");
+  session.SaveCopy(cancelled, "public.png", 1);
+  session.Work().Cancel();
+  session.Work().Finish();
+  EXPECT_FALSE(cancelled.Exists());
+  EXPECT_THAT(editing.failures, IsEmpty());
+  session.SaveCopy(FolderItem("/proc/nowhere/copy.png"), "public.png", 1);
+  session.Work().Finish();
+  ASSERT_EQ(editing.failures.size(), 1U);
+  EXPECT_THAT(editing.failures[0], HasSubstr("copy.png"));
+
+  // For a screen: no larger than that, and finished.
+  Picture shown;
+  session.RenderFor(300, 300, [&](const Picture& picture) { shown = picture; });
+  session.Work().Finish();
+  EXPECT_EQ(shown.Width(), 300);
+  EXPECT_EQ(shown.Height(), 200);
+}
+
+TEST(Session, EditsThatWereNotSavedComeBack) {
+  Editing editing;
+  const FolderItem photo = editing.Photo("photo.jpg");
+  editing.Open(photo);
+  editing.session.KeepEdits();
+  EXPECT_FALSE(editing.recovery.Left()) << "there is nothing to keep";
+  editing.session.Turn(&BrivolantDocument::Rotation, 1);
+  editing.session.HalfDone = true;
+  editing.session.KeepEdits();
+  EXPECT_FALSE(editing.recovery.Left()) << "half a crop is not kept";
+  editing.session.HalfDone = false;
+  editing.Change(editing.Module("Exposure"), 0, 80);
+  editing.session.KeepEdits();
+  const Picture edited = editing.Document().PreviewAfter;
+  const auto left = editing.recovery.Left();
+  ASSERT_TRUE(left);
+
+  // Another run finds them.
+  EditSession next(EffectRegistry(), editing.desk, editing.recovery, editing.recent);
+  next.Processor().myDisplay = &editing.display;
+  next.Start();
+  next.Open(*left);
+  next.Work().Finish();
+  ASSERT_NE(next.Document(), nullptr);
+  EXPECT_TRUE(next.Dirty());
+  EXPECT_TRUE(next.NeedsPlace());
+  EXPECT_EQ(next.Document()->Name, "photo");
+  EXPECT_EQ(LargestDifference(next.Document()->PreviewAfter, edited), 0);
+  next.GiveUpChanges();
+  EXPECT_FALSE(editing.recovery.Left());
+}
+
+}  // namespace
+}  // namespace brivolant::test

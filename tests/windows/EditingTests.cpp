@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: MIT
+// The session in its window: what arrives meanwhile, what the history holds, and the commands.
+#include <QAction>
+#include <QApplication>
+#include <QMouseEvent>
+#include <QTest>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "BrowsingHelpers.h"
+#include "app/commands/ToolButtons.h"
+#include "effects/styles/OneClickWonderStorage.h"
+#include "kit/templateSelector.h"
+
+namespace brivolant::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::string UndoName(Program& program) {
+  return program.Window().UndoGizmo.UndoName();
+}
+
+/// Two entries of which the newer is undone, so that there is something to lose.
+void UndoOne(Program& program) {
+  program.Choose("RotateAndFlipRotate90");
+  program.Choose("RotateAndFlipFlipHorizontally");
+  program.Choose("EditUndo");
+  ASSERT_TRUE(program.Window().UndoGizmo.RedoAvailable());
+}
+
+TEST(Arriving, FilesWaitWhileAQuestionIsOpen) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  program.Choose("RotateAndFlipRotate90");
+  const FolderItem other = program.Photo("other.jpg");
+  const effectModule* module = program.Processor().item(2);
+  program.dialogs.whileOpen = [&] {
+    program.app->OpenDocument(other);
+    QApplication::processEvents();
+    EXPECT_EQ(program.Document().Name, "photo");
+    EXPECT_EQ(program.Processor().item(2), module);
+    EXPECT_EQ(program.dialogs.questions.size(), 1U);
+  };
+  // The question of the way back is answered, then the one of the file that came is asked.
+  program.dialogs.answers = {Answer::kCancel, Answer::kCancel};
+  program.Tool(ToolButtons::Browser().Identifier);
+  ASSERT_TRUE(Until([&] { return program.dialogs.questions.size() == 2; }));
+  Settle();
+  EXPECT_EQ(program.Document().Name, "photo");
+  EXPECT_EQ(program.Document().Rotation, 1);
+  // The same while a place is chosen, for a save that then goes to the right photo.
+  program.dialogs.answers = {Answer::kAlternate};
+  program.app->OpenDocument(other);
+  Settle();
+  EXPECT_EQ(program.Document().Name, "other");
+}
+
+TEST(Arriving, AStyleFromTheBrowserKeepsTheMarkOfThePhoto) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  program.Choose("RotateAndFlipRotate90");
+  const OneClickWonder style = program.app->Styles().Wonders().front()->Clone();
+  const FolderItem file = program.home.Child("gift.oneClick");
+  OneClickWonder gift = style;
+  ASSERT_TRUE(gift.Save(file));
+  program.dialogs.answers = {Answer::kAlternate};
+  program.Tool(ToolButtons::Browser().Identifier);
+  Settle();
+  ASSERT_FALSE(program.Window().isWindowModified());
+  program.app->OpenDocument(file);
+  Settle();
+  EXPECT_EQ(program.Window().DisplayPane, MainWindow::kEditorPane);
+  EXPECT_TRUE(program.Window().isWindowModified());
+  EXPECT_TRUE(program.Menu("FileSave").isEnabled());
+}
+
+TEST(Arriving, PhotosOpenWhereTheUsersFolderCannotBe) {
+  Program program;
+  ASSERT_FALSE(program.home.Child("Documents").DeleteFolder());
+  program.home.Write("Documents", "a file where the folder should be");
+  program.Start();
+  EXPECT_THAT(program.dialogs.messages,
+              ElementsAre("Unable to create a UserCreatedElements folder as the users documents "
+                          "folder doesn't exist."));
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  EXPECT_EQ(program.Document().Name, "photo");
+}
+
+TEST(Arriving, OfSeveralPhotosTheFirstIsEditedAndTheOthersShow) {
+  Browsing program({"a.jpg", "b.jpg", "c.jpg"});
+  FolderItem trip = program.home.Child("Trip");
+  ASSERT_FALSE(trip.CreateAsFolder());
+  for (const char* name : {"x.jpg", "y.jpg", "z.jpg"}) {
+    program.fileDialogs.several.push_back(program.Photo(std::string("Trip/") + name, 64, 48));
+  }
+  program.Choose("FileOpen");
+  Settle();
+  EXPECT_EQ(program.Document().Name, "x");
+  EXPECT_EQ(program.Browser().CurrentFolder(), trip);
+  EXPECT_TRUE(program.Shows({"x.jpg", "y.jpg", "z.jpg"}));
+}
+
+TEST(History, WhatIsCancelledOrDismissedLeavesNoEntry) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  program.SelectRow("Overlay");
+  UndoOne(program);
+  // The chooser is cancelled.
+  program.Panel().Activate(4);
+  EXPECT_TRUE(program.Window().UndoGizmo.RedoAvailable());
+  EXPECT_EQ(UndoName(program), "Rotate");
+  // A slider that is pressed where it stands.
+  program.SelectRow("Exposure");
+  Click(program.Panel(), program.ControlAt(0, 0.8));
+  UndoOne(program);
+  Click(program.Panel(), program.ControlAt(0, 0.8));
+  EXPECT_TRUE(program.Window().UndoGizmo.RedoAvailable());
+}
+
+TEST(History, AddingATextIsOneEntry) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  program.SelectRow("Text");
+  Type(program.Window(), "one");
+  const std::string before = program.Processor().StyleData();
+  effectModule& text = program.Module("Text");
+  int add = -1;
+  for (int i = 0; i < text.ControlCount(); ++i) {
+    if (text.Control(i).Type == kControlButton) add = i;
+  }
+  ASSERT_GE(add, 0);
+  program.Panel().Activate(add);
+  ASSERT_NE(program.Processor().StyleData(), before);
+  program.Choose("EditUndo");
+  EXPECT_EQ(program.Processor().StyleData(), before);
+}
+
+TEST(History, AColorThatIsChosenInThePanelIsOneEntry) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  program.SelectRow("Overlay");
+  const std::string before = program.Processor().StyleData();
+  program.Panel().Activate(1);
+  ColorPanel& colors = program.app->ColorPanel();
+  ASSERT_TRUE(colors.Visible());
+  for (const float red : {0.2F, 0.4F, 0.9F}) colors.ColorChanged({red, 0, 0, 1});
+  EXPECT_EQ(program.Module("Overlay").ControlValue(1).ToColor().Red, 230);
+  program.Choose("EditUndo");
+  EXPECT_EQ(program.Processor().StyleData(), before);
+  // A colour of its own after the undo, and after another well.
+  colors.ColorChanged({0.1F, 0, 0, 1});
+  program.Panel().Activate(1);
+  colors.ColorChanged({0.3F, 0, 0, 1});
+  program.Choose("EditUndo");
+  EXPECT_EQ(program.Module("Overlay").ControlValue(1).ToColor().Red, 26);
+  colors.Close();
+}
+
+TEST(History, AColorPickedFromThePhotoIsOneEntryAndEscapeNone) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  program.SelectRow("Color Balance");
+  UndoOne(program);
+  program.Panel().Activate(3);
+  Key(program.Window(), Qt::Key_Escape);
+  EXPECT_TRUE(program.Window().UndoGizmo.RedoAvailable());
+  const std::string before = program.Processor().StyleData();
+  program.Panel().Activate(3);
+  // Everything else rests until the click.
+  Key(program.Window(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(program.Document().Rotation, 1);
+  Click(program.Display());
+  EXPECT_NE(program.Processor().StyleData(), before);
+  EXPECT_EQ(UndoName(program), "Color Balance");
+  program.Choose("EditUndo");
+  EXPECT_EQ(program.Processor().StyleData(), before);
+  EXPECT_EQ(UndoName(program), "Rotate");
+}
+
+TEST(History, UndoneToWhatIsSavedNothingIsAsked) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  program.Choose("RotateAndFlipRotate90");
+  EXPECT_TRUE(program.Window().isWindowModified());
+  program.Choose("EditUndo");
+  EXPECT_FALSE(program.Window().isWindowModified());
+  EXPECT_FALSE(program.Menu("FileSave").isEnabled());
+  EXPECT_TRUE(program.Window().close());
+  EXPECT_THAT(program.dialogs.questions, IsEmpty());
+}
+
+TEST(History, AStyleThatWasUndoneLightsOnlyInItsCategory) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  templateSelector& bar = *program.Window().myStylesBar;
+  const auto category = [&](int index) {
+    bar.selectedCategory = index;
+    bar.ChangedCategory(index);
+  };
+  category(0);
+  ASSERT_GT(bar.Count(), 2);
+  EXPECT_FALSE(bar.ItemSelected(1));
+  EXPECT_EQ(bar.SelectedItem, 1);
+  program.Choose("EditClearStyle");
+  category(3);
+  ASSERT_GT(bar.Count(), 2);
+  program.Choose("EditUndo");
+  EXPECT_EQ(bar.SelectedItem, -1);
+  category(0);
+  EXPECT_EQ(bar.SelectedItem, 1);
+}
+
+TEST(Commands, CopyCopiesAtAClickAndItsArrowOpensTheMenu) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  program.app->Clipboard().Text("before");
+  program.Tool(ToolButtons::Copy().Identifier);
+  EXPECT_TRUE(program.app->Clipboard().HasPicture());
+  const auto* button = qobject_cast<QToolButton*>(program.Window().rbToolBar->widgetForAction(
+      ToolButtons::itemViaIdentifier(*program.Window().rbToolBar, ToolButtons::Copy().Identifier)));
+  ASSERT_NE(button, nullptr);
+  EXPECT_EQ(button->popupMode(), QToolButton::MenuButtonPopup);
+  EXPECT_EQ(button->menu()->actions().size(), 4);
+}
+
+TEST(Commands, ShowColorsBindsAWellOrRests) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  program.SelectRow("Exposure");
+  program.Window().EnableMenuItems();
+  EXPECT_FALSE(program.Menu("ViewShowColors").isEnabled());
+  program.SelectRow("Overlay");
+  program.Choose("ViewShowColors");
+  ASSERT_TRUE(program.app->ColorPanel().Visible());
+  program.app->ColorPanel().ColorChanged({0, 1, 0, 1});
+  EXPECT_EQ(program.Module("Overlay").ControlValue(1).ToColor(), (Color{0, 255, 0}));
+  program.Choose("ViewShowColors");
+  EXPECT_FALSE(program.app->ColorPanel().Visible());
+}
+
+TEST(Commands, AreRefusedWhileWorkUsesThePhotoAndAfterTheirTimeIsOver) {
+  Program program;
+  MainWindow& window = program.Window();
+  window.MenuAction("RotateAndFlipRotate90");
+  window.MenuAction("NoSuchCommand");
+  window.OpenImage(program.Photo("photo.jpg"), {});
+  ASSERT_TRUE(window.Session().Busy());
+  window.MenuAction("ViewHideToolbar");
+  EXPECT_FALSE(window.close());
+  EXPECT_TRUE(window.isVisible());
+  program.Finish();
+  EXPECT_EQ(program.Document().Rotation, 0);
+  // What is shown may be a turn old; what is asked for is looked at anew.
+  EXPECT_TRUE(window.UndoGizmo.UndoName().empty());
+  window.MenuAction("EditUndo");
+  window.MenuAction("RotateAndFlipRotate90");
+  EXPECT_EQ(program.Document().Rotation, 1);
+}
+
+}  // namespace
+}  // namespace brivolant::test
