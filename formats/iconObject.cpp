@@ -13,6 +13,8 @@ namespace {
 
 constexpr std::array kSizes{12, 16, 24, 32, 48, 128, 256, 512};
 constexpr std::uint64_t kLongestFile = 64 << 20;
+/// Pixels a side of a picture in an icon: twice the largest size, for dense screens.
+constexpr int kLargestSide = 1024;
 
 struct EntryType {
   std::string_view type;
@@ -316,7 +318,7 @@ Picture iconObject::DecodeRecords(int size, std::string_view records) {
     if (type == kMask) {
       ReadMask(picture, data);
     } else if (WholeFile(data)) {
-      const Picture decoded = DecodeImageBytes(data);
+      const Picture decoded = DecodeImageBytes(data, kLargestSide);
       if (decoded.IsNil()) {
         Fail(kUnknownFormat.Text());
         log_->Write(ErrorMessage);
@@ -343,7 +345,8 @@ void iconObject::processICO(std::string_view bytes) {
     const std::uint32_t offset = stream.ReadUInt32();
     if (stream.Failed() || offset >= bytes.size()) continue;
     const std::string_view data = bytes.substr(offset, length);
-    const Picture picture = WholeFile(data) ? DecodeImageBytes(data) : DecodeBitmap(data);
+    const Picture picture =
+        WholeFile(data) ? DecodeImageBytes(data, kLargestSide) : DecodeBitmap(data);
     if (picture.IsNil() || picture.Width() == 12 || picture.Width() == 512) continue;
     if (std::find(kSizes.begin(), kSizes.end(), picture.Width()) != kSizes.end()) {
       StoreData(picture.Width(), picture);

@@ -71,7 +71,14 @@ std::string InterlacedPng(const Picture& picture) {
   return bytes;
 }
 
-std::string ProgressiveJpeg(const Picture& picture) {
+struct JpegForm {
+  bool progressive = false;
+  bool arithmetic = false;
+  /// Rows of blocks between two restart markers.
+  int restart = 0;
+};
+
+std::string Jpeg(const Picture& picture, const JpegForm& form) {
   jpeg_compress_struct info{};
   jpeg_error_mgr errors{};
   info.err = jpeg_std_error(&errors);
@@ -85,7 +92,9 @@ std::string ProgressiveJpeg(const Picture& picture) {
   info.in_color_space = JCS_EXT_BGRX;
   jpeg_set_defaults(&info);
   jpeg_set_quality(&info, 95, TRUE);
-  jpeg_simple_progression(&info);
+  if (form.progressive) jpeg_simple_progression(&info);
+  info.arith_code = form.arithmetic ? TRUE : FALSE;
+  info.restart_in_rows = form.restart;
   jpeg_start_compress(&info, TRUE);
   while (info.next_scanline < info.image_height) {
     auto* row = const_cast<JSAMPROW>(picture.View().Row(static_cast<int>(info.next_scanline)));
@@ -98,12 +107,60 @@ std::string ProgressiveJpeg(const Picture& picture) {
   return jpeg;
 }
 
+std::string ProgressiveJpeg(const Picture& picture) {
+  return Jpeg(picture, {.progressive = true});
+}
+
 /// Where the number-th marker of that kind stands.
 std::size_t Marker(const std::string& jpeg, int kind, int number) {
   const std::string marker{'\xFF', static_cast<char>(kind)};
   std::size_t at = jpeg.find(marker);
   for (int i = 1; i < number; ++i) at = jpeg.find(marker, at + 2);
   return at;
+}
+
+/// With bytes that no block takes before the number-th marker of that kind.
+std::string Stuffed(std::string jpeg, int kind, int number) {
+  return jpeg.insert(Marker(jpeg, kind, number), "\x12\x34\x56");
+}
+
+/// Without the mark of the end.
+std::string Endless(const std::string& jpeg) {
+  return jpeg.substr(0, jpeg.size() - 2);
+}
+
+/// A PNG without alpha, with a chunk of a transparent colour whose sum is wrong.
+std::string BadTransparency(std::string png) {
+  return png.insert(png.find("IDAT") - 4,
+                    Bytes("00000006") + "tRNS" + Bytes("0001 0002 0003 DEADBEEF"));
+}
+
+/// A PNG whose sum over the pixels is wrong: it stands before the end chunk and its length.
+std::string BadSum(std::string png) {
+  png[png.size() - 16] = static_cast<char>(png[png.size() - 16] ^ 1);
+  return png;
+}
+
+/// Not packed, plane by plane, the bottom row first.
+std::string PlainSgi(const Picture& picture) {
+  ByteWriter out;
+  out.Bytes(Bytes("01DA 00 01 0003"));
+  out.UInt8(static_cast<std::uint8_t>(picture.Width() >> 8));
+  out.UInt8(static_cast<std::uint8_t>(picture.Width()));
+  out.UInt8(static_cast<std::uint8_t>(picture.Height() >> 8));
+  out.UInt8(static_cast<std::uint8_t>(picture.Height()));
+  out.Bytes(Bytes("0003 00000000 000000FF"));
+  out.Bytes(std::string(492, '\0'));
+  for (int plane = 0; plane < 3; ++plane) {
+    for (int y = picture.Height() - 1; y >= 0; --y) {
+      for (int x = 0; x < picture.Width(); ++x) {
+        const Color color = picture.At(x, y);
+        const int value = plane == 0 ? color.Red : plane == 1 ? color.Green : color.Blue;
+        out.UInt8(static_cast<std::uint8_t>(value));
+      }
+    }
+  }
+  return out.Take();
 }
 
 std::string WebP(const Picture& picture, bool lossless) {
@@ -196,14 +253,15 @@ std::vector<Damaged> DamagedFiles() {
   Picture clear = Original();
   clear.SetMask(TestPlane(kWidth, kHeight));
   const std::string clearPng = PngExporter().SaveToString(clear);
-  std::string badSum = png;
-  // The sum over the pixels stands before the end chunk and its length.
-  badSum[badSum.size() - 16] = static_cast<char>(badSum[badSum.size() - 16] ^ 1);
   const std::string jpeg = JpegExporter{.Quality = 95}.SaveToString(Original());
   const std::string progressive = ProgressiveJpeg(Original());
   std::string badTable = progressive;
   badTable[Marker(badTable, 0xC4, 5) + 4] = '\x7F';
+  const std::string restarts = Jpeg(Original(), {.restart = 2});
+  const std::string arithmetic = Jpeg(Original(), {.arithmetic = true});
   const std::string interlaced = InterlacedPng(Original());
+  const std::string sgi = Encoded("com.sgi.sgi-image", Original());
+  const std::string plainSgi = PlainSgi(Original());
   const std::string tiff = Encoded("public.tiff", Original());
   const std::string plainTiff = PlainTiff(Original());
   const std::string gif = Encoded("com.compuserve.gif", Original());
@@ -213,18 +271,27 @@ std::vector<Damaged> DamagedFiles() {
   constexpr Color kGrey{128, 128, 128};
   return {{"half.png", png, Cut(png, 0.6), 120, kGrey},
           {"spoilt.png", png, Spoilt(png, 0.6), 100, {}},
-          {"sum.png", png, badSum, kHeight, {}},
+          {"sum.png", png, BadSum(png), kHeight, {}},
+          {"transparency.png", png, BadTransparency(png), kHeight, {}},
           {"clear.png", clearPng, Cut(clearPng, 0.6), 120, kGrey},
           {"interlaced.png", interlaced, Cut(interlaced, 0.9), 0, {}},
           {"half.jpg", jpeg, Cut(jpeg, 0.6), 100, {}},
           {"spoilt.jpg", jpeg, Spoilt(jpeg, 0.6, 500), 100, {}},
           {"progressive.jpg", progressive, Cut(progressive, 0.6), 0, {}},
+          // Blocks that were read wrong leave data behind, or take too little.
+          {"longer.jpg", jpeg, std::string(jpeg).insert(jpeg.size() / 2, jpeg, 900, 40), 80, {}},
+          {"end.jpg", jpeg, Stuffed(jpeg, 0xD9, 1), kHeight, {}},
+          {"restart.jpg", restarts, Stuffed(restarts, 0xD3, 1), kHeight, {}},
+          {"scan.jpg", progressive, Stuffed(progressive, 0xDA, 4), kHeight, {}},
+          {"arithmetic.jpg", arithmetic, Cut(arithmetic, 0.6), 100, {}},
           {"table.jpg", progressive, badTable, 0, {}},
           {"spoilt.tif", tiff, Spoilt(tiff, 0.5), 80, {}},
           {"half.tif", plainTiff, Cut(plainTiff, 0.6), 140, kGrey},
           {"half.gif", gif, Cut(gif, 0.6), 80, {}},
           {"half.webp", webp, Cut(webp, 0.6), 50, kGrey},
           {"lossless.webp", lossless, Cut(lossless, 0.6), 50, kGrey},
+          {"half.sgi", sgi, Cut(sgi, 0.6), 0, {}},
+          {"fifth.sgi", plainSgi, Cut(plainSgi, 0.2), 0, {}},
           {"half.jp2", jp2, Cut(jp2, 0.6), 0, {}}};
 }
 
@@ -268,19 +335,50 @@ TEST(Damage, NothingIsSaidOfWholeFiles) {
            {"interlaced.png", interlaced},
            {"progressive.jpg", ProgressiveJpeg(Original())},
            // Only the mark of the end is missing: every pixel is there.
-           {"a.jpg", jpeg.substr(0, jpeg.size() - 2)},
+           {"a.jpg", Endless(jpeg)},
+           {"endless.jpg", Endless(ProgressiveJpeg(Original()))},
+           {"arithmetic.jpg", Endless(Jpeg(Original(), {.arithmetic = true}))},
+           {"restart.jpg", Endless(Jpeg(Original(), {.restart = 1}))},
+           // What stands between the headers is no coded data.
+           {"headers.jpg", Stuffed(jpeg, 0xDA, 1)},
            {"padded.jpg", jpeg + std::string(5000, '\0')},
            {"a.tif", Encoded("public.tiff", Original())},
            {"plain.tif", PlainTiff(Original())},
            {"a.gif", Encoded("com.compuserve.gif", Original())},
            {"a.webp", WebP(Original(), false)},
            {"a.jp2", Encoded("public.jpeg-2000", Original())},
+           {"a.sgi", Encoded("com.sgi.sgi-image", Original())},
+           {"plain.sgi", PlainSgi(Original())},
        }) {
     const ImageIO::OpenedPicture opened = ImageIO::OpenFirstPicture(folder.Write(name, bytes));
     EXPECT_EQ(opened.Pixels.Width(), kWidth) << name << opened.Error;
     EXPECT_THAT(opened.Damage.Warning, IsEmpty()) << name;
   }
   EXPECT_TRUE(ImageIO::OpenFirstPicture(folder.Child("interlaced.png")).Pixels.SameAs(Original()));
+}
+
+TEST(Damage, PlainPicturesAreShownToo) {
+  TemporaryFolder folder;
+  Picture page = PlainPicture(kWidth, kHeight, kWhite);
+  for (int x = 50; x < 150; ++x) page.Edit().Row(70)[4 * x] = 0;
+  Picture drawing = PlainPicture(kWidth, kHeight, kBlack);
+  drawing.SetMask(TestPlane(kWidth, kHeight));
+  const std::string tiff = PlainTiff(page);
+  for (const auto& [name, bytes, whole] : {
+           std::tuple{"page.png", BadSum(PngExporter().SaveToString(page)), page},
+           {"drawing.png", BadSum(PngExporter().SaveToString(drawing)), drawing},
+           {"interlaced.png", BadSum(InterlacedPng(page)), page},
+           {"page.tif", tiff.substr(0, tiff.size() - 1), page},
+       }) {
+    SCOPED_TRACE(name);
+    const FolderItem file = folder.Write(name, bytes);
+    const ImageIO::OpenedPicture opened = ImageIO::OpenFirstPicture(file);
+    ASSERT_EQ(opened.Pixels.Width(), kWidth) << opened.Error;
+    EXPECT_EQ(DifferenceOfRows(opened.Pixels, whole, 0, kHeight - 1), 0);
+    EXPECT_EQ(opened.Pixels.Mask() != nullptr, whole.Mask() != nullptr);
+    EXPECT_THAT(opened.Damage.Warning, HasSubstr(name));
+    EXPECT_TRUE((*ImageSource::Open(file).value)->Thumbnail(64));
+  }
 }
 
 TEST(Damage, WhatShowsNothingIsRefusedInOneSentence) {
@@ -291,6 +389,7 @@ TEST(Damage, WhatShowsNothingIsRefusedInOneSentence) {
            std::pair<const char*, std::string>{"header.png", png.substr(0, png.find("IDAT") + 6)},
            {"cut.png", png.substr(0, 20)},
            {"header.jpg", jpeg.substr(0, Marker(jpeg, 0xDA, 1) + 14)},
+           {"empty.jpg", jpeg.substr(0, Marker(jpeg, 0xDA, 1) + 14) + "\xFF\xD9"},
            {"cut.jpg", jpeg.substr(0, 30)},
            {"strips.tif", PlainTiff(Original()).substr(0, 200)},
            {"header.gif", Encoded("com.compuserve.gif", Original()).substr(0, 13)},
@@ -336,6 +435,34 @@ TEST(Damage, LibrariesAreNotQuoted) {
     EXPECT_EQ((*source.value)->Decode(0).error,
               CodecMessage(codecTexts::kDamaged, file, codecTexts::kBadData.Text()));
   }
+}
+
+TEST(Damage, ALyingHeaderCostsNoMemory) {
+  TemporaryFolder folder;
+  // Sixteen bits of four channels in one row; the sum over the header fits.
+  const auto png = [](const char* width, const char* sum) {
+    return Bytes("89504E47 0D0A1A0A 0000000D") + "IHDR" + Bytes(width) +
+           Bytes("00000001 1006000000") + Bytes(sum) + Bytes("00000006") + "IDAT" +
+           Bytes("789C03000000 D1C4F393") + Bytes("00000000") + "IEND" + Bytes("AE426082");
+  };
+  for (const auto& [width, sum, number] :
+       {std::tuple{"1FFFFFFF", "FE5535C0", "536870911"}, {"01FFFFFF", "B0B49FAA", "33554431"}}) {
+    const FolderItem file = folder.Write("lying.png", png(width, sum));
+    EXPECT_THAT(ImageIO::OpenFirstPicture(file).Error,
+                testing::AllOf(HasSubstr("\"lying.png\" is too large"), HasSubstr(number)));
+    EXPECT_THAT((*ImageSource::Open(file).value)->Thumbnail(64).error, HasSubstr("is too large"));
+    EXPECT_TRUE(DecodeImageBytes(*ReadFile(file), 1024).IsNil());
+  }
+  // A strip that claims to be longer than the file, and a picture of which almost nothing is there.
+  std::string tiff = PlainTiff(Original());
+  const std::size_t lengths = 8 + 2 + 10 * 12 + 4 + 8 + 4 * std::size_t{15};
+  for (std::size_t i = 0; i < 15; ++i) tiff.replace(lengths + 4 * i, 4, 4, '\xFF');
+  const ImageIO::OpenedPicture lying = ImageIO::OpenFirstPicture(folder.Write("a.tif", tiff));
+  EXPECT_THAT(lying.Error + lying.Damage.Warning, HasSubstr("\"a.tif\""));
+  std::string wide = PlainTiff(Original()).substr(0, 36'000);
+  wide.replace(8 + 2 + 8, 4, Bytes("10270000"));
+  wide.replace(8 + 2 + 12 + 8, 4, Bytes("10270000"));
+  EXPECT_THAT(ImageIO::OpenFirstPicture(folder.Write("b.tif", wide)).Error, HasSubstr("\"b.tif\""));
 }
 
 TEST(Damage, DocumentsKeepTheDamagedOriginalAndNeverWriteOverIt) {

@@ -130,6 +130,14 @@ TEST(IconFiles, AreThumbnailsAndPreviews) {
   ASSERT_EQ(ico.size(), QSize(48, 48));
   EXPECT_EQ(ico.pixel(20, 20), qRgb(kSmall.Red, kSmall.Green, kSmall.Blue));
   EXPECT_TRUE(maker.Make(folder.Write("c.icns", "icns"), ThumbnailCache::kLarge).isNull());
+  // An entry is a picture of its size, or of twice that.
+  for (const auto& [side, shown] : {std::pair{1024, true}, {1025, false}}) {
+    const std::string whole = PngExporter().SaveToString(PlainPicture(side, 1, kLarge));
+    const std::string entry = "ic09" + BigEndian(whole.size() + 8) + whole;
+    const FolderItem file =
+        folder.Write(std::to_string(side) + ".icns", "icns" + BigEndian(entry.size() + 8) + entry);
+    EXPECT_EQ(maker.Make(file, ThumbnailCache::kLarge).isNull(), !shown) << side;
+  }
 
   const EnglishNumbers english;
   const FilePreview preview = FilePreviewer().Of(folder.Child("b.ico"), 800, true);

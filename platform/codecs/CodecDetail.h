@@ -11,6 +11,10 @@
 /// What the codecs share among themselves.
 namespace brivolant::codecs {
 
+/// Pixels. A row of them is no burden, and no camera or scanner comes near.
+constexpr int kLongestSide = 1'000'000;
+/// The sentence that a picture of that size is not opened; empty if it is.
+std::string TooLarge(const FolderItem& file, int width, int height);
 /// A picture to decode into, or the sentence why not.
 Expected<Picture> Allocate(const FolderItem& file, int width, int height);
 
@@ -19,10 +23,10 @@ void PaintMissing(Picture& picture, int first);
 /// True if there is nothing to see: a decoder that runs out of data in the first block may leave a
 /// trace there.
 bool IsBlank(const Picture& picture);
-/// What could be read of a damaged picture, with the sentence that says so; a failure if there is
-/// nothing to see in it.
+/// What could be read of a damaged picture, with the sentence that says so. `rows` is how many were
+/// decoded; where that is none, or nobody knows, it fails if there is nothing to see.
 Expected<DecodedImage> ReadInPart(const FolderItem& file, DecodedImage image,
-                                  std::string_view reason);
+                                  std::string_view reason, std::int64_t rows);
 
 /// The picture shrunk so that no side is longer than `longest`, in the same proportion. Smaller
 /// ones stay as they are.
@@ -57,12 +61,12 @@ ExifFacts ReadExif(const std::string& segment);
 std::unique_ptr<ImageSource> OpenPng(const FolderItem& file);
 /// A damaged PNG of any kind, as far as it can be read.
 Expected<DecodedImage> RescuePng(const FolderItem& file);
-/// A PNG file in memory; nil on failure, and if it is damaged.
-Picture DecodePng(std::string_view bytes);
+/// A PNG file in memory; nil on failure, and if it is damaged or has a side longer than `longest`.
+Picture DecodePng(std::string_view bytes, int longest);
 
 std::unique_ptr<ImageSource> OpenWithVips(const FolderItem& file);
-/// A JPEG 2000 file in memory; nil on failure.
-Picture DecodeWithVips(std::string_view bytes);
+/// A JPEG 2000 file in memory; nil on failure, and if it has a side longer than `longest`.
+Picture DecodeWithVips(std::string_view bytes, int longest);
 std::string EncodeWithVips(const FolderItem& file, std::string_view identifier,
                            std::span<const EncodeImage> pictures);
 /// The formats that are written by ImageMagick: BMP, PSD, PICT, SGI and TGA.
@@ -70,6 +74,9 @@ bool WrittenByMagick(std::string_view identifier);
 std::string EncodeWithMagick(const FolderItem& file, std::string_view identifier,
                              const EncodeImage& image);
 void ShutDownVips();
+
+/// True if an SGI file is shorter than its header says. Its decoder leaves the rest black.
+bool SgiEndsEarly(const FolderItem& file);
 
 /// A damaged TIFF, WebP or JPEG 2000 file, as far as it can be read; `index` counts pages. A
 /// failure without a sentence if it is none of these.

@@ -76,12 +76,19 @@ std::string EncodePdf(const FolderItem& file, std::span<const EncodeImage> pictu
 
 }  // namespace
 
-Expected<Picture> Allocate(const FolderItem& file, int width, int height) {
-  if (width <= 0 || height <= 0 || std::int64_t{width} * height > Picture::kMostPixels) {
-    return Expected<Picture>::Failure(WithPlaceholders(
-        CodecMessage(codecTexts::kTooLarge, file),
-        {{"<width>", std::to_string(width)}, {"<height>", std::to_string(height)}}));
+std::string TooLarge(const FolderItem& file, int width, int height) {
+  if (width > 0 && height > 0 && std::max(width, height) <= kLongestSide &&
+      std::int64_t{width} * height <= Picture::kMostPixels) {
+    return {};
   }
+  return WithPlaceholders(
+      CodecMessage(codecTexts::kTooLarge, file),
+      {{"<width>", std::to_string(width)}, {"<height>", std::to_string(height)}});
+}
+
+Expected<Picture> Allocate(const FolderItem& file, int width, int height) {
+  std::string refusal = TooLarge(file, width, height);
+  if (!refusal.empty()) return Expected<Picture>::Failure(std::move(refusal));
   Picture picture = Picture::Uninitialized(width, height, 32);
   if (picture.IsNil()) {
     return Expected<Picture>::Failure(CodecMessage(codecTexts::kNoMemory, file));
@@ -119,8 +126,8 @@ bool IsBlank(const Picture& picture) {
 }
 
 Expected<DecodedImage> ReadInPart(const FolderItem& file, DecodedImage image,
-                                  std::string_view reason) {
-  if (image.Pixels.IsNil() || IsBlank(image.Pixels)) {
+                                  std::string_view reason, std::int64_t rows) {
+  if (image.Pixels.IsNil() || (rows <= 0 && IsBlank(image.Pixels))) {
     return Expected<DecodedImage>::Failure(CodecMessage(codecTexts::kDamaged, file, reason));
   }
   image.Damage = {CodecMessage(codecTexts::kReadInPart, file, reason),
@@ -232,9 +239,10 @@ std::string EncodeImageFile(const FolderItem& file, std::string_view identifier,
   return codecs::EncodeWithVips(file, identifier, pictures);
 }
 
-Picture DecodeImageBytes(std::string_view bytes) {
+Picture DecodeImageBytes(std::string_view bytes, int longest) {
   constexpr std::string_view kJpeg2000{"\0\0\0\x0CjP  ", 8};
-  return bytes.starts_with(kJpeg2000) ? codecs::DecodeWithVips(bytes) : codecs::DecodePng(bytes);
+  return bytes.starts_with(kJpeg2000) ? codecs::DecodeWithVips(bytes, longest)
+                                      : codecs::DecodePng(bytes, longest);
 }
 
 Picture DecodeJpegBytes(std::string_view bytes, int atLeast, std::int64_t most) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <span>
@@ -101,9 +102,9 @@ struct EncodeImage {
 [[nodiscard]] std::string EncodeImageFile(const FolderItem& file, std::string_view identifier,
                                           std::span<const EncodeImage> pictures);
 
-/// A PNG or JPEG 2000 file in memory, its transparency as the mask; nil if it is neither, too large
-/// or cannot be decoded.
-Picture DecodeImageBytes(std::string_view bytes);
+/// A PNG or JPEG 2000 file in memory, its transparency as the mask; nil if it is neither, has a
+/// side longer than `longest` pixels or cannot be decoded.
+Picture DecodeImageBytes(std::string_view bytes, int longest = std::numeric_limits<int>::max());
 /// A JPEG in memory; nil if it cannot be decoded, or claims more than `most` pixels. With `atLeast`
 /// it is reduced as far as its longer side keeps that many.
 Picture DecodeJpegBytes(std::string_view bytes, int atLeast = 0,

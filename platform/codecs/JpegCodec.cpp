@@ -31,18 +31,42 @@ JpegErrors& ErrorsOf(j_common_ptr info) {
   std::longjmp(ErrorsOf(info).jump, 1);
 }
 
+/// Looks at a file that ended: whether all its rows of blocks were there. The last one is given the
+/// benefit of the doubt, since a decoder looks ahead; the other warnings tell if it is not whole.
+void NoteEnd(const jpeg_decompress_struct& info, JpegErrors& errors) {
+  errors.ended = true;
+  if (info.input_scan_number == 0) return;
+  errors.damaged = errors.damaged || info.input_iMCU_row + 1 < info.total_iMCU_rows;
+  errors.nothing = errors.nothing || (info.input_scan_number == 1 && info.input_iMCU_row == 0);
+}
+
 void OnWarning(j_common_ptr info, int level) {
   if (level >= 0) return;
   ++info->err->num_warnings;
+  JpegErrors& errors = ErrorsOf(info);
+  if (info->is_decompressor == FALSE) return;
+  const auto& read = *reinterpret_cast<j_decompress_ptr>(info);
   switch (info->err->msg_code) {
     case JWRN_JPEG_EOF:
-      ErrorsOf(info).ended = true;
+      NoteEnd(read, errors);
+      break;
+    case JWRN_EXTRANEOUS_DATA:
+      // Coded data that no block took. Before the first scan, and where the file just ends without
+      // its mark, it is none.
+      errors.damaged = errors.damaged || (read.input_scan_number > 0 && !errors.ended);
       break;
     case JWRN_HIT_MARKER:
+      // Behind a restart marker, and in another scan, there may be more.
+      errors.nothing = errors.nothing ||
+                       (read.input_iMCU_row == 0 && read.comps_in_scan == read.num_components &&
+                        read.progressive_mode == FALSE &&
+                        (read.restart_interval == 0 || read.unread_marker == JPEG_EOI));
+      errors.damaged = true;
+      break;
     case JWRN_HUFF_BAD_CODE:
     case JWRN_ARITH_BAD_CODE:
     case JWRN_MUST_RESYNC:
-      ErrorsOf(info).damaged = true;
+      errors.damaged = true;
       break;
     default:
       break;
@@ -70,7 +94,7 @@ void Install(JpegErrors& errors, jpeg_common_struct& info) {
   errors.base.error_exit = OnError;
   errors.base.emit_message = OnWarning;
   errors.message[0] = '\0';
-  errors.damaged = errors.ended = errors.stopped = false;
+  errors.damaged = errors.ended = errors.nothing = errors.stopped = false;
 }
 
 namespace {
@@ -207,8 +231,15 @@ class Decompressor {
       }
       jpeg_read_scanlines(&info_, rows.data(), kRows);
     }
-    // What stands behind the last row, or is missing there, is none of the picture's.
     return true;
+  }
+
+  /// Looks for the end mark behind the last row: coded data that is left there belongs to blocks
+  /// that were read wrong. An error there costs nothing any more.
+  void Finish() {
+    if (setjmp(errors_.jump) != 0) return;
+    int got = JPEG_ROW_COMPLETED;
+    while (got != JPEG_REACHED_EOI && got != JPEG_SUSPENDED) got = jpeg_consume_input(&info_);
   }
 
   Header Facts() {
@@ -243,8 +274,10 @@ class Decompressor {
   /// True if some of what was read is not what was stored.
   bool Damaged() {
     // A last scan that is not there at all leaves no trace but the early end.
-    return errors_.damaged || (errors_.ended && jpeg_has_multiple_scans(&info_) != 0);
+    return errors_.damaged || (errors_.ended && !HasEveryScan());
   }
+  /// How many rows may hold something. Data that ends in the first ones leaves at most a trace.
+  int Decoded() const { return errors_.nothing ? 0 : Rows(); }
   /// True if we ended the work.
   bool Stopped() const { return errors_.stopped; }
   std::string Reason() const {
@@ -263,6 +296,18 @@ class Decompressor {
     while (info_.scale_num > 1 && longest * static_cast<int>(info_.scale_num - 1) / 8 >= atLeast) {
       --info_.scale_num;
     }
+  }
+
+  /// True if no scan can follow those that began.
+  bool HasEveryScan() {
+    if (setjmp(errors_.jump) != 0 || info_.input_scan_number == 0) return false;
+    if (jpeg_has_multiple_scans(&info_) == 0) return true;
+    if (info_.coef_bits == nullptr) return info_.input_scan_number >= info_.num_components;
+    // How many bits of each coefficient are still to come.
+    return std::all_of(info_.coef_bits, info_.coef_bits + info_.num_components,
+                       [](const int(&bits)[DCTSIZE2]) {
+                         return std::all_of(bits, bits + DCTSIZE2, [](int b) { return b == 0; });
+                       });
   }
 
   /// Takes in the whole file; false at an error.
@@ -382,12 +427,13 @@ class JpegSource final : public ImageSource {
       if (jpeg.Stopped() || !beforeTheError) return jpeg.Stopped();
       PaintMissing(*picture, jpeg.Rows());
     }
+    if (whole) jpeg.Finish();
     const bool damaged = !whole || jpeg.Damaged();
     picture->HorizontalResolution = header_.properties.HorizontalResolution;
     picture->VerticalResolution = header_.properties.VerticalResolution;
-    if (!damaged || !IsBlank(*picture)) profile_.ConvertToSRGB(*picture);
+    profile_.ConvertToSRGB(*picture);
     DecodedImage image{std::move(*picture), header_.properties, {}};
-    result = damaged ? ReadInPart(file_, std::move(image), jpeg.Reason())
+    result = damaged ? ReadInPart(file_, std::move(image), jpeg.Reason(), jpeg.Decoded())
                      : Expected<DecodedImage>{std::move(image), {}};
     return true;
   }

@@ -19,6 +19,8 @@ struct JpegErrors {
   bool damaged;
   /// The file ended before its end marker.
   bool ended;
+  /// It ended, or its data did, before the first row of blocks was there: nothing is.
+  bool nothing;
   /// We ended the work, not the file.
   bool stopped;
 };

@@ -21,6 +21,10 @@ struct CloseFile {
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
+/// No coding packs more than eight pixels of one bit 1032 times: so small a file has next to
+/// nothing to show, and need not cost the memory that it claims.
+constexpr std::uint64_t kMostPixelsPerByte = std::uint64_t{8} * 1032;
+
 /// Where the bytes come from, and what the library said of them.
 struct Progress {
   std::FILE* file = nullptr;
@@ -50,9 +54,11 @@ void Read(png_structp png, png_bytep to, std::size_t count) {
 }
 
 void OnWarning(png_structp png, png_const_charp message) {
-  // Of the chunks that make the picture these two hold pixels; more data than needed is harmless.
+  // Of the chunks that make the picture these hold pixels; more data than needed is harmless, and
+  // so is transparency that a picture of that kind cannot have.
   const std::string_view text = message;
-  const bool pixels = text.starts_with("IDAT") || text.starts_with("PLTE");
+  const bool pixels = text.starts_with("IDAT") || text.starts_with("PLTE") ||
+                      (text.starts_with("tRNS") && text.find("CRC") != std::string_view::npos);
   if (!pixels || text.find("xtra") != std::string_view::npos ||
       text.find("oo much") != std::string_view::npos) {
     return;
@@ -78,7 +84,7 @@ class PngReader {
     if (png_ == nullptr) return false;
     info_ = png_create_info_struct(png_);
     if (info_ == nullptr || setjmp(png_jmpbuf(png_)) != 0) return false;
-    // Sizes are checked before memory is asked for; see Allocate.
+    // Nothing is asked for by the size before Refusal has looked at it, which says what is wrong.
     png_set_user_limits(png_, PNG_UINT_31_MAX, PNG_UINT_31_MAX);
     // A wrong sum says that something is wrong, not that the pixels are worth nothing.
     png_set_crc_action(png_, PNG_CRC_WARN_USE, PNG_CRC_WARN_DISCARD);
@@ -198,8 +204,14 @@ void PaintMissing(Room& room, int first) {
   }
 }
 
-/// Reads the rows into the room. Gives how many came, all of them for an interlaced picture.
-int ReadRows(PngReader& png, Room& room) {
+/// Rows that came: of the file, and of the picture. An interlaced picture is there with its first.
+struct RowsRead {
+  std::int64_t stored = 0;
+  int shown = 0;
+};
+
+/// Reads the rows into the room.
+RowsRead ReadRows(PngReader& png, Room& room) {
   const Pixels pixels = room.picture.Edit();
   const Grey mask = room.mask.IsNil() ? Grey{} : room.mask.Edit();
   const bool interlaced = png.Passes() > 1;
@@ -208,62 +220,72 @@ int ReadRows(PngReader& png, Room& room) {
   };
   // A pass paints over what the one before left.
   if (interlaced) codecs::PaintMissing(room.picture, 0);
-  int done = 0;
+  RowsRead read;
   for (int pass = 0; pass < png.Passes(); ++pass) {
-    for (done = 0; done < pixels.height; ++done) {
-      if (DecodeCancellation::Requested() || !png.ReadRow(pixels.Row(done))) break;
-      if (!interlaced) split(done);
+    for (read.shown = 0; read.shown < pixels.height; ++read.shown, ++read.stored) {
+      if (DecodeCancellation::Requested() || !png.ReadRow(pixels.Row(read.shown))) break;
+      if (!interlaced) split(read.shown);
     }
-    if (done < pixels.height) break;
+    if (read.shown < pixels.height) break;
   }
-  if (!interlaced) return done;
+  if (!interlaced) return read;
   for (int y = 0; y < pixels.height; ++y) split(y);
-  return pixels.height;
+  read.shown = pixels.height;
+  return read;
 }
 
-/// Reads rows into smaller ones of `shrinker`. Gives how many of those came.
-int ReadRows(PngReader& png, Room& room, RowShrinker& shrinker, int width, int height) {
+/// Reads rows into smaller ones of `shrinker`.
+RowsRead ReadRows(PngReader& png, Room& room, RowShrinker& shrinker, int width, int height) {
   const Pixels pixels = room.picture.Edit();
   const Grey mask = room.mask.IsNil() ? Grey{} : room.mask.Edit();
   std::vector<std::uint8_t> row(std::size_t{4} * static_cast<std::size_t>(width));
-  int done = 0;
-  for (int y = 0; y < height; ++y) {
-    if (DecodeCancellation::Requested() || !png.ReadRow(row.data())) break;
-    shrinker.Add(row.data(), width, png.Alpha());
-    if (!shrinker.Full() && y + 1 < height) continue;
-    shrinker.Take(pixels.Row(done), png.Alpha());
-    if (mask.data != nullptr) SplitAlpha(pixels.Row(done), mask.Row(done), pixels.width);
-    ++done;
+  RowsRead read;
+  bool more = true;
+  while (more && read.stored < height) {
+    more = !DecodeCancellation::Requested() && png.ReadRow(row.data());
+    if (more) {
+      shrinker.Add(row.data(), width, png.Alpha());
+      ++read.stored;
+    }
+    // The last row is of what there is.
+    const bool last = !more || read.stored == height;
+    if (shrinker.Empty() || (!shrinker.Full() && !last)) continue;
+    shrinker.Take(pixels.Row(read.shown), png.Alpha());
+    if (mask.data != nullptr) {
+      SplitAlpha(pixels.Row(read.shown), mask.Row(read.shown), pixels.width);
+    }
+    ++read.shown;
   }
-  return done;
+  return read;
 }
 
 std::string ReasonOf(const PngReader& png) {
   return (png.Ended() ? codecTexts::kEndsEarly : codecTexts::kBadData).Text();
 }
 
+/// Why no memory is asked for what the header of a file of that many bytes claims; empty if it is.
+std::string Refusal(const FolderItem& file, const ImageProperties& claimed, std::uint64_t bytes) {
+  std::string reason = TooLarge(file, claimed.Width, claimed.Height);
+  if (!reason.empty()) return reason;
+  const std::int64_t pixels = std::int64_t{claimed.Width} * claimed.Height;
+  if (static_cast<std::uint64_t>(pixels) <= kMostPixelsPerByte * bytes) return {};
+  return CodecMessage(codecTexts::kDamaged, file, codecTexts::kEndsEarly.Text());
+}
+
 /// Decodes what `png` has the header of, shrunk by about half the way to `longest` pixels a side if
-/// that is not 0. `length` is how many bytes there are.
-Expected<DecodedImage> DecodeRest(const FolderItem& file, PngReader& png, std::uint64_t length,
-                                  int longest) {
+/// that is not 0. `bytes` is how long the file is.
+Expected<DecodedImage> DecodeRest(const FolderItem& file, PngReader& png, int longest,
+                                  std::uint64_t bytes) {
   using Result = Expected<DecodedImage>;
   const ImageProperties properties = png.Properties();
+  std::string refusal = Refusal(file, properties, bytes);
+  if (!refusal.empty()) return Result::Failure(std::move(refusal));
   const int factor = longest == 0
                          ? 1
                          : std::min(std::max(properties.Width, properties.Height) / (2 * longest),
                                     RowShrinker::kMostFactor);
   if (!png.Start()) return Result::Failure(CodecMessage(codecTexts::kDamaged, file, ReasonOf(png)));
   const bool small = factor > 1 && png.Passes() == 1;
-  if (std::int64_t{properties.Width} * properties.Height > Picture::kMostPixels) {
-    return Result::Failure(Allocate(file, properties.Width, properties.Height).error);
-  }
-  // No coding packs more than eight pixels of one bit 1032 times: so small a file has next to
-  // nothing to show, and need not cost the memory that it claims.
-  constexpr std::uint64_t kMostPixelsPerByte = std::uint64_t{8} * 1032;
-  if (static_cast<std::uint64_t>(properties.Width) * static_cast<std::uint64_t>(properties.Height) >
-      kMostPixelsPerByte * length) {
-    return Result::Failure(CodecMessage(codecTexts::kDamaged, file, codecTexts::kEndsEarly.Text()));
-  }
   RowShrinker shrinker(properties.Width, properties.Height, small ? factor : 1);
   Room room;
   std::string error = MakeRoom(file, shrinker.Width(), shrinker.Height(), png.Alpha(), room);
@@ -271,23 +293,23 @@ Expected<DecodedImage> DecodeRest(const FolderItem& file, PngReader& png, std::u
   const Pixels pixels = room.picture.Edit();
   const auto touched =
       PixelMemory::TouchAhead(pixels.data, pixels.stride * static_cast<std::size_t>(pixels.height));
-  const int rows = small ? ReadRows(png, room, shrinker, properties.Width, properties.Height)
-                         : ReadRows(png, room);
+  const RowsRead rows = small ? ReadRows(png, room, shrinker, properties.Width, properties.Height)
+                              : ReadRows(png, room);
   if (DecodeCancellation::Requested()) {
     return Result::Failure(CodecMessage(codecTexts::kDamaged, file, "cancelled"));
   }
-  if (rows < pixels.height) PaintMissing(room, rows);
+  if (rows.shown < pixels.height) PaintMissing(room, rows.shown);
   DecodedImage image{std::move(room.picture), properties, {}};
   image.Pixels.HorizontalResolution = properties.HorizontalResolution;
   image.Pixels.VerticalResolution = properties.VerticalResolution;
   if (!room.mask.IsNil()) image.Pixels.SetMask(std::move(room.mask));
-  const bool whole = rows == pixels.height && png.Whole();
-  if (!whole && IsBlank(image.Pixels)) return ReadInPart(file, std::move(image), ReasonOf(png));
+  const bool whole = rows.shown == pixels.height && png.Whole();
+  if (rows.stored == 0) return ReadInPart(file, std::move(image), ReasonOf(png), 0);
   const SourceProfile profile(png.Profile());
   image.Properties.ProfileName = profile.Name();
   profile.ConvertToSRGB(image.Pixels);
   if (whole) return {std::move(image), {}};
-  return ReadInPart(file, std::move(image), ReasonOf(png));
+  return ReadInPart(file, std::move(image), ReasonOf(png), rows.stored);
 }
 
 Expected<DecodedImage> DecodeFile(const FolderItem& file, int longest) {
@@ -301,7 +323,7 @@ Expected<DecodedImage> DecodeFile(const FolderItem& file, int longest) {
     if (!stream || !png.ReadHeader(stream.get(), {}, piece)) {
       return Expected<DecodedImage>::Failure(CodecMessage(codecTexts::kUnreadable, file));
     }
-    image = DecodeRest(file, png, file.Length(), longest);
+    image = DecodeRest(file, png, longest, file.Length());
     if (!png.Ended() || DecodeCancellation::Requested()) break;
   }
   return image;
@@ -335,6 +357,10 @@ std::unique_ptr<ImageSource> OpenPng(const FolderItem& file) {
   PngReader png;
   if (!stream || !png.ReadHeader(stream.get(), {})) return nullptr;
   ImageProperties properties = png.Properties();
+  // What is refused is so by this source: another decoder would ask for the memory once more.
+  if (!Refusal(file, properties, file.Length()).empty()) {
+    return std::make_unique<PngSource>(file, std::move(properties));
+  }
   const std::string icc = png.Profile();
   const SourceProfile profile(icc);
   properties.ProfileName = profile.Name();
@@ -349,10 +375,12 @@ Expected<DecodedImage> RescuePng(const FolderItem& file) {
   return DecodeFile(file, 0);
 }
 
-Picture DecodePng(std::string_view bytes) {
+Picture DecodePng(std::string_view bytes, int longest) {
   PngReader png;
   if (!png.ReadHeader(nullptr, bytes)) return {};
-  auto image = DecodeRest({}, png, bytes.size(), 0);
+  const ImageProperties properties = png.Properties();
+  if (std::max(properties.Width, properties.Height) > longest) return {};
+  auto image = DecodeRest({}, png, 0, bytes.size());
   if (!image || image->Damage) return {};
   return std::move(image->Pixels);
 }

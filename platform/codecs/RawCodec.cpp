@@ -134,7 +134,9 @@ class RawSource final : public ImageSource {
     Picture picture = FromRGB(*image);
     if (picture.IsNil()) return Result::Failure(CodecMessage(codecTexts::kNoMemory, file_));
     DecodedImage decoded{std::move(picture), properties_, {}};
-    return damaged ? ReadInPart(file_, std::move(decoded), codecTexts::kBadData.Text())
+    // Of a file that ends early nobody knows where.
+    const int rows = bytes.empty() ? properties_.Height : 0;
+    return damaged ? ReadInPart(file_, std::move(decoded), codecTexts::kBadData.Text(), rows)
                    : Result{std::move(decoded), {}};
   }
 

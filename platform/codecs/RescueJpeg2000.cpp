@@ -57,6 +57,17 @@ void Place(Canvas& canvas, const opj_image_t& image) {
   }
 }
 
+/// How many rows have something, which the library does not tell: with any packets of its first
+/// tile all have.
+int RowsWithPackets(const FolderItem& file, int height) {
+  constexpr std::string_view kStartOfData{"\xFF\x93"};
+  const std::optional<std::string> bytes = ReadFile(file, kMostRescuedBytes);
+  const std::size_t start = bytes ? bytes->find(kStartOfData) : std::string::npos;
+  // The first packet's head and a few bits of it.
+  constexpr std::size_t kSome = 32;
+  return start != std::string::npos && bytes->size() - start > kSome ? height : 0;
+}
+
 }  // namespace
 
 Expected<DecodedImage> RescueJpeg2000(const FolderItem& file) {
@@ -87,13 +98,14 @@ Expected<DecodedImage> RescueJpeg2000(const FolderItem& file) {
   ImageProperties properties;
   properties.HasAlpha = alpha;
   properties.ColorModel = image->numcomps < 3 ? "Gray" : "RGB";
-  if (image->icc_profile_buf != nullptr && !IsBlank(canvas->picture)) {
+  const int rows = RowsWithPackets(file, canvas->picture.Height());
+  if (image->icc_profile_buf != nullptr && rows > 0) {
     const SourceProfile profile({reinterpret_cast<const char*>(image->icc_profile_buf),
                                  static_cast<std::size_t>(image->icc_profile_len)});
     properties.ProfileName = profile.Name();
     profile.ConvertToSRGB(canvas->picture);
   }
-  return ReadInPart(file, canvas->Take(properties), codecTexts::kBadData.Text());
+  return ReadInPart(file, canvas->Take(properties), codecTexts::kBadData.Text(), rows);
 }
 
 }  // namespace brivolant::codecs

@@ -17,14 +17,15 @@ struct CloseTiff {
 };
 
 /// A file in memory that, while pixels are read, goes on after its end in the grey of what is
-/// missing: so a strip that is cut off gives the rows that it has.
+/// missing: so a strip that is cut off gives the rows that it has. It goes on no further than one
+/// strip can, for a strip may claim any length.
 struct PaddedFile {
-  static constexpr toff_t kPadding = toff_t{1} << 40U;
   static constexpr int kMissing = 128;
   std::string bytes;
   toff_t at = 0;
   /// Not for directories: a length that lies would be read from the padding, up to its gigabytes.
   bool padded = false;
+  toff_t padding = 0;
   /// How many bytes are still given: any number of strips may claim the same ones.
   std::uint64_t left = std::numeric_limits<std::uint64_t>::max();
 };
@@ -42,9 +43,11 @@ tmsize_t ReadPadded(thandle_t handle, void* to, tmsize_t count) {
     file.at += got;
     return static_cast<tmsize_t>(got);
   }
-  std::fill(out + got, out + wanted, static_cast<char>(PaddedFile::kMissing));
-  file.at += wanted;
-  return count;
+  const toff_t end = file.bytes.size() + file.padding;
+  const std::size_t given = std::min<std::size_t>(wanted, end - std::min(file.at, end));
+  std::fill(out + got, out + given, static_cast<char>(PaddedFile::kMissing));
+  file.at += given;
+  return static_cast<tmsize_t>(given);
 }
 
 toff_t SeekPadded(thandle_t handle, toff_t offset, int whence) {
@@ -69,7 +72,7 @@ std::unique_ptr<TIFF, CloseTiff> OpenPadded(PaddedFile& file) {
       SeekPadded, [](thandle_t) { return 0; },
       [](thandle_t handle) {
         const auto& padded = *static_cast<PaddedFile*>(handle);
-        return padded.bytes.size() + (padded.padded ? PaddedFile::kPadding : 0);
+        return padded.bytes.size() + (padded.padded ? padded.padding : 0);
       },
       nullptr, nullptr, options));
   TIFFOpenOptionsFree(options);
@@ -104,9 +107,9 @@ void Place(Canvas& canvas, const std::vector<std::uint32_t>& block, int x, int y
   }
 }
 
-/// Reads the rows of a strip with a bad place, up to that. Only for what most files hold: grey and
-/// RGB of 8 bits.
-void ReadRows(TIFF* tiff, PaddedFile& file, Canvas& canvas, int top, int rows) {
+/// Reads the rows of a strip with a bad place, up to that, and gives how many. Only for what most
+/// files hold: grey and RGB of 8 bits.
+int ReadRows(TIFF* tiff, PaddedFile& file, Canvas& canvas, int top, int rows) {
   std::uint16_t bits = 0;
   std::uint16_t samples = 0;
   std::uint16_t planes = 0;
@@ -118,19 +121,19 @@ void ReadRows(TIFF* tiff, PaddedFile& file, Canvas& canvas, int top, int rows) {
   const bool colors = space == PHOTOMETRIC_RGB && samples == 3;
   if (bits != 8 || planes != PLANARCONFIG_CONTIG ||
       !(colors || (space == PHOTOMETRIC_MINISBLACK && samples == 1))) {
-    return;
+    return 0;
   }
   // The library is still in the middle of the strip: it forgets that with its directory.
   file.padded = false;
   const bool fresh = TIFFSetDirectory(tiff, TIFFCurrentDirectory(tiff)) != 0;
   file.padded = true;
-  if (!fresh) return;
+  if (!fresh) return 0;
   TIFFSetField(tiff, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
   const Pixels pixels = canvas.picture.Edit();
   std::vector<std::uint8_t> line(static_cast<std::size_t>(TIFFScanlineSize(tiff)));
-  if (line.size() < static_cast<std::size_t>(pixels.width) * samples) return;
+  if (line.size() < static_cast<std::size_t>(pixels.width) * samples) return 0;
   for (int y = top; y < top + rows; ++y) {
-    if (TIFFReadScanline(tiff, line.data(), static_cast<std::uint32_t>(y), 0) != 1) return;
+    if (TIFFReadScanline(tiff, line.data(), static_cast<std::uint32_t>(y), 0) != 1) return y - top;
     const std::uint8_t* from = line.data();
     std::uint8_t* to = pixels.Row(y);
     for (int x = 0; x < pixels.width; ++x, from += samples, to += 4) {
@@ -139,11 +142,13 @@ void ReadRows(TIFF* tiff, PaddedFile& file, Canvas& canvas, int top, int rows) {
       to[0] = from[colors ? 2 : 0];
     }
   }
+  return rows;
 }
 
-/// Reads every strip or tile that can be read. Each comes into memory of its own, since what the
+/// Reads every strip or tile that can be read, and gives how many rows those have that are in the
+/// file. Each comes into memory of its own, since what the
 /// library leaves of one would show where the next is missing.
-void ReadBlocks(TIFF* tiff, PaddedFile& file, Canvas& canvas) {
+std::int64_t ReadBlocks(TIFF* tiff, PaddedFile& file, Canvas& canvas) {
   const int width = canvas.picture.Width();
   const int height = canvas.picture.Height();
   const bool tiled = TIFFIsTiled(tiff) != 0;
@@ -156,14 +161,15 @@ void ReadBlocks(TIFF* tiff, PaddedFile& file, Canvas& canvas) {
     TIFFGetField(tiff, TIFFTAG_ROWSPERSTRIP, &down);
     down = std::min(down, static_cast<std::uint32_t>(height));
   }
-  if (across == 0 || down == 0) return;
+  if (across == 0 || down == 0) return 0;
   // Tiles reach beyond the picture, but not any far.
   const std::int64_t columns = (width + std::int64_t{across} - 1) / across;
   const std::int64_t lines = (height + std::int64_t{down} - 1) / down;
   if (columns * across > Picture::kMostPixels || lines * down > Picture::kMostPixels ||
       columns * across * lines * down > PixelsThatFit(file.bytes.size())) {
-    return;
+    return 0;
   }
+  std::int64_t decoded = 0;
   std::vector<std::uint32_t> block;
   for (std::int64_t y = 0; y < height; y += down) {
     for (std::int64_t x = 0; x < width; x += across) {
@@ -175,14 +181,21 @@ void ReadBlocks(TIFF* tiff, PaddedFile& file, Canvas& canvas) {
                              : static_cast<int>(std::min<std::int64_t>(down, height - y));
       const int read = tiled ? TIFFReadRGBATileExt(tiff, left, top, block.data(), 1)
                              : TIFFReadRGBAStripExt(tiff, top, block.data(), 1);
+      const std::uint32_t number =
+          tiled ? TIFFComputeTile(tiff, left, top, 0, 0) : TIFFComputeStrip(tiff, top, 0);
+      const bool stored = TIFFGetStrileOffset(tiff, number) < file.bytes.size();
+      int came = 0;
       if (read != 0) {
         Place(canvas, block, static_cast<int>(x), static_cast<int>(y), static_cast<int>(across),
               rows);
+        came = rows;
       } else if (!tiled) {
-        ReadRows(tiff, file, canvas, static_cast<int>(y), rows);
+        came = ReadRows(tiff, file, canvas, static_cast<int>(y), rows);
       }
+      if (stored) decoded += came;
     }
   }
+  return decoded;
 }
 
 }  // namespace
@@ -226,6 +239,14 @@ Expected<DecodedImage> RescueTiff(const FolderItem& file, int index) {
   properties.BitsPerComponent = std::clamp<int>(bits, 8, 32);
   properties.Orientation = orientation >= 1 && orientation <= 8 ? orientation : 1;
   properties.HasAlpha = extra > 0;
+  // Where nothing is packed, a hundredth of a picture with few colours has so many.
+  constexpr std::uint64_t kMostPlainPixelsPerByte = 200;
+  std::uint16_t packing = COMPRESSION_NONE;
+  TIFFGetFieldDefaulted(tiff.get(), TIFFTAG_COMPRESSION, &packing);
+  if (packing == COMPRESSION_NONE &&
+      std::uint64_t{width} * height > kMostPlainPixelsPerByte * padded.bytes.size()) {
+    return Expected<DecodedImage>::Failure(CodecMessage(codecTexts::kUnreadable, file));
+  }
   auto canvas = NewCanvas(file, static_cast<int>(width), static_cast<int>(height), extra > 0);
   if (!canvas) return Expected<DecodedImage>::Failure(canvas.error);
   // Rows come as they are stored; whoever shows the picture turns it.
@@ -233,18 +254,20 @@ Expected<DecodedImage> RescueTiff(const FolderItem& file, int index) {
   // Each byte once for all pixels of a strip and once for its rows, of up to eight bytes a pixel.
   constexpr std::uint64_t kSlack = std::uint64_t{1} << 16U;
   padded.left = kSlack + 4 * padded.bytes.size() + 16 * std::uint64_t{width} * height;
+  const std::uint64_t block =
+      TIFFIsTiled(tiff.get()) != 0 ? TIFFTileSize64(tiff.get()) : TIFFStripSize64(tiff.get());
+  padded.padding = kSlack + std::min<std::uint64_t>(block, kMostRescuedBytes);
   padded.padded = true;
-  ReadBlocks(tiff.get(), padded, *canvas);
+  const std::int64_t rows = ReadBlocks(tiff.get(), padded, *canvas);
   padded.padded = false;
   std::uint32_t size = 0;
   const void* icc = nullptr;
-  if (TIFFGetField(tiff.get(), TIFFTAG_ICCPROFILE, &size, &icc) != 0 && size > 0 &&
-      !IsBlank(canvas->picture)) {
+  if (TIFFGetField(tiff.get(), TIFFTAG_ICCPROFILE, &size, &icc) != 0 && size > 0 && rows > 0) {
     const SourceProfile profile({static_cast<const char*>(icc), size});
     properties.ProfileName = profile.Name();
     profile.ConvertToSRGB(canvas->picture);
   }
-  return ReadInPart(file, canvas->Take(properties), codecTexts::kBadData.Text());
+  return ReadInPart(file, canvas->Take(properties), codecTexts::kBadData.Text(), rows);
 }
 
 }  // namespace brivolant::codecs

@@ -56,7 +56,7 @@ Expected<DecodedImage> RescueWebP(const FolderItem& file) {
   ImageProperties properties;
   properties.HasAlpha = alpha;
   return ReadInPart(file, canvas->Take(properties),
-                    (ended ? codecTexts::kEndsEarly : codecTexts::kBadData).Text());
+                    (ended ? codecTexts::kEndsEarly : codecTexts::kBadData).Text(), rows);
 }
 
 }  // namespace brivolant::codecs

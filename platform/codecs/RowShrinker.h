@@ -45,6 +45,7 @@ class RowShrinker {
   }
   /// True if the rows make one.
   bool Full() const { return rows_ == factor_; }
+  bool Empty() const { return rows_ == 0; }
 
   /// The means as a row, with the share of opacity as the fourth byte; then starts afresh.
   void Take(std::uint8_t* row, bool alpha) {

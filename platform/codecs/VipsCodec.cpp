@@ -347,9 +347,10 @@ class VipsSource final : public ImageSource {
     const PlainPath path(file_);
     VipsImage* small = nullptr;
     // Turned by us: the library would ask for all pixels at once, on many threads.
-    if (!tolerant_ && vips_thumbnail(path.Get(), &small, longest, "height", longest, "size",
-                                     VIPS_SIZE_DOWN, "export_profile", "srgb", "no_rotate", TRUE,
-                                     "fail_on", VIPS_FAIL_ON_ERROR, nullptr) == 0) {
+    if (!tolerant_ && !CutShort() &&
+        vips_thumbnail(path.Get(), &small, longest, "height", longest, "size", VIPS_SIZE_DOWN,
+                       "export_profile", "srgb", "no_rotate", TRUE, "fail_on", VIPS_FAIL_ON_ERROR,
+                       nullptr) == 0) {
       ImageProperties properties = PropertiesOf(small);
       if (const Image image = ToSRGB(Image(small))) {
         auto done = Render(file_, image.get(), true, vips_image_get_bands(image.get()));
@@ -365,6 +366,9 @@ class VipsSource final : public ImageSource {
   }
 
  private:
+  /// True for an end that the library's own decoder passes over.
+  bool CutShort() const { return type_ == "com.sgi.sgi-image" && SgiEndsEarly(file_); }
+
   Expected<DecodedImage> Attempt(int index, bool tolerant) const {
     const PlainPath path(file_);
     const Image image = Load(path, index, tolerant);
@@ -385,12 +389,16 @@ class VipsSource final : public ImageSource {
     }
     Expected<Rendered> done = Render(file_, image.get(), plain, bands);
     if (!done) return Expected<DecodedImage>::Failure(done.error);
-    const bool whole = done->Whole() && !tolerant;
+    const bool cut = CutShort();
+    const bool whole = done->Whole() && !tolerant && !cut;
+    // A loader that passes over errors does not tell how far it came.
+    const int rows = tolerant ? 0 : done->rows;
     done->picture.HorizontalResolution = properties.HorizontalResolution;
     done->picture.VerticalResolution = properties.VerticalResolution;
     DecodedImage decoded{std::move(done->picture), std::move(properties), {}};
     if (whole) return {std::move(decoded), {}};
-    return ReadInPart(file_, std::move(decoded), codecTexts::kBadData.Text());
+    return ReadInPart(file_, std::move(decoded),
+                      (cut ? codecTexts::kEndsEarly : codecTexts::kBadData).Text(), rows);
   }
 
   /// The library's own words are not for the user: lines of several loaders, which add up.
@@ -425,11 +433,12 @@ std::unique_ptr<ImageSource> OpenWithVips(const FolderItem& file) {
   return image ? std::make_unique<VipsSource>(file, image.get(), tolerant) : nullptr;
 }
 
-Picture DecodeWithVips(std::string_view bytes) {
+Picture DecodeWithVips(std::string_view bytes, int longest) {
   if (!StartVips()) return {};
   const Image image(vips_image_new_from_buffer(bytes.data(), bytes.size(), "", "fail_on",
                                                VIPS_FAIL_ON_ERROR, nullptr));
   if (image &&
+      std::max(vips_image_get_width(image.get()), vips_image_get_height(image.get())) <= longest &&
       std::int64_t{vips_image_get_width(image.get())} * vips_image_get_height(image.get()) <=
           Picture::kMostPixels) {
     g_object_ref(image.get());
