@@ -432,24 +432,32 @@ TEST(Session, EditsThatWereNotSavedComeBack) {
   Editing editing;
   const FolderItem photo = editing.Photo("photo.jpg");
   editing.Open(photo);
+  const FolderItem sets = editing.folder.Child("data").Child("Unsaved");
   editing.session.KeepEdits();
-  EXPECT_FALSE(editing.recovery.Left()) << "there is nothing to keep";
+  EXPECT_THAT(sets.Children(), testing::IsEmpty()) << "there is nothing to keep";
   editing.session.Turn(&BrivolantDocument::Rotation, 1);
   editing.session.HalfDone = true;
   editing.session.KeepEdits();
-  EXPECT_FALSE(editing.recovery.Left()) << "half a crop is not kept";
+  EXPECT_THAT(sets.Children(), testing::IsEmpty()) << "half a crop is not kept";
   editing.session.HalfDone = false;
   editing.Change(editing.Module("Exposure"), 0, 80);
   editing.session.KeepEdits();
   const Picture edited = editing.Document().PreviewAfter;
-  const auto left = editing.recovery.Left();
-  ASSERT_TRUE(left);
+  ASSERT_EQ(sets.Children().size(), 1U);
 
-  // Another run finds them.
-  EditSession next(EffectRegistry(), editing.desk, editing.recovery, editing.recent);
+  // Another run finds them, when this one has gone.
+  Recovery later(editing.folder.Child("data"), editing.services.log);
+  EXPECT_THAT(later.Left(), testing::IsEmpty()) << "this one still works on them";
+  const std::string bytes = ReadFile(sets.Children().front().Child("Edits")).value_or("");
+  const FolderItem ended = sets.Child("ended");
+  ASSERT_FALSE(ended.CreateAsFolder());
+  ASSERT_FALSE(WriteFileAtomically(ended.Child("Edits"), bytes));
+  const auto left = later.Left();
+  ASSERT_EQ(left.size(), 1U);
+  EditSession next(EffectRegistry(), editing.desk, later, editing.recent);
   next.Processor().myDisplay = &editing.display;
   next.Start();
-  next.Open(*left);
+  next.Open(left.front());
   next.Work().Finish();
   ASSERT_NE(next.Document(), nullptr);
   EXPECT_TRUE(next.Dirty());
@@ -457,7 +465,7 @@ TEST(Session, EditsThatWereNotSavedComeBack) {
   EXPECT_EQ(next.Document()->Name, "photo");
   EXPECT_EQ(LargestDifference(next.Document()->PreviewAfter, edited), 0);
   next.GiveUpChanges();
-  EXPECT_FALSE(editing.recovery.Left());
+  EXPECT_FALSE(ended.Exists());
 }
 
 }  // namespace
