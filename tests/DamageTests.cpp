@@ -410,7 +410,7 @@ TEST(Damage, SmallPngsThatClaimManyPixelsAreRefused) {
   std::string bytes = PngExporter().SaveToString(TestPicture(24, 16));
   // The height stands behind signature, length, name and width; its sum is wrong now.
   constexpr std::size_t kHeightAt = 8 + 4 + 4 + 4;
-  bytes.replace(kHeightAt, 4, std::string("\0\x7F\0\x10", 4));
+  bytes.replace(kHeightAt, 4, std::string("\0\x0F\0\x10", 4));
   const FolderItem file = folder.Write("tall.png", bytes);
   const auto source = ImageSource::Open(file);
   ASSERT_TRUE(source) << source.error;

@@ -527,8 +527,8 @@ TEST(Recovery, LeavesTheFolderOfASavedDocumentAloneAndCanBeGivenUp) {
   ASSERT_FALSE(program.home.Child("photo.jpg").Delete());
   program.dialogs.answers = {Answer::kAction};
   program.Start();
-  EXPECT_FALSE(program.app->OfferRecovery());
-  EXPECT_EQ(program.dialogs.messages.size(), 1U);
+  EXPECT_TRUE(program.app->OfferRecovery());
+  EXPECT_TRUE(Until([&] { return program.dialogs.messages.size() == 1; }));
   program.OpenPhoto(program.Photo("other.jpg"));
   program.Choose("RotateAndFlipRotate90");
   program.Window().RecoveryTimer.setInterval(1);
@@ -541,6 +541,8 @@ TEST(Recovery, LeavesTheFolderOfASavedDocumentAloneAndCanBeGivenUp) {
   program.Start();
   EXPECT_TRUE(program.app->OfferRecovery());
   ASSERT_EQ(program.dialogs.questions.size(), 2U);
+  program.Finish();
+  ASSERT_TRUE(Until([&] { return program.Window().Document() != nullptr; }));
   EXPECT_EQ(program.Document().Name, "doc");
   EXPECT_EQ(program.Document().Rotation, 2);
   EXPECT_EQ(sets.Children().size(), 1U);

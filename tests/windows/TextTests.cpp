@@ -90,6 +90,9 @@ TEST_F(TextWindow, BlinksWithoutARenderAndShowsItsCursors) {
   EXPECT_EQ(program.Display().cursor().shape(), Qt::SizeBDiagCursor);
   Move(program.Display(), At(0.05, 0.05));
   EXPECT_EQ(program.Display().cursor().shape(), Qt::ArrowCursor);
+  // What was typed is shown, and at the size that the open panel leaves.
+  Settle();
+  ASSERT_TRUE(Until([&] { return !program.Window().ResizedUpdateTimer.isActive(); }));
   int renders = 0;
   const auto started = program.Processor().UpdateStarted;
   program.Processor().UpdateStarted = [&] { ++renders; };
