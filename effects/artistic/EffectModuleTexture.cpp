@@ -185,7 +185,7 @@ void EffectModuleTexture::ApplyEffect(Picture& picture, double scale) {
   if (Scale == 0.0F) {
     // One tile, stretched over the picture.
     constexpr double kMost = 4096;
-    const auto length = [scale](int pixels) {
+    const auto length = [&](int pixels) {
       return static_cast<int>(std::clamp(std::round(pixels / scale), 1.0, kMost));
     };
     LayTiles(LoadedTexture, ReliefSize(length(w), length(h)), w, h, fill);
