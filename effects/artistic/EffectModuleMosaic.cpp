@@ -12,7 +12,7 @@
 #include "effects/Dice.h"
 #include "engine/pictures/AdvancedGraphics.h"
 #include "engine/pictures/ShapeStamp.h"
-#include "engine/pictures/SharedPictureEffects.h"
+#include "platform/pictures/kernels/ScaleKernels.h"
 #include "platform/values/Whole.h"
 
 namespace brivolant {
@@ -23,16 +23,45 @@ constexpr std::string_view kCharacters = "ABCDEFGHIJLKMNOPQRSTUVWXYZ1234567890!@
 
 enum TileShape { kSquare = 0, kRounded = 1, kOval = 2, kCharacter = 3 };
 
+/// What all tiles have in common.
+struct Tile {
+  double width;
+  double height;
+  /// By how much squares without shadows overlap, so that no gap shows.
+  double more;
+  double opacity;
+  std::optional<ShapeStamp::Shadow> shadow;
+
+  /// Of the rectangle in which a shape is painted.
+  double MoreOf(int shape) const { return shape == kSquare && !shadow ? more : 0; }
+  void Draw(AdvancedGraphics& g, int shape, std::size_t character, double left, double top) const {
+    const double over = MoreOf(shape);
+    const CGRect rect = AdvancedGraphicsModule::MakeCGRect(
+        static_cast<float>(left), static_cast<float>(top), static_cast<float>(width + over),
+        static_cast<float>(height + over));
+    if (shape == kSquare) g.DrawRect(rect, kFill);
+    if (shape == kRounded) g.DrawRoundRect(rect, height / 3, kFill);
+    if (shape == kOval) g.DrawOval(rect, kFill);
+    if (shape != kCharacter) return;
+    g.SetTextFontAndSize("Arial Black", height);
+    // Native coordinates: y from the bottom, and the text's foot there.
+    g.DrawString(std::string(1, kCharacters[character]), left, g.Height() - top - height);
+  }
+};
+
+/// One tile of the picture.
+struct Place {
+  int shape;
+  std::size_t character;
+  double x;
+  double y;
+  Color color;
+};
+
 /// The shapes and characters as stamps, each made when it is first needed.
 class Stamps {
  public:
-  /// Of a tile; `more` is by how much squares without shadows overlap, so that no gap shows.
-  Stamps(double width, double height, double more, double opacity, bool shadow)
-      : width_(width), height_(height), more_(shadow ? 0 : more), opacity_(opacity) {
-    constexpr double kDistance = 0.2;
-    const double distance = height * kDistance;
-    if (shadow) shadow_ = ShapeStamp::Shadow{distance, 2 * distance};
-  }
+  explicit Stamps(const Tile& tile) : tile_(tile) {}
 
   FineStamps& Of(int shape, std::size_t character) {
     auto& stamp =
@@ -43,57 +72,74 @@ class Stamps {
 
  private:
   std::unique_ptr<FineStamps> Make(int shape, std::size_t character) const {
-    const double more = shape == kSquare ? more_ : 0;
-    const int w = static_cast<int>(std::ceil(width_ + more));
+    const double more = tile_.MoreOf(shape);
     // Characters hang below their line, and some are wider than a tile.
     const int room = shape == kCharacter ? 2 : 1;
-    return std::make_unique<FineStamps>(
-        room * w, room * static_cast<int>(std::ceil(height_ + more)), opacity_, shadow_,
-        [=, this](AdvancedGraphics& g, double left, double top) {
-          const CGRect rect = AdvancedGraphicsModule::MakeCGRect(
-              static_cast<float>(left), static_cast<float>(top), static_cast<float>(width_ + more),
-              static_cast<float>(height_ + more));
-          if (shape == kSquare) g.DrawRect(rect, kFill);
-          if (shape == kRounded) g.DrawRoundRect(rect, height_ / 3, kFill);
-          if (shape == kOval) g.DrawOval(rect, kFill);
-          if (shape != kCharacter) return;
-          g.SetTextFontAndSize("Arial Black", height_);
-          // Native coordinates: y from the bottom, and the text's foot there.
-          g.DrawString(std::string(1, kCharacters[character]), left, g.Height() - top - height_);
-        });
+    return std::make_unique<FineStamps>(room * static_cast<int>(std::ceil(tile_.width + more)),
+                                        room * static_cast<int>(std::ceil(tile_.height + more)),
+                                        tile_.opacity, tile_.shadow,
+                                        [=, this](AdvancedGraphics& g, double left, double top) {
+                                          tile_.Draw(g, shape, character, left, top);
+                                        });
   }
 
-  double width_;
-  double height_;
-  double more_;
-  double opacity_;
-  std::optional<ShapeStamp::Shadow> shadow_;
+  Tile tile_;
   std::array<std::unique_ptr<FineStamps>, kCharacter + kCharacters.size()> stamps_;
 };
+
+/// Lays small tiles, of which there are thousands.
+void LayStamps(Picture& picture, const Tile& tile, const std::vector<Place>& places) {
+  Stamps stamps(tile);
+  std::vector<FineStamps::Piece> pieces;
+  pieces.reserve(places.size());
+  for (const Place& place : places) {
+    pieces.push_back(stamps.Of(place.shape, place.character).At(place.x, place.y, place.color));
+  }
+  LayPieces(picture, pieces);
+}
+
+/// Draws large tiles one by one: as stamps, with their shadows, half a hundred of characters that
+/// hardly repeat would need gigabytes.
+void DrawTiles(Picture& picture, const Tile& tile, const std::vector<Place>& places) {
+  AdvancedGraphics g(picture);
+  if (tile.shadow) g.SetShadow(0, -tile.shadow->down, tile.shadow->blur);
+  for (const Place& place : places) {
+    g.SetFillColor(place.color, static_cast<float>(tile.opacity));
+    tile.Draw(g, place.shape, place.character, place.x, place.y);
+  }
+}
 
 }  // namespace
 
 void EffectModuleMosaic::ApplyEffect(Picture& picture, double scale) {
   const int w = picture.Width();
   const int h = picture.Height();
-  const int sw = TileCount;
-  // Of a tall picture no more rows than can be kept in memory. A preview's height may have lost
-  // part of a pixel, which must not cost a row of tiles.
+  if (picture.IsNil()) return;
+  const int columns = TileCount;
+  const double tw = w / (columns - 1.0);
+  // Of a tall picture no more rows than can be kept in memory. Else a tile is as high as it is
+  // wide, whatever part of a pixel a preview's height has lost.
   constexpr int kMostTiles = 2000000;
-  const int sh = std::clamp(Whole((h + 1.0) * sw / w), 2, kMostTiles / sw);
-  const Picture sample =
-      SharedPictureEffects::Scale(picture, sw, sh, SharedPictureEffects::kScaleExactly);
+  const int most = kMostTiles / columns;
+  const double th = std::max(tw, h / (most - 2.0));
+  // The last row lies below the picture: whether there is one more of it never shows.
+  const int rows = std::min(Whole(h / th) + 2, most);
+  // The colours come from as many equal parts of the width as there are columns, and from parts of
+  // the same shape below each other.
+  Picture sample = Picture::Uninitialized(columns, rows);
   if (sample.IsNil()) return;
-  const double tw = w / (sw - 1.0);
-  const double th = h / (sh - 1.0);
+  const double part = th * (columns - 1.0) / columns;
+  kernels::Scale(picture.View(), {0, 0, 1.0 * w, rows * part}, sample.Edit());
   const double spread = w * 0.1 * varyPlacement;
-  Dice dice(Seed.Value());
-  Stamps stamps(tw, th, std::max(scale, 1.0), std::clamp(Transparency.Value(), 0.0F, 1.0F),
-                DropShadow);
-  std::vector<FineStamps::Piece> tiles;
-  tiles.reserve(static_cast<std::size_t>(sw) * static_cast<std::size_t>(sh));
-  for (int y = sh - 1; y >= 0; --y) {
-    for (int x = 0; x < sw; ++x) {
+  constexpr double kDistance = 0.2;
+  Tile tile{tw, th, std::max(scale, 1.0), std::clamp(Transparency.Value(), 0.0F, 1.0F), {}};
+  if (DropShadow) tile.shadow = ShapeStamp::Shadow{th * kDistance, 2 * th * kDistance};
+  std::vector<Place> places;
+  places.reserve(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows));
+  for (int y = rows - 1; y >= 0; --y) {
+    for (int x = 0; x < columns; ++x) {
+      // Every tile throws its own: a row more or less does not move the others.
+      TileDice dice(Seed.Value(), x, y);
       const int shape = shapes == 0 ? dice.Below(4) : shapes - 1;
       const auto place = [&](double at) {
         return at + (varyPlacement == 0.0F ? 0 : dice.Rnd() * spread);
@@ -105,7 +151,7 @@ void EffectModuleMosaic::ApplyEffect(Picture& picture, double scale) {
           shape == kCharacter
               ? static_cast<std::size_t>(dice.Below(static_cast<int>(kCharacters.size())))
               : 0;
-      tiles.push_back(stamps.Of(shape, character).At(px, py, sample.At(x, y)));
+      places.push_back({shape, character, px, py, sample.At(x, y)});
     }
   }
   if (Background) {
@@ -115,7 +161,13 @@ void EffectModuleMosaic::ApplyEffect(Picture& picture, double scale) {
         AdvancedGraphicsModule::MakeCGRect(0, 0, static_cast<float>(w), static_cast<float>(h)),
         kFill);
   }
-  LayPieces(picture, tiles);
+  constexpr double kLargest = 200;
+  const bool characters = shapes == 0 || shapes - 1 == kCharacter;
+  if (characters && std::max(tw, th) > kLargest) {
+    DrawTiles(picture, tile, places);
+  } else {
+    LayStamps(picture, tile, places);
+  }
 }
 
 }  // namespace brivolant

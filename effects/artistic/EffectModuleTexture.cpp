@@ -6,7 +6,6 @@
 
 #include "engine/pictures/BlendEffect.h"
 #include "engine/pictures/ConvolutionEffect.h"
-#include "engine/pictures/SharedPictureEffects.h"
 #include "formats/ImageFile.h"
 #include "platform/pictures/kernels/ComposeKernels.h"
 #include "platform/pictures/kernels/ScaleKernels.h"
@@ -19,11 +18,11 @@ constexpr std::string_view kEnding = ".jpg";
 /// Pixels of relief around a tile, so that what looks at neighbours sees no border.
 constexpr int kMargin = 3;
 
-/// The tile with `margin` pixels of its repetition on every side.
-Picture Repeated(const Picture& tile, int margin) {
+/// `width` by `height` pixels of the tile's repetition, and `margin` more on every side.
+Picture Repeated(const Picture& tile, int width, int height, int margin) {
   const int w = tile.Width();
   const int h = tile.Height();
-  Picture repeated = Picture::Uninitialized(w + 2 * margin, h + 2 * margin);
+  Picture repeated = Picture::Uninitialized(width + 2 * margin, height + 2 * margin);
   if (repeated.IsNil()) return repeated;
   for (int y = margin % h - h; y < repeated.Height(); y += h) {
     for (int x = margin % w - w; x < repeated.Width(); x += w) {
@@ -35,6 +34,7 @@ Picture Repeated(const Picture& tile, int margin) {
 
 /// The size of a texture's relief in pixels of the reference.
 struct ReliefSize {
+  ReliefSize(int w, int h) : width(w), height(h) {}
   ReliefSize(const Picture& texture, double own)
       : width(std::max(static_cast<int>(texture.Width() * own), 1)),
         height(std::max(static_cast<int>(texture.Height() * own), 1)) {}
@@ -48,7 +48,7 @@ Picture Relief(const Picture& texture, const ReliefSize& size, int across, int d
   const double stepX = 1.0 * texture.Width() / size.width;
   const double stepY = 1.0 * texture.Height() / size.height;
   const int margin = static_cast<int>(kMargin * std::max(stepX, stepY)) + 2;
-  const Picture around = Repeated(texture, margin);
+  const Picture around = Repeated(texture, texture.Width(), texture.Height(), margin);
   Picture scaled = Picture::Uninitialized(std::min(across, size.width) + 2 * kMargin,
                                           std::min(down, size.height) + 2 * kMargin);
   if (around.IsNil() || scaled.IsNil()) return {};
@@ -60,23 +60,54 @@ Picture Relief(const Picture& texture, const ReliefSize& size, int across, int d
   return ConvolutionEffect().Blur(ConvolutionEffect().Emboss(std::move(scaled)));
 }
 
-/// Covers the target with the relief, `enlarge` pixels for one.
-void LayTiles(const Picture& texture, const ReliefSize& size, double enlarge, Picture& target) {
-  const int width = std::max(static_cast<int>(size.width * enlarge), 1);
-  const int height = std::max(static_cast<int>(size.height * enlarge), 1);
+/// The pixels between two places that need not be whole. Those of neighbours meet.
+struct Span {
+  Span(double start, double end, int most)
+      : from(static_cast<int>(std::lround(start))),
+        length(static_cast<int>(std::lround(std::min(end, 1.0 * most))) - from) {}
+  int from;
+  int length;
+};
+
+/// Covers the target with the relief in tiles of that many pixels, which need not be whole: cut to
+/// whole ones, the pattern would drift the further from the corner the smaller the picture is.
+void LayTiles(const Picture& texture, const ReliefSize& size, double width, double height,
+              Picture& target) {
+  width = std::max(width, 1.0);
+  height = std::max(height, 1.0);
+  const double stepX = size.width / width;
+  const double stepY = size.height / height;
   // Of a tile larger than the picture only what shows is made.
-  const int w = std::min(width, target.Width());
-  const int h = std::min(height, target.Height());
-  const double stepX = 1.0 * size.width / width;
-  const double stepY = 1.0 * size.height / height;
-  const Picture relief = Relief(texture, size, static_cast<int>(w * stepX) + kMargin,
-                                static_cast<int>(h * stepY) + kMargin);
-  Picture tile = Picture::Uninitialized(w, h);
-  if (relief.IsNil() || tile.IsNil()) return;
-  kernels::Scale(relief.View(), {kMargin, kMargin, w * stepX, h * stepY}, tile.Edit());
-  for (int y = 0; y < target.Height(); y += height) {
-    for (int x = 0; x < target.Width(); x += width) {
-      kernels::Compose(target.Edit(), tile.View(), {}, x, y);
+  Picture relief = Relief(
+      texture, size, static_cast<int>(std::min(width, 1.0 * target.Width()) * stepX) + kMargin,
+      static_cast<int>(std::min(height, 1.0 * target.Height()) * stepY) + kMargin);
+  // Small tiles are laid many at a time.
+  constexpr double kBlock = 256;
+  const int across = std::max(static_cast<int>(kBlock / width), 1);
+  const int down = std::max(static_cast<int>(kBlock / height), 1);
+  if (across > 1 || down > 1) {
+    Picture tile =
+        Picture::Uninitialized(relief.Width() - 2 * kMargin, relief.Height() - 2 * kMargin);
+    if (relief.IsNil() || tile.IsNil()) return;
+    kernels::Compose(tile.Edit(), relief.View(), {}, -kMargin, -kMargin);
+    relief = Repeated(tile, across * tile.Width(), down * tile.Height(), kMargin);
+  }
+  if (relief.IsNil()) return;
+  width *= across;
+  height *= down;
+  for (int j = 0; j * height < target.Height(); ++j) {
+    const Span rows(j * height, (j + 1) * height, target.Height());
+    for (int i = 0; i * width < target.Width(); ++i) {
+      const Span columns(i * width, (i + 1) * width, target.Width());
+      if (rows.length < 1 || columns.length < 1) continue;
+      Picture tile = Picture::Uninitialized(columns.length, rows.length);
+      if (tile.IsNil()) return;
+      kernels::Scale(
+          relief.View(),
+          {kMargin + (columns.from - i * width) * stepX, kMargin + (rows.from - j * height) * stepY,
+           columns.length * stepX, rows.length * stepY},
+          tile.Edit());
+      kernels::Compose(target.Edit(), tile.View(), {}, columns.from, rows.from);
     }
   }
 }
@@ -147,17 +178,21 @@ void EffectModuleTexture::ApplyEffect(Picture& picture, double scale) {
   if (loadedtextureName.Value().empty() || !loadtexture(loadedtextureName.Value())) return;
   const int w = picture.Width();
   const int h = picture.Height();
-  Picture fill;
+  Picture fill = Picture::Uninitialized(w, h);
+  if (fill.IsNil()) return;
+  // The relief is worked out at the size of the reference and enlarged with the picture: worked out
+  // at full size it would be fainter in an export than in the preview.
   if (Scale == 0.0F) {
-    fill = ConvolutionEffect().Emboss(
-        SharedPictureEffects::Scale(LoadedTexture, w, h, SharedPictureEffects::kScaleExactly));
+    // One tile, stretched over the picture.
+    constexpr double kMost = 4096;
+    const auto length = [&](int pixels) {
+      return static_cast<int>(std::clamp(std::round(pixels / scale), 1.0, kMost));
+    };
+    LayTiles(LoadedTexture, ReliefSize(length(w), length(h)), w, h, fill);
   } else {
-    // The relief is worked out at the size of the reference and enlarged with the picture: worked
-    // out at full size it would be fainter in an export than in the preview.
     const double own = std::max(std::abs(static_cast<double>(Scale)), 0.01);
-    fill = Picture::Uninitialized(w, h);
-    if (fill.IsNil()) return;
-    LayTiles(LoadedTexture, ReliefSize(LoadedTexture, own), scale, fill);
+    const ReliefSize size(LoadedTexture, own);
+    LayTiles(LoadedTexture, size, size.width * scale, size.height * scale, fill);
   }
   if (fill.IsNil()) return;
   BlendEffect blender;

@@ -106,7 +106,6 @@ Picture EffectModuleOutline::Opening(int width, int height) const {
 void EffectModuleOutline::TreatEdge(Picture& opening, double scale) const {
   constexpr double kWaves = 15;
   constexpr int kBlocks = 50;
-  constexpr double kPixelsAGrain = 1.6;
   const double blur = 30 * scale;
   using namespace SharedPictureEffects;
   switch (Effect.Value()) {
@@ -115,8 +114,7 @@ void EffectModuleOutline::TreatEdge(Picture& opening, double scale) const {
       break;
     case kDiffused:
       opening = MPImageFilter::Diffuse(GaussianBlur(opening, blur), static_cast<int>(blur), true,
-                                       std::max(1, static_cast<int>(scale / kPixelsAGrain)),
-                                       Seed.Value());
+                                       MPImageFilter::GrainAt(scale), Seed.Value());
       break;
     case kWaved:
       opening = MPImageFilter::Wave(std::move(opening), kWaves, kBlack);

@@ -66,6 +66,11 @@ Picture MotionBlur(Picture source, int repetitions, double angle, int distance, 
   return source;
 }
 
+double GrainAt(double scale) {
+  constexpr double kPixelsAGrain = 1.6;
+  return std::max(1.0, scale / kPixelsAGrain);
+}
+
 Picture Diffuse(Picture source, int radius, bool blur, double grain, std::uint32_t seed,
                 const Plane* mask) {
   if (source.IsNil() || radius <= 0) return source;

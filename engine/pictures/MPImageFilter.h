@@ -19,6 +19,9 @@ enum BlurType { kLinear = 0, kRadial = 1, kZoom = 2 };
 Picture MotionBlur(Picture source, int repetitions, double angle, int distance, int blurType,
                    const Plane* mask = nullptr);
 
+/// The size of Diffuse's grains that is the same share of the picture at every size, in pixels.
+double GrainAt(double scale);
+
 /// Every pixel comes from a random place within `radius`; `blur` softens the grains. `grain` is
 /// their size in pixels, and `seed` makes the picture repeatable.
 Picture Diffuse(Picture source, int radius, bool blur, double grain, std::uint32_t seed,
