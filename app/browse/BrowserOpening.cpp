@@ -67,7 +67,7 @@ void BrowserController::OpenItem(const BrowserPayload& payload) {
 }
 
 FolderItem BrowserController::Original(const FolderItem& alias) {
-  const FolderItem target = FolderitemExtensions::OriginalFile(alias);
+  FolderItem target = FolderitemExtensions::OriginalFile(alias);
   if (!target.Alias()) return target;
   const Answer answer = desk_.Services.Dialogs.Ask(
       {WithPlaceholders(kBrokenAliasMessage.Text(), {{"<filename>", alias.DisplayName()}}),

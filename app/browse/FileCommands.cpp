@@ -33,7 +33,7 @@ std::string FileController::CopyCaption() const {
 }
 
 std::string FileController::PasteCaption() const {
-  const std::string text = Menus::kEditPaste.Text();
+  std::string text = Menus::kEditPaste.Text();
   // The clipboard's owner is asked only as a menu opens.
   if (!commands_.MenuOpens()) return text;
   const std::vector<FolderItem> copied = FilesOnClipboard();
@@ -41,7 +41,7 @@ std::string FileController::PasteCaption() const {
 }
 
 std::string FileController::UndoCaption() const {
-  const std::string text = Menus::kEditUndo.Text();
+  std::string text = Menus::kEditUndo.Text();
   if (steps_.empty()) return text;
   const bool renamed = steps_.back().trashed.empty();
   return text + " " + (renamed ? Menus::kFileRename : Menus::kFileMoveToTrash).Text();

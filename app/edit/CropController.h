@@ -8,6 +8,8 @@
 #include "platform/values/Event.h"
 #include "platform/values/Text.h"
 
+class QWidget;
+
 namespace brivolant {
 
 class Commands;
