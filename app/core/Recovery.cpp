@@ -7,8 +7,8 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
-#include <ctime>
 #include <utility>
 
 #include "formats/BinaryDictionary.h"
@@ -84,9 +84,12 @@ bool InUse(const FolderItem& set) {
   return false;
 }
 
-std::time_t WrittenAt(const FolderItem& file) {
+/// Nanoseconds: two programs may end within a second.
+std::int64_t WrittenAt(const FolderItem& file) {
+  constexpr std::int64_t kSecond = 1000000000;
   struct stat status {};
-  return stat(file.Path().c_str(), &status) == 0 ? status.st_mtim.tv_sec : 0;
+  if (stat(file.Path().c_str(), &status) != 0) return 0;
+  return status.st_mtim.tv_sec * kSecond + status.st_mtim.tv_nsec;
 }
 
 std::optional<RecoveredEdits> ReadSet(const FolderItem& set) {
@@ -192,7 +195,7 @@ void Recovery::Forget() {
 }
 
 std::vector<RecoveredEdits> Recovery::Left() const {
-  std::vector<std::pair<std::time_t, RecoveredEdits>> found;
+  std::vector<std::pair<std::int64_t, RecoveredEdits>> found;
   for (const FolderItem& set : folder_.Children()) {
     if (set == set_ || !set.Directory() || set.Alias() || InUse(set)) continue;
     if (auto edits = ReadSet(set)) {
