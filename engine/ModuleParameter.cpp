@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+#include "platform/values/Hash.h"
+
 namespace brivolant {
 namespace parameters {
 
@@ -38,13 +40,7 @@ const char* NameOf(const std::string&) {
 }  // namespace parameters
 
 std::uint32_t SeedFor(std::string_view identifier, std::uint32_t throws) {
-  constexpr std::uint32_t kBasis = 2166136261U;
-  constexpr std::uint32_t kPrime = 16777619U;
-  std::uint32_t hash = kBasis ^ throws;
-  for (const char byte : identifier) {
-    hash = (hash ^ static_cast<std::uint8_t>(byte)) * kPrime;
-  }
-  return hash;
+  return StableHash(identifier, throws);
 }
 
 double SliderMapping::ToPosition(double value) const {

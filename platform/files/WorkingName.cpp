@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "platform/files/FileNames.h"
+#include "platform/values/Hash.h"
 #include "platform/values/Text.h"
 
 namespace brivolant {
@@ -32,13 +33,6 @@ constexpr std::size_t kField = kDigits + 1;
 constexpr std::size_t kLetters = 6;
 constexpr std::size_t kLongestExtension = 32;
 constexpr std::time_t kDay = 24 * 60 * 60;
-
-/// FNV-1a, 32 bits: http://www.isthe.com/chongo/tech/comp/fnv/
-std::uint32_t HashOf(std::string_view text) {
-  std::uint32_t hash = 2166136261U;
-  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
-  return hash;
-}
 
 /// A short file; those of the kernel tell no length.
 std::string ShortText(const char* path) {
@@ -66,7 +60,8 @@ Owner Here() {
     const std::string machine = ShortText("/etc/machine-id") + std::string(name.c_str());
     const std::string session = ShortText("/proc/sys/kernel/random/boot_id") +
                                 std::filesystem::read_symlink("/proc/self/ns/pid", error).string();
-    return std::pair{Hexadecimal(HashOf(machine), kDigits), Hexadecimal(HashOf(session), kDigits)};
+    return std::pair{Hexadecimal(StableHash(machine), kDigits),
+                     Hexadecimal(StableHash(session), kDigits)};
   }();
   return {place.first, place.second, getpid()};
 }
