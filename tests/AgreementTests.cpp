@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "Helpers.h"
+#include "Sanitized.h"
 #include "effects/EffectRegistry.h"
 #include "engine/brivolantProcessorLite.h"
 #include "engine/pictures/SharedPictureEffects.h"
@@ -162,23 +163,16 @@ constexpr double kStrongBound = 7;
 /// What less of is no look. A line of text covers little.
 constexpr double kShows = 0.05;
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool kSlow = true;
-#else
-constexpr bool kSlow = false;
-#endif
-
 /// Settings that cannot be compared.
 bool LeftOut(const std::string& name, int menu, int item) {
-  // Dots of two colours have no mean that a preview could show; a glassy matte is known to differ;
-  // and an overlay has no picture yet.
+  // Dots of two colours have no mean that a preview could show, and an overlay has no picture yet.
   return (name == "Bit Depth Simulation" && menu == 0 && item == 0) ||
-         (name == "Matte" && menu == 3 && item == 5) ||
          (name == "Overlay" && menu == 0 && item == 2);
 }
 
 TEST(Agreement, OfPreviewAndExportForEveryModule) {
-  if (kSlow) GTEST_SKIP() << "megapixels through every effect take too long under the sanitizers";
+  if (kSanitized)
+    GTEST_SKIP() << "megapixels through every effect take too long under the sanitizers";
   const Sizes landscape(6000, 3998, 1600);
   const Sizes portrait(1498, 2250, 533);
   TestServices services;
