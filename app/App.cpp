@@ -281,13 +281,14 @@ bool App::OfferRecovery() {
 }
 
 void App::RemoveLeftovers() {
-  const std::vector<RecoveredEdits> waiting = recovery_->Left();
+  const std::vector<FolderItem> packages = recovery_->Packages();
   for (const FolderItem& item : otherSharedComponents::userElementsFolder().Children()) {
     if (!item.Name().starts_with(".CleanOnQuit-") || CleanOnQuit::InUse(item)) continue;
     // A photo from the clipboard may lie nowhere else.
-    const bool needed = std::any_of(waiting.begin(), waiting.end(), [&](const auto& edits) {
-      return edits.Package.ShellPath().starts_with(item.ShellPath() + "/");
-    });
+    const bool needed =
+        std::any_of(packages.begin(), packages.end(), [&](const FolderItem& package) {
+          return package.ShellPath().starts_with(item.ShellPath() + "/");
+        });
     if (needed) continue;
     if (item.DeleteFolder()) log_.Write("Not deleted: " + item.DisplayName());
   }

@@ -83,6 +83,9 @@ class BrivolantDocument {
   [[nodiscard]] bool PastedImage(std::string_view name, const FolderItem& file);
   /// All of them, as a render takes them along. The package's folder is read once.
   PastedFiles PastedImages() const;
+  /// Keeps the package's pictures that effects named for as long as the document is open, whatever
+  /// becomes of the package.
+  void HoldPictures();
   /// Those that no package holds yet.
   PastedFiles SessionImages() const;
 

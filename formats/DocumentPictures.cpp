@@ -42,9 +42,18 @@ bool IsGivenByEffect(std::string_view name) {
          });
 }
 
+bool Names(std::string_view styleData, std::string_view name) {
+  return styleData.find(name) != std::string_view::npos;
+}
+
 /// True if a picture belongs to what is saved with that style.
 bool Wanted(std::string_view name, std::string_view styleData) {
-  return !IsGivenByEffect(name) || styleData.find(name) != std::string_view::npos;
+  return !IsGivenByEffect(name) || Names(styleData, name);
+}
+
+/// True if a picture stands there already: a name leads to one picture for good.
+bool Stands(const FolderItem& picture, const FolderItem& place) {
+  return place.Exists() && place.Length() == picture.Length();
 }
 
 }  // namespace
@@ -73,9 +82,18 @@ bool BrivolantDocument::PastedImage(std::string_view name, const FolderItem& fil
 
 bool BrivolantDocument::KeepForSession(std::string_view name, const FolderItem& file) {
   const FolderItem copy = services_.TemporaryFiles.Child(name);
-  if (copy.IsNil() || CopyFileAtomically(file, copy)) return false;
+  if (copy.IsNil()) return false;
+  std::error_code unlinked;
+  std::filesystem::create_hard_link(file.Path(), copy.Path(), unlinked);
+  if (unlinked && CopyFileAtomically(file, copy)) return false;
   session_[std::string(name)] = std::make_shared<const SessionPicture>(copy);
   return true;
+}
+
+void BrivolantDocument::HoldPictures() {
+  for (const auto& [name, file] : PastedImages()) {
+    if (!session_.contains(name) && IsGivenByEffect(name)) (void)KeepForSession(name, file);
+  }
 }
 
 PastedFiles BrivolantDocument::PastedImages() const {
@@ -116,7 +134,7 @@ PastedFiles BrivolantDocument::SessionImages() const {
 bool BrivolantDocument::PicturesAreThere() const {
   const PastedFiles files = PastedImages();
   const bool whole = std::all_of(files.begin(), files.end(), [&](const auto& entry) {
-    return !Wanted(entry.first, StyleData) || entry.second.Exists();
+    return !Names(StyleData, entry.first) || entry.second.Exists();
   });
   if (whole) return true;
   const Question question{WithPlaceholders(kPicturesGone.Text(), {{"<filename>", Name}}),
@@ -132,7 +150,7 @@ bool BrivolantDocument::WritePictures(const FolderItem& package) const {
   return std::all_of(files.begin(), files.end(), [&](const auto& entry) {
     const auto& [name, file] = entry;
     const FolderItem place = package.Child(name);
-    return !Wanted(name, StyleData) || file == place || !file.Exists() ||
+    return !Wanted(name, StyleData) || file == place || !file.Exists() || Stands(file, place) ||
            !CopyFileAtomically(file, place);
   });
 }

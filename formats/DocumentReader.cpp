@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 
 #include "files/FolderitemExtensions.h"
@@ -17,6 +18,9 @@ using namespace documentTexts;
 
 /// The last `count` bytes of a file, or what there is.
 std::string ReadTail(const FolderItem& file, std::uint64_t count) {
+  // A pipe would be waited for.
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(file.Path(), error)) return {};
   std::ifstream stream(file.Path(), std::ios::binary);
   const std::uint64_t size = std::min(count, file.Length());
   std::string bytes(size, '\0');

@@ -71,6 +71,10 @@ bool BrivolantDocument::Save(const FolderItem& file) {
     Dirty = true;
     return false;
   }
+  if (!PicturesAreThere() || !MayReplace(target)) {
+    Dirty = true;
+    return false;
+  }
   if (tFile && !(tFile == target)) {
     if (tFile.MoveFileTo(target)) {
       FolderitemExtensions::StandardFileErrorDialog(target, FolderitemExtensions::kSave, "",
@@ -82,10 +86,6 @@ bool BrivolantDocument::Save(const FolderItem& file) {
     tFile = {};
   }
   bool complete = true;
-  if (!PicturesAreThere() || !MayReplace(target)) {
-    Dirty = true;
-    return false;
-  }
   if (!target.Directory()) {
     if (!CreatePackage(target)) {
       services_.Dialogs.Message(kNotCreated.Text(), target.DisplayName());

@@ -63,6 +63,22 @@ TEST(Canvas, SavesAndRestoresAllOfItsState) {
   g.RestoreState();
   g.DrawRect(MakeCGRect(60, 10, 20, 20), kFill);
   EXPECT_EQ(picture.At(70, 15), kRed);
+  // On grey a mode shows, and a text its font.
+  Picture grey = NewPicture(60, 60, 24);
+  AdvancedGraphics canvas(grey);
+  canvas.SetFillColor({128, 128, 128}, 1);
+  canvas.DrawRect(MakeCGRect(0, 0, 60, 60), kFill);
+  canvas.SetFillColor(kRed, 1);
+  canvas.SetTextFontAndSize("Sans", 6);
+  canvas.SaveState();
+  canvas.BlendMode(1);
+  canvas.SetTextFontAndSize("Sans", 40);
+  canvas.RestoreState();
+  canvas.DrawRect(MakeCGRect(50, 50, 10, 10), kFill);
+  EXPECT_EQ(grey.At(55, 55), kRed);
+  canvas.DrawString("H", 2, 2);
+  EXPECT_LT(Darkest(grey, 2, 50, 10, 59), 128) << "the text stands below";
+  EXPECT_EQ(Darkest(grey, 0, 0, 40, 40), 128) << "and is small";
 }
 
 TEST(Canvas, LeavesAPainterOfSomeoneElseAsItWas) {

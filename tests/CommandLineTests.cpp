@@ -271,6 +271,15 @@ TEST_F(CommandLine, APipeIsNoPhotoAndHoldsNothingUp) {
   EXPECT_EQ(run.code, 1);
   EXPECT_THAT(run.err, HasSubstr("\"pipe.jpg\" is not an image"));
   EXPECT_FALSE(folder.Child("x.jpg").Exists());
+  ASSERT_EQ(mkfifo(Path("pipe.brvPhoto").c_str(), 0600), 0);
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"document", "info", Path("pipe.brvPhoto")},
+        {"render", image.ShellPath(), "-o", Path("x.jpg"), "--style", Path("pipe.brvPhoto")}}) {
+    const Outcome document = Cli(arguments);
+    EXPECT_EQ(document.code, 1);
+    EXPECT_THAT(document.err, HasSubstr("\"pipe.brvPhoto\""));
+  }
+  EXPECT_FALSE(folder.Child("x.jpg").Exists());
 }
 
 TEST_F(CommandLine, WrongUseIsOneSentenceAndCodeTwo) {

@@ -448,6 +448,7 @@ TEST(Session, EditsThatWereNotSavedComeBack) {
   // Another run finds them, when this one has gone.
   Recovery later(editing.folder.Child("data"), editing.services.log);
   EXPECT_THAT(later.Left(), testing::IsEmpty()) << "this one still works on them";
+  EXPECT_THAT(later.Packages(), ElementsAre(editing.Document().File));
   const std::string bytes = ReadFile(sets.Children().front().Child("Edits")).value_or("");
   const FolderItem ended = sets.Child("ended");
   ASSERT_FALSE(ended.CreateAsFolder());
@@ -466,6 +467,91 @@ TEST(Session, EditsThatWereNotSavedComeBack) {
   EXPECT_EQ(LargestDifference(next.Document()->PreviewAfter, edited), 0);
   next.GiveUpChanges();
   EXPECT_FALSE(ended.Exists());
+}
+
+TEST(Session, APictureThatCannotBeKeptKeepsNothingElseFromBeingKept) {
+  Editing editing;
+  editing.Open(editing.Photo("photo.jpg"));
+  editing.session.PastePicture(TestPicture(40, 30));
+  for (const auto& [name, file] : editing.Document().SessionImages()) {
+    ASSERT_FALSE(file.Delete());
+  }
+  editing.session.KeepEdits();
+  const FolderItem sets = editing.folder.Child("data").Child("Unsaved");
+  ASSERT_EQ(sets.Children().size(), 1U);
+  EXPECT_TRUE(sets.Children().front().Child("Edits").Exists());
+}
+
+TEST(Session, AnswersHoldForTheSaveThatAskedForThem) {
+  Editing editing;
+  EditSession& session = editing.session;
+  editing.Open(editing.Photo("photo.jpg"));
+  session.PastePicture(TestPicture(40, 30));
+  const FolderItem place = editing.folder.Child("laid.brvPhoto");
+  ASSERT_TRUE(editing.Save(place));
+  std::vector<std::string> asked;
+  Answer answer = Answer::kAction;
+  session.Ask = [&](const Question& question) {
+    asked.push_back(question.Message);
+    return answer;
+  };
+  const auto pictures = [&] {
+    int count = 0;
+    for (const FolderItem& child : place.Children()) count += child.Name().size() == 36;
+    return count;
+  };
+  // Another program gives the picture up, and its file goes. The session still has it.
+  const auto other = [&](const std::string& style) {
+    BrivolantDocument there(editing.services.services);
+    ASSERT_TRUE(there.Load(place));
+    there.StyleData = style;
+    ASSERT_TRUE(there.Save());
+  };
+  ASSERT_EQ(pictures(), 1);
+  other("theirs");
+  ASSERT_EQ(pictures(), 0);
+  session.Turn(&BrivolantDocument::Rotation, 1);
+  EXPECT_TRUE(editing.Save());
+  EXPECT_EQ(asked.size(), 1U);
+  EXPECT_EQ(pictures(), 1);
+
+  // The session's is lost as well: two questions, each asked once.
+  other("theirs again");
+  for (const auto& [name, file] : editing.Document().SessionImages()) {
+    ASSERT_FALSE(file.Delete());
+  }
+  session.Turn(&BrivolantDocument::Rotation, 2);
+  asked.clear();
+  answer = Answer::kCancel;
+  EXPECT_FALSE(editing.Save());
+  EXPECT_EQ(asked.size(), 1U);
+  answer = Answer::kAction;
+  asked.clear();
+  EXPECT_TRUE(editing.Save());
+  ASSERT_EQ(asked.size(), 2U);
+  EXPECT_NE(asked[0], asked[1]);
+
+  // What was agreed to then is asked again.
+  other("theirs once more");
+  session.Turn(&BrivolantDocument::Rotation, 3);
+  asked.clear();
+  answer = Answer::kCancel;
+  EXPECT_FALSE(editing.Save());
+  EXPECT_EQ(asked.size(), 1U);
+  EXPECT_TRUE(session.Dirty());
+}
+
+TEST(Session, PastingIsOneEntryWhateverWasLookedAtBefore) {
+  Editing editing;
+  EditSession& session = editing.session;
+  editing.Open(editing.Photo("photo.jpg"));
+  // A menu of the overlay was opened and dismissed.
+  const effectModule& overlay = editing.Module("Overlay");
+  session.Record({{session.ModuleKey("EffectChanged:", overlay), overlay.Settings()}}, "Overlay");
+  session.PastePicture(TestPicture(40, 30));
+  EXPECT_EQ(editing.UndoName(), "Paste");
+  session.Undo();
+  EXPECT_FALSE(session.UndoGizmo().UndoAvailable());
 }
 
 }  // namespace

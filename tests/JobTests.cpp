@@ -183,6 +183,24 @@ TEST(Job, TellsItsOwnerThroughServicesOfItsOwn) {
   EXPECT_THAT(worker.Take(), IsEmpty());
 }
 
+TEST(Job, HasAnAnswerForTheQuestionThatItWasGivenFor) {
+  TestServices owner;
+  WorkerServices worker(owner.services);
+  Dialogs& dialogs = worker.All().Dialogs;
+  const Question first{"first", {}, {}, {}, {}};
+  const Question second{"second", {}, {}, {}, {}};
+  worker.LayReady(first, Answer::kAction);
+  EXPECT_EQ(dialogs.Ask(second), Answer::kCancel);
+  EXPECT_EQ(worker.Unanswered().value_or(first).Message, "second");
+  EXPECT_EQ(dialogs.Ask(first), Answer::kAction);
+  EXPECT_EQ(dialogs.Ask(first), Answer::kAction);
+  EXPECT_FALSE(worker.Unanswered());
+  EXPECT_EQ(dialogs.Ask(second), Answer::kCancel);
+  worker.Forget();
+  EXPECT_FALSE(worker.Unanswered());
+  EXPECT_EQ(dialogs.Ask(first), Answer::kCancel);
+}
+
 TEST(Hook, TellsItsListenersInOrderWhileTheyLive) {
   std::vector<std::string> heard;
   Event<int> event;

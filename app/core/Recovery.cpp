@@ -132,7 +132,8 @@ bool RecoveredEdits::ApplyTo(BrivolantDocument& document) const {
   document.Rotation = Rotation;
   document.Flip = Flip;
   document.Name = Name;
-  if (Saved) document.StateOnDisk(StateOnDisk);
+  // Of another package it says nothing.
+  if (Saved && document.File == Package) document.StateOnDisk(StateOnDisk);
   return std::all_of(Pasted.begin(), Pasted.end(), [&](const auto& picture) {
     return document.PastedImage(picture.first, picture.second);
   });
@@ -161,22 +162,27 @@ bool Recovery::MakeSet() {
   return true;
 }
 
-bool Recovery::KeepPictures(const PastedFiles& pictures, PastedFiles& kept) const {
+PastedFiles Recovery::KeepPictures(const PastedFiles& pictures) const {
+  PastedFiles kept;
   for (const auto& [name, file] : pictures) {
     const FolderItem copy = set_.Child(std::string(kPicture) + name);
     // A name leads to one picture for good.
-    if (!copy.Exists() && CopyFileAtomically(file, copy)) return false;
-    kept[name] = copy;
+    if (copy.Exists() || !CopyFileAtomically(file, copy)) {
+      kept[name] = copy;
+    } else {
+      log_.Write("A pasted picture cannot be kept in \"" + copy.ShellPath() + "\".");
+    }
   }
-  return true;
+  return kept;
 }
 
 bool Recovery::Keep(const BrivolantDocument& document, const std::string& styleData) {
-  PastedFiles pictures;
-  if (!MakeSet() || !KeepPictures(document.SessionImages(), pictures)) {
+  if (!MakeSet()) {
     log_.Write("Unsaved edits cannot be kept in \"" + folder_.ShellPath() + "\".");
     return false;
   }
+  // The edits without a picture are worth more than nothing.
+  const PastedFiles pictures = KeepPictures(document.SessionImages());
   std::string bytes =
       BinaryDictionary::BinaryStringFromDictionary(EditsOf(document, styleData, pictures));
   const FolderItem file = set_.Child(kEdits);
@@ -208,6 +214,14 @@ std::vector<RecoveredEdits> Recovery::Left() const {
   left.reserve(found.size());
   for (auto& [time, edits] : found) left.push_back(std::move(edits));
   return left;
+}
+
+std::vector<FolderItem> Recovery::Packages() const {
+  std::vector<FolderItem> packages;
+  for (const FolderItem& set : folder_.Children()) {
+    if (const auto edits = ReadSet(set)) packages.push_back(edits->Package);
+  }
+  return packages;
 }
 
 void Recovery::Adopt(const RecoveredEdits& edits) {

@@ -61,6 +61,8 @@ class Recovery {
   /// What earlier runs left, the latest first. Damaged sets, and those of a program that still
   /// runs, are passed over.
   std::vector<RecoveredEdits> Left() const;
+  /// The packages that kept edits belong to, also those of programs that still run.
+  std::vector<FolderItem> Packages() const;
   /// The present document has those edits now.
   void Adopt(const RecoveredEdits& edits);
   /// The user wants those edits no more.
@@ -69,8 +71,8 @@ class Recovery {
  private:
   bool MakeSet();
   void Release();
-  /// Copies of the pasted pictures, which the program's end would delete. False if one fails.
-  bool KeepPictures(const PastedFiles& pictures, PastedFiles& kept) const;
+  /// Copies of the pasted pictures, which the program's end would delete.
+  PastedFiles KeepPictures(const PastedFiles& pictures) const;
 
   FolderItem folder_;
   Log& log_;

@@ -21,7 +21,9 @@ void WorkerServices::Kept::Message(const std::string& message, const std::string
 
 Answer WorkerServices::Kept::Ask(const Question& question) {
   const std::lock_guard lock(mutex);
-  if (answer) return *std::exchange(answer, std::nullopt);
+  if (const auto found = answers.find(question.Message); found != answers.end()) {
+    return found->second;
+  }
   asked = question;
   return Answer::kCancel;
 }
@@ -31,9 +33,15 @@ std::optional<Question> WorkerServices::Unanswered() {
   return std::exchange(kept_.asked, std::nullopt);
 }
 
-void WorkerServices::LayReady(Answer answer) {
+void WorkerServices::LayReady(const Question& question, Answer answer) {
   const std::lock_guard lock(kept_.mutex);
-  kept_.answer = answer;
+  kept_.answers[question.Message] = answer;
+}
+
+void WorkerServices::Forget() {
+  const std::lock_guard lock(kept_.mutex);
+  kept_.asked.reset();
+  kept_.answers.clear();
 }
 
 std::vector<WorkerServices::Told> WorkerServices::Take() {

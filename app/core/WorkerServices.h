@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <map>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -30,8 +31,10 @@ class WorkerServices {
   std::vector<Told> Take();
   /// The question that was last answered with kCancel for want of an answer, once.
   std::optional<Question> Unanswered();
-  /// The next question gets this answer.
-  void LayReady(Answer answer);
+  /// That question gets this answer, as often as it is asked until Forget.
+  void LayReady(const Question& question, Answer answer);
+  /// What was asked and answered concerns no later work.
+  void Forget();
 
  private:
   class Kept final : public Log, public Dialogs {
@@ -43,7 +46,7 @@ class WorkerServices {
     std::vector<std::string> lines;
     std::vector<Told> told;
     std::optional<Question> asked;
-    std::optional<Answer> answer;
+    std::map<std::string, Answer> answers;
   };
   Log& log_;
   Kept kept_;

@@ -42,6 +42,11 @@ EditorController::EditorController(const Desk& desk, EditSession& session, Comma
   AddTurns();
   listening_.push_back(session_.Changed.Listen([this] { Show(); }));
   listening_.push_back(session_.HistoryChanged.Listen([this] { commands_.Refresh(); }));
+  // What is being drawn belongs to what is saved; its end would be lost while input is locked.
+  listening_.push_back(session_.Settling.Listen([this] {
+    pane_.MyDisplay->EndGesture();
+    pane_.AdvancedPanel->EndGesture();
+  }));
   listening_.push_back(session_.Opened.Listen([this] { ShowTitle(); }));
   listening_.push_back(session_.Saved.Listen([this] { ShowTitle(); }));
 }

@@ -137,9 +137,8 @@ void EditSession::PastePicture(const Picture& picture) {
     Failed(error, {});
     return;
   }
-  const std::string before = processor_.StyleData();
+  Record({{"ProcessorStack", processor_.StyleData()}}, kUndoPaste.Text());
   if (!overlay->SetAsMyPicture(file)) return;
-  Record({{"ProcessorStack", before}}, kUndoPaste.Text());
   overlay->Enabled(true);
   // At the head of the stack, above everything else.
   processor_.ChangeItemOrder(processor_.ItemPositionViaID(kOverlay), 0);

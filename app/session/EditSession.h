@@ -172,6 +172,9 @@ class EditSession {
   void Read(const std::shared_ptr<Opening>& opening, const std::string& text,
             std::function<bool(Opening&)> read);
   void TakeSaved(Saving& saving, const std::string& why);
+  /// Saves; those questions are answered already.
+  void SaveWith(const std::vector<Question>& agreed, const FolderItem& place,
+                std::function<void(bool)> then);
   /// Tells what the worker left to tell.
   void TellWorkers();
   void Replace(const std::string& style);

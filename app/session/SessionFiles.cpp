@@ -60,6 +60,7 @@ void EditSession::Open(const FolderItem& item, std::string name) {
              return made;
            }
            if (!document.Load(o.file) || document.ImageOriginal().IsNil()) return false;
+           document.HoldPictures();
            // An older form is written anew at once.
            if (document.FileDataVersion < BrivolantDocument::kVersion) document.Save();
            return true;
@@ -79,6 +80,7 @@ void EditSession::Open(const RecoveredEdits& edits) {
          [edits](Opening& o) {
            if (edits.Package.Exists()) {
              o.read = o.document->Load(edits.Package) && !o.document->ImageOriginal().IsNil();
+             if (o.read) o.document->HoldPictures();
              // A temporary package is still no place for a document to stay.
              if (o.read && !edits.Saved) o.document->tFile = edits.Package;
            }
@@ -171,13 +173,23 @@ struct EditSession::Saving {
   /// Of the session, as it is saved.
   std::string state;
   int of = 0;
+  /// What the user has said yes to.
+  std::vector<Question> agreed;
   std::function<void(bool)> then;
   bool done = false;
 };
 
 void EditSession::Save(const FolderItem& place, std::function<void(bool)> then) {
-  jobs_.WhenIdle([this, place, then = std::move(then)] {
+  SaveWith({}, place, std::move(then));
+}
+
+void EditSession::SaveWith(const std::vector<Question>& agreed, const FolderItem& place,
+                           std::function<void(bool)> then) {
+  jobs_.WhenIdle([this, agreed, place, then = std::move(then)] {
     if (!document_) return then(false);
+    // An answer holds for the save that it was given to.
+    worker_.Forget();
+    for (const Question& question : agreed) worker_.LayReady(question, Answer::kAction);
     Settling();
     StorePending();
     const auto saving = std::make_shared<Saving>();
@@ -186,6 +198,7 @@ void EditSession::Save(const FolderItem& place, std::function<void(bool)> then) 
     saving->place = place;
     saving->state = State();
     saving->of = documents_;
+    saving->agreed = agreed;
     saving->then = then;
     if (place) {
       saving->copy->File = place;
@@ -226,8 +239,8 @@ void EditSession::TakeSaved(Saving& saving, const std::string& why) {
   TellWorkers();
   const std::optional<Question> question = worker_.Unanswered();
   if (question && !saving.done && Ask && Ask(*question) == Answer::kAction) {
-    worker_.LayReady(Answer::kAction);
-    return Save({}, saving.then);
+    saving.agreed.push_back(*question);
+    return SaveWith(saving.agreed, {}, saving.then);
   }
   saving.then(saving.done);
 }

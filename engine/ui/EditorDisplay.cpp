@@ -229,6 +229,7 @@ void EditorDisplay::mousePressEvent(QMouseEvent* event) {
   if (!inside || module == nullptr || event->button() != Qt::LeftButton) return event->ignore();
   LiveDragging = false;
   beforeDrag_ = module->Settings();
+  draggedTo_ = at;
   dragging_ =
       module->MouseDown(static_cast<float>(at.x()), static_cast<float>(at.y()), LiveDragging);
   CursorFor(kPointerDown);
@@ -244,19 +245,24 @@ void EditorDisplay::mouseMoveEvent(QMouseEvent* event) {
     return;
   }
   at = {std::clamp(at.x(), 0.0, 1.0), std::clamp(at.y(), 0.0, 1.0)};
+  draggedTo_ = at;
   module->MouseDrag(static_cast<float>(at.x()), static_cast<float>(at.y()));
   RenderOrShow();
 }
 
 void EditorDisplay::mouseReleaseEvent(QMouseEvent* event) {
+  const QPointF at = FractionsAt(event->position());
+  draggedTo_ = {std::clamp(at.x(), 0.0, 1.0), std::clamp(at.y(), 0.0, 1.0)};
+  EndGesture();
+}
+
+void EditorDisplay::EndGesture() {
   if (!dragging_) return;
   dragging_ = false;
   effectModule* module = myProcessor == nullptr ? nullptr : myProcessor->SelectedEffect();
   if (module == nullptr) return;
-  const QPointF at = FractionsAt(event->position());
   CursorFor(kPointerUp);
-  module->MouseUp(static_cast<float>(std::clamp(at.x(), 0.0, 1.0)),
-                  static_cast<float>(std::clamp(at.y(), 0.0, 1.0)));
+  module->MouseUp(static_cast<float>(draggedTo_.x()), static_cast<float>(draggedTo_.y()));
   const bool changed = !(module->Settings() == beforeDrag_);
   if (changed && Changed) Changed(*module, &beforeDrag_);
   myProcessor->UpdatePreview(false);

@@ -57,6 +57,8 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   std::function<void(effectModule& module, const Dictionary* before)> Changed;
   /// Files or a picture were dropped.
   std::function<void(const DragItem&)> Dropped;
+  /// Ends what the mouse is drawing, as letting go of it does.
+  void EndGesture();
 
  protected:
   bool event(QEvent* event) override;
@@ -94,6 +96,8 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   QTimer* blink_;
   bool LiveDragging = false;
   bool dragging_ = false;
+  /// Where the drag has come to, in fractions of the photo.
+  QPointF draggedTo_;
   /// Of the module that is dragged, when the drag began.
   Dictionary beforeDrag_;
   bool stale_ = true;

@@ -259,11 +259,9 @@ void EffectStackEditor::PopUpControlMenu(int control) {
   if (ItemValueChanged) ItemValueChanged(module);
   const Dictionary before = module.Settings();
   const QPoint at = mapToGlobal(ControlRect(control).topLeft());
-  {
-    const std::shared_ptr<void> hold = Holding ? Holding() : nullptr;
-    module.fireShowMenu(control, at.x(), at.y(),
-                        [](const MenuItem& menu, int x, int y) { return PopUpMenu(menu, x, y); });
-  }
+  const std::shared_ptr<void> hold = Holding ? Holding() : nullptr;
+  module.fireShowMenu(control, at.x(), at.y(),
+                      [](const MenuItem& menu, int x, int y) { return PopUpMenu(menu, x, y); });
   mouseStatus_ = kIdle;
   myProcessor->UpdatePreview(false);
   TellIfChanged(module, before);
@@ -334,6 +332,8 @@ void EffectStackEditor::ResetRow() {
 void EffectStackEditor::Activate(int control) {
   effectModule* module = Selected();
   if (module == nullptr || control < 0 || control >= module->ControlCount()) return;
+  // A button opens a chooser, and may have to tell what came of it.
+  const std::shared_ptr<void> hold = Holding ? Holding() : nullptr;
   const Dictionary before = module->Settings();
   switch (module->Control(control).Type) {
     case kControlSlider:
@@ -360,6 +360,14 @@ void EffectStackEditor::Activate(int control) {
       return;
   }
   TellChanged();
+}
+
+void EffectStackEditor::EndGesture() {
+  const bool sliding = mouseStatus_ == kOnControl && Selected() != nullptr &&
+                       Selected()->Control(selectedControl_).Type == kControlSlider;
+  mouseStatus_ = kIdle;
+  if (sliding) Activate(selectedControl_);
+  update();
 }
 
 void EffectStackEditor::mouseReleaseEvent(QMouseEvent* event) {

@@ -83,6 +83,8 @@ class EffectStackEditor final : public QWidget, public EffectPanel {
   void ResetRow();
   /// Renders what a drag has left to render.
   void Flush();
+  /// Ends what the mouse is drawing, as letting go of it does.
+  void EndGesture();
 
   /// Steps by keys on one control with less rest between them, in milliseconds, are one change.
   qint64 OneChange = 1000;

@@ -179,6 +179,56 @@ TEST(History, AColorPickedFromThePhotoIsOneEntryAndEscapeNone) {
   EXPECT_EQ(UndoName(program), "Rotate");
 }
 
+TEST(History, WhatIsBeingDrawnIsSavedWithTheRest) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  program.fileDialogs.files = {program.home.Child("drawn.brvPhoto")};
+  program.Choose("RotateAndFlipRotate90");
+  program.SelectRow("Exposure");
+  // Saved by its key, while the mouse holds a slider.
+  Press(program.Panel(), program.ControlAt(0, 0.5));
+  Move(program.Panel(), program.ControlAt(0, 0.9));
+  const int value = program.Module("Exposure").ControlValue(0).ToInt();
+  ASSERT_NE(value, 50);
+  program.Choose("FileSave");
+  EXPECT_FALSE(program.Window().isWindowModified());
+  EXPECT_EQ(UndoName(program), "Exposure");
+  Move(program.Panel(), program.ControlAt(0, 0.1));
+  EXPECT_EQ(program.Module("Exposure").ControlValue(0).ToInt(), value) << "the drag has ended";
+  Release(program.Panel(), program.ControlAt(0, 0.1));
+  EXPECT_EQ(UndoName(program), "Exposure");
+  program.Choose("EditUndo");
+  EXPECT_EQ(program.Module("Exposure").ControlValue(0).ToInt(), 50);
+  EXPECT_TRUE(program.Window().isWindowModified());
+}
+
+TEST(Arriving, FilesWaitWhileAPictureIsChosen) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  const FolderItem other = program.Photo("other.jpg");
+  program.SelectRow("Overlay");
+  // What was chosen cannot be read, which is told; meanwhile a photo arrives.
+  program.fileDialogs.files = {program.home.Write("broken.jpg", "no picture")};
+  program.dialogs.whileOpen = [&] {
+    program.app->OpenDocument(other);
+    QApplication::processEvents();
+    program.Window().Session().Work().Finish();
+    QApplication::processEvents();
+    EXPECT_EQ(program.Document().Name, "photo");
+  };
+  const int button = [&] {
+    const effectModule& module = program.Module("Overlay");
+    for (int i = 0; i < module.ControlCount(); ++i) {
+      if (module.Control(i).Type == kControlButton) return i;
+    }
+    return -1;
+  }();
+  ASSERT_GE(button, 0);
+  program.Panel().Activate(button);
+  EXPECT_EQ(program.dialogs.messages.size(), 1U);
+  EXPECT_TRUE(Until([&] { return program.Document().Name == "other"; }));
+}
+
 TEST(History, UndoneToWhatIsSavedNothingIsAsked) {
   Program program;
   program.OpenPhoto(program.Photo("photo.jpg"));

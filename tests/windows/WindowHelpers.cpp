@@ -117,6 +117,7 @@ void Settle() {
 
 void AnsweringDialogs::Message(const std::string& message, const std::string& explanation) {
   messages.push_back(explanation.empty() ? message : message + "\n" + explanation);
+  if (const auto meanwhile = std::exchange(whileOpen, nullptr)) meanwhile();
 }
 
 Answer AnsweringDialogs::Ask(const Question& question) {

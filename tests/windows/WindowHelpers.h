@@ -53,7 +53,7 @@ struct AnsweringDialogs final : Dialogs {
   std::vector<std::string> messages;
   std::vector<Question> questions;
   std::deque<Answer> answers;
-  /// Happens while a question is open; once.
+  /// Happens while a message or a question is open; once.
   std::function<void()> whileOpen;
   void Message(const std::string& message, const std::string& explanation) override;
   Answer Ask(const Question& question) override;
