@@ -188,8 +188,8 @@ bool EditOptions::Apply(BrivolantDocument& document, brivolantProcessorLite& pro
     processor.Reset();
     (void)processor.StyleData(*readStyle_->data);
   }
-  if (seed_) processor.Seed(*seed_);
   if (!RunSteps(processor, error)) return false;
+  if (seed_) processor.Seed(*seed_);
   if (blend_) processor.BlendMode(*blend_);
   if (opacity_) processor.BlendAlpha = *opacity_;
   return true;

@@ -222,6 +222,7 @@ class SeedParameter final : public ParameterBase {
   }
   Variant DefaultOnRead() const override { return static_cast<int>(SeedFor(owner_.ID())); }
   Variant ResetValue() const override { return DefaultOnRead(); }
+  Variant Rendered() const override { return static_cast<int>(Value()); }
 
  private:
   effectModule& owner_;

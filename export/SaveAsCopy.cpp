@@ -15,6 +15,13 @@ namespace {
 constexpr LocalizedText kCannotReplace{
     "SaveAsCopy.kCannotReplace",
     "The file \"<filename>\" cannot be replaced: it could not be moved to the trash."};
+constexpr LocalizedText kNotPlaced{
+    "SaveAsCopy.kNotPlaced",
+    "The file \"<filename>\" cannot be replaced: the new one could not be put in its place."};
+constexpr LocalizedText kInTrash{
+    "SaveAsCopy.kInTrash",
+    "The file \"<filename>\" could not be replaced. It is in the trash "
+    "now, and could not be taken out again."};
 /// The share of rendering in the whole; the rest is writing.
 constexpr double kRendering = 0.8;
 
@@ -44,12 +51,17 @@ Outcome Run(const Job& job, const Services& services, const std::function<bool(d
   };
   if (working == job.File) return lacks();
   // What stood there is not lost: it waits in the trash.
-  if (!FolderitemExtensions::MoveToTrash(job.File) || working.MoveFileTo(job.File)) {
-    (void)working.Delete();
-    error = WithPlaceholders(kCannotReplace.Text(), {{"<filename>", job.File.DisplayName()}});
-    return Outcome::kFailed;
-  }
-  return lacks();
+  const auto trashed = FolderitemExtensions::PutInTrash(job.File);
+  if (trashed && !working.MoveFileTo(job.File)) return lacks();
+  (void)working.Delete();
+  // What could not be replaced stands where it was.
+  const bool back = !trashed || FolderitemExtensions::PutBack(*trashed);
+  error = WithPlaceholders((!trashed ? kCannotReplace
+                            : back   ? kNotPlaced
+                                     : kInTrash)
+                               .Text(),
+                           {{"<filename>", job.File.DisplayName()}});
+  return Outcome::kFailed;
 }
 
 }  // namespace brivolant::SaveAsCopy

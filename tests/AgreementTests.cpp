@@ -247,6 +247,22 @@ TEST(Agreement, OfTexturesAtEveryScale) {
   }
 }
 
+TEST(Agreement, OfSoftMasks) {
+  TestServices services;
+  brivolantProcessorLite names(EffectRegistry(), services.services);
+  names.Startup();
+  const int row = RowOf(names, "Shadow & Highlight");
+  const Sizes sizes(4500, 3000, 1200);
+  for (const char* slider : {"Shadows", "Highlights"}) {
+    for (const int blur : {0, 30, 100}) {
+      const Distances distances =
+          Compare(sizes, services, {row, -1, -1, 0, {{slider, 100}, {"Blur", blur}}});
+      EXPECT_LT(distances.ofExport, kBound) << slider << ' ' << blur;
+      EXPECT_GT(distances.ofPhoto, 8) << slider << ' ' << blur;
+    }
+  }
+}
+
 TEST(Agreement, OfTheGrainsOfMattes) {
   TestServices services;
   brivolantProcessorLite names(EffectRegistry(), services.services);

@@ -152,10 +152,10 @@ TEST_F(CommandLine, APictureLaidOverThePhotoIsRenderedOrMissed) {
 }
 
 TEST_F(CommandLine, ChanceRepeatsByItsSeed) {
-  const auto render = [&](const char* name, const std::string& seed) {
+  const auto render = [&](const char* name, const std::string& seed, const char* own = "7") {
     ASSERT_EQ(Cli({"render", image.ShellPath(), "-o", Path(name), "--set", "Confetti.StarCount=40",
-                   "--set", "Confetti.maxSize=3", "--stack", "back", "--enable", "Diffuse",
-                   "--opacity", "0.5", "--seed", seed})
+                   "--set", std::string("Confetti.Seed=") + own, "--set", "Confetti.maxSize=3",
+                   "--stack", "back", "--enable", "Diffuse", "--opacity", "0.5", "--seed", seed})
                   .code,
               0);
   };
@@ -164,6 +164,8 @@ TEST_F(CommandLine, ChanceRepeatsByItsSeed) {
   render("other.png", "13");
   EXPECT_TRUE(Open("one.png").SameAs(Open("same.png")));
   EXPECT_FALSE(Open("one.png").SameAs(Open("other.png")));
+  render("own.png", "12", "8");
+  EXPECT_TRUE(Open("one.png").SameAs(Open("own.png"))) << "what the command line says counts";
 }
 
 TEST_F(CommandLine, EveryKeyOfEveryEffectCanBeSetInBothStacks) {

@@ -295,6 +295,8 @@ TEST_F(Stacks, HostileNumbersSurviveAsTexts) {
   style.Name(0, "From afar");
   Set(kForeground, "Blur", {{"GaussianRadius", 1e30}});
   Set(kForeground, "Exposure", {{"Power", kInfinite}});
+  Set(kForeground, "Mosaic", {{"Seed", 1.5}});
+  Set(kForeground, "Confetti", {{"Seed", kNaN}});
   Set(kForeground, "Greyscale", {{"Type", 99}, {"focalRadius", kNaN}, {"focalXOffset", -1e30}});
   style.StyleData = processor.StyleData();
   const std::string text = StyleSource::Write(style, services);

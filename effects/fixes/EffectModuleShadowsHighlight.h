@@ -17,7 +17,7 @@ class EffectModuleShadowsHighlight final : public effectModule {
 
   SliderParameter<int> Shadows{*this, {"Shadows", 0, 0, {-1000, 1000}}, {kShadow, {}}};
   SliderParameter<int> Highlights{*this, {"Highlights", 0, 0, {-1000, 1000}}, {kHighlight, {}}};
-  /// Radius in pixels of the picture at hand, not scaled.
+  /// Radius in pixels of a photo a thousand pixels high; any other is blurred in proportion.
   SliderParameter<int> Blur{
       *this, {"Blur", 0, 0, {0, 1000}}, {EffectModuleSharedConstants::kBlur, {}}};
 

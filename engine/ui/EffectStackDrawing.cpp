@@ -80,7 +80,9 @@ void EffectStackEditor::DrawAll(QPainter& painter) {
 }
 
 void EffectStackEditor::DrawRow(QPainter& painter, int row, int top) {
-  const effectModule& module = *At(row);
+  const effectModule* const drawn = At(row);
+  if (drawn == nullptr) return;
+  const effectModule& module = *drawn;
   if (const auto* divider = dynamic_cast<const EffectModuleDivider*>(&module)) {
     painter.fillRect(QRect(0, top, width(), kRow), ifkColors::listRowColorOdd());
     const QString icon = ToQString(divider->Icon).section(QLatin1Char('.'), 0, 0);

@@ -1564,6 +1564,14 @@
         <source>The file "&lt;filename&gt;" cannot be replaced: it could not be moved to the trash.</source>
         <translation>Die Datei „&lt;filename&gt;“ kann nicht ersetzt werden: Sie ließ sich nicht in den Papierkorb legen.</translation>
     </message>
+    <message id="SaveAsCopy.kInTrash">
+        <source>The file "&lt;filename&gt;" could not be replaced. It is in the trash now, and could not be taken out again.</source>
+        <translation>Die Datei „&lt;filename&gt;“ konnte nicht ersetzt werden. Sie liegt jetzt im Papierkorb und ließ sich nicht wieder herausnehmen.</translation>
+    </message>
+    <message id="SaveAsCopy.kNotPlaced">
+        <source>The file "&lt;filename&gt;" cannot be replaced: the new one could not be put in its place.</source>
+        <translation>Die Datei „&lt;filename&gt;“ kann nicht ersetzt werden: Die neue ließ sich nicht an ihre Stelle setzen.</translation>
+    </message>
     <message id="SaveAsCopy.kSaving">
         <source>Saving "&lt;filename&gt;"...</source>
         <translation>„&lt;filename&gt;“ wird gesichert ...</translation>
