@@ -62,9 +62,14 @@ void MainWindow::WireBrowser() {
   listening_.push_back(files_.FavoriteAdded.Listen([this](const FolderItem& folder) {
     sidebar_.AddPlace(folder, SidebarController::kFavorites.Text(), "Favorites");
   }));
+  listening_.push_back(sidebar_.Dropped.Listen(
+      [this](const std::vector<FolderItem>& files, const FolderItem& folder) {
+        files_.DropFilesInto(files, folder);
+      }));
   listening_.push_back(
-      sidebar_.Dropped.Listen([this](const std::vector<FolderItem>& files,
-                                     const FolderItem& folder) { CopyFilesInto(files, folder); }));
+      files_.Moved.Listen([this](const FolderItem& before, const FolderItem& after) {
+        search_.Follow(before, after);
+      }));
   listening_.push_back(library_.Changed.Listen([this] { sidebar_.ShowAlbums(iPhotolibrary); }));
   listening_.push_back(search_.Changed.Listen([this] { sidebar_.ShowSearch(currentSearchItem); }));
 }

@@ -154,6 +154,14 @@ void BrowserRows::Remove(int row) {
   if (listIndex_ >= Count()) listIndex_ = Count() - 1;
 }
 
+void BrowserRows::RemoveSelected() {
+  if (selected_ == 0) return;
+  const int first = SelectedRows().front();
+  std::erase_if(rows_, [](const Row& row) { return row.selected; });
+  selected_ = 0;
+  ListIndex(std::min(first, Count() - 1));
+}
+
 void BrowserRows::RemoveAllItems() {
   rows_.clear();
   selected_ = 0;

@@ -48,6 +48,8 @@ class BrowserRows {
   /// False for a payload that the browser does not show.
   bool AddItem(BrowserPayload value);
   void Remove(int row);
+  /// The current row is then the one that followed the first of them, selected.
+  void RemoveSelected();
   void RemoveAllItems();
   /// Takes rows that come sorted, each at its place.
   void Merge(std::vector<Row> rows);

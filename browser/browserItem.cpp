@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "browser/browserItem.h"
 
+#include <algorithm>
+
 #include "files/FolderitemExtensions.h"
 
 namespace brivolant {
@@ -52,6 +54,53 @@ void browserItem::ConvertIconRefToPicture(IconSource& icons) {
 void browserItem::CreateIcon(IconSource& icons) {
   GetIconRef();
   ConvertIconRefToPicture(icons);
+}
+
+namespace {
+
+/// The file of a row, if it is `folder` or lies in it; else nil.
+FolderItem FileWithin(const BrowserPayload& row, const FolderItem& folder) {
+  const auto* item = std::get_if<std::shared_ptr<browserItem>>(&row);
+  const auto* file = item == nullptr ? nullptr : std::get_if<FolderItem>(&(*item)->item);
+  if (file == nullptr) return {};
+  const bool within = *file == folder || file->ShellPath().starts_with(folder.ShellPath() + "/");
+  return within ? *file : FolderItem();
+}
+
+}  // namespace
+
+void browserItemCollection::Follow(const FolderItem& before, const FolderItem& after) {
+  if (after.IsNil()) return Forget(before);
+  if (before.IsNil()) return Restore(after);
+  for (BrowserPayload& row : myItems) {
+    const FolderItem file = FileWithin(row, before);
+    if (file.IsNil()) continue;
+    // A new row: the old one may be in work on other threads.
+    auto moved = std::make_shared<browserItem>(*std::get<std::shared_ptr<browserItem>>(row));
+    const FolderItem place(after.ShellPath() + file.ShellPath().substr(before.ShellPath().size()));
+    moved->Name = place.DisplayName();
+    moved->item = place;
+    row = std::move(moved);
+  }
+}
+
+void browserItemCollection::Forget(const FolderItem& file) {
+  for (auto index = static_cast<std::ptrdiff_t>(myItems.size()) - 1; index >= 0; --index) {
+    const auto row = myItems.begin() + index;
+    if (FileWithin(*row, file).IsNil()) continue;
+    gone_.push_back({index, std::move(*row)});
+    myItems.erase(row);
+  }
+}
+
+void browserItemCollection::Restore(const FolderItem& file) {
+  for (auto gone = static_cast<std::ptrdiff_t>(gone_.size()) - 1; gone >= 0; --gone) {
+    const auto entry = gone_.begin() + gone;
+    if (FileWithin(entry->row, file).IsNil()) continue;
+    const auto index = std::min(entry->index, static_cast<std::ptrdiff_t>(myItems.size()));
+    myItems.insert(myItems.begin() + index, std::move(entry->row));
+    gone_.erase(entry);
+  }
 }
 
 std::vector<FolderItem> FilesOf(const BrowserPayload& payload) {

@@ -88,10 +88,24 @@ class browserItemCollection {
     myItems.at(static_cast<std::size_t>(index)) = std::move(value);
   }
   void Remove(int index) { myItems.erase(myItems.begin() + index); }
-  void RemoveAllItems() { myItems.clear(); }
+  void RemoveAllItems() {
+    myItems.clear();
+    gone_.clear();
+  }
+  /// A file or folder has another place: its row, and those of what lies in it, follow. With
+  /// `after` nil they go; with `before` nil those that went come back where they were.
+  void Follow(const FolderItem& before, const FolderItem& after);
 
  private:
+  struct Gone {
+    std::ptrdiff_t index;
+    BrowserPayload row;
+  };
+  void Forget(const FolderItem& file);
+  void Restore(const FolderItem& file);
+
   std::vector<BrowserPayload> myItems;
+  std::vector<Gone> gone_;
 };
 
 /// The file or files that a payload stands for: none for what exists only here.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "files/FolderitemExtensions.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
@@ -8,12 +9,13 @@
 #include <QDateTime>
 #include <QLocale>
 #include <QString>
-#include <QUrl>
 #include <array>
+#include <cerrno>
 #include <cmath>
 
 #include "files/VolumeItem.h"
-#include "platform/files/AtomicFile.h"
+#include "platform/files/ExclusiveMove.h"
+#include "platform/files/FileAddress.h"
 #include "platform/files/FileNames.h"
 #include "platform/services/SharedFolders.h"
 #include "platform/values/ApplicationName.h"
@@ -105,6 +107,18 @@ Item TopOfVolume(const Item& file) {
   return top;
 }
 
+/// Makes a file that is not there yet; gives the number of the error, EEXIST if it is.
+int WriteNew(const Item& file, std::string_view text) {
+  const int descriptor =
+      open(file.Path().c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  if (descriptor < 0) return errno;
+  const ssize_t written = write(descriptor, text.data(), text.size());
+  const bool whole = written == static_cast<ssize_t>(text.size());
+  if (close(descriptor) == 0 && whole) return 0;
+  (void)file.Delete();
+  return EIO;
+}
+
 /// Moves into one trash folder; `recorded` is the path as its info file tells it.
 std::optional<TrashedFile> MoveInto(const Item& trash, const Item& file,
                                     const std::string& recorded) {
@@ -118,26 +132,25 @@ std::optional<TrashedFile> MoveInto(const Item& trash, const Item& file,
   const std::string base = FileNameWithoutExtension(file);
   const std::string extension = FileExtension(file);
   const std::string ending = extension.empty() ? "" : "." + extension;
-  // The record's name is longer, and must fit as well.
-  std::string name = file.Name().size() + kRecord.size() <= kLongestName
-                         ? file.Name()
-                         : NumberedName(base, 0, ending, kRecord.size());
-  const auto recordOf = [&] { return info.Child(std::string(name).append(kRecord)); };
-  for (int n = 1; files.Child(name).Exists() || files.Child(name).Alias() || recordOf().Exists();
-       ++n) {
-    name = NumberedName(base, n, ending, kRecord.size());
-  }
-  const Item record = recordOf();
   const std::string text =
-      "[Trash Info]\nPath=" +
-      QUrl::toPercentEncoding(QString::fromStdString(recorded), "/").toStdString() +
+      "[Trash Info]\nPath=" + FileAddress::PercentEncoded(recorded) +
       "\nDeletionDate=" + QDateTime::currentDateTime().toString(Qt::ISODate).toStdString() + "\n";
-  if (WriteFileAtomically(record, text)) return std::nullopt;
-  std::error_code error;
-  std::filesystem::rename(file.Path(), files.Child(name).Path(), error);
-  if (!error) return TrashedFile{file, files.Child(name), record};
-  (void)record.Delete();
-  return std::nullopt;
+  for (int n = 0;; ++n) {
+    // The record's name is longer, and must fit as well.
+    const std::string name = n == 0 && file.Name().size() + kRecord.size() <= kLongestName
+                                 ? file.Name()
+                                 : NumberedName(base, n, ending, kRecord.size());
+    // Whoever makes the record has the name, so that two programs never take the same.
+    const Item record = info.Child(std::string(name).append(kRecord));
+    const int recordError = WriteNew(record, text);
+    if (recordError == EEXIST) continue;
+    if (recordError != 0) return std::nullopt;
+    const Item place = files.Child(name);
+    const std::error_code error = MoveExclusively(file, place);
+    if (!error) return TrashedFile{file, place, record};
+    (void)record.Delete();
+    if (error != std::errc::file_exists) return std::nullopt;
+  }
 }
 
 }  // namespace
@@ -173,12 +186,9 @@ bool MoveToTrash(const Item& file) {
 }
 
 bool PutBack(const TrashedFile& trashed) {
-  const Item& target = trashed.Original;
-  if (target.Exists() || target.Alias() || !target.Parent().Directory()) return false;
-  std::error_code error;
-  std::filesystem::rename(trashed.InTrash.Path(), target.Path(), error);
-  if (!error) (void)trashed.Info.Delete();
-  return !error;
+  if (MoveExclusively(trashed.InTrash, trashed.Original)) return false;
+  (void)trashed.Info.Delete();
+  return true;
 }
 
 std::optional<TrashedFile> PutInTrash(const Item& file) {
@@ -292,16 +302,12 @@ bool FolderItemAvailable(const brivolant::Clipboard& clipboard) {
 }
 
 Item FolderItem(const brivolant::Clipboard& clipboard) {
-  const std::string list = clipboard.Data(kUriList);
-  for (const std::string_view line : Split(list, '\n')) {
-    const QUrl url(QString::fromStdString(std::string(Trim(line))));
-    if (url.isLocalFile()) return Item(url.toLocalFile().toStdString());
-  }
-  return {};
+  const std::vector<Item> files = FileAddress::Files(clipboard.Data(kUriList));
+  return files.empty() ? Item() : files.front();
 }
 
 void FolderItem(brivolant::Clipboard& clipboard, const Item& file) {
-  clipboard.Set(file.DisplayName(), kUriList, file.URLPath() + "\r\n");
+  clipboard.Set(file.DisplayName(), kUriList, FileAddress::ListOf({file}));
 }
 
 bool Validate(const Item& file, FileAction action, const FileType* type, Dialogs& dialogs) {

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDropEvent>
 #include <QFile>
 #include <QFileDialog>
 #include <QImage>
@@ -12,10 +13,10 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QThread>
-#include <QUrl>
 
 #include "kit/InterfaceKitSupport.h"
 #include "kit/SvgIcon.h"
+#include "platform/files/FileAddress.h"
 #include "platform/values/Captions.h"
 
 namespace brivolant {
@@ -120,13 +121,19 @@ bool CanTake(const QMimeData& data) {
 
 DragItem TakeDrag(const QMimeData& data) {
   DragItem item;
-  for (const QUrl& url : data.urls()) {
-    if (url.isLocalFile()) item.Files.push_back(FileOf(url.toLocalFile()));
+  // From the bytes of the list: the toolkit's addresses lose names that are not UTF-8.
+  if (data.hasUrls()) {
+    item.Files = FileAddress::Files(data.data(QStringLiteral("text/uri-list")).toStdString());
   }
   if (item.Files.empty() && data.hasImage()) {
     item.Picture = PictureFromImage(qvariant_cast<QImage>(data.imageData()));
   }
   return item;
+}
+
+void AcceptAsCopy(QDropEvent& event) {
+  event.setDropAction(Qt::CopyAction);
+  event.accept();
 }
 
 Answer WidgetDialogs::Show(const Question& question, bool asks) {

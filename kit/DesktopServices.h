@@ -11,6 +11,7 @@
 #include "platform/services/Services.h"
 #include "platform/values/Menu.h"
 
+class QDropEvent;
 class QImage;
 class QMimeData;
 
@@ -36,6 +37,9 @@ struct DragItem {
 /// True if something in it can be taken; asks for no data.
 bool CanTake(const QMimeData& data);
 DragItem TakeDrag(const QMimeData& data);
+/// Takes a drag or a drop as a copy, whatever was proposed: a source that believes in a move
+/// deletes what it gave.
+void AcceptAsCopy(QDropEvent& event);
 
 /// Messages and questions over a window, as sheets of it. May be called from any thread; other
 /// threads wait for the answer.

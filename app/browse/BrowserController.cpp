@@ -127,7 +127,9 @@ void BrowserController::Wire() {
   browser.FolderGone = [this] {
     FolderItem left = imageBrowser->CurrentFolder();
     while (left && !left.Directory()) left = left.Parent();
-    DisplayContainer(left);
+    // Whoever edits a photo goes on doing so.
+    Leaving(left);
+    imageBrowser->DisplayItem(left);
   };
   browser.Navigate = [this](int direction) {
     direction < 0 ? myPathBar->Goback() : myPathBar->GoForward();
@@ -200,7 +202,7 @@ void BrowserController::DisplayInPlace(const BrowserContainer& container) {
 void BrowserController::ShowFiles(const std::vector<FolderItem>& files) {
   if (files.empty()) return;
   imageBrowser->DisplayItem(files.front().Parent());
-  for (const FolderItem& file : files) imageBrowser->HighLightItem(file.DisplayName(), false);
+  imageBrowser->SelectFiles(files);
 }
 
 void BrowserController::ShowBrowserInfo() {
@@ -216,10 +218,9 @@ void BrowserController::ShowEnclosingFolder() {
   const FolderItem folder = imageBrowser->CurrentFolder();
   if (folder.IsNil()) return;
   if (folder.Parent().IsNil()) return DisplayContainer(desk_.Computer());
-  const std::string name = folder.DisplayName();
   DisplayContainer(folder.Parent());
   // One sees where one came from.
-  imageBrowser->HighLightItem(name, false);
+  imageBrowser->SelectFiles({folder});
 }
 
 void BrowserController::ModeChanged() {

@@ -43,8 +43,14 @@ std::string FileController::PasteCaption() const {
 std::string FileController::UndoCaption() const {
   std::string text = Menus::kEditUndo.Text();
   if (steps_.empty()) return text;
-  const bool renamed = steps_.back().trashed.empty();
-  return text + " " + (renamed ? Menus::kFileRename : Menus::kFileMoveToTrash).Text();
+  const Step::Kind kind = steps_.back()->Is;
+  std::string done = (kind == Step::kRename  ? Menus::kFileRename
+                      : kind == Step::kTrash ? Menus::kFileMoveToTrash
+                                             : Menus::kEditCopy)
+                         .Text();
+  // One letter of a caption is underlined, not two.
+  std::erase(done, '&');
+  return text + " " + done;
 }
 
 bool FileController::PicturesSelected() const {

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "app/core/Desk.h"
 #include "app/core/Jobs.h"
+#include "files/FileCopier.h"
 #include "files/FolderitemExtensions.h"
 #include "platform/values/Event.h"
 #include "platform/values/Text.h"
@@ -40,6 +43,12 @@ class FileController {
       "MainWindow.kNotPutBack",
       "The file \"<filename>\" could not be taken out of the trash: its old place is not free."};
   static constexpr LocalizedText kCopying{"FileController.kCopying", "Copying files..."};
+  static constexpr LocalizedText kTrashing{"FileController.kTrashing",
+                                           "Moving files to the trash..."};
+  static constexpr LocalizedText kTakingBack{"FileController.kTakingBack", "Taking back..."};
+  static constexpr LocalizedText kCopyChanged{
+      "FileController.kCopyChanged",
+      "The copy \"<filename>\" stays: it was changed since it was made."};
 
   FileController(const Desk& desk, EditSession& session, Commands& commands,
                  BrowserController& browser);
@@ -48,6 +57,8 @@ class FileController {
 
   /// Copies files into a folder under free names, as a job, then selects them.
   void CopyFilesInto(const std::vector<FolderItem>& files, const FolderItem& folder);
+  /// The same of those that lie elsewhere: what is dropped where it lies stays one.
+  void DropFilesInto(const std::vector<FolderItem>& files, const FolderItem& folder);
   void FileMoveToTrash();
   /// Links to what is selected, in the user's folder of favourites.
   void AddFavoritesMethod();
@@ -55,19 +66,33 @@ class FileController {
 
   /// Something was added to the folder of favourites.
   Event<const FolderItem& /*folder*/> FavoriteAdded;
+  /// A file or folder has another place now: nil before it was brought back, or after it went to
+  /// the trash.
+  Event<const FolderItem& /*before*/, const FolderItem& /*after*/> Moved;
 
  private:
-  /// What undo takes back: files that went to the trash, or a rename.
+  /// What undo takes back: files that went to the trash, a rename, or copies. Known from the start
+  /// of a job, which fills it in.
   struct Step {
+    enum Kind { kTrash, kRename, kCopy } Is = kTrash;
     std::vector<FolderitemExtensions::TrashedFile> trashed;
     FolderItem before;
     FolderItem after;
+    std::vector<FileCopier::Copy> copies;
   };
+  using StepPointer = std::shared_ptr<Step>;
   void AddCommands(Commands& commands);
   void CopyFiles();
   void PasteFiles();
-  void Copied(const FolderItem& folder, const std::vector<std::string>& made);
+  void Copy(const std::vector<FolderItem>& files, const FolderItem& folder, bool thoseElsewhere);
+  void Copied(const FolderItem& folder, const Step& step);
+  /// Does a step in a job; the step goes if nothing of it was done.
+  void Run(const LocalizedText& text, const StepPointer& step,
+           std::function<void(Jobs::Control&)> work, std::function<void()> then);
   void UndoStep();
+  void TakeBack();
+  void TakeBack(const StepPointer& step);
+  void TakeBackCopies(const StepPointer& step);
   bool MoveFile(const FolderItem& from, const FolderItem& to);
   bool RenameFile(const browserItem& item, const std::string& name);
   void SetDesktopPicture();
@@ -82,7 +107,7 @@ class FileController {
   EditSession& session_;
   Commands& commands_;
   BrowserController& browser_;
-  std::vector<Step> steps_;
+  std::vector<StepPointer> steps_;
   Jobs jobs_;
 };
 

@@ -138,6 +138,7 @@ void SearchController::TextChanged() {
     browser_.DisplayInPlace(currentSearchItem);
   }
   browser_.DisplayPath(currentSearchItem, true);
+  moved_.clear();
   mySpotlightSearch.Run();
 }
 
@@ -151,7 +152,13 @@ void SearchController::Completed() {
     const SpotlightItem& hit = mySpotlightSearch.Item(i);
     if (hit.File()) currentSearchItem->AddItem(hit.Row());
   }
+  for (const auto& [before, after] : moved_) currentSearchItem->Follow(before, after);
   browser_.DisplayInPlace(currentSearchItem);
+}
+
+void SearchController::Follow(const FolderItem& before, const FolderItem& after) {
+  if (mySpotlightSearch.Running()) moved_.emplace_back(before, after);
+  if (currentSearchItem) currentSearchItem->Follow(before, after);
 }
 
 void SearchController::End() {

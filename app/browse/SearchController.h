@@ -2,6 +2,8 @@
 #pragma once
 
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "app/browse/BrowserController.h"
 #include "app/core/Desk.h"
@@ -32,6 +34,9 @@ class SearchController {
   SearchController& operator=(const SearchController&) = delete;
 
   void StorePreferences();
+  /// A file has another place, went (`after` is nil) or came back (`before` is nil): what was found
+  /// follows.
+  void Follow(const FolderItem& before, const FolderItem& after);
 
   SpotlightQuery mySpotlightSearch;
   /// What a search of the computer found; null when none is on show.
@@ -49,6 +54,8 @@ class SearchController {
 
   Desk desk_;
   BrowserController& browser_;
+  /// What happened since the search began, which may have been in its folder before.
+  std::vector<std::pair<FolderItem, FolderItem>> moved_;
   QWidget* line_ = nullptr;
   QLabel* place_ = nullptr;
   Listening listening_;

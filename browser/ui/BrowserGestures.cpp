@@ -2,7 +2,7 @@
 // What the browser does at clicks, keys, drags and drops in either view.
 #include <QApplication>
 #include <QDrag>
-#include <QFile>
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
@@ -15,6 +15,7 @@
 #include "browser/ui/multiViewFileBrowser.h"
 #include "kit/DesktopServices.h"
 #include "kit/InterfaceKitSupport.h"
+#include "platform/files/FileAddress.h"
 
 namespace brivolant {
 namespace {
@@ -239,15 +240,14 @@ bool multiViewFileBrowser::HandleKey(QKeyEvent& event, int rowsPerPage, int perR
 // Drags and menus.
 
 std::unique_ptr<QMimeData> multiViewFileBrowser::DragData() const {
-  QList<QUrl> urls;
+  std::vector<FolderItem> files;
   for (const int row : rows_.SelectedRows()) {
-    for (const FolderItem& file : FilesOf(item(row))) {
-      urls << QUrl::fromLocalFile(QFile::decodeName(file.Path().c_str()));
-    }
+    for (FolderItem& file : FilesOf(item(row))) files.push_back(std::move(file));
   }
-  if (urls.isEmpty()) return nullptr;
+  if (files.empty()) return nullptr;
   auto data = std::make_unique<QMimeData>();
-  data->setUrls(urls);
+  data->setData(QStringLiteral("text/uri-list"),
+                QByteArray::fromStdString(FileAddress::ListOf(files)));
   return data;
 }
 
@@ -287,14 +287,26 @@ FolderItem multiViewFileBrowser::DropTarget(int row) const {
   return CurrentFolder();
 }
 
-bool multiViewFileBrowser::AcceptsDrop(const QMimeData& data) const {
-  return data.hasUrls() && FilesDropped != nullptr;
+void multiViewFileBrowser::DragEnter(QDropEvent& event) const {
+  AcceptAsCopy(event);
+  event.setAccepted(event.mimeData()->hasUrls() && FilesDropped);
 }
 
-void multiViewFileBrowser::Drop(const QMimeData& data, int row) {
-  const FolderItem folder = DropTarget(row);
-  const DragItem item = TakeDrag(data);
-  if (folder && !item.Files.empty() && FilesDropped) FilesDropped(item.Files, folder);
+bool multiViewFileBrowser::DragOver(QDropEvent& event, int row) const {
+  const FolderItem target = DropTarget(row);
+  // A hand that slips within a folder does not copy what lies there.
+  const bool slip = event.source() == this && target == CurrentFolder();
+  const bool taken = target && !slip && event.mimeData()->hasUrls() && FilesDropped;
+  AcceptAsCopy(event);
+  event.setAccepted(taken);
+  return taken;
+}
+
+void multiViewFileBrowser::Drop(QDropEvent& event, int row) {
+  if (!DragOver(event, row)) return;
+  const DragItem item = TakeDrag(*event.mimeData());
+  event.setAccepted(!item.Files.empty());
+  if (!item.Files.empty()) FilesDropped(item.Files, DropTarget(row));
 }
 
 }  // namespace brivolant

@@ -282,7 +282,7 @@ void BrowserIconView::keyPressEvent(QKeyEvent* event) {
 }
 
 void BrowserIconView::dragEnterEvent(QDragEnterEvent* event) {
-  if (browser_.AcceptsDrop(*event->mimeData())) event->acceptProposedAction();
+  browser_.DragEnter(*event);
 }
 
 void BrowserIconView::dragMoveEvent(QDragMoveEvent* event) {
@@ -292,11 +292,7 @@ void BrowserIconView::dragMoveEvent(QDragMoveEvent* event) {
   const int over = row >= 0 && target && target != browser_.CurrentFolder() ? row : -1;
   if (over != dropRow_) viewport()->update();
   dropRow_ = over;
-  if (target) {
-    event->acceptProposedAction();
-  } else {
-    event->ignore();
-  }
+  browser_.DragOver(*event, row);
 }
 
 void BrowserIconView::dragLeaveEvent(QDragLeaveEvent*) {
@@ -307,8 +303,7 @@ void BrowserIconView::dragLeaveEvent(QDragLeaveEvent*) {
 void BrowserIconView::dropEvent(QDropEvent* event) {
   dropRow_ = -1;
   const QPoint at = event->position().toPoint();
-  event->acceptProposedAction();
-  browser_.Drop(*event->mimeData(), itemInIconViewAtXY(at.x(), at.y()));
+  browser_.Drop(*event, itemInIconViewAtXY(at.x(), at.y()));
   viewport()->update();
 }
 

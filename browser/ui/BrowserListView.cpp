@@ -235,16 +235,15 @@ void BrowserListView::keyPressEvent(QKeyEvent* event) {
 }
 
 void BrowserListView::dragEnterEvent(QDragEnterEvent* event) {
-  if (browser_.AcceptsDrop(*event->mimeData())) event->acceptProposedAction();
+  browser_.DragEnter(*event);
 }
 
 void BrowserListView::dragMoveEvent(QDragMoveEvent* event) {
-  if (browser_.DropTarget(RowAt(event->position().toPoint().y()))) event->acceptProposedAction();
+  browser_.DragOver(*event, RowAt(event->position().toPoint().y()));
 }
 
 void BrowserListView::dropEvent(QDropEvent* event) {
-  event->acceptProposedAction();
-  browser_.Drop(*event->mimeData(), RowAt(event->position().toPoint().y()));
+  browser_.Drop(*event, RowAt(event->position().toPoint().y()));
 }
 
 }  // namespace brivolant

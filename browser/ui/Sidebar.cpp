@@ -273,12 +273,13 @@ void Sidebar::keyPressEvent(QKeyEvent* event) {
 }
 
 void Sidebar::dragEnterEvent(QDragEnterEvent* event) {
-  if (event->mimeData()->hasUrls() && FilesDropped) event->acceptProposedAction();
+  if (event->mimeData()->hasUrls() && FilesDropped) AcceptAsCopy(*event);
 }
 
 void Sidebar::dragMoveEvent(QDragMoveEvent* event) {
   dropRow_ = RowAt(event->position().toPoint());
   viewport()->update();
+  AcceptAsCopy(*event);
   event->setAccepted(dropRow_ >= 0);
 }
 
@@ -294,7 +295,7 @@ void Sidebar::dropEvent(QDropEvent* event) {
   const auto section = Parent(row);
   const DragItem dropped = TakeDrag(*event->mimeData());
   if (!section || dropped.Files.empty() || !FilesDropped) return;
-  event->acceptProposedAction();
+  AcceptAsCopy(*event);
   const auto target = ItemAt(row);
   FilesDropped(dropped.Files, target, *section);
 }

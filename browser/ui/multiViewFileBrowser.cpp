@@ -236,6 +236,7 @@ void multiViewFileBrowser::DisplayItem(const Container& value) {
     if (real.Alias()) return;
     container = real;
   }
+  wanted_.clear();
   if (!reloading_) {
     before_.clear();
     scaled_.clear();
@@ -245,6 +246,8 @@ void multiViewFileBrowser::DisplayItem(const Container& value) {
     anchor_ = -1;
   }
   rows_.RemoveAllItems();
+  // Nothing is selected now, and what was belongs to another folder.
+  if (!reloading_) UpdatePreview();
   currentView_ = container;
   const FolderItem folder = CurrentFolder();
   Watch(folder);
@@ -278,7 +281,11 @@ void multiViewFileBrowser::ReloadCurrentView() {
     return FolderGone();
   }
   const int current = rows_.ListIndex();
-  const std::string name = current >= 0 ? rows_.Name(current) : std::string();
+  const auto place = [this](int row) {
+    const auto item = rows_.Item(row);
+    return item ? item->File().ShellPath() : rows_.Name(row);
+  };
+  const std::string name = current >= 0 ? place(current) : std::string();
   const int icons = icons_->verticalScrollBar()->value();
   const int list = list_->verticalScrollBar()->value();
   before_.clear();
@@ -289,8 +296,15 @@ void multiViewFileBrowser::ReloadCurrentView() {
   reloading_ = true;
   DisplayItem(Container(currentView_));
   reloading_ = false;
+  if (CurrentFolder().IsNil()) {
+    for (int i = 0; i < rows_.Count(); ++i) {
+      const auto known = before_.find(place(i));
+      if (known != before_.end()) rows_.Select(i, known->second.selected);
+    }
+    before_.clear();
+  }
   for (int i = 0; current >= 0 && i < rows_.Count(); ++i) {
-    if (rows_.Name(i) == name) rows_.MoveTo(i);
+    if (place(i) == name) rows_.MoveTo(i);
   }
   Lay();
   icons_->verticalScrollBar()->setValue(icons);
@@ -304,10 +318,12 @@ void multiViewFileBrowser::TakeListed(std::vector<BrowserRows::Row> rows, bool d
   // What did not change keeps its thumbnail and stays selected.
   for (BrowserRows::Row& row : rows) {
     const auto& item = std::get<std::shared_ptr<browserItem>>(row.tag);
-    const auto known = before_.find(item->File().ShellPath());
+    const std::string path = item->File().ShellPath();
+    row.selected = wanted_.contains(path);
+    const auto known = before_.find(path);
     if (known == before_.end()) continue;
     const auto& old = std::get<std::shared_ptr<browserItem>>(known->second.tag);
-    row.selected = known->second.selected;
+    if (wanted_.empty()) row.selected = known->second.selected;
     if (old->Facts == item->Facts) row.tag = old;
   }
   rows_.Merge(std::move(rows));
@@ -318,8 +334,12 @@ void multiViewFileBrowser::TakeListed(std::vector<BrowserRows::Row> rows, bool d
   Update();
   if (!done) return;
   before_.clear();
+  const bool selects = !std::exchange(wanted_, {}).empty();
   RunGetter();
-  if (std::exchange(slowReload_, false)) RaiseSelectionChanged();
+  if (std::exchange(slowReload_, false) || selects) {
+    if (selects && ListIndex() >= 0) ScrollTo(ListIndex());
+    RaiseSelectionChanged();
+  }
   if (ListChanged) ListChanged();
 }
 
@@ -469,12 +489,10 @@ void multiViewFileBrowser::UnselectAll() {
 
 void multiViewFileBrowser::HighLightItem(const std::string& text, bool partial) {
   int first = -1;
-  const QString wanted = ToQString(text);
   const SearchText part(text);
   for (int i = 0; i < rows_.Count(); ++i) {
     const std::string name = rows_.Name(i);
-    const bool match =
-        partial ? part.In(name) : ToQString(name).compare(wanted, Qt::CaseInsensitive) == 0;
+    const bool match = partial ? part.In(name) : name == text;
     rows_.Select(i, match);
     if (match && first < 0) first = i;
   }
@@ -482,6 +500,31 @@ void multiViewFileBrowser::HighLightItem(const std::string& text, bool partial) 
     rows_.MoveTo(first);
     ScrollTo(first);
   }
+  RaiseSelectionChanged();
+}
+
+void multiViewFileBrowser::SelectFiles(const std::vector<FolderItem>& files) {
+  std::unordered_set<std::string> paths;
+  for (const FolderItem& file : files) paths.insert(file.ShellPath());
+  int first = -1;
+  for (int i = 0; i < rows_.Count(); ++i) {
+    const auto item = rows_.Item(i);
+    const bool match = item && paths.contains(item->File().ShellPath());
+    rows_.Select(i, match);
+    if (match && first < 0) first = i;
+  }
+  if (Listing()) wanted_ = std::move(paths);
+  if (first >= 0) {
+    rows_.MoveTo(first);
+    ScrollTo(first);
+  }
+  RaiseSelectionChanged();
+}
+
+void multiViewFileBrowser::RemoveSelected() {
+  rows_.RemoveSelected();
+  Lay();
+  if (ListIndex() >= 0) ScrollTo(ListIndex());
   RaiseSelectionChanged();
 }
 

@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "browser/BrowserRows.h"
@@ -18,6 +19,7 @@
 #include "kit/AccessibleItems.h"
 #include "platform/values/Text.h"
 
+class QDropEvent;
 class QKeyEvent;
 class QLineEdit;
 class QMenu;
@@ -99,6 +101,11 @@ class multiViewFileBrowser final : public QWidget {
   /// Selects the rows whose names contain the text, or equal it, and shows the first.
   void HighLightItem(const std::string& text, bool partial);
   void Remove(const std::shared_ptr<browserItem>& item);
+  /// Selects the rows of these files alone, and shows the first; those that are still being listed
+  /// as soon as they are there. By their places: names that look alike may be several.
+  void SelectFiles(const std::vector<FolderItem>& files);
+  /// Takes the selected rows away and selects the one that follows them.
+  void RemoveSelected();
   /// The status line.
   std::string GetViewInfo() const;
   void Sort(int column, bool descending);
@@ -167,8 +174,10 @@ class multiViewFileBrowser final : public QWidget {
   void RowsInView(int first, int end);
   /// Where a drop at a row goes: its folder, else the folder on show; nil if it cannot take any.
   FolderItem DropTarget(int row) const;
-  bool AcceptsDrop(const QMimeData& data) const;
-  void Drop(const QMimeData& data, int row);
+  /// Answers a drag over a row: a copy, or nothing. True if it is taken.
+  bool DragOver(QDropEvent& event, int row) const;
+  void DragEnter(QDropEvent& event) const;
+  void Drop(QDropEvent& event, int row);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -211,6 +220,8 @@ class multiViewFileBrowser final : public QWidget {
   /// Rows that were there before a reload, by their paths.
   std::unordered_map<std::string, BrowserRows::Row> before_;
   bool reloading_ = false;
+  /// Paths of files that are to be selected when they are listed.
+  std::unordered_set<std::string> wanted_;
   /// A reload still reads: the selection is told when it ends.
   bool slowReload_ = false;
   QString typed_;

@@ -398,13 +398,13 @@ void EditorDisplay::leaveEvent(QEvent*) {
 }
 
 void EditorDisplay::dragEnterEvent(QDragEnterEvent* event) {
-  if (CanTake(*event->mimeData())) event->acceptProposedAction();
+  if (CanTake(*event->mimeData())) AcceptAsCopy(*event);
 }
 
 void EditorDisplay::dropEvent(QDropEvent* event) {
   const DragItem item = TakeDrag(*event->mimeData());
   if (item.IsEmpty()) return;
-  event->acceptProposedAction();
+  AcceptAsCopy(*event);
   if (Dropped) Dropped(item);
 }
 

@@ -5,11 +5,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QFile>
-#include <QUrl>
 #include <algorithm>
 #include <cerrno>
 
+#include "platform/files/FileAddress.h"
 #include "platform/files/FileNames.h"
 #include "platform/files/WorkingName.h"
 #include "platform/values/Date.h"
@@ -46,9 +45,7 @@ FolderItem FolderItem::Entry(const FolderItem& folder, std::string_view name) {
 }
 
 std::string FolderItem::URLPath() const {
-  return QUrl::fromLocalFile(QFile::decodeName(path_.c_str()))
-      .toString(QUrl::FullyEncoded)
-      .toStdString();
+  return FileAddress::Of(*this);
 }
 
 std::string FolderItem::AbsolutePath() const {

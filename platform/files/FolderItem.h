@@ -28,7 +28,7 @@ class FolderItem {
   /// The absolute path.
   const std::filesystem::path& Path() const { return path_; }
   std::string ShellPath() const { return path_.string(); }
-  /// "file:" URL with percent escapes.
+  /// "file:" URL with percent escapes (FileAddress); its bytes are those of the path.
   std::string URLPath() const;
   /// Volume, folders and name joined by colons.
   std::string AbsolutePath() const;

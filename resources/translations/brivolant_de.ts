@@ -900,9 +900,21 @@
         <source>None</source>
         <translation>Keines</translation>
     </message>
+    <message id="FileController.kCopyChanged">
+        <source>The copy &quot;&lt;filename&gt;&quot; stays: it was changed since it was made.</source>
+        <translation>Die Kopie „&lt;filename&gt;“ bleibt: Sie wurde seither geändert.</translation>
+    </message>
     <message id="FileController.kCopying">
         <source>Copying files...</source>
         <translation>Dateien werden kopiert …</translation>
+    </message>
+    <message id="FileController.kTakingBack">
+        <source>Taking back...</source>
+        <translation>Wird zurückgenommen …</translation>
+    </message>
+    <message id="FileController.kTrashing">
+        <source>Moving files to the trash...</source>
+        <translation>Dateien kommen in den Papierkorb …</translation>
     </message>
     <message id="FolderitemExtensions.kDateAtTime">
         <source>&lt;date&gt; at &lt;time&gt;</source>

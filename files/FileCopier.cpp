@@ -1,0 +1,278 @@
+// SPDX-License-Identifier: MIT
+#include "files/FileCopier.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <memory>
+#include <utility>
+
+#include "files/FolderitemExtensions.h"
+#include "platform/files/ExclusiveMove.h"
+#include "platform/files/FileNames.h"
+#include "platform/files/WorkingName.h"
+
+namespace brivolant {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Bytes between two looks at whether to go on.
+constexpr std::size_t kPart = std::size_t{4} << 20U;
+/// What an entry costs beside its bytes, in bytes.
+constexpr std::uint64_t kEntry = 65536;
+constexpr mode_t kPermissions = 0777;
+
+std::error_code LastError() {
+  return {errno, std::generic_category()};
+}
+
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}
+  ~Descriptor() { (void)Close(); }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  int Number() const { return number_; }
+  bool Close() { return number_ < 0 || close(std::exchange(number_, -1)) == 0; }
+
+ private:
+  int number_;
+};
+
+std::array<timespec, 2> TimesOf(const struct stat& status) {
+  return {status.st_atim, status.st_mtim};
+}
+
+bool Inside(const fs::path& path, const fs::path& root) {
+  const auto [end, rest] = std::mismatch(root.begin(), root.end(), path.begin(), path.end());
+  return end == root.end();
+}
+
+/// The path without links in that of its folder; a link itself stays.
+fs::path WithoutLinks(const fs::path& path) {
+  std::error_code error;
+  const fs::path folder = fs::canonical(path.parent_path(), error);
+  return error ? path.lexically_normal() : folder / path.filename();
+}
+
+/// Comments and ratings that programs keep with a file; not all file systems can.
+void CopyAttributes(int from, int to) {
+  constexpr std::string_view kUsers = "user.";
+  std::array<char, 16384> names{};
+  const ssize_t size = flistxattr(from, names.data(), names.size());
+  for (ssize_t at = 0; at < size;) {
+    const std::string name(names.data() + at);
+    at += static_cast<ssize_t>(name.size()) + 1;
+    if (!name.starts_with(kUsers)) continue;
+    std::array<char, 65536> value{};
+    const ssize_t length = fgetxattr(from, name.c_str(), value.data(), value.size());
+    if (length < 0) continue;
+    (void)fsetxattr(to, name.c_str(), value.data(), static_cast<std::size_t>(length), 0);
+  }
+}
+
+std::uint64_t CostOf(const fs::path& path) {
+  struct stat status {};
+  if (lstat(path.c_str(), &status) != 0) return kEntry;
+  if (!S_ISDIR(status.st_mode)) {
+    return kEntry + (S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0);
+  }
+  std::uint64_t cost = kEntry;
+  for (const FolderItem& inside : FolderItem(path).Children()) cost += CostOf(inside.Path());
+  return cost;
+}
+
+void AddState(const fs::path& path, const std::string& name, std::vector<std::string>& states) {
+  struct stat status {};
+  if (lstat(path.c_str(), &status) != 0) return;
+  std::string state = name;
+  const auto add = [&](auto number) { (state += '\0') += std::to_string(number); };
+  add(status.st_mode);
+  add(status.st_ino);
+  if (S_ISDIR(status.st_mode)) {
+    // Its entries speak for it.
+    for (const FolderItem& inside : FolderItem(path).Children()) {
+      AddState(inside.Path(), name + "/" + inside.Name(), states);
+    }
+  } else {
+    add(status.st_size);
+    add(status.st_mtim.tv_sec);
+    add(status.st_mtim.tv_nsec);
+    add(status.st_ctim.tv_sec);
+    add(status.st_ctim.tv_nsec);
+  }
+  states.push_back(std::move(state));
+}
+
+/// One part of a file; gives the number of bytes, 0 at its end, less than 0 after an error.
+ssize_t CopyPart(int from, int to, std::vector<char>& buffer) {
+  if (buffer.empty()) {
+    const ssize_t count = copy_file_range(from, nullptr, to, nullptr, kPart, 0);
+    if (count > 0) return count;
+    // Not between these two, or a file whose size is not told: by reading and writing.
+    buffer.resize(kPart);
+  }
+  ssize_t count = 0;
+  do {
+    count = read(from, buffer.data(), buffer.size());
+  } while (count < 0 && errno == EINTR);
+  for (ssize_t written = 0; written < count;) {
+    const ssize_t more =
+        write(to, buffer.data() + written, static_cast<std::size_t>(count - written));
+    if (more < 0 && errno == EINTR) continue;
+    if (more <= 0) return -1;
+    written += more;
+  }
+  return count;
+}
+
+}  // namespace
+
+FolderItem FileCopier::FreeName(const FolderItem& folder, const FolderItem& file) {
+  FolderItem target = folder.Child(file.Name());
+  const std::string base = FolderitemExtensions::FileNameWithoutExtension(file);
+  const std::string extension = FolderitemExtensions::FileExtension(file);
+  for (int n = 1; EntryExists(target); ++n) {
+    target = folder.Child(NumberedName(base, n, extension.empty() ? "" : "." + extension));
+  }
+  return target;
+}
+
+std::string FileCopier::StateOf(const FolderItem& item) {
+  std::vector<std::string> states;
+  AddState(item.Path(), {}, states);
+  // A folder lists its entries in any order.
+  std::sort(states.begin(), states.end());
+  std::string all;
+  for (const std::string& state : states) (all += state) += '\n';
+  return all;
+}
+
+bool FileCopier::Tell(std::uint64_t more) {
+  done_ = std::min(done_ + more, all_);
+  return !goOn_ || goOn_(all_ == 0 ? 1 : static_cast<double>(done_) / static_cast<double>(all_));
+}
+
+void FileCopier::CopyInto(const std::vector<FolderItem>& files, const FolderItem& folder) {
+  for (const FolderItem& file : files) {
+    all_ += CostOf(file.Path());
+    if (!Tell(0)) return;
+  }
+  {
+    const GrowingFolder growing(folder.Child("copies"));
+    for (const FolderItem& file : files) {
+      const std::error_code error = growing.Folder()
+                                        ? CopyOne(file, growing.Folder(), folder)
+                                        : std::make_error_code(std::errc::permission_denied);
+      if (error == std::errc::operation_canceled) return;
+      if (!error) continue;
+      failed_.push_back(file);
+      if (error == std::errc::no_space_on_device) break;
+    }
+  }
+  // A card may be emptied, or a stick pulled out, as soon as the copies are there.
+  const Descriptor disk(open(folder.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (disk.Number() >= 0 && !made_.empty()) (void)syncfs(disk.Number());
+}
+
+std::error_code FileCopier::CopyOne(const FolderItem& file, const FolderItem& working,
+                                    const FolderItem& folder) {
+  root_ = WithoutLinks(file.Path());
+  std::error_code error;
+  if (!file.Alias() && Inside(fs::canonical(folder.Path(), error), root_)) {
+    return std::make_error_code(std::errc::invalid_argument);
+  }
+  const FolderItem grown = working.Child(file.Name());
+  error = CopyEntry(file.Path(), grown.Path());
+  FolderItem target;
+  while (!error) {
+    target = FreeName(folder, file);
+    error = MoveExclusively(grown, target);
+    if (!error) break;
+    // Somebody took the name meanwhile: the next one.
+    if (error == std::errc::file_exists) error.clear();
+  }
+  if (error) {
+    std::error_code ignored;
+    fs::remove_all(grown.Path(), ignored);
+    return error;
+  }
+  made_.push_back({target, StateOf(target)});
+  return {};
+}
+
+std::error_code FileCopier::CopyEntry(const Path& from, const Path& to) {
+  if (!Tell(0)) return std::make_error_code(std::errc::operation_canceled);
+  struct stat status {};
+  if (lstat(from.c_str(), &status) != 0) return LastError();
+  std::error_code error = std::make_error_code(std::errc::invalid_argument);
+  if (S_ISDIR(status.st_mode)) error = CopyFolder(from, to);
+  if (S_ISLNK(status.st_mode)) error = CopyLink(from, to);
+  if (S_ISREG(status.st_mode)) error = CopyFile(from, to);
+  if (error) return error;
+  const auto times = TimesOf(status);
+  (void)utimensat(AT_FDCWD, to.c_str(), times.data(), AT_SYMLINK_NOFOLLOW);
+  return Tell(kEntry) ? std::error_code() : std::make_error_code(std::errc::operation_canceled);
+}
+
+std::error_code FileCopier::CopyFile(const Path& from, const Path& to) {
+  const Descriptor source(open(from.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+  if (source.Number() < 0) return LastError();
+  Descriptor target(open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
+  if (target.Number() < 0) return LastError();
+  std::vector<char> buffer;
+  while (true) {
+    const ssize_t count = CopyPart(source.Number(), target.Number(), buffer);
+    if (count < 0) return LastError();
+    if (count == 0) break;
+    if (!Tell(static_cast<std::uint64_t>(count))) {
+      return std::make_error_code(std::errc::operation_canceled);
+    }
+  }
+  struct stat status {};
+  if (fstat(source.Number(), &status) != 0) return LastError();
+  CopyAttributes(source.Number(), target.Number());
+  // Some file systems keep no permissions.
+  (void)fchmod(target.Number(), status.st_mode & kPermissions);
+  return target.Close() ? std::error_code() : LastError();
+}
+
+std::error_code FileCopier::CopyLink(const Path& from, const Path& to) const {
+  std::error_code error;
+  Path leads = fs::read_symlink(from, error);
+  if (error) return error;
+  if (leads.is_relative()) {
+    const Path absolute = (WithoutLinks(from).parent_path() / leads).lexically_normal();
+    if (!Inside(absolute, root_)) leads = absolute;
+  }
+  fs::create_symlink(leads, to, error);
+  return error;
+}
+
+std::error_code FileCopier::CopyFolder(const Path& from, const Path& to) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> open(opendir(from.c_str()), &closedir);
+  if (!open) return LastError();
+  struct stat status {};
+  if (fstat(dirfd(open.get()), &status) != 0) return LastError();
+  // The owner may always write into a copy; else it could not even be taken away again.
+  if (mkdir(to.c_str(), (status.st_mode & kPermissions) | S_IRWXU) != 0) return LastError();
+  // An end and an error look alike but for this.
+  errno = 0;
+  while (const dirent* entry = readdir(open.get())) {
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..") {
+      if (const std::error_code error = CopyEntry(from / name, to / name)) return error;
+    }
+    errno = 0;
+  }
+  return LastError();
+}
+
+}  // namespace brivolant

@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: MIT
+// What is done with files in the browser: that nothing is lost by it, and that it is taken back.
+#include <QApplication>
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QTest>
+#include <QUrl>
+
+#include "BrowsingHelpers.h"
+#include "app/commands/ToolButtons.h"
+#include "browser/ui/ColumnPreview.h"
+#include "browser/ui/Sidebar.h"
+#include "files/FolderitemExtensions.h"
+#include "kit/ifkPathBar.h"
+#include "kit/ifkSearchField.h"
+
+namespace brivolant::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// Types a new name for the one that is selected.
+void Rename(Browsing& program, const std::string& from, const std::string& to) {
+  program.Browser().setFocus();
+  program.Browser().HighLightItem(from, false);
+  program.Browser().BeginRename();
+  QLineEdit* field = program.Browser().RenameField();
+  ASSERT_NE(field, nullptr);
+  field->setText(QString::fromStdString(to));
+  Key(program.Window(), Qt::Key_Return);
+}
+
+TEST(FileWork, ALinkDoesNotTakeTheNameOfItsPhoto) {
+  Browsing program({"photo.jpg"});
+  const FolderItem photo = program.Pictures().Child("photo.jpg");
+  const std::string bytes = ReadFile(photo).value();
+  ASSERT_TRUE(FolderitemExtensions::MakeAlias(photo, program.Pictures().Child("link.jpg")));
+  ASSERT_TRUE(program.Shows({"link.jpg", "photo.jpg"}));
+  Rename(program, "link.jpg", "photo.jpg");
+  EXPECT_EQ(program.dialogs.messages.size(), 1U);
+  EXPECT_FALSE(photo.Alias());
+  EXPECT_EQ(ReadFile(photo), bytes);
+  EXPECT_TRUE(program.Pictures().Child("link.jpg").Alias());
+  // Nor does a second name of the file itself.
+  std::filesystem::create_hard_link(photo.Path(), program.Pictures().Child("second.jpg").Path());
+  ASSERT_TRUE(program.Shows({"link.jpg", "photo.jpg", "second.jpg"}));
+  Rename(program, "second.jpg", "photo.jpg");
+  EXPECT_EQ(program.dialogs.messages.size(), 2U);
+  EXPECT_TRUE(program.Pictures().Child("second.jpg").Exists());
+}
+
+/// A drag over a control and its drop, as from another program that would rather move.
+Qt::DropAction DropToMove(QWidget& control, const std::vector<FolderItem>& files, const QPoint& at,
+                          bool& taken) {
+  QMimeData data;
+  QList<QUrl> urls;
+  for (const FolderItem& file : files) {
+    urls << QUrl::fromLocalFile(QString::fromStdString(file.ShellPath()));
+  }
+  data.setUrls(urls);
+  const Qt::DropActions possible = Qt::CopyAction | Qt::MoveAction;
+  // The key by which one asks for a move.
+  QDragEnterEvent enter(at, possible, &data, Qt::LeftButton, Qt::ShiftModifier);
+  QApplication::sendEvent(&control, &enter);
+  QDragMoveEvent move(at, possible, &data, Qt::LeftButton, Qt::ShiftModifier);
+  QApplication::sendEvent(&control, &move);
+  QDropEvent drop(at, possible, &data, Qt::LeftButton, Qt::ShiftModifier);
+  EXPECT_EQ(drop.proposedAction(), Qt::MoveAction);
+  QApplication::sendEvent(&control, &drop);
+  taken = drop.isAccepted();
+  return drop.dropAction();
+}
+
+TEST(FileWork, ADropIsACopyAndSaysSo) {
+  Browsing program({"a.jpg"});
+  const FolderItem outside = program.Photo("b.jpg", 64, 48);
+  ASSERT_FALSE(program.home.Child("Documents").Child("x").CreateAsFolder());
+  program.Start();
+  ASSERT_TRUE(program.Shows({"a.jpg"}));
+  Sidebar& bar = *program.Window().mySideBar;
+  int documents = -1;
+  for (int i = 0; i < bar.RowCount(); ++i) {
+    if (bar.ItemAt(i) && bar.ItemAt(i)->Caption == "Documents") documents = i;
+  }
+  ASSERT_GE(documents, 0);
+  bool taken = false;
+  const QPoint free(program.Grid().width() - 5, program.Grid().height() - 5);
+  EXPECT_EQ(DropToMove(program.Grid(), {outside}, free, taken), Qt::CopyAction);
+  EXPECT_TRUE(taken);
+  EXPECT_TRUE(program.Shows({"a.jpg", "b.jpg"}));
+  EXPECT_EQ(DropToMove(*bar.viewport(), {outside}, bar.RowRect(documents).center(), taken),
+            Qt::CopyAction);
+  EXPECT_TRUE(Until([&] { return program.home.Child("Documents").Child("b.jpg").Exists(); }));
+  program.Choose("ViewAsList");
+  QWidget& list = *program.Browser().ListView().viewport();
+  const FolderItem third = program.Photo("c.jpg", 64, 48);
+  EXPECT_EQ(DropToMove(list, {third}, {50, list.height() - 5}, taken), Qt::CopyAction);
+  EXPECT_TRUE(program.Shows({"a.jpg", "b.jpg", "c.jpg"}));
+  program.OpenPhoto(outside);
+  EXPECT_EQ(DropToMove(program.Display(), {third}, {50, 50}, taken), Qt::CopyAction);
+  Settle();
+}
+
+TEST(FileWork, ASlipWithinTheFolderCopiesNothing) {
+  Browsing program({"a.jpg", "b.jpg"});
+  const FolderItem outside = program.Photo("c.jpg", 64, 48);
+  bool taken = false;
+  const QPoint free(program.Grid().width() - 5, program.Grid().height() - 5);
+  DropToMove(program.Grid(), {program.Pictures().Child("a.jpg"), outside}, free, taken);
+  // What lay elsewhere comes; what lies here stays one.
+  EXPECT_TRUE(Until([&] { return program.Pictures().Child("c.jpg").Exists(); }));
+  program.Finish();
+  EXPECT_TRUE(program.Shows({"a.jpg", "b.jpg", "c.jpg"}));
+  // Pasted, it is wanted twice.
+  program.Browser().HighLightItem("a.jpg", false);
+  program.Choose("EditCopy");
+  program.Choose("EditPaste");
+  EXPECT_TRUE(program.Shows({"a-1.jpg", "a.jpg", "b.jpg", "c.jpg"}));
+}
+
+TEST(FileWork, CopiesAreTakenBackUnlessTheyWereChanged) {
+  Browsing program({"a.jpg"});
+  const FolderItem one = program.Photo("one.jpg", 64, 48);
+  const FolderItem two = program.Photo("two.jpg", 64, 48);
+  program.Window().CopyFilesInto({one, two}, program.Pictures());
+  program.Finish();
+  ASSERT_TRUE(program.Shows({"a.jpg", "one.jpg", "two.jpg"}));
+  ExpectSoon([&] { return program.Selected(); }, ElementsAre("one.jpg", "two.jpg"));
+  program.home.Write("Pictures/two.jpg", "worked on since");
+  program.Choose("EditUndo");
+  EXPECT_TRUE(program.Shows({"a.jpg", "two.jpg"}));
+  EXPECT_EQ(ReadFile(program.Pictures().Child("two.jpg")), "worked on since");
+  EXPECT_EQ(program.dialogs.messages.size(), 1U);
+  EXPECT_TRUE(one.Exists() && two.Exists());
+  // In the trash, not gone.
+  EXPECT_TRUE(program.home.Child("data/Trash/files/one.jpg").Exists());
+}
+
+TEST(FileWork, NamesThatDifferInCaseAreTwo) {
+  Browsing program({"a.jpg", "A.jpg"});
+  const FolderItem outside = program.Photo("b.jpg", 64, 48);
+  program.home.Write("Pictures/B.JPG", "another");
+  ASSERT_TRUE(Until([&] { return program.Browser().Count() == 3; }));
+  program.Browser().HighLightItem("a.jpg", false);
+  EXPECT_THAT(program.Selected(), ElementsAre("a.jpg"));
+  program.Window().CopyFilesInto({outside}, program.Pictures());
+  program.Finish();
+  ASSERT_TRUE(Until([&] { return program.Browser().Count() == 4; }));
+  ExpectSoon([&] { return program.Selected(); }, ElementsAre("b.jpg"));
+  program.Browser().setFocus();
+  Key(program.Window(), Qt::Key_Delete);
+  program.Finish();
+  EXPECT_EQ(ReadFile(program.Pictures().Child("B.JPG")), "another");
+  EXPECT_FALSE(program.Pictures().Child("b.jpg").Exists());
+}
+
+TEST(FileWork, AFolderThatVanishesLeavesTheEditorAlone) {
+  Browsing program({"a.jpg"});
+  const FolderItem trip = program.Pictures().Child("Trip");
+  ASSERT_FALSE(trip.CreateAsFolder());
+  program.Window().DisplayContainer(trip);
+  ASSERT_TRUE(Until([&] { return program.Listed(trip); }));
+  program.OpenPhoto(program.Pictures().Child("a.jpg"));
+  program.Choose("RotateAndFlipRotate90");
+  ASSERT_FALSE(trip.DeleteFolder());
+  ASSERT_TRUE(Until([&] { return program.Browser().CurrentFolder() == program.Pictures(); }));
+  Settle();
+  EXPECT_EQ(program.Window().DisplayPane, MainWindow::kEditorPane);
+  EXPECT_THAT(program.dialogs.questions, IsEmpty());
+  EXPECT_EQ(program.Document().Name, "a");
+}
+
+TEST(FileWork, AnotherFolderShowsNoPreviewOfTheOneBefore) {
+  Browsing program({"a.jpg"});
+  ASSERT_FALSE(program.Pictures().Child("Trip").CreateAsFolder());
+  ASSERT_TRUE(program.Shows({"Trip", "a.jpg"}));
+  program.Choose("ViewAsColumns");
+  ColumnPreview& preview = program.Browser().previewCanvas();
+  Click(program.Grid(), program.Cell(1));
+  ASSERT_TRUE(Until([&] { return !preview.Shown().isNull(); }));
+  program.Window().DisplayContainer(program.Pictures().Child("Trip"));
+  EXPECT_TRUE(preview.Shown().isNull());
+  EXPECT_THAT(preview.columnPreviewDisplayData(), IsEmpty());
+}
+
+TEST(FileWork, ResultsOfASearchFollowWhatIsDoneWithThem) {
+  Browsing program({"a.jpg"});
+  for (const char* name : {"beach 1.jpg", "beach 2.jpg", "beach 3.jpg"})
+    program.Photo(name, 40, 30);
+  program.Window().mySpotlightSearch.Roots = {program.home.Item()};
+  program.Window().browserSearchField->Menu[0].Checked = false;
+  program.Window().browserSearchField->Menu[1].Checked = true;
+  program.Window().browserSearchField->Text("beach");
+  ASSERT_TRUE(program.Shows({"beach 1.jpg", "beach 2.jpg", "beach 3.jpg"}));
+  program.Browser().setFocus();
+  program.Browser().HighLightItem("beach 2.jpg", false);
+  Key(program.Window(), Qt::Key_Delete);
+  EXPECT_TRUE(program.Shows({"beach 1.jpg", "beach 3.jpg"}));
+  program.Finish();
+  Rename(program, "beach 3.jpg", "hill.jpg");
+  EXPECT_TRUE(program.Shows({"beach 1.jpg", "hill.jpg"}));
+  EXPECT_TRUE(program.Browser().Rows().Item(1)->File().Exists());
+  // Elsewhere and back: what has gone does not come back.
+  program.Window().DisplayContainer(program.Pictures());
+  ASSERT_TRUE(program.Shows({"a.jpg"}));
+  program.Window().myPathBar->Goback();
+  EXPECT_TRUE(program.Shows({"beach 1.jpg", "hill.jpg"}));
+  program.Choose("EditUndo");
+  EXPECT_TRUE(program.Shows({"beach 1.jpg", "beach 3.jpg"}));
+  program.Choose("EditUndo");
+  EXPECT_TRUE(program.Shows({"beach 1.jpg", "beach 2.jpg", "beach 3.jpg"}));
+  EXPECT_TRUE(program.home.Child("beach 2.jpg").Exists());
+}
+
+}  // namespace
+}  // namespace brivolant::test
