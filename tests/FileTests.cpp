@@ -2,8 +2,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
+#include <atomic>
 #include <csignal>
+#include <thread>
 
 #include "Helpers.h"
 #include "files/FolderitemExtensions.h"
@@ -230,6 +233,30 @@ TEST(AtomicFile, TheOldContentStaysUntilTheNewIsWhole) {
   EXPECT_EQ(std::filesystem::status(file.Path()).permissions(),
             std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
   EXPECT_TRUE(WriteFileAtomically(FolderItem("/proc/none"), "x"));
+}
+
+TEST(AtomicFile, NewFilesAreAsOpenAsTheUserWantsHoweverManyAreWritten) {
+  TemporaryFolder folder;
+  constexpr mode_t kMask = 027;
+  constexpr int kThreads = 8;
+  constexpr int kFiles = 800;
+  const mode_t before = umask(kMask);
+  std::atomic<int> others = 0;
+  {
+    std::vector<std::jthread> threads;
+    for (int thread = 0; thread < kThreads; ++thread) {
+      threads.emplace_back([file = folder.Child(std::to_string(thread)), &others] {
+        for (int i = 0; i < kFiles; ++i) {
+          struct stat status {};
+          const bool written = !WriteFileAtomically(file, "x") &&
+                               stat(file.Path().c_str(), &status) == 0 && !file.Delete();
+          if (!written || (status.st_mode & 0777) != (0666 & ~kMask)) ++others;
+        }
+      });
+    }
+  }
+  EXPECT_EQ(umask(before), kMask);
+  EXPECT_EQ(others, 0);
 }
 
 TEST(AtomicFile, AFullDiskChangesNothing) {

@@ -17,14 +17,11 @@ std::error_code LastError() {
   return {errno, std::generic_category()};
 }
 
-/// The permissions a plain new file would get; the umask is only readable by setting it, so a
-/// replaced file's own mode is preferred.
-mode_t ModeFor(const FolderItem& target) {
+/// Who may do what with a file; nothing if it is not there.
+std::optional<mode_t> ModeOf(const FolderItem& file) {
   struct stat status {};
-  if (stat(target.Path().c_str(), &status) == 0) return status.st_mode & 07777;
-  const mode_t mask = umask(0);
-  umask(mask);
-  return 0666 & ~mask;
+  if (stat(file.Path().c_str(), &status) != 0) return std::nullopt;
+  return status.st_mode & 07777;
 }
 
 }  // namespace
@@ -40,15 +37,22 @@ AtomicFile::AtomicFile(const FolderItem& target) : target_(target) {
     error_ = std::make_error_code(std::errc::invalid_argument);
     return;
   }
-  int suffix = 0;
-  std::string pattern = WorkingName::PatternBeside(target_, suffix);
-  descriptor_ = mkostemps(pattern.data(), suffix, O_CLOEXEC);
+  mode_ = ModeOf(target_);
+  // What is new gets what the system gives to new files; the umask cannot be asked for without
+  // setting it for all threads. What replaces another file is closed to others until it is done.
+  const mode_t mode = mode_ ? S_IRUSR | S_IWUSR : 0666;
+  constexpr int kTries = 8;
+  for (int i = 0; i < kTries && descriptor_ < 0; ++i) {
+    working_ = WorkingName::Beside(target_, true);
+    descriptor_ = open(working_.Path().c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    if (descriptor_ < 0 && errno != EEXIST) break;
+  }
   if (descriptor_ < 0) {
     error_ = LastError();
+    working_ = FolderItem();
     return;
   }
   WorkingName::Lock(descriptor_);
-  working_ = FolderItem(std::filesystem::path(pattern));
 }
 
 AtomicFile::~AtomicFile() {
@@ -69,7 +73,8 @@ std::error_code AtomicFile::Write(std::string_view bytes) {
 
 std::error_code AtomicFile::Commit() {
   if (error_) return error_;
-  if (fchmod(descriptor_, ModeFor(target_)) != 0 || fsync(descriptor_) != 0) {
+  if (const std::optional<mode_t> now = ModeOf(target_)) mode_ = now;
+  if ((mode_ && fchmod(descriptor_, *mode_) != 0) || fsync(descriptor_) != 0) {
     return error_ = LastError();
   }
   if (close(std::exchange(descriptor_, -1)) != 0) return error_ = LastError();

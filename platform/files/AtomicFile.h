@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <sys/types.h>
+
+#include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -22,8 +25,6 @@ class AtomicFile {
 
   /// Empty if the working file could be created.
   std::error_code Error() const { return error_; }
-  /// Where to write.
-  const FolderItem& WorkingFile() const { return working_; }
   /// Open for writing, owned by this object.
   int Descriptor() const { return descriptor_; }
 
@@ -35,6 +36,8 @@ class AtomicFile {
   FolderItem target_;
   FolderItem working_;
   int descriptor_ = -1;
+  /// Of the file that is replaced.
+  std::optional<mode_t> mode_;
   std::error_code error_;
 };
 

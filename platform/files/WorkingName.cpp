@@ -179,12 +179,6 @@ FolderItem WorkingName::Beside(const FolderItem& target, bool extension) {
       NameFor(target, letters, extension ? ExtensionOf(target) : std::string()));
 }
 
-std::string WorkingName::PatternBeside(const FolderItem& target, int& suffix) {
-  const std::string extension = ExtensionOf(target);
-  suffix = static_cast<int>(extension.size());
-  return (target.Path().parent_path() / NameFor(target, "XXXXXX", extension)).string();
-}
-
 void WorkingName::Lock(int descriptor) {
   // Nobody else knows the file yet, so this never waits.
   (void)flock(descriptor, LOCK_EX | LOCK_NB);

@@ -23,9 +23,6 @@ namespace WorkingName {
 /// A free name beside `target`: hidden, with the extension of the target if `extension` is set,
 /// since some encoders look at it.
 FolderItem Beside(const FolderItem& target, bool extension);
-/// The same for mkostemps, which puts its own letters for the six X; `suffix` gets how many bytes
-/// follow them.
-std::string PatternBeside(const FolderItem& target, int& suffix);
 /// Marks an open file or folder as growing as long as `descriptor` is open. A file system without
 /// locks is no error: then nothing there is ever swept.
 void Lock(int descriptor);
