@@ -40,4 +40,15 @@ class PreviewDisplay {
   virtual void Update(bool full) = 0;
 };
 
+/// Renders the previews of a processor elsewhere, and tells it of them by BeginPreview and
+/// EndPreview.
+class PreviewMaker {
+ public:
+  virtual ~PreviewMaker() = default;
+  /// A preview of what the processor holds is wanted; `full` if everything is to be made anew.
+  virtual void Request(bool full) = 0;
+  /// One is being rendered.
+  virtual bool Running() const = 0;
+};
+
 }  // namespace brivolant

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "engine/EditorInterfaces.h"
+#include "engine/PreviewRequest.h"
 #include "engine/brivolantProcessorLite.h"
 #include "engine/pictures/SharedPictureEffects.h"
 #include "formats/BrivolantDocument.h"
@@ -30,6 +31,20 @@ Picture ScaledTo(const Picture& picture, const std::optional<Point>& size) {
                                      SharedPictureEffects::kScaleExactly);
 }
 
+/// Asks while it lives.
+class Asking {
+ public:
+  Asking(std::function<bool()>& place, const std::function<bool()>& goOn) : place_(place) {
+    place_ = goOn;
+  }
+  ~Asking() { place_ = nullptr; }
+  Asking(const Asking&) = delete;
+  Asking& operator=(const Asking&) = delete;
+
+ private:
+  std::function<bool()>& place_;
+};
+
 const Point* Address(const std::optional<Point>& point) {
   return point ? &*point : nullptr;
 }
@@ -46,14 +61,19 @@ double brivolantProcessorLite::ConsistencyScaleFor(int width, int height) {
   return height * byWidth > kReferenceSize ? height / kReferenceSize : byWidth;
 }
 
-double brivolantProcessorLite::PreviewScale() const {
+double brivolantProcessorLite::PreviewScale(const Picture& original, const ImageGeometry& geometry,
+                                            const Picture& base) {
   // A small portrait would be measured by its width where the full picture is by its height. What
   // is shown is that picture, reduced.
-  int width = Document->Width();
-  int height = Document->Height();
-  if (Document->QuarterTurned()) std::swap(width, height);
-  if (width <= 0 || height <= 0) return ConsistencyScaleFor(Document->PreviewBase);
-  return ConsistencyScaleFor(width, height) * Document->PreviewBase.Width() / width;
+  int width = DocumentPreviews::Width(original, geometry);
+  int height = DocumentPreviews::Height(original, geometry);
+  if (geometry.QuarterTurned()) std::swap(width, height);
+  if (width <= 0 || height <= 0) return ConsistencyScaleFor(base);
+  return ConsistencyScaleFor(width, height) * base.Width() / width;
+}
+
+double brivolantProcessorLite::DocumentScale() const {
+  return PreviewScale(Document->ImageOriginal(), Document->Geometry(), Document->PreviewBase);
 }
 
 void brivolantProcessorLite::RunModules(const StackList& stack, int first, int last,
@@ -85,9 +105,8 @@ void brivolantProcessorLite::RunModules(const StackList& stack, int first, int l
 }
 
 bool brivolantProcessorLite::Stopped() {
-  if (!counting_ || !Progress) return false;
-  stopped_ = stopped_ || !Progress(1.0 * modulesDone_ / std::max(modulesToDo_, 1));
-  ++modulesDone_;
+  if (!goOn_) return false;
+  stopped_ = stopped_ || !goOn_();
   return stopped_;
 }
 
@@ -130,15 +149,18 @@ Picture brivolantProcessorLite::Compose(Picture background, const Picture& foreg
 Picture brivolantProcessorLite::Process(Picture source, PastedFiles pasted) {
   pasted_ = std::move(pasted);
   warnings_.clear();
-  counting_ = true;
   stopped_ = false;
-  modulesDone_ = 0;
-  modulesToDo_ = EnabledModules();
+  std::function<bool()> goOn;
+  if (Progress) {
+    goOn = [this, done = 0, all = std::max(EnabledModules(), 1)]() mutable {
+      return Progress(1.0 * done++ / all);
+    };
+  }
+  const Asking asking(goOn_, goOn);
   // The preview goes on as if this render had not been.
   const double scaleBefore = consistencyScale;
   Picture result = ProcessLayers(std::move(source));
   consistencyScale = scaleBefore;
-  counting_ = false;
   return stopped_ ? Picture() : result;
 }
 
@@ -175,21 +197,27 @@ void brivolantProcessorLite::ResetEffectCache() {
 }
 
 void brivolantProcessorLite::rebuildCurrentPointCache() {
-  if (Document == nullptr || Document->PreviewBase.IsNil()) return;
+  if (myRenderer != nullptr || Document == nullptr || Document->PreviewBase.IsNil()) return;
   pasted_ = Document->PastedImages();
-  consistencyScale = PreviewScale();
-  cacheCurrentStack = SharedPictureEffects::Clone(Document->PreviewBase, 24, true);
+  MakePointCache(Document->PreviewBase, DocumentScale());
+}
+
+void brivolantProcessorLite::MakePointCache(const Picture& base, double scale) {
+  consistencyScale = scale;
+  cacheCurrentStack = {};
+  Picture cache = SharedPictureEffects::Clone(base, 24, true);
   const StackList& stack = Current();
   const int last = std::min(cacheCurrentStackPoint, static_cast<int>(stack.size()));
   foregroundScaleTopleft.reset();
   foregroundScaleSize.reset();
-  RunModules(stack, 0, last, cacheCurrentStack);
+  RunModules(stack, 0, last, cache);
   cachedTopleft_ = foregroundScaleTopleft;
   cachedSize_ = foregroundScaleSize;
+  if (!stopped_) cacheCurrentStack = std::move(cache);
 }
 
 void brivolantProcessorLite::UpdatePreview(bool full) {
-  if (full && Document != nullptr) {
+  if (full && Document != nullptr && myRenderer == nullptr) {
     Document->ResetPreviews();
     warnings_.clear();
     cacheBackgroundLayer = {};
@@ -199,7 +227,7 @@ void brivolantProcessorLite::UpdatePreview(bool full) {
   RunRoutine(full);
 }
 
-void brivolantProcessorLite::RenderPreview() {
+void brivolantProcessorLite::RenderDocument() {
   BrivolantDocument& document = *Document;
   pasted_ = document.PastedImages();
   const int width = myDisplay->Width();
@@ -213,34 +241,93 @@ void brivolantProcessorLite::RenderPreview() {
     rebuildCurrentPointCache();
   }
   if (document.PreviewBase.IsNil()) return;
-  const double scale = PreviewScale();
-  document.PreviewAfter = cacheCurrentStack;
+  if (const auto after = RenderPreview(document.PreviewBase, DocumentScale(), {})) {
+    document.PreviewAfter = *after;
+  }
+}
+
+std::optional<Picture> brivolantProcessorLite::RenderPreview(const Picture& base, double scale,
+                                                             const std::function<bool()>& goOn) {
+  stopped_ = false;
+  const Asking asking(goOn_, goOn);
+  if (cacheCurrentStack.IsNil()) MakePointCache(base, scale);
+  if (stopped_) return std::nullopt;
+  Picture after = cacheCurrentStack;
   // Where the layer lies follows from the modules of this render, those in the cache among them.
   foregroundScaleTopleft = cachedTopleft_;
   foregroundScaleSize = cachedSize_;
-  document.PreviewAfter =
-      RunStack(document.PreviewAfter, CurrentStack, cacheCurrentStackPoint, scale);
-  if (CurrentStack != kForeground) return;
-  const bool covers = document.PreviewAfter.Width() == document.PreviewBase.Width() &&
-                      document.PreviewAfter.Height() == document.PreviewBase.Height();
-  if (ForegroundIsOpaque() && !foregroundScaleSize && covers) return;
-  if (cacheBackgroundLayer.Width() != document.PreviewBase.Width() ||
-      cacheBackgroundLayer.Height() != document.PreviewBase.Height()) {
-    cacheBackgroundLayer = SharedPictureEffects::Clone(document.PreviewBase, 24, true);
-    cacheBackgroundLayer = RunStack(cacheBackgroundLayer, kBackground, 0, scale);
+  (void)RunStack(after, CurrentStack, cacheCurrentStackPoint, scale);
+  if (stopped_) return std::nullopt;
+  if (CurrentStack != kForeground) return after;
+  const bool covers = after.Width() == base.Width() && after.Height() == base.Height();
+  if (ForegroundIsOpaque() && !foregroundScaleSize && covers) return after;
+  if (cacheBackgroundLayer.Width() != base.Width() ||
+      cacheBackgroundLayer.Height() != base.Height()) {
+    cacheBackgroundLayer = {};
+    Picture background = SharedPictureEffects::Clone(base, 24, true);
+    (void)RunStack(background, kBackground, 0, scale);
+    if (stopped_) return std::nullopt;
+    cacheBackgroundLayer = std::move(background);
   }
-  document.PreviewAfter =
-      Compose(cacheBackgroundLayer, ScaledTo(document.PreviewAfter, foregroundScaleSize));
+  return Compose(cacheBackgroundLayer, ScaledTo(after, foregroundScaleSize));
 }
 
 void brivolantProcessorLite::RunRoutine(bool full) {
+  if (myRenderer != nullptr) return myRenderer->Request(full);
   const double start = Microseconds();
   debugProcessTime = start;
   if (UpdateStarted) UpdateStarted();
-  if (Document != nullptr && myDisplay != nullptr) RenderPreview();
+  if (Document != nullptr && myDisplay != nullptr) RenderDocument();
   if (myDisplay != nullptr) myDisplay->Update(full);
   debugProcessTime = Microseconds() - start;
   nonLiveMode = debugProcessTime > kSlow;
+  if (UpdateFinished) UpdateFinished();
+}
+
+bool brivolantProcessorLite::Running() const {
+  return myRenderer != nullptr && myRenderer->Running();
+}
+
+PreviewRequest brivolantProcessorLite::BeginPreview(bool full) {
+  if (UpdateStarted) UpdateStarted();
+  PreviewRequest request;
+  request.Full = full;
+  if (Document == nullptr || myDisplay == nullptr) return request;
+  const int margin = static_cast<int>(std::lround(kPreviewMargin * myDisplay->PixelRatio()));
+  request.Original = Document->ImageOriginal();
+  request.Geometry = Document->Geometry();
+  request.Width = myDisplay->Width() - margin;
+  request.Height = myDisplay->Height() - margin;
+  for (const Stack number : {kForeground, kBackground}) {
+    request.Stacks.at(number).reserve(stacks.at(number).size());
+    for (const auto& module : stacks.at(number)) {
+      request.Stacks.at(number).push_back({module->ID(), module->Settings()});
+    }
+  }
+  request.BlendAlpha = BlendAlpha;
+  request.BlendMode = BlendMode();
+  request.CurrentStack = CurrentStack;
+  request.CachePoint = cacheCurrentStackPoint;
+  request.Pasted = Document->PastedImages();
+  return request;
+}
+
+void brivolantProcessorLite::EndPreview(const PreviewResult* result, bool full) {
+  if (result != nullptr) {
+    if (Document != nullptr && myDisplay != nullptr) {
+      Document->PreviewBefore = result->Before;
+      Document->PreviewBase = result->Base;
+      Document->PreviewAfter = result->After;
+    }
+    foregroundScaleTopleft = result->ScaleTopleft;
+    foregroundScaleSize = result->ScaleSize;
+    consistencyScale = result->ConsistencyScale;
+    if (full) warnings_.clear();
+    for (const std::string& sentence : result->Warnings) Warn(sentence);
+    if (myDisplay != nullptr) myDisplay->Update(full);
+    debugProcessTime = result->Microseconds;
+    nonLiveMode = debugProcessTime > kSlow;
+  }
   if (UpdateFinished) UpdateFinished();
 }
 

@@ -17,8 +17,12 @@
 namespace brivolant {
 
 class BrivolantDocument;
-class PreviewDisplay;
 class EffectPanel;
+class PreviewDisplay;
+class PreviewMaker;
+struct ImageGeometry;
+struct PreviewRequest;
+struct PreviewResult;
 
 /// Runs the effects of one open document: two stacks of modules, each over its own copy of the
 /// image, composed foreground over background. Renders the preview and the full-size result, and
@@ -74,10 +78,15 @@ class brivolantProcessorLite {
 
   // Rendering.
 
-  /// Renders the preview; `full` drops all caches and previews first.
+  /// Renders the preview; `full` drops all caches and previews first. Where myRenderer is set the
+  /// old previews stay until the new ones come.
   void UpdatePreview(bool full);
   /// Renders the preview with the caches there are.
   void RunRoutine(bool full);
+  /// For who renders elsewhere: raises UpdateStarted, and gives what the preview follows from now.
+  PreviewRequest BeginPreview(bool full);
+  /// The end of what was begun: shows the result, if there is one, and raises UpdateFinished.
+  void EndPreview(const PreviewResult* result, bool full);
   /// The picture for the display, with the selected module's marks; nil without a document.
   Picture Preview();
   /// The full-size result. Without any module enabled it equals the source. Nil if Progress
@@ -95,8 +104,8 @@ class brivolantProcessorLite {
   const std::vector<std::string>& Warnings() const { return warnings_; }
   void ResetEffectCache();
   void rebuildCurrentPointCache();
-  /// Rendering is done when a call returns: always false.
-  bool Running() const { return false; }
+  /// A preview is being rendered elsewhere. What is rendered here is done when a call returns.
+  bool Running() const;
 
   int BlendMode() const { return Blender.BlendMode; }
   void BlendMode(int mode) { Blender.BlendMode = mode; }
@@ -107,10 +116,16 @@ class brivolantProcessorLite {
   /// The factor by which a picture differs from the reference size of 640 pixels.
   static double ConsistencyScaleFor(const Picture& picture);
   static double ConsistencyScaleFor(int width, int height);
+  /// The scale of a preview's lengths: that of the full picture, reduced as the preview is. `base`
+  /// is the preview before the effects.
+  static double PreviewScale(const Picture& original, const ImageGeometry& geometry,
+                             const Picture& base);
 
   std::vector<StackList> stacks;  ///< kForeground and kBackground.
   EffectPanel* myEffectEditor = nullptr;
   PreviewDisplay* myDisplay = nullptr;
+  /// Renders the previews elsewhere; null to render them within the calls.
+  PreviewMaker* myRenderer = nullptr;
   BrivolantDocument* Document = nullptr;
   int CurrentStack = kForeground;
   /// Opacity of the foreground, 0.0 to 1.0.
@@ -141,6 +156,7 @@ class brivolantProcessorLite {
   std::function<void(effectModule&)> ModuleCreated;
 
  private:
+  friend class PreviewRenderer;
   StackList& Current() { return stacks.at(static_cast<std::size_t>(CurrentStack)); }
   const StackList& Current() const { return stacks.at(static_cast<std::size_t>(CurrentStack)); }
   int PositionOf(std::string_view id) const;
@@ -151,14 +167,18 @@ class brivolantProcessorLite {
   /// Applies modules `first` to `last` - 1; consecutive tone curves go over the pixels once.
   void RunModules(const StackList& stack, int first, int last, Picture& picture);
   Picture RunStack(Picture& picture, int stack, int start, double scale);
-  /// The scale of the preview's lengths: that of the full picture, reduced as the preview is.
-  double PreviewScale() const;
-  void RenderPreview();
+  double DocumentScale() const;
+  void RenderDocument();
+  /// Applies the stacks to the preview's base, with what the caches hold of it. Nothing once
+  /// `goOn`, asked before each module, says no.
+  std::optional<Picture> RenderPreview(const Picture& base, double scale,
+                                       const std::function<bool()>& goOn);
+  void MakePointCache(const Picture& base, double scale);
   Picture ProcessLayers(Picture source);
   /// True if nothing of the background can show through a foreground that covers it.
   bool ForegroundIsOpaque() const { return BlendMode() == 0 && BlendAlpha >= 1.0F; }
   bool ForegroundMayBePlaced() const;
-  /// Tells Progress of one more module; true once the render is to stop.
+  /// Asks before one more module; true once the render is to stop.
   bool Stopped();
   int EnabledModules() const;
   Picture Compose(Picture background, const Picture& foreground);
@@ -177,11 +197,9 @@ class brivolantProcessorLite {
   std::optional<Point> cachedTopleft_;
   std::optional<Point> cachedSize_;
   Picture PostBuffer;
-  // Of a full-size render.
-  bool counting_ = false;
+  /// Asked before each module of the render under way; empty for one that nothing stops.
+  std::function<bool()> goOn_;
   bool stopped_ = false;
-  int modulesDone_ = 0;
-  int modulesToDo_ = 0;
 };
 
 }  // namespace brivolant

@@ -33,6 +33,11 @@ void effectModule::Settings(const Dictionary& settings) {
   Enabled(settings.Lookup(kEnabledKey, false).ToBool());
 }
 
+void effectModule::Restore(const Dictionary& settings) {
+  loadSettings(settings);
+  mEnabled = settings.Lookup(kEnabledKey, false).ToBool();
+}
+
 void effectModule::Enabled(bool enabled) {
   mEnabled = enabled;
   EnabledStateChanged();

@@ -69,6 +69,9 @@ class effectModule {
   Dictionary Settings() const;
   /// Restores parameters; a missing key restores its default. Raises EnabledStateChanged.
   void Settings(const Dictionary& settings);
+  /// The same without the event: for a copy that only renders, to which nothing is added that the
+  /// module it stands for does not have.
+  void Restore(const Dictionary& settings);
 
   bool Enabled() const { return mEnabled; }
   void Enabled(bool enabled);

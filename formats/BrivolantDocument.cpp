@@ -3,16 +3,12 @@
 
 #include <sys/stat.h>
 
-#include <algorithm>
-#include <cmath>
-
 #include "engine/pictures/PictureEffects.h"
 #include "engine/pictures/SharedPictureEffects.h"
 #include "files/FolderitemExtensions.h"
 #include "formats/DocumentParts.h"
 #include "formats/ImageFile.h"
 #include "formats/PictureStrings.h"
-#include "platform/pictures/kernels/ComposeKernels.h"
 #include "platform/values/SharedComponents.h"
 
 namespace brivolant {
@@ -129,93 +125,19 @@ Picture BrivolantDocument::Image() {
   return SetOrientation(SharedPictureEffects::Clone(ImageOriginal(), 24, false));
 }
 
-namespace {
-
-/// Where a crop begins and how long it is along one side: what lies inside the picture, one pixel
-/// at least. The fractions come from files and may be any numbers.
-struct Cut {
-  Cut(double offset, double size, int whole) {
-    const auto pixels = [whole](double fraction) {
-      // Single precision, as crops have always been reckoned.
-      const double limited = std::min(std::max(0.0, fraction), 1.0);
-      return std::min(static_cast<int>(static_cast<float>(limited) * static_cast<float>(whole)),
-                      whole);
-    };
-    first = std::max(std::min(pixels(offset), whole - 1), 0);
-    length = std::min(std::max(pixels(size), 1), whole - first);
-  }
-  int first;
-  int length;
-};
-
-/// A part of a picture and its mask.
-Picture Cropped(const Picture& picture, const Pair& offset, const Pair& size) {
-  const auto [x, w] = Cut(offset.Left, size.Left, picture.Width());
-  const auto [y, h] = Cut(offset.Right, size.Right, picture.Height());
-  Picture part = Picture::Uninitialized(w, h, 32);
-  if (part.IsNil()) return part;
-  part.HorizontalResolution = picture.HorizontalResolution;
-  part.VerticalResolution = picture.VerticalResolution;
-  kernels::CopyArea(picture.View(), x, y, part.Edit());
-  if (const Plane* mask = picture.Mask()) {
-    Plane maskPart = Plane::Uninitialized(w, h);
-    if (!maskPart.IsNil()) kernels::CopyArea(mask->View(), x, y, maskPart.Edit());
-    part.SetMask(std::move(maskPart));
-  }
-  return part;
+ImageGeometry BrivolantDocument::Geometry() const {
+  return {Crop, CropOffSet, CropSize, Orientation, Rotation, Flip};
 }
-
-}  // namespace
 
 Picture BrivolantDocument::SetOrientation(const Picture& picture) const {
-  if (picture.IsNil()) return picture;
-  Picture result = Crop ? Cropped(picture, CropOffSet, CropSize) : picture;
-  if (Orientation == 1 && !result.IsNil()) {
-    result = SharedPictureEffects::Scale(result, result.Height(), result.Width(),
-                                         SharedPictureEffects::kScaleToFill);
-  }
-  return Turned(std::move(result));
-}
-
-Picture BrivolantDocument::Turned(Picture picture) const {
-  if (Rotation >= 1 && Rotation <= 3) {
-    picture = SharedPictureEffects::Rotate(picture, Rotation * 90, kWhite, 1);
-  }
-  if (Flip == 1) return SharedPictureEffects::Flip(picture, 0);
-  if (Flip == 2) return SharedPictureEffects::Flip(picture, 1);
-  return picture;
+  return DocumentPreviews::Turned(picture, Geometry());
 }
 
 void BrivolantDocument::GeneratePreviews(int width, int height) {
-  using namespace SharedPictureEffects;
-  const PreviewKey key{width, height, Crop, CropOffSet, CropSize, Orientation, Rotation, Flip};
-  // Most calls follow a change of the effects alone: then the scaled pictures are those of before.
-  if (!scaledBefore_.IsNil() && previewKey_ == key) {
-    PreviewBefore = scaledBefore_;
-    PreviewBase = scaledBase_;
-  } else {
-    const bool plain = !Crop && Orientation != 1 && Rotation == 0 && Flip == 0;
-    if (scaledBefore_.IsNil() || previewKey_.Width != width || previewKey_.Height != height) {
-      scaledBefore_ = Scale(ImageOriginal(), width, height, kScaleToFit);
-    }
-    PreviewBefore = scaledBefore_;
-    PreviewBase = plain ? PreviewBefore : ScaledImage(width, height);
-    scaledBase_ = PreviewBase;
-    previewKey_ = key;
-  }
-  PreviewAfter = Clone(PreviewBase, 24, false);
-}
-
-Picture BrivolantDocument::ScaledImage(int width, int height) {
-  using namespace SharedPictureEffects;
-  const Picture& original = ImageOriginal();
-  if (original.IsNil()) return {};
-  if (Orientation == 1) return Scale(Image(), width, height, kScaleToFit);
-  // A quarter turn or a mirror image of fewer pixels is the same picture at a fraction of the work.
-  const bool quarter = Rotation == 1 || Rotation == 3;
-  const Picture cropped = Crop ? Cropped(original, CropOffSet, CropSize) : original;
-  return Turned(Scale(Clone(cropped, 24, false), quarter ? height : width, quarter ? width : height,
-                      kScaleToFit));
+  (void)scaled_.Make(ImageOriginal(), Geometry(), width, height);
+  PreviewBefore = scaled_.Before();
+  PreviewBase = scaled_.Base();
+  PreviewAfter = SharedPictureEffects::Clone(PreviewBase, 24, false);
 }
 
 void BrivolantDocument::ResetPreviews() {
@@ -237,20 +159,12 @@ const ExtendedPicture* BrivolantDocument::MidSizePreview() {
   return &*midSizePreview_;
 }
 
-namespace {
-int Side(const Picture& original, bool crop, double offset, double size, bool width,
-         int orientation) {
-  const int whole = (orientation == 1) != width ? original.Width() : original.Height();
-  return crop ? Cut(offset, size, whole).length : whole;
-}
-}  // namespace
-
 int BrivolantDocument::Width() {
-  return Side(ImageOriginal(), Crop, CropOffSet.Left, CropSize.Left, true, Orientation);
+  return DocumentPreviews::Width(ImageOriginal(), Geometry());
 }
 
 int BrivolantDocument::Height() {
-  return Side(ImageOriginal(), Crop, CropOffSet.Right, CropSize.Right, false, Orientation);
+  return DocumentPreviews::Height(ImageOriginal(), Geometry());
 }
 
 }  // namespace brivolant

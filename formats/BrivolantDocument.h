@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "engine/pictures/ExtendedPicture.h"
+#include "formats/DocumentPreviews.h"
 #include "formats/PastedFiles.h"
 #include "platform/files/FolderItem.h"
 #include "platform/pictures/Picture.h"
@@ -72,8 +73,10 @@ class BrivolantDocument {
   /// The size that Image has.
   int Width();
   int Height();
+  /// How the image is cut and turned.
+  ImageGeometry Geometry() const;
   /// True if the rotation exchanges width and height.
-  bool QuarterTurned() const { return Rotation == 1 || Rotation == 3; }
+  bool QuarterTurned() const { return Geometry().QuarterTurned(); }
 
   /// An image that was pasted into the document, nil if there is none of that name.
   FolderItem PastedImage(std::string_view name) const;
@@ -174,21 +177,6 @@ class BrivolantDocument {
   bool KnowOriginal(const FolderItem& package);
   std::string SettingsBytes() const;
 
-  /// What the scaled pictures of the previews depend on.
-  struct PreviewKey {
-    int Width = 0;
-    int Height = 0;
-    bool Crop = false;
-    Pair CropOffSet;
-    Pair CropSize;
-    int Orientation = 0;
-    int Rotation = 0;
-    int Flip = 0;
-    friend bool operator==(const PreviewKey&, const PreviewKey&) = default;
-  };
-  Picture ScaledImage(int width, int height);
-  Picture Turned(Picture picture) const;
-
   class SessionPicture;
 
   Services services_;
@@ -206,9 +194,7 @@ class BrivolantDocument {
   /// The style that the package holds.
   std::string savedStyle_;
   Picture tempImageStorage_;
-  PreviewKey previewKey_;
-  Picture scaledBefore_;
-  Picture scaledBase_;
+  ScaledPreviews scaled_;
   std::optional<ExtendedPicture> midSizePreview_;
 };
 

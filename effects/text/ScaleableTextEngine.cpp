@@ -140,14 +140,16 @@ void ScaleableTextEngine::Paint(Picture& picture, bool editing) {
   QPainter painter(&image);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
                          QPainter::SmoothPixmapTransform);
+  // The finished picture shows the boxes as they lie, whichever is worked on.
+  const ScaleableTextObject* last = editing ? CurrentTextItem : nullptr;
   for (const auto& box : item) {
-    if (box.get() != CurrentTextItem) box->Draw(painter, SourceSize, false, false, Marks);
+    if (box.get() != last) box->Draw(painter, SourceSize, false, false, Marks);
   }
-  if (CurrentTextItem == nullptr) return;
+  if (last == nullptr) return;
   const std::int32_t since = Ticks() - cursorLastBlink_;
-  if (editing && (since >= kBlinkAll || since < 0)) Touch();
+  if (since >= kBlinkAll || since < 0) Touch();
   const bool caret = since < kBlinkOn || since >= kBlinkAll;
-  CurrentTextItem->Draw(painter, SourceSize, editing, caret, Marks);
+  CurrentTextItem->Draw(painter, SourceSize, true, caret, Marks);
 }
 
 void ScaleableTextEngine::RemoveCurrent() {

@@ -18,6 +18,14 @@ bool Possible(int width, int height) {
   return width > 0 && height > 0 && std::int64_t{width} * height <= Picture::kMostPixels;
 }
 
+/// True if nobody but these `uses` holds the bytes. What others read before they let go, on
+/// whatever thread, is then done: looking at the count alone would not say so.
+bool HeldBy(int uses, const std::shared_ptr<std::uint8_t>& bytes) {
+  if (bytes.use_count() > uses) return false;
+  const std::shared_ptr<std::uint8_t> ordered = bytes;
+  return true;
+}
+
 std::shared_ptr<std::uint8_t> Duplicate(const std::uint8_t* bytes, std::size_t stride, int height) {
   const std::size_t size = stride * static_cast<std::size_t>(height);
   std::shared_ptr<std::uint8_t> copy = PixelMemory::Allocate(size);
@@ -47,7 +55,7 @@ Plane Plane::Uninitialized(int width, int height) {
 }
 
 Grey Plane::Edit() {
-  if (bytes_.use_count() > 1) bytes_ = Duplicate(bytes_.get(), stride_, height_);
+  if (!HeldBy(1, bytes_)) bytes_ = Duplicate(bytes_.get(), stride_, height_);
   return {bytes_.get(), stride_, width_, height_};
 }
 
@@ -69,7 +77,7 @@ Color Picture::At(int x, int y) const {
 }
 
 Pixels Picture::Edit() {
-  if (bytes_.use_count() > 1) bytes_ = Duplicate(bytes_.get(), stride_, height_);
+  if (!HeldBy(1, bytes_)) bytes_ = Duplicate(bytes_.get(), stride_, height_);
   return {bytes_.get(), stride_, width_, height_};
 }
 
@@ -77,7 +85,7 @@ Picture::Rewriting Picture::Rewrite() {
   Rewriting both{bytes_, View(), {}};
   // One use is this picture's, one the copy just made.
   constexpr int kAlone = 2;
-  if (bytes_.use_count() > kAlone) {
+  if (!HeldBy(kAlone, bytes_)) {
     if (auto fresh = PixelMemory::Allocate(stride_ * static_cast<std::size_t>(height_))) {
       bytes_ = std::move(fresh);
     } else {

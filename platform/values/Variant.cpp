@@ -54,6 +54,9 @@ Dictionary::Data& Dictionary::Own() {
     data_ = std::make_shared<Data>();
   } else if (data_.use_count() > 1) {
     data_ = std::make_shared<Data>(*data_);
+  } else {
+    // What other threads read before they let go is done then; the count alone would not say so.
+    const std::shared_ptr<Data> ordered = data_;
   }
   return *data_;
 }
