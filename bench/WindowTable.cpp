@@ -94,7 +94,7 @@ void StyleRows(App& app, MainWindow& window) {
   tiles.Ready = [&ready](const std::string&, const Picture&) { ++ready; };
   const auto render = [&] {
     ready = 0;
-    tiles.Photo(photo, {});
+    tiles.Photo(photo, brivolantProcessorLite::ConsistencyScaleFor(photo), {});
     std::vector<StyleTiles::Order> orders;
     for (const auto& style : shipped.Wonders()) orders.push_back({style->ID, style->StyleData});
     tiles.Render(orders);

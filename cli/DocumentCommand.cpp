@@ -46,7 +46,10 @@ int Create(DocumentOptions& options, const CLI::App& command, bool verbose) {
   document.GeneratePreviews(kPreviewSize, kPreviewSize);
   if (document.PreviewBase.IsNil()) return Fail(document.lastErrorMessage);
   if (!TakesDamage(document.OriginalDamage, options.output.strict, error)) return Fail(error);
-  document.PreviewAfter = processor.Process(document.PreviewBase, document.PastedImages());
+  const double scale = brivolantProcessorLite::PreviewScale(
+      document.ImageOriginal(), document.Geometry(), document.PreviewBase);
+  document.PreviewAfter =
+      processor.ProcessReduced(document.PreviewBase, scale, document.PastedImages());
   TellShortcomings(processor, image);
   document.StyleData = processor.StyleData();
   if (document.Save(package)) return kDone;

@@ -147,6 +147,11 @@ Picture brivolantProcessorLite::Compose(Picture background, const Picture& foreg
 }
 
 Picture brivolantProcessorLite::Process(Picture source, PastedFiles pasted) {
+  const double scale = ConsistencyScaleFor(source);
+  return ProcessReduced(std::move(source), scale, std::move(pasted));
+}
+
+Picture brivolantProcessorLite::ProcessReduced(Picture reduced, double scale, PastedFiles pasted) {
   pasted_ = std::move(pasted);
   warnings_.clear();
   stopped_ = false;
@@ -158,18 +163,20 @@ Picture brivolantProcessorLite::Process(Picture source, PastedFiles pasted) {
   }
   const Asking asking(goOn_, goOn);
   // The preview goes on as if this render had not been.
-  const double scaleBefore = consistencyScale;
-  Picture result = ProcessLayers(std::move(source));
-  consistencyScale = scaleBefore;
+  struct Kept {
+    double& place;
+    double value;
+    ~Kept() { place = value; }
+  } const kept{consistencyScale, consistencyScale};
+  Picture result = ProcessLayers(std::move(reduced), scale);
   return stopped_ ? Picture() : result;
 }
 
-Picture brivolantProcessorLite::ProcessLayers(Picture source) {
+Picture brivolantProcessorLite::ProcessLayers(Picture source, double scale) {
   if (source.IsNil()) return source;
   ResetEffectCache();
   foregroundScaleTopleft.reset();
   foregroundScaleSize.reset();
-  const double scale = ConsistencyScaleFor(source);
   Picture layer = SharedPictureEffects::Clone(source, 24, false);
   // A layer that nothing else holds is changed where it is: the source is let go, and a layer that
   // cannot be seen is not made.

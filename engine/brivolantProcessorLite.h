@@ -93,6 +93,9 @@ class brivolantProcessorLite {
   /// stopped it. `pasted` are the pictures that modules may lay over it: a document's
   /// PastedImages, or none where there is no document.
   Picture Process(Picture source, PastedFiles pasted);
+  /// The same of a picture that was reduced or enlarged: it shows what the full-size result does,
+  /// at its size. `scale` is what PreviewScale gives for it.
+  Picture ProcessReduced(Picture reduced, double scale, PastedFiles pasted);
   /// Runs one stack from an index on over a picture.
   Picture Process(Picture& picture, int stack, int start, PastedFiles pasted);
   /// What a module asks for while it is applied: the file of a picture that was pasted under that
@@ -174,7 +177,7 @@ class brivolantProcessorLite {
   std::optional<Picture> RenderPreview(const Picture& base, double scale,
                                        const std::function<bool()>& goOn);
   void MakePointCache(const Picture& base, double scale);
-  Picture ProcessLayers(Picture source);
+  Picture ProcessLayers(Picture source, double scale);
   /// True if nothing of the background can show through a foreground that covers it.
   bool ForegroundIsOpaque() const { return BlendMode() == 0 && BlendAlpha >= 1.0F; }
   bool ForegroundMayBePlaced() const;

@@ -99,7 +99,9 @@ struct Setting {
   std::vector<std::pair<std::string, Variant>> values = {};
 };
 
-Picture Rendered(const Picture& picture, const TestServices& services, const Setting& setting) {
+/// `full` is the picture that this one shows, reduced or as it is.
+Picture Rendered(const Picture& picture, const Picture& full, const TestServices& services,
+                 const Setting& setting) {
   brivolantProcessorLite processor(EffectRegistry(), services.services);
   processor.Startup();
   processor.Seed(7);
@@ -118,7 +120,8 @@ Picture Rendered(const Picture& picture, const TestServices& services, const Set
     module.Settings(values);
   }
   module.Enabled(true);
-  return processor.Process(picture, {});
+  return processor.ProcessReduced(picture, brivolantProcessorLite::PreviewScale(full, {}, picture),
+                                  {});
 }
 
 /// A photo and its preview, whose height lost part of a pixel.
@@ -138,10 +141,10 @@ struct Distances {
 };
 
 Distances Compare(const Sizes& sizes, const TestServices& services, const Setting& setting) {
-  const Picture preview = Rendered(sizes.small, services, setting);
-  const Picture exported =
-      SharedPictureEffects::Scale(Rendered(sizes.large, services, setting), preview.Width(),
-                                  preview.Height(), SharedPictureEffects::kScaleExactly);
+  const Picture preview = Rendered(sizes.small, sizes.large, services, setting);
+  const Picture exported = SharedPictureEffects::Scale(
+      Rendered(sizes.large, sizes.large, services, setting), preview.Width(), preview.Height(),
+      SharedPictureEffects::kScaleExactly);
   const bool same =
       preview.Width() == sizes.small.Width() && preview.Height() == sizes.small.Height();
   return {MeanDifference(preview, exported), same ? MeanDifference(preview, sizes.small) : 255};
@@ -244,6 +247,20 @@ TEST(Agreement, OfTexturesAtEveryScale) {
         sizes, services, {row, -1, -1, 0, {{"loadedtextureName", "Leather"}, {"Scale", scale}}});
     EXPECT_LT(distances.ofExport, kStrongBound) << scale;
     EXPECT_GT(distances.ofPhoto, kShows) << scale;
+  }
+}
+
+TEST(Agreement, OfTilesAndSmallPhotos) {
+  TestServices services;
+  brivolantProcessorLite names(EffectRegistry(), services.services);
+  names.Startup();
+  const int row = RowOf(names, "Confetti");
+  // A tile of a photo, a small portrait that is shown enlarged, and a strip.
+  for (const Sizes& sizes : {Sizes(1600, 1200, 200), Sizes(450, 600, 540), Sizes(297, 2240, 99)}) {
+    const Distances distances =
+        Compare(sizes, services, {row, -1, -1, 0, {{"StarCount", 40}, {"maxSize", 6}}});
+    EXPECT_LT(distances.ofExport, kStrongBound) << sizes.large.Width();
+    EXPECT_GT(distances.ofPhoto, 3 * distances.ofExport) << sizes.large.Width();
   }
 }
 

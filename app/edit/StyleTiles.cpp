@@ -16,6 +16,7 @@ namespace brivolant {
 struct StyleTiles::Work {
   std::mutex mutex;
   Picture photo;
+  double scale = 1;
   PastedFiles pasted;
   /// Counts photos: a tile of an earlier one is thrown away.
   int generation = 0;
@@ -37,9 +38,10 @@ StyleTiles::~StyleTiles() {
   pool_->waitForDone();
 }
 
-void StyleTiles::Photo(const Picture& photo, PastedFiles pasted) {
+void StyleTiles::Photo(const Picture& photo, double scale, PastedFiles pasted) {
   const std::lock_guard lock(work_->mutex);
   work_->photo = photo;
+  work_->scale = scale;
   work_->pasted = std::move(pasted);
   ++work_->generation;
   work_->orders.clear();
@@ -79,6 +81,7 @@ void StyleTiles::Start() {
       for (;;) {
         Order order;
         Picture photo;
+        double scale = 1;
         PastedFiles pasted;
         int generation = 0;
         {
@@ -91,12 +94,13 @@ void StyleTiles::Start() {
           work->orders.pop_front();
           work->taken.insert(order.ID);
           photo = work->photo;
+          scale = work->scale;
           pasted = work->pasted;
           generation = work->generation;
         }
         processor.Reset();
         (void)processor.StyleData(order.StyleData);
-        const Picture tile = processor.Process(photo, std::move(pasted));
+        const Picture tile = processor.ProcessReduced(photo, scale, std::move(pasted));
         QMetaObject::invokeMethod(
             this,
             [this, generation, tile, id = order.ID] {

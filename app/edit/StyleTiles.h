@@ -31,8 +31,9 @@ class StyleTiles final : public QObject {
   StyleTiles();
   ~StyleTiles() override;
 
-  /// The photo from now on, and what was pasted into its document. Nil ends all work.
-  void Photo(const Picture& photo, PastedFiles pasted);
+  /// The photo from now on, at the scale that its full picture gives it, and what was pasted into
+  /// its document. Nil ends all work.
+  void Photo(const Picture& photo, double scale, PastedFiles pasted);
   /// Renders these, in their order, before anything ordered earlier. What is under way or done for
   /// this photo is not rendered again.
   void Render(const std::vector<Order>& orders);

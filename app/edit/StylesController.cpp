@@ -183,18 +183,25 @@ int StylesController::TileSide() const {
   return static_cast<int>(std::lround(templateSelector::kPicture * bar_.devicePixelRatioF()));
 }
 
+double StylesController::ScaleOf(const BrivolantDocument& document, const Picture& reduced) {
+  return brivolantProcessorLite::PreviewScale(document.ImageOriginal(), document.Geometry(),
+                                              reduced);
+}
+
 void StylesController::RefreshTiles() {
   if (!tiles_) return;
-  if (session_.Document() == nullptr) return tiles_->Photo({}, {});
-  const Picture& base = session_.Document()->PreviewBase;
-  PastedFiles pasted = session_.Document()->PastedImages();
+  if (session_.Document() == nullptr) return tiles_->Photo({}, 1, {});
+  const BrivolantDocument& document = *session_.Document();
+  const Picture& base = document.PreviewBase;
+  PastedFiles pasted = document.PastedImages();
   if (base.IsNil() || (base.SharesPixelsWith(tilesOf_) && pasted == tilesPasted_)) return;
   tilesOf_ = base;
   tilesPasted_ = pasted;
   readyTiles_.clear();
   const int side = kTileDetail * TileSide();
-  tiles_->Photo(SharedPictureEffects::Scale(base, side, side, SharedPictureEffects::kScaleToFit),
-                std::move(pasted));
+  const Picture small =
+      SharedPictureEffects::Scale(base, side, side, SharedPictureEffects::kScaleToFit);
+  tiles_->Photo(small, ScaleOf(document, small), std::move(pasted));
   OrderTiles();
 }
 
@@ -224,7 +231,9 @@ void StylesController::HoverStyle(int index) {
     return;
   }
   hoverID_ = style->ID;
-  hoverTile_->Photo(session_.Document()->PreviewBase, session_.Document()->PastedImages());
+  const BrivolantDocument& document = *session_.Document();
+  hoverTile_->Photo(document.PreviewBase, ScaleOf(document, document.PreviewBase),
+                    document.PastedImages());
   hoverTile_->Render({{style->ID, style->StyleData}});
 }
 

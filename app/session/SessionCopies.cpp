@@ -58,7 +58,9 @@ void EditSession::RenderFor(int width, int height, std::function<void(const Pict
          brivolantProcessorLite processor(EffectRegistry(), worker_.All());
          processor.Startup();
          processor.StyleData(style);
-         *result = processor.Process(std::move(source), document->PastedImages());
+         const double scale =
+             brivolantProcessorLite::PreviewScale(original, document->Geometry(), source);
+         *result = processor.ProcessReduced(std::move(source), scale, document->PastedImages());
        },
        [this, result, then = std::move(then), name = document_->Name](Jobs::End end,
                                                                       const std::string& why) {

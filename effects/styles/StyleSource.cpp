@@ -257,7 +257,10 @@ Picture Render(const std::string& styleData, const Picture& picture, int side,
   brivolantProcessorLite processor(EffectRegistry(), services);
   processor.Startup();
   (void)processor.StyleData(styleData);
-  return processor.Process(Scale(picture, side, side, kScaleToFit), {});
+  Picture reduced = Scale(picture, side, side, kScaleToFit);
+  const double scale =
+      brivolantProcessorLite::ConsistencyScaleFor(picture) * reduced.Width() / picture.Width();
+  return processor.ProcessReduced(std::move(reduced), scale, {});
 }
 
 }  // namespace brivolant::StyleSource

@@ -324,7 +324,7 @@ TEST(Tiles, ComeInOrderOnceAndEndWithTheirPhoto) {
   tiles.Render({{"a", plain}});
   EXPECT_TRUE(tiles.Idle());
   const Picture photo = TestPicture(60, 40);
-  tiles.Photo(photo, {});
+  tiles.Photo(photo, 1, {});
   tiles.Render({{"inverse", inverse}, {"a", plain}});
   EXPECT_TRUE(Until([&] { return ready.size() == 2 && tiles.Idle(); }));
   Picture expected = photo;
@@ -337,13 +337,13 @@ TEST(Tiles, ComeInOrderOnceAndEndWithTheirPhoto) {
   std::vector<StyleTiles::Order> many;
   for (int i = 0; i < 400; ++i) many.push_back({std::to_string(i), inverse});
   tiles.Render(many);
-  tiles.Photo(TestPicture(50, 50), {});
+  tiles.Photo(TestPicture(50, 50), 1, {});
   ready.clear();
   tiles.Render({{"new", plain}});
   EXPECT_TRUE(Until([&] { return tiles.Idle() && !ready.empty(); }));
   Settle();
   EXPECT_EQ(ready, std::vector<std::string>{"new"});
-  tiles.Photo({}, {});
+  tiles.Photo({}, 1, {});
   tiles.Render(many);
   EXPECT_TRUE(tiles.Idle());
 }
