@@ -33,6 +33,16 @@ using namespace GlobalApplicationSpecificProperties;
 constexpr const char* kUpdateCheckPeriod = "UpdateCheckPeriod";
 constexpr const char* kAppearance = "Appearance";
 
+/// What is edited when it is opened, by its name.
+bool IsPhoto(const FolderItem& file) {
+  const bool document =
+      FolderitemExtensions::isFileType(file, &InternalFileTypes::BrivolantPhotosDocument);
+  const bool own = std::any_of(
+      InternalFileTypes::kAll.begin(), InternalFileTypes::kAll.end(),
+      [&](const FileType* type) { return FolderitemExtensions::isFileType(file, type); });
+  return document || (!own && !file.Directory());
+}
+
 }  // namespace
 
 App::App(QApplication& application, DesktopParts parts)
@@ -137,13 +147,38 @@ void App::SaveUserDetails() {
 }
 
 void App::Close() {
-  if (recovery_) recovery_->Forget();
+  if (recovery_ && !keeps_) recovery_->Forget();
   preferencesWindow_.reset();
   about_.reset();
   window_.reset();
   desk_.reset();
   styles_.reset();
   progress_.reset();
+}
+
+void App::KeepEdits() {
+  if (!window_) return;
+  window_->Session().Settling();
+  window_->Session().KeepEdits();
+}
+
+void App::KeepForNextStart() {
+  KeepEdits();
+  keeps_ = true;
+  // A photo that was pasted lies nowhere else.
+  temporary_.Keep();
+}
+
+void App::OpenDocuments(const std::vector<FolderItem>& files) {
+  std::vector<FolderItem> photos;
+  std::copy_if(files.begin(), files.end(), std::back_inserter(photos), IsPhoto);
+  if (photos.size() > 1 && window_) {
+    window_->Session().Work().WhenIdle([this, photos] { window_->ShowFiles(photos); });
+  }
+  for (const FolderItem& file : files) {
+    const bool other = IsPhoto(file) && !(file == photos.front());
+    if (!other) OpenDocument(file);
+  }
 }
 
 void App::OpenDocument(const FolderItem& item) {
@@ -263,16 +298,14 @@ void App::ReadPhotoLibrary() {
 bool App::OfferRecovery() {
   // One document is open at a time: what is not brought back now is offered at the next start.
   for (const RecoveredEdits& left : recovery_->Left()) {
+    // What arrives meanwhile must not come between.
+    const EditSession::Hold hold(window_->Session());
     const Answer answer =
         dialogs_->Ask({WithPlaceholders(kRecoverMessage.Text(), {{"<filename>", left.Name}}),
-                       kRecoverExplanation.Text(),
-                       kRecover.Text(),
-                       {},
-                       kGiveUp.Text()});
-    if (answer == Answer::kAlternate) {
-      recovery_->GiveUp(left);
-      continue;
-    }
+                       kRecoverExplanation.Text(), kRecover.Text(), kLater.Text(), kGiveUp.Text()});
+    // Only the clear word gives them up.
+    if (answer == Answer::kAlternate) recovery_->GiveUp(left);
+    if (answer != Answer::kAction) continue;
     // What cannot be opened, because its disk is away or its folder cannot be read, stays.
     window_->OpenRecovered(left);
     return true;
@@ -283,7 +316,7 @@ bool App::OfferRecovery() {
 void App::RemoveLeftovers() {
   const std::vector<FolderItem> packages = recovery_->Packages();
   for (const FolderItem& item : otherSharedComponents::userElementsFolder().Children()) {
-    if (!item.Name().starts_with(".CleanOnQuit-") || CleanOnQuit::InUse(item)) continue;
+    if (!item.Name().starts_with(".CleanOnQuit-") || FileLock::InUse(item)) continue;
     // A photo from the clipboard may lie nowhere else.
     const bool needed =
         std::any_of(packages.begin(), packages.end(), [&](const FolderItem& package) {

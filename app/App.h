@@ -68,6 +68,7 @@ class App final : public UserDetails {
                                                      "Do you want to bring them back?"};
   static constexpr LocalizedText kRecover{"App.kRecover", "Bring Back"};
   static constexpr LocalizedText kGiveUp{"App.kGiveUp", "Give Up"};
+  static constexpr LocalizedText kLater{"App.kLater", "Later"};
 
   explicit App(QApplication& application, DesktopParts parts = {});
   ~App() override;
@@ -77,7 +78,14 @@ class App final : public UserDetails {
   [[nodiscard]] bool Open(bool openingScreen = true);
   /// Ends: nothing is left of a clean end.
   void Close();
-  /// A file given by the desktop, the command line or another start.
+  /// Writes the edits that are not saved to where a crash leaves them: the desktop's session ends.
+  void KeepEdits();
+  /// The same, and this run ends now, without a question: the next start offers to bring them back.
+  void KeepForNextStart();
+  /// Files given by the command line or another start. One photo can be edited: the first is
+  /// opened, and the browser shows the others.
+  void OpenDocuments(const std::vector<FolderItem>& files);
+  /// A file given by the desktop.
   void OpenDocument(const FolderItem& item);
   /// A file chosen from the recent items. What is opened waits until nothing is busy and no
   /// question is open.
@@ -170,6 +178,8 @@ class App final : public UserDetails {
   brivolant::FileDialogs* fileDialogs_;
   brivolant::Clipboard* clipboard_;
   brivolant::ColorPanel* colorPanel_;
+  /// Edits that are not saved are kept when this run ends.
+  bool keeps_ = false;
   std::unique_ptr<brivolant::Preferences> preferences_;
   std::unique_ptr<RecentItems> recent_;
   std::unique_ptr<brivolant::Recovery> recovery_;

@@ -61,6 +61,7 @@ class MainWindow final : public ifkWindow, private Panes {
   void FullScreenMethod() { editor_.FullScreenMethod(); }
   void QuickLookMethod() { looks_.QuickLookMethod(); }
   void DisplayContainer(const BrowserContainer& container) { browser_.DisplayContainer(container); }
+  void ShowFiles(const std::vector<FolderItem>& files) { browser_.ShowFiles(files); }
   void CopyFilesInto(const std::vector<FolderItem>& files, const FolderItem& folder) {
     files_.CopyFilesInto(files, folder);
   }

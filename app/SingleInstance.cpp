@@ -3,32 +3,74 @@
 
 #include <unistd.h>
 
+#include <QDeadlineTimer>
 #include <QLocalServer>
 #include <QLocalSocket>
+#include <QThread>
 
 #include "kit/InterfaceKitSupport.h"
+#include "platform/services/SharedFolders.h"
+#include "platform/values/Hash.h"
 #include "platform/values/Text.h"
 
 namespace brivolant {
 namespace {
 
-constexpr int kPatience = 1000;
 constexpr char kSeparator = '\0';
+/// The answer of the running program: it has read everything.
+constexpr char kTaken = '+';
 /// A path list longer than this is no list of paths.
 constexpr qint64 kLongestMessage = 1 << 20;
+/// Milliseconds between two looks at a program that has not got as far as listening.
+constexpr int kLookAgain = 20;
+
+/// Where things go with the user's session, else where everybody's temporary files are.
+FolderItem SessionFolder() {
+  const FolderItem folder(qgetenv("XDG_RUNTIME_DIR").toStdString());
+  if (folder.Path().is_absolute() && folder.Directory() && folder.IsWriteable()) return folder;
+  return FolderItem(std::filesystem::path("/tmp"));
+}
+
+/// Two homes of one user are two programs.
+std::string OwnName() {
+  return "brivolant-photos-" + std::to_string(getuid()) + "-" +
+         Hexadecimal(StableHash(DataFolder().ShellPath()), 8);
+}
 
 }  // namespace
 
-SingleInstance::SingleInstance(std::string name) : name_(std::move(name)) {
-  if (name_.empty()) name_ = "brivolant-photos-" + std::to_string(getuid());
+SingleInstance::SingleInstance(FolderItem folder, std::string name) {
+  if (folder.IsNil()) folder = SessionFolder();
+  if (name.empty()) name = OwnName();
+  lockFile_ = folder.Child(name + ".lock");
+  socket_ = folder.Child(name + ".socket").ShellPath();
 }
 
 SingleInstance::~SingleInstance() = default;
 
-bool SingleInstance::HandOver(const std::vector<FolderItem>& files) const {
+SingleInstance::Role SingleInstance::Begin(const std::vector<FolderItem>& files, int patience) {
+  const QDeadlineTimer deadline(patience);
+  for (;;) {
+    lock_ = FileLock::OfOwner(lockFile_);
+    if (lock_.Is() == FileLock::kNone) return Role::kAlone;
+    if (lock_.Is() == FileLock::kLocked) {
+      if (Listen()) return Role::kOwner;
+      // Whom nobody can reach must keep nobody from starting.
+      lock_.Release();
+      return Role::kAlone;
+    }
+    holder_ = lock_.Holder();
+    if (HandOver(files, static_cast<int>(deadline.remainingTime()))) return Role::kHandedOver;
+    if (deadline.hasExpired()) return Role::kUnanswered;
+    QThread::msleep(kLookAgain);
+  }
+}
+
+/// False also if the running program ended before it had read everything.
+bool SingleInstance::HandOver(const std::vector<FolderItem>& files, int patience) const {
   QLocalSocket socket;
-  socket.connectToServer(ToQString(name_));
-  if (!socket.waitForConnected(kPatience)) return false;
+  socket.connectToServer(ToQString(socket_));
+  if (!socket.waitForConnected(patience)) return false;
   QByteArray message;
   for (const FolderItem& file : files) {
     message += QByteArray::fromStdString(file.ShellPath());
@@ -36,22 +78,26 @@ bool SingleInstance::HandOver(const std::vector<FolderItem>& files) const {
   }
   message += kSeparator;
   socket.write(message);
-  // The other side closes once it has read everything.
-  return socket.waitForBytesWritten(kPatience) &&
-         (socket.state() == QLocalSocket::UnconnectedState ||
-          socket.waitForDisconnected(kPatience));
+  while (socket.bytesToWrite() > 0) {
+    if (!socket.waitForBytesWritten(patience)) return false;
+  }
+  if (socket.bytesAvailable() == 0) (void)socket.waitForReadyRead(patience);
+  return socket.read(1) == QByteArray(1, kTaken);
 }
 
 bool SingleInstance::Listen() {
   server_ = std::make_unique<QLocalServer>();
   server_->setSocketOptions(QLocalServer::UserAccessOption);
-  if (!server_->listen(ToQString(name_))) {
-    // A socket that nobody answers was left by a crash.
-    QLocalServer::removeServer(ToQString(name_));
-    if (!server_->listen(ToQString(name_))) return false;
-  }
+  // Whoever has the lock may take away what a crash left.
+  QLocalServer::removeServer(ToQString(socket_));
+  if (!server_->listen(ToQString(socket_))) return false;
   QObject::connect(server_.get(), &QLocalServer::newConnection, [this] { Receive(); });
   return true;
+}
+
+void SingleInstance::Serve(std::function<void(const std::vector<FolderItem>&)> arrived) {
+  arrived_ = std::move(arrived);
+  for (const auto& files : std::exchange(early_, {})) arrived_(files);
 }
 
 void SingleInstance::Receive() {
@@ -71,8 +117,12 @@ void SingleInstance::Receive() {
       if (!path.empty()) files.emplace_back(std::filesystem::path(path));
     }
     message->clear();
+    socket->write(QByteArray(1, kTaken));
+    socket->flush();
     socket->disconnectFromServer();
-    if (Arrived) Arrived(files);
+    // The window may not stand yet.
+    if (!arrived_) return early_.push_back(std::move(files));
+    arrived_(files);
   };
   QObject::connect(socket, &QLocalSocket::readyRead, socket, read);
   QObject::connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);

@@ -3,12 +3,17 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QSessionManager>
 #include <QTimer>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
+#include <filesystem>
+#include <optional>
 #include <string_view>
 
 #include "app/App.h"
+#include "app/EndSignals.h"
 #include "app/MainWindow.h"
 #include "app/SingleInstance.h"
 #include "app/core/GlobalApplicationSpecificProperties.h"
@@ -85,6 +90,40 @@ class FirstPaint final : public QObject {
   std::function<void()> then_;
 };
 
+/// A home that is nobody's, gone with the object. The settings are those of the user, copied, so
+/// that the window is the one that the user sees.
+class NobodysHome {
+ public:
+  NobodysHome() {
+    const FolderItem settings = ConfigurationFolder().Child(
+        std::string(GlobalApplicationSpecificProperties::kPreferencesID) + ".plist");
+    std::string pattern = std::filesystem::temp_directory_path() / "brivolant-measure-XXXXXX";
+    if (mkdtemp(pattern.data()) == nullptr) return;
+    folder_ = FolderItem(std::filesystem::path(pattern));
+    setenv("HOME", pattern.c_str(), 1);
+    for (const auto& [variable, name] : {std::pair{"XDG_CONFIG_HOME", "config"},
+                                         {"XDG_DATA_HOME", "data"},
+                                         {"XDG_CACHE_HOME", "cache"},
+                                         {"XDG_STATE_HOME", "state"}}) {
+      const FolderItem place = folder_.Child(name);
+      made_ = !place.CreateAsFolder() && setenv(variable, place.ShellPath().c_str(), 1) == 0;
+      if (!made_) return;
+    }
+    if (settings.Exists())
+      (void)settings.CopyFileTo(folder_.Child("config").Child(settings.Name()));
+  }
+  ~NobodysHome() {
+    if (folder_) (void)folder_.DeleteFolder();
+  }
+  NobodysHome(const NobodysHome&) = delete;
+  NobodysHome& operator=(const NobodysHome&) = delete;
+  explicit operator bool() const { return made_; }
+
+ private:
+  FolderItem folder_;
+  bool made_ = false;
+};
+
 int Measure(App& app, const Arguments& arguments, const QElapsedTimer& sinceMain) {
   constexpr double kMega = 1e6;
   double painted = 0;
@@ -122,6 +161,11 @@ int Run(int argc, char** argv) {
     if (arguments.help) std::puts("usage: brivolant [--version] [--help] [PHOTO...]");
     return 0;
   }
+  std::optional<NobodysHome> home;
+  if (arguments.measure && !home.emplace()) {
+    std::fputs("There is no folder for temporary files.\n", stderr);
+    return 1;
+  }
   QCoreApplication::setApplicationName(QStringLiteral("brivolant-photos"));
   QGuiApplication::setDesktopFileName(QStringLiteral("brivolant-photos"));
   Application application(argc, argv);
@@ -130,26 +174,40 @@ int Run(int argc, char** argv) {
   QGuiApplication::setApplicationDisplayName(
       QString::fromStdString(GlobalApplicationSpecificProperties::ApplicationName.Text()));
   SingleInstance instance;
-  if (!arguments.measure && instance.HandOver(arguments.files)) return 0;
+  const auto role =
+      arguments.measure ? SingleInstance::Role::kAlone : instance.Begin(arguments.files);
+  if (role == SingleInstance::Role::kHandedOver) return 0;
+  if (role == SingleInstance::Role::kUnanswered) {
+    std::fprintf(stderr, "The program is running already and does not answer (process %lld).\n",
+                 static_cast<long long>(instance.Holder()));
+    return 1;
+  }
   (void)LoadTranslations(otherSharedComponents::ResourcesFolder().Child("translations"),
                          UserLanguage());
   App app(application);
   if (!app.Open()) return 1;
   application.app = &app;
   if (arguments.measure) return Measure(app, arguments, sinceMain);
-  const bool listening = instance.Listen();
-  instance.Arrived = [&app](const std::vector<FolderItem>& arrived) {
-    app.BringToFront();
-    for (const FolderItem& file : arrived) app.OpenDocument(file);
-  };
+  const EndSignals ending([&app] {
+    app.KeepForNextStart();
+    QApplication::exit();
+  });
+  QObject::connect(
+      &application, &QGuiApplication::commitDataRequest, &application,
+      [&app](QSessionManager&) { app.KeepEdits(); }, Qt::DirectConnection);
   QTimer::singleShot(0, [&] {
-    if (app.OfferRecovery()) return;
-    for (const FolderItem& file : arguments.files) app.OpenDocument(file);
+    // What other starts bring comes behind it, as what this one was given does.
+    app.OfferRecovery();
+    app.OpenDocuments(arguments.files);
+    instance.Serve([&app](const std::vector<FolderItem>& arrived) {
+      app.BringToFront();
+      app.OpenDocuments(arrived);
+    });
   });
   const int code = QApplication::exec();
   app.Close();
   // Nobody else runs, so what lies in temporary folders was left by a crash.
-  if (listening) app.RemoveLeftovers();
+  if (role == SingleInstance::Role::kOwner) app.RemoveLeftovers();
   return code;
 }
 

@@ -40,6 +40,7 @@ void BrivolantDocument::MakeTemporaryPackage() {
       PackageFor(services_.TemporaryFiles.Child(otherSharedComponents::NewGUID(services_.Random)));
   if (Save()) {
     tFile = File;
+    HoldFiles();
   } else {
     // A place where nothing is must not be taken for the document's own.
     File = {};
@@ -74,13 +75,27 @@ void BrivolantDocument::TakeOver(const BrivolantDocument& saved) {
   OriginalImageID = saved.OriginalImageID;
   FileDataVersion = saved.FileDataVersion;
   session_ = saved.session_;
+  heldOriginal_ = saved.heldOriginal_;
   listed_.reset();
   stateOnDisk_ = saved.stateOnDisk_;
   savedStyle_ = saved.savedStyle_;
   midSizePreview_.reset();
 }
 
+void BrivolantDocument::Relocate(const FolderItem& from, const FolderItem& to) {
+  const std::string inside = from.ShellPath() + "/";
+  for (FolderItem* own : {&File, &originalImageFile}) {
+    const std::string path = own->ShellPath();
+    if (*own == from) {
+      *own = to;
+    } else if (path.starts_with(inside)) {
+      *own = FolderItem(to.Path() / path.substr(inside.size()));
+    }
+  }
+}
+
 bool BrivolantDocument::ReadImage(const FolderItem& file) {
+  originalState_ = StateOf(file);
   if (!ReadOriginal(file)) return false;
   Name = EnsureUTF8(FolderitemExtensions::FileNameWithoutExtension(file));
   originalImageFile = file;
@@ -108,9 +123,19 @@ FolderItem BrivolantDocument::OriginalFile() const {
   return IsPlainName(OriginalImageID) ? package.Child(OriginalImageID) : FolderItem();
 }
 
+FolderItem BrivolantDocument::OriginalSource() const {
+  for (const FolderItem& original : {HeldOriginal(), OriginalFile()}) {
+    if (original.Exists()) return original;
+  }
+  // The file that it was made from may be another picture by now.
+  const bool same = !originalState_.empty() && StateOf(originalImageFile) == originalState_;
+  return same ? originalImageFile : FolderItem();
+}
+
 const Picture& BrivolantDocument::ImageOriginal() {
   if (tempImageStorage_.IsNil()) {
-    const FolderItem original = File || tFile ? OriginalFile() : originalImageFile;
+    FolderItem original = HeldOriginal();
+    if (original.IsNil()) original = File || tFile ? OriginalFile() : originalImageFile;
     if (original.IsNil()) {
       lastErrorMessage =
           WithPlaceholders(documentTexts::kNoOriginal.Text(), {{"<filename>", File.DisplayName()}});

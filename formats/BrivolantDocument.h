@@ -50,9 +50,20 @@ class BrivolantDocument {
   /// written since. False if that was declined or something could not be written; the user has been
   /// told, and what was there before is whole.
   bool Save(const FolderItem& file = {});
+  /// Saves at another place, which becomes the document's own. The package there brings along the
+  /// original's own bytes and every picture that the stacks name; what cannot be had any more is
+  /// asked about first. What stands there goes to the trash once the new package is whole. A
+  /// failure leaves both as they were; the user has been told.
+  [[nodiscard]] bool SaveAs(const FolderItem& place);
+  /// Keeps the original and the pictures of the package within reach, in case that its folder or
+  /// its disk goes away while the document is open. What the disk for temporary files has no room
+  /// for is read where it lies.
+  void HoldFiles();
   /// Takes over what a save has made of a copy of this document: where it lies, and what it is
   /// called.
   void TakeOver(const BrivolantDocument& saved);
+  /// What lay at or below `from` was moved to `to`.
+  void Relocate(const FolderItem& from, const FolderItem& to);
   /// The name that Save gives to a package.
   static FolderItem PackageFor(const FolderItem& file);
 
@@ -86,9 +97,6 @@ class BrivolantDocument {
   [[nodiscard]] bool PastedImage(std::string_view name, const FolderItem& file);
   /// All of them, as a render takes them along. The package's folder is read once.
   PastedFiles PastedImages() const;
-  /// Keeps the package's pictures that effects named for as long as the document is open, whatever
-  /// becomes of the package.
-  void HoldPictures();
   /// Those that no package holds yet.
   PastedFiles SessionImages() const;
 
@@ -148,6 +156,10 @@ class BrivolantDocument {
   void MakeTemporaryPackage();
   /// The child of the package that holds the original; nil for a name that leaves the package.
   FolderItem OriginalFile() const;
+  /// The original as HoldFiles keeps it, or nil.
+  FolderItem HeldOriginal() const;
+  /// Where the original's own bytes can be had; nil if nowhere any more.
+  FolderItem OriginalSource() const;
   /// Reads the original into its place. False, and lastErrorMessage says why, on failure.
   bool ReadOriginal(const FolderItem& file);
 
@@ -160,16 +172,22 @@ class BrivolantDocument {
 
   // DocumentWriter.cpp
   bool CreatePackage(const FolderItem& target);
+  bool FillPackage(const FolderItem& package);
+  bool PutInPlace(const FolderItem& package, const FolderItem& target) const;
   bool WriteOriginal(const FolderItem& package);
+  bool WriteWhatWasRead(const FolderItem& package);
+  /// Remembers what stands at File now.
+  void Written();
   bool WriteSettings(const FolderItem& package);
   bool WritePreviews(const FolderItem& package);
   /// Brings the pasted pictures that the style names into a package.
   bool WritePictures(const FolderItem& package) const;
   /// True if all pictures that the style names can be had, or the user does without.
   bool PicturesAreThere() const;
+  /// The same of the original, of which the pixels are left.
+  bool OriginalIsThere() const;
   /// Takes out of the saved package what its stacks no longer name; the session keeps it.
   void DropPictures(const FolderItem& package);
-  bool KeepForSession(std::string_view name, const FolderItem& file);
   /// What stands there: a package's settings, or size and time of a file; empty for nothing.
   static std::string StateOf(const FolderItem& document);
   bool MayReplace(const FolderItem& package) const;
@@ -178,11 +196,21 @@ class BrivolantDocument {
   std::string SettingsBytes() const;
 
   class SessionPicture;
+  using KeptPicture = std::shared_ptr<const SessionPicture>;
+  /// The file under another name, or a copy of it, in the folder for temporary files; null if
+  /// neither can be had.
+  KeptPicture Hold(std::string_view name, const FolderItem& file) const;
+  /// False for null.
+  bool KeepForSession(std::string_view name, KeptPicture picture);
 
   Services services_;
   /// Pictures pasted since the document was opened; null for a name that was given up. Copies of a
   /// document share the files.
-  std::map<std::string, std::shared_ptr<const SessionPicture>, std::less<>> session_;
+  std::map<std::string, KeptPicture, std::less<>> session_;
+  /// The package's original, held for when it is gone.
+  KeptPicture heldOriginal_;
+  /// What originalImageFile was when it was read.
+  std::string originalState_;
   /// What a package's folder held.
   struct Listing {
     FolderItem File;

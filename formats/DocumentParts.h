@@ -56,6 +56,16 @@ inline constexpr LocalizedText kPicturesGone{
 inline constexpr LocalizedText kPicturesGoneExplanation{
     "BrivolantDocument.kPicturesGoneExplanation",
     "The document can be saved without it. If its disk is away, connect it first."};
+inline constexpr LocalizedText kOriginalGone{
+    "BrivolantDocument.kOriginalGone",
+    "The original of the photo \"<filename>\" cannot be found any more."};
+inline constexpr LocalizedText kOriginalGoneExplanation{
+    "BrivolantDocument.kOriginalGoneExplanation",
+    "The photo can be saved without loss as it was read, but not as the file that it was. If its "
+    "disk is away, connect it first."};
+inline constexpr LocalizedText kCannotReplace{
+    "MainWindow.kCannotReplace",
+    "The file \"<filename>\" cannot be replaced: it could not be moved to the trash."};
 inline constexpr LocalizedText kChangedOnDisk{
     "BrivolantDocument.kChangedOnDisk",
     "The document \"<filename>\" was changed by another program since it was opened here."};

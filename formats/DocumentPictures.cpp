@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The pictures that were pasted into a document: kept with the session until it is saved.
+// The pictures that were pasted into a document: kept with the session until it is saved. And what
+// of the package is kept with the session in case that the package goes away.
+#include <unistd.h>
+
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
@@ -70,6 +73,37 @@ FolderItem BrivolantDocument::PastedImage(std::string_view name) const {
   return {};
 }
 
+FolderItem BrivolantDocument::HeldOriginal() const {
+  return heldOriginal_ ? heldOriginal_->File() : FolderItem();
+}
+
+BrivolantDocument::KeptPicture BrivolantDocument::Hold(std::string_view name,
+                                                       const FolderItem& file) const {
+  std::error_code error;
+  // What is written here takes a file's place and never changes it, so that another name for it
+  // does. It costs nothing, where a copy costs the file's length.
+  if (!std::filesystem::is_regular_file(file.Path(), error)) return nullptr;
+  const FolderItem place = services_.TemporaryFiles.Child(name);
+  if (place.IsNil()) return nullptr;
+  if (file.Alias() || link(file.Path().c_str(), place.Path().c_str()) != 0) {
+    std::filesystem::copy_file(file.Path(), place.Path(), error);
+  }
+  auto held = std::make_shared<const SessionPicture>(place);
+  return error ? nullptr : held;
+}
+
+void BrivolantDocument::HoldFiles() {
+  if (!heldOriginal_) {
+    const FolderItem original = OriginalFile();
+    heldOriginal_ = Hold(original.Name(), original);
+    if (!heldOriginal_) services_.Log.Write("Not held: " + original.ShellPath());
+  }
+  for (const auto& [name, file] : PastedImages()) {
+    if (!session_.contains(name) && IsGivenByEffect(name))
+      (void)KeepForSession(name, Hold(name, file));
+  }
+}
+
 bool BrivolantDocument::PastedImage(std::string_view name, const FolderItem& file) {
   if (!IsFreeName(name, OriginalImageID)) return false;
   if (file.IsNil()) {
@@ -77,23 +111,16 @@ bool BrivolantDocument::PastedImage(std::string_view name, const FolderItem& fil
     return true;
   }
   if (file == PastedImage(name)) return file.Exists();
-  return KeepForSession(name, file);
-}
-
-bool BrivolantDocument::KeepForSession(std::string_view name, const FolderItem& file) {
+  // The user's own file: whoever writes it may change it where it is.
   const FolderItem copy = services_.TemporaryFiles.Child(name);
-  if (copy.IsNil()) return false;
-  std::error_code unlinked;
-  std::filesystem::create_hard_link(file.Path(), copy.Path(), unlinked);
-  if (unlinked && CopyFileAtomically(file, copy)) return false;
-  session_[std::string(name)] = std::make_shared<const SessionPicture>(copy);
-  return true;
+  if (copy.IsNil() || CopyFileAtomically(file, copy)) return false;
+  return KeepForSession(name, std::make_shared<const SessionPicture>(copy));
 }
 
-void BrivolantDocument::HoldPictures() {
-  for (const auto& [name, file] : PastedImages()) {
-    if (!session_.contains(name) && IsGivenByEffect(name)) (void)KeepForSession(name, file);
-  }
+bool BrivolantDocument::KeepForSession(std::string_view name, KeptPicture picture) {
+  if (!picture) return false;
+  session_[std::string(name)] = std::move(picture);
+  return true;
 }
 
 PastedFiles BrivolantDocument::PastedImages() const {
@@ -145,6 +172,17 @@ bool BrivolantDocument::PicturesAreThere() const {
   return services_.Dialogs.Ask(question) == Answer::kAction;
 }
 
+bool BrivolantDocument::OriginalIsThere() const {
+  const bool hadFile = originalImageFile || !OriginalImageID.empty() || !stateOnDisk_.empty();
+  if (!hadFile || OriginalSource()) return true;
+  const Question question{WithPlaceholders(kOriginalGone.Text(), {{"<filename>", Name}}),
+                          kOriginalGoneExplanation.Text(),
+                          Captions::kSave.Text(),
+                          Captions::kCancel.Text(),
+                          {}};
+  return services_.Dialogs.Ask(question) == Answer::kAction;
+}
+
 bool BrivolantDocument::WritePictures(const FolderItem& package) const {
   const PastedFiles files = PastedImages();
   return std::all_of(files.begin(), files.end(), [&](const auto& entry) {
@@ -163,7 +201,7 @@ void BrivolantDocument::DropPictures(const FolderItem& package) {
     const bool removed = found != session_.end() && !found->second;
     // What the saved stacks named and these do not: undo may still bring it back.
     const bool left = savedStyle_.find(name) != std::string::npos && !Wanted(name, StyleData) &&
-                      (found != session_.end() || KeepForSession(name, child));
+                      (found != session_.end() || KeepForSession(name, Hold(name, child)));
     if (removed || left) (void)child.Delete();
   }
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <fcntl.h>
+#include <unistd.h>
 
+#include <array>
 #include <cmath>
 
 #include "engine/pictures/SharedPictureEffects.h"
@@ -11,8 +13,10 @@
 #include "formats/IFFData.h"
 #include "formats/ImageFile.h"
 #include "metadata/DocumentTags.h"
+#include "platform/codecs/ImageCodecs.h"
 #include "platform/files/AtomicFile.h"
 #include "platform/files/BinaryStream.h"
+#include "platform/files/ExclusiveMove.h"
 #include "platform/files/WorkingName.h"
 #include "platform/values/Captions.h"
 #include "platform/values/Numbers.h"
@@ -36,7 +40,7 @@ std::string ThreeDecimals(double value) {
 
 /// Moves a finished package to its place. A one-file document that stands there lives on inside
 /// the package, so after the exchange it is not needed.
-bool PutInPlace(const FolderItem& package, const FolderItem& target) {
+bool TakeOwnPlace(const FolderItem& package, const FolderItem& target) {
   if (!target.Exists()) return !package.MoveFileTo(target);
   if (renameat2(AT_FDCWD, package.Path().c_str(), AT_FDCWD, target.Path().c_str(),
                 RENAME_EXCHANGE) == 0) {
@@ -71,11 +75,16 @@ bool BrivolantDocument::Save(const FolderItem& file) {
     Dirty = true;
     return false;
   }
-  if (!PicturesAreThere() || !MayReplace(target)) {
+  const FolderItem original = OriginalFile();
+  const bool moves = tFile && !(tFile == target);
+  // Somebody may have taken it out of the package.
+  const bool lost = target == File && target.Directory() && original && !original.Exists();
+  const bool writesOriginal = lost || (!moves && !target.Directory());
+  if (!PicturesAreThere() || (writesOriginal && !OriginalIsThere()) || !MayReplace(target)) {
     Dirty = true;
     return false;
   }
-  if (tFile && !(tFile == target)) {
+  if (moves) {
     if (tFile.MoveFileTo(target)) {
       FolderitemExtensions::StandardFileErrorDialog(target, FolderitemExtensions::kSave, "",
                                                     services_.Dialogs);
@@ -92,7 +101,7 @@ bool BrivolantDocument::Save(const FolderItem& file) {
       Dirty = true;
       return false;
     }
-  } else if (!KnowOriginal(target) || !WritePictures(target)) {
+  } else if (!KnowOriginal(target) || (lost && !WriteOriginal(target)) || !WritePictures(target)) {
     services_.Dialogs.Message(kPicturesNotSaved.Text(), target.DisplayName());
     Dirty = true;
     return false;
@@ -108,10 +117,7 @@ bool BrivolantDocument::Save(const FolderItem& file) {
     // What could not be written must be asked for again.
     Dirty = !complete;
   }
-  if (complete && target == File) {
-    stateOnDisk_ = StateOf(File);
-    savedStyle_ = StyleData;
-  }
+  if (complete && target == File) Written();
   FileDataVersion = kVersion;
   midSizePreview_.reset();
   listed_.reset();
@@ -120,22 +126,83 @@ bool BrivolantDocument::Save(const FolderItem& file) {
   return complete;
 }
 
+void BrivolantDocument::Written() {
+  stateOnDisk_ = StateOf(File);
+  savedStyle_ = StyleData;
+}
+
+bool BrivolantDocument::SaveAs(const FolderItem& place) {
+  const FolderItem target = PackageFor(place);
+  if (target == File && tFile.IsNil()) return Save();
+  const FolderItem& writes = target.Exists() ? target.Parent() : target;
+  Dirty = true;
+  if (!writes.IsWriteable()) {
+    FolderitemExtensions::StandardFileErrorDialog(target, FolderitemExtensions::kSave, "",
+                                                  services_.Dialogs);
+    return false;
+  }
+  if (!PicturesAreThere() || !OriginalIsThere()) return false;
+  const std::string before = OriginalImageID;
+  {
+    const GrowingFolder growing(target);
+    const bool filled = FillPackage(growing.Folder());
+    if (!filled) services_.Dialogs.Message(kNotCreated.Text(), target.DisplayName());
+    if (!filled || !PutInPlace(growing.Folder(), target)) {
+      OriginalImageID = before;
+      return false;
+    }
+  }
+  if (tFile && tFile.DeleteFolder()) services_.Log.Write("Not deleted: " + tFile.ShellPath());
+  tFile = {};
+  File = target;
+  Dirty = false;
+  FileDataVersion = kVersion;
+  Written();
+  midSizePreview_.reset();
+  HoldFiles();
+  WorkingName::Sweep(target.Parent());
+  return true;
+}
+
+bool BrivolantDocument::PutInPlace(const FolderItem& package, const FolderItem& target) const {
+  std::optional<FolderitemExtensions::TrashedFile> old;
+  if (EntryExists(target)) {
+    old = FolderitemExtensions::PutInTrash(target);
+    if (!old) {
+      services_.Dialogs.Message(
+          WithPlaceholders(kCannotReplace.Text(), {{"<filename>", target.DisplayName()}}), {});
+      return false;
+    }
+  }
+  // What somebody else has laid there by now is not replaced.
+  if (!MoveExclusively(package, target)) return true;
+  if (old && !FolderitemExtensions::PutBack(*old)) {
+    services_.Log.Write("In the trash: " + target.ShellPath());
+  }
+  services_.Dialogs.Message(kNotCreated.Text(), target.DisplayName());
+  return false;
+}
+
 bool BrivolantDocument::CreatePackage(const FolderItem& target) {
   const GrowingFolder growing(target);
-  const FolderItem& package = growing.Folder();
+  // The name of the original is this document's only once the package stands.
+  const std::string before = OriginalImageID;
+  // What stands in the place of a package is not this document.
+  const bool placed =
+      FillPackage(growing.Folder()) && (before.empty() ? TakeOwnPlace(growing.Folder(), target)
+                                                       : PutInPlace(growing.Folder(), target));
+  if (placed) return true;
+  OriginalImageID = before;
+  return false;
+}
+
+bool BrivolantDocument::FillPackage(const FolderItem& package) {
   const FolderItem contents = package.Child("Contents");
   if (contents.CreateAsFolder()) return false;
   const std::string mark = std::string(InternalFileTypes::BrivolantPhotosDocument.MacType) +
                            std::string(InternalFileTypes::kCreator);
-  if (WriteFileAtomically(contents.Child("PkgInfo"), mark)) return false;
-  // The name of the original is this document's only once the package stands.
-  const std::string before = OriginalImageID;
-  if (WriteOriginal(package) && WritePictures(package) && WriteSettings(package) &&
-      WritePreviews(package) && PutInPlace(package, target)) {
-    return true;
-  }
-  OriginalImageID = before;
-  return false;
+  return !WriteFileAtomically(contents.Child("PkgInfo"), mark) && WriteOriginal(package) &&
+         WritePictures(package) && WriteSettings(package) && WritePreviews(package);
 }
 
 bool BrivolantDocument::KnowOriginal(const FolderItem& package) {
@@ -150,10 +217,7 @@ bool BrivolantDocument::KnowOriginal(const FolderItem& package) {
 
 bool BrivolantDocument::WriteOriginal(const FolderItem& package) {
   // A saved document that is saved elsewhere brings its own original along.
-  // The file that it was made from may have been replaced since.
-  FolderItem source = OriginalFile();
-  if (!source.Exists()) source = originalImageFile;
-  if (source.Exists()) {
+  if (const FolderItem source = OriginalSource()) {
     // Settings are UTF-8, so the name that they give must be.
     std::string name = EnsureUTF8(source.Name());
     if (FolderitemExtensions::isFileType(source, &InternalFileTypes::BrivolantPhotosDocument)) {
@@ -167,11 +231,31 @@ bool BrivolantDocument::WriteOriginal(const FolderItem& package) {
     }
     // The image may have the name of one of the package's own parts.
     if (!IsFreeName(name, {})) name = "Original-" + name;
-    if (CopyFileAtomically(source, package.Child(name))) return false;
+    const FolderItem place = package.Child(name);
+    // The temporary package is this document's own and goes when it is saved: there need not be two
+    // of a file that is on the disk already.
+    const bool moved = tFile && !(source == originalImageFile) &&
+                       link(source.Path().c_str(), place.Path().c_str()) == 0;
+    if (!moved && CopyFileAtomically(source, place)) return false;
     OriginalImageID = name;
     return true;
   }
+  return WriteWhatWasRead(package);
+}
+
+bool BrivolantDocument::WriteWhatWasRead(const FolderItem& package) {
   const Picture& picture = ImageOriginal();
+  if (originalImageFile || !OriginalImageID.empty() || !stateOnDisk_.empty()) {
+    // It had a file of which only the pixels are left: none of them may change.
+    const FolderItem file =
+        package.Child(otherSharedComponents::NewGUID(services_.Random) + ".png");
+    const std::array<EncodeImage, 1> images{{{picture, 1.0}}};
+    const std::string error =
+        EncodeImageFile(file, std::string(ImagesWritableMac::PNG.Identifier), images);
+    if (!error.empty()) services_.Log.Write(error);
+    OriginalImageID = file.Name();
+    return error.empty();
+  }
   const FolderItem jpeg = package.Child(otherSharedComponents::NewGUID(services_.Random) + ".jpg");
   std::string error;
   if (!ImageIO::SaveAsJPEG(jpeg, picture, 1.0, error)) {

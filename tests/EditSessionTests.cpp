@@ -1,23 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The editing session without a window: open, edit, undo, save, copy, cancel, recover.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <QCoreApplication>
-#include <array>
-#include <stdexcept>
-
-#include "Helpers.h"
-#include "app/core/RecentItems.h"
-#include "app/core/Recovery.h"
-#include "app/session/EditSession.h"
-#include "effects/EffectRegistry.h"
-#include "effects/styles/OneClickWonderStorage.h"
-#include "engine/EditorInterfaces.h"
+#include "Editing.h"
 #include "engine/pictures/SharedPictureEffects.h"
-#include "formats/BrivolantDocument.h"
 #include "formats/ImageFile.h"
-#include "platform/codecs/ImageCodecs.h"
 #include "platform/files/AtomicFile.h"
 
 namespace brivolant::test {
@@ -26,145 +11,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-struct NoFileDialogs final : FileDialogs {
-  std::vector<FolderItem> Open(const std::string&, const FolderItem&,
-                               const std::vector<FileFilter>&) override {
-    return {};
-  }
-  FolderItem Save(const std::string&, const FolderItem&, const std::vector<FileFilter>&,
-                  int&) override {
-    return {};
-  }
-};
-struct NoClipboard final : Clipboard {
-  bool Has(std::string_view) const override { return false; }
-  std::string Data(std::string_view) const override { return {}; }
-  void Set(std::string_view, std::string_view, std::string_view) override {}
-};
-struct NoColorPanel final : ColorPanel {
-  void Show() override {}
-  void Close() override {}
-  bool Visible() const override { return false; }
-  void SetColor(const RGBAColor&) override {}
-  RGBAColor SelectedRGBAColor() const override { return {}; }
-  bool showsAlpha() const override { return false; }
-  void showsAlpha(bool) override {}
-};
-struct NoDesktop final : Desktop {
-  bool Reveal(const FolderItem&) override { return false; }
-  std::string Eject(const FolderItem&) override { return {}; }
-  bool SetPicture(const FolderItem&) override { return false; }
-};
-
-/// Temporary files that can be made to fail as nothing foresees.
-struct FragileTemporaryFiles final : TemporaryFiles {
-  explicit FragileTemporaryFiles(TemporaryFiles& whole) : whole(whole) {}
-  FolderItem Child(std::string_view name) override {
-    if (broken) throw std::runtime_error("out of luck");
-    return whole.Child(name);
-  }
-  TemporaryFiles& whole;
-  bool broken = false;
-};
-
-struct FixedDisplay final : PreviewDisplay {
-  int Width() const override { return 220; }
-  int Height() const override { return 170; }
-  void Update(bool) override { ++updates; }
-  int updates = 0;
-};
-
-struct RecordingPanel final : EffectPanel {
-  void AboutToChange(effectModule& module) override { told.push_back(module.Name()); }
-  void selectedEffect(int index) override { selected = index; }
-  void Update() override {}
-  void Invalidate() override {}
-  std::vector<std::string> told;
-  int selected = -1;
-};
-
-/// A session and all that it stands on, in a folder of its own.
-struct Editing {
-  Editing() {
-    session.Processor().myDisplay = &display;
-    session.Processor().myEffectEditor = &panel;
-    session.Start();
-  }
-  FolderItem Photo(const std::string& name, int width = 320, int height = 240) const {
-    const FolderItem file = folder.Child(name);
-    const std::array<EncodeImage, 1> image{{{TestPicture(width, height), 0.95}}};
-    EXPECT_EQ(EncodeImageFile(file, name.ends_with(".png") ? "public.png" : "public.jpeg", image),
-              "");
-    return file;
-  }
-  void Open(const FolderItem& file) {
-    session.Open(file, {});
-    session.Work().Finish();
-  }
-  bool Save(const FolderItem& place = {}) {
-    bool saved = false;
-    session.Save(place, [&](bool done) { saved = done; });
-    session.Work().Finish();
-    return saved;
-  }
-  BrivolantDocument& Document() { return *session.Document(); }
-  effectModule& Module(const std::string& name) {
-    for (int i = 0; i <= session.Processor().Count(); ++i) {
-      if (session.Processor().item(i)->Name() == name) return *session.Processor().item(i);
-    }
-    throw std::out_of_range(name);
-  }
-  /// As the panel sets a control of a module: recorded first, then told.
-  void Change(effectModule& module, int control, int value) {
-    session.Record({{session.ModuleKey("EffectChanged:", module), module.Settings()}},
-                   module.Name());
-    module.Enabled(true);
-    module.ControlValue(control, value);
-    session.Processor().UpdatePreview(false);
-    session.SetDirty(true);
-  }
-  std::string UndoName() { return session.UndoGizmo().UndoName(); }
-
-  TestServices services;
-  TemporaryFolder folder;
-  FragileTemporaryFiles temporary{services.temporary};
-  Preferences preferences{"test", folder.Item(), services.log};
-  NoFileDialogs fileDialogs;
-  NoClipboard clipboard;
-  NoColorPanel colors;
-  NoDesktop desktop;
-  OneClickWonderStorage styles{services.services};
-  Desk desk{
-      {services.log, services.dialogs, services.user, temporary, services.clock, services.random},
-      preferences,
-      fileDialogs,
-      clipboard,
-      colors,
-      desktop,
-      styles,
-      {},
-      {},
-      {},
-      {},
-      {},
-      {}};
-  Recovery recovery{folder.Child("data"), services.log};
-  RecentItems recent{preferences};
-  FixedDisplay display;
-  RecordingPanel panel;
-  EditSession session{EffectRegistry(), desk, recovery, recent};
-  std::vector<std::string> failures;
-  std::vector<std::string> events;
-  std::vector<Listening> listening{
-      session.Failed.Listen([this](const std::string& message, const std::string& why) {
-        failures.push_back(message + "\n" + why);
-      }),
-      session.Settling.Listen([this] { events.emplace_back("settling"); }),
-      session.Opened.Listen([this] { events.emplace_back("opened " + Document().Name); }),
-      session.Saved.Listen([this] { events.emplace_back("saved"); }),
-  };
-};
 
 Picture Read(const FolderItem& file) {
   std::string error;
@@ -410,8 +256,10 @@ TEST(Session, ACopyIsTheFinishedPictureAndACancelledOneIsNoFile) {
   EXPECT_TRUE(session.Dirty());
 
   const FolderItem cancelled = editing.folder.Child("cancelled.png");
-  session.SaveCopy(cancelled, "public.png", 1);
-  session.Work().Cancel();
+  {
+    const Listening listening = session.Work().Started.Listen([&] { session.Work().Cancel(); });
+    session.SaveCopy(cancelled, "public.png", 1);
+  }
   session.Work().Finish();
   EXPECT_FALSE(cancelled.Exists());
   EXPECT_THAT(editing.failures, IsEmpty());
@@ -444,6 +292,20 @@ TEST(Session, EditsThatWereNotSavedComeBack) {
   editing.session.KeepEdits();
   const Picture edited = editing.Document().PreviewAfter;
   ASSERT_EQ(sets.Children().size(), 1U);
+
+  // Work on the photo hinders nothing.
+  {
+    const Listening listening = editing.session.Work().Started.Listen([&] {
+      editing.session.Turn(&BrivolantDocument::Flip, 1);
+      const std::string before = ReadFile(sets.Children().front().Child("Edits")).value_or("");
+      editing.session.KeepEdits();
+      EXPECT_NE(ReadFile(sets.Children().front().Child("Edits")).value_or(""), before);
+      editing.session.Turn(&BrivolantDocument::Flip, 1);
+      editing.session.KeepEdits();
+    });
+    editing.session.SaveCopy(editing.folder.Child("copy.jpg"), "public.jpeg", 1);
+    editing.session.Work().Finish();
+  }
 
   // Another run finds them, when this one has gone.
   Recovery later(editing.folder.Child("data"), editing.services.log);

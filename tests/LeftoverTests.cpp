@@ -12,9 +12,11 @@
 #include <functional>
 
 #include "Helpers.h"
+#include "app/core/Recovery.h"
 #include "formats/BrivolantDocument.h"
 #include "formats/PictureStrings.h"
 #include "platform/files/AtomicFile.h"
+#include "platform/files/FileLock.h"
 #include "platform/files/WorkingName.h"
 
 namespace brivolant::test {
@@ -43,6 +45,7 @@ class Writer {
     close(ready[1]);
   }
   ~Writer() { Kill(); }
+  pid_t Process() const { return process_; }
   Writer(const Writer&) = delete;
   Writer& operator=(const Writer&) = delete;
   void Kill() {
@@ -211,6 +214,65 @@ TEST_F(Leftovers, WhatOnlyLooksLikeOneStays) {
   EXPECT_TRUE(folder.Child(name).Alias());
   EXPECT_THAT(elsewhere.Names(), ElementsAre("precious"));
   for (const std::string& other : others) EXPECT_TRUE(folder.Child(other).Exists()) << other;
+}
+
+TEST(Locks, AreSeenByEveryOtherOpeningAndEndWithTheirHolder) {
+  const TemporaryFolder folder;
+  const FolderItem owned = folder.Child("owned");
+  EXPECT_EQ(FileLock(folder.Child("missing")).Is(), FileLock::kNone);
+  EXPECT_FALSE(FileLock::InUse(folder.Item()));
+  {
+    FileLock first(folder.Item());
+    EXPECT_EQ(first.Is(), FileLock::kLocked);
+    EXPECT_EQ(FileLock(folder.Item()).Is(), FileLock::kTaken);
+    // It goes along with the object, and with it.
+    FileLock second = std::move(first);
+    EXPECT_TRUE(FileLock::InUse(folder.Item()));
+    second = FileLock();
+    EXPECT_FALSE(FileLock::InUse(folder.Item()));
+  }
+  Writer other([&](const auto& wait) {
+    const FileLock lock = FileLock::OfOwner(owned);
+    wait();
+  });
+  const FileLock late = FileLock::OfOwner(owned);
+  EXPECT_EQ(late.Is(), FileLock::kTaken);
+  EXPECT_EQ(late.Holder(), other.Process());
+  other.Kill();
+  EXPECT_EQ(FileLock::OfOwner(owned).Is(), FileLock::kLocked);
+  EXPECT_EQ(ReadFile(owned), std::to_string(getpid()) + "\n");
+  // What somebody laid there instead is left alone.
+  const FolderItem victim = folder.Write("victim", "mine");
+  ASSERT_EQ(symlink(victim.Path().c_str(), folder.Child("link").Path().c_str()), 0);
+  EXPECT_EQ(FileLock::OfOwner(folder.Child("link")).Is(), FileLock::kNone);
+  EXPECT_EQ(ReadFile(victim), "mine");
+}
+
+TEST(KeptEdits, WhoTakesThemOverHasTheirTemporaryPackageToo) {
+  TestServices s;
+  FolderItem root;
+  RecoveredEdits edits;
+  {
+    CleanOnQuit ended(s.random);
+    ASSERT_TRUE(ended.Configure(s.folder.Child("CleanOnQuit")));
+    edits.Package = ended.Child("photo.brvPhoto");
+    ended.Keep();
+    root = CleanOnQuit::RootOf(edits.Package);
+    EXPECT_EQ(root.Parent(), s.folder.Item());
+    EXPECT_TRUE(FileLock::InUse(root));
+  }
+  EXPECT_TRUE(root.Exists()) << "another run needs it";
+  EXPECT_FALSE(FileLock::InUse(root));
+  edits.Set = s.folder.Child("set");
+  ASSERT_FALSE(edits.Set.CreateAsFolder());
+  Recovery recovery(s.folder.Child("data"), s.log);
+  recovery.Adopt(edits);
+  EXPECT_TRUE(FileLock::InUse(root));
+  EXPECT_TRUE(FileLock::InUse(edits.Set));
+  recovery.Forget();
+  EXPECT_FALSE(FileLock::InUse(root));
+  EXPECT_FALSE(edits.Set.Exists());
+  EXPECT_TRUE(CleanOnQuit::RootOf(s.folder.Child("photo.jpg")).IsNil());
 }
 
 }  // namespace

@@ -6,6 +6,9 @@
 #include "app/browse/FileController.h"
 #include "app/commands/Commands.h"
 #include "app/commands/Menus.h"
+#include "app/session/EditSession.h"
+#include "formats/BrivolantDocument.h"
+#include "platform/values/Captions.h"
 
 namespace brivolant {
 namespace {
@@ -59,6 +62,21 @@ bool FileController::PicturesSelected() const {
   return !files.empty() && std::all_of(files.begin(), files.end(), [](const FolderItem& file) {
     return FolderitemExtensions::NamesPicture(file.Name());
   });
+}
+
+bool FileController::MayTrash(const std::vector<FolderItem>& files) {
+  const bool open = std::any_of(files.begin(), files.end(),
+                                [this](const auto& file) { return session_.LiesIn(file); });
+  if (!open) return true;
+  std::string trash = Menus::kFileMoveToTrash.Text();
+  std::erase(trash, '&');
+  const EditSession::Hold hold(session_);
+  return desk_.Services.Dialogs.Ask(
+             {WithPlaceholders(kTrashOpen.Text(), {{"<filename>", session_.Document()->Name}}),
+              kTrashOpenExplanation.Text(),
+              trash,
+              Captions::kCancel.Text(),
+              {}}) == Answer::kAction;
 }
 
 void FileController::AddCommands(Commands& commands) {

@@ -7,7 +7,6 @@
 #include "app/commands/Commands.h"
 #include "app/session/EditSession.h"
 #include "browser/SideBarItem.h"
-#include "formats/BrivolantDocument.h"
 #include "platform/files/ExclusiveMove.h"
 #include "platform/files/FileNames.h"
 
@@ -52,6 +51,7 @@ void FileController::Run(const LocalizedText& text, const StepPointer& step,
 }
 
 void FileController::FileMoveToTrash() {
+  if (!MayTrash(browser_.SelectedFiles())) return;
   std::vector<FolderItem> files;
   multiViewFileBrowser& rows = *browser_.imageBrowser;
   for (const BrowserPayload& payload : rows.SelectedItems()) {
@@ -128,8 +128,7 @@ void FileController::TakeBack(const StepPointer& step) {
 bool FileController::MoveFile(const FolderItem& from, const FolderItem& to) {
   if (MoveExclusively(from, to)) return false;
   // The open document goes on where it now is.
-  BrivolantDocument* document = session_.Document();
-  if (document != nullptr && document->File == from) document->File = to;
+  session_.Relocate(from, to);
   Moved(from, to);
   return true;
 }

@@ -42,6 +42,12 @@ class FileController {
   static constexpr LocalizedText kNotPutBack{
       "MainWindow.kNotPutBack",
       "The file \"<filename>\" could not be taken out of the trash: its old place is not free."};
+  static constexpr LocalizedText kTrashOpen{"FileController.kTrashOpen",
+                                            "The document \"<filename>\" is open in the editor."};
+  static constexpr LocalizedText kTrashOpenExplanation{
+      "FileController.kTrashOpenExplanation",
+      "If it goes to the trash, the editor keeps the photo, and saving it will ask for another "
+      "place."};
   static constexpr LocalizedText kCopying{"FileController.kCopying", "Copying files..."};
   static constexpr LocalizedText kTrashing{"FileController.kTrashing",
                                            "Moving files to the trash..."};
@@ -89,6 +95,8 @@ class FileController {
   /// Does a step in a job; the step goes if nothing of it was done.
   void Run(const LocalizedText& text, const StepPointer& step,
            std::function<void(Jobs::Control&)> work, std::function<void()> then);
+  /// The user is asked about the open document, should it be among them.
+  bool MayTrash(const std::vector<FolderItem>& files);
   void UndoStep();
   void TakeBack();
   void TakeBack(const StepPointer& step);

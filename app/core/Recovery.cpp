@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/core/Recovery.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -14,6 +11,7 @@
 #include "formats/BinaryDictionary.h"
 #include "formats/BrivolantDocument.h"
 #include "platform/files/AtomicFile.h"
+#include "platform/services/SystemServices.h"
 
 namespace brivolant {
 namespace {
@@ -63,25 +61,6 @@ Dictionary EditsOf(const BrivolantDocument& document, const std::string& styleDa
 FolderItem FileAt(const Variant& path) {
   const std::string text = path.ToText();
   return text.empty() ? FolderItem() : FolderItem(text);
-}
-
-/// Opens a set's folder and locks it; -1 if another program has it.
-int LockOf(const FolderItem& set) {
-  const int descriptor = open(set.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return -1;
-  // A file system without locks is taken for free: the data folder is this user's.
-  if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-    close(descriptor);
-    return -1;
-  }
-  return descriptor;
-}
-
-bool InUse(const FolderItem& set) {
-  const int lock = LockOf(set);
-  if (lock < 0) return true;
-  close(lock);
-  return false;
 }
 
 /// Nanoseconds: two programs may end within a second.
@@ -146,7 +125,8 @@ Recovery::~Recovery() {
 }
 
 void Recovery::Release() {
-  if (lock_ >= 0) close(std::exchange(lock_, -1));
+  lock_.Release();
+  package_.Release();
   set_ = {};
   lastWritten_.clear();
 }
@@ -158,7 +138,7 @@ bool Recovery::MakeSet() {
   std::string pattern = folder_.Child("XXXXXX").ShellPath();
   if (mkdtemp(pattern.data()) == nullptr) return false;
   set_ = FolderItem(pattern);
-  lock_ = LockOf(set_);
+  lock_ = FileLock(set_);
   return true;
 }
 
@@ -203,7 +183,7 @@ void Recovery::Forget() {
 std::vector<RecoveredEdits> Recovery::Left() const {
   std::vector<std::pair<std::int64_t, RecoveredEdits>> found;
   for (const FolderItem& set : folder_.Children()) {
-    if (set == set_ || !set.Directory() || set.Alias() || InUse(set)) continue;
+    if (set == set_ || !set.Directory() || set.Alias() || FileLock::InUse(set)) continue;
     if (auto edits = ReadSet(set)) {
       found.emplace_back(WrittenAt(set.Child(kEdits)), std::move(*edits));
     }
@@ -226,13 +206,17 @@ std::vector<FolderItem> Recovery::Packages() const {
 
 void Recovery::Adopt(const RecoveredEdits& edits) {
   Release();
-  lock_ = LockOf(edits.Set);
-  if (lock_ >= 0) set_ = edits.Set;
+  lock_ = FileLock(edits.Set);
+  if (lock_.Is() == FileLock::kTaken) return;
+  // A file system without locks is taken for free: the data folder is this user's.
+  set_ = edits.Set;
+  // A package in another run's folder for temporary files is this run's from now on.
+  if (!edits.Saved) package_ = FileLock(CleanOnQuit::RootOf(edits.Package));
 }
 
 void Recovery::GiveUp(const RecoveredEdits& edits) {
   // Only what this class wrote is deleted.
-  if (edits.Set && edits.Set.Parent() == folder_ && !InUse(edits.Set)) {
+  if (edits.Set && edits.Set.Parent() == folder_ && !FileLock::InUse(edits.Set)) {
     (void)edits.Set.DeleteFolder();
   }
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "formats/PastedFiles.h"
+#include "platform/files/FileLock.h"
 #include "platform/files/FolderItem.h"
 #include "platform/services/Services.h"
 #include "platform/values/Pair.h"
@@ -77,7 +78,9 @@ class Recovery {
   FolderItem folder_;
   Log& log_;
   FolderItem set_;
-  int lock_ = -1;
+  FileLock lock_;
+  /// Of the folder for temporary files that the document's package lies in, if it is not ours.
+  FileLock package_;
   std::string lastWritten_;
 };
 

@@ -13,7 +13,7 @@ namespace brivolant {
 
 /// What work on another thread may use while the application goes on: messages and lines of the log
 /// wait here until the owner's thread takes them, dice are its own, and a question is answered with
-/// kCancel unless the answer was laid ready. Made from the services of the owner, which must
+/// kCancel unless its answer was laid ready. Made from the services of the owner, which must
 /// outlive it.
 class WorkerServices {
  public:

@@ -35,6 +35,7 @@ EditorController::EditorController(const Desk& desk, EditSession& session, Comma
     : desk_(desk), session_(session), commands_(commands), panes_(panes), pane_(pane) {
   pane_.PreviewTitle->SegmentByTag("advanced")->Selected =
       desk_.Preferences.Value(kPanelKey, false).ToBool();
+  session_.AskPlace = [this] { return AskWhereToSave(); };
   WireModules();
   WirePanel();
   WireDisplay();
@@ -52,6 +53,7 @@ EditorController::EditorController(const Desk& desk, EditSession& session, Comma
 }
 
 EditorController::~EditorController() {
+  session_.AskPlace = nullptr;
   session_.Processor().Warned = nullptr;
   // The widgets outlive the session.
   pane_.MyDisplay->myProcessor = nullptr;

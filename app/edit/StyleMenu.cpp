@@ -7,6 +7,7 @@
 #include "app/edit/StylesController.h"
 #include "effects/styles/OneClickWonderStorage.h"
 #include "files/FolderitemExtensions.h"
+#include "formats/DocumentParts.h"
 #include "kit/templateSelector.h"
 #include "platform/values/SharedComponents.h"
 
@@ -63,7 +64,7 @@ void StylesController::RemoveStyle(int index) {
       {}};
   if (desk_.Services.Dialogs.Ask(question) != Answer::kAction) return;
   if (!FolderitemExtensions::MoveToTrash(style->File)) {
-    desk_.Services.Dialogs.Message(WithPlaceholders(EditSession::kCannotReplace.Text(),
+    desk_.Services.Dialogs.Message(WithPlaceholders(documentTexts::kCannotReplace.Text(),
                                                     {{"<filename>", style->File.DisplayName()}}),
                                    {});
     return;

@@ -54,9 +54,14 @@ class EditSession {
   static constexpr LocalizedText kNotShown{
       "EditSession.kNotShown",
       "There is not enough memory to show the photo \"<filename>\" on the whole screen."};
-  static constexpr LocalizedText kCannotReplace{
-      "MainWindow.kCannotReplace",
-      "The file \"<filename>\" cannot be replaced: it could not be moved to the trash."};
+  static constexpr LocalizedText kNotSavedThere{
+      "EditSession.kNotSavedThere",
+      "The photo \"<filename>\" could not be saved in its own place."};
+  static constexpr LocalizedText kPlaceGone{
+      "EditSession.kPlaceGone",
+      "It is not there any more: the document or its folder was moved or deleted, or its disk is "
+      "away. Nothing is lost if you save it elsewhere."};
+  static constexpr LocalizedText kSaveElsewhere{"EditSession.kSaveElsewhere", "Save Elsewhere..."};
 
   /// Everything handed in must outlive the session.
   EditSession(ModuleRegistry registry, const Desk& desk, brivolant::Recovery& recovery,
@@ -84,13 +89,17 @@ class EditSession {
   void Open(const RecoveredEdits& edits);
   /// True while the photo has no place of its own.
   bool NeedsPlace() const;
-  /// Saves where the photo lies, or at a place. What stands there goes to the trash. `then` hears
-  /// whether it was saved.
+  /// Saves where the photo lies, or at a place. What stands there goes to the trash. What cannot
+  /// be saved where it lies asks for another place. `then` hears whether it was saved.
   void Save(const FolderItem& place, std::function<void(bool saved)> then);
   /// Writes the finished picture; `type` is the identifier of a writable kind, `quality` 0 to 1.
   void SaveCopy(const FolderItem& file, const std::string& type, double quality);
   /// Renders the photo to be seen in a box of pixels.
   void RenderFor(int width, int height, std::function<void(const Picture&)> then);
+  /// True if the document's own package lies in an item, or is it.
+  bool LiesIn(const FolderItem& item) const;
+  /// What lay at or below `from` was moved to `to`, and the open document with it.
+  void Relocate(const FolderItem& from, const FolderItem& to);
   /// The changes are given up: nobody will want them back after a crash.
   void GiveUpChanges();
   /// Writes what is not saved to where a crash leaves it.
@@ -162,6 +171,8 @@ class EditSession {
   Event<effectModule&> ModuleCreated;
   /// Asks the user what work could not decide; without it the answer is kCancel.
   std::function<Answer(const Question&)> Ask;
+  /// Asks for a place to save at; nil if the user gives none.
+  std::function<FolderItem()> AskPlace;
   /// What the user must know, and why.
   Event<const std::string&, const std::string&> Failed;
 
@@ -175,6 +186,7 @@ class EditSession {
   /// Saves; those questions are answered already.
   void SaveWith(const std::vector<Question>& agreed, const FolderItem& place,
                 std::function<void(bool)> then);
+  bool SaveOtherwise(Saving& saving, const std::string& why);
   /// Tells what the worker left to tell.
   void TellWorkers();
   void Replace(const std::string& style);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The session's long work: reading, saving, rendering at full size. Jobs work on documents and
-// processors of their own; what they made is taken over when they are done.
+// Opening, and edits that are kept until they are saved. Jobs work on documents of their own, which
+// are taken over when they are done.
 #include <algorithm>
 
 #include "app/core/RecentItems.h"
@@ -60,9 +60,11 @@ void EditSession::Open(const FolderItem& item, std::string name) {
              return made;
            }
            if (!document.Load(o.file) || document.ImageOriginal().IsNil()) return false;
-           document.HoldPictures();
            // An older form is written anew at once.
-           if (document.FileDataVersion < BrivolantDocument::kVersion) document.Save();
+           if (document.FileDataVersion < BrivolantDocument::kVersion && o.file.IsWriteable()) {
+             document.Save();
+           }
+           document.HoldFiles();
            return true;
          });
   });
@@ -80,7 +82,6 @@ void EditSession::Open(const RecoveredEdits& edits) {
          [edits](Opening& o) {
            if (edits.Package.Exists()) {
              o.read = o.document->Load(edits.Package) && !o.document->ImageOriginal().IsNil();
-             if (o.read) o.document->HoldPictures();
              // A temporary package is still no place for a document to stay.
              if (o.read && !edits.Saved) o.document->tFile = edits.Package;
            }
@@ -88,6 +89,7 @@ void EditSession::Open(const RecoveredEdits& edits) {
              o.document = std::move(o.spare);
              o.read = o.document->CreateFromFile(edits.Original);
            }
+           if (o.read) o.document->HoldFiles();
            if (o.read && !edits.ApplyTo(*o.document)) {
              // Without its pictures it would be saved as less than it was.
              o.document->lastErrorMessage = kPicturesNotBack.Text();
@@ -161,96 +163,13 @@ void EditSession::Begin(std::unique_ptr<BrivolantDocument> document, bool rewind
   Changed();
 }
 
-bool EditSession::NeedsPlace() const {
-  return document_ && (document_->File.IsNil() || !document_->tFile.IsNil());
-}
-
-/// A copy of the document that is being saved.
-struct EditSession::Saving {
-  std::unique_ptr<BrivolantDocument> copy;
-  /// What stands there goes to the trash; nil where the document lies already.
-  FolderItem place;
-  /// Of the session, as it is saved.
-  std::string state;
-  int of = 0;
-  /// What the user has said yes to.
-  std::vector<Question> agreed;
-  std::function<void(bool)> then;
-  bool done = false;
-};
-
-void EditSession::Save(const FolderItem& place, std::function<void(bool)> then) {
-  SaveWith({}, place, std::move(then));
-}
-
-void EditSession::SaveWith(const std::vector<Question>& agreed, const FolderItem& place,
-                           std::function<void(bool)> then) {
-  jobs_.WhenIdle([this, agreed, place, then = std::move(then)] {
-    if (!document_) return then(false);
-    // An answer holds for the save that it was given to.
-    worker_.Forget();
-    for (const Question& question : agreed) worker_.LayReady(question, Answer::kAction);
-    Settling();
-    StorePending();
-    const auto saving = std::make_shared<Saving>();
-    saving->copy = std::make_unique<BrivolantDocument>(*document_);
-    saving->copy->StyleData = processor_.StyleData();
-    saving->place = place;
-    saving->state = State();
-    saving->of = documents_;
-    saving->agreed = agreed;
-    saving->then = then;
-    if (place) {
-      saving->copy->File = place;
-      saving->copy->Name = EnsureUTF8(FolderitemExtensions::FileNameWithoutExtension(place));
-    }
-    const auto work = [this, saving](Jobs::Control&) {
-      if (saving->place.Exists() && !FolderitemExtensions::MoveToTrash(saving->place)) {
-        worker_.All().Dialogs.Message(
-            WithPlaceholders(kCannotReplace.Text(), {{"<filename>", saving->place.DisplayName()}}),
-            {});
-        return;
-      }
-      saving->done = saving->copy->Save();
-    };
-    jobs_.Start({{}, false, work, [this, saving](Jobs::End, const std::string& why) {
-                   TakeSaved(*saving, why);
-                 }});
-  });
-}
-
-void EditSession::TakeSaved(Saving& saving, const std::string& why) {
-  // Another photo is open by now: this one was saved all the same.
-  if (saving.of != documents_) return saving.then(saving.done);
-  // What failed changes nothing, so that the next attempt asks again; unless the package has moved
-  // already.
-  const bool moved = saving.copy->tFile.IsNil() && !document_->tFile.IsNil();
-  if (saving.done || moved) document_->TakeOver(*saving.copy);
-  if (saving.done) {
-    savedState_ = saving.state;
-    recent_.Add(document_->File);
-    recovery_.Forget();
-  }
-  SetDirty(!saving.done);
-  if (saving.done) Saved();
-  if (!why.empty()) {
-    Failed(WithPlaceholders(kNotSaved.Text(), {{"<filename>", document_->Name}}), why);
-  }
-  TellWorkers();
-  const std::optional<Question> question = worker_.Unanswered();
-  if (question && !saving.done && Ask && Ask(*question) == Answer::kAction) {
-    saving.agreed.push_back(*question);
-    return SaveWith(saving.agreed, {}, saving.then);
-  }
-  saving.then(saving.done);
-}
-
 void EditSession::GiveUpChanges() {
   recovery_.Forget();
 }
 
 void EditSession::KeepEdits() {
-  if (Busy() || HalfDone || !Dirty()) return;
+  // Work goes on beside it, on documents of its own.
+  if (HalfDone || !Dirty()) return;
   recovery_.Keep(*document_, processor_.StyleData());
 }
 

@@ -3,7 +3,6 @@
 
 #include <dirent.h>
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -18,6 +17,7 @@
 #include <random>
 #include <vector>
 
+#include "platform/files/FileLock.h"
 #include "platform/files/FileNames.h"
 #include "platform/values/Hash.h"
 #include "platform/values/Text.h"
@@ -139,7 +139,7 @@ void SweepOne(const FolderItem& item) {
   struct stat status {};
   const bool ours = fstat(descriptor, &status) == 0 && status.st_uid == geteuid() &&
                     (S_ISREG(status.st_mode) || S_ISDIR(status.st_mode));
-  if (ours && flock(descriptor, LOCK_EX | LOCK_NB) == 0) {
+  if (ours && FileLock::Lock(descriptor) == FileLock::kLocked) {
     (void)(S_ISDIR(status.st_mode) ? item.DeleteFolder() : item.Delete());
   }
   close(descriptor);
@@ -181,7 +181,7 @@ FolderItem WorkingName::Beside(const FolderItem& target, bool extension) {
 
 void WorkingName::Lock(int descriptor) {
   // Nobody else knows the file yet, so this never waits.
-  (void)flock(descriptor, LOCK_EX | LOCK_NB);
+  (void)FileLock::Lock(descriptor);
 }
 
 void WorkingName::Sweep(const FolderItem& folder) {

@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/services/SystemServices.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
-#include <cerrno>
-
 #include <QDBusConnection>
 #include <QDBusInterface>
 #include <QDBusReply>
@@ -24,6 +18,12 @@
 #include "platform/values/Text.h"
 
 namespace brivolant {
+namespace {
+
+/// What the names of roots begin with, before the number of the run.
+constexpr std::string_view kRootName = ".CleanOnQuit";
+
+}  // namespace
 
 Picture Clipboard::Picture() const {
   return {};
@@ -151,31 +151,36 @@ bool FreedesktopDesktop::SetPicture(const FolderItem& image) {
 }
 
 CleanOnQuit::~CleanOnQuit() {
-  if (lock_ >= 0) close(lock_);
-  if (root_) (void)root_.DeleteFolder();
+  if (root_ && !keep_) (void)root_.DeleteFolder();
 }
 
 bool CleanOnQuit::Configure(const FolderItem& root) {
-  FolderItem folder =
-      root ? root : DocumentsFolder().Child("CleanOnQuitcom.quillmere.brivolantPhotos");
+  FolderItem folder = root ? root
+                           : DocumentsFolder().Child(std::string(kRootName.substr(1)) +
+                                                     "com.quillmere.brivolantPhotos");
   // A leading dot is how a folder is hidden here. Two running programs never share a root.
   std::string name = folder.Name();
   if (!name.starts_with('.')) name.insert(0, 1, '.');
-  name += '-' + Hexadecimal(static_cast<std::uint64_t>(random_.Rnd() * 4294967295.0), 8);
-  folder = folder.Parent().Child(name);
-  if (folder.CreateAsFolder()) return false;
+  const std::string number =
+      Hexadecimal(static_cast<std::uint64_t>(random_.Rnd() * 4294967295.0), 8);
+  // It has another name until it is locked: a root that is not is taken for one left by a crash.
+  const FolderItem young = folder.Parent().Child(name + "~" + number);
+  folder = folder.Parent().Child(name + "-" + number);
+  if (young.CreateAsFolder()) return false;
+  FileLock lock(young);
+  if (young.MoveFileTo(folder)) {
+    (void)young.Delete();
+    return false;
+  }
   root_ = folder;
-  lock_ = open(root_.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (lock_ >= 0) (void)flock(lock_, LOCK_EX | LOCK_NB);
+  lock_ = std::move(lock);
   return true;
 }
 
-bool CleanOnQuit::InUse(const FolderItem& root) {
-  const int descriptor = open(root.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return false;
-  const bool taken = flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-  close(descriptor);
-  return taken;
+FolderItem CleanOnQuit::RootOf(const FolderItem& item) {
+  FolderItem root = item;
+  while (root && !root.Name().starts_with(kRootName)) root = root.Parent();
+  return root;
 }
 
 FolderItem CleanOnQuit::Child(std::string_view name) {

@@ -5,6 +5,7 @@
 #include <mutex>
 #include <random>
 
+#include "platform/files/FileLock.h"
 #include "platform/services/Services.h"
 
 namespace brivolant {
@@ -40,9 +41,9 @@ class FreedesktopDesktop final : public Desktop {
   bool SetPicture(const FolderItem& image) override;
 };
 
-/// Temporary files of one run. Each child lies in a folder of its own under the root; the root
-/// and all it holds are deleted when the object ends. Child may be called on any thread, if nothing
-/// else rolls the dice meanwhile.
+/// Temporary files of one run. Each child lies in a folder of its own under the root; the root,
+/// locked meanwhile, and all it holds are deleted when the object ends. Child may be called on any
+/// thread, if nothing else rolls the dice meanwhile.
 class CleanOnQuit final : public TemporaryFiles {
  public:
   explicit CleanOnQuit(Random& random) : random_(random) {}
@@ -53,15 +54,18 @@ class CleanOnQuit final : public TemporaryFiles {
   /// Sets the root folder; nil stands for "CleanOnQuitcom.quillmere.brivolantPhotos" in the
   /// user's documents folder. The folder is made hidden. False if it cannot be created.
   [[nodiscard]] bool Configure(const FolderItem& root);
-  /// True while a running program has that root.
-  static bool InUse(const FolderItem& root);
+  /// The root of some run that an item lies in; nil if it lies in none.
+  static FolderItem RootOf(const FolderItem& item);
+  /// Nothing is deleted when the object ends: another run needs it.
+  void Keep() { keep_ = true; }
   FolderItem Child(std::string_view name) override;
 
  private:
   Random& random_;
   std::mutex mutex_;
   FolderItem root_;
-  int lock_ = -1;
+  FileLock lock_;
+  bool keep_ = false;
 };
 
 }  // namespace brivolant

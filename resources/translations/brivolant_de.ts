@@ -28,6 +28,10 @@
         <source>Give Up</source>
         <translation>Aufgeben</translation>
     </message>
+    <message id="App.kLater">
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
     <message id="App.kNoDocuments">
         <source>Unable to create a UserCreatedElements folder as the users documents folder doesn't exist.</source>
         <translation>Der Ordner für Ihre eigenen Elemente lässt sich nicht anlegen, weil es den Ordner für Dokumente nicht gibt.</translation>
@@ -91,6 +95,14 @@
     <message id="BrivolantDocument.kNotCreated">
         <source>Something went wrong and the file hasn't been created.</source>
         <translation>Etwas ging schief, und die Datei wurde nicht angelegt.</translation>
+    </message>
+    <message id="BrivolantDocument.kOriginalGone">
+        <source>The original of the photo "&lt;filename&gt;" cannot be found any more.</source>
+        <translation>Das Original des Fotos „&lt;filename&gt;“ ist nicht mehr zu finden.</translation>
+    </message>
+    <message id="BrivolantDocument.kOriginalGoneExplanation">
+        <source>The photo can be saved without loss as it was read, but not as the file that it was. If its disk is away, connect it first.</source>
+        <translation>Das Foto kann verlustfrei so gesichert werden, wie es gelesen wurde, aber nicht als die Datei, die es war. Fehlt der Datenträger, schließen Sie ihn zuerst an.</translation>
     </message>
     <message id="BrivolantDocument.kPicturesGone">
         <source>A picture that lies over the photo "&lt;filename&gt;" cannot be found any more.</source>
@@ -176,9 +188,21 @@
         <source>Crop</source>
         <translation>Zuschneiden</translation>
     </message>
+    <message id="EditSession.kNotSavedThere">
+        <source>The photo "&lt;filename&gt;" could not be saved in its own place.</source>
+        <translation>Das Foto „&lt;filename&gt;“ ließ sich nicht an seinem Ort sichern.</translation>
+    </message>
     <message id="EditSession.kNotShown">
         <source>There is not enough memory to show the photo "&lt;filename&gt;" on the whole screen.</source>
         <translation>Der Speicher reicht nicht, um das Foto „&lt;filename&gt;“ auf dem ganzen Bildschirm zu zeigen.</translation>
+    </message>
+    <message id="EditSession.kPlaceGone">
+        <source>It is not there any more: the document or its folder was moved or deleted, or its disk is away. Nothing is lost if you save it elsewhere.</source>
+        <translation>Es liegt nicht mehr dort: Das Dokument oder sein Ordner wurde bewegt oder gelöscht, oder der Datenträger fehlt. Nichts geht verloren, wenn Sie es woanders sichern.</translation>
+    </message>
+    <message id="EditSession.kSaveElsewhere">
+        <source>Save Elsewhere...</source>
+        <translation>Woanders sichern …</translation>
     </message>
     <message id="EffectModuleAutoContrast.kName">
         <source>Auto Contrast</source>
@@ -915,6 +939,14 @@
     <message id="FileController.kTrashing">
         <source>Moving files to the trash...</source>
         <translation>Dateien kommen in den Papierkorb …</translation>
+    </message>
+    <message id="FileController.kTrashOpen">
+        <source>The document "&lt;filename&gt;" is open in the editor.</source>
+        <translation>Das Dokument „&lt;filename&gt;“ ist im Editor geöffnet.</translation>
+    </message>
+    <message id="FileController.kTrashOpenExplanation">
+        <source>If it goes to the trash, the editor keeps the photo, and saving it will ask for another place.</source>
+        <translation>Kommt es in den Papierkorb, behält der Editor das Foto, und beim Sichern wird nach einem anderen Ort gefragt.</translation>
     </message>
     <message id="FolderitemExtensions.kDateAtTime">
         <source>&lt;date&gt; at &lt;time&gt;</source>

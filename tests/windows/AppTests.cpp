@@ -5,14 +5,18 @@
 #include <QComboBox>
 #include <QDirIterator>
 #include <QLineEdit>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QTest>
 #include <QToolBar>
+#include <atomic>
+#include <csignal>
 #include <set>
 #include <thread>
 
 #include "WindowHelpers.h"
 #include "app/AboutBox.h"
+#include "app/EndSignals.h"
 #include "app/PreferencesWindow.h"
 #include "app/SingleInstance.h"
 #include "app/browse/QuickLookWindow.h"
@@ -25,6 +29,7 @@
 #include "kit/Appearance.h"
 #include "kit/SvgIcon.h"
 #include "kit/ifkSegmentView.h"
+#include "platform/codecs/ImageCodecs.h"
 #include "platform/services/SharedFolders.h"
 #include "support/LanguageTools.h"
 
@@ -166,30 +171,132 @@ TEST(Toolbar, EveryButtonHasItsOwnDrawing) {
   }
 }
 
-TEST(Instance, AnotherStartHandsItsFilesOver) {
-  const std::string name = "brivolant-test-" + std::to_string(getpid());
+/// What a start in another process does.
+struct OtherStart {
+  OtherStart(const FolderItem& folder, const std::vector<FolderItem>& files, int patience)
+      : thread([=, this] {
+          SingleInstance instance(folder, "program");
+          role = instance.Begin(files, patience);
+          holder = instance.Holder();
+          done = true;
+        }) {}
+  ~OtherStart() { thread.join(); }
+  OtherStart(const OtherStart&) = delete;
+  OtherStart& operator=(const OtherStart&) = delete;
+  SingleInstance::Role role = SingleInstance::Role::kAlone;
+  pid_t holder = 0;
+  std::atomic<bool> done = false;
+  std::thread thread;
+};
+
+TEST(Instance, OneOwnsTheLockAndTheOthersHandTheirFilesOver) {
+  using Role = SingleInstance::Role;
+  constexpr int kLong = 30000;
+  const TemporaryFolder folder;
   const FolderItem strange("/tmp/name with \xFF and \xC3\xA9.jpg");
-  SingleInstance alone(name);
-  EXPECT_FALSE(alone.HandOver({strange}));
-  ASSERT_TRUE(alone.Listen());
-  std::vector<std::vector<FolderItem>> arrived;
-  alone.Arrived = [&](const std::vector<FolderItem>& files) { arrived.push_back(files); };
-  const auto hand = [&](const std::vector<FolderItem>& files) {
-    bool taken = false;
-    std::atomic<bool> done = false;
-    std::thread other([&] {
-      taken = SingleInstance(name).HandOver(files);
-      done = true;
-    });
-    EXPECT_TRUE(Until([&] { return done.load(); }));
-    other.join();
-    return taken;
+  const auto start = [&](const std::vector<FolderItem>& files) {
+    OtherStart other(folder.Item(), files, kLong);
+    EXPECT_TRUE(Until([&] { return other.done.load(); }));
+    return other.role;
   };
-  EXPECT_TRUE(hand({strange, FolderItem("/tmp/b.jpg")}));
-  EXPECT_TRUE(hand({}));
-  ASSERT_EQ(arrived.size(), 2U);
-  EXPECT_THAT(arrived[0], testing::ElementsAre(strange, FolderItem("/tmp/b.jpg")));
-  EXPECT_TRUE(arrived[1].empty());
+  {
+    // One that has not got as far as listening, or hangs: nobody else begins.
+    const FileLock starting = FileLock::OfOwner(folder.Child("program.lock"));
+    SingleInstance late(folder.Item(), "program");
+    EXPECT_EQ(late.Begin({strange}, 1), Role::kUnanswered);
+    EXPECT_EQ(late.Holder(), getpid());
+  }
+  // A socket that a crash left is in nobody's way.
+  folder.Write("program.socket", "");
+  {
+    SingleInstance owner(folder.Item(), "program");
+    ASSERT_EQ(owner.Begin({}, 0), Role::kOwner);
+    // What arrives before the window stands waits for it.
+    EXPECT_EQ(start({strange, FolderItem("/tmp/b.jpg")}), Role::kHandedOver);
+    EXPECT_EQ(start({}), Role::kHandedOver);
+    std::vector<std::vector<FolderItem>> arrived;
+    owner.Serve([&](const std::vector<FolderItem>& files) { arrived.push_back(files); });
+    ASSERT_EQ(arrived.size(), 2U);
+    EXPECT_THAT(arrived[0], testing::ElementsAre(strange, FolderItem("/tmp/b.jpg")));
+    EXPECT_TRUE(arrived[1].empty());
+    EXPECT_EQ(start({strange}), Role::kHandedOver);
+    EXPECT_EQ(arrived.size(), 3U);
+  }
+  EXPECT_EQ(start({}), Role::kOwner) << "the one before has ended";
+  SingleInstance nowhere(folder.Child("no folder"), "program");
+  EXPECT_EQ(nowhere.Begin({}, 0), Role::kAlone);
+}
+
+/// The program itself, in a process of its own, with a home of its own.
+struct Process : QProcess {
+  Process(const TemporaryFolder& home, const QStringList& arguments) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    const QString path = QString::fromStdString(home.Item().ShellPath());
+    for (const char* name : {"HOME", "XDG_RUNTIME_DIR"}) {
+      environment.insert(QString::fromLatin1(name), path);
+    }
+    for (const char* name : {"CONFIG", "CACHE", "DATA", "STATE"}) {
+      environment.remove(QStringLiteral("XDG_%1_HOME").arg(QLatin1String(name)));
+    }
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    setProcessEnvironment(environment);
+    start(QStringLiteral(BRIVOLANT_PROGRAM), arguments);
+    EXPECT_TRUE(waitForStarted());
+  }
+  ~Process() override {
+    kill();
+    waitForFinished();
+  }
+  bool Ended() const { return state() == QProcess::NotRunning; }
+};
+
+TEST(Instance, OfManyStartsAtOnceOneRunsAndASignalEndsItInOrder) {
+  const TemporaryFolder home;
+  std::vector<std::unique_ptr<Process>> starts;
+  for (int i = 0; i < 4; ++i) starts.push_back(std::make_unique<Process>(home, QStringList()));
+  const auto running = [&] {
+    return std::count_if(starts.begin(), starts.end(), [](const auto& p) { return !p->Ended(); });
+  };
+  ASSERT_TRUE(Until([&] { return running() <= 1; }));
+  ASSERT_EQ(running(), 1);
+  for (const auto& process : starts) {
+    if (process->Ended()) {
+      EXPECT_EQ(process->exitCode(), 0);
+      continue;
+    }
+    process->terminate();
+    ASSERT_TRUE(Until([&] { return process->Ended(); }));
+    EXPECT_EQ(process->exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process->exitCode(), 0);
+  }
+}
+
+TEST(Instance, MeasuringTouchesNobodysData) {
+  const TemporaryFolder home;
+  const std::array<EncodeImage, 1> image{{{TestPicture(64, 48), 0.9}}};
+  ASSERT_EQ(EncodeImageFile(home.Child("photo.jpg"), "public.jpeg", image), "");
+  Process process(home, {QStringLiteral("--measure-start"),
+                         QString::fromStdString(home.Child("photo.jpg").ShellPath())});
+  ASSERT_TRUE(Until([&] { return process.Ended(); }));
+  EXPECT_EQ(process.exitCode(), 0);
+  EXPECT_THAT(process.readAllStandardOutput().toStdString(), testing::HasSubstr("open_ms"));
+  EXPECT_THAT(home.Names(), testing::ElementsAre("photo.jpg"));
+}
+
+TEST(Signals, AreEventsOfTheLoop) {
+  int arrived = 0;
+  {
+    const EndSignals signals([&] { ++arrived; });
+    for (const int number : {SIGTERM, SIGHUP, SIGINT}) {
+      const int before = arrived;
+      raise(number);
+      EXPECT_EQ(arrived, before) << "nothing happens within the handler";
+      EXPECT_TRUE(Until([&] { return arrived == before + 1; }));
+    }
+  }
+  struct sigaction now {};
+  sigaction(SIGTERM, nullptr, &now);
+  EXPECT_EQ(now.sa_handler, SIG_DFL);
 }
 
 TEST(Copies, AreCancelledBetweenTwoEffects) {

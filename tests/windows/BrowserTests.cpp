@@ -229,6 +229,44 @@ TEST(Browser, FilesComeInByDropAndPasteUnderFreeNames) {
   EXPECT_EQ(program.dialogs.messages.size(), 1U);
 }
 
+TEST(Browser, AsksBeforeTheOpenDocumentGoesToTheTrashAndTakesItAlongWithItsFolder) {
+  Browsing program({"a.jpg"});
+  const FolderItem folder = program.Pictures().Child("trips");
+  EXPECT_FALSE(folder.CreateAsFolder());
+  program.OpenPhoto(program.Pictures().Child("a.jpg"));
+  program.fileDialogs.files = {folder.Child("doc.brvPhoto")};
+  program.Window().SaveMethod();
+  program.Finish();
+  program.Choose("ViewBrowseMyPhotos");
+  ExpectSoon([&] { return program.Names(); }, ElementsAre("trips", "a.jpg"));
+  program.Browser().setFocus();
+  Click(program.Grid(), program.Cell(0));
+  Key(program.Window(), Qt::Key_Delete);
+  ASSERT_EQ(program.dialogs.questions.size(), 1U);
+  EXPECT_THAT(program.dialogs.questions[0].Message, testing::HasSubstr("doc"));
+  EXPECT_TRUE(folder.Exists());
+  program.Choose("FileRename");
+  QLineEdit* field = program.Browser().RenameField();
+  ASSERT_NE(field, nullptr);
+  field->setText(QStringLiteral("journeys"));
+  QTest::keyClick(field, Qt::Key_Return);
+  ASSERT_TRUE(program.Shows({"journeys", "a.jpg"}));
+  const FolderItem moved = program.Pictures().Child("journeys");
+  EXPECT_EQ(program.Document().File, moved.Child("doc.brvPhoto"));
+  program.dialogs.answers = {Answer::kAction};
+  program.Choose("FileMoveToTrash");
+  ASSERT_TRUE(program.Shows({"a.jpg"}));
+  // Saving asks for another place then.
+  program.Tool(ToolButtons::Editor().Identifier);
+  program.Choose("RotateAndFlipRotate90");
+  const FolderItem place = program.home.Child("again.brvPhoto");
+  program.dialogs.answers = {Answer::kAction};
+  program.fileDialogs.files = {place};
+  program.Window().SaveMethod();
+  ASSERT_TRUE(Until([&] { return place.Exists() && !program.Window().Session().Busy(); }));
+  EXPECT_TRUE(place.Child("a.jpg").Exists());
+}
+
 TEST(Browser, RenamesInPlaceAndTakesItBack) {
   Browsing program({"a.jpg", "b.jpg"});
   Click(program.Grid(), program.Cell(0));

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "WindowHelpers.h"
+#include "browser/ui/multiViewFileBrowser.h"
 
 namespace brivolant::test {
 namespace {
@@ -84,6 +85,48 @@ TEST(Recovery, LeavesTheFolderOfASavedDocumentAloneAndCanBeGivenUp) {
   EXPECT_TRUE(sets.Children().empty());
   program.OpenPhoto(program.home.Child("doc.brvPhoto"));
   EXPECT_EQ(program.Document().Rotation, 0);
+}
+
+TEST(Recovery, WhatASignalInterruptsIsBroughtBackAndFilesComeBehindIt) {
+  Program program;
+  // A photo that lies in no file is the hardest to keep.
+  program.Window().Session().Open(TestPicture(90, 60), "pasted");
+  program.Finish();
+  program.Choose("RotateAndFlipRotate90");
+  const Picture original = program.Document().ImageOriginal();
+  const FolderItem package = program.Document().File;
+  program.app->KeepForNextStart();
+  program.Start();
+  ASSERT_TRUE(package.Exists());
+  // Closed without a clear word they stay.
+  program.dialogs.answers = {Answer::kCancel};
+  EXPECT_FALSE(program.app->OfferRecovery());
+  // What was given at the start comes behind it.
+  const FolderItem first = program.Photo("first.jpg");
+  const FolderItem second = program.Photo("second.jpg");
+  std::vector<std::string> opened;
+  const Listening listening =
+      program.Window().Session().Opened.Listen([&] { opened.push_back(program.Document().Name); });
+  program.dialogs.answers = {Answer::kAction, Answer::kCancel};
+  EXPECT_TRUE(program.app->OfferRecovery());
+  program.app->OpenDocuments({first, second});
+  ASSERT_TRUE(Until([&] { return program.dialogs.questions.size() == 3; }));
+  Settle();
+  // The way on from unsaved edits is asked about, as ever.
+  EXPECT_THAT(opened, testing::ElementsAre("pasted"));
+  EXPECT_THAT(program.dialogs.questions.back().Message, testing::HasSubstr("save the changes"));
+  EXPECT_EQ(program.Document().Rotation, 1);
+  // A picture without a file is kept as a JPEG.
+  EXPECT_LE(LargestDifference(program.Document().ImageOriginal(), original), 8);
+  // The other photos are there to choose from.
+  EXPECT_EQ(program.Window().imageBrowser->CurrentFolder(), program.home.Item());
+  program.dialogs.answers = {Answer::kAlternate};
+  program.app->OpenDocument(first);
+  ASSERT_TRUE(Until([&] { return opened.size() == 2; }));
+  EXPECT_THAT(opened, testing::ElementsAre("pasted", "first"));
+  program.Start();
+  program.app->RemoveLeftovers();
+  EXPECT_FALSE(package.Exists());
 }
 
 }  // namespace

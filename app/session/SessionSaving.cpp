@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+// Saving, and where the document lies.
+#include <filesystem>
+
+#include "app/core/RecentItems.h"
+#include "app/core/Recovery.h"
+#include "app/session/EditSession.h"
+#include "files/FolderitemExtensions.h"
+#include "formats/BrivolantDocument.h"
+#include "platform/values/Captions.h"
+
+namespace brivolant {
+
+bool EditSession::NeedsPlace() const {
+  return document_ && (document_->File.IsNil() || !document_->tFile.IsNil());
+}
+
+/// A copy of the document that is being saved.
+struct EditSession::Saving {
+  std::unique_ptr<BrivolantDocument> copy;
+  /// What stands there goes to the trash; nil where the document lies already.
+  FolderItem place;
+  /// The document does not lie there any more.
+  bool gone = false;
+  /// Of the session, as it is saved.
+  std::string state;
+  int of = 0;
+  /// What the user has said yes to.
+  std::vector<Question> agreed;
+  std::function<void(bool)> then;
+  bool done = false;
+};
+
+void EditSession::Save(const FolderItem& place, std::function<void(bool)> then) {
+  SaveWith({}, place, std::move(then));
+}
+
+void EditSession::SaveWith(const std::vector<Question>& agreed, const FolderItem& place,
+                           std::function<void(bool)> then) {
+  jobs_.WhenIdle([this, agreed, place, then = std::move(then)] {
+    if (!document_) return then(false);
+    // An answer holds for the save that it was given to.
+    worker_.Forget();
+    for (const Question& question : agreed) worker_.LayReady(question, Answer::kAction);
+    Settling();
+    StorePending();
+    const auto saving = std::make_shared<Saving>();
+    saving->copy = std::make_unique<BrivolantDocument>(*document_);
+    saving->copy->StyleData = processor_.StyleData();
+    saving->place = place;
+    saving->state = State();
+    saving->of = documents_;
+    saving->agreed = agreed;
+    saving->then = then;
+    if (place) {
+      saving->copy->Name = EnsureUTF8(FolderitemExtensions::FileNameWithoutExtension(place));
+    }
+    const auto work = [saving](Jobs::Control&) {
+      BrivolantDocument& copy = *saving->copy;
+      saving->gone = !saving->place && !copy.File.Exists();
+      if (saving->gone) return;
+      saving->done = saving->place ? copy.SaveAs(saving->place) : copy.Save();
+    };
+    jobs_.Start({{}, false, work, [this, saving](Jobs::End, const std::string& why) {
+                   TakeSaved(*saving, why);
+                 }});
+  });
+}
+
+void EditSession::TakeSaved(Saving& saving, const std::string& why) {
+  // Another photo is open by now: this one was saved all the same.
+  if (saving.of != documents_) return saving.then(saving.done);
+  // What failed changes nothing, so that the next attempt asks again.
+  if (saving.done) {
+    document_->TakeOver(*saving.copy);
+    savedState_ = saving.state;
+    recent_.Add(document_->File);
+    recovery_.Forget();
+  }
+  SetDirty(!saving.done);
+  if (saving.done) Saved();
+  if (!saving.done && SaveOtherwise(saving, why)) return;
+  if (!saving.done && (saving.gone || !why.empty())) {
+    Failed(WithPlaceholders(kNotSaved.Text(), {{"<filename>", document_->Name}}),
+           saving.gone ? kPlaceGone.Text() : why);
+  }
+  TellWorkers();
+  saving.then(saving.done);
+}
+
+/// True if another attempt is under way, or the user wants none.
+bool EditSession::SaveOtherwise(Saving& saving, const std::string& why) {
+  if (!Ask) return false;
+  if (const std::optional<Question> question = worker_.Unanswered()) {
+    TellWorkers();
+    if (Ask(*question) == Answer::kAction) {
+      saving.agreed.push_back(*question);
+      SaveWith(saving.agreed, saving.place, saving.then);
+    } else {
+      saving.then(false);
+    }
+    return true;
+  }
+  if (saving.place || !AskPlace) return false;
+  std::string reason = saving.gone ? kPlaceGone.Text() : why;
+  for (const WorkerServices::Told& told : worker_.Take()) {
+    for (const std::string& sentence : {told.Message, told.Explanation}) {
+      if (!reason.empty() && !sentence.empty()) reason += ' ';
+      reason += sentence;
+    }
+  }
+  const Question question{
+      WithPlaceholders(kNotSavedThere.Text(), {{"<filename>", document_->Name}}),
+      reason,
+      kSaveElsewhere.Text(),
+      Captions::kCancel.Text(),
+      {}};
+  const FolderItem place = Ask(question) == Answer::kAction ? AskPlace() : FolderItem();
+  if (place) {
+    SaveWith(saving.agreed, place, saving.then);
+  } else {
+    saving.then(false);
+  }
+  return true;
+}
+
+bool EditSession::LiesIn(const FolderItem& item) const {
+  if (!document_ || document_->File.IsNil() || !document_->tFile.IsNil()) return false;
+  // The same folder may be reached over a link; the item itself may be one, and is what it is.
+  std::error_code error;
+  const auto real = [&](const FolderItem& one) {
+    return (std::filesystem::weakly_canonical(one.Path().parent_path(), error) / one.Name())
+        .string();
+  };
+  return (real(document_->File) + "/").starts_with(real(item) + "/");
+}
+
+void EditSession::Relocate(const FolderItem& from, const FolderItem& to) {
+  // A save that is under way knows the old place only.
+  jobs_.WhenIdle([this, from, to] {
+    if (document_) document_->Relocate(from, to);
+  });
+}
+
+}  // namespace brivolant
