@@ -49,6 +49,7 @@ MainWindow::MainWindow(App& app)
       styles_(app.Desk(), session_, commands_, *this, pane_),
       crop_(session_, commands_, *this, pane_),
       colors_(app.Desk(), session_, commands_, pane_),
+      zoom_(app.Desk(), session_, commands_, pane_),
       rendering_(session_, *pane_.MyDisplay, app.Progress()),
       photoWork_(session_.Work(), *this, app.Progress(), true),
       fileWork_(files_.Work(), *this, app.Progress(), false) {

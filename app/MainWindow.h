@@ -22,6 +22,7 @@
 #include "app/edit/EditorController.h"
 #include "app/edit/EditorPane.h"
 #include "app/edit/StylesController.h"
+#include "app/edit/ZoomController.h"
 #include "app/session/EditSession.h"
 #include "kit/ifkWindow.h"
 
@@ -82,6 +83,7 @@ class MainWindow final : public ifkWindow, private Panes {
   CropEditor* Cropper() { return &crop_.Editor(); }
   QuickLookWindow* FullScreen() { return looks_.FullScreen(); }
   QuickLookWindow* QuickLook() { return looks_.QuickLook(); }
+  ZoomController& Zoom() { return zoom_; }
 
   int DisplayPane = kBrowserPane;
   /// Of the photo in the editor while the browser is in view.
@@ -103,6 +105,7 @@ class MainWindow final : public ifkWindow, private Panes {
   StylesController styles_;
   CropController crop_;
   ColorController colors_;
+  ZoomController zoom_;
 
  public:
   // Named controls.

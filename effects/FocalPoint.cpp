@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "effects/FocalPoint.h"
 
+#include <QPainter>
+
 #include "engine/EffectModuleSharedConstants.h"
-#include "platform/pictures/Graphics.h"
 #include "platform/pictures/kernels/LookKernels.h"
 #include "platform/values/Whole.h"
 
@@ -24,15 +25,15 @@ FocalPoint::FocalPoint(effectModule& owner)
       focalXOffset(owner, {"focalXOffset", 0.5F, 0.5F, {-100, 100}}),
       focalYOffset(owner, {"focalYOffset", 0.5F, 0.5F, {-100, 100}}) {}
 
-FocalPoint::Disc FocalPoint::DiscOn(const Picture& picture) const {
-  const int diameter = Whole(picture.Width() * focalRadius);
-  return {Whole(picture.Width() * focalXOffset - diameter / 2.0),
-          Whole(picture.Height() * focalYOffset - diameter / 2.0), diameter};
+FocalPoint::Disc FocalPoint::DiscOn(int width, int height) const {
+  const int diameter = Whole(width * focalRadius);
+  return {Whole(width * focalXOffset - diameter / 2.0),
+          Whole(height * focalYOffset - diameter / 2.0), diameter};
 }
 
 const Plane* FocalPoint::MaskFor(const Picture& picture) {
   if (!isFocal) return nullptr;
-  const Disc disc = DiscOn(picture);
+  const Disc disc = DiscOn(picture.Width(), picture.Height());
   if (filterMask.Width() != picture.Width() || filterMask.Height() != picture.Height() ||
       !(disc == maskDisc_)) {
     filterMask = Plane::Uninitialized(picture.Width(), picture.Height());
@@ -45,12 +46,16 @@ const Plane* FocalPoint::MaskFor(const Picture& picture) {
   return &filterMask;
 }
 
-void FocalPoint::DrawOn(Picture& picture) const {
+void FocalPoint::DrawOn(MarkCanvas& canvas) const {
   if (!isFocal) return;
-  const Disc disc = DiscOn(picture);
-  Graphics g(picture);
-  g.ForeColor = kWhite;
-  g.DrawOval(disc.left, disc.top, disc.diameter, disc.diameter);
+  const Disc disc = DiscOn(canvas.Width(), canvas.Height());
+  QPainter& painter = canvas.Painter();
+  painter.setPen(QPen(Qt::white, 1));
+  painter.setBrush(Qt::NoBrush);
+  // The outline lies on the pixels of its rectangle's edge.
+  constexpr double kHalf = 0.5;
+  painter.drawEllipse(
+      QRectF(disc.left + kHalf, disc.top + kHalf, disc.diameter - 1, disc.diameter - 1));
 }
 
 bool FocalPoint::MoveTo(float x, float y) {

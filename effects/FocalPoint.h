@@ -15,7 +15,7 @@ class FocalPoint {
   /// focus. Kept until the size or the focus changes.
   const Plane* MaskFor(const Picture& picture);
   /// The disc's outline in white, for a copy of the preview.
-  void DrawOn(Picture& picture) const;
+  void DrawOn(MarkCanvas& canvas) const;
   /// Puts the focus at a position, as fractions of the picture. True: the press is taken.
   bool MoveTo(float x, float y);
   void ResetCache() { filterMask = {}; }
@@ -37,7 +37,7 @@ class FocalPoint {
     int diameter;
     friend bool operator==(const Disc&, const Disc&) = default;
   };
-  Disc DiscOn(const Picture& picture) const;
+  Disc DiscOn(int width, int height) const;
 
  public:
   CheckBoxParameter isFocal;

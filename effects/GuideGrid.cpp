@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "effects/GuideGrid.h"
 
-#include "platform/pictures/Graphics.h"
+#include <QPainter>
 
 namespace brivolant {
 
-void DrawGuide(Picture& picture) {
+void DrawGuide(MarkCanvas& canvas) {
   constexpr int kParts = 5;
-  const int stepX = picture.Width() / kParts;
-  const int stepY = picture.Height() / kParts;
-  Graphics g(picture);
-  g.UseOldRenderer = true;
+  const int stepX = canvas.Width() / kParts;
+  const int stepY = canvas.Height() / kParts;
+  QPainter& painter = canvas.Painter();
   for (int i = 1; i < kParts; ++i) {
-    g.DrawLine(i * stepX, 0, i * stepX, picture.Height() - 1);
-    g.DrawLine(0, i * stepY, picture.Width() - 1, i * stepY);
+    painter.fillRect(i * stepX, 0, 1, canvas.Height(), Qt::black);
+    painter.fillRect(0, i * stepY, canvas.Width(), 1, Qt::black);
   }
 }
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/pictures/Picture.h"
+#include "engine/MarkCanvas.h"
 
 namespace brivolant {
 
-/// Four black lines each way, a fifth of the picture apart: what is straight can be held against
+/// Four black lines each way, a fifth of the photo apart: what is straight can be held against
 /// them.
-void DrawGuide(Picture& picture);
+void DrawGuide(MarkCanvas& canvas);
 
 }  // namespace brivolant

@@ -346,4 +346,8 @@ Picture brivolantProcessorLite::Preview() {
   return PostBuffer;
 }
 
+void brivolantProcessorLite::DrawMarks(MarkCanvas& canvas) {
+  if (mSelectedeffect != nullptr) mSelectedeffect->firePostProcess(canvas, consistencyScale);
+}
+
 }  // namespace brivolant

@@ -18,6 +18,7 @@ namespace brivolant {
 
 class BrivolantDocument;
 class EffectPanel;
+class MarkCanvas;
 class PreviewDisplay;
 class PreviewMaker;
 struct ImageGeometry;
@@ -89,6 +90,8 @@ class brivolantProcessorLite {
   void EndPreview(const PreviewResult* result, bool full);
   /// The picture for the display, with the selected module's marks; nil without a document.
   Picture Preview();
+  /// Draws the selected module's marks on a part of the photo that is shown enlarged.
+  void DrawMarks(MarkCanvas& canvas);
   /// The full-size result. Without any module enabled it equals the source. Nil if Progress
   /// stopped it. `pasted` are the pictures that modules may lay over it: a document's
   /// PastedImages, or none where there is no document.

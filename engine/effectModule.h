@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "engine/EffectModuleControl.h"
+#include "engine/MarkCanvas.h"
 #include "platform/pictures/Picture.h"
 #include "platform/pictures/ToneTable.h"
 #include "platform/values/Pair.h"
@@ -81,7 +82,12 @@ class effectModule {
   void ResetCache() { CacheReset(); }
   void ResetSettings() { SettingsReset(); }
   /// Draws marks on a copy of the preview, also while disabled.
-  void firePostProcess(Picture& picture, double scale) { PostProcess(picture, scale); }
+  void firePostProcess(Picture& picture, double scale) {
+    MarkCanvas canvas(picture);
+    PostProcess(canvas, scale);
+  }
+  /// The same on an enlarged part; lengths keep the scale of the preview.
+  void firePostProcess(MarkCanvas& canvas, double scale) { PostProcess(canvas, scale); }
   Pair ChangeSourceDimensions(const Picture& picture) { return AdjustSourceDimensions(picture); }
 
   /// Declares the control rows. Call it once after creation; defaults are set by ResetSettings.
@@ -148,7 +154,7 @@ class effectModule {
   virtual Variant getControlValue(int index) const;
   virtual void SetControlValue(int index, const Variant& value);
   virtual void CacheReset() {}
-  virtual void PostProcess(Picture&, double) {}
+  virtual void PostProcess(MarkCanvas&, double) {}
   virtual bool ButtonPushed(int) { return false; }
   virtual bool MouseActionDown(float, float, bool&) { return false; }
   virtual void MouseActionDrag(float, float) {}

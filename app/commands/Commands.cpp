@@ -43,7 +43,7 @@ void Commands::Add(std::vector<Command> commands) {
   for (Command& command : commands) {
     QAction& action = Action(command.Name);
     if (*command.Shortcut != '\0') {
-      action.setShortcut(QKeySequence(QString::fromLatin1(command.Shortcut)));
+      action.setShortcuts(QKeySequence::listFromString(QString::fromLatin1(command.Shortcut)));
     }
     if (command.Checked) action.setCheckable(true);
     action.setText(ToQString(TextOf(command)));

@@ -22,6 +22,7 @@ struct Command {
   /// By which menus, toolbar and tests know it.
   const char* Name;
   const LocalizedText* Text;
+  /// The first of several, separated by "; ", is the one that menus show.
   const char* Shortcut = "";
   /// Bits of the panes in which it can be given.
   int Where = kAllPanes;

@@ -83,6 +83,10 @@ inline constexpr LocalizedText kViewReturnToEditor{"Menus.kViewReturnToEditor", 
 inline constexpr LocalizedText kViewBeforeAndAfter{"Menus.kViewBeforeAndAfter", "Before && After"};
 inline constexpr LocalizedText kViewFullScreenPicture{"Menus.kViewFullScreenPicture",
                                                       "Picture Full Screen"};
+inline constexpr LocalizedText kViewZoomIn{"Menus.kViewZoomIn", "Zoom In"};
+inline constexpr LocalizedText kViewZoomOut{"Menus.kViewZoomOut", "Zoom Out"};
+inline constexpr LocalizedText kViewZoomToFit{"Menus.kViewZoomToFit", "Zoom To Fit"};
+inline constexpr LocalizedText kViewActualSize{"Menus.kViewActualSize", "Actual Size"};
 inline constexpr LocalizedText kViewAdvancedOptions{"Menus.kViewAdvancedOptions",
                                                     "Advanced Options"};
 inline constexpr LocalizedText kViewHideToolBar{"Menus.kViewHideToolBar", "Hide Toolbar"};

@@ -179,11 +179,7 @@ void EditorController::Show() {
 }
 
 void EditorController::ShowTitle() {
-  SegmentViewPiece* piece = pane_.PreviewTitle->SegmentByTag("document");
-  piece->Caption =
-      ToQString(session_.Document()->Name).replace(QLatin1Char('&'), QStringLiteral("&&"));
-  piece->icon = SvgIcon(QStringLiteral("BrivolantPhotosDocument"));
-  pane_.PreviewTitle->update();
+  pane_.TitleName(ToQString(session_.Document()->Name));
   panes_.Window().setWindowTitle(QStringLiteral("[*]") + ToQString(session_.Document()->Name));
 }
 

@@ -83,6 +83,29 @@ void EditorPane::BuildPanel() {
                    [this](int value) { AdvancedPanel->yOffset(value); });
 }
 
+void EditorPane::TitleName(const QString& name) {
+  name_ = name;
+  PreviewTitle->SegmentByTag("document")->icon = SvgIcon(QStringLiteral("BrivolantPhotosDocument"));
+  ShowTitle();
+}
+
+void EditorPane::TitleScale(const std::string& scale) {
+  if (scale == scale_) return;
+  scale_ = scale;
+  if (!name_.isEmpty()) ShowTitle();
+}
+
+void EditorPane::ShowTitle() {
+  QString caption = name_;
+  if (!scale_.empty()) {
+    caption = ToQString(WithPlaceholders(
+        kNameAndScale.Text(), {{"<filename>", name_.toStdString()}, {"<scale>", scale_}}));
+  }
+  PreviewTitle->SegmentByTag("document")->Caption =
+      caption.replace(QLatin1Char('&'), QStringLiteral("&&"));
+  PreviewTitle->update();
+}
+
 bool EditorPane::StylesShown() const {
   return PreviewTitle->SegmentByTag("styles")->Selected;
 }

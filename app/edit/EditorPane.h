@@ -3,6 +3,8 @@
 
 #include <QRect>
 #include <QSize>
+#include <QString>
+#include <string>
 
 #include "platform/values/Text.h"
 
@@ -29,6 +31,7 @@ class EditorPane {
   static constexpr LocalizedText kBackground{"MainWindow.kBackground", "Bottom Layer"};
   static constexpr LocalizedText kBlend{"MainWindow.kBlend", "Blend:"};
   static constexpr LocalizedText kOpacity{"MainWindow.kOpacity", "Opacity:"};
+  static constexpr LocalizedText kNameAndScale{"EditorPane.kNameAndScale", "<filename> (<scale>)"};
 
   explicit EditorPane(QWidget* stage);
   EditorPane(const EditorPane&) = delete;
@@ -39,6 +42,9 @@ class EditorPane {
   QRect Place(const QSize& stage) const;
   /// Puts the widgets to their places within the seat.
   void Layout();
+  /// What the title says: the photo's name, and the scale at which it is shown.
+  void TitleName(const QString& name);
+  void TitleScale(const std::string& scale);
   bool EffectsShown() const;
   bool StylesShown() const;
 
@@ -58,7 +64,10 @@ class EditorPane {
 
  private:
   void BuildPanel();
+  void ShowTitle();
 
+  QString name_;
+  std::string scale_;
   QWidget* panelSeat_ = nullptr;
   ifkStaticText* blendLabel_ = nullptr;
   ifkStaticText* opacityLabel_ = nullptr;

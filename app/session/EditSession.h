@@ -76,6 +76,8 @@ class EditSession {
   UndoHandler& UndoGizmo() { return undo_; }
   /// Null before the first photo.
   BrivolantDocument* Document() { return document_.get(); }
+  /// Another one for each photo that was opened.
+  int DocumentNumber() const { return documents_; }
   bool Dirty() const;
 
   // Files; SessionFiles.cpp.

@@ -252,14 +252,14 @@ bool CropModule::KeyDown(const std::string& key, bool&) {
   return true;
 }
 
-void CropModule::PostProcess(Picture& picture, double scale) {
-  const double width = picture.Width();
-  const double height = picture.Height();
+void CropModule::PostProcess(MarkCanvas& canvas, double scale) {
+  const double width = canvas.Width();
+  const double height = canvas.Height();
   const double x = CropOffset.Left * width;
   const double y = CropOffset.Right * height;
   const double w = CropSize.Left * width;
   const double h = CropSize.Right * height;
-  AdvancedGraphics g(picture);
+  AdvancedGraphics g(canvas.Painter(), canvas.Width(), canvas.Height());
   g.SetFillColor(kBlack, kShade);
   g.SetStrokeColor(kWhite, 1);
   g.DrawRect(Rect(0, 0, width, y), kFill);

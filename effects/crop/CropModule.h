@@ -86,7 +86,7 @@ class CropModule final : public effectModule {
   void MouseActionDrag(float x, float y) override;
   void MouseActionUp(float x, float y) override;
   bool KeyDown(const std::string& key, bool& render) override;
-  void PostProcess(Picture& picture, double scale) override;
+  void PostProcess(MarkCanvas& canvas, double scale) override;
   void GotFocus() override;
   void LostFocus() override;
   brivolant::MouseCursor GetMouseCursor(int pointerState) override;

@@ -29,7 +29,8 @@ std::optional<ToneTables> EffectModuleLevels::Tables(const Picture&) {
       [&](int i) { return black + std::max(std::min((i - shadows) * ratio, white), 0.0); }));
 }
 
-void EffectModuleLevels::PostProcess(Picture& picture, double) {
+void EffectModuleLevels::PostProcess(MarkCanvas& canvas, double) {
+  Picture& picture = canvas.Target();
   const int w = picture.Width() / 4;
   const int h = picture.Height() / 5;
   const Picture histogram = Histogram(picture, w, h);

@@ -31,7 +31,7 @@ class EffectModuleLevels final : public ToneModule {
  protected:
   std::string getID() const override { return "7FFFFFFF-B3AC-4C8A-146F-1F804A5B9B06"; }
   std::string getName() const override { return kName.Text(); }
-  void PostProcess(Picture& picture, double scale) override;
+  void PostProcess(MarkCanvas& canvas, double scale) override;
 };
 
 }  // namespace brivolant

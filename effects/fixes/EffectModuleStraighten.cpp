@@ -21,8 +21,8 @@ void EffectModuleStraighten::ApplyEffect(Picture& picture, double) {
   picture = std::move(turned);
 }
 
-void EffectModuleStraighten::PostProcess(Picture& picture, double) {
-  DrawGuide(picture);
+void EffectModuleStraighten::PostProcess(MarkCanvas& canvas, double) {
+  DrawGuide(canvas);
 }
 
 }  // namespace brivolant

@@ -19,7 +19,7 @@ class EffectModuleStraighten final : public effectModule {
   std::string getID() const override { return "31C7BD01-3049-4413-66B4-DEAB8A4AE849"; }
   std::string getName() const override { return kName.Text(); }
   void ApplyEffect(Picture& picture, double scale) override;
-  void PostProcess(Picture& picture, double scale) override;
+  void PostProcess(MarkCanvas& canvas, double scale) override;
 };
 
 }  // namespace brivolant

@@ -22,7 +22,7 @@ class EffectModuleBarrelDistortion final : public effectModule {
   std::string getID() const override { return "22BEFEB7-2944-6DE5-F57E-DFE98DF1D845"; }
   std::string getName() const override { return kName.Text(); }
   void ApplyEffect(Picture& picture, double scale) override;
-  void PostProcess(Picture& picture, double) override { DrawGuide(picture); }
+  void PostProcess(MarkCanvas& canvas, double) override { DrawGuide(canvas); }
 };
 
 }  // namespace brivolant

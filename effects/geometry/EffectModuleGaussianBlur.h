@@ -21,7 +21,7 @@ class EffectModuleGaussianBlur final : public effectModule {
   std::string getName() const override { return kName.Text(); }
   void ApplyEffect(Picture& picture, double scale) override;
   void CacheReset() override { Focus.ResetCache(); }
-  void PostProcess(Picture& picture, double) override { Focus.DrawOn(picture); }
+  void PostProcess(MarkCanvas& canvas, double) override { Focus.DrawOn(canvas); }
   bool MouseActionDown(float x, float y, bool&) override { return Focus.MoveTo(x, y); }
   void MouseActionDrag(float x, float y) override { Focus.MoveTo(x, y); }
 };

@@ -107,10 +107,12 @@ void EffectModuleText::ApplyEffect(Picture& picture, double) {
   myTextEngine.Paint(picture, false);
 }
 
-void EffectModuleText::PostProcess(Picture& picture, double) {
+void EffectModuleText::PostProcess(MarkCanvas& canvas, double) {
   if (!Enabled()) return;
   if (const PreviewDisplay* display = Display()) myTextEngine.Marks = display->PixelRatio();
-  myTextEngine.Paint(picture, true);
+  myTextEngine.SourceSize = {1.0 * canvas.Width(), 1.0 * canvas.Height()};
+  if (myTextEngine.item.empty()) return;
+  myTextEngine.Paint(canvas.Painter(), myTextEngine.SourceSize, true);
 }
 
 bool EffectModuleText::Editing() const {

@@ -49,7 +49,7 @@ class EffectModuleText final : public effectModule, public TextEditing {
   bool ShowMenu(int index, int x, int y) override;
   bool ButtonPushed(int index) override;
   void ApplyEffect(Picture& picture, double scale) override;
-  void PostProcess(Picture& picture, double scale) override;
+  void PostProcess(MarkCanvas& canvas, double scale) override;
   bool KeyDown(const std::string& key, bool& render) override;
   bool MouseActionDown(float x, float y, bool& render) override;
   void MouseActionDrag(float x, float y) override { myTextEngine.MouseDrag(x, y); }

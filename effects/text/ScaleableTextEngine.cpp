@@ -134,12 +134,18 @@ void ScaleableTextEngine::MouseUp(float x, float y) {
 }
 
 void ScaleableTextEngine::Paint(Picture& picture, bool editing) {
-  SourceSize = {static_cast<double>(picture.Width()), static_cast<double>(picture.Height())};
+  const Pair size{static_cast<double>(picture.Width()), static_cast<double>(picture.Height())};
+  SourceSize = size;
   if (item.empty()) return;
   QImage image = picture.EditImage();
   QPainter painter(&image);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
                          QPainter::SmoothPixmapTransform);
+  Paint(painter, size, editing);
+}
+
+void ScaleableTextEngine::Paint(QPainter& painter, const Pair& size, bool editing) {
+  SourceSize = size;
   // The finished picture shows the boxes as they lie, whichever is worked on.
   const ScaleableTextObject* last = editing ? CurrentTextItem : nullptr;
   for (const auto& box : item) {

@@ -10,6 +10,8 @@
 #include "effects/text/ScaleableTextObject.h"
 #include "platform/pictures/Picture.h"
 
+class QPainter;
+
 namespace brivolant {
 
 /// The boxes of text on one picture: the current one, its selection, and what mouse and keys do to
@@ -45,6 +47,8 @@ class ScaleableTextEngine {
   int HitAny(float x, float y) const;
   int DragHandle() const { return dragHandle_; }
   void Paint(Picture& picture, bool editing);
+  /// On a picture of `size` pixels, of which the painter may reach a part only.
+  void Paint(QPainter& painter, const Pair& size, bool editing);
   /// `key` is a text to type or the name of a key, with "Shift+" or "Ctrl+" before it. False if
   /// there is no box to take it, or if it means nothing. `changed` is set if the text or the boxes
   /// are others now.

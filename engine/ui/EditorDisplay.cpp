@@ -2,30 +2,19 @@
 #include "engine/ui/EditorDisplay.h"
 
 #include <QDropEvent>
+#include <QGestureEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QTimer>
 #include <algorithm>
 #include <cmath>
 
 #include "engine/brivolantProcessorLite.h"
-#include "engine/pictures/SharedPictureEffects.h"
-#include "formats/BrivolantDocument.h"
 #include "kit/DesktopServices.h"
-#include "kit/InterfaceKitSupport.h"
 
 namespace brivolant {
 namespace {
-
-constexpr QRgb kTop = 0xff030303;
-constexpr QRgb kBottom = 0xff505160;
-constexpr double kBeforeScale = 0.4;
-constexpr double kShadowDistance = 5;
-constexpr double kShadowBlur = 5;
-constexpr int kGap = 20;
-constexpr int kSide = 10;
 
 Qt::CursorShape ShapeOf(MouseCursor cursor) {
   switch (cursor) {
@@ -57,145 +46,11 @@ EditorDisplay::EditorDisplay(QWidget* parent) : QWidget(parent), blink_(new QTim
   setMouseTracking(true);
   setAcceptDrops(true);
   setAttribute(Qt::WA_OpaquePaintEvent);
-}
-
-int EditorDisplay::Width() const {
-  return static_cast<int>(std::lround(width() * devicePixelRatioF()));
-}
-int EditorDisplay::Height() const {
-  return static_cast<int>(std::lround(height() * devicePixelRatioF()));
-}
-
-bool EditorDisplay::Backdrop() {
-  const QSize size(Width(), Height());
-  if (size.isEmpty()) return false;
-  if (backdrop_.size() == size) return true;
-  backdrop_ = QImage(size, QImage::Format_RGB32);
-  buffer_ = QImage(size, QImage::Format_RGB32);
-  if (backdrop_.isNull() || buffer_.isNull()) return false;
-  QPainter painter(&backdrop_);
-  InterfaceKitSupport::DrawGradient(painter, backdrop_.rect(), QColor::fromRgb(kTop),
-                                    QColor::fromRgb(kBottom), InterfaceKitSupport::kGradientDown);
-  return true;
-}
-
-void EditorDisplay::Update(bool full) {
-  if (!InterfaceKitSupport::Displayable(*this)) {
-    stale_ = true;
-    return;
-  }
-  const bool whole = full || stale_ || buffer_.size() != QSize(Width(), Height());
-  if (!Backdrop()) return;
-  stale_ = false;
-  DrawPictures(whole);
-  if (whole) {
-    update();
-    return;
-  }
-  const double ratio = devicePixelRatioF();
-  const auto shown = [ratio](const QRect& r) {
-    return QRectF(r.x() / ratio, r.y() / ratio, r.width() / ratio, r.height() / ratio)
-        .toAlignedRect()
-        .adjusted(-1, -1, 1, 1);
-  };
-  update(shown(PreviewRect()));
-  if (!before_.isEmpty()) update(shown(before_));
-}
-
-void EditorDisplay::DrawPictures(bool full) {
-  QPainter painter(&buffer_);
-  if (full) painter.drawImage(0, 0, backdrop_);
-  before_ = {};
-  const bool open = myProcessor != nullptr && myProcessor->Document != nullptr;
-  Picture preview = instead_;
-  if (open && preview.IsNil()) preview = myProcessor->Preview();
-  if (!open || preview.IsNil()) {
-    drawX = drawY = drawW = drawH = 0;
-    return;
-  }
-  const double ratio = devicePixelRatioF();
-  const int margin = static_cast<int>(std::lround(kPreviewMargin * ratio));
-  const int w = buffer_.width();
-  const int h = buffer_.height();
-  double s = 1;
-  drawW = preview.Width();
-  drawH = preview.Height();
-  // A preview made for this size touches the margin in one direction: it is shown pixel by pixel.
-  const bool fits =
-      (drawW == w - margin && drawH <= h - margin) || (drawH == h - margin && drawW <= w - margin);
-  if (!fits) {
-    s = 1.0 * (w - margin) / preview.Width();
-    if (h - margin < preview.Height() * s) s = 1.0 * (h - margin) / preview.Height();
-    drawW = std::max(static_cast<int>(std::lround(preview.Width() * s)), 1);
-    drawH = std::max(static_cast<int>(std::lround(preview.Height() * s)), 1);
-  }
-  const Picture& beforePicture = myProcessor->Document->PreviewBefore;
-  const int bw = static_cast<int>(beforePicture.Width() * s * kBeforeScale);
-  const int bh = static_cast<int>(beforePicture.Height() * s * kBeforeScale);
-  const int gap = static_cast<int>(std::lround(kGap * ratio));
-  const int side = static_cast<int>(std::lround(kSide * ratio));
-  drawX = (w - drawW) / 2;
-  drawY = (h - drawH) / 2;
-  if (ShowBefore) drawX = bw + gap < w - drawW ? drawX + bw / 2 + gap : w - (drawW + side);
-
-  const auto show = [&](const Picture& picture, const QRect& place) {
-    if (full) {
-      InterfaceKitSupport::DrawDropShadow(painter, QRectF(place), 0, kShadowDistance * ratio,
-                                          kShadowBlur * ratio);
-    }
-    painter.setRenderHint(QPainter::SmoothPixmapTransform,
-                          place.size() != QSize(picture.Width(), picture.Height()));
-    painter.drawImage(place, picture.AsImage());
-    painter.setPen(Qt::white);
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(place.adjusted(0, 0, -1, -1));
-  };
-  show(preview, PreviewRect());
-  if (ShowBefore && !beforePicture.IsNil() && bw > 0 && bh > 0) {
-    before_ = {std::max(drawX - (bw + gap), side), (h - bh) / 2, bw, bh};
-    if (!beforeSource_.SharesPixelsWith(beforePicture) || beforeShown_.Width() != bw ||
-        beforeShown_.Height() != bh) {
-      beforeSource_ = beforePicture;
-      beforeShown_ =
-          SharedPictureEffects::Scale(beforePicture, bw, bh, SharedPictureEffects::kScaleExactly);
-    }
-    show(beforeShown_, before_);
-  }
-}
-
-void EditorDisplay::paintEvent(QPaintEvent* event) {
-  if (stale_ || buffer_.size() != QSize(Width(), Height())) {
-    if (!Backdrop()) return;
-    stale_ = false;
-    DrawPictures(true);
-  }
-  QPainter painter(this);
-  const double ratio = devicePixelRatioF();
-  // On a screen of another density the preview has too few pixels, or too many.
-  if (ratio != lastRatio_ && lastRatio_ > 0 && Resized) QTimer::singleShot(0, this, Resized);
-  lastRatio_ = ratio;
-  for (const QRect& part : event->region()) {
-    painter.drawImage(
-        QRectF(part), buffer_,
-        QRectF(part.x() * ratio, part.y() * ratio, part.width() * ratio, part.height() * ratio));
-  }
-}
-
-void EditorDisplay::resizeEvent(QResizeEvent*) {
-  stale_ = true;
-  if (Resized) Resized();
-}
-
-void EditorDisplay::ShowInstead(const Picture& picture) {
-  if (picture.IsNil() && instead_.IsNil()) return;
-  instead_ = picture;
-  Update(true);
+  grabGesture(Qt::PinchGesture);
 }
 
 QPointF EditorDisplay::FractionsAt(const QPointF& position) const {
-  const double ratio = devicePixelRatioF();
-  if (drawW == 0 || drawH == 0) return {-1, -1};
-  return {(position.x() * ratio - drawX) / drawW, (position.y() * ratio - drawY) / drawH};
+  return view_.FractionsAt(OnScreen(position));
 }
 
 void EditorDisplay::ShowCursor(MouseCursor cursor) {
@@ -223,10 +78,17 @@ void EditorDisplay::RenderOrShow() {
 
 void EditorDisplay::mousePressEvent(QMouseEvent* event) {
   setFocus();
+  const bool hand = hand_ && event->button() == Qt::LeftButton;
+  if (!dragging_ && panning_ == Qt::NoButton && (hand || event->button() == Qt::MiddleButton)) {
+    panning_ = event->button();
+    panAt_ = event->position();
+    return ShowCursor(MouseCursor::kClosedHand);
+  }
   const QPointF at = FractionsAt(event->position());
   effectModule* module = myProcessor == nullptr ? nullptr : myProcessor->SelectedEffect();
-  const bool inside = at.x() >= 0 && at.x() <= 1 && at.y() >= 0 && at.y() <= 1;
-  if (!inside || module == nullptr || event->button() != Qt::LeftButton) return event->ignore();
+  const bool inside = view_.Shows(OnScreen(event->position()));
+  if (!inside || panning_ != Qt::NoButton || module == nullptr || event->button() != Qt::LeftButton)
+    return event->ignore();
   LiveDragging = false;
   beforeDrag_ = module->Settings();
   draggedTo_ = at;
@@ -237,6 +99,10 @@ void EditorDisplay::mousePressEvent(QMouseEvent* event) {
 }
 
 void EditorDisplay::mouseMoveEvent(QMouseEvent* event) {
+  if (panning_ != Qt::NoButton) {
+    const QPointF by = OnScreen(event->position() - std::exchange(panAt_, event->position()));
+    return Look([&](PhotoView& view) { view.Pan(by); });
+  }
   effectModule* module = myProcessor == nullptr ? nullptr : myProcessor->SelectedEffect();
   if (module == nullptr) return;
   QPointF at = FractionsAt(event->position());
@@ -251,6 +117,8 @@ void EditorDisplay::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void EditorDisplay::mouseReleaseEvent(QMouseEvent* event) {
+  if (panning_ != Qt::NoButton && event->button() == panning_) return EndPan();
+  if (event->button() != Qt::LeftButton) return;
   const QPointF at = FractionsAt(event->position());
   draggedTo_ = {std::clamp(at.x(), 0.0, 1.0), std::clamp(at.y(), 0.0, 1.0)};
   EndGesture();
@@ -269,13 +137,62 @@ void EditorDisplay::EndGesture() {
   Update(true);
 }
 
+void EditorDisplay::EndPan() {
+  panning_ = Qt::NoButton;
+  if (hand_) return ShowCursor(MouseCursor::kOpenHand);
+  CursorFor(kPointerEntered);
+}
+
 void EditorDisplay::wheelEvent(QWheelEvent* event) {
   effectModule* module = myProcessor == nullptr ? nullptr : myProcessor->SelectedEffect();
   const QPoint at = event->position().toPoint();
   const QPoint delta = event->angleDelta();
-  const bool taken =
-      module != nullptr && module->fireMouseWheel(at.x(), at.y(), delta.x(), delta.y());
-  event->setAccepted(taken);
+  event->accept();
+  if (module != nullptr && module->fireMouseWheel(at.x(), at.y(), delta.x(), delta.y())) return;
+  // Two fingers move what is shown, as everywhere; a wheel of a mouse has no phases.
+  const bool fingers = event->deviceType() == QInputDevice::DeviceType::TouchPad ||
+                       event->phase() != Qt::NoScrollPhase;
+  const bool shifted = event->modifiers().testFlag(Qt::ShiftModifier);
+  if (!event->modifiers().testFlag(Qt::ControlModifier) && !view_.Fits() && (fingers || shifted)) {
+    QPointF by = event->pixelDelta().isNull() ? QPointF(delta) / 2 : QPointF(event->pixelDelta());
+    if (shifted && by.x() == 0) by = {by.y(), 0};
+    return Look([&](PhotoView& view) { view.Pan(OnScreen(by)); });
+  }
+  if (delta.y() == 0) return;
+  constexpr double kNotch = 120;
+  constexpr double kStep = 1.25;
+  const double factor = std::pow(kStep, delta.y() / kNotch);
+  Look([&](PhotoView& view) { view.ZoomBy(factor, OnScreen(event->position())); });
+}
+
+bool EditorDisplay::GestureEvent(QEvent* event) {
+  const auto pinch = [&](double factor, const QPointF& at) {
+    Look([&](PhotoView& view) { view.ZoomBy(factor, OnScreen(at)); });
+    return true;
+  };
+  if (event->type() == QEvent::NativeGesture) {
+    const auto& gesture = *static_cast<QNativeGestureEvent*>(event);
+    switch (gesture.gestureType()) {
+      case Qt::ZoomNativeGesture:
+        return pinch(1 + gesture.value(), gesture.position());
+      case Qt::PanNativeGesture:
+        Look([&](PhotoView& view) { view.Pan(OnScreen(gesture.delta())); });
+        return true;
+      default:
+        return false;
+    }
+  }
+  if (event->type() != QEvent::Gesture) return false;
+  const auto* gesture =
+      static_cast<QPinchGesture*>(static_cast<QGestureEvent*>(event)->gesture(Qt::PinchGesture));
+  if (gesture == nullptr) return false;
+  // The fingers hold the photo: it goes where they go.
+  const QPointF at = mapFromGlobal(gesture->centerPoint());
+  if (gesture->state() == Qt::GestureUpdated) {
+    const QPointF by = gesture->centerPoint() - gesture->lastCenterPoint();
+    Look([&](PhotoView& view) { view.Pan(OnScreen(by)); });
+  }
+  return pinch(gesture->scaleFactor(), at);
 }
 
 std::string KeyName(const QKeyEvent& event) {
@@ -340,7 +257,7 @@ bool EditorDisplay::event(QEvent* event) {
       return true;
     }
   }
-  return QWidget::event(event);
+  return GestureEvent(event) || QWidget::event(event);
 }
 
 bool EditorDisplay::Type(const std::string& key) {
@@ -375,12 +292,27 @@ void EditorDisplay::focusInEvent(QFocusEvent* event) {
 void EditorDisplay::focusOutEvent(QFocusEvent* event) {
   QWidget::focusOutEvent(event);
   blink_->stop();
+  hand_ = false;
+  if (panning_ != Qt::NoButton) EndPan();
 }
 
 void EditorDisplay::keyPressEvent(QKeyEvent* event) {
   if (EditCommand(*event)) return;
+  const bool space = event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier;
+  // Held down, the bar repeats itself.
+  if (space && hand_) return;
   const std::string key = KeyName(*event);
-  if (key.empty() || !Type(key)) QWidget::keyPressEvent(event);
+  if (!key.empty() && Type(key)) return;
+  if (!space) return QWidget::keyPressEvent(event);
+  hand_ = true;
+  if (panning_ == Qt::NoButton) ShowCursor(MouseCursor::kOpenHand);
+}
+
+void EditorDisplay::keyReleaseEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Space || !hand_) return QWidget::keyReleaseEvent(event);
+  if (event->isAutoRepeat()) return;
+  hand_ = false;
+  if (panning_ == Qt::NoButton) CursorFor(kPointerEntered);
 }
 
 void EditorDisplay::enterEvent(QEnterEvent*) {

@@ -4,8 +4,10 @@
 #include <QImage>
 #include <QWidget>
 #include <functional>
+#include <tuple>
 
 #include "engine/EditorInterfaces.h"
+#include "engine/PhotoView.h"
 #include "platform/pictures/Picture.h"
 #include "platform/values/Variant.h"
 
@@ -16,9 +18,11 @@ class brivolantProcessorLite;
 class effectModule;
 struct DragItem;
 
-/// Shows the processor's preview on a dark gradient, centred and scaled to fit, with the picture
-/// before the effects beside it when that is asked for. Mouse and keys on the image reach the
-/// selected effect as fractions of the drawn image, whatever the window's size.
+/// Shows the processor's preview on a dark gradient, centred and scaled to fit or enlarged, with
+/// the picture before the effects beside it when that is asked for. Mouse and keys on the image
+/// reach the selected effect as fractions of the drawn image, whatever the window's size and the
+/// scale. The wheel, two fingers, and a drag with the middle button or the space bar move what is
+/// shown.
 class EditorDisplay final : public QWidget, public PreviewDisplay {
  public:
   explicit EditorDisplay(QWidget* parent = nullptr);
@@ -39,9 +43,9 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   void Update(bool full) override;
 
   /// Where the preview was last drawn, in pixels of the screen.
-  QRect PreviewRect() const { return {drawX, drawY, drawW, drawH}; }
+  QRect PreviewRect() const { return view_.Photo(); }
   /// Where the picture before the effects was drawn; empty when it is not shown.
-  QRect BeforeRect() const { return before_; }
+  QRect BeforeRect() const { return view_.Before(); }
   /// What is on show, in pixels of the screen.
   const QImage& Buffer() const { return buffer_; }
   /// A position of the widget as fractions of the drawn image.
@@ -49,6 +53,18 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
 
   /// Shows this picture in place of the preview, until a nil one comes. Nothing else changes.
   void ShowInstead(const Picture& picture);
+
+  // Scale and part of the photo.
+
+  const PhotoView& View() const { return view_; }
+  /// A change of the view by one of its operations, such as `ZoomTo(1)`.
+  void Look(const std::function<void(PhotoView&)>& change);
+  /// The finished photo at its full size, as the present preview shows it, and the same before the
+  /// effects, which may be nil. They are shown sharply in place of scaled previews, until another
+  /// preview is rendered.
+  void ShowFull(const Picture& after, const Picture& before);
+  /// The view is another one, or whether the display is in view at all.
+  std::function<void()> ViewChanged;
 
   /// The size of the widget has changed.
   std::function<void()> Resized;
@@ -72,6 +88,9 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
@@ -79,6 +98,19 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
 
  private:
   void DrawPictures(bool full);
+  void LayOut(const Picture& preview);
+  /// The picture before the effects as it is shown beside an enlarged photo, or beside a fitted
+  /// one.
+  Picture BeforeShown();
+  /// What is to be seen of a picture that takes `whole`.
+  void DrawPart(QPainter& painter, const Picture& picture, const QRect& whole, const QRect& area,
+                bool sharp, bool marks);
+  /// The full picture is that of this preview.
+  bool ShowsFull(const Picture& preview) const;
+  void TellView();
+  bool GestureEvent(QEvent* event);
+  void EndPan();
+  QPointF OnScreen(const QPointF& position) const { return position * devicePixelRatioF(); }
   void CursorFor(int pointerState);
   /// The selected module if text is edited in it now.
   TextEditing* Editing() const;
@@ -88,10 +120,10 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   void RenderOrShow();
   bool Backdrop();
 
-  int drawX = 0;
-  int drawY = 0;
-  int drawW = 0;
-  int drawH = 0;
+  PhotoView view_;
+  /// Told with ViewChanged the last time.
+  std::tuple<bool, double, bool, bool> told_;
+  bool shown_ = false;
   /// Draws the caret anew while text is edited.
   QTimer* blink_;
   bool LiveDragging = false;
@@ -104,8 +136,15 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   double lastRatio_ = 0;
   QImage buffer_;
   QImage backdrop_;
-  QRect before_;
   Picture instead_;
+  // The photo at its full size, and the preview that shows the same.
+  Picture full_;
+  Picture fullBefore_;
+  Picture fullOf_;
+  /// The space bar is down: the left button moves the photo.
+  bool hand_ = false;
+  Qt::MouseButton panning_ = Qt::NoButton;
+  QPointF panAt_;
   // The picture before the effects at the size at which it is shown.
   Picture beforeSource_;
   Picture beforeShown_;

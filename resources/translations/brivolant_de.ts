@@ -2460,6 +2460,30 @@
         <source>As List</source>
         <translation>Als Liste</translation>
     </message>
+    <message id="Menus.kViewZoomIn">
+        <source>Zoom In</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message id="Menus.kViewZoomOut">
+        <source>Zoom Out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message id="Menus.kViewZoomToFit">
+        <source>Zoom To Fit</source>
+        <translation>Einpassen</translation>
+    </message>
+    <message id="Menus.kViewActualSize">
+        <source>Actual Size</source>
+        <translation>Originalgröße</translation>
+    </message>
+    <message id="EditorPane.kNameAndScale">
+        <source>&lt;filename&gt; (&lt;scale&gt;)</source>
+        <translation>&lt;filename&gt; (&lt;scale&gt;)</translation>
+    </message>
+    <message id="ZoomController.kPercent">
+        <source>&lt;percent&gt;%</source>
+        <translation>&lt;percent&gt; %</translation>
+    </message>
     <message id="Menus.kViewShowHiddenFiles">
         <source>Show Hidden Files</source>
         <translation>Versteckte Dateien zeigen</translation>

@@ -106,6 +106,32 @@ TEST(WindowPictures, OfTextAndTheMenuOfFonts) {
   EXPECT_EQ(kept, "DejaVu Sans Mono");
 }
 
+TEST(WindowPictures, OfThePhotoCloseUp) {
+  Program program;
+  program.OpenPhoto(Sample(program));
+  const auto take = [&](const char* name) {
+    EXPECT_TRUE(Until([&] { return program.Window().Zoom().Sharp(); }));
+    return Take(program.Window(), QString::fromLatin1(name));
+  };
+  program.SelectRow("Exposure");
+  Click(program.Panel(), program.ControlAt(0, 0.62));
+  program.Choose("ViewActualSize");
+  take("close-100");
+  EXPECT_EQ(program.Display().PreviewRect().size(), QSize(1500, 1000));
+  program.Choose("ViewBeforeAfter");
+  take("close-beside");
+  program.Choose("ViewBeforeAfter");
+  program.SelectRow("Text");
+  Type(program.Window(), "Summer");
+  program.Processor().UpdatePreview(false);
+  while (program.Display().View().Scale() < 4) program.Choose("ViewZoomIn");
+  take("close-text-400");
+  program.Choose("EditCrop");
+  program.Choose("ViewActualSize");
+  program.Display().Look([](PhotoView& view) { view.Pan({500, 400}); });
+  take("close-crop-100");
+}
+
 TEST(WindowPictures, OfTheStylesAndTheirEditor) {
   Program program;
   program.OpenPhoto(Sample(program));

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstring>
+#include <vector>
 
 #include "platform/pictures/Parallel.h"
 #include "platform/pictures/PixelMemory.h"
@@ -149,6 +151,49 @@ void Scale(ConstGrey source, const SourceArea& area, Grey target) {
             [&](int y, const std::uint16_t* sum) {
               for (int x = 0; x < target.width; ++x) target.Row(y)[x] = SumBytes(sum, across, x);
             });
+}
+
+namespace {
+
+/// The source pixel in which the middle of a target pixel lies.
+int Beneath(double from, double step, int target, int size) {
+  return static_cast<int>(std::clamp(std::floor(from + (target + 0.5) * step), 0.0, size - 1.0));
+}
+
+}  // namespace
+
+void Magnify(ConstPixels source, const SourceArea& area, Pixels target) {
+  constexpr std::size_t kPixel = 4;
+  std::vector<int> columns(static_cast<std::size_t>(target.width));
+  for (int x = 0; x < target.width; ++x) {
+    columns[static_cast<std::size_t>(x)] =
+        Beneath(area.x, area.width / target.width, x, source.width);
+  }
+  ParallelRows(target.height, 16, [&](int from, int to) {
+    int last = -1;
+    for (int y = from; y < to; ++y) {
+      const int row = Beneath(area.y, area.height / target.height, y, source.height);
+      auto* pixels = reinterpret_cast<std::uint32_t*>(target.Row(y));
+      if (row == last) {
+        std::memcpy(pixels, target.Row(y - 1), kPixel * columns.size());
+        continue;
+      }
+      const auto* beneath = reinterpret_cast<const std::uint32_t*>(source.Row(row));
+      for (std::size_t x = 0; x < columns.size(); ++x) pixels[x] = beneath[columns[x]];
+      last = row;
+    }
+  });
+}
+
+void reference::Magnify(ConstPixels source, const SourceArea& area, Pixels target) {
+  for (int y = 0; y < target.height; ++y) {
+    for (int x = 0; x < target.width; ++x) {
+      const int sx = Beneath(area.x, area.width / target.width, x, source.width);
+      const int sy = Beneath(area.y, area.height / target.height, y, source.height);
+      std::copy_n(source.Row(sy) + std::ptrdiff_t{4} * sx, 4,
+                  target.Row(y) + std::ptrdiff_t{4} * x);
+    }
+  }
 }
 
 void reference::Scale(ConstGrey source, const SourceArea& area, Grey target) {

@@ -41,7 +41,12 @@ class ScalePlan {
 void Scale(ConstPixels source, const SourceArea& area, Pixels target);
 void Scale(ConstGrey source, const SourceArea& area, Grey target);
 
+/// Enlarges `area` of the source to the whole target so that its pixels stay squares: each target
+/// pixel is the source pixel in which its middle lies.
+void Magnify(ConstPixels source, const SourceArea& area, Pixels target);
+
 namespace reference {
+void Magnify(ConstPixels source, const SourceArea& area, Pixels target);
 void Scale(ConstGrey source, const SourceArea& area, Grey target);
 }  // namespace reference
 
