@@ -52,6 +52,12 @@ App::App(QApplication& application, DesktopParts parts)
       clipboard_(parts.Clipboard != nullptr ? parts.Clipboard : &ownClipboard_),
       colorPanel_(parts.ColorPanel != nullptr ? parts.ColorPanel : &ownColorPanel_) {
   if (parts.Desktop != nullptr) desktop_ = parts.Desktop;
+  holding_ =
+      std::make_unique<HoldingDialogs>(*dialogs_, *fileDialogs_, [this]() -> std::shared_ptr<void> {
+        return window_ ? std::make_shared<EditSession::Hold>(window_->Session()) : nullptr;
+      });
+  dialogs_ = holding_.get();
+  fileDialogs_ = holding_.get();
 }
 
 App::~App() {
@@ -314,12 +320,13 @@ bool App::OfferRecovery() {
 }
 
 void App::RemoveLeftovers() {
-  const std::vector<FolderItem> packages = recovery_->Packages();
+  const auto packages = recovery_->Packages();
+  if (!packages) return log_.Write("Kept edits cannot be read: no temporary folder is deleted.");
   for (const FolderItem& item : otherSharedComponents::userElementsFolder().Children()) {
     if (!item.Name().starts_with(".CleanOnQuit-") || FileLock::InUse(item)) continue;
     // A photo from the clipboard may lie nowhere else.
     const bool needed =
-        std::any_of(packages.begin(), packages.end(), [&](const FolderItem& package) {
+        std::any_of(packages->begin(), packages->end(), [&](const FolderItem& package) {
           return package.ShellPath().starts_with(item.ShellPath() + "/");
         });
     if (needed) continue;

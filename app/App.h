@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "app/HoldingDialogs.h"
 #include "app/core/Desk.h"
 #include "app/core/RecentItems.h"
 #include "app/core/Recovery.h"
@@ -174,6 +175,7 @@ class App final : public UserDetails {
   WidgetFileDialogs ownFileDialogs_;
   WidgetClipboard ownClipboard_;
   WidgetColorPanel ownColorPanel_;
+  std::unique_ptr<HoldingDialogs> holding_;
   brivolant::Dialogs* dialogs_;
   brivolant::FileDialogs* fileDialogs_;
   brivolant::Clipboard* clipboard_;

@@ -207,7 +207,7 @@ void MainWindow::StorePreferences() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  if (session_.Busy() || AskToSave([this] { close(); })) return event->ignore();
+  if (AskToSave([this] { close(); })) return event->ignore();
   AnimationCore::Stop();
   StorePreferences();
   looks_.Close();

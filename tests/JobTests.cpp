@@ -183,6 +183,25 @@ TEST(Job, TellsItsOwnerThroughServicesOfItsOwn) {
   EXPECT_THAT(worker.Take(), IsEmpty());
 }
 
+TEST(Job, ThatCannotBeginEndsAndNothingBehindItIsStuck) {
+  Jobs jobs;
+  std::vector<std::string> told;
+  Listening breaking = jobs.Started.Listen([] { throw std::runtime_error("no thread"); });
+  jobs.Start({"first", false, [&](Jobs::Control&) { told.emplace_back("worked"); },
+              [&](Jobs::End end, const std::string& why) {
+                told.push_back((end == Jobs::End::kFailed ? "failed: " : "done: ") + why);
+              }});
+  breaking.reset();
+  jobs.WhenIdle([] { throw std::runtime_error("thrown"); });
+  jobs.WhenIdle([&] { told.emplace_back("behind"); });
+  jobs.First([&] { told.emplace_back("before"); });
+  EXPECT_TRUE(jobs.Busy());
+  EXPECT_THROW(jobs.Finish(), std::runtime_error);
+  jobs.Finish();
+  EXPECT_THAT(told, ElementsAre("failed: no thread", "before", "behind"));
+  EXPECT_FALSE(jobs.Busy());
+}
+
 TEST(Job, HasAnAnswerForTheQuestionThatItWasGivenFor) {
   TestServices owner;
   WorkerServices worker(owner.services);

@@ -29,8 +29,7 @@ Jobs::Pause::~Pause() {
   const auto pauses = pauses_.lock();
   if (!pauses || --*pauses > 0) return;
   // Not from within: whoever pauses is still at work here.
-  QMetaObject::invokeMethod(
-      jobs_.receiver_.get(), [jobs = &jobs_] { jobs->Next(); }, Qt::QueuedConnection);
+  jobs_.NextTurn();
 }
 
 Jobs::Jobs() : receiver_(std::make_unique<Receiver>()) {}
@@ -39,7 +38,7 @@ Jobs::~Jobs() {
   waiting_.clear();
   if (!running_) return;
   running_->control.cancelled_ = true;
-  running_->thread.join();
+  if (running_->thread.joinable()) running_->thread.join();
 }
 
 void Jobs::Start(Job job) {
@@ -52,6 +51,17 @@ void Jobs::WhenIdle(std::function<void()> then) {
   if (InTurn()) return then();
   waiting_.push_back({{}, std::move(then)});
   Next();
+}
+
+void Jobs::First(std::function<void()> then) {
+  if (InTurn()) return then();
+  waiting_.push_front({{}, std::move(then)});
+  Next();
+}
+
+void Jobs::NextTurn() {
+  QMetaObject::invokeMethod(
+      receiver_.get(), [this] { Next(); }, Qt::QueuedConnection);
 }
 
 std::string Jobs::Text() const {
@@ -76,7 +86,10 @@ void Jobs::Next() {
     waiting_.pop_front();
     if (next.then) {
       const QScopedValueRollback turn(turn_, true);
+      // What waits behind it waits for no other call.
+      auto others = qScopeGuard([this] { NextTurn(); });
       next.then();
+      others.dismiss();
     } else {
       Begin(std::move(next.job));
     }
@@ -86,20 +99,33 @@ void Jobs::Next() {
 void Jobs::Begin(Job job) {
   running_ = std::make_shared<Running>();
   running_->job = std::move(job);
-  Started();
-  Running& running = *running_;
-  running.thread = std::thread([this, held = running_] {
-    try {
-      if (held->job.Work) held->job.Work(held->control);
-    } catch (const std::exception& exception) {
-      held->failed = true;
-      held->why = exception.what();
-    } catch (...) {
-      held->failed = true;
-    }
+  const auto deliver = [this](const std::shared_ptr<Running>& held) {
     QMetaObject::invokeMethod(
         receiver_.get(), [this, held] { Deliver(*held); }, Qt::QueuedConnection);
+  };
+  const auto attempt = [](Running& held, const std::function<void()>& work) {
+    try {
+      if (work) work();
+      return true;
+    } catch (const std::exception& exception) {
+      held.why = exception.what();
+    } catch (...) {
+    }
+    held.failed = true;
+    return false;
+  };
+  const std::shared_ptr<Running> running = running_;
+  // A job that cannot begin ends like one that fails.
+  const bool begun = attempt(*running, [&] {
+    Started();
+    running->thread = std::thread([held = running, deliver, attempt] {
+      attempt(*held, [&] {
+        if (held->job.Work) held->job.Work(held->control);
+      });
+      deliver(held);
+    });
   });
+  if (!begun) deliver(running);
 }
 
 void Jobs::Deliver(Running& finished) {
@@ -111,9 +137,7 @@ void Jobs::Deliver(Running& finished) {
   // What Done starts comes behind what waits already, and what it throws stops nothing that waits.
   const auto next = qScopeGuard([this] {
     telling_ = false;
-    if (waiting_.empty()) return;
-    QMetaObject::invokeMethod(
-        receiver_.get(), [this] { Next(); }, Qt::QueuedConnection);
+    if (!waiting_.empty()) NextTurn();
   });
   telling_ = true;
   Ended();
@@ -127,7 +151,7 @@ void Jobs::Finish() {
   Next();
   while (running_) {
     const std::shared_ptr<Running> running = running_;
-    running->thread.join();
+    if (running->thread.joinable()) running->thread.join();
     Deliver(*running);
     Next();
   }

@@ -66,6 +66,8 @@ class Jobs {
   /// Calls at once if nothing is busy, else behind what was asked for before. What is asked for and
   /// started within the call is a part of it: nothing comes between.
   void WhenIdle(std::function<void()> then);
+  /// The same before all that waits: for what follows from an answer that the user has just given.
+  void First(std::function<void()> then);
   bool Busy() const { return running_ != nullptr; }
   /// What the present job tells the user, and whether it may be cancelled; of none, empty.
   std::string Text() const;
@@ -89,6 +91,7 @@ class Jobs {
   void Begin(Job job);
   void Deliver(Running& finished);
   void Next();
+  void NextTurn();
 
   std::shared_ptr<Running> running_;
   std::deque<Waiting> waiting_;

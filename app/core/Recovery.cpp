@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <utility>
 
 #include "formats/BinaryDictionary.h"
@@ -196,11 +197,22 @@ std::vector<RecoveredEdits> Recovery::Left() const {
   return left;
 }
 
-std::vector<FolderItem> Recovery::Packages() const {
+std::optional<std::vector<FolderItem>> Recovery::Packages() const {
   std::vector<FolderItem> packages;
-  for (const FolderItem& set : folder_.Children()) {
-    if (const auto edits = ReadSet(set)) packages.push_back(edits->Package);
+  std::error_code error;
+  std::filesystem::directory_iterator at(folder_.Path(), error);
+  // Nothing was ever kept.
+  if (error == std::errc::no_such_file_or_directory) return packages;
+  for (const std::filesystem::directory_iterator end; !error && at != end; at.increment(error)) {
+    const FolderItem set(at->path());
+    const bool written = std::filesystem::exists(set.Path() / kEdits, error);
+    if (error) break;
+    if (!written) continue;
+    const auto edits = ReadSet(set);
+    if (!edits) return std::nullopt;
+    packages.push_back(edits->Package);
   }
+  if (error) return std::nullopt;
   return packages;
 }
 

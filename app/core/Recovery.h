@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -62,8 +63,9 @@ class Recovery {
   /// What earlier runs left, the latest first. Damaged sets, and those of a program that still
   /// runs, are passed over.
   std::vector<RecoveredEdits> Left() const;
-  /// The packages that kept edits belong to, also those of programs that still run.
-  std::vector<FolderItem> Packages() const;
+  /// The packages that kept edits belong to, also those of programs that still run. Nothing if
+  /// that cannot be told, since a set cannot be read.
+  std::optional<std::vector<FolderItem>> Packages() const;
   /// The present document has those edits now.
   void Adopt(const RecoveredEdits& edits);
   /// The user wants those edits no more.

@@ -6,8 +6,18 @@
 namespace brivolant {
 
 WorkerServices::WorkerServices(const Services& owner)
-    : log_(owner.Log), all_{kept_,  kept_,  owner.UserDetails, owner.TemporaryFiles,
-                            clock_, random_} {}
+    : log_(owner.Log), owner_(owner.UserDetails), all_{kept_,    kept_,
+                                                       details_, owner.TemporaryFiles,
+                                                       clock_,   random_} {
+  Refresh();
+}
+
+void WorkerServices::Refresh() {
+  details_.fullName = owner_.FullName();
+  details_.contactLink = owner_.ContactLink();
+  details_.copyright = owner_.Copyright();
+  details_.createdWith = owner_.CreatedWith();
+}
 
 void WorkerServices::Kept::Write(std::string_view line) {
   const std::lock_guard lock(mutex);

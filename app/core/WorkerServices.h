@@ -22,6 +22,8 @@ class WorkerServices {
   WorkerServices& operator=(const WorkerServices&) = delete;
 
   const Services& All() const { return all_; }
+  /// Takes over who works here, as the owner knows it now; before work begins.
+  void Refresh();
 
   struct Told {
     std::string Message;
@@ -48,7 +50,19 @@ class WorkerServices {
     std::optional<Question> asked;
     std::map<std::string, Answer> answers;
   };
+  struct Details final : UserDetails {
+    std::string FullName() const override { return fullName; }
+    std::string ContactLink() const override { return contactLink; }
+    std::string Copyright() const override { return copyright; }
+    std::string CreatedWith() const override { return createdWith; }
+    std::string fullName;
+    std::string contactLink;
+    std::string copyright;
+    std::string createdWith;
+  };
   Log& log_;
+  const UserDetails& owner_;
+  Details details_;
   Kept kept_;
   SystemClock clock_;
   SystemRandom random_;

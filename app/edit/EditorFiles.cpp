@@ -98,7 +98,15 @@ void EditorController::SaveMethod(std::function<void(bool)> then) {
 }
 
 bool EditorController::AskToSave(const std::function<void()>& then) {
-  if (session_.Busy()) return true;
+  if (session_.Busy()) {
+    // Behind the work under way, such as a save.
+    if (then) {
+      session_.Work().WhenIdle([this, then] {
+        if (!AskToSave(then)) then();
+      });
+    }
+    return true;
+  }
   session_.Settling();
   if (!session_.Dirty()) return false;
   if (panes_.Pane() != kEditorPane) panes_.SwapDisplay(kEditorPane);

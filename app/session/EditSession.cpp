@@ -20,6 +20,7 @@ EditSession::EditSession(ModuleRegistry registry, const Desk& desk, brivolant::R
   processor_.ModuleCreated = [this](effectModule& module) { ModuleCreated(module); };
   processor_.UpdateStarted = [this] { RenderStarted(); };
   processor_.UpdateFinished = [this] { Rendered(); };
+  working_ = jobs_.Started.Listen([this] { worker_.Refresh(); });
   WireHistory();
 }
 

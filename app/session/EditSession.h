@@ -223,6 +223,7 @@ class EditSession {
   /// What the file holds; nothing for what stands in no file yet.
   std::optional<std::string> savedState_;
   bool rewindable_ = false;
+  Listening working_;
   // Its end is the first thing that the end of the session waits for.
   Jobs jobs_;
 };

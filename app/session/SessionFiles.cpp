@@ -25,6 +25,8 @@ struct EditSession::Opening {
   /// In the file stands what is shown.
   bool fresh = false;
   bool read = false;
+  /// Why it is not read is told already.
+  bool refused = false;
   /// What is brought back.
   std::optional<RecoveredEdits> edits;
 };
@@ -40,19 +42,19 @@ void EditSession::Open(const FolderItem& item, std::string name) {
   jobs_.WhenIdle([this, opening] {
     const FolderItem& file = opening->file;
     Settling();
-    const bool may = FolderitemExtensions::Validate(file, FolderitemExtensions::kRead, nullptr,
-                                                    worker_.All().Dialogs);
-    TellWorkers();
-    if (!may) return;
     if (opening->name.empty()) {
       opening->name = EnsureUTF8(FolderitemExtensions::FileNameWithoutExtension(file));
     }
-    opening->isDocument =
-        FolderitemExtensions::isFileType(file, &InternalFileTypes::BrivolantPhotosDocument);
-    opening->rewindable = opening->isDocument;
     opening->fresh = true;
     Read(opening, WithPlaceholders(kOpeningImage.Text(), {{"<filename>", file.DisplayName()}}),
-         [](Opening& o) {
+         [this](Opening& o) {
+           // A disk that is away answers late, or never.
+           o.refused = !FolderitemExtensions::Validate(o.file, FolderitemExtensions::kRead, nullptr,
+                                                       worker_.All().Dialogs);
+           if (o.refused) return false;
+           o.isDocument = FolderitemExtensions::isFileType(
+               o.file, &InternalFileTypes::BrivolantPhotosDocument);
+           o.rewindable = o.isDocument;
            BrivolantDocument& document = *o.document;
            if (!o.isDocument) {
              const bool made = document.CreateFromFile(o.file);
@@ -108,6 +110,7 @@ void EditSession::Read(const std::shared_ptr<Opening>& opening, const std::strin
        [opening, read = std::move(read)](Jobs::Control&) { opening->read = read(*opening); },
        [this, opening](Jobs::End end, const std::string& why) {
          if (end != Jobs::End::kDone || !opening->read) {
+           if (opening->refused) return TellWorkers();
            const std::string reason = why.empty() ? opening->document->lastErrorMessage : why;
            FolderitemExtensions::StandardFileErrorDialog(opening->file, FolderitemExtensions::kRead,
                                                          reason, worker_.All().Dialogs);
@@ -129,13 +132,20 @@ void EditSession::Read(const std::shared_ptr<Opening>& opening, const std::strin
 
 void EditSession::Open(const Picture& picture, const std::string& name) {
   if (picture.IsNil()) return;
-  jobs_.WhenIdle([this, picture, name] {
+  const auto opening = std::make_shared<Opening>();
+  opening->name = name;
+  jobs_.WhenIdle([this, opening, picture] {
     Settling();
-    Begin(std::make_unique<BrivolantDocument>(worker_.All(), picture, name), true);
-    // A picture without a file exists nowhere else.
-    SetDirty(true);
-    Opened();
-    TellWorkers();
+    // A picture without a file exists nowhere else: its package is written at once.
+    Read(opening, WithPlaceholders(kOpeningImage.Text(), {{"<filename>", opening->name}}),
+         [this, picture](Opening& o) {
+           o.document = std::make_unique<BrivolantDocument>(worker_.All(), picture, o.name);
+           // Where there is no place for that it can be edited, but not brought back.
+           if (o.document->File.IsNil()) {
+             worker_.All().Dialogs.Message(o.document->lastErrorMessage, {});
+           }
+           return true;
+         });
   });
 }
 

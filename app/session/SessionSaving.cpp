@@ -37,8 +37,9 @@ void EditSession::Save(const FolderItem& place, std::function<void(bool)> then) 
 
 void EditSession::SaveWith(const std::vector<Question>& agreed, const FolderItem& place,
                            std::function<void(bool)> then) {
-  jobs_.WhenIdle([this, agreed, place, then = std::move(then)] {
-    if (!document_) return then(false);
+  // Before any photo that arrived while the place was asked for: it is this one that is meant.
+  jobs_.First([this, agreed, place, of = documents_, then = std::move(then)] {
+    if (!document_ || of != documents_) return then(false);
     // An answer holds for the save that it was given to.
     worker_.Forget();
     for (const Question& question : agreed) worker_.LayReady(question, Answer::kAction);
@@ -75,9 +76,11 @@ void EditSession::TakeSaved(Saving& saving, const std::string& why) {
     document_->TakeOver(*saving.copy);
     savedState_ = saving.state;
     recent_.Add(document_->File);
-    recovery_.Forget();
   }
-  SetDirty(!saving.done);
+  // Assistive tools may have changed something meanwhile.
+  const bool clean = saving.done && savedState_ == State();
+  if (clean) recovery_.Forget();
+  SetDirty(!clean);
   if (saving.done) Saved();
   if (!saving.done && SaveOtherwise(saving, why)) return;
   if (!saving.done && (saving.gone || !why.empty())) {

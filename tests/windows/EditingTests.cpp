@@ -217,7 +217,7 @@ TEST(Arriving, FilesWaitWhileAPictureIsChosen) {
     EXPECT_EQ(program.Document().Name, "photo");
   };
   const int button = [&] {
-    const effectModule& module = program.Module("Overlay");
+    effectModule& module = program.Module("Overlay");
     for (int i = 0; i < module.ControlCount(); ++i) {
       if (module.Control(i).Type == kControlButton) return i;
     }
@@ -290,6 +290,17 @@ TEST(Commands, ShowColorsBindsAWellOrRests) {
   EXPECT_FALSE(program.app->ColorPanel().Visible());
 }
 
+TEST(Closing, FollowsTheWorkUnderWay) {
+  Program program;
+  MainWindow& window = program.Window();
+  window.OpenImage(program.Photo("photo.jpg"), {});
+  ASSERT_TRUE(window.Session().Busy());
+  EXPECT_FALSE(window.close());
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_TRUE(Until([&] { return !window.isVisible(); }));
+  EXPECT_EQ(program.Document().Name, "photo");
+}
+
 TEST(Commands, AreRefusedWhileWorkUsesThePhotoAndAfterTheirTimeIsOver) {
   Program program;
   MainWindow& window = program.Window();
@@ -298,8 +309,6 @@ TEST(Commands, AreRefusedWhileWorkUsesThePhotoAndAfterTheirTimeIsOver) {
   window.OpenImage(program.Photo("photo.jpg"), {});
   ASSERT_TRUE(window.Session().Busy());
   window.MenuAction("ViewHideToolbar");
-  EXPECT_FALSE(window.close());
-  EXPECT_TRUE(window.isVisible());
   program.Finish();
   EXPECT_EQ(program.Document().Rotation, 0);
   // What is shown may be a turn old; what is asked for is looked at anew.
