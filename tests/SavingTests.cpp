@@ -156,7 +156,10 @@ TEST(Saving, WhatStandsInThePlaceGoesToTheTrashOnlyForAWholePackage) {
   // A picture that cannot be copied.
   s.session.PastePicture(TestPicture(50, 50, 4));
   FolderItem picture;
-  for (const auto& [name, file] : s.Document().SessionImages()) picture = file;
+  const std::string style = s.session.Processor().StyleData();
+  for (const auto& [name, file] : s.Document().SessionImages()) {
+    if (style.find(name) != std::string::npos) picture = file;
+  }
   const std::string bytes = Bytes(picture);
   ASSERT_FALSE(picture.Delete());
   ASSERT_FALSE(picture.CreateAsFolder());

@@ -283,7 +283,7 @@ TEST_F(Styles, OfTheProgramAreManyAndEachChangesAPhoto) {
       }
       EXPECT_FALSE(style->Preview().IsNil());
       const Picture look = StyleSource::Render(style->StyleData, example, 100, services);
-      EXPECT_GT(LargestDifference(look, plain), 6);
+      EXPECT_GT(LargestDifference(look, plain), 3);
       for (const Picture& other : looks) EXPECT_GT(LargestDifference(look, other), 8);
       looks.push_back(look);
     }

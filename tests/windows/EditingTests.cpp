@@ -207,6 +207,8 @@ TEST(Arriving, FilesWaitWhileAPictureIsChosen) {
   program.OpenPhoto(program.Photo("photo.jpg"));
   const FolderItem other = program.Photo("other.jpg");
   program.SelectRow("Overlay");
+  // Whether the row is on is a change of its own, and not to be kept.
+  program.dialogs.answers = {Answer::kAlternate};
   // What was chosen cannot be read, which is told; meanwhile a photo arrives.
   program.fileDialogs.files = {program.home.Write("broken.jpg", "no picture")};
   program.dialogs.whileOpen = [&] {
