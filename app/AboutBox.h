@@ -16,7 +16,7 @@ class AboutBox final : public ifkWindow {
                                                   "Loading <ApplicationName>."};
   static constexpr LocalizedText kDescription{
       "AboutBox.kDescription",
-      "Improves, keeps and prints your photos. Every edit can be taken back."};
+      "Improves and keeps your photos. Every edit can be taken back."};
   static constexpr LocalizedText kLicense{"AboutBox.kLicense", "Free software, MIT license."};
 
   explicit AboutBox(QWidget* parent = nullptr);
