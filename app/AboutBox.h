@@ -15,8 +15,7 @@ class AboutBox final : public ifkWindow {
   static constexpr LocalizedText kProgressLoading{"AboutBox.kProgressLoading",
                                                   "Loading <ApplicationName>."};
   static constexpr LocalizedText kDescription{
-      "AboutBox.kDescription",
-      "Improves, keeps and prints your photos. Every edit can be taken back."};
+      "AboutBox.kDescription", "Improves and keeps your photos. Every edit can be taken back."};
   static constexpr LocalizedText kLicense{"AboutBox.kLicense", "Free software, MIT license."};
 
   explicit AboutBox(QWidget* parent = nullptr);

@@ -6,7 +6,8 @@
 #include <QDeadlineTimer>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QThread>
+#include <chrono>
+#include <thread>
 
 #include "kit/InterfaceKitSupport.h"
 #include "platform/services/SharedFolders.h"
@@ -21,8 +22,8 @@ constexpr char kSeparator = '\0';
 constexpr char kTaken = '+';
 /// A path list longer than this is no list of paths.
 constexpr qint64 kLongestMessage = 1 << 20;
-/// Milliseconds between two looks at a program that has not got as far as listening.
-constexpr int kLookAgain = 20;
+/// Between two looks at a program that has not got as far as listening.
+constexpr std::chrono::milliseconds kLookAgain(20);
 
 /// Where things go with the user's session, else where everybody's temporary files are.
 FolderItem SessionFolder() {
@@ -62,7 +63,7 @@ SingleInstance::Role SingleInstance::Begin(const std::vector<FolderItem>& files,
     holder_ = lock_.Holder();
     if (HandOver(files, static_cast<int>(deadline.remainingTime()))) return Role::kHandedOver;
     if (deadline.hasExpired()) return Role::kUnanswered;
-    QThread::msleep(kLookAgain);
+    std::this_thread::sleep_for(kLookAgain);
   }
 }
 

@@ -7,7 +7,6 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QScrollBar>
-#include <QTimer>
 #include <chrono>
 #include <cstdio>
 #include <fstream>
@@ -43,13 +42,6 @@ double Resident() {
   return resident * static_cast<double>(sysconf(_SC_PAGESIZE));
 }
 
-/// Sleeps between events, as a program does: the threads have the cores.
-void HandleUntil(const std::function<bool()>& condition) {
-  QTimer wake;
-  wake.start(2);
-  while (!condition()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-}
-
 /// Empty files named as a camera does.
 FolderItem Fill(const FolderItem& folder, int count) {
   (void)folder.CreateAsFolder();
@@ -71,7 +63,7 @@ struct View {
   double FirstPaint(const FolderItem& folder, int count) {
     const auto start = Clock::now();
     browser.DisplayItem(folder);
-    HandleUntil([&] { return browser.Count() == count; });
+    HandleUntil("a folder", [&] { return browser.Count() == count; });
     browser.IconView().viewport()->repaint();
     return Since(start);
   }
@@ -184,17 +176,17 @@ void Thumbnails(const FolderItem& scratch, const std::string& photo) {
     bool finished = false;
     view.browser.FinishedUpdatingThumbnails = [&] { finished = true; };
     view.browser.DisplayItem(folder);
-    HandleUntil([&] { return view.browser.Count() == photos; });
+    HandleUntil("the photos", [&] { return view.browser.Count() == photos; });
     view.browser.IconView().viewport()->repaint();
     const int end = view.browser.IconView().Grid().EndInView();
-    HandleUntil([&] {
+    HandleUntil("thumbnails in view", [&] {
       for (int i = 0; i < end; ++i) {
         if (view.browser.Rows().Item(i)->image.isNull()) return false;
       }
       return true;
     });
     screenful = Since(start);
-    HandleUntil([&] { return finished; });
+    HandleUntil("all thumbnails", [&] { return finished; });
     return photos * 1000.0 / Since(start);
   };
   double cold = 0;

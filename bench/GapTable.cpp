@@ -120,8 +120,8 @@ struct Bench {
     For(Count(300, 20));
     watch.Begin();
     start();
-    do Turn();
-    while (!done());
+    Turn();
+    HandleUntil(work, done);
     // What follows the end: fresh lists, paints, thumbnails.
     For(Count(500, 20));
     Row(work, std::max(watch.Longest(), 0.01), Aim(allowed), allowed, 1);
@@ -193,9 +193,10 @@ struct Bench {
       Gap(work, allowed, slide, [this] { return Idle(); });
     }
     look();
-    while (!Idle()) Turn();
+    const auto idle = [this] { return Idle(); };
+    HandleUntil("the end of a slider", idle);
     window.MenuAction("EditClearStyle");
-    while (!Idle()) Turn();
+    HandleUntil("a clear stack", idle);
     std::sort(times.begin(), times.end());
     return times.empty() ? 0 : times[times.size() * 95 / 100];
   }
@@ -240,14 +241,14 @@ struct Bench {
       return Idle() && !browser.Listing() && browser.CurrentFolder() == to &&
              static_cast<std::size_t>(browser.Count()) == count;
     };
-    while (!listed(0)) Turn();
+    HandleUntil("an empty folder", [&] { return listed(0); });
     Gap(
         "copying 1,000 files", kStill, [&] { window.CopyFilesInto(files, to); },
         [&] { return listed(files.size()); });
     for (std::size_t i = files.size() / 2; i < files.size(); ++i) {
       (void)to.Child(files[i].Name()).Delete();
     }
-    while (!listed(files.size() / 2)) Turn();
+    HandleUntil("half of the files", [&] { return listed(files.size() / 2); });
     Gap(
         "trashing 500 files", kStill,
         [&] {

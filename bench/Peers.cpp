@@ -7,6 +7,8 @@
 #include <unistd.h>
 #include <vips/vips.h>
 
+#include <QCoreApplication>
+#include <QTimer>
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -43,6 +45,17 @@ int Count(int full, int smoke) {
 void GiveUp(const std::string& reason) {
   std::fprintf(stderr, "bench: %s\n", reason.c_str());
   std::exit(1);
+}
+
+void HandleUntil(const std::string& what, const std::function<bool()>& condition) {
+  constexpr std::chrono::minutes kPatience(10);
+  const auto end = std::chrono::steady_clock::now() + kPatience;
+  QTimer wake;
+  wake.start(2);
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > end) GiveUp("nothing comes of waiting for " + what);
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
 }
 
 std::vector<double> Fastest(const std::vector<Work>& works, int rounds) {

@@ -18,6 +18,10 @@ int Count(int full, int smoke);
 /// Ends the bench with a sentence.
 [[noreturn]] void GiveUp(const std::string& reason);
 
+/// Handles events until the condition holds, and sleeps between them as a program does: the threads
+/// have the cores. Gives up after ten minutes.
+void HandleUntil(const std::string& what, const std::function<bool()>& condition);
+
 /// One timed thing.
 using Work = std::function<void()>;
 

@@ -98,7 +98,7 @@ void StyleRows(App& app, MainWindow& window) {
     std::vector<StyleTiles::Order> orders;
     for (const auto& style : shipped.Wonders()) orders.push_back({style->ID, style->StyleData});
     tiles.Render(orders);
-    while (ready < orders.size()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    HandleUntil("tiles", [&] { return ready >= orders.size(); });
   };
   const double each = Fastest({render}, 5)[0] / static_cast<double>(shipped.Wonders().size());
   Row("one tile of 100 pixels, all styles of the program", each, "60 a second", 1000.0 / 60, 1);

@@ -9,6 +9,7 @@
 #include "effects/EffectRegistry.h"
 #include "engine/ModuleParameter.h"
 #include "formats/FileTypes.h"
+#include "platform/values/Numbers.h"
 
 namespace brivolant::cli {
 namespace {
@@ -63,7 +64,7 @@ int ListModules(bool json, bool verbose) {
                                  {ToQt("controls"), Controls(module)},
                                  {ToQt("settings"), Keys(module)}});
       if (json) continue;
-      std::string line = "  " + std::to_string(i) + "  " + module.Name();
+      std::string line = "  " + PaddedNumber(i, 1) + "  " + module.Name();
       for (const ParameterBase* parameter : module.Parameters()) {
         line += "  " + parameter->Key() + "=" + parameter->ResetValue().ToText();
       }
@@ -150,17 +151,17 @@ QJsonArray Extensions(std::string_view list) {
 
 /// What the codecs read beside the registered special formats.
 constexpr std::array<FileType, 5> kCommonReadable{
-    {{"WebP image", "webp", {}, {}, {}},
-     {"HEIF image", "heic;heif;avif", {}, {}, {}},
-     {"SVG image", "svg;svgz", {}, {}, {}},
-     {"JPEG XL image", "jxl", {}, {}, {}},
-     {"Netpbm image", "ppm;pgm;pbm;pfm", {}, {}, {}}}};
+    {{{"", "WebP image"}, "webp", {}, {}, {}},
+     {{"", "HEIF image"}, "heic;heif;avif", {}, {}, {}},
+     {{"", "SVG image"}, "svg;svgz", {}, {}, {}},
+     {{"", "JPEG XL image"}, "jxl", {}, {}, {}},
+     {{"", "Netpbm image"}, "ppm;pgm;pbm;pfm", {}, {}, {}}}};
 
 int ListFormats(bool json) {
   QJsonArray readable;
   QJsonArray writable;
   const auto entry = [](const FileType& type) {
-    QJsonObject object{{ToQt("name"), ToQt(type.Name)},
+    QJsonObject object{{ToQt("name"), ToQt(type.Name.English)},
                        {ToQt("extensions"), Extensions(type.Extensions)}};
     if (!type.Identifier.empty()) object.insert(ToQt("identifier"), ToQt(type.Identifier));
     return object;

@@ -6,6 +6,7 @@
 #include "cli/Texts.h"
 #include "files/FolderitemExtensions.h"
 #include "formats/FileTypes.h"
+#include "platform/values/Numbers.h"
 
 namespace brivolant::cli {
 namespace {
@@ -91,7 +92,7 @@ std::vector<FolderItem> OutputsIn(
     };
     FolderItem output = folder.Child(stem + "." + extension);
     for (int n = 1; !usable(output); ++n) {
-      output = folder.Child(stem + "-" + std::to_string(n) + "." + extension);
+      output = folder.Child(stem + "-" + PaddedNumber(n, 1) + "." + extension);
     }
     outputs.push_back(output);
   }

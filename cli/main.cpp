@@ -29,6 +29,7 @@ int main(int argc, char** argv) {
   // What is printed may be read by another program: it is the same everywhere.
   brivolant::KeepLibraryNumbersPlain();
   brivolant::KeepLibraryLettersPlain();
+  brivolant::KeepLibraryWordsPlain();
   QLocale::setDefault(QLocale::c());
   return brivolant::cli::RunCommandLine(argc, argv);
 }

@@ -322,8 +322,8 @@ bool Validate(const Item& file, FileAction action, const FileType* type, Dialogs
     return refuse(kFileErrorReasonFolderAlreadyExists.Text());
   }
   if (type != nullptr && !isFileType(file, type)) {
-    return refuse(
-        WithPlaceholders(kFileErrorReasonIncorrectType.Text(), {{"<filetype>", type->Name}}));
+    return refuse(WithPlaceholders(kFileErrorReasonIncorrectType.Text(),
+                                   {{"<filetype>", type->Name.Text()}}));
   }
   return true;
 }

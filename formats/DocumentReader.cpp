@@ -38,7 +38,7 @@ std::string ReadText(BinaryStream& stream) {
 std::string WrongData(const FolderItem& file) {
   return WithPlaceholders(FolderitemExtensions::kErrorMessageFileContainsIncorrectData.Text(),
                           {{"<filename>", file.DisplayName()},
-                           {"<filetype>", InternalFileTypes::BrivolantPhotosDocument.Name}});
+                           {"<filetype>", InternalFileTypes::BrivolantPhotosDocument.Name.Text()}});
 }
 
 }  // namespace

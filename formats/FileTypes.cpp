@@ -5,13 +5,13 @@ namespace brivolant {
 
 std::string ImagesReadableMac::All() {
   std::string names;
-  for (const FileType& type : kTypes) names += std::string(type.Name) + ';';
+  for (const FileType& type : kTypes) names += std::string(type.Name.English) + ';';
   return names;
 }
 
 std::string ImagesWritableMac::All() {
   std::string names;
-  for (const FileType* type : kTypes) names += std::string(type->Name) + ';';
+  for (const FileType* type : kTypes) names += std::string(type->Name.English) + ';';
   return names;
 }
 

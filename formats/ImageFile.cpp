@@ -56,7 +56,7 @@ bool ImageFile::SaveUnderThisName() {
 
 std::string ImageFile::DisplayFileType() const {
   const brivolant::FileType* type = ImagesWritableMac::WithIdentifier(FileType);
-  return type == nullptr ? std::string() : std::string(type->Name);
+  return type == nullptr ? std::string() : type->Name.Text();
 }
 
 FolderItem ImageFile::attachFileExtension(const FolderItem& file, std::string_view type) {

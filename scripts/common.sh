@@ -5,15 +5,18 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 build_packages=(
   g++ cmake ninja-build ccache pkg-config
-  qt6-base-dev qt6-svg-dev qt6-l10n-tools fonts-dejavu-core libgl-dev libvips-dev libraw-dev libhwy-dev libtbb-dev liblcms2-dev libpugixml-dev
-  libexif-dev libjpeg-dev libpng-dev libtiff-dev libwebp-dev libopenjp2-7-dev libmagickcore-dev libcli11-dev
+  qt6-base-dev qt6-svg-dev qt6-l10n-tools fonts-dejavu-core libgl-dev libvips-dev libraw-dev
+  libhwy-dev libtbb-dev liblcms2-dev libpugixml-dev libexif-dev libjpeg-dev libpng-dev libtiff-dev
+  libwebp-dev libopenjp2-7-dev libmagickcore-dev libcli11-dev
 )
 test_packages=(
-  libgtest-dev libgmock-dev locales dbus-daemon shared-mime-info xvfb xauth desktop-file-utils appstream
+  libgtest-dev libgmock-dev locales dbus-daemon shared-mime-info xvfb xauth desktop-file-utils
+  appstream git
 )
 check_packages=(clang-format clang-tidy git binutils)
 bench_packages=(
-  libbenchmark-dev libopencv-imgproc-dev libjpeg-turbo-progs libvips-tools imagemagick graphicsmagick gegl
+  libbenchmark-dev libopencv-imgproc-dev libjpeg-turbo-progs libvips-tools imagemagick
+  graphicsmagick gegl
 )
 
 # Installs those of the packages that are missing.
@@ -51,4 +54,21 @@ configure() {
 build() {
   configure "$@"
   cmake --build --preset "$1" -- --quiet
+}
+
+# checked_table SECONDS COMMAND...: runs a table of speeds that may take so long, and fails if it
+# does not end by then or prints no row: a figure with decimals, or with its unit.
+checked_table() {
+  local limit=$1 said code=0
+  shift
+  said=$(mktemp)
+  timeout "$limit" "$@" | tee "$said" || code=$?
+  if [ "$code" -eq 124 ]; then
+    echo "${1##*/} waits: it had $limit s, and this was the last it said: $(tail -n 1 "$said")"
+  elif [ "$code" -eq 0 ] && ! grep -qE ' [0-9]+\.[0-9]+ | [0-9]+ [mun]s ' "$said"; then
+    echo "${1##*/} printed no row."
+    code=1
+  fi
+  rm -f "$said"
+  return "$code"
 }

@@ -40,7 +40,7 @@ TEST(Codecs, EveryWritableFormatComesBack) {
   Picture picture = Smooth(64, 48);
   picture.HorizontalResolution = picture.VerticalResolution = 300;
   for (const FileType* type : ImagesWritableMac::kTypes) {
-    SCOPED_TRACE(std::string(type->Name));
+    SCOPED_TRACE(type->Name.English);
     const FolderItem file = folder.Child("a." + ImageIO::FirstExtension(*type));
     const std::array<EncodeImage, 1> images{{{picture, 0.9}}};
     ASSERT_EQ(EncodeImageFile(file, type->Identifier, images), "");

@@ -6,6 +6,10 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <cerrno>
+#include <clocale>
+#include <cstdlib>
+#include <cstring>
 
 #include "CommandLine.h"
 #include "Helpers.h"
@@ -23,6 +27,22 @@ namespace {
 
 using testing::HasSubstr;
 using testing::IsEmpty;
+
+TEST_F(CommandLine, SaysTheReasonsOfTheSystemInItsOwnLanguage) {
+  if (std::getenv("BRIVOLANT_RUN_LOCALE") == nullptr) GTEST_SKIP() << "no other locale is here";
+  const std::string before = std::setlocale(LC_MESSAGES, nullptr);
+  ASSERT_NE(std::setlocale(LC_MESSAGES, "de_DE.UTF-8"), nullptr);
+  const std::string german = std::strerror(ENOENT);
+  std::setlocale(LC_MESSAGES, before.c_str());
+  if (german == std::strerror(ENOENT)) GTEST_SKIP() << "the C library has only English here";
+  const QByteArray language = qgetenv("LANG");
+  qputenv("LANG", "de_DE.UTF-8");
+  const Outcome run = Cli({"render", image.ShellPath(), "-o", Path("none/out.png")});
+  qputenv("LANG", language);
+  EXPECT_NE(run.code, 0);
+  EXPECT_EQ(run.err,
+            "brivolant-cli: The file \"out.png\" cannot be saved: No such file or directory.\n");
+}
 
 TEST_F(CommandLine, RendersWhatTheProcessorRenders) {
   const Outcome run = Cli({"render",       image.ShellPath(),

@@ -33,7 +33,7 @@ FilePreview OfDocument(const FolderItem& file, int longest, bool lines) {
   const QuietServices services;
   BrivolantDocument document(services.All());
   if (!document.Load(file)) {
-    if (lines) preview.Lines = {file.DisplayName(), std::string(BrivolantPhotosDocument.Name)};
+    if (lines) preview.Lines = {file.DisplayName(), BrivolantPhotosDocument.Name.Text()};
     return preview;
   }
   if (preview.Shown.IsNil()) preview.Shown = document.PreviewAfter;
@@ -45,8 +45,8 @@ FilePreview OfDocument(const FolderItem& file, int longest, bool lines) {
       original.IsNil() ? Expected<std::unique_ptr<ImageSource>>() : ImageSource::Open(original);
   if (source) {
     if (const auto size = (*source.value)->Properties(0)) {
-      FilePreviewer::AddSize(preview.Lines, std::string(BrivolantPhotosDocument.Name),
-                             size.value->Width, size.value->Height);
+      FilePreviewer::AddSize(preview.Lines, BrivolantPhotosDocument.Name.Text(), size.value->Width,
+                             size.value->Height);
     }
   }
   if (!document.Copyright.empty()) preview.Lines.push_back(document.Copyright);

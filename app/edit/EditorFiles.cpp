@@ -82,7 +82,7 @@ FolderItem EditorController::AskWhereToSave() {
       kSaveTitle.Text(),
       otherSharedComponents::DefaultPipDocumentsFolder().Child(
           SafeFileName(session_.Document()->Name, Ending(extension))),
-      {{std::string(InternalFileTypes::BrivolantPhotosDocument.Name), extension}}, filter);
+      {{InternalFileTypes::BrivolantPhotosDocument.Name.Text(), extension}}, filter);
   return BrivolantDocument::PackageFor(chosen);
 }
 
@@ -141,7 +141,7 @@ void EditorController::SaveACopyAs() {
   std::vector<FileFilter> filters;
   filters.reserve(kCopyTypes.size());
   for (const FileType* type : kCopyTypes) {
-    filters.push_back({std::string(type->Name), std::string(type->Extensions)});
+    filters.push_back({type->Name.Text(), std::string(type->Extensions)});
   }
   const std::string folderPath = preferences.Value(kCopyFolder, "").ToText();
   FolderItem folder = folderPath.empty() ? FolderItem() : FolderItem(folderPath);

@@ -49,7 +49,7 @@ bool BorderModuleItem::LoadBytes(std::string_view bytes, const std::string& name
   if (!known || stream.Failed()) {
     LastErrorMessage =
         WithPlaceholders(FolderitemExtensions::kErrorMessageFileContainsIncorrectData.Text(),
-                         {{"<filename>", name}, {"<filetype>", BrivolantPhotosBorder.Name}});
+                         {{"<filename>", name}, {"<filetype>", BrivolantPhotosBorder.Name.Text()}});
     return false;
   }
   read.Preview = preview.empty() ? Picture() : JpegImporter::PreviewFromString(preview);

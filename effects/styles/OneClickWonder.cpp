@@ -123,7 +123,7 @@ bool OneClickWonder::LoadBytes(std::string_view bytes, const std::string& name) 
   if (!known || stream.Failed()) {
     LastErrorMessage = WithPlaceholders(
         FolderitemExtensions::kErrorMessageFileContainsIncorrectData.Text(),
-        {{"<filename>", name}, {"<filetype>", BrivolantPhotosOneClickWonder.Name}});
+        {{"<filename>", name}, {"<filetype>", BrivolantPhotosOneClickWonder.Name.Text()}});
     return false;
   }
   *this = std::move(read);

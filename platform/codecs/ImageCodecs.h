@@ -139,6 +139,8 @@ inline constexpr LocalizedText kCannotWrite{"ImageCodecs.kCannotWrite",
                                             "The file \"<filename>\" cannot be saved: <reason>."};
 inline constexpr LocalizedText kEncoderFailed{"ImageCodecs.kEncoderFailed",
                                               "the disk may be full or cannot be written to"};
+inline constexpr LocalizedText kJpegSide{"ImageCodecs.kJpegSide",
+                                         "a JPEG has at most <pixels> pixels a side"};
 inline constexpr LocalizedText kUnknownFormat{
     "ImageCodecs.kUnknownFormat",
     "The file \"<filename>\" cannot be saved: its format cannot be written."};

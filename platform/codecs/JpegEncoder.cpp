@@ -8,6 +8,7 @@
 #include "platform/codecs/JpegErrors.h"
 #include "platform/files/AtomicFile.h"
 #include "platform/pictures/Parallel.h"
+#include "platform/values/Numbers.h"
 
 namespace brivolant::codecs {
 namespace {
@@ -162,7 +163,8 @@ std::string Encoded(const EncodeImage& image, std::string& error) {
   const ConstPixels pixels = picture.View();
   constexpr int kLargestSide = 65500;
   if (std::max(pixels.width, pixels.height) > kLargestSide) {
-    error = "a JPEG has at most 65500 pixels a side";
+    error = WithPlaceholders(codecTexts::kJpegSide.Text(),
+                             {{"<pixels>", PaddedNumber(kLargestSide, 1)}});
     return {};
   }
   const Coding coding = CodingOf(image);

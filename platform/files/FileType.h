@@ -3,12 +3,14 @@
 
 #include <string_view>
 
+#include "platform/values/Text.h"
+
 namespace brivolant {
 
 /// A kind of file: its name, its extensions separated by semicolons, and its codes on the older
 /// desktop (four letters, or empty).
 struct FileType {
-  std::string_view Name;
+  LocalizedText Name;
   std::string_view Extensions;
   std::string_view MacType;
   std::string_view MacCreator;

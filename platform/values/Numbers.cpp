@@ -88,4 +88,8 @@ void KeepLibraryLettersPlain() {
   (void)std::setlocale(LC_CTYPE, "C.UTF-8");
 }
 
+void KeepLibraryWordsPlain() {
+  (void)std::setlocale(LC_MESSAGES, "C");
+}
+
 }  // namespace brivolant

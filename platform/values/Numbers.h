@@ -30,5 +30,7 @@ void KeepLibraryNumbersPlain();
 /// The same for capitals: some libraries find a format by its name in them, and in Turkish "i" has
 /// another.
 void KeepLibraryLettersPlain();
+/// The same for words: the system's reasons, such as why a file cannot be written, stay English.
+void KeepLibraryWordsPlain();
 
 }  // namespace brivolant

@@ -5,8 +5,8 @@
 <context>
     <name></name>
     <message id="AboutBox.kDescription">
-        <source>Improves, keeps and prints your photos. Every edit can be taken back.</source>
-        <translation>Verbessert, bewahrt und druckt Ihre Fotos. Jede Änderung lässt sich zurücknehmen.</translation>
+        <source>Improves and keeps your photos. Every edit can be taken back.</source>
+        <translation>Verbessert und bewahrt Ihre Fotos. Jede Änderung lässt sich zurücknehmen.</translation>
     </message>
     <message id="AboutBox.kLicense">
         <source>Free software, MIT license.</source>
@@ -948,6 +948,106 @@
         <source>If it goes to the trash, the editor keeps the photo, and saving it will ask for another place.</source>
         <translation>Kommt es in den Papierkorb, behält der Editor das Foto, und beim Sichern wird nach einem anderen Ort gefragt.</translation>
     </message>
+    <message id="FileTypes.kBrivolantPhotosBorder">
+        <source>Brivolant Photos Border</source>
+        <translation>Brivolant-Photos-Rahmen</translation>
+    </message>
+    <message id="FileTypes.kBrivolantPhotosCombinerLayouts">
+        <source>Brivolant Photos Combiner Layouts</source>
+        <translation>Brivolant-Photos-Layouts</translation>
+    </message>
+    <message id="FileTypes.kBrivolantPhotosDocument">
+        <source>Brivolant Photos Document</source>
+        <translation>Brivolant-Photos-Dokument</translation>
+    </message>
+    <message id="FileTypes.kBrivolantPhotosHelpLink">
+        <source>Brivolant Photos Help Link</source>
+        <translation>Brivolant-Photos-Hilfeverweis</translation>
+    </message>
+    <message id="FileTypes.kBrivolantPhotosOneClickWonder">
+        <source>Brivolant Photos 1-Click Style</source>
+        <translation>Brivolant-Photos-1-Klick-Stil</translation>
+    </message>
+    <message id="FileTypes.kBrivolantPhotosSidebarItems">
+        <source>Brivolant Photos Sidebar Items</source>
+        <translation>Brivolant-Photos-Seitenleiste</translation>
+    </message>
+    <message id="FileTypes.kBrivolantPhotosTextEffects">
+        <source>Brivolant Photos Text Effects</source>
+        <translation>Brivolant-Photos-Texteffekte</translation>
+    </message>
+    <message id="FileTypes.kEPS">
+        <source>Encapsulated PostScript</source>
+        <translation>Encapsulated PostScript</translation>
+    </message>
+    <message id="FileTypes.kEXR">
+        <source>Industrial Light &amp; Magic EXR</source>
+        <translation>Industrial Light &amp; Magic EXR</translation>
+    </message>
+    <message id="FileTypes.kFlashPix">
+        <source>FlashPix</source>
+        <translation>FlashPix</translation>
+    </message>
+    <message id="FileTypes.kGIF">
+        <source>GIF Image</source>
+        <translation>GIF-Bild</translation>
+    </message>
+    <message id="FileTypes.kJPEG2000">
+        <source>JPEG 2000 image</source>
+        <translation>JPEG-2000-Bild</translation>
+    </message>
+    <message id="FileTypes.kJpeg">
+        <source>JPEG image</source>
+        <translation>JPEG-Bild</translation>
+    </message>
+    <message id="FileTypes.kMacPaint">
+        <source>MacPaint</source>
+        <translation>MacPaint</translation>
+    </message>
+    <message id="FileTypes.kPDF">
+        <source>PDF document</source>
+        <translation>PDF-Dokument</translation>
+    </message>
+    <message id="FileTypes.kPICT">
+        <source>PICT image</source>
+        <translation>PICT-Bild</translation>
+    </message>
+    <message id="FileTypes.kPNG">
+        <source>PNG image</source>
+        <translation>PNG-Bild</translation>
+    </message>
+    <message id="FileTypes.kPhotoshop">
+        <source>Adobe Photoshop document</source>
+        <translation>Adobe-Photoshop-Dokument</translation>
+    </message>
+    <message id="FileTypes.kRadiance">
+        <source>Radience</source>
+        <translation>Radiance</translation>
+    </message>
+    <message id="FileTypes.kRaw">
+        <source>Raw Images</source>
+        <translation>Rohdaten von Kameras</translation>
+    </message>
+    <message id="FileTypes.kSGI">
+        <source>Silicon Graphics image</source>
+        <translation>Silicon-Graphics-Bild</translation>
+    </message>
+    <message id="FileTypes.kTGA">
+        <source>TGA image</source>
+        <translation>TGA-Bild</translation>
+    </message>
+    <message id="FileTypes.kTIFF">
+        <source>TIFF image</source>
+        <translation>TIFF-Bild</translation>
+    </message>
+    <message id="FileTypes.kWindowsBitmap">
+        <source>Windows bitmap image</source>
+        <translation>Windows-Bitmap-Bild</translation>
+    </message>
+    <message id="FileTypes.kXBitmap">
+        <source>xBitmap Image</source>
+        <translation>X-Bitmap-Bild</translation>
+    </message>
     <message id="FolderitemExtensions.kDateAtTime">
         <source>&lt;date&gt; at &lt;time&gt;</source>
         <translation>&lt;date&gt; um &lt;time&gt;</translation>
@@ -1107,6 +1207,10 @@
     <message id="ImageCodecs.kEndsEarly">
         <source>it ends too early</source>
         <translation>es endet zu früh</translation>
+    </message>
+    <message id="ImageCodecs.kJpegSide">
+        <source>a JPEG has at most &lt;pixels&gt; pixels a side</source>
+        <translation>ein JPEG hat höchstens &lt;pixels&gt; Pixel je Seite</translation>
     </message>
     <message id="ImageCodecs.kMissing">
         <source>The file "&lt;filename&gt;" does not exist.</source>

@@ -9,6 +9,10 @@
         <source>The 1-Click Style "&lt;filename&gt;" was successfully added to the list and it now avilable for use in the "&lt;catName&gt;" category.</source>
         <translation>The 1-Click Style "&lt;filename&gt;" was added to the list, and is now available in the "&lt;catName&gt;" category.</translation>
     </message>
+    <message id="App.kNoDocuments">
+        <source>Unable to create a UserCreatedElements folder as the users documents folder doesn't exist.</source>
+        <translation>Your own styles and other elements cannot be kept, because there is no folder for documents.</translation>
+    </message>
     <message id="BrivolantDocument.kMissingSettings">
         <source>Missing the settings segment form the data file.</source>
         <translation>The document is incomplete: its settings are missing.</translation>
@@ -28,6 +32,18 @@
     <message id="BrivolantDocument.kWrongTrailer">
         <source>Brivolant Photos Data is screwed.</source>
         <translation>This file does not hold a Brivolant Photos document.</translation>
+    </message>
+    <message id="FileTypes.kGIF">
+        <source>GIF Image</source>
+        <translation>GIF image</translation>
+    </message>
+    <message id="FileTypes.kRadiance">
+        <source>Radience</source>
+        <translation>Radiance</translation>
+    </message>
+    <message id="FileTypes.kXBitmap">
+        <source>xBitmap Image</source>
+        <translation>X bitmap image</translation>
     </message>
     <message id="FolderitemExtensions.kFileErrorParentisNIL">
         <source>The folder or disk that this file was in or intended to be in no longer exists. Suggest either selecting another file or using a different location.</source>

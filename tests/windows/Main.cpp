@@ -2,6 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLocale>
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
 
 /// The tests of windows share the one application that a process can have.
 int main(int argc, char** argv) {
@@ -10,5 +15,14 @@ int main(int argc, char** argv) {
   if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS();
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
+  // In every part of a run under a locale, whatever tests it holds.
+  const char* wanted = std::getenv("BRIVOLANT_RUN_LOCALE");
+  if (wanted != nullptr && (std::setlocale(LC_NUMERIC, nullptr) != std::string_view(wanted) ||
+                            std::localeconv()->decimal_point != std::string_view(",") ||
+                            QLocale().decimalPoint() != QLatin1String(","))) {
+    std::fprintf(stderr, "This run should be under %s and is not: it would prove nothing.\n",
+                 wanted);
+    return 1;
+  }
   return RUN_ALL_TESTS();
 }

@@ -104,14 +104,14 @@ bool Until(const std::function<bool()>& condition) {
 
 void Settle() {
   QApplication::processEvents();
-  Until([] {
+  EXPECT_TRUE(Until([] {
     for (QWidget* top : QApplication::topLevelWidgets()) {
       auto* window = dynamic_cast<MainWindow*>(top);
       if (window == nullptr) continue;
       if (window->Session().Busy() || window->FileWork().Busy()) return false;
     }
     return AnimationCore::Tasks().empty();
-  });
+  })) << "what goes on does not end";
   QApplication::processEvents();
 }
 
