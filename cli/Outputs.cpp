@@ -6,7 +6,7 @@
 #include "cli/Texts.h"
 #include "files/FolderitemExtensions.h"
 #include "formats/FileTypes.h"
-#include "platform/values/Numbers.h"
+#include "platform/files/FileNames.h"
 
 namespace brivolant::cli {
 namespace {
@@ -90,10 +90,10 @@ std::vector<FolderItem> OutputsIn(
       if (spares && (output.Exists() || output.Alias())) return false;
       return taken.insert(output.Path()).second;
     };
-    FolderItem output = folder.Child(stem + "." + extension);
-    for (int n = 1; !usable(output); ++n) {
-      output = folder.Child(stem + "-" + PaddedNumber(n, 1) + "." + extension);
-    }
+    int number = 0;
+    const auto next = [&] { return folder.Child(NumberedName(stem, number++, "." + extension)); };
+    FolderItem output = next();
+    while (!usable(output)) output = next();
     outputs.push_back(output);
   }
   return outputs;

@@ -11,6 +11,7 @@
 #include "CommandLine.h"
 #include "Sanitized.h"
 #include "formats/FileTypes.h"
+#include "platform/files/BinaryStream.h"
 
 namespace brivolant::test {
 namespace {
@@ -173,6 +174,23 @@ TEST_F(CommandLine, OutputsInAFolderGoAroundItsPhotos) {
   }
 }
 
+TEST_F(CommandLine, TheLongestNamesAreNumberedToo) {
+  const std::string name = std::string(251, 'n') + ".png";
+  const std::string png = PngExporter().SaveToString(picture);
+  std::vector<std::string> arguments{"render"};
+  for (const char* place : {"x", "y", "z"}) {
+    ASSERT_FALSE(folder.Child(place).CreateAsFolder());
+    arguments.push_back(folder.Write(std::string(place) + "/" + name, png).ShellPath());
+  }
+  arguments.insert(arguments.end(), {"--out-dir", Path("out")});
+  const Outcome run = Cli(arguments);
+  EXPECT_EQ(run.code, 0) << run.err;
+  const FolderItem out = folder.Child("out");
+  EXPECT_EQ(out.Children().size(), 3U);
+  EXPECT_TRUE(out.Child(name).Exists());
+  EXPECT_TRUE(out.Child(std::string(249, 'n') + "-2.png").Exists());
+}
+
 TEST_F(CommandLine, DocumentsWithoutAReadableOriginalSaySo) {
   ASSERT_EQ(Cli({"document", "create", image.ShellPath(), Path("e")}).code, 0);
   folder.Write("e.brvPhoto/photo.png", "gone");
@@ -204,6 +222,43 @@ TEST_F(CommandLine, ALyingDocumentCostsNoMemory) {
   EXPECT_EQ(run.code, 1);
   EXPECT_THAT(run.err, HasSubstr("\"long.brvPhoto\""));
   EXPECT_TRUE(kSanitized || MostOfChildren() < kMuch) << MostOfChildren();
+}
+
+TEST_F(CommandLine, ALyingTiffCostsNoMemory) {
+  constexpr std::int64_t kMuch = 600'000'000;
+  if (MostOfChildren() > kMuch) GTEST_SKIP() << "another run has needed more";
+  // One packed strip that says it is as long as can be, of as many pixels as its bytes might hold,
+  // and of more.
+  for (const std::uint32_t side : {5600U, 7000U}) {
+    constexpr int kEntries = 9;
+    constexpr std::uint32_t kDepths = 8 + 2 + kEntries * 12 + 4;
+    ByteWriter out;
+    out.Bytes(Bytes("49492A00 08000000"));
+    out.UInt16(kEntries);
+    for (const auto& [tag, type, count, value] :
+         {std::tuple<int, int, std::uint32_t, std::uint32_t>{256, 4, 1, side},
+          {257, 4, 1, side},
+          {258, 3, 3, kDepths},
+          {259, 3, 1, 5},
+          {262, 3, 1, 2},
+          {273, 4, 1, kDepths + 8},
+          {277, 3, 1, 3},
+          {278, 4, 1, side},
+          {279, 4, 1, 0xFFFFFFF0}}) {
+      out.UInt16(static_cast<std::uint16_t>(tag));
+      out.UInt16(static_cast<std::uint16_t>(type));
+      out.UInt32(count);
+      out.UInt32(value);
+    }
+    out.UInt32(0);
+    out.Bytes(Bytes("0800 0800 0800 0000"));
+    out.Bytes(std::string(36'000, '\x55'));
+    const FolderItem file = folder.Write("strip.tif", out.Take());
+    const Outcome run = Cli({"render", file.ShellPath(), "-o", Path("o.png")});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_THAT(run.err, HasSubstr("\"strip.tif\""));
+    EXPECT_TRUE(kSanitized || MostOfChildren() < kMuch) << side << ' ' << MostOfChildren();
+  }
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <vector>
 
 #include "platform/codecs/CodecDetail.h"
 #include "platform/pictures/Parallel.h"
@@ -30,25 +31,32 @@ Profile Open(std::string_view icc) {
 SourceProfile::SourceProfile(std::string_view icc) : icc_(icc) {
   const Profile profile = icc_.empty() ? nullptr : Open(icc_);
   if (!profile) return;
-  rgb_ = cmsGetColorSpace(profile.get()) == cmsSigRgbData;
+  const cmsColorSpaceSignature space = cmsGetColorSpace(profile.get());
+  space_ = space == cmsSigRgbData    ? Space::kRGB
+           : space == cmsSigGrayData ? Space::kGrey
+                                     : Space::kOther;
   std::array<char, 256> name{};
   cmsGetProfileInfoASCII(profile.get(), cmsInfoDescription, "en", "US", name.data(),
                          static_cast<cmsUInt32Number>(name.size() - 1));
   name_ = EnsureUTF8(name.data());
 }
 
-void SourceProfile::ConvertToSRGB(Picture& picture) const {
-  if (!rgb_ || FindIgnoringCase(name_, "srgb") != std::string::npos) return;
+void SourceProfile::ConvertToSRGB(Picture& picture, bool grey) const {
+  const bool greys = space_ == Space::kGrey && grey;
+  if ((!IsRGB() && !greys) || FindIgnoringCase(name_, "srgb") != std::string::npos) return;
   const Profile from = Open(icc_);
   const Profile to(cmsCreate_sRGBProfile());
-  const Transform transform(cmsCreateTransform(from.get(), TYPE_BGRA_8, to.get(), TYPE_BGRA_8,
-                                               INTENT_PERCEPTUAL,
-                                               cmsFLAGS_NOCACHE | cmsFLAGS_COPY_ALPHA));
+  const Transform transform(
+      cmsCreateTransform(from.get(), greys ? TYPE_GRAY_8 : TYPE_BGRA_8, to.get(), TYPE_BGRA_8,
+                         INTENT_PERCEPTUAL, cmsFLAGS_NOCACHE | (greys ? 0 : cmsFLAGS_COPY_ALPHA)));
   if (!transform) return;
   const Pixels pixels = picture.Edit();
   ParallelRows(pixels.height, 16, [&](int first, int last) {
+    std::vector<std::uint8_t> line(greys ? static_cast<std::size_t>(pixels.width) : 0);
     for (int y = first; y < last; ++y) {
-      cmsDoTransform(transform.get(), pixels.Row(y), pixels.Row(y),
+      std::uint8_t* row = pixels.Row(y);
+      for (std::size_t x = 0; x < line.size(); ++x) line[x] = row[4 * x];
+      cmsDoTransform(transform.get(), greys ? line.data() : row, row,
                      static_cast<cmsUInt32Number>(pixels.width));
     }
   });

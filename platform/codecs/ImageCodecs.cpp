@@ -96,10 +96,10 @@ Expected<Picture> Allocate(const FolderItem& file, int width, int height) {
   return {std::move(picture), {}};
 }
 
-void PaintMissing(Picture& picture, int first) {
+void PaintMissing(Picture& picture, int first, int last) {
   constexpr int kMissing = 128;
   const Pixels pixels = picture.Edit();
-  for (int y = std::max(0, first); y < pixels.height; ++y) {
+  for (int y = std::max(0, first); y < std::min(last, pixels.height); ++y) {
     std::uint8_t* row = pixels.Row(y);
     std::fill_n(row, std::ptrdiff_t{4} * pixels.width, std::uint8_t{kMissing});
     for (int x = 0; x < pixels.width; ++x) row[4 * x + 3] = 255;
@@ -215,7 +215,11 @@ Expected<std::unique_ptr<ImageSource>> ImageSource::Open(const FolderItem& file)
   if (!source) source = codecs::OpenPng(file);
   if (!source) source = codecs::OpenWithVips(file);
   if (!source) source = codecs::OpenDamaged(file);
-  if (!source) return Result::Failure(CodecMessage(codecTexts::kUnreadable, file));
+  if (!source) {
+    return Result::Failure(codecs::EndsEarly(file) ? CodecMessage(codecTexts::kDamaged, file,
+                                                                  codecTexts::kEndsEarly.Text())
+                                                   : CodecMessage(codecTexts::kUnreadable, file));
+  }
   return {std::move(source), {}};
 }
 

@@ -105,8 +105,8 @@ struct EncodeImage {
 /// A PNG or JPEG 2000 file in memory, its transparency as the mask; nil if it is neither, has a
 /// side longer than `longest` pixels or cannot be decoded.
 Picture DecodeImageBytes(std::string_view bytes, int longest = std::numeric_limits<int>::max());
-/// A JPEG in memory; nil if it cannot be decoded, or claims more than `most` pixels. With `atLeast`
-/// it is reduced as far as its longer side keeps that many.
+/// A JPEG in memory; nil if it cannot be decoded whole, or claims more than `most` pixels. With
+/// `atLeast` it is reduced as far as its longer side keeps that many.
 Picture DecodeJpegBytes(std::string_view bytes, int atLeast = 0,
                         std::int64_t most = Picture::kMostPixels);
 /// A picture as the bytes of a JPEG file; empty if memory runs out.

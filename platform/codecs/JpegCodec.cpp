@@ -73,17 +73,16 @@ void OnWarning(j_common_ptr info, int level) {
   }
 }
 
-[[noreturn]] void Stop(j_common_ptr info, const char* why) {
+[[noreturn]] void Stop(j_common_ptr info) {
   JpegErrors& errors = ErrorsOf(info);
-  std::snprintf(errors.message.data(), errors.message.size(), "%s", why);
   errors.stopped = true;
   std::longjmp(errors.jump, 1);
 }
 
 void OnProgress(j_common_ptr info) {
-  if (DecodeCancellation::Requested()) Stop(info, "cancelled");
-  if (reinterpret_cast<j_decompress_ptr>(info)->input_scan_number > kMostScans) {
-    Stop(info, "too many scans");
+  if (DecodeCancellation::Requested() ||
+      reinterpret_cast<j_decompress_ptr>(info)->input_scan_number > kMostScans) {
+    Stop(info);
   }
 }
 
@@ -280,9 +279,9 @@ class Decompressor {
   int Decoded() const { return errors_.nothing ? 0 : Rows(); }
   /// True if we ended the work.
   bool Stopped() const { return errors_.stopped; }
+  /// In our words: the library's are not for the user.
   std::string Reason() const {
-    if (errors_.ended) return codecTexts::kEndsEarly.Text();
-    return errors_.message[0] == '\0' ? codecTexts::kBadData.Text() : errors_.message.data();
+    return (errors_.ended ? codecTexts::kEndsEarly : codecTexts::kBadData).Text();
   }
 
  private:
@@ -463,6 +462,8 @@ Picture DecodeJpegPreview(std::string_view bytes, int atLeast, std::int64_t most
   if (picture.IsNil()) return {};
   const Pixels pixels = picture.Edit();
   if (!jpeg.ReadInto(pixels.data, pixels.stride)) return {};
+  jpeg.Finish();
+  if (jpeg.Damaged()) return {};
   return picture;
 }
 

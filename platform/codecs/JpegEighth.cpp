@@ -64,18 +64,31 @@ class BitReader {
   }
   /// False if more was read than there was.
   bool Good() const { return missing_ <= count_; }
+  /// True if there are bytes before the next marker that nothing took: then blocks were read wrong.
+  bool Left() const {
+    return count_ - missing_ >= 8 || (end_ - at_ >= 2 && (at_[0] != 0xFF || at_[1] == 0));
+  }
+  /// True if the next marker is the end of the image, or the file just ends.
+  bool AtEnd() {
+    SkipFill();
+    return end_ - at_ < 2 || at_[1] == kEOI;
+  }
   /// Behind the next restart marker; false if another thing comes.
   bool Restart(int number) {
+    if (Left()) return false;
     bits_ = 0;
     count_ = 0;
     missing_ = 0;
-    while (end_ - at_ >= 2 && at_[0] == 0xFF && at_[1] == 0xFF) ++at_;
+    SkipFill();
     if (end_ - at_ < 2 || at_[0] != 0xFF || at_[1] != kRST0 + number) return false;
     at_ += 2;
     return true;
   }
 
  private:
+  void SkipFill() {
+    while (end_ - at_ >= 2 && at_[0] == 0xFF && at_[1] == 0xFF) ++at_;
+  }
   /// A byte of 0xFF begins a marker or is stuffed. May say so where there is none.
   static bool HoldsFF(std::uint64_t word) {
     return ((~word - 0x0101010101010101U) & word & 0x8080808080808080U) != 0;
@@ -434,7 +447,8 @@ class Decoder {
       }
       if (!bits.Good()) return false;
     }
-    return true;
+    // What is left over, other decoders look at, and tell.
+    return !bits.Left() && bits.AtEnd();
   }
 
   bool ReadUnit(BitReader& bits, int row, int column) {

@@ -54,11 +54,13 @@ void Read(png_structp png, png_bytep to, std::size_t count) {
 }
 
 void OnWarning(png_structp png, png_const_charp message) {
-  // Of the chunks that make the picture these hold pixels; more data than needed is harmless, and
-  // so is transparency that a picture of that kind cannot have.
+  // Of the chunks that make the picture these hold pixels; more data than needed is harmless if the
+  // size is right, and so are transparency and profiles that a picture of that kind cannot have.
   const std::string_view text = message;
-  const bool pixels = text.starts_with("IDAT") || text.starts_with("PLTE") ||
-                      (text.starts_with("tRNS") && text.find("CRC") != std::string_view::npos);
+  const bool sum = text.find("CRC") != std::string_view::npos;
+  const bool pixels =
+      text.starts_with("IDAT") || text.starts_with("PLTE") ||
+      (sum && (text.starts_with("IHDR") || text.starts_with("tRNS") || text.starts_with("iCCP")));
   if (!pixels || text.find("xtra") != std::string_view::npos ||
       text.find("oo much") != std::string_view::npos) {
     return;
@@ -307,7 +309,7 @@ Expected<DecodedImage> DecodeRest(const FolderItem& file, PngReader& png, int lo
   if (rows.stored == 0) return ReadInPart(file, std::move(image), ReasonOf(png), 0);
   const SourceProfile profile(png.Profile());
   image.Properties.ProfileName = profile.Name();
-  profile.ConvertToSRGB(image.Pixels);
+  profile.ConvertToSRGB(image.Pixels, properties.ColorModel == "Gray");
   if (whole) return {std::move(image), {}};
   return ReadInPart(file, std::move(image), ReasonOf(png), rows.stored);
 }
@@ -364,10 +366,11 @@ std::unique_ptr<ImageSource> OpenPng(const FolderItem& file) {
   const std::string icc = png.Profile();
   const SourceProfile profile(icc);
   properties.ProfileName = profile.Name();
-  // Sixteen bits are converted before they are cut to eight, and grey has its own curve.
+  // Sixteen bits are converted before they are cut to eight, and grey has its own curve. Libvips
+  // says nothing of a wrong sum.
   const bool standard =
       icc.empty() || FindIgnoringCase(profile.Name(), "srgb") != std::string::npos;
-  if (!standard && (png.Deep() || !profile.IsRGB())) return nullptr;
+  if (!standard && (png.Deep() || !profile.IsRGB()) && png.Whole()) return nullptr;
   return std::make_unique<PngSource>(file, std::move(properties));
 }
 

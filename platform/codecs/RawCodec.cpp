@@ -129,7 +129,8 @@ class RawSource final : public ImageSource {
     ProcessedImage image;
     if (error == LIBRAW_SUCCESS) image.reset(raw->dcraw_make_mem_image(&error));
     if (!image) {
-      return Result::Failure(CodecMessage(codecTexts::kDamaged, file_, libraw_strerror(error)));
+      return Result::Failure(
+          CodecMessage(codecTexts::kDamaged, file_, codecTexts::kBadData.Text()));
     }
     Picture picture = FromRGB(*image);
     if (picture.IsNil()) return Result::Failure(CodecMessage(codecTexts::kNoMemory, file_));

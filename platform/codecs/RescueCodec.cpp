@@ -8,7 +8,7 @@ namespace brivolant::codecs {
 namespace {
 
 /// Which decoder a file is for.
-enum class Kind { kNone, kTiff, kWebP, kJpeg2000 };
+enum class Kind { kNone, kTiff, kWebP, kJpeg2000, kGif, kBmp, kPnm };
 
 Kind KindOf(const FolderItem& file) {
   std::string begin(16, '\0');
@@ -23,7 +23,29 @@ Kind KindOf(const FolderItem& file) {
     return Kind::kWebP;
   }
   if (bytes.starts_with(std::string_view("\0\0\0\x0CjP  ", 8))) return Kind::kJpeg2000;
+  if (bytes.starts_with("GIF87a") || bytes.starts_with("GIF89a")) return Kind::kGif;
+  if (bytes.starts_with("BM")) return Kind::kBmp;
+  if (bytes[0] == 'P' && bytes[1] >= '1' && bytes[1] <= '6') return Kind::kPnm;
   return Kind::kNone;
+}
+
+std::string_view TypeOf(Kind kind) {
+  switch (kind) {
+    case Kind::kTiff:
+      return "public.tiff";
+    case Kind::kWebP:
+      return "org.webmproject.webp";
+    case Kind::kJpeg2000:
+      return "public.jpeg-2000";
+    case Kind::kGif:
+      return "com.compuserve.gif";
+    case Kind::kBmp:
+      return "com.microsoft.bmp";
+    case Kind::kPnm:
+    case Kind::kNone:
+      break;
+  }
+  return {};
 }
 
 /// One picture that was read when the file was opened.
@@ -74,6 +96,12 @@ Expected<DecodedImage> Rescue(const FolderItem& file, int index) {
       return RescueWebP(file);
     case Kind::kJpeg2000:
       return RescueJpeg2000(file);
+    case Kind::kGif:
+      // Later pictures of an animation lie over those before.
+      return index == 0 ? RescueGif(file) : Expected<DecodedImage>{};
+    case Kind::kBmp:
+    case Kind::kPnm:
+      return RescuePlain(file);
     case Kind::kNone:
       break;
   }
@@ -83,11 +111,7 @@ Expected<DecodedImage> Rescue(const FolderItem& file, int index) {
 std::unique_ptr<ImageSource> OpenDamaged(const FolderItem& file) {
   auto image = Rescue(file, 0);
   if (!image) return nullptr;
-  const Kind kind = KindOf(file);
-  return std::make_unique<DamagedSource>(kind == Kind::kTiff   ? "public.tiff"
-                                         : kind == Kind::kWebP ? "org.webmproject.webp"
-                                                               : "public.jpeg-2000",
-                                         std::move(*image));
+  return std::make_unique<DamagedSource>(TypeOf(KindOf(file)), std::move(*image));
 }
 
 }  // namespace brivolant::codecs

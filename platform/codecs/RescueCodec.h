@@ -30,6 +30,9 @@ Expected<Canvas> NewCanvas(const FolderItem& file, int width, int height, bool a
 // A failure without a sentence if the file is not of the format.
 Expected<DecodedImage> RescueTiff(const FolderItem& file, int index);
 Expected<DecodedImage> RescueWebP(const FolderItem& file);
+Expected<DecodedImage> RescueGif(const FolderItem& file);
+/// BMP and PNM.
+Expected<DecodedImage> RescuePlain(const FolderItem& file);
 Expected<DecodedImage> RescueJpeg2000(const FolderItem& file);
 
 }  // namespace brivolant::codecs

@@ -103,7 +103,7 @@ Expected<DecodedImage> RescueJpeg2000(const FolderItem& file) {
     const SourceProfile profile({reinterpret_cast<const char*>(image->icc_profile_buf),
                                  static_cast<std::size_t>(image->icc_profile_len)});
     properties.ProfileName = profile.Name();
-    profile.ConvertToSRGB(canvas->picture);
+    profile.ConvertToSRGB(canvas->picture, image->numcomps < 3);
   }
   return ReadInPart(file, canvas->Take(properties), codecTexts::kBadData.Text(), rows);
 }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <vector>
@@ -79,6 +80,37 @@ std::unique_ptr<TIFF, CloseTiff> OpenPadded(PaddedFile& file) {
   return tiff;
 }
 
+/// How the pixels are coded.
+std::uint16_t Packing(TIFF* tiff) {
+  std::uint16_t packing = COMPRESSION_NONE;
+  TIFFGetFieldDefaulted(tiff, TIFFTAG_COMPRESSION, &packing);
+  return packing;
+}
+
+/// True if the pixels would fill more memory than a file of so many bytes can.
+bool ClaimsTooMuch(TIFF* tiff, std::uint64_t width, std::uint64_t height, std::uint64_t bytes) {
+  std::uint16_t bits = 1;
+  std::uint16_t samples = 1;
+  TIFFGetFieldDefaulted(tiff, TIFFTAG_BITSPERSAMPLE, &bits);
+  TIFFGetFieldDefaulted(tiff, TIFFTAG_SAMPLESPERPIXEL, &samples);
+  const std::uint64_t plain = width * height * bits * samples / 8;
+  switch (Packing(tiff)) {
+    case COMPRESSION_NONE:
+      // A hundredth of a picture with few colours has so many pixels.
+      return width * height > 200 * bytes;
+    case COMPRESSION_PACKBITS:
+      return plain > 64 * bytes;
+    case COMPRESSION_LZW:
+      // A code of twelve bits for at most 4096 bytes.
+      return plain > 2731 * bytes;
+    case COMPRESSION_ADOBE_DEFLATE:
+    case COMPRESSION_DEFLATE:
+      return plain > 1032 * bytes;
+    default:
+      return false;
+  }
+}
+
 /// Copies a block of the library's pixels, whose rows go upwards, to (x, y).
 void Place(Canvas& canvas, const std::vector<std::uint32_t>& block, int x, int y, int width,
            int rows) {
@@ -107,9 +139,19 @@ void Place(Canvas& canvas, const std::vector<std::uint32_t>& block, int x, int y
   }
 }
 
-/// Reads the rows of a strip with a bad place, up to that, and gives how many. Only for what most
-/// files hold: grey and RGB of 8 bits.
-int ReadRows(TIFF* tiff, PaddedFile& file, Canvas& canvas, int top, int rows) {
+/// Where rows are put, and which came by themselves: not those of whole strips and tiles, which the
+/// library makes colours of.
+struct TiffRows {
+  Canvas& canvas;
+  std::vector<bool> read;
+};
+
+/// Converts a row as the file holds it.
+using RowConverter = std::function<void(const std::uint8_t* from, std::uint8_t* pixels, int width)>;
+
+/// How the rows of what most files hold become pixels: grey, RGB and inks of 8 bits, in strips.
+/// Empty for everything else.
+RowConverter PlainRows(TIFF* tiff) {
   std::uint16_t bits = 0;
   std::uint16_t samples = 0;
   std::uint16_t planes = 0;
@@ -118,37 +160,53 @@ int ReadRows(TIFF* tiff, PaddedFile& file, Canvas& canvas, int top, int rows) {
   TIFFGetFieldDefaulted(tiff, TIFFTAG_SAMPLESPERPIXEL, &samples);
   TIFFGetFieldDefaulted(tiff, TIFFTAG_PLANARCONFIG, &planes);
   TIFFGetField(tiff, TIFFTAG_PHOTOMETRIC, &space);
-  const bool colors = space == PHOTOMETRIC_RGB && samples == 3;
-  if (bits != 8 || planes != PLANARCONFIG_CONTIG ||
-      !(colors || (space == PHOTOMETRIC_MINISBLACK && samples == 1))) {
-    return 0;
+  if (TIFFIsTiled(tiff) != 0 || bits != 8 || planes != PLANARCONFIG_CONTIG) return {};
+  // Inks are converted when all are there.
+  if (space == PHOTOMETRIC_SEPARATED && samples == 4) {
+    return [](const std::uint8_t* from, std::uint8_t* to, int width) {
+      std::copy_n(from, std::ptrdiff_t{4} * width, to);
+    };
   }
-  // The library is still in the middle of the strip: it forgets that with its directory.
-  file.padded = false;
-  const bool fresh = TIFFSetDirectory(tiff, TIFFCurrentDirectory(tiff)) != 0;
-  file.padded = true;
-  if (!fresh) return 0;
-  TIFFSetField(tiff, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
-  const Pixels pixels = canvas.picture.Edit();
-  std::vector<std::uint8_t> line(static_cast<std::size_t>(TIFFScanlineSize(tiff)));
-  if (line.size() < static_cast<std::size_t>(pixels.width) * samples) return 0;
-  for (int y = top; y < top + rows; ++y) {
-    if (TIFFReadScanline(tiff, line.data(), static_cast<std::uint32_t>(y), 0) != 1) return y - top;
-    const std::uint8_t* from = line.data();
-    std::uint8_t* to = pixels.Row(y);
-    for (int x = 0; x < pixels.width; ++x, from += samples, to += 4) {
+  const bool colors = space == PHOTOMETRIC_RGB && samples == 3;
+  if (!colors && (space != PHOTOMETRIC_MINISBLACK || samples != 1)) return {};
+  return [colors](const std::uint8_t* from, std::uint8_t* to, int width) {
+    for (int x = 0; x < width; ++x, from += colors ? 3 : 1, to += 4) {
       to[2] = from[0];
       to[1] = from[colors ? 1 : 0];
       to[0] = from[colors ? 2 : 0];
     }
+  };
+}
+
+/// Reads the rows of a strip up to a bad place, and gives how many.
+int ReadRows(TIFF* tiff, const RowConverter& convert, TiffRows& into, int top, int rows) {
+  const Pixels pixels = into.canvas.picture.Edit();
+  std::uint16_t samples = 0;
+  TIFFGetFieldDefaulted(tiff, TIFFTAG_SAMPLESPERPIXEL, &samples);
+  std::vector<std::uint8_t> line(static_cast<std::size_t>(TIFFScanlineSize(tiff)));
+  if (line.size() < static_cast<std::size_t>(pixels.width) * samples) return 0;
+  for (int y = top; y < top + rows; ++y) {
+    if (TIFFReadScanline(tiff, line.data(), static_cast<std::uint32_t>(y), 0) != 1) return y - top;
+    convert(line.data(), pixels.Row(y), pixels.width);
+    into.read[static_cast<std::size_t>(y)] = true;
   }
   return rows;
 }
 
+/// How many of the rows of a strip are in the file, as far as that can be known.
+int StoredRows(TIFF* tiff, const PaddedFile& file, std::uint32_t strip, int rows) {
+  const std::uint64_t line = TIFFScanlineSize64(tiff);
+  if (Packing(tiff) != COMPRESSION_NONE || line == 0) return rows;
+  const std::uint64_t there = file.bytes.size() - TIFFGetStrileOffset(tiff, strip);
+  return static_cast<int>(std::min<std::uint64_t>(static_cast<std::uint64_t>(rows), there / line));
+}
+
 /// Reads every strip or tile that can be read, and gives how many rows those have that are in the
 /// file. Each comes into memory of its own, since what the
-/// library leaves of one would show where the next is missing.
-std::int64_t ReadBlocks(TIFF* tiff, PaddedFile& file, Canvas& canvas) {
+/// library leaves of one would show where the next is missing. Those of `plain` rows, if it is not
+/// empty, come row by row.
+std::int64_t ReadBlocks(TIFF* tiff, const RowConverter& plain, PaddedFile& file, TiffRows& into) {
+  Canvas& canvas = into.canvas;
   const int width = canvas.picture.Width();
   const int height = canvas.picture.Height();
   const bool tiled = TIFFIsTiled(tiff) != 0;
@@ -173,24 +231,28 @@ std::int64_t ReadBlocks(TIFF* tiff, PaddedFile& file, Canvas& canvas) {
   std::vector<std::uint32_t> block;
   for (std::int64_t y = 0; y < height; y += down) {
     for (std::int64_t x = 0; x < width; x += across) {
-      block.assign(std::size_t{across} * down, 0);
       const auto left = static_cast<std::uint32_t>(x);
       const auto top = static_cast<std::uint32_t>(y);
       // A strip's last rows are cut; a tile is always whole.
       const int rows = tiled ? static_cast<int>(down)
                              : static_cast<int>(std::min<std::int64_t>(down, height - y));
-      const int read = tiled ? TIFFReadRGBATileExt(tiff, left, top, block.data(), 1)
-                             : TIFFReadRGBAStripExt(tiff, top, block.data(), 1);
       const std::uint32_t number =
           tiled ? TIFFComputeTile(tiff, left, top, 0, 0) : TIFFComputeStrip(tiff, top, 0);
       const bool stored = TIFFGetStrileOffset(tiff, number) < file.bytes.size();
       int came = 0;
-      if (read != 0) {
-        Place(canvas, block, static_cast<int>(x), static_cast<int>(y), static_cast<int>(across),
-              rows);
-        came = rows;
-      } else if (!tiled) {
-        came = ReadRows(tiff, file, canvas, static_cast<int>(y), rows);
+      if (plain) {
+        came = stored ? ReadRows(tiff, plain, into, static_cast<int>(y),
+                                 StoredRows(tiff, file, number, rows))
+                      : 0;
+      } else {
+        block.assign(std::size_t{across} * down, 0);
+        const int read = tiled ? TIFFReadRGBATileExt(tiff, left, top, block.data(), 1)
+                               : TIFFReadRGBAStripExt(tiff, top, block.data(), 1);
+        if (read != 0) {
+          Place(canvas, block, static_cast<int>(x), static_cast<int>(y), static_cast<int>(across),
+                rows);
+          came = rows;
+        }
       }
       if (stored) decoded += came;
     }
@@ -239,13 +301,9 @@ Expected<DecodedImage> RescueTiff(const FolderItem& file, int index) {
   properties.BitsPerComponent = std::clamp<int>(bits, 8, 32);
   properties.Orientation = orientation >= 1 && orientation <= 8 ? orientation : 1;
   properties.HasAlpha = extra > 0;
-  // Where nothing is packed, a hundredth of a picture with few colours has so many.
-  constexpr std::uint64_t kMostPlainPixelsPerByte = 200;
-  std::uint16_t packing = COMPRESSION_NONE;
-  TIFFGetFieldDefaulted(tiff.get(), TIFFTAG_COMPRESSION, &packing);
-  if (packing == COMPRESSION_NONE &&
-      std::uint64_t{width} * height > kMostPlainPixelsPerByte * padded.bytes.size()) {
-    return Expected<DecodedImage>::Failure(CodecMessage(codecTexts::kUnreadable, file));
+  if (ClaimsTooMuch(tiff.get(), width, height, padded.bytes.size())) {
+    return Expected<DecodedImage>::Failure(
+        CodecMessage(codecTexts::kDamaged, file, codecTexts::kEndsEarly.Text()));
   }
   auto canvas = NewCanvas(file, static_cast<int>(width), static_cast<int>(height), extra > 0);
   if (!canvas) return Expected<DecodedImage>::Failure(canvas.error);
@@ -254,18 +312,39 @@ Expected<DecodedImage> RescueTiff(const FolderItem& file, int index) {
   // Each byte once for all pixels of a strip and once for its rows, of up to eight bytes a pixel.
   constexpr std::uint64_t kSlack = std::uint64_t{1} << 16U;
   padded.left = kSlack + 4 * padded.bytes.size() + 16 * std::uint64_t{width} * height;
+  // The length of a strip is a claim as well: what is packed fills no more than that from so
+  // little.
   const std::uint64_t block =
       TIFFIsTiled(tiff.get()) != 0 ? TIFFTileSize64(tiff.get()) : TIFFStripSize64(tiff.get());
-  padded.padding = kSlack + std::min<std::uint64_t>(block, kMostRescuedBytes);
-  padded.padded = true;
-  const std::int64_t rows = ReadBlocks(tiff.get(), padded, *canvas);
-  padded.padded = false;
+  constexpr std::uint64_t kMostMissing = 16;
+  const std::uint64_t most = Packing(tiff.get()) == COMPRESSION_NONE
+                                 ? kMostRescuedBytes
+                                 : kMostMissing * padded.bytes.size();
+  padded.padding = kSlack + std::min(block, most);
   std::uint32_t size = 0;
   const void* icc = nullptr;
-  if (TIFFGetField(tiff.get(), TIFFTAG_ICCPROFILE, &size, &icc) != 0 && size > 0 && rows > 0) {
-    const SourceProfile profile({static_cast<const char*>(icc), size});
+  std::string profileBytes;
+  if (TIFFGetField(tiff.get(), TIFFTAG_ICCPROFILE, &size, &icc) != 0) {
+    profileBytes.assign(static_cast<const char*>(icc), size);
+  }
+  const SourceProfile profile(profileBytes);
+  const RowConverter plain = PlainRows(tiff.get());
+  padded.padded = true;
+  TiffRows into{*canvas, std::vector<bool>(height)};
+  const std::int64_t rows = ReadBlocks(tiff.get(), plain, padded, into);
+  padded.padded = false;
+  if (rows > 0) {
+    std::uint16_t space = PHOTOMETRIC_RGB;
+    TIFFGetField(tiff.get(), TIFFTAG_PHOTOMETRIC, &space);
+    const bool grey = space == PHOTOMETRIC_MINISBLACK || space == PHOTOMETRIC_MINISWHITE;
     properties.ProfileName = profile.Name();
-    profile.ConvertToSRGB(canvas->picture);
+    if (grey) properties.ColorModel = "Gray";
+    if (space == PHOTOMETRIC_SEPARATED) {
+      properties.ColorModel = "CMYK";
+      ConvertInks(canvas->picture, into.read, profileBytes);
+    } else {
+      profile.ConvertToSRGB(canvas->picture, grey);
+    }
   }
   return ReadInPart(file, canvas->Take(properties), codecTexts::kBadData.Text(), rows);
 }

@@ -262,6 +262,11 @@ struct Rendered {
   bool Whole() const { return rows == picture.Height(); }
 };
 
+/// Why a picture is not all there.
+const LocalizedText& ReasonOf(const FolderItem& file) {
+  return EndsEarly(file) ? codecTexts::kEndsEarly : codecTexts::kBadData;
+}
+
 /// `bands` is their number after the conversion.
 Expected<Rendered> Render(const FolderItem& file, VipsImage* image, bool plain, int bands) {
   using Result = Expected<Rendered>;
@@ -278,7 +283,7 @@ Expected<Rendered> Render(const FolderItem& file, VipsImage* image, bool plain, 
   const int rows = plain ? ReadPlainRows(image, target) : ReadOtherRows(image, target);
   if (rows == 0 || DecodeCancellation::Requested()) {
     vips_error_clear();
-    return Result::Failure(CodecMessage(codecTexts::kDamaged, file, codecTexts::kBadData.Text()));
+    return Result::Failure(CodecMessage(codecTexts::kDamaged, file, ReasonOf(file).Text()));
   }
   vips_error_clear();
   PaintMissing(*picture, rows);
@@ -287,6 +292,66 @@ Expected<Rendered> Render(const FolderItem& file, VipsImage* image, bool plain, 
   }
   if (!mask.IsNil()) picture->SetMask(std::move(mask));
   return {Rendered{std::move(*picture), rows}, {}};
+}
+
+/// A decoded picture, and how many rows from the top are surely as they were stored.
+struct Attempted {
+  Expected<DecodedImage> image;
+  int rows = 0;
+};
+
+/// The library's own words are not for the user: lines of several loaders, which add up.
+template <class T>
+Expected<T> Failure(const FolderItem& file) {
+  vips_error_clear();
+  return Expected<T>::Failure(CodecMessage(codecTexts::kDamaged, file, ReasonOf(file).Text()));
+}
+
+/// Decodes what was opened. `tolerant` if the loader passes over what is wrong, `cut` if the end is
+/// known to be missing.
+Attempted DecodeImage(const FolderItem& file, VipsImage* image, bool tolerant, bool cut) {
+  ImageProperties properties = PropertiesOf(image);
+  // Before the pipeline is built: a lying header must not cost memory.
+  if (std::int64_t{properties.Width} * properties.Height > Picture::kMostPixels) {
+    return {
+        Expected<DecodedImage>::Failure(Allocate(file, properties.Width, properties.Height).error)};
+  }
+  const bool plain = IsPlain(image);
+  int bands = vips_image_get_bands(image);
+  if (!plain) {
+    g_object_ref(image);
+    const Image converted = ToSRGB(Image(image));
+    if (!converted) return {Failure<DecodedImage>(file)};
+    bands = vips_image_get_bands(converted.get());
+  }
+  Expected<Rendered> done = Render(file, image, plain, bands);
+  if (!done) return {Expected<DecodedImage>::Failure(done.error)};
+  const bool whole = done->Whole() && !tolerant && !cut;
+  // A loader that passes over errors does not tell how far it came.
+  const int rows = tolerant ? 0 : done->rows;
+  done->picture.HorizontalResolution = properties.HorizontalResolution;
+  done->picture.VerticalResolution = properties.VerticalResolution;
+  DecodedImage decoded{std::move(done->picture), std::move(properties), {}};
+  if (whole) return {{std::move(decoded), {}}, rows};
+  return {ReadInPart(file, std::move(decoded),
+                     (cut ? codecTexts::kEndsEarly : codecTexts::kBadData).Text(), rows),
+          cut ? 0 : rows};
+}
+
+/// Puts the first rows of `first` over those of `more`, which knows less of colours.
+void KeepRows(const Picture& first, int rows, Picture& more) {
+  if (rows <= 0 || first.Width() != more.Width() || first.Height() != more.Height()) return;
+  const Pixels to = more.Edit();
+  for (int y = 0; y < rows; ++y) {
+    std::copy_n(first.View().Row(y), std::ptrdiff_t{4} * to.width, to.Row(y));
+  }
+  if (first.Mask() == nullptr || more.Mask() == nullptr) return;
+  Plane mask = *more.Mask();
+  const Grey opacity = mask.Edit();
+  for (int y = 0; y < rows; ++y) {
+    std::copy_n(first.Mask()->View().Row(y), opacity.width, opacity.Row(y));
+  }
+  more.SetMask(std::move(mask));
 }
 
 class VipsSource final : public ImageSource {
@@ -303,6 +368,9 @@ class VipsSource final : public ImageSource {
     for (const LoaderType& known : kLoaderTypes) {
       if (name.starts_with(known.loader)) type_ = known.type;
     }
+    others_ = name.starts_with("magickload");
+    text_ = name.starts_with("ppmload");
+    if (type_.empty() && IsSgi(file_)) type_ = "com.sgi.sgi-image";
     const std::string extension = LowerCase(file_.Path().extension().string());
     for (const LoaderType& known : kExtensionTypes) {
       if (type_.empty() && extension == known.loader) type_ = known.type;
@@ -320,23 +388,27 @@ class VipsSource final : public ImageSource {
   Expected<ImageProperties> Properties(int index) const override {
     const PlainPath path(file_);
     const Image image = Load(path, index, tolerant_);
-    if (!image) return Failure<ImageProperties>();
+    if (!image) return Failure<ImageProperties>(file_);
     return {PropertiesOf(image.get()), {}};
   }
 
   Expected<DecodedImage> Decode(int index) const override {
-    Expected<DecodedImage> image = Attempt(index, tolerant_);
-    if (DecodeCancellation::Requested() || (image && !image->Damage)) return image;
+    Attempted first = Attempt(index, tolerant_);
+    Expected<DecodedImage>& image = first.image;
+    if (DecodeCancellation::Requested() || (image && !image->Damage)) return std::move(image);
     // The loader ends at what is wrong; others go on behind it.
     Expected<DecodedImage> more;
     if (type_ == "public.png") {
       more = RescuePng(file_);
-    } else if ((type_ == "public.jpeg" || type_ == "com.compuserve.gif") && !tolerant_) {
-      more = Attempt(index, true);
-    } else {
+    } else if (type_ != "public.jpeg") {
       more = Rescue(file_, index);
     }
-    return more ? more : image;
+    if (!more && !tolerant_ && (type_ == "public.jpeg" || type_ == "com.compuserve.gif")) {
+      more = Attempt(index, true).image;
+    }
+    if (!more) return std::move(image);
+    if (image) KeepRows(image->Pixels, first.rows, more->Pixels);
+    return more;
   }
 
   Expected<DecodedImage> Small(int longest) const override {
@@ -367,57 +439,64 @@ class VipsSource final : public ImageSource {
 
  private:
   /// True for an end that the library's own decoder passes over.
-  bool CutShort() const { return type_ == "com.sgi.sgi-image" && SgiEndsEarly(file_); }
+  bool CutShort() const { return (others_ && EndsEarly(file_)) || (text_ && TextEndsEarly(file_)); }
 
-  Expected<DecodedImage> Attempt(int index, bool tolerant) const {
+  Attempted Attempt(int index, bool tolerant) const {
     const PlainPath path(file_);
     const Image image = Load(path, index, tolerant);
-    if (!image) return Failure<DecodedImage>();
-    ImageProperties properties = PropertiesOf(image.get());
-    // Before the pipeline is built: a lying header must not cost memory.
-    if (std::int64_t{properties.Width} * properties.Height > Picture::kMostPixels) {
-      return Expected<DecodedImage>::Failure(
-          Allocate(file_, properties.Width, properties.Height).error);
-    }
-    const bool plain = IsPlain(image.get());
-    int bands = vips_image_get_bands(image.get());
-    if (!plain) {
-      g_object_ref(image.get());
-      const Image converted = ToSRGB(Image(image.get()));
-      if (!converted) return Failure<DecodedImage>();
-      bands = vips_image_get_bands(converted.get());
-    }
-    Expected<Rendered> done = Render(file_, image.get(), plain, bands);
-    if (!done) return Expected<DecodedImage>::Failure(done.error);
-    const bool cut = CutShort();
-    const bool whole = done->Whole() && !tolerant && !cut;
-    // A loader that passes over errors does not tell how far it came.
-    const int rows = tolerant ? 0 : done->rows;
-    done->picture.HorizontalResolution = properties.HorizontalResolution;
-    done->picture.VerticalResolution = properties.VerticalResolution;
-    DecodedImage decoded{std::move(done->picture), std::move(properties), {}};
-    if (whole) return {std::move(decoded), {}};
-    return ReadInPart(file_, std::move(decoded),
-                      (cut ? codecTexts::kEndsEarly : codecTexts::kBadData).Text(), rows);
-  }
-
-  /// The library's own words are not for the user: lines of several loaders, which add up.
-  template <class T>
-  Expected<T> Failure() const {
-    vips_error_clear();
-    return Expected<T>::Failure(
-        CodecMessage(codecTexts::kDamaged, file_, codecTexts::kBadData.Text()));
+    if (!image) return {Failure<DecodedImage>(file_)};
+    return DecodeImage(file_, image.get(), tolerant, CutShort());
   }
 
   FolderItem file_;
   bool tolerant_;
   std::string type_;
+  /// Loaders that may leave what is missing black, and say nothing.
+  bool others_ = false;
+  bool text_ = false;
   int width_;
   int height_;
   int count_ = 1;
 };
 
 }  // namespace
+
+void ConvertInks(Picture& picture, const std::vector<bool>& rows, const std::string& icc) {
+  constexpr int kMostRows = 256;
+  constexpr int kInks = 4;
+  if (!StartVips()) return;
+  Target target{picture.Edit(), {}, 0};
+  const Pixels& pixels = target.pixels;
+  const auto line = static_cast<std::size_t>(pixels.width) * kInks;
+  std::vector<VipsPel> memory;
+  for (int y = 0; y < pixels.height;) {
+    int count = 0;
+    memory.clear();
+    while (count < kMostRows && y + count < pixels.height &&
+           rows[static_cast<std::size_t>(y + count)]) {
+      const std::uint8_t* row = pixels.Row(y + count);
+      memory.insert(memory.end(), row, row + line);
+      ++count;
+    }
+    if (count > 0) {
+      const Image raw(vips_image_new_from_memory(memory.data(), memory.size(), pixels.width, count,
+                                                 kInks, VIPS_FORMAT_UCHAR));
+      VipsImage* inks = nullptr;
+      if (raw &&
+          vips_copy(raw.get(), &inks, "interpretation", VIPS_INTERPRETATION_CMYK, nullptr) == 0) {
+        if (!icc.empty()) {
+          vips_image_set_blob_copy(inks, VIPS_META_ICC_NAME, icc.data(), icc.size());
+        }
+        target.top = y;
+        const Image converted = ToSRGB(Image(inks));
+        if (converted) (void)vips_sink_disc(converted.get(), WriteStrip, &target);
+      }
+    }
+    // Behind them comes one that is not there, or the next part.
+    y += std::max(1, count);
+  }
+  vips_error_clear();
+}
 
 std::unique_ptr<ImageSource> OpenWithVips(const FolderItem& file) {
   if (!StartVips()) return nullptr;
@@ -449,6 +528,18 @@ Picture DecodeWithVips(std::string_view bytes, int longest) {
   }
   vips_error_clear();
   return {};
+}
+
+Expected<DecodedImage> DecodeWithVips(const FolderItem& file, std::string_view bytes) {
+  if (!StartVips()) return {};
+  // From a buffer the library takes another decoder than from a file.
+  const std::unique_ptr<::VipsSource, UnrefVips> source(
+      vips_source_new_from_memory(bytes.data(), bytes.size()));
+  if (!source) return Failure<DecodedImage>(file);
+  const Image image(vips_image_new_from_source(source.get(), "", "access", VIPS_ACCESS_SEQUENTIAL,
+                                               "fail_on", VIPS_FAIL_ON_ERROR, nullptr));
+  if (!image) return Failure<DecodedImage>(file);
+  return DecodeImage(file, image.get(), false, false).image;
 }
 
 }  // namespace brivolant::codecs

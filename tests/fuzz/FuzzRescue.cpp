@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Damaged TIFF, WebP and JPEG 2000 files, by our own decoders, and by whatever opens them.
+// Damaged TIFF, WebP, JPEG 2000, GIF, BMP and PNM files, by our own decoders, and by whatever opens
+// them.
 #include "FuzzImage.h"
 #include "platform/codecs/CodecDetail.h"
 
@@ -12,7 +13,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool tiff = bytes.starts_with(std::string_view("II*\0", 4)) ||
                     bytes.starts_with(std::string_view("MM\0*", 4));
   const bool webp = bytes.starts_with("RIFF") && bytes.substr(8, 4) == "WEBP";
-  if (!tiff && !webp && !bytes.starts_with(std::string_view("\0\0\0\x0CjP  ", 8))) return 0;
+  const bool pnm = bytes[0] == 'P' && bytes[1] >= '1' && bytes[1] <= '6';
+  if (!tiff && !webp && !pnm && !bytes.starts_with(std::string_view("\0\0\0\x0CjP  ", 8)) &&
+      !bytes.starts_with("GIF8") && !bytes.starts_with("BM")) {
+    return 0;
+  }
   const FolderItem file = fuzz::Folder().Child("a");
   fuzz::Write(file, data, size);
   for (int index = 0; index < (tiff ? 2 : 1); ++index) {
