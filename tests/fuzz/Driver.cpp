@@ -119,7 +119,8 @@ int main(int argc, char** argv) {
     return 2;
   }
   const std::vector<std::string> seeds = Seeds(argv[2]);
-  Kept kept(std::string(argv[0]) + ".input");
+  const std::string program = argv[0];
+  Kept kept(program + ".input");
   for (const std::string& seed : seeds) kept.Run(seed);
   std::mt19937_64 random(20090304);
   const int runs = std::atoi(argv[1]);
