@@ -10,6 +10,7 @@
 #include "effects/EffectRegistry.h"
 #include "engine/brivolantProcessorLite.h"
 #include "engine/pictures/SharedPictureEffects.h"
+#include "formats/DocumentPreviews.h"
 #include "platform/pictures/Parallel.h"
 
 namespace brivolant::test {

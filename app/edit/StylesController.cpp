@@ -183,7 +183,7 @@ int StylesController::TileSide() const {
   return static_cast<int>(std::lround(templateSelector::kPicture * bar_.devicePixelRatioF()));
 }
 
-double StylesController::ScaleOf(const BrivolantDocument& document, const Picture& reduced) {
+double StylesController::ScaleOf(BrivolantDocument& document, const Picture& reduced) {
   return brivolantProcessorLite::PreviewScale(document.ImageOriginal(), document.Geometry(),
                                               reduced);
 }
@@ -191,7 +191,7 @@ double StylesController::ScaleOf(const BrivolantDocument& document, const Pictur
 void StylesController::RefreshTiles() {
   if (!tiles_) return;
   if (session_.Document() == nullptr) return tiles_->Photo({}, 1, {});
-  const BrivolantDocument& document = *session_.Document();
+  BrivolantDocument& document = *session_.Document();
   const Picture& base = document.PreviewBase;
   PastedFiles pasted = document.PastedImages();
   if (base.IsNil() || (base.SharesPixelsWith(tilesOf_) && pasted == tilesPasted_)) return;
@@ -231,7 +231,7 @@ void StylesController::HoverStyle(int index) {
     return;
   }
   hoverID_ = style->ID;
-  const BrivolantDocument& document = *session_.Document();
+  BrivolantDocument& document = *session_.Document();
   hoverTile_->Photo(document.PreviewBase, ScaleOf(document, document.PreviewBase),
                     document.PastedImages());
   hoverTile_->Render({{style->ID, style->StyleData}});

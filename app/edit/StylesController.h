@@ -77,7 +77,7 @@ class StylesController {
   /// Keeps the present stack as a style.
   void SaveStyleAs();
   int TileSide() const;
-  static double ScaleOf(const BrivolantDocument& document, const Picture& reduced);
+  static double ScaleOf(BrivolantDocument& document, const Picture& reduced);
   void RefreshTiles();
   void OrderTiles();
   void HoverStyle(int index);
