@@ -57,6 +57,11 @@ TEST(DetailKernels, AgreeWithTheirPlainFormsAtEveryWidth) {
       kernels::reference::SharpenAgainst(photo.View(), soft.View(), plain.Edit(), share);
       ASSERT_EQ(LargestDifference(fast, plain), 0) << w << ' ' << share;
       ASSERT_EQ(fast.View().Row(h - 1)[4 * w - 1], 255);
+      // The same where it is.
+      Picture own = photo;
+      const Pixels pixels = own.Edit();
+      kernels::SharpenAgainst(pixels, soft.View(), pixels, share);
+      ASSERT_EQ(LargestDifference(own, plain), 0) << w << ' ' << share;
     }
     kernels::SharpenAgainst(photo.View(), photo.View(), fast.Edit(), kernels::kSharpenShare);
     EXPECT_EQ(LargestDifference(fast, ConvolutionEffect().Sharpen(photo)), 0) << w;

@@ -97,7 +97,7 @@ TEST(PhotoViews, NeverShowMoreThanTheMarginBesideAnEnlargedPhoto) {
   PhotoView view = ViewOf({6000, 4000});
   view.ZoomTo(1);
   EXPECT_EQ(view.Photo().center(), QPoint(499, 349));
-  for (const QPointF& by : {QPointF(1e5, 1e5), QPointF(-1e5, 3), QPointF(7, -1e6)}) view.Pan(by);
+  for (const QPointF& by : {QPointF(1e5, 1e5), QPointF(-1e5, 3), QPointF(0, -1e6)}) view.Pan(by);
   EXPECT_EQ(view.Photo().right() + 1, 990);
   EXPECT_EQ(view.Photo().bottom() + 1, 690);
   // What was too far is not remembered: the way back begins at once.

@@ -36,10 +36,11 @@ void EffectModuleSharpen::ApplyEffect(Picture& picture, double scale) {
   // they are steeper.
   const double variance = (scale * scale - 1) / 2;
   const double share = std::min(scale * scale, 1.0) * kernels::kSharpenShare;
-  const Picture source = picture;
-  const Picture soft = variance > 0 ? Blurred(source, variance) : source;
+  // Of a large photo every copy counts: against a blur it is sharpened where it is.
+  const Picture soft = variance > 0 ? Blurred(picture, variance) : picture;
   if (soft.IsNil()) return;
-  kernels::SharpenAgainst(source.View(), soft.View(), picture.Rewrite().to,
+  const Picture::Rewriting pixels = picture.Rewrite();
+  kernels::SharpenAgainst(pixels.from, soft.View(), pixels.to,
                           static_cast<int>(std::lround(share)));
 }
 

@@ -303,9 +303,23 @@ void EditorDisplay::keyPressEvent(QKeyEvent* event) {
   if (space && hand_) return;
   const std::string key = KeyName(*event);
   if (!key.empty() && Type(key)) return;
+  if (PanKey(*event)) return;
   if (!space) return QWidget::keyPressEvent(event);
   hand_ = true;
   if (panning_ == Qt::NoButton) ShowCursor(MouseCursor::kOpenHand);
+}
+
+bool EditorDisplay::PanKey(const QKeyEvent& event) {
+  constexpr double kStep = 64;
+  QPointF by;
+  if (event.key() == Qt::Key_Left) by = {kStep, 0};
+  if (event.key() == Qt::Key_Right) by = {-kStep, 0};
+  if (event.key() == Qt::Key_Up) by = {0, kStep};
+  if (event.key() == Qt::Key_Down) by = {0, -kStep};
+  const bool plain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  if (by.isNull() || !plain || view_.Fits()) return false;
+  Look([&](PhotoView& view) { view.Pan(OnScreen(by)); });
+  return true;
 }
 
 void EditorDisplay::keyReleaseEvent(QKeyEvent* event) {

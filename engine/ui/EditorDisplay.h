@@ -110,6 +110,8 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   void TellView();
   bool GestureEvent(QEvent* event);
   void EndPan();
+  /// Arrows move an enlarged photo.
+  bool PanKey(const QKeyEvent& event);
   QPointF OnScreen(const QPointF& position) const { return position * devicePixelRatioF(); }
   void CursorFor(int pointerState);
   /// The selected module if text is edited in it now.

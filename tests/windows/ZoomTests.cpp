@@ -202,6 +202,11 @@ TEST_F(Zooming, TheHandMovesThePhotoAndSpaceTypesIntoText) {
   EXPECT_NE(Display().cursor().shape(), Qt::OpenHandCursor);
   DragWith(Qt::LeftButton, Middle(), by);
   EXPECT_EQ(moved(), QPoint());
+  // Arrows do the same where no effect has a use for them.
+  Display().setFocus();
+  Key(program.Window(), Qt::Key_Right);
+  Key(program.Window(), Qt::Key_Up);
+  EXPECT_EQ(moved(), QPoint(-64, 64));
   // Released elsewhere it does not stay.
   QTest::keyPress(window, Qt::Key_Space);
   program.Panel().setFocus();
@@ -317,7 +322,7 @@ TEST_F(Zooming, WhatNobodyLooksAtIsBrokenOff) {
   ASSERT_TRUE(begun());
   program.Window().SetDirty(false);
   program.Window().MenuAction("ViewBrowseMyPhotos");
-  Settle();
+  ASSERT_TRUE(Until([&] { return !Display().isVisible(); }));
   EXPECT_FALSE(full.Running()) << "out of view";
   EXPECT_FALSE(program.Window().Zoom().Sharp());
   program.Window().MenuAction("ViewBrowseMyPhotos");

@@ -17,7 +17,7 @@ inline constexpr int kSharpenShare = 21845;
 
 /// Adds to every channel `share` / 32768, at most 32767, of four times its own level less the four
 /// nearest of `soft`: the source itself or the source blurred, for details that are larger. Beyond
-/// the border the outermost pixels go on. Source and soft are not the target.
+/// the border the outermost pixels go on. Soft is not the target; the source may be.
 void SharpenAgainst(ConstPixels source, ConstPixels soft, Pixels target, int share);
 
 /// Edges of all directions as dark lines on white: 255 less the length of the gradient (I. Sobel, a
