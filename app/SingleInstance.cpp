@@ -27,7 +27,7 @@ constexpr std::chrono::milliseconds kLookAgain(20);
 
 /// Where things go with the user's session, else where everybody's temporary files are.
 FolderItem SessionFolder() {
-  const FolderItem folder(qgetenv("XDG_RUNTIME_DIR").toStdString());
+  FolderItem folder(qgetenv("XDG_RUNTIME_DIR").toStdString());
   if (folder.Path().is_absolute() && folder.Directory() && folder.IsWriteable()) return folder;
   return FolderItem(std::filesystem::path("/tmp"));
 }

@@ -77,9 +77,10 @@ void ModuleRows(const Picture& photo, const Services& services, const std::strin
   brivolantProcessorLite processor(EffectRegistry(), services);
   processor.Startup();
   for (int row = 0; row <= processor.Count(); ++row) {
-    effectModule& module = *processor.item(row);
-    if (dynamic_cast<const EffectModuleDivider*>(&module) != nullptr || !module.Complete())
-      continue;
+    effectModule* const item = processor.item(row);
+    if (item == nullptr || dynamic_cast<const EffectModuleDivider*>(item) != nullptr) continue;
+    effectModule& module = *item;
+    if (!module.Complete()) continue;
     if (!only.empty() && module.Name() != only) continue;
     double small = 0;
     Choice dearest;

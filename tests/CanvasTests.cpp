@@ -253,7 +253,7 @@ TEST(Canvas, DrawsIconsInProportionAndState) {
   EXPECT_EQ(drawn(kIconCenter, kIconSelected).At(18, 18), (Color{127, 0, 0}));
   const Color faint = drawn(kIconCenter, kIconDisabled).At(18, 18);
   EXPECT_EQ(faint.Red, faint.Blue);
-  EXPECT_NEAR(faint.Red, (128 + 255) / 2, 2);
+  EXPECT_NEAR(faint.Red, (128 + 255) / 2.0, 2);
   Picture untouched = NewPicture(10, 10, 24);
   AdvancedGraphics g(untouched);
   g.DrawIcon({}, MakeCGRect(0, 0, 10, 10));

@@ -17,7 +17,6 @@
 namespace brivolant::test {
 namespace {
 
-using testing::ElementsAre;
 
 std::string BigEndian(std::size_t value) {
   std::string bytes;

@@ -10,7 +10,6 @@
 namespace brivolant::test {
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 

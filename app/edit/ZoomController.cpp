@@ -51,8 +51,8 @@ void ZoomController::AddCommands(Commands& commands) {
   // Looking changes nothing: it goes on whatever is done with the photo.
   constexpr bool kAlso = true;
   const auto add = [&](const char* name, const LocalizedText& text, const char* shortcuts,
-                       std::function<void(PhotoView&)> change,
-                       std::function<bool(const PhotoView&)> checked) {
+                       const std::function<void(PhotoView&)>& change,
+                       const std::function<bool(const PhotoView&)>& checked) {
     std::function<bool()> mark;
     if (checked) mark = [this, checked] { return Editing() && checked(display_.View()); };
     commands.Add({{name, &text, shortcuts, kInEditor, [this, change] { display_.Look(change); },

@@ -114,6 +114,7 @@ void EffectModuleSegment::ApplyEffect(Picture& picture, double scale) {
     // The shadows fall downward by as much as they are soft.
     const auto sides = [](int count, double first, int step, int length) {
       std::vector<SoftShadow::Side> all;
+      all.reserve(static_cast<std::size_t>(std::max(count, 0)));
       for (int i = 0; i < count; ++i) {
         all.push_back({first + i * step, first + i * step + length});
       }

@@ -48,8 +48,8 @@ int LanguageNamed(std::string_view name) {
 effectModule* EffectNamed(const brivolantProcessorLite& processor, std::string_view name) {
   for (int i = 0; i <= processor.Count(); ++i) {
     effectModule* module = processor.item(i);
-    const bool heading = dynamic_cast<EffectModuleDivider*>(module) != nullptr;
-    if (!heading && EqualIgnoringCase(module->Name(), name)) return module;
+    if (module == nullptr || dynamic_cast<EffectModuleDivider*>(module) != nullptr) continue;
+    if (EqualIgnoringCase(module->Name(), name)) return module;
   }
   return nullptr;
 }

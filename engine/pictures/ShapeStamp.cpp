@@ -93,7 +93,8 @@ FineStamps::Piece FineStamps::At(double x, double y, Color color) {
   const int py = whole(sy);
   const int phaseX = sx - px * steps_;
   const int phaseY = sy - py * steps_;
-  auto& stamp = stamps_.at(static_cast<std::size_t>(phaseY * kMostSteps + phaseX));
+  auto& stamp =
+      stamps_.at(static_cast<std::size_t>(phaseY) * kMostSteps + static_cast<std::size_t>(phaseX));
   if (!stamp) {
     stamp = std::make_unique<ShapeStamp>(width_, height_, opacity_, shadow_, draw_,
                                          1.0 * phaseX / steps_, 1.0 * phaseY / steps_);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What the display shows, and of it only the part that is to be seen.
+#include <QPaintEvent>
 #include <QPainter>
+#include <QTimer>
 #include <algorithm>
 #include <cmath>
 

@@ -473,7 +473,7 @@ void ConvertInks(Picture& picture, const std::vector<bool>& rows, const std::str
     int count = 0;
     memory.clear();
     while (count < kMostRows && y + count < pixels.height &&
-           rows[static_cast<std::size_t>(y + count)]) {
+           rows[static_cast<std::size_t>(y) + static_cast<std::size_t>(count)]) {
       const std::uint8_t* row = pixels.Row(y + count);
       memory.insert(memory.end(), row, row + line);
       ++count;

@@ -14,8 +14,6 @@
 namespace brivolant {
 namespace {
 
-namespace fs = std::filesystem;
-
 std::error_code ErrorOf(int number) {
   return {number, std::generic_category()};
 }

@@ -57,7 +57,7 @@ Owner Here() {
     std::error_code error;
     std::string name(256, '\0');
     if (gethostname(name.data(), name.size() - 1) != 0) name.clear();
-    const std::string machine = ShortText("/etc/machine-id") + std::string(name.c_str());
+    const std::string machine = ShortText("/etc/machine-id") + name.substr(0, name.find('\0'));
     const std::string session = ShortText("/proc/sys/kernel/random/boot_id") +
                                 std::filesystem::read_symlink("/proc/self/ns/pid", error).string();
     return std::pair{Hexadecimal(StableHash(machine), kDigits),

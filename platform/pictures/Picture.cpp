@@ -22,7 +22,7 @@ bool Possible(int width, int height) {
 /// whatever thread, is then done: looking at the count alone would not say so.
 bool HeldBy(int uses, const std::shared_ptr<std::uint8_t>& bytes) {
   if (bytes.use_count() > uses) return false;
-  const std::shared_ptr<std::uint8_t> ordered = bytes;
+  const std::shared_ptr<std::uint8_t> ordered = bytes;  // NOLINT(*-unnecessary-copy-*)
   return true;
 }
 

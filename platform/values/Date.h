@@ -39,7 +39,7 @@ struct Date {
   /// The same moment with every field in its range: month 13 is January of the next year.
   Date Normalized() const;
 
-  friend constexpr auto operator<=>(const Date&, const Date&) = default;
+  friend constexpr auto operator<=>(const Date&, const Date&) = default;  // NOLINT
 };
 
 }  // namespace brivolant

@@ -2,6 +2,7 @@
 // The session in its window: what arrives meanwhile, what the history holds, and the commands.
 #include <QAction>
 #include <QApplication>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QTest>
 #include <QToolBar>

@@ -372,7 +372,7 @@ TEST_F(Zooming, TheCropIsDrawnCloseUp) {
     return QColor(Display().Buffer().pixel(rect.left() + x, rect.top() + y)).green();
   };
   const Picture photo = program.Document().ImageOriginal();
-  EXPECT_NEAR(at(200, 400), photo.At(200, 400).Green / 2, 2);
+  EXPECT_NEAR(at(200, 400), photo.At(200, 400).Green / 2.0, 2);
   EXPECT_NEAR(at(300, 400), photo.At(300, 400).Green, 1);
   Click(program.Window().Cropper()->ApplyButton());
   EXPECT_TRUE(program.Document().Crop);
