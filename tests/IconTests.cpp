@@ -17,7 +17,6 @@
 namespace brivolant::test {
 namespace {
 
-
 std::string BigEndian(std::size_t value) {
   std::string bytes;
   for (int shift = 24; shift >= 0; shift -= 8) bytes += static_cast<char>(value >> shift);
