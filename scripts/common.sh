@@ -23,7 +23,7 @@ bench_packages=(
 need() {
   local missing=() package
   for package in "$@"; do
-    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' ||
+    [[ $(dpkg-query -W -f '${Status}' "$package" 2>/dev/null) == *'install ok installed'* ]] ||
       missing+=("$package")
   done
   if [ ${#missing[@]} -eq 0 ]; then
