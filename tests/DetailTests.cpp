@@ -46,6 +46,26 @@ Dictionary With(std::initializer_list<std::pair<const char*, Variant>> values) {
   return settings;
 }
 
+TEST(Sharpening, InBandsIsThatOfTheWhole) {
+  // Higher than two bands, at the scale of a large photo.
+  const Picture photo = TestPicture(90, 150);
+  constexpr double kScale = 5;
+  constexpr double kVariance = (kScale * kScale - 1) / 2;
+  EffectModuleSharpen sharpen;
+  sharpen.Enabled(true);
+  Picture banded = photo;
+  sharpen.Apply(banded, kScale);
+  Picture soft = ScaleEffect::BilinearScale(photo, 45, 75);
+  soft = GaussianBlur(2 * std::sqrt(kVariance / 4 - 1 / 3.0)).ApplyEffect(std::move(soft));
+  soft = ScaleEffect::BilinearScale(soft, 90, 150);
+  Picture whole = Picture::Uninitialized(90, 150);
+  kernels::reference::SharpenAgainst(photo.View(), soft.View(), whole.Edit(),
+                                     kernels::kSharpenShare);
+  // A level of the blur more or less weighs up to four times in the sum.
+  EXPECT_LE(LargestDifference(banded, whole), 3);
+  EXPECT_GT(LargestDifference(banded, photo), 30);
+}
+
 TEST(DetailKernels, AgreeWithTheirPlainFormsAtEveryWidth) {
   for (const auto& [w, h] : {std::pair{1, 1}, {2, 3}, {5, 1}, {9, 4}, {17, 6}, {40, 17}, {67, 5}}) {
     const Picture photo = TestPicture(w, h);

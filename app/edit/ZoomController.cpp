@@ -2,6 +2,7 @@
 #include "app/edit/ZoomController.h"
 
 #include <cmath>
+#include <utility>
 
 #include "app/commands/Commands.h"
 #include "app/commands/Menus.h"
@@ -29,7 +30,9 @@ ZoomController::ZoomController(const Desk& desk, EditSession& session, Commands&
   display_.ViewChanged = [this, &commands] {
     Follow(false);
     ShowScale();
-    commands.Changed();
+    // Their marks, not each scale in between.
+    const std::pair marks(display_.View().Fits(), display_.View().Scale() == 1);
+    if (std::exchange(marks_, marks) != marks) commands.Changed();
   };
   listening_.push_back(session_.Opened.Listen([this] {
     display_.Look([](PhotoView& view) { view.Fit(); });
@@ -101,9 +104,12 @@ void ZoomController::Follow(bool rendered) {
   const bool fits = display_.View().Fits();
   // What was begun for nobody is broken off; what is done is kept for the next look.
   if (fits && !ready_) return Drop();
+  // Settings and image change with a render alone.
+  const bool beside = before_ || !display_.ShowBefore;
+  if (!rendered && !image_.empty() && beside) return;
   const std::string image = Image();
   const std::string settings = Settings();
-  if (image == image_ && settings == settings_ && (before_ || !display_.ShowBefore)) {
+  if (image == image_ && settings == settings_ && beside) {
     if (rendered && ready_) display_.ShowFull(result_.After, result_.Before);
     return;
   }

@@ -3,6 +3,7 @@
 
 #include <QTimer>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/session/EditSession.h"
@@ -59,6 +60,8 @@ class ZoomController {
   /// The photo before the effects comes with it.
   bool before_ = false;
   FullRender::Result result_;
+  /// Fitted, and at 1:1: what the menu marks.
+  std::pair<bool, bool> marks_;
   std::vector<Listening> listening_;
 };
 

@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::size_t kPage = 4096;
 constexpr std::size_t kLarge = std::size_t{4} << 20;
+constexpr std::size_t kPhoto = std::size_t{128} << 20;
 
 struct Block {
   std::uint8_t* address = nullptr;
@@ -27,10 +28,16 @@ class KeptBlock {
   ~KeptBlock() { Unmap(block_); }
 
   Block Take(std::size_t size) {
-    const std::lock_guard lock(mutex_);
-    // Up to a quarter larger will do.
-    if (block_.size < size || block_.size > size + size / 4) return {};
-    return std::exchange(block_, {});
+    Block useless;
+    {
+      const std::lock_guard lock(mutex_);
+      // Up to a quarter larger will do.
+      if (block_.size >= size && block_.size <= size + size / 4) return std::exchange(block_, {});
+      // Beside the pictures of a large photo nothing is kept that they cannot use.
+      if (size >= kPhoto) std::swap(useless, block_);
+    }
+    Unmap(useless);
+    return {};
   }
 
   void Keep(Block block) {

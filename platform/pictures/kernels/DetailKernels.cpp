@@ -162,11 +162,11 @@ std::uint8_t Between(int from, int to, int share) {
 
 }  // namespace
 
-void SharpenAgainst(ConstPixels source, ConstPixels soft, Pixels target, int share) {
+void SharpenAgainst(ConstPixels source, ConstPixels soft, Pixels target, int share, int softTop) {
   ParallelRows(source.height, kGrain, [&](int from, int to) {
     for (int y = from; y < to; ++y) {
       const std::uint8_t* row = source.Row(y);
-      const Rows around(soft, y);
+      const Rows around(soft, y + softTop);
       std::uint8_t* out = target.Row(y);
       SharpenPixel(row, around, out, 0, share);
       const auto end = static_cast<std::size_t>(source.width) * 4;

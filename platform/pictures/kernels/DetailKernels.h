@@ -17,8 +17,10 @@ inline constexpr int kSharpenShare = 21845;
 
 /// Adds to every channel `share` / 32768, at most 32767, of four times its own level less the four
 /// nearest of `soft`: the source itself or the source blurred, for details that are larger. Beyond
-/// the border the outermost pixels go on. Soft is not the target; the source may be.
-void SharpenAgainst(ConstPixels source, ConstPixels soft, Pixels target, int share);
+/// the border the outermost pixels go on. Soft is not the target; the source may be. Row `softTop`
+/// of soft belongs to the first of the source, which may be a band of it.
+void SharpenAgainst(ConstPixels source, ConstPixels soft, Pixels target, int share,
+                    int softTop = 0);
 
 /// Edges of all directions as dark lines on white: 255 less the length of the gradient (I. Sobel, a
 /// pixel's neighbours weighted 1 2 1) times `gain`, of the channel that changes most. Source and
