@@ -494,6 +494,7 @@ TEST(Session, ASaveMeansThePhotoThatItWasAskedOf) {
   ASSERT_TRUE(kept.Load(place));
   EXPECT_EQ(kept.OriginalImageID, "first.jpg");
   EXPECT_EQ(kept.Rotation, 2);
+  session.Finish();
 
   // One that was asked for while another photo came saves neither.
   const FolderItem late = editing.folder.Child("late.brvPhoto");
