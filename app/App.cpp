@@ -153,10 +153,11 @@ void App::SaveUserDetails() {
 }
 
 void App::Close() {
-  if (recovery_ && !keeps_) recovery_->Forget();
   preferencesWindow_.reset();
   about_.reset();
   window_.reset();
+  // Not before: the window's end waits for edits that are being written.
+  if (recovery_ && !keeps_) recovery_->Forget();
   desk_.reset();
   styles_.reset();
   progress_.reset();
@@ -165,7 +166,7 @@ void App::Close() {
 void App::KeepEdits() {
   if (!window_) return;
   window_->Session().Settling();
-  window_->Session().KeepEdits();
+  window_->Session().KeepEditsNow();
 }
 
 void App::KeepForNextStart() {

@@ -71,6 +71,7 @@ struct Editor {
       if (!found) GiveUp(std::string("there is no effect ") + name);
     }
     window.myProcessor->UpdatePreview(true);
+    window.Session().FinishPreview();
     QApplication::processEvents();
   }
 
@@ -88,8 +89,10 @@ struct Editor {
     window.MenuAction("ViewZoomToFit");
     window.myProcessor->BlendAlpha = window.myProcessor->BlendAlpha == 1 ? 0.999F : 1.0F;
     window.myProcessor->UpdatePreview(false);
+    window.Session().FinishPreview();
     window.myProcessor->BlendAlpha = 1;
     window.myProcessor->UpdatePreview(false);
+    window.Session().FinishPreview();
     QApplication::processEvents();
   }
 

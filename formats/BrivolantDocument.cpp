@@ -159,9 +159,10 @@ Picture BrivolantDocument::SetOrientation(const Picture& picture) const {
 }
 
 void BrivolantDocument::GeneratePreviews(int width, int height) {
-  (void)scaled_.Make(ImageOriginal(), Geometry(), width, height);
-  PreviewBefore = scaled_.Before();
-  PreviewBase = scaled_.Base();
+  ScaledPreviews scaled;
+  (void)scaled.Make(ImageOriginal(), Geometry(), width, height);
+  PreviewBefore = scaled.Before();
+  PreviewBase = scaled.Base();
   PreviewAfter = SharedPictureEffects::Clone(PreviewBase, 24, false);
 }
 

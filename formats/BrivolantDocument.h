@@ -222,7 +222,6 @@ class BrivolantDocument {
   /// The style that the package holds.
   std::string savedStyle_;
   Picture tempImageStorage_;
-  ScaledPreviews scaled_;
   std::optional<ExtendedPicture> midSizePreview_;
 };
 

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The editing session without a window: open, edit, undo, save, copy, cancel, recover.
+#include <random>
+
 #include "Editing.h"
+#include "RandomEdits.h"
+#include "engine/PreviewRenderer.h"
 #include "engine/pictures/SharedPictureEffects.h"
 #include "formats/ImageFile.h"
 #include "platform/files/AtomicFile.h"
@@ -30,7 +34,7 @@ TEST(Session, OpensEditsSavesAndReopens) {
   EXPECT_TRUE(session.NeedsPlace());
   session.Turn(&BrivolantDocument::Rotation, 1);
   editing.Change(editing.Module("Exposure"), 0, 80);
-  const Picture edited = editing.Document().PreviewAfter;
+  const Picture edited = editing.Preview();
   EXPECT_GT(edited.Height(), edited.Width());
 
   editing.events.clear();
@@ -52,7 +56,7 @@ TEST(Session, OpensEditsSavesAndReopens) {
   EXPECT_TRUE(session.Rewindable());
   EXPECT_EQ(editing.Document().Flip, 1);
   session.Turn(&BrivolantDocument::Flip, 1);
-  EXPECT_EQ(LargestDifference(editing.Document().PreviewAfter, edited), 0);
+  EXPECT_EQ(LargestDifference(editing.Preview(), edited), 0);
   EXPECT_THAT(editing.failures, IsEmpty());
 }
 
@@ -119,7 +123,7 @@ TEST(Session, UndoneBackToWhatIsSavedThereIsNothingToSave) {
   EXPECT_FALSE(session.Dirty());
   // A picture without a file is never saved by undoing.
   session.Open(TestPicture(80, 60), "pasted");
-  session.Work().Finish();
+  session.Finish();
   session.Turn(&BrivolantDocument::Rotation, 1);
   session.Undo();
   EXPECT_TRUE(session.Dirty());
@@ -235,7 +239,7 @@ TEST(Session, WhatIsOpenedWaitsForAQuestionAndForWork) {
     EXPECT_EQ(editing.Document().Name, "first");
     EXPECT_EQ(editing.session.Processor().item(3), module);
   }
-  while (editing.Document().Name != "third") {
+  while (editing.events.size() < 6) {
     QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
   }
   EXPECT_THAT(editing.events, ElementsAre("settling", "opened first", "settling", "opened second",
@@ -261,20 +265,69 @@ TEST(Session, ACopyIsTheFinishedPictureAndACancelledOneIsNoFile) {
     const Listening listening = session.Work().Started.Listen([&] { session.Work().Cancel(); });
     session.SaveCopy(cancelled, "public.png", 1);
   }
-  session.Work().Finish();
+  session.Finish();
   EXPECT_FALSE(cancelled.Exists());
   EXPECT_THAT(editing.failures, IsEmpty());
   session.SaveCopy(FolderItem("/proc/nowhere/copy.png"), "public.png", 1);
-  session.Work().Finish();
+  session.Finish();
   ASSERT_EQ(editing.failures.size(), 1U);
   EXPECT_THAT(editing.failures[0], HasSubstr("copy.png"));
 
   // For a screen: no larger than that, and finished.
   Picture shown;
   session.RenderFor(300, 300, [&](const Picture& picture) { shown = picture; });
-  session.Work().Finish();
+  session.Finish();
   EXPECT_EQ(shown.Width(), 300);
   EXPECT_EQ(shown.Height(), 200);
+}
+
+TEST(Session, WhateverIsDoneInTheEndItsPreviewIsShown) {
+  Editing editing;
+  EditSession& session = editing.session;
+  editing.Open(editing.Photo("photo.jpg"));
+  int started = 0;
+  int finished = 0;
+  const Listening begin = session.RenderStarted.Listen([&] { ++started; });
+  const Listening end = session.Rendered.Listen([&] { ++finished; });
+  const auto fresh = [&] {
+    PreviewRenderer renderer(EffectRegistry(), editing.desk.Services);
+    return renderer.Render(session.Processor().BeginPreview(true)).value_or(PreviewResult()).After;
+  };
+  std::mt19937 random(8);
+  for (int step = 0; step < 3000; ++step) {
+    session.Processor().UpdatePreview(EditAtRandom(session.Processor(), random));
+    // A turn of the event loop, in which something may be ready or not.
+    if (random() % 4 == 0) (void)session.PreviewSettled();
+    if (step % 300 == 299) {
+      ASSERT_TRUE(editing.Preview().SameAs(fresh())) << step;
+    }
+  }
+  session.FinishPreview();
+  EXPECT_LT(finished, 3000) << "what was replaced raised nothing";
+  EXPECT_EQ(started - 10, finished);
+}
+
+TEST(Session, APhotoIsOpenWithItsFirstPreviewAndSavedWithItsLast) {
+  Editing editing;
+  EditSession& session = editing.session;
+  editing.Open(editing.Photo("first.png", 300, 100));
+  session.Turn(&BrivolantDocument::Rotation, 1);
+  bool shown = false;
+  const Listening opened = session.Opened.Listen([&] {
+    shown = editing.Document().PreviewAfter.Width() > editing.Document().PreviewAfter.Height();
+  });
+  session.Open(editing.Photo("second.png", 300, 100), {});
+  EXPECT_TRUE(session.Busy());
+  session.Finish();
+  EXPECT_TRUE(shown) << "the preview of the photo before was still there";
+  // Saved at once after a change, and closed while all that goes on.
+  session.Turn(&BrivolantDocument::Rotation, 1);
+  const FolderItem place = editing.folder.Child("a.brvPhoto");
+  EXPECT_TRUE(editing.Save(place));
+  const Picture saved = Read(place.Child(BrivolantDocument::kMidSizePreviewName));
+  EXPECT_GT(saved.Height(), saved.Width());
+  session.Turn(&BrivolantDocument::Flip, 1);
+  session.Open(editing.Photo("third.png"), {});
 }
 
 TEST(Session, EditsThatWereNotSavedComeBack) {
@@ -283,15 +336,24 @@ TEST(Session, EditsThatWereNotSavedComeBack) {
   editing.Open(photo);
   const FolderItem sets = editing.folder.Child("data").Child("Unsaved");
   editing.session.KeepEdits();
+  editing.session.Finish();
   EXPECT_THAT(sets.Children(), testing::IsEmpty()) << "there is nothing to keep";
   editing.session.Turn(&BrivolantDocument::Rotation, 1);
   editing.session.HalfDone = true;
   editing.session.KeepEdits();
+  editing.session.Finish();
   EXPECT_THAT(sets.Children(), testing::IsEmpty()) << "half a crop is not kept";
   editing.session.HalfDone = false;
   editing.Change(editing.Module("Exposure"), 0, 80);
   editing.session.KeepEdits();
-  const Picture edited = editing.Document().PreviewAfter;
+  editing.session.Finish();
+  editing.session.GiveUpChanges();
+  editing.session.KeepEdits();
+  editing.session.Finish();
+  EXPECT_THAT(sets.Children(), testing::IsEmpty()) << "nobody wants them back";
+  editing.session.SetDirty(true);
+  editing.session.KeepEditsNow();
+  const Picture edited = editing.Preview();
   ASSERT_EQ(sets.Children().size(), 1U);
 
   // Work on the photo hinders nothing.
@@ -299,13 +361,13 @@ TEST(Session, EditsThatWereNotSavedComeBack) {
     const Listening listening = editing.session.Work().Started.Listen([&] {
       editing.session.Turn(&BrivolantDocument::Flip, 1);
       const std::string before = ReadFile(sets.Children().front().Child("Edits")).value_or("");
-      editing.session.KeepEdits();
+      editing.session.KeepEditsNow();
       EXPECT_NE(ReadFile(sets.Children().front().Child("Edits")).value_or(""), before);
       editing.session.Turn(&BrivolantDocument::Flip, 1);
-      editing.session.KeepEdits();
+      editing.session.KeepEditsNow();
     });
     editing.session.SaveCopy(editing.folder.Child("copy.jpg"), "public.jpeg", 1);
-    editing.session.Work().Finish();
+    editing.session.Finish();
   }
 
   // Another run finds them, when this one has gone.
@@ -322,7 +384,7 @@ TEST(Session, EditsThatWereNotSavedComeBack) {
   next.Processor().myDisplay = &editing.display;
   next.Start();
   next.Open(left.front());
-  next.Work().Finish();
+  next.Finish();
   ASSERT_NE(next.Document(), nullptr);
   EXPECT_TRUE(next.Dirty());
   EXPECT_TRUE(next.NeedsPlace());
@@ -344,7 +406,7 @@ TEST(Session, APictureThatCannotBeKeptKeepsNothingElseFromBeingKept) {
   for (const auto& [name, file] : editing.Document().SessionImages()) {
     ASSERT_FALSE(file.Delete());
   }
-  editing.session.KeepEdits();
+  editing.session.KeepEditsNow();
   const FolderItem sets = editing.folder.Child("data").Child("Unsaved");
   ASSERT_EQ(sets.Children().size(), 1U);
   EXPECT_TRUE(sets.Children().front().Child("Edits").Exists());
@@ -432,6 +494,7 @@ TEST(Session, ASaveMeansThePhotoThatItWasAskedOf) {
   ASSERT_TRUE(kept.Load(place));
   EXPECT_EQ(kept.OriginalImageID, "first.jpg");
   EXPECT_EQ(kept.Rotation, 2);
+  session.Finish();
 
   // One that was asked for while another photo came saves neither.
   const FolderItem late = editing.folder.Child("late.brvPhoto");

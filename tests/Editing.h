@@ -95,12 +95,17 @@ struct Editing {
   }
   void Open(const FolderItem& file) {
     session.Open(file, {});
-    session.Work().Finish();
+    session.Finish();
+  }
+  /// The newest.
+  Picture Preview() {
+    session.FinishPreview();
+    return Document().PreviewAfter;
   }
   bool Save(const FolderItem& place = {}) {
     bool saved = false;
     session.Save(place, [&](bool done) { saved = done; });
-    session.Work().Finish();
+    session.Finish();
     return saved;
   }
   BrivolantDocument& Document() { return *session.Document(); }

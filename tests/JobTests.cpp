@@ -51,6 +51,34 @@ struct Diary {
   }
 };
 
+TEST(Job, OfSeveralPiecesIsBusyBetweenThem) {
+  Diary diary;
+  std::vector<std::string> pieces;
+  Jobs::Job job = diary.Job("pieces", [&](Jobs::Control&) { pieces.emplace_back("first"); });
+  job.More = [&]() -> std::function<void(Jobs::Control&)> {
+    EXPECT_TRUE(diary.jobs.Busy());
+    const std::string name = std::to_string(pieces.size());
+    if (pieces.size() == 3) return nullptr;
+    // Not before the end of the job.
+    diary.jobs.WhenIdle([&, name] { diary.lines.push_back("idle " + name); });
+    return [&, name](Jobs::Control&) { pieces.push_back(name); };
+  };
+  diary.jobs.Start(job);
+  diary.jobs.Finish();
+  EXPECT_THAT(pieces, ElementsAre("first", "1", "2"));
+  EXPECT_THAT(diary.lines,
+              ElementsAre("started pieces", "ended", "pieces done", "idle 1", "idle 2"));
+  // What throws between two pieces, or is cancelled, ends the job.
+  diary.lines.clear();
+  job.More = []() -> std::function<void(Jobs::Control&)> { throw std::runtime_error("no more"); };
+  diary.jobs.Start(job);
+  diary.jobs.Start(job);
+  diary.jobs.Cancel();
+  diary.jobs.Finish();
+  EXPECT_THAT(diary.lines, ElementsAre("started pieces", "ended", "pieces cancelled",
+                                       "started pieces", "ended", "pieces failed: no more"));
+}
+
 TEST(Job, EndsOnceAndLeavesNothingBusyWhateverItThrows) {
   Diary diary;
   struct Odd {};

@@ -96,6 +96,7 @@ TEST(Saving, ADocumentThatCannotBeSavedInItsPlaceIsSavedWholeInAnother) {
     s.session.Turn(&BrivolantDocument::Flip, 1);
     EXPECT_TRUE(s.Save());
     s.session.Processor().UpdatePreview(true);
+    s.session.FinishPreview();
     EXPECT_THAT(s.session.Processor().Warnings(), IsEmpty());
     EXPECT_EQ(s.questions.size(), 2U);
     EXPECT_THAT(s.failures, IsEmpty());

@@ -14,8 +14,22 @@ struct Jobs::Running {
   Job job;
   Control control;
   std::thread thread;
+  /// Counts the pieces of work.
+  int piece = 0;
   bool failed = false;
   std::string why;
+  /// False, and says why, if something throws.
+  bool Attempt(const std::function<void()>& what) {
+    try {
+      what();
+      return true;
+    } catch (const std::exception& exception) {
+      why = exception.what();
+    } catch (...) {
+    }
+    failed = true;
+    return false;
+  }
 };
 
 /// Where the end of a job arrives as an event of the owner's thread.
@@ -99,41 +113,49 @@ void Jobs::Next() {
 void Jobs::Begin(Job job) {
   running_ = std::make_shared<Running>();
   running_->job = std::move(job);
-  const auto deliver = [this](const std::shared_ptr<Running>& held) {
-    QMetaObject::invokeMethod(
-        receiver_.get(), [this, held] { Deliver(*held); }, Qt::QueuedConnection);
-  };
-  const auto attempt = [](Running& held, const std::function<void()>& work) {
-    try {
-      if (work) work();
-      return true;
-    } catch (const std::exception& exception) {
-      held.why = exception.what();
-    } catch (...) {
-    }
-    held.failed = true;
-    return false;
-  };
   const std::shared_ptr<Running> running = running_;
-  // A job that cannot begin ends like one that fails.
-  const bool begun = attempt(*running, [&] {
+  const bool begun = running->Attempt([this] {
     Started();
-    running->thread = std::thread([held = running, deliver, attempt] {
-      attempt(*held, [&] {
-        if (held->job.Work) held->job.Work(held->control);
-      });
-      deliver(held);
-    });
+    Work();
   });
-  if (!begun) deliver(running);
+  // A job that cannot begin ends like one that fails.
+  if (!begun) Tell(running, running->piece);
 }
 
-void Jobs::Deliver(Running& finished) {
+void Jobs::Work() {
+  const int piece = ++running_->piece;
+  running_->thread = std::thread([this, piece, held = running_] {
+    held->Attempt([&] {
+      if (held->job.Work) held->job.Work(held->control);
+    });
+    Tell(held, piece);
+  });
+}
+
+void Jobs::Tell(const std::shared_ptr<Running>& finished, int piece) {
+  QMetaObject::invokeMethod(
+      receiver_.get(), [this, finished, piece] { Deliver(*finished, piece); },
+      Qt::QueuedConnection);
+}
+
+bool Jobs::GoesOn(Running& running) {
+  if (running.failed || running.control.Cancelled() || !running.job.More) return false;
+  bool more = false;
+  running.Attempt([&] {
+    running.job.Work = running.job.More();
+    more = running.job.Work != nullptr;
+    if (more) Work();
+  });
+  return more && !running.failed;
+}
+
+void Jobs::Deliver(Running& finished, int piece) {
   // Finish may have been here before the event.
-  if (running_.get() != &finished) return;
+  if (running_.get() != &finished || finished.piece != piece) return;
+  if (finished.thread.joinable()) finished.thread.join();
+  if (GoesOn(finished)) return;
   const std::shared_ptr<Running> ended = std::move(running_);
   running_.reset();
-  if (ended->thread.joinable()) ended->thread.join();
   // What Done starts comes behind what waits already, and what it throws stops nothing that waits.
   const auto next = qScopeGuard([this] {
     telling_ = false;
@@ -152,7 +174,7 @@ void Jobs::Finish() {
   while (running_) {
     const std::shared_ptr<Running> running = running_;
     if (running->thread.joinable()) running->thread.join();
-    Deliver(*running);
+    Deliver(*running, running->piece);
     Next();
   }
 }

@@ -41,6 +41,9 @@ class Jobs {
     /// Called once, when nothing is busy any more. What Work threw arrives as kFailed with its
     /// words; work that was cancelled, or never begun, as kCancelled.
     std::function<void(End, const std::string& why)> Done;
+    /// Called on the owner's thread when Work is done, while the job is still busy. What it gives
+    /// back is worked on next, and then it is called again; nothing ends the job.
+    std::function<std::function<void(Control&)>()> More = nullptr;
   };
   /// While one lives, nothing begins that waits for its turn.
   class Pause {
@@ -89,7 +92,11 @@ class Jobs {
     std::function<void()> then;
   };
   void Begin(Job job);
-  void Deliver(Running& finished);
+  void Work();
+  /// The end of a piece of work, which is told of by an event and may be by Finish before.
+  void Deliver(Running& finished, int piece);
+  void Tell(const std::shared_ptr<Running>& finished, int piece);
+  bool GoesOn(Running& running);
   void Next();
   void NextTurn();
 

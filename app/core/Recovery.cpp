@@ -158,6 +158,7 @@ PastedFiles Recovery::KeepPictures(const PastedFiles& pictures) const {
 }
 
 bool Recovery::Keep(const BrivolantDocument& document, const std::string& styleData) {
+  const std::lock_guard lock(mutex_);
   if (!MakeSet()) {
     log_.Write("Unsaved edits cannot be kept in \"" + folder_.ShellPath() + "\".");
     return false;
@@ -177,11 +178,13 @@ bool Recovery::Keep(const BrivolantDocument& document, const std::string& styleD
 }
 
 void Recovery::Forget() {
+  const std::lock_guard lock(mutex_);
   if (set_) (void)set_.DeleteFolder();
   Release();
 }
 
 std::vector<RecoveredEdits> Recovery::Left() const {
+  const std::lock_guard guard(mutex_);
   std::vector<std::pair<std::int64_t, RecoveredEdits>> found;
   for (const FolderItem& set : folder_.Children()) {
     if (set == set_ || !set.Directory() || set.Alias() || FileLock::InUse(set)) continue;
@@ -217,6 +220,7 @@ std::optional<std::vector<FolderItem>> Recovery::Packages() const {
 }
 
 void Recovery::Adopt(const RecoveredEdits& edits) {
+  const std::lock_guard guard(mutex_);
   Release();
   lock_ = FileLock(edits.Set);
   if (lock_.Is() == FileLock::kTaken) return;

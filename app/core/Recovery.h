@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -79,6 +80,8 @@ class Recovery {
 
   FolderItem folder_;
   Log& log_;
+  /// Edits are written on any thread, one at a time.
+  mutable std::mutex mutex_;
   FolderItem set_;
   FileLock lock_;
   /// Of the folder for temporary files that the document's package lies in, if it is not ours.

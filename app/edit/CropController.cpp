@@ -38,7 +38,8 @@ CropController::~CropController() {
 }
 
 bool CropController::Cropping() const {
-  return crop_ != nullptr && session_.Processor().SelectedEffect() == crop_.get();
+  if (crop_ == nullptr) return false;
+  return beginning_ || session_.Processor().SelectedEffect() == crop_.get();
 }
 
 void CropController::CropMethod() {
@@ -74,15 +75,23 @@ void CropController::Begin() {
   crop_->lem = processor.SelectedEffect();
   crop_->Prepare(processor);
   Lock(true);
-  processor.SelectedEffect(crop_.get());
-  pane_.MyDisplay->setFocus();
-  pane_.MyDisplay->Update(true);
+  // Its marks would lie wrong on the picture as it is.
+  processor.SelectedEffect(nullptr);
+  beginning_ = std::make_shared<int>();
+  session_.WhenRendered([this, begun = std::weak_ptr(beginning_)] {
+    if (begun.expired()) return;
+    beginning_.reset();
+    session_.Processor().SelectedEffect(crop_.get());
+    pane_.MyDisplay->setFocus();
+    pane_.MyDisplay->Update(true);
+  });
   commands_.Refresh();
 }
 
 void CropController::End() {
   BrivolantDocument& document = *session_.Document();
   brivolantProcessorLite& processor = session_.Processor();
+  beginning_.reset();
   crop_->Ended();
   // The toolbar's button gives up what was not applied.
   if (!document.Crop) document.Crop = before_.front().second.ToBool();
@@ -103,7 +112,7 @@ void CropController::Lock(bool locked) {
 }
 
 void CropController::WindowActivated(QWidget* active) {
-  if (!Cropping() || panes_.Pane() != kEditorPane) return;
+  if (!Cropping() || beginning_ || panes_.Pane() != kEditorPane) return;
   const bool window = active == &panes_.Window();
   if (window && !editor_->isVisible()) {
     editor_->Show(*crop_, *pane_.MyDisplay);

@@ -46,6 +46,8 @@ class CropController {
   EditorPane& pane_;
   std::unique_ptr<CropModule> crop_;
   std::unique_ptr<CropEditor> editor_;
+  /// While the whole picture is not shown yet, on which the crop is drawn.
+  std::shared_ptr<int> beginning_;
   EditSession::Pairs before_;
   std::vector<Listening> listening_;
 };

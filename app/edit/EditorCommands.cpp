@@ -45,8 +45,11 @@ void EditorController::AddCommands() {
        [&undo] { return With(kEditRedo, undo.RedoName()); }},
       {"EditCopy", &kEditCopy, "Ctrl+C", kInEditor,
        [this] {
-         desk_.Clipboard.Picture(
-             SharedPictureEffects::Clone(session_.Document()->PreviewAfter, 24, false));
+         session_.WhenRendered([this] {
+           if (!Editing()) return;
+           desk_.Clipboard.Picture(
+               SharedPictureEffects::Clone(session_.Document()->PreviewAfter, 24, false));
+         });
        },
        editing},
       {"EditCopyStyle", &kEditCopyStyle, "Ctrl+Alt+C", kInEditor,

@@ -50,6 +50,10 @@ EditorController::EditorController(const Desk& desk, EditSession& session, Comma
   }));
   listening_.push_back(session_.Opened.Listen([this] { ShowTitle(); }));
   listening_.push_back(session_.Saved.Listen([this] { ShowTitle(); }));
+  listening_.push_back(session_.Rendered.Listen([this] {
+    // What the picture lacks is known now.
+    if (panes_.Pane() == kEditorPane) panes_.Info(getSimpleImageInfo());
+  }));
 }
 
 EditorController::~EditorController() {

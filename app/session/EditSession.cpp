@@ -16,7 +16,8 @@ EditSession::EditSession(ModuleRegistry registry, const Desk& desk, brivolant::R
       recovery_(recovery),
       recent_(recent),
       worker_(desk.Services),
-      processor_(registry, desk.Services) {
+      processor_(registry, desk.Services),
+      preview_(processor_, registry, desk.Services) {
   processor_.ModuleCreated = [this](effectModule& module) { ModuleCreated(module); };
   processor_.UpdateStarted = [this] { RenderStarted(); };
   processor_.UpdateFinished = [this] { Rendered(); };
@@ -25,6 +26,9 @@ EditSession::EditSession(ModuleRegistry registry, const Desk& desk, brivolant::R
 }
 
 EditSession::~EditSession() {
+  // A job may wait for a render.
+  preview_.BreakOff();
+  keeping_.Finish();
   // The panel and the display may be gone before the modules are.
   processor_.myEffectEditor = nullptr;
   processor_.myDisplay = nullptr;
@@ -34,6 +38,12 @@ EditSession::~EditSession() {
 void EditSession::Start() {
   processor_.Startup();
   processor_.UpdatePreview(false);
+}
+
+void EditSession::Finish() {
+  jobs_.Finish();
+  keeping_.Finish();
+  FinishPreview();
 }
 
 bool EditSession::Dirty() const {
@@ -51,6 +61,7 @@ void EditSession::SetDirty(bool dirty) {
   if (document_) document_->Dirty = dirty;
   // An adjusted photo no longer has that style.
   if (dirty) styleSelection_ = -1;
+  if (dirty) givenUp_ = false;
   rewindable_ = true;
   Changed();
 }

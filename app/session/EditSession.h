@@ -12,6 +12,7 @@
 #include "app/core/Jobs.h"
 #include "app/core/UndoHandler.h"
 #include "app/core/WorkerServices.h"
+#include "app/session/PreviewThread.h"
 #include "engine/brivolantProcessorLite.h"
 #include "platform/values/Event.h"
 #include "platform/values/Text.h"
@@ -25,7 +26,8 @@ struct RecoveredEdits;
 
 /// What happens between opening a photo and leaving it: one document in the processor, one history,
 /// and whether there is something to save. It asks and shows nothing; what it has to say comes as
-/// events. Long work is a job, and what is asked for meanwhile waits for its turn.
+/// events. Long work is a job, and what is asked for meanwhile waits for its turn. Previews are
+/// rendered on a thread of their own.
 class EditSession {
  public:
   using Pairs = std::vector<std::pair<std::string, Variant>>;
@@ -104,8 +106,10 @@ class EditSession {
   void Relocate(const FolderItem& from, const FolderItem& to);
   /// The changes are given up: nobody will want them back after a crash.
   void GiveUpChanges();
-  /// Writes what is not saved to where a crash leaves it.
+  /// Writes what is not saved to where a crash leaves it, beside all other work.
   void KeepEdits();
+  /// The same, done when the call returns: for an end that comes from outside.
+  void KeepEditsNow();
 
   // Changes. Each records what it changes.
 
@@ -156,6 +160,15 @@ class EditSession {
   };
   Jobs& Work() { return jobs_; }
   bool Busy() const { return jobs_.Busy(); }
+  /// Waits for the newest preview and shows it, without handling events.
+  void FinishPreview() { preview_.Finish(); }
+  /// Shows what is ready of what was rendered, as a turn of the event loop does. True if nothing is
+  /// left to show.
+  bool PreviewSettled() { return preview_.Settled(); }
+  /// Calls at once, or when the newest preview is shown.
+  void WhenRendered(std::function<void()> then) { preview_.WhenRendered(std::move(then)); }
+  /// Waits until no work is under way or waiting, without handling events.
+  void Finish();
   /// Something is half done, such as a crop that is being drawn: it is not what one would want back
   /// after a crash.
   bool HalfDone = false;
@@ -181,14 +194,19 @@ class EditSession {
  private:
   struct Opening;
   struct Saving;
-  void Begin(std::unique_ptr<BrivolantDocument> document, bool rewindable);
+  void Begin(Opening& opening);
   void Read(const std::shared_ptr<Opening>& opening, const std::string& text,
             std::function<bool(Opening&)> read);
+  /// Work that waits for the newest preview; nothing if that is shown.
+  std::function<void(Jobs::Control&)> AwaitPreview();
+  std::function<void(Jobs::Control&)> SaveNow(const std::shared_ptr<Saving>& saving);
   void TakeSaved(Saving& saving, const std::string& why);
   /// Saves; those questions are answered already.
   void SaveWith(const std::vector<Question>& agreed, const FolderItem& place,
                 std::function<void(bool)> then);
   bool SaveOtherwise(Saving& saving, const std::string& why);
+  /// What is kept of the present document is not wanted any more.
+  void ForgetEdits();
   /// Tells what the worker left to tell.
   void TellWorkers();
   void Replace(const std::string& style);
@@ -208,6 +226,7 @@ class EditSession {
   WorkerServices worker_;
   std::unique_ptr<BrivolantDocument> document_;
   brivolantProcessorLite processor_;
+  PreviewThread preview_;
   UndoHandler undo_;
   struct Pending {
     Pairs pairs;
@@ -224,6 +243,9 @@ class EditSession {
   std::optional<std::string> savedState_;
   bool rewindable_ = false;
   Listening working_;
+  /// Nobody wants the changes back, unless more are made.
+  bool givenUp_ = false;
+  Jobs keeping_;
   // Its end is the first thing that the end of the session waits for.
   Jobs jobs_;
 };

@@ -105,29 +105,29 @@ void EditSession::Open(const RecoveredEdits& edits) {
 void EditSession::Read(const std::shared_ptr<Opening>& opening, const std::string& text,
                        std::function<bool(Opening&)> read) {
   opening->document = std::make_unique<BrivolantDocument>(worker_.All());
+  const auto more = [this, opening]() -> std::function<void(Jobs::Control&)> {
+    if (!opening->read) return nullptr;
+    if (opening->document) Begin(*opening);
+    return AwaitPreview();
+  };
   jobs_.Start(
       {text, false,
        [opening, read = std::move(read)](Jobs::Control&) { opening->read = read(*opening); },
        [this, opening](Jobs::End end, const std::string& why) {
-         if (end != Jobs::End::kDone || !opening->read) {
-           if (opening->refused) return TellWorkers();
-           const std::string reason = why.empty() ? opening->document->lastErrorMessage : why;
-           FolderitemExtensions::StandardFileErrorDialog(opening->file, FolderitemExtensions::kRead,
-                                                         reason, worker_.All().Dialogs);
-           TellWorkers();
-           return;
-         }
+         if (end == Jobs::End::kDone && opening->read) return Opened();
+         if (opening->refused) return TellWorkers();
+         const std::string reason =
+             why.empty() && opening->document ? opening->document->lastErrorMessage : why;
+         FolderitemExtensions::StandardFileErrorDialog(opening->file, FolderitemExtensions::kRead,
+                                                       reason, worker_.All().Dialogs);
          TellWorkers();
-         Begin(std::move(opening->document), opening->rewindable);
-         if (opening->edits) recovery_.Adopt(*opening->edits);
-         if (opening->fresh) {
-           savedState_ = State();
-           recent_.Add(opening->file);
-         } else {
-           SetDirty(true);
-         }
-         Opened();
-       }});
+       },
+       more});
+}
+
+std::function<void(Jobs::Control&)> EditSession::AwaitPreview() {
+  if (preview_.Settled()) return nullptr;
+  return [this](Jobs::Control&) { preview_.Wait(); };
 }
 
 void EditSession::Open(const Picture& picture, const std::string& name) {
@@ -149,18 +149,22 @@ void EditSession::Open(const Picture& picture, const std::string& name) {
   });
 }
 
-void EditSession::Begin(std::unique_ptr<BrivolantDocument> document, bool rewindable) {
+void EditSession::Begin(Opening& opening) {
+  TellWorkers();
   lastStyle_ = document_ ? processor_.StyleData() : std::string();
   ++documents_;
+  preview_.DocumentReplaced();
   pending_ = {};
   undo_.Reset();
   processor_.SelectedEffect(nullptr);
   if (processor_.myEffectEditor != nullptr) processor_.myEffectEditor->selectedEffect(-1);
   processor_.Reset();
-  processor_.Document = document.get();
+  processor_.Document = opening.document.get();
   // The old document goes only after nothing points at it any more.
-  const std::unique_ptr<BrivolantDocument> before = std::exchange(document_, std::move(document));
-  if (before) recovery_.Forget();
+  const std::unique_ptr<BrivolantDocument> before =
+      std::exchange(document_, std::move(opening.document));
+  if (before) ForgetEdits();
+  givenUp_ = false;
   styleSelection_ = -1;
   savedState_.reset();
   processor_.StyleData(document_->StyleData);
@@ -169,18 +173,40 @@ void EditSession::Begin(std::unique_ptr<BrivolantDocument> document, bool rewind
   processor_.nonLiveMode = false;
   Refresh();
   document_->Dirty = false;
-  rewindable_ = rewindable;
+  rewindable_ = opening.rewindable;
   Changed();
+  if (opening.edits) {
+    keeping_.WhenIdle([this, edits = *opening.edits] { recovery_.Adopt(edits); });
+  }
+  // A picture without a file exists nowhere else.
+  if (!opening.fresh) return SetDirty(true);
+  savedState_ = State();
+  recent_.Add(opening.file);
 }
 
 void EditSession::GiveUpChanges() {
-  recovery_.Forget();
+  givenUp_ = true;
+  ForgetEdits();
+}
+
+void EditSession::ForgetEdits() {
+  keeping_.WhenIdle([this] { recovery_.Forget(); });
 }
 
 void EditSession::KeepEdits() {
-  // Work goes on beside it, on documents of its own.
-  if (HalfDone || !Dirty()) return;
-  recovery_.Keep(*document_, processor_.StyleData());
+  if (keeping_.Busy() || givenUp_ || HalfDone || !Dirty()) return;
+  // A copy of the handles, as for every job.
+  const auto copy = std::make_shared<BrivolantDocument>(*document_);
+  const auto keep = [this, copy, style = processor_.StyleData()](Jobs::Control&) {
+    (void)recovery_.Keep(*copy, style);
+  };
+  keeping_.Start({{}, false, keep, nullptr});
+}
+
+void EditSession::KeepEditsNow() {
+  keeping_.Finish();
+  KeepEdits();
+  keeping_.Finish();
 }
 
 }  // namespace brivolant

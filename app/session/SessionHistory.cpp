@@ -2,7 +2,6 @@
 // The history: keys, the values under them, and what undo does with both.
 #include <algorithm>
 
-#include "app/core/Recovery.h"
 #include "app/session/EditSession.h"
 #include "engine/EditorInterfaces.h"
 #include "formats/BrivolantDocument.h"
@@ -160,7 +159,7 @@ void EditSession::CompleteUndo(bool redo) {
   // Undone back to what the file holds, there is nothing to save.
   const bool dirty = savedState_ != State();
   SetDirty(dirty);
-  if (!dirty) recovery_.Forget();
+  if (!dirty) ForgetEdits();
   Refresh();
   SelectStyle(std::exchange(undoneSelection_, -1));
   if (processor_.myDisplay != nullptr) processor_.myDisplay->Update(true);

@@ -3,7 +3,6 @@
 #include <filesystem>
 
 #include "app/core/RecentItems.h"
-#include "app/core/Recovery.h"
 #include "app/session/EditSession.h"
 #include "files/FolderitemExtensions.h"
 #include "formats/BrivolantDocument.h"
@@ -46,26 +45,36 @@ void EditSession::SaveWith(const std::vector<Question>& agreed, const FolderItem
     Settling();
     StorePending();
     const auto saving = std::make_shared<Saving>();
-    saving->copy = std::make_unique<BrivolantDocument>(*document_);
-    saving->copy->StyleData = processor_.StyleData();
     saving->place = place;
-    saving->state = State();
     saving->of = documents_;
     saving->agreed = agreed;
     saving->then = then;
-    if (place) {
-      saving->copy->Name = EnsureUTF8(FolderitemExtensions::FileNameWithoutExtension(place));
-    }
-    const auto work = [saving](Jobs::Control&) {
-      BrivolantDocument& copy = *saving->copy;
-      saving->gone = !saving->place && !copy.File.Exists();
-      if (saving->gone) return;
-      saving->done = saving->place ? copy.SaveAs(saving->place) : copy.Save();
+    const auto more = [this, saving]() -> std::function<void(Jobs::Control&)> {
+      if (saving->copy) return nullptr;
+      // The package holds a picture of what it shows.
+      auto wait = AwaitPreview();
+      return wait ? wait : SaveNow(saving);
     };
-    jobs_.Start({{}, false, work, [this, saving](Jobs::End, const std::string& why) {
-                   TakeSaved(*saving, why);
-                 }});
+    const auto done = [this, saving](Jobs::End, const std::string& why) {
+      TakeSaved(*saving, why);
+    };
+    jobs_.Start({{}, false, nullptr, done, more});
   });
+}
+
+std::function<void(Jobs::Control&)> EditSession::SaveNow(const std::shared_ptr<Saving>& saving) {
+  saving->copy = std::make_unique<BrivolantDocument>(*document_);
+  saving->copy->StyleData = processor_.StyleData();
+  saving->state = State();
+  if (saving->place) {
+    saving->copy->Name = EnsureUTF8(FolderitemExtensions::FileNameWithoutExtension(saving->place));
+  }
+  return [saving](Jobs::Control&) {
+    BrivolantDocument& copy = *saving->copy;
+    saving->gone = !saving->place && !copy.File.Exists();
+    if (saving->gone) return;
+    saving->done = saving->place ? copy.SaveAs(saving->place) : copy.Save();
+  };
 }
 
 void EditSession::TakeSaved(Saving& saving, const std::string& why) {
@@ -79,7 +88,7 @@ void EditSession::TakeSaved(Saving& saving, const std::string& why) {
   }
   // Assistive tools may have changed something meanwhile.
   const bool clean = saving.done && savedState_ == State();
-  if (clean) recovery_.Forget();
+  if (clean) ForgetEdits();
   SetDirty(!clean);
   if (saving.done) Saved();
   if (!saving.done && SaveOtherwise(saving, why)) return;

@@ -33,13 +33,6 @@ EffectStackEditor::EffectStackEditor(QWidget* parent) : QWidget(parent) {
   QFont small = font();
   small.setPointSizeF(small.pointSizeF() * 0.9);
   setFont(small);
-  // The newest value wins: whatever the pointer does before the next turn of the event loop is one
-  // render.
-  previewTimer_.setSingleShot(true);
-  previewTimer_.setInterval(0);
-  connect(&previewTimer_, &QTimer::timeout, this, [this] {
-    if (myProcessor != nullptr) myProcessor->UpdatePreview(false);
-  });
 }
 
 EffectStackEditor::~EffectStackEditor() = default;
@@ -134,16 +127,6 @@ void EffectStackEditor::TellChanged() {
 
 void EffectStackEditor::TellIfChanged(const effectModule& module, const Dictionary& before) {
   if (!(module.Settings() == before)) TellChanged();
-}
-
-void EffectStackEditor::SchedulePreview() {
-  if (!previewTimer_.isActive()) previewTimer_.start();
-}
-
-void EffectStackEditor::Flush() {
-  if (!previewTimer_.isActive()) return;
-  previewTimer_.stop();
-  myProcessor->UpdatePreview(false);
 }
 
 void EffectStackEditor::EnableRow(int row) {
@@ -274,7 +257,7 @@ void EffectStackEditor::DragSlider(int x) {
   const int value = static_cast<int>(std::clamp(position, 0.0, 100.0));
   if (value == module.ControlValue(selectedControl_).ToInt()) return;
   module.ControlValue(selectedControl_, value);
-  if (!myProcessor->nonLiveMode) SchedulePreview();
+  myProcessor->UpdatePreview(false);
   update(RowRect(selected_));
 }
 
@@ -337,11 +320,7 @@ void EffectStackEditor::Activate(int control) {
   const Dictionary before = module->Settings();
   switch (module->Control(control).Type) {
     case kControlSlider:
-      if (myProcessor->nonLiveMode) {
-        myProcessor->UpdatePreview(false);
-      } else {
-        Flush();
-      }
+      // Shown while it was dragged.
       break;
     case kControlColorWell:
       if (ColorWellClicked) ColorWellClicked(control);
@@ -416,11 +395,7 @@ void EffectStackEditor::SetSlider(int control, int value) {
   EnableRow(selected_);
   RecordKeyStep(*module, control);
   module->ControlValue(control, value);
-  if (myProcessor->nonLiveMode) {
-    myProcessor->UpdatePreview(false);
-  } else {
-    SchedulePreview();
-  }
+  myProcessor->UpdatePreview(false);
   TellChanged();
   update();
   QAccessibleValueChangeEvent changed(this, value);

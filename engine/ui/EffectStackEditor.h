@@ -3,7 +3,6 @@
 
 #include <QElapsedTimer>
 #include <QImage>
-#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -81,8 +80,6 @@ class EffectStackEditor final : public QWidget, public EffectPanel {
   /// Moves the selected row, as dragging it does.
   void MoveRow(int target);
   void ResetRow();
-  /// Renders what a drag has left to render.
-  void Flush();
   /// Ends what the mouse is drawing, as letting go of it does.
   void EndGesture();
 
@@ -144,7 +141,6 @@ class EffectStackEditor final : public QWidget, public EffectPanel {
   void TellChanged();
   /// The same if the module is not as it was.
   void TellIfChanged(const effectModule& module, const Dictionary& before);
-  void SchedulePreview();
   void RecordKeyStep(effectModule& module, int control);
   void MoveSelection(int by);
   bool ControlKey(int key, bool fast);
@@ -162,7 +158,6 @@ class EffectStackEditor final : public QWidget, public EffectPanel {
   int yOffset_ = 0;
   int lastHeight_ = 0;
   QImage Buffer;
-  QTimer previewTimer_;
   QElapsedTimer keyTimer_;
   const effectModule* keyModule_ = nullptr;
   int keyControl_ = -1;

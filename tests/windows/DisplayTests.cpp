@@ -44,7 +44,7 @@ class Listener final : public effectModule {
 struct DisplayTest : testing::Test {
   void Open(int width, int height) {
     program.OpenPhoto(program.Photo("photo.jpg", width, height));
-    program.Processor().UpdatePreview(true);
+    program.Render(true);
   }
   Program program;
 };

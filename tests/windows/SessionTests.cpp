@@ -473,11 +473,11 @@ TEST(Clipboard, WhatIsPastedOverThePhotoIsInTheCopyAndComesBack) {
   const std::string style = program.Processor().StyleData();
   program.OpenPhoto(program.Photo("third.jpg"));
   program.Processor().StyleData(style);
-  program.Processor().UpdatePreview(true);
+  program.Render(true);
   EXPECT_THAT(program.Window().infotext->Text().toStdString(), testing::HasSubstr("Overlay"));
 }
 
-TEST(Rendering, EventsComeInOrderAndASlowRenderWaitsForTheRelease) {
+TEST(Rendering, EventsComeInOrderHoweverSlowTheRenderBeforeWas) {
   Program program;
   program.OpenPhoto(program.Photo("photo.jpg"));
   brivolantProcessorLite& processor = program.Processor();
@@ -503,7 +503,7 @@ TEST(Rendering, EventsComeInOrderAndASlowRenderWaitsForTheRelease) {
   // Three moves before the next turn of the loop are one render, of the newest value.
   EffectStackEditor& panel = program.Panel();
   Press(panel, program.ControlAt(0, 0.5));
-  QApplication::processEvents();
+  program.Window().Session().FinishPreview();
   events.clear();
   for (const double at : {0.6, 0.7, 0.8}) {
     const QPoint local = program.ControlAt(0, at);
@@ -511,16 +511,17 @@ TEST(Rendering, EventsComeInOrderAndASlowRenderWaitsForTheRelease) {
                      Qt::LeftButton, {});
     QApplication::sendEvent(&panel, &move);
   }
+  EXPECT_THAT(events, IsEmpty());
   QApplication::processEvents();
+  program.Window().Session().FinishPreview();
   EXPECT_THAT(events, ElementsAre("started", "shown", "finished"));
   EXPECT_NEAR(program.Module("Exposure").ControlValue(0).ToInt(), 80, 1);
-  // After a slow render nothing is shown until the release.
+  // However slow the render before was, a drag is shown.
   events.clear();
   processor.nonLiveMode = true;
   Move(panel, program.ControlAt(0, 0.3));
-  EXPECT_THAT(events, IsEmpty());
-  Release(panel, program.ControlAt(0, 0.3));
   EXPECT_THAT(events, ElementsAre("started", "shown", "finished"));
+  Release(panel, program.ControlAt(0, 0.3));
   processor.myDisplay = &program.Display();
   // In slow mode a label tells; it goes when the render has ended.
   processor.UpdateStarted = started;
@@ -530,6 +531,7 @@ TEST(Rendering, EventsComeInOrderAndASlowRenderWaitsForTheRelease) {
   };
   processor.nonLiveMode = true;
   processor.UpdatePreview(false);
+  program.Window().Session().FinishPreview();
   EXPECT_EQ(program.app->Progress().StatusMessage(), "Updating Preview...");
   EXPECT_FALSE(program.app->progressWindowOpen);
   processor.UpdateFinished = finished;

@@ -30,6 +30,21 @@ QPoint InWindow(QWidget& control, const QPoint& at) {
   return control.mapTo(control.window(), at);
 }
 
+std::vector<MainWindow*> MainWindows() {
+  std::vector<MainWindow*> windows;
+  for (QWidget* top : QApplication::topLevelWidgets()) {
+    if (auto* window = dynamic_cast<MainWindow*>(top)) windows.push_back(window);
+  }
+  return windows;
+}
+
+/// Handles what an event has led to, the preview too.
+void Turn() {
+  QApplication::processEvents();
+  for (MainWindow* window : MainWindows()) window->Session().FinishPreview();
+  QApplication::processEvents();
+}
+
 }  // namespace
 
 void Press(QWidget& control, const QPoint& at, Qt::KeyboardModifiers modifiers) {
@@ -37,11 +52,11 @@ void Press(QWidget& control, const QPoint& at, Qt::KeyboardModifiers modifiers) 
 }
 void Move(QWidget& control, const QPoint& at) {
   QTest::mouseMove(WindowOf(control), InWindow(control, at));
-  QApplication::processEvents();
+  Turn();
 }
 void Release(QWidget& control, const QPoint& at) {
   QTest::mouseRelease(WindowOf(control), Qt::LeftButton, {}, InWindow(control, at));
-  QApplication::processEvents();
+  Turn();
 }
 void Click(QWidget& control, const QPoint& at, Qt::KeyboardModifiers modifiers) {
   Press(control, at, modifiers);
@@ -62,17 +77,17 @@ void Drag(QWidget& control, const QPoint& from, const QPoint& to) {
     QApplication::processEvents();
   }
   QTest::mouseRelease(window, Qt::LeftButton, {}, start + to - from);
-  QApplication::processEvents();
+  Turn();
 }
 
 void Key(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers) {
   QTest::keyClick(WindowOf(window), key, modifiers);
-  QApplication::processEvents();
+  Turn();
 }
 
 void Type(QWidget& window, const std::string& text) {
   for (const char c : text) QTest::keyClick(WindowOf(window), c);
-  QApplication::processEvents();
+  Turn();
 }
 
 void DropFile(QWidget& control, const FolderItem& file) {
@@ -105,14 +120,12 @@ bool Until(const std::function<bool()>& condition) {
 void Settle() {
   QApplication::processEvents();
   EXPECT_TRUE(Until([] {
-    for (QWidget* top : QApplication::topLevelWidgets()) {
-      auto* window = dynamic_cast<MainWindow*>(top);
-      if (window == nullptr) continue;
+    for (MainWindow* window : MainWindows()) {
       if (window->Session().Busy() || window->FileWork().Busy()) return false;
     }
     return AnimationCore::Tasks().empty();
   })) << "what goes on does not end";
-  QApplication::processEvents();
+  Turn();
 }
 
 void AnsweringDialogs::Message(const std::string& message, const std::string& explanation) {
@@ -195,9 +208,14 @@ FolderItem Program::Photo(const std::string& name, int width, int height) {
 }
 
 void Program::Finish() {
-  Window().Session().Work().Finish();
+  Window().Session().Finish();
   Window().FileWork().Finish();
   QTest::qWait(1);
+}
+
+void Program::Render(bool full) {
+  Processor().UpdatePreview(full);
+  Turn();
 }
 
 void Program::OpenPhoto(const FolderItem& file) {

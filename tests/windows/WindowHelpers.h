@@ -121,8 +121,13 @@ class Program {
   void SelectRow(const std::string& name);
   /// A position on a control of the selected row; `fraction` is along its width.
   QPoint ControlAt(int control, double fraction);
+  /// Renders the preview and shows it.
+  void Render(bool full = false);
   /// What the window shows.
-  Picture Shown() { return Processor().Preview(); }
+  Picture Shown() {
+    Window().Session().FinishPreview();
+    return Processor().Preview();
+  }
 
   TemporaryFolder home;
   AnsweringDialogs dialogs;

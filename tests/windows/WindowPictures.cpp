@@ -93,7 +93,7 @@ TEST(WindowPictures, OfTextAndTheMenuOfFonts) {
   text.myTextEngine.CurrentTextItem->Caption = 1;
   text.myTextEngine.CurrentTextItem->Top = 0.1F;
   text.myTextEngine.SelectAll();
-  program.Processor().UpdatePreview(false);
+  program.Render();
   program.Panel().update();
   Take(program.Window(), QStringLiteral("text"));
   ifkFontComboBoxMenu& menu = ifkFontComboBoxMenu::Instance();
@@ -123,7 +123,7 @@ TEST(WindowPictures, OfThePhotoCloseUp) {
   program.Choose("ViewBeforeAfter");
   program.SelectRow("Text");
   Type(program.Window(), "Summer");
-  program.Processor().UpdatePreview(false);
+  program.Render();
   while (program.Display().View().Scale() < 4) program.Choose("ViewZoomIn");
   take("close-text-400");
   program.Choose("EditCrop");

@@ -265,12 +265,12 @@ TEST_F(Zooming, AChangeShowsThePreviewAtOnceAndTheFullPictureAfterwards) {
   const Picture plain = Finished();
   EXPECT_EQ(Differing(plain), 0);
   program.Processor().SelectEffect(program.Row("Inverse"));
-  program.Processor().UpdatePreview(true);
+  program.Render(true);
   // Nothing changed: it stays sharp.
   EXPECT_TRUE(program.Window().Zoom().Sharp());
   EXPECT_EQ(Differing(plain), 0);
   program.Processor().SelectedEffect()->Enabled(true);
-  program.Processor().UpdatePreview(false);
+  program.Render();
   EXPECT_FALSE(program.Window().Zoom().Sharp());
   const Picture inverse = Finished();
   const QRect rect = Display().PreviewRect();
@@ -285,7 +285,7 @@ TEST_F(Zooming, AChangeShowsThePreviewAtOnceAndTheFullPictureAfterwards) {
   for (const int value : {20, 40, 60, 80}) {
     program.Module("Exposure").Enabled(true);
     program.Module("Exposure").ControlValue(0, value);
-    program.Processor().UpdatePreview(false);
+    program.Render();
   }
   ASSERT_TRUE(Sharp());
   EXPECT_EQ(Differing(Finished()), 0);
@@ -309,7 +309,7 @@ TEST_F(Zooming, WhatNobodyLooksAtIsBrokenOff) {
   for (const char* name : {"Oil Painting", "Motion Blur", "Matte"}) {
     program.Module(name).Enabled(true);
   }
-  program.Processor().UpdatePreview(false);
+  program.Render();
   FullRender& full = program.Window().Zoom().Full();
   const auto begun = [&] {
     Press(Qt::Key_0);
@@ -412,7 +412,7 @@ TEST_F(Zooming, BeforeAndAfterFollowEachOther) {
   // A change of the effects leaves the photo before them sharp.
   program.Module("Exposure").Enabled(true);
   program.Module("Exposure").ControlValue(0, 80);
-  program.Processor().UpdatePreview(false);
+  program.Render();
   EXPECT_FALSE(program.Window().Zoom().Sharp());
   EXPECT_EQ(Differing(program.Document().Image(), Display().BeforeRect(), View().BeforeArea()), 0);
   program.Choose("ViewBeforeAfter");
