@@ -41,6 +41,7 @@ MainWindow::MainWindow(App& app)
       pane_(stage_),
       browser_(app.Desk(), commands_, *this, stage_),
       files_(app.Desk(), session_, commands_, browser_),
+      edits_(app.Desk(), session_, commands_, browser_, files_),
       sidebar_(app.Desk(), commands_, browser_),
       library_(app.Desk()),
       search_(app.Desk(), browser_),
@@ -52,7 +53,8 @@ MainWindow::MainWindow(App& app)
       zoom_(app.Desk(), session_, commands_, pane_),
       rendering_(session_, *pane_.MyDisplay, app.Progress()),
       photoWork_(session_.Work(), *this, app.Progress(), true),
-      fileWork_(files_.Work(), *this, app.Progress(), false) {
+      fileWork_(files_.Work(), *this, app.Progress(), false),
+      editsWork_(edits_.Work(), *this, app.Progress(), false) {
   setWindowTitle(QStringLiteral("[*]") +
                  ToQString(GlobalApplicationSpecificProperties::ApplicationName.Text()));
   setMinimumSize(kSmallest);

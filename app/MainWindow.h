@@ -9,6 +9,7 @@
 
 #include "app/JobProgress.h"
 #include "app/browse/BrowserController.h"
+#include "app/browse/EditsController.h"
 #include "app/browse/FileController.h"
 #include "app/browse/LibraryController.h"
 #include "app/browse/QuickLookController.h"
@@ -79,6 +80,7 @@ class MainWindow final : public ifkWindow, private Panes {
   BrivolantDocument* Document() { return session_.Document(); }
   EditSession& Session() { return session_; }
   Jobs& FileWork() { return files_.Work(); }
+  EditsController& Edits() { return edits_; }
   MainMenuBar& Menu() { return *menu_; }
   CropEditor* Cropper() { return &crop_.Editor(); }
   QuickLookWindow* FullScreen() { return looks_.FullScreen(); }
@@ -97,6 +99,7 @@ class MainWindow final : public ifkWindow, private Panes {
   EditorPane pane_;
   BrowserController browser_;
   FileController files_;
+  EditsController edits_;
   SidebarController sidebar_;
   LibraryController library_;
   SearchController search_;
@@ -162,6 +165,7 @@ class MainWindow final : public ifkWindow, private Panes {
   RenderProgress rendering_;
   JobProgress photoWork_;
   JobProgress fileWork_;
+  JobProgress editsWork_;
   std::vector<Listening> listening_;
 };
 

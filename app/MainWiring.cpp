@@ -17,7 +17,12 @@ void MainWindow::WireSession() {
     PlaceSeats();
     pane_.Layout();
   }));
-  listening_.push_back(session_.Changed.Listen([this] { Modified(session_.Dirty()); }));
+  listening_.push_back(session_.Changed.Listen([this] {
+    Modified(session_.Dirty());
+    // Edits may be pasted while the browser is in view.
+    if (DisplayPane == kBrowserPane && session_.Dirty()) LastDirty = true;
+  }));
+  listening_.push_back(session_.Saved.Listen([this] { LastDirty = false; }));
   listening_.push_back(session_.Opened.Listen([this] {
     LastDirty = session_.Dirty();
     SwapDisplay(kEditorPane);
@@ -52,6 +57,8 @@ void MainWindow::WireBrowser() {
         });
       }));
   browser_.BringIntoView = [this] { BackToBrowser(); };
+  browser_.MoreRows = [this](QMenu& menu) { edits_.AddRows(menu); };
+  edits_.StyleMenu(menu_->Submenu("EditApplyStyle"));
   browser_.ShowLibrary = [this] {
     if (iPhotolibrary.empty()) return false;
     sidebar_.UnfoldLibrary();

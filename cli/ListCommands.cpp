@@ -149,14 +149,6 @@ QJsonArray Extensions(std::string_view list) {
   return extensions;
 }
 
-/// What the codecs read beside the registered special formats.
-constexpr std::array<FileType, 5> kCommonReadable{
-    {{{"", "WebP image"}, "webp", {}, {}, {}},
-     {{"", "HEIF image"}, "heic;heif;avif", {}, {}, {}},
-     {{"", "SVG image"}, "svg;svgz", {}, {}, {}},
-     {{"", "JPEG XL image"}, "jxl", {}, {}, {}},
-     {{"", "Netpbm image"}, "ppm;pgm;pbm;pfm", {}, {}, {}}}};
-
 int ListFormats(bool json) {
   QJsonArray readable;
   QJsonArray writable;
@@ -170,8 +162,8 @@ int ListFormats(bool json) {
     writable.append(entry(*type));
     readable.append(entry(*type));
   }
-  for (const FileType& type : kCommonReadable) readable.append(entry(type));
-  for (const FileType& type : ImagesReadableMac::kTypes) readable.append(entry(type));
+  for (const FileType& type : ImagesReadableMac::kCommon) readable.append(entry(type));
+  for (const FileType& type : ImagesReadableMac::Types()) readable.append(entry(type));
   if (json) {
     PrintJson(QJsonObject{{ToQt("readable"), readable}, {ToQt("writable"), writable}}, true);
     return kDone;

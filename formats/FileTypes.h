@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <span>
 #include <string>
 
 #include "platform/files/FileType.h"
@@ -59,20 +60,25 @@ inline constexpr std::array<const FileType*, 7> kAll{
     &BrivolantPhotosHelpLink};
 }  // namespace InternalFileTypes
 
-/// Image formats that can be read beyond the common ones.
+/// Image formats that can be read beyond those that are written too.
 namespace ImagesReadableMac {
-inline constexpr std::array<FileType, 7> kTypes{{
-    {{"FileTypes.kEXR", "Industrial Light & Magic EXR"}, "exr", "", "", ""},
-    {{"FileTypes.kRaw", "Raw Images"}, "dng;cr2;crw;orf;nef;srf;mrw;raf;dcr", "", "", ""},
-    {{"FileTypes.kRadiance", "Radience"}, "hdr", "", "", ""},
-    {{"FileTypes.kFlashPix", "FlashPix"}, "fpx;fpix", "", "", ""},
-    {{"FileTypes.kEPS", "Encapsulated PostScript"}, "eps", "", "", ""},
-    {{"FileTypes.kMacPaint", "MacPaint"}, "pnt;pntg;mac", "PNTG", "", ""},
-    {{"FileTypes.kXBitmap", "xBitmap Image"}, "xbm", "", "", ""},
+/// The common ones.
+inline constexpr std::array<FileType, 5> kCommon{{
+    {{"FileTypes.kWebP", "WebP image"}, "webp", "", "", ""},
+    {{"FileTypes.kHEIF", "HEIF image"}, "heic;heif;avif", "", "", ""},
+    {{"FileTypes.kSVG", "SVG image"}, "svg;svgz", "", "", ""},
+    {{"FileTypes.kJpegXL", "JPEG XL image"}, "jxl", "", "", ""},
+    {{"FileTypes.kNetpbm", "Netpbm image"}, "ppm;pgm;pbm;pfm", "", "", ""},
 }};
-/// The names, each followed by a semicolon.
+/// The special ones; what cameras write has the extensions that the codec knows.
+std::span<const FileType> Types();
+/// The names of the special ones, each followed by a semicolon.
 std::string All();
 }  // namespace ImagesReadableMac
+
+/// The extensions of everything that a picture can be read from, each once, with semicolons between
+/// them.
+std::string ReadableExtensions();
 
 /// Image formats that can be written.
 namespace ImagesWritableMac {

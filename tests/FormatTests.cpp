@@ -2,11 +2,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "Helpers.h"
 #include "formats/BinaryDictionary.h"
 #include "formats/FileTypes.h"
 #include "formats/IFFData.h"
 #include "formats/ImageFile.h"
+#include "platform/codecs/RawExtensions.h"
+#include "platform/values/Text.h"
 
 namespace brivolant::test {
 namespace {
@@ -187,6 +191,27 @@ TEST(ImageFileNames, ExtensionsAndFormats) {
   EXPECT_EQ(file.DisplayFileType(), "PICT image");
   EXPECT_EQ(ImagesWritableMac::All().substr(0, 28), "JPEG image;JPEG 2000 image;W");
   EXPECT_EQ(ImageIO::FirstExtension(ImagesWritableMac::Jpeg), "jpg");
+}
+
+TEST(FileTypes, OfPhotosAreThoseThatTheCodecsRead) {
+  const std::string list = ReadableExtensions();
+  std::set<std::string, std::less<>> extensions;
+  for (const std::string_view extension : Split(list, ';')) {
+    EXPECT_TRUE(extensions.emplace(extension).second) << extension << " stands there twice";
+  }
+  const auto holds = [&](const auto& all) {
+    for (const std::string_view extension : all) {
+      EXPECT_TRUE(extensions.contains(extension)) << extension;
+    }
+  };
+  holds(RawExtensions());
+  holds(std::array{"jpg", "jpeg", "png", "tif", "tiff", "heic", "avif", "webp", "jp2", "psd", "gif",
+                   "bmp", "jxl", "exr", "cr3", "arw"});
+  std::string raw;
+  for (const FileType& type : ImagesReadableMac::Types()) {
+    if (type.Name.English == std::string_view("Raw Images")) raw = type.Extensions;
+  }
+  EXPECT_THAT(Split(raw, ';'), testing::ElementsAreArray(RawExtensions()));
 }
 
 }  // namespace

@@ -90,6 +90,7 @@ bool BrowserController::FillMenu(QMenu& menu) {
   }
   if (count > 0) add("EditCopy");
   add("EditPaste", kIfEnabled);
+  if (count > 0 && MoreRows) MoreRows(menu);
   if (count == 1) {
     menu.addSeparator();
     add("FileShowInFinder");

@@ -80,6 +80,8 @@ class BrowserController {
   Event<const FolderItem&, const std::string& /*name*/> PhotoChosen;
   /// The pane is to be seen; the user may say no.
   std::function<void()> BringIntoView;
+  /// Adds to the menu on what is selected.
+  std::function<void(QMenu&)> MoreRows;
   /// The photo library's package was opened.
   std::function<bool()> ShowLibrary;
   /// The album of the library's events, or null.

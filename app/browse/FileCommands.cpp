@@ -47,9 +47,10 @@ std::string FileController::UndoCaption() const {
   std::string text = Menus::kEditUndo.Text();
   if (steps_.empty()) return text;
   const Step::Kind kind = steps_.back()->Is;
-  std::string done = (kind == Step::kRename  ? Menus::kFileRename
-                      : kind == Step::kTrash ? Menus::kFileMoveToTrash
-                                             : Menus::kEditCopy)
+  std::string done = (kind == Step::kOther    ? *steps_.back()->name
+                      : kind == Step::kRename ? Menus::kFileRename
+                      : kind == Step::kTrash  ? Menus::kFileMoveToTrash
+                                              : Menus::kEditCopy)
                          .Text();
   // One letter of a caption is underlined, not two.
   std::erase(done, '&');

@@ -85,6 +85,20 @@ void FileController::FileMoveToTrash() {
 
 // Undo.
 
+std::function<void()> FileController::AddStep(const LocalizedText& name,
+                                              std::function<void()> takeBack) {
+  const auto step = std::make_shared<Step>();
+  step->Is = Step::kOther;
+  step->takeBack = std::move(takeBack);
+  step->name = &name;
+  steps_.push_back(step);
+  commands_.Changed();
+  return [this, step] {
+    std::erase(steps_, step);
+    commands_.Changed();
+  };
+}
+
 void FileController::UndoStep() {
   // What is being done is to be done first.
   jobs_.WhenIdle([this] { TakeBack(); });
@@ -95,6 +109,7 @@ void FileController::TakeBack() {
   const StepPointer step = steps_.back();
   steps_.pop_back();
   commands_.Changed();
+  if (step->Is == Step::kOther) return step->takeBack();
   if (step->Is == Step::kCopy) return TakeBackCopies(step);
   if (step->Is == Step::kTrash) return TakeBack(step);
   const bool moved = MoveFile(step->after, step->before);

@@ -69,6 +69,9 @@ class FileController {
   /// Links to what is selected, in the user's folder of favourites.
   void AddFavoritesMethod();
   Jobs& Work() { return jobs_; }
+  /// A step of the history that somebody else takes back. What is given back forgets it: nothing of
+  /// it was done.
+  std::function<void()> AddStep(const LocalizedText& name, std::function<void()> takeBack);
 
   /// Something was added to the folder of favourites.
   Event<const FolderItem& /*folder*/> FavoriteAdded;
@@ -80,11 +83,14 @@ class FileController {
   /// What undo takes back: files that went to the trash, a rename, or copies. Known from the start
   /// of a job, which fills it in.
   struct Step {
-    enum Kind { kTrash, kRename, kCopy } Is = kTrash;
+    enum Kind { kTrash, kRename, kCopy, kOther } Is = kTrash;
     std::vector<FolderitemExtensions::TrashedFile> trashed;
     FolderItem before;
     FolderItem after;
     std::vector<FileCopier::Copy> copies;
+    /// Of somebody else's; else null.
+    std::function<void()> takeBack;
+    const LocalizedText* name = nullptr;
   };
   using StepPointer = std::shared_ptr<Step>;
   void AddCommands(Commands& commands);

@@ -55,6 +55,7 @@ constexpr MenuEntry kEdit[] = {
     {"EditCopyStyle"},
     {"EditPaste"},
     {"EditPasteStyle"},
+    {"EditApplyStyle", {}, true},
     {"EditClearStyle"},
     kSeparator,
     {"EditSelectAll"},

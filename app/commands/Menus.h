@@ -50,6 +50,10 @@ inline constexpr LocalizedText kEditSelectNone{"Menus.kEditSelectNone", "Select 
 inline constexpr LocalizedText kEditCopyStyle{"Menus.kEditCopyStyle", "Copy Style"};
 inline constexpr LocalizedText kEditPaste{"Menus.kEditPaste", "&Paste"};
 inline constexpr LocalizedText kEditPasteStyle{"Menus.kEditPasteStyle", "Paste Style"};
+inline constexpr LocalizedText kEditCopyEdits{"Menus.kEditCopyEdits", "Copy Edits"};
+inline constexpr LocalizedText kEditPasteEdits{"Menus.kEditPasteEdits", "Paste Edits..."};
+inline constexpr LocalizedText kEditPasteEditsUndo{"Menus.kEditPasteEditsUndo", "Paste Edits"};
+inline constexpr LocalizedText kEditApplyStyle{"Menus.kEditApplyStyle", "Apply 1-Click Style"};
 inline constexpr LocalizedText kFileSaveStyleAs{"Menus.kFileSaveStyleAs",
                                                 "Save As 1-Click Style..."};
 inline constexpr LocalizedText kEditClearStyle{"Menus.kEditClearStyle", "Clear Style"};

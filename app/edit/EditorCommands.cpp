@@ -4,6 +4,7 @@
 #include "app/commands/Menus.h"
 #include "app/edit/EditorController.h"
 #include "app/edit/EditorPane.h"
+#include "app/session/ManyEdits.h"
 #include "engine/pictures/SharedPictureEffects.h"
 #include "engine/ui/EditorDisplay.h"
 #include "formats/BrivolantDocument.h"
@@ -53,13 +54,17 @@ void EditorController::AddCommands() {
        },
        editing},
       {"EditCopyStyle", &kEditCopyStyle, "Ctrl+Alt+C", kInEditor,
-       [this] { desk_.Clipboard.Set({}, kStyleType, session_.Processor().StyleData()); }, editing},
+       [this] {
+         session_.Copied = std::make_shared<const CopiedEdits>(session_.Edits());
+         desk_.Clipboard.Set({}, CopiedEdits::kStyleType, session_.Copied->StyleData);
+       },
+       editing},
       {"EditPaste", &kEditPaste, "Ctrl+V", kInEditor,
        [this] { session_.PastePicture(desk_.Clipboard.Picture()); },
        [this, editing] { return editing() && desk_.Clipboard.HasPicture(); }},
       {"EditPasteStyle", &kEditPasteStyle, "Ctrl+Alt+V", kInEditor,
-       [this] { session_.PasteStyle(desk_.Clipboard.Data(kStyleType)); },
-       [this, editing] { return editing() && desk_.Clipboard.Has(kStyleType); }},
+       [this] { session_.PasteStyle(desk_.Clipboard.Data(CopiedEdits::kStyleType)); },
+       [this, editing] { return editing() && desk_.Clipboard.Has(CopiedEdits::kStyleType); }},
       {"EditClearStyle", &kEditClearStyle, "", kInEditor, [this] { session_.ClearStyle(); },
        editing},
       {"FileApplyLastStyle", &kFileApplyLastStyle, "Ctrl+Shift+R", kInEditor,

@@ -22,8 +22,6 @@ struct DragItem;
 /// their questions, and the commands on the photo.
 class EditorController {
  public:
-  /// Of style data on the clipboard.
-  static constexpr const char* kStyleType = "application/x-brivolant-style-data";
   static constexpr LocalizedText kImageInfo{"MainWindow.kImageInfo",
                                             "<width> x <height> (<megapixel>, Ratio: <ratio>)"};
   static constexpr LocalizedText kAskToSaveMessage{

@@ -13,7 +13,6 @@
 #include "formats/FileTypes.h"
 #include "formats/ImageFile.h"
 #include "kit/DesktopServices.h"
-#include "platform/codecs/RawExtensions.h"
 #include "platform/files/FileNames.h"
 #include "platform/services/SharedFolders.h"
 #include "platform/values/Captions.h"
@@ -32,12 +31,10 @@ std::string Ending(std::string_view extension) {
   return std::string(1, '.').append(extension);
 }
 
-/// Extensions that a dialog for photos shows, with those of the cameras.
+/// Extensions that a dialog for photos shows.
 std::string PhotoExtensions() {
-  std::string all = "jpg;jpeg;jpe;png;tif;tiff;heic;heif;avif;webp;gif;bmp;jp2;psd;" +
-                    std::string(InternalFileTypes::BrivolantPhotosDocument.Extensions);
-  for (const std::string_view extension : RawExtensions()) all.append(";").append(extension);
-  return all;
+  return ReadableExtensions() + ";" +
+         std::string(InternalFileTypes::BrivolantPhotosDocument.Extensions);
 }
 
 }  // namespace

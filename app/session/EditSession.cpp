@@ -116,13 +116,6 @@ void EditSession::ApplyStyle(const std::string& data, const std::string& name) {
   Replace(data);
 }
 
-void EditSession::PasteStyle(const std::string& data) {
-  if (!document_) return;
-  Record({{"ProcessorStack", processor_.StyleData()}}, kUndoPasteStyle.Text());
-  processor_.Reset();
-  Replace(data);
-}
-
 void EditSession::ClearStyle() {
   if (!document_) return;
   Record({{"ProcessorStack", processor_.StyleData()}, {"OneClickSelection", styleSelection_}},

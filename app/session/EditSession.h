@@ -22,6 +22,7 @@ namespace brivolant {
 class BrivolantDocument;
 class Recovery;
 class RecentItems;
+struct CopiedEdits;
 struct RecoveredEdits;
 
 /// What happens between opening a photo and leaving it: one document in the processor, one history,
@@ -81,6 +82,8 @@ class EditSession {
   /// Another one for each photo that was opened.
   int DocumentNumber() const { return documents_; }
   bool Dirty() const;
+  /// The photo is as its document holds it, whatever was done in between.
+  bool SameAsSaved() const;
 
   // Files; SessionFiles.cpp.
 
@@ -119,7 +122,14 @@ class EditSession {
   void RecordBlending();
   /// Replaces the stacks, as one entry of that name.
   void ApplyStyle(const std::string& data, const std::string& name);
+  /// Pictures that the stacks name come along if they were copied here.
   void PasteStyle(const std::string& data);
+  /// All edits of the open photo.
+  CopiedEdits Edits() const;
+  /// The stacks, and crop and turns if they are wanted, as one entry.
+  void PasteEdits(const CopiedEdits& edits, bool crop, bool turns);
+  /// What was copied last, here or in the browser; the clipboard has its stacks.
+  std::shared_ptr<const CopiedEdits> Copied;
   void ClearStyle();
   void ApplyLastStyle();
   /// Lays a picture over the photo.

@@ -204,6 +204,38 @@
         <source>Save Elsewhere...</source>
         <translation>Woanders sichern …</translation>
     </message>
+    <message id="EditsController.kHaveEdits">
+        <source>Of the chosen photos, &lt;count&gt; have edits of their own.</source>
+        <translation>Von den gewählten Fotos haben &lt;count&gt; schon eine eigene Bearbeitung.</translation>
+    </message>
+    <message id="EditsController.kHaveEditsExplanation">
+        <source>Their edits are replaced. Undo brings them back.</source>
+        <translation>Ihre Bearbeitung wird ersetzt. Mit „Rückgängig“ kommt sie zurück.</translation>
+    </message>
+    <message id="EditsController.kInUse">
+        <source>The document "&lt;filename&gt;" is being edited.</source>
+        <translation>Das Dokument „&lt;filename&gt;“ wird gerade bearbeitet.</translation>
+    </message>
+    <message id="EditsController.kNotGiven">
+        <source>The edits could not be given to all photos.</source>
+        <translation>Nicht alle Fotos konnten die Bearbeitung bekommen.</translation>
+    </message>
+    <message id="EditsController.kNotTakenBack">
+        <source>Not everything could be taken back.</source>
+        <translation>Nicht alles konnte zurückgenommen werden.</translation>
+    </message>
+    <message id="EditsController.kOnlyOthers">
+        <source>Only the Others</source>
+        <translation>Nur die anderen</translation>
+    </message>
+    <message id="EditsController.kPasting">
+        <source>Pasting edits...</source>
+        <translation>Bearbeitung wird eingesetzt …</translation>
+    </message>
+    <message id="EditsController.kReplace">
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
     <message id="EffectModuleAutoContrast.kName">
         <source>Auto Contrast</source>
         <translation>Auto-Kontrast</translation>
@@ -992,6 +1024,10 @@
         <source>GIF Image</source>
         <translation>GIF-Bild</translation>
     </message>
+    <message id="FileTypes.kHEIF">
+        <source>HEIF image</source>
+        <translation>HEIF-Bild</translation>
+    </message>
     <message id="FileTypes.kJPEG2000">
         <source>JPEG 2000 image</source>
         <translation>JPEG-2000-Bild</translation>
@@ -1000,9 +1036,17 @@
         <source>JPEG image</source>
         <translation>JPEG-Bild</translation>
     </message>
+    <message id="FileTypes.kJpegXL">
+        <source>JPEG XL image</source>
+        <translation>JPEG-XL-Bild</translation>
+    </message>
     <message id="FileTypes.kMacPaint">
         <source>MacPaint</source>
         <translation>MacPaint</translation>
+    </message>
+    <message id="FileTypes.kNetpbm">
+        <source>Netpbm image</source>
+        <translation>Netpbm-Bild</translation>
     </message>
     <message id="FileTypes.kPDF">
         <source>PDF document</source>
@@ -1032,6 +1076,10 @@
         <source>Silicon Graphics image</source>
         <translation>Silicon-Graphics-Bild</translation>
     </message>
+    <message id="FileTypes.kSVG">
+        <source>SVG image</source>
+        <translation>SVG-Bild</translation>
+    </message>
     <message id="FileTypes.kTGA">
         <source>TGA image</source>
         <translation>TGA-Bild</translation>
@@ -1039,6 +1087,10 @@
     <message id="FileTypes.kTIFF">
         <source>TIFF image</source>
         <translation>TIFF-Bild</translation>
+    </message>
+    <message id="FileTypes.kWebP">
+        <source>WebP image</source>
+        <translation>WebP-Bild</translation>
     </message>
     <message id="FileTypes.kWindowsBitmap">
         <source>Windows bitmap image</source>
@@ -1384,6 +1436,14 @@
         <source>Updating Preview...</source>
         <translation>Vorschau wird erneuert ...</translation>
     </message>
+    <message id="ManyEdits.kChangedSince">
+        <source>The document "&lt;filename&gt;" stays as it is: it was changed since.</source>
+        <translation>Das Dokument „&lt;filename&gt;“ bleibt, wie es ist: Es wurde seither geändert.</translation>
+    </message>
+    <message id="ManyEdits.kPictureNotTaken">
+        <source>A picture that lies over the photo "&lt;filename&gt;" could not be copied.</source>
+        <translation>Ein Bild, das über dem Foto „&lt;filename&gt;“ liegt, ließ sich nicht kopieren.</translation>
+    </message>
     <message id="Menus.EditMenu">
         <source>&amp;Edit</source>
         <translation>&amp;Bearbeiten</translation>
@@ -1408,6 +1468,10 @@
         <source>Window</source>
         <translation>&amp;Fenster</translation>
     </message>
+    <message id="Menus.kEditApplyStyle">
+        <source>Apply 1-Click Style</source>
+        <translation>1-Klick-Stil anwenden</translation>
+    </message>
     <message id="Menus.kEditChangeOrientation">
         <source>Change Orientation</source>
         <translation>Zwischen Hoch- und Querformat wechseln</translation>
@@ -1420,6 +1484,10 @@
         <source>&amp;Copy</source>
         <translation>&amp;Kopieren</translation>
     </message>
+    <message id="Menus.kEditCopyEdits">
+        <source>Copy Edits</source>
+        <translation>Bearbeitung kopieren</translation>
+    </message>
     <message id="Menus.kEditCopyStyle">
         <source>Copy Style</source>
         <translation>Stil kopieren</translation>
@@ -1431,6 +1499,14 @@
     <message id="Menus.kEditPaste">
         <source>&amp;Paste</source>
         <translation>&amp;Einsetzen</translation>
+    </message>
+    <message id="Menus.kEditPasteEdits">
+        <source>Paste Edits...</source>
+        <translation>Bearbeitung einsetzen …</translation>
+    </message>
+    <message id="Menus.kEditPasteEditsUndo">
+        <source>Paste Edits</source>
+        <translation>Bearbeitung einsetzen</translation>
     </message>
     <message id="Menus.kEditPasteStyle">
         <source>Paste Style</source>
@@ -1579,6 +1655,50 @@
     <message id="Menus.kWindowZoom">
         <source>Zoom</source>
         <translation>Zoomen</translation>
+    </message>
+    <message id="PasteEditsSheet.kAlso">
+        <source>Also paste:</source>
+        <translation>Auch einsetzen:</translation>
+    </message>
+    <message id="PasteEditsSheet.kBeside">
+        <source>Beside their photos</source>
+        <translation>Neben ihre Fotos</translation>
+    </message>
+    <message id="PasteEditsSheet.kClipboard">
+        <source>the clipboard</source>
+        <translation>Zwischenablage</translation>
+    </message>
+    <message id="PasteEditsSheet.kCrop">
+        <source>Crop</source>
+        <translation>Zuschnitt</translation>
+    </message>
+    <message id="PasteEditsSheet.kFrom">
+        <source>Edits of:</source>
+        <translation>Bearbeitung von:</translation>
+    </message>
+    <message id="PasteEditsSheet.kInFolder">
+        <source>In "&lt;name&gt;"</source>
+        <translation>In „&lt;name&gt;“</translation>
+    </message>
+    <message id="PasteEditsSheet.kOnto">
+        <source>Photos:</source>
+        <translation>Fotos:</translation>
+    </message>
+    <message id="PasteEditsSheet.kPaste">
+        <source>Paste</source>
+        <translation>Einsetzen</translation>
+    </message>
+    <message id="PasteEditsSheet.kPlace">
+        <source>New documents:</source>
+        <translation>Neue Dokumente:</translation>
+    </message>
+    <message id="PasteEditsSheet.kTitle">
+        <source>Paste Edits</source>
+        <translation>Bearbeitung einsetzen</translation>
+    </message>
+    <message id="PasteEditsSheet.kTurns">
+        <source>Turns</source>
+        <translation>Drehung und Spiegelung</translation>
     </message>
     <message id="PictureExtensions.kBlendNameColor">
         <source>Color</source>

@@ -11,6 +11,7 @@
 #include "BrowsingHelpers.h"
 #include "app/commands/ToolButtons.h"
 #include "effects/styles/OneClickWonderStorage.h"
+#include "kit/ifkSegmentView.h"
 #include "kit/templateSelector.h"
 
 namespace brivolant::test {
@@ -227,6 +228,8 @@ TEST(Arriving, FilesWaitWhileAPictureIsChosen) {
     return -1;
   }();
   ASSERT_GE(button, 0);
+  // The row that was selected is switched on, which is not saved.
+  program.dialogs.answers = {Answer::kAlternate};
   program.Panel().Activate(button);
   EXPECT_EQ(program.dialogs.messages.size(), 1U);
   EXPECT_TRUE(Until([&] { return program.Document().Name == "other"; }));
@@ -263,6 +266,18 @@ TEST(History, AStyleThatWasUndoneLightsOnlyInItsCategory) {
   EXPECT_EQ(bar.SelectedItem, -1);
   category(0);
   EXPECT_EQ(bar.SelectedItem, 1);
+}
+
+TEST(Commands, ThePanelOfEffectsIsHiddenUntilItIsAskedForAndThenStays) {
+  Program program;
+  program.Window().OpenImage(program.Photo("photo.jpg"), {});
+  Settle();
+  EXPECT_FALSE(program.Window().PreviewTitle->SegmentByTag("advanced")->Selected);
+  EXPECT_FALSE(program.Menu("Viewadvanced").isChecked());
+  program.Choose("Viewadvanced");
+  EXPECT_TRUE(program.Window().close());
+  program.Start();
+  EXPECT_TRUE(program.Window().PreviewTitle->SegmentByTag("advanced")->Selected);
 }
 
 TEST(Commands, CopyCopiesAtAClickAndItsArrowOpensTheMenu) {

@@ -3,8 +3,10 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QScrollBar>
+#include <cmath>
 
 #include "WindowHelpers.h"
+#include "kit/Appearance.h"
 
 namespace brivolant::test {
 namespace {
@@ -273,6 +275,37 @@ TEST_F(PanelTest, AssistiveToolsReadAndActOnEveryRow) {
   EXPECT_EQ(slider->valueInterface()->currentValue().toInt(), 74);
   const QPoint middle = program.Panel().mapToGlobal(program.ControlAt(0, 0.5));
   EXPECT_EQ(panel->childAt(middle.x(), middle.y()), slider);
+}
+
+TEST_F(PanelTest, ADisabledRowThatIsSelectedStaysReadable) {
+  program.SelectRow("Exposure");
+  EffectStackEditor& panel = program.Panel();
+  for (const Appearance::Scheme scheme : {Appearance::kLight, Appearance::kDark}) {
+    Appearance::Apply(*qApp, scheme);
+    for (const bool enabled : {true, false}) {
+      panel.setEnabled(enabled);
+      Settle();
+      const QRect row = panel.RowRect(program.Row("Exposure"));
+      const QImage shown = panel.grab(QRect(28, row.top() + 2, 80, 15)).toImage();
+      // As the guidelines for contrast reckon it.
+      double darkest = 1;
+      double lightest = 0;
+      const auto linear = [](int part) { return std::pow(part / 255.0, 2.2); };
+      for (int y = 0; y < shown.height(); ++y) {
+        for (int x = 0; x < shown.width(); ++x) {
+          const QColor color = shown.pixelColor(x, y);
+          const double luminance = 0.2126 * linear(color.red()) + 0.7152 * linear(color.green()) +
+                                   0.0722 * linear(color.blue());
+          darkest = std::min(darkest, luminance);
+          lightest = std::max(lightest, luminance);
+        }
+      }
+      // What is at rest is paler, but not lost on the accent.
+      EXPECT_GT((lightest + 0.05) / (darkest + 0.05), enabled ? 4 : 2.5)
+          << "scheme " << scheme << enabled;
+    }
+  }
+  Appearance::Apply(*qApp, Appearance::kFollowDesktop);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "WindowHelpers.h"
 #include "app/AboutBox.h"
 #include "app/PreferencesWindow.h"
+#include "app/browse/PasteEditsSheet.h"
 #include "app/browse/QuickLookWindow.h"
 #include "app/commands/ToolButtons.h"
 #include "app/edit/CropEditor.h"
@@ -169,6 +170,26 @@ TEST(WindowPictures, OfTheCropAndItsPalette) {
   Release(program.Display(), at(0.52, 0.52));
   Take(*program.Window().Cropper(), QStringLiteral("crop-palette"));
   program.Window().CropMethod();
+  program.app->AppearanceChoice(Appearance::kLight);
+}
+
+TEST(WindowPictures, OfTheSheetForPastedEdits) {
+  Program program;
+  program.OpenPhoto(Sample(program));
+  program.Window().Session().Copied =
+      std::make_shared<const CopiedEdits>(program.Window().Session().Edits());
+  ManyEdits::Order order;
+  order.Edits = *program.Window().Session().Copied;
+  order.Items.resize(12);
+  for (const Appearance::Scheme scheme : {Appearance::kLight, Appearance::kDark}) {
+    program.app->AppearanceChoice(scheme);
+    PasteEditsSheet sheet(program.Window(), order, program.app->Preferences());
+    sheet.setAttribute(Qt::WA_DeleteOnClose, false);
+    sheet.open();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&sheet));
+    Take(sheet, QStringLiteral("paste-edits") +
+                    (scheme == Appearance::kDark ? QStringLiteral("-dark") : QString()));
+  }
   program.app->AppearanceChoice(Appearance::kLight);
 }
 

@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: MIT
+#include "app/session/ManyEdits.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "app/core/WorkerServices.h"
+#include "effects/EffectRegistry.h"
+#include "engine/brivolantProcessorLite.h"
+#include "files/FileCopier.h"
+#include "files/FolderitemExtensions.h"
+#include "formats/BrivolantDocument.h"
+#include "formats/DocumentParts.h"
+#include "formats/FileTypes.h"
+#include "platform/files/AtomicFile.h"
+
+namespace brivolant {
+namespace {
+
+bool IsDocument(const FolderItem& item) {
+  return FolderitemExtensions::isFileType(item, &InternalFileTypes::BrivolantPhotosDocument);
+}
+
+std::string SettingsOf(const FolderItem& document) {
+  return ReadFile(document.Child(BrivolantDocument::kSettingsName)).value_or(std::string());
+}
+
+/// What a document was, but for its original, which never changes. A file that is written takes the
+/// place of the one before, so that another name keeps it.
+class Snapshot {
+ public:
+  Snapshot(const FolderItem& document, const std::string& original, TemporaryFiles& files) {
+    if (!document.Directory()) {
+      Keep(document, files);
+      return;
+    }
+    for (const FolderItem& child : document.Children()) {
+      std::error_code error;
+      const bool file = std::filesystem::is_regular_file(child.Path(), error) && !child.Alias();
+      if (file && child.Name() != original) Keep(child, files);
+    }
+  }
+  ~Snapshot() {
+    for (const auto& [name, file] : files_) {
+      (void)file.Delete();
+      (void)file.Parent().Delete();
+    }
+  }
+  Snapshot(const Snapshot&) = delete;
+  Snapshot& operator=(const Snapshot&) = delete;
+
+  /// Nothing of it was lost on the way.
+  bool Whole() const { return whole_; }
+
+  bool Restore(const FolderItem& document) const {
+    if (const auto one = files_.find(document.Name()); one != files_.end()) {
+      // It was one file, and its package is what was made.
+      return FolderitemExtensions::MoveToTrash(document) &&
+             !CopyFileAtomically(one->second, document);
+    }
+    // The settings are the last: until they stand the document is the changed one, whole.
+    const std::string settings(BrivolantDocument::kSettingsName);
+    for (const auto& [name, file] : files_) {
+      if (name != settings && CopyFileAtomically(file, document.Child(name))) return false;
+    }
+    return !CopyFileAtomically(files_.at(settings), document.Child(settings));
+  }
+  bool Holds(const std::string& name) const { return files_.contains(name); }
+
+ private:
+  void Keep(const FolderItem& file, TemporaryFiles& files) {
+    const FolderItem place = files.Child(file.Name());
+    std::error_code error;
+    std::filesystem::create_hard_link(file.Path(), place.Path(), error);
+    if (error && (place.IsNil() || CopyFileAtomically(file, place))) {
+      whole_ = false;
+    } else {
+      files_[file.Name()] = place;
+    }
+  }
+
+  PastedFiles files_;
+  bool whole_ = true;
+};
+
+std::string Reason(WorkerServices& worker, const std::string& otherwise) {
+  std::string reason;
+  for (const WorkerServices::Told& told : worker.Take()) {
+    for (const std::string& sentence : {told.Message, told.Explanation}) {
+      if (!reason.empty() && !sentence.empty()) reason += ' ';
+      reason += sentence;
+    }
+  }
+  return reason.empty() ? otherwise : reason;
+}
+
+}  // namespace
+
+/// A document that was made or changed, and what it was before.
+struct ManyEdits::Change {
+  FolderItem Document;
+  /// The settings that were written.
+  std::string Written;
+  /// Null for one that was made.
+  std::unique_ptr<const Snapshot> Before;
+};
+
+/// Renders the previews of one document after the other.
+class ManyEdits::Renderer {
+ public:
+  Renderer(const std::string& styleData, const Services& services)
+      : processor_(EffectRegistry(), services) {
+    processor_.Startup();
+    processor_.StyleData(styleData);
+  }
+  /// False if the photo cannot be read, or the work should end.
+  bool Render(BrivolantDocument& document, Jobs::Control& control) {
+    constexpr int kSize = 1024;
+    document.GeneratePreviews(kSize, kSize);
+    if (document.PreviewBase.IsNil()) return false;
+    processor_.Progress = [&control](double) { return !control.Cancelled(); };
+    document.PreviewAfter = processor_.Process(document.PreviewBase, document.PastedImages());
+    document.DropOriginal();
+    return !control.Cancelled() && !document.PreviewAfter.IsNil();
+  }
+
+ private:
+  brivolantProcessorLite processor_;
+};
+
+CopiedEdits CopiedEdits::Of(const BrivolantDocument& document, std::string styleData) {
+  // A copy of the handles: the pictures go with the last of them.
+  const auto holds = std::make_shared<BrivolantDocument>(document);
+  holds->DropOriginal();
+  holds->ResetPreviews();
+  CopiedEdits edits;
+  edits.Name = document.Name;
+  edits.StyleData = std::move(styleData);
+  for (const auto& [name, file] : holds->PastedImages()) {
+    if (edits.StyleData.find(name) != std::string::npos) edits.Pasted[name] = file;
+  }
+  edits.OfPhoto = true;
+  edits.Crop = document.Crop;
+  edits.CropOffset = document.CropOffSet;
+  edits.CropSize = document.CropSize;
+  edits.Orientation = document.Orientation;
+  edits.Rotation = document.Rotation;
+  edits.Flip = document.Flip;
+  edits.holds_ = holds;
+  return edits;
+}
+
+bool CopiedEdits::ApplyTo(BrivolantDocument& document, bool crop, bool turns) const {
+  const bool taken = std::all_of(Pasted.begin(), Pasted.end(), [&](const auto& picture) {
+    return document.PastedImage(picture.first).Exists() ||
+           document.PastedImage(picture.first, picture.second);
+  });
+  if (!taken) return false;
+  document.StyleData = StyleData;
+  if (OfPhoto && crop) {
+    document.Crop = Crop;
+    document.CropOffSet = CropOffset;
+    document.CropSize = CropSize;
+  }
+  if (OfPhoto && turns) {
+    document.Orientation = Orientation;
+    document.Rotation = Rotation;
+    document.Flip = Flip;
+  }
+  return true;
+}
+
+ManyEdits::ManyEdits(Order order) : order_(std::move(order)) {}
+ManyEdits::~ManyEdits() = default;
+
+FolderItem ManyEdits::PlaceFor(const FolderItem& photo) const {
+  FolderItem folder = order_.Folder ? order_.Folder : photo.Parent();
+  if (!order_.Folder) {
+    bool inside = false;
+    for (FolderItem above = folder; above && !inside; above = above.Parent()) {
+      inside = FolderitemExtensions::Package(above);
+    }
+    if (inside || !folder.IsWriteable()) folder = order_.Spare;
+  }
+  const FolderItem place = BrivolantDocument::PackageFor(folder.Child(photo.Name()));
+  return FileCopier::FreeName(folder, place);
+}
+
+void ManyEdits::Run(WorkerServices& worker, Jobs::Control& control) {
+  failures_.clear();
+  Renderer renderer(order_.Edits.StyleData, worker.All());
+  for (std::size_t i = 0; i < order_.Items.size(); ++i) {
+    const FolderItem& item = order_.Items[i];
+    if (!control.Progress(static_cast<double>(i) / static_cast<double>(order_.Items.size()))) {
+      return;
+    }
+    std::string why;
+    try {
+      why = Give(item, worker, renderer, control);
+    } catch (const std::exception& exception) {
+      why = exception.what();
+    }
+    if (!why.empty() && !control.Cancelled()) failures_.push_back({item, why});
+  }
+}
+
+std::string ManyEdits::Give(const FolderItem& item, WorkerServices& worker, Renderer& renderer,
+                            Jobs::Control& control) {
+  const std::string unreadable = WithPlaceholders(
+      FolderitemExtensions::kErrorMessageUnableToRead.Text(), {{"<filename>", item.DisplayName()}});
+  BrivolantDocument document(worker.All());
+  const bool existing = IsDocument(item);
+  const bool read = existing ? document.Load(item) : document.ReadImage(item);
+  const auto why = [&] {
+    return Reason(worker,
+                  document.lastErrorMessage.empty() ? unreadable : document.lastErrorMessage);
+  };
+  if (!read) return why();
+  Change change;
+  if (existing) {
+    change.Before = std::make_unique<const Snapshot>(item, document.OriginalImageID,
+                                                     worker.All().TemporaryFiles);
+    // What could not be taken back is not done.
+    if (!change.Before->Whole()) return documentTexts::kNoTemporaryPackage.Text();
+  }
+  if (!order_.Edits.ApplyTo(document, order_.Crop, order_.Turns)) {
+    return WithPlaceholders(kPictureNotTaken.Text(), {{"<filename>", item.DisplayName()}});
+  }
+  if (!renderer.Render(document, control)) return why();
+  const bool saved = existing ? document.Save() : document.SaveAs(PlaceFor(item));
+  if (!saved) return Reason(worker, documentTexts::kNotCreated.Text());
+  change.Document = document.File;
+  change.Written = SettingsOf(document.File);
+  changes_.push_back(std::move(change));
+  return {};
+}
+
+void ManyEdits::TakeBack(WorkerServices& worker, const std::vector<FolderItem>& keeps) {
+  failures_.clear();
+  // The last first: a document may have been changed twice, over a link.
+  for (auto change = changes_.rbegin(); change != changes_.rend(); ++change) {
+    const FolderItem& document = change->Document;
+    const bool same = !change->Written.empty() && SettingsOf(document) == change->Written &&
+                      std::find(keeps.begin(), keeps.end(), document) == keeps.end();
+    bool done = false;
+    if (same && change->Before) {
+      done = change->Before->Restore(document);
+      for (const auto& [name, file] : order_.Edits.Pasted) {
+        if (done && !change->Before->Holds(name)) (void)document.Child(name).Delete();
+      }
+    } else if (same) {
+      done = FolderitemExtensions::MoveToTrash(document);
+    }
+    if (done) continue;
+    failures_.push_back(
+        {document, Reason(worker, WithPlaceholders(kChangedSince.Text(),
+                                                   {{"<filename>", document.DisplayName()}}))});
+  }
+  changes_.clear();
+}
+
+std::vector<FolderItem> ManyEdits::Done() const {
+  std::vector<FolderItem> done;
+  for (const Change& change : changes_) done.push_back(change.Document);
+  return done;
+}
+
+}  // namespace brivolant
