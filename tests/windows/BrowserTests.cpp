@@ -241,6 +241,7 @@ TEST(Browser, AsksBeforeTheOpenDocumentGoesToTheTrashAndTakesItAlongWithItsFolde
   program.Window().SaveMethod();
   program.Finish();
   program.Choose("ViewBrowseMyPhotos");
+  Settle();
   ExpectSoon([&] { return program.Names(); }, ElementsAre("trips", "a.jpg"));
   program.Browser().setFocus();
   // The folder may just be listed anew.
