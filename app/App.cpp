@@ -367,12 +367,7 @@ const std::shared_ptr<browserItemCollection>& App::myComputer() {
   if (computer_->Name.empty()) computer_->Name = SideBarSources::kComputer.Text();
   computer_->Icon = "Computer";
   computer_->RemoveAllItems();
-  for (const FolderItem& root : SideBarSources::MountedVolumes()) {
-    auto volume = std::make_shared<browserItem>();
-    volume->Name = SideBarSources::CaptionOf(VolumeItem(root));
-    volume->item = VolumeItem(root);
-    computer_->AddItem(std::move(volume));
-  }
+  for (const auto& volume : volumes_.Look()) computer_->AddItem(volume);
   return computer_;
 }
 

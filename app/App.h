@@ -9,6 +9,7 @@
 #include "app/core/Desk.h"
 #include "app/core/RecentItems.h"
 #include "app/core/Recovery.h"
+#include "browser/VolumeList.h"
 #include "effects/styles/OneClickWonderStorage.h"
 #include "kit/ColorPanelBridge.h"
 #include "kit/DesktopServices.h"
@@ -165,6 +166,7 @@ class App final : public UserDetails {
 
   QApplication& application_;
   std::shared_ptr<browserItemCollection> computer_;
+  VolumeList volumes_;
   StandardErrorLog log_;
   SystemRandom random_;
   SystemClock clock_;

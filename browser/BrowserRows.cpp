@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "browser/BrowserRows.h"
 
-#include <fcntl.h>
-
 #include <algorithm>
 #include <array>
 
-#include "browser/FolderLister.h"
 #include "files/FolderitemExtensions.h"
 #include "files/NaturalOrder.h"
 #include "platform/values/Numbers.h"
@@ -59,7 +56,7 @@ std::uint64_t SizeOf(const BrowserPayload& payload) {
   }
   const browserItem* item = ItemOf(payload);
   if (item == nullptr) return 0;
-  if (const auto* volume = std::get_if<VolumeItem>(&item->item)) return volume->Capacity();
+  if (std::holds_alternative<VolumeItem>(item->item)) return item->Volume.Capacity;
   return item->Facts ? item->Facts->Size : 0;
 }
 
@@ -72,7 +69,7 @@ std::string KindText(const BrowserPayload& payload) {
   }
   const browserItem* item = ItemOf(payload);
   if (item == nullptr) return {};
-  if (const auto* volume = std::get_if<VolumeItem>(&item->item)) return volume->Media();
+  if (std::holds_alternative<VolumeItem>(item->item)) return item->Volume.Media;
   const auto* file = std::get_if<FolderItem>(&item->item);
   if (file == nullptr) return {};
   const FileFacts facts = item->Facts.value_or(FileFacts());
@@ -113,8 +110,8 @@ std::string BrowserRows::CellText(int row, int column) const {
       return DateText(std::get<std::shared_ptr<iPhotoItem>>(payload)->DateTime());
     }
     if (item != nullptr && std::holds_alternative<VolumeItem>(item->item)) {
-      const FileFacts root = FolderLister::FactsOf(AT_FDCWD, item->File().Path().c_str(), {});
-      return root.Modified == 0 ? std::string() : DateText(Date::FromUnixTime(root.Modified));
+      const std::int64_t modified = item->Volume.Modified;
+      return modified == 0 ? std::string() : DateText(Date::FromUnixTime(modified));
     }
     return item != nullptr && item->Facts ? DateText(Date::FromUnixTime(item->Facts->Modified))
                                           : std::string();
@@ -126,6 +123,8 @@ std::string BrowserRows::CellText(int row, int column) const {
     return CountText((*folder)->Count());
   }
   if (item == nullptr || std::holds_alternative<std::shared_ptr<iPhotoItem>>(payload)) return {};
+  // A volume that has not answered yet.
+  if (std::holds_alternative<VolumeItem>(item->item) && !item->Volume.Known) return {};
   const FileFacts facts = item->Facts.value_or(FileFacts());
   if (facts.Is == FileFacts::kAlias || facts.Is == FileFacts::kFolder) return "0 --";
   if (facts.Is == FileFacts::kPlain) return SizeText(SizeOf(payload));

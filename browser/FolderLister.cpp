@@ -12,15 +12,17 @@
 #include <condition_variable>
 #include <mutex>
 
+#include "files/FolderitemExtensions.h"
 #include "files/NaturalOrder.h"
+#include "files/VolumeItem.h"
 
 namespace brivolant {
 namespace {
 
 /// Milliseconds after which a slow listing shows what it has.
 constexpr qint64 kPart = 250;
-/// Most of them wait for a disk.
-constexpr int kThreads = 8;
+/// Most of them wait for a disk, some for ever.
+constexpr int kThreads = 64;
 /// Entries between two looks at whether the listing is still wanted.
 constexpr std::size_t kLook = 512;
 
@@ -69,11 +71,44 @@ QThreadPool& FolderLister::Threads() {
   return *threads;
 }
 
+namespace {
+
+FolderLister::Place Inspect(const FolderItem& folder) {
+  FolderLister::Place place;
+  place.Real = FolderitemExtensions::OriginalFile(folder);
+  place.Gone = !place.Real.Directory();
+  place.Closed = !place.Gone && access(place.Real.Path().c_str(), R_OK | X_OK) != 0;
+  if (!place.Gone) place.Available = VolumeItem(place.Real).AvailableSpace();
+  return place;
+}
+
+}  // namespace
+
+std::optional<FolderLister::Place> FolderLister::Look(const FolderItem& folder, int patience) {
+  struct Answer {
+    std::mutex mutex;
+    std::condition_variable arrived;
+    std::optional<Place> place;
+  };
+  const auto answer = std::make_shared<Answer>();
+  Threads().start([answer, folder] {
+    Place place = Inspect(folder);
+    const std::lock_guard lock(answer->mutex);
+    answer->place = std::move(place);
+    answer->arrived.notify_all();
+  });
+  std::unique_lock lock(answer->mutex);
+  answer->arrived.wait_for(lock, std::chrono::milliseconds(patience),
+                           [&] { return answer->place.has_value(); });
+  return answer->place;
+}
+
 struct FolderLister::Work {
   std::mutex mutex;
   std::condition_variable arrived;
   std::atomic<bool> stopped = false;
   std::vector<std::vector<BrowserRows::Row>> parts;
+  Place found;
   bool done = false;
 };
 
@@ -125,13 +160,16 @@ void FolderLister::List(const FolderItem& folder, const Order& order, int patien
   Stop();
   auto work = std::make_shared<Work>();
   work_ = work;
+  found_.reset();
   Threads().start([this, work, folder, order] {
-    Read(folder, order, [&](std::vector<BrowserRows::Row> rows, bool done) {
+    Place found = Inspect(folder);
+    Read(found.Real, order, [&](std::vector<BrowserRows::Row> rows, bool done) {
       const std::lock_guard lock(work->mutex);
       if (work->stopped) return false;
       if (rows.empty() && !done) return true;
       work->parts.push_back(std::move(rows));
       work->done = done;
+      if (done) work->found = std::move(found);
       work->arrived.notify_all();
       QMetaObject::invokeMethod(
           this, [this, work] { Deliver(work); }, Qt::QueuedConnection);
@@ -153,6 +191,7 @@ void FolderLister::Deliver(const std::shared_ptr<Work>& work) {
     const std::lock_guard lock(work->mutex);
     parts = std::exchange(work->parts, {});
     done = work->done;
+    if (done) found_ = work->found;
   }
   if (done) work_.reset();
   for (std::size_t i = 0; i < parts.size(); ++i) {

@@ -4,6 +4,7 @@
 #include <QObject>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "browser/BrowserRows.h"
@@ -35,8 +36,26 @@ class FolderLister final : public QObject {
   /// Sorted rows with their keys; `done` with the last part. Raised on the thread of the object.
   std::function<void(std::vector<BrowserRows::Row> rows, bool done)> Listed;
 
-  /// The threads that folders and disks are read on. Not the ones that all share: the toolkit
-  /// paints large areas on those, and a disk that does not answer would hold up the windows.
+  /// What a place turned out to be.
+  struct Place {
+    /// What a link leads to, else the place itself; a link that leads nowhere.
+    FolderItem Real;
+    /// There is no such folder.
+    bool Gone = false;
+    /// It may not be looked into.
+    bool Closed = false;
+    /// Bytes free for the user.
+    std::uint64_t Available = 0;
+  };
+  /// Looks at a place on another thread; nothing if it does not answer within `patience`
+  /// milliseconds, as those of a disk that sleeps or a share that is dead.
+  static std::optional<Place> Look(const FolderItem& place, int patience);
+  /// The folder that was listed last, as it was found; known once the listing is done.
+  const std::optional<Place>& Found() const { return found_; }
+
+  /// The threads that folders are read on, and nothing else. Not the ones that all share: the
+  /// toolkit paints large areas on those, and a disk that does not answer would hold up the
+  /// windows. There are many, since each that reads of a dead share may never come back.
   static QThreadPool& Threads();
 
   /// What a folder knows of one of its entries; `folder` is its descriptor.
@@ -51,6 +70,7 @@ class FolderLister final : public QObject {
   void Deliver(const std::shared_ptr<Work>& work);
 
   std::shared_ptr<Work> work_;
+  std::optional<Place> found_;
 };
 
 }  // namespace brivolant

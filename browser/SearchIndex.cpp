@@ -11,11 +11,11 @@
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QDBusUnixFileDescriptor>
-#include <QFile>
-#include <QUrl>
 #include <array>
 #include <cerrno>
 #include <cstring>
+
+#include "platform/files/FileAddress.h"
 
 namespace brivolant::SearchIndex {
 namespace {
@@ -86,9 +86,7 @@ bool Runs(const QString& service) {
 }
 
 FolderItem FileOfUrl(const QString& address) {
-  const QUrl url(address);
-  return url.isLocalFile() ? FolderItem(QFile::encodeName(url.toLocalFile()).toStdString())
-                           : FolderItem();
+  return FileAddress::File(address.toStdString());
 }
 
 /// Sends the question; true once the answer begins to come.

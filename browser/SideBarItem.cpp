@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "browser/SideBarItem.h"
 
-#include <mntent.h>
-
 #include <QFile>
 #include <QStandardPaths>
 #include <algorithm>
 #include <array>
-#include <cstdio>
 
 #include "formats/BinaryDictionary.h"
 #include "formats/FileTypes.h"
 #include "formats/PictureStrings.h"
 #include "formats/iconObjectExtensions.h"
+#include "platform/files/MountTable.h"
 #include "platform/services/SharedFolders.h"
 
 namespace brivolant {
@@ -40,19 +38,6 @@ std::shared_ptr<SideBarItem> PlaceOf(const FolderItem& folder, const std::string
   place->icon = icon;
   place->Tag = folder;
   return place;
-}
-
-/// File systems that hold nothing of a user's.
-bool OfTheSystem(std::string_view kind, std::string_view place) {
-  constexpr std::array<std::string_view, 8> kDisks{"ext2",  "ext3", "ext4",  "xfs",
-                                                   "btrfs", "vfat", "exfat", "ntfs"};
-  constexpr std::array<std::string_view, 9> kMore{"ntfs3", "fuseblk", "hfsplus", "iso9660", "udf",
-                                                  "nfs",   "nfs4",    "cifs",    "smb3"};
-  const bool disk = std::find(kDisks.begin(), kDisks.end(), kind) != kDisks.end() ||
-                    std::find(kMore.begin(), kMore.end(), kind) != kMore.end();
-  if (place == "/") return false;
-  return !disk || place.starts_with("/boot") || place.starts_with("/etc") ||
-         place.starts_with("/snap") || place.starts_with("/var/lib") || place.starts_with("/proc");
 }
 
 /// The drawing's name of a place with a picture of its own.
@@ -103,19 +88,33 @@ bool Save(const FolderItem& file, const SideBarCollection& places,
 }
 
 void AddDefaults(SideBarCollection& places, const FolderItem& documents) {
-  using Standard = QStandardPaths::StandardLocation;
-  constexpr std::array<std::pair<Standard, const char*>, 5> kPlaces{
-      {{QStandardPaths::PicturesLocation, "Pictures"},
-       {QStandardPaths::DesktopLocation, "Desktop"},
-       {QStandardPaths::DocumentsLocation, "Documents"},
-       {QStandardPaths::DownloadLocation, "Downloads"},
-       {QStandardPaths::HomeLocation, "Home"}}};
-  for (const auto& [location, icon] : kPlaces) {
-    const FolderItem folder(
-        QFile::encodeName(QStandardPaths::writableLocation(location)).toStdString());
-    if (folder.Directory()) places.AddItem(PlaceOf(folder, icon));
-  }
-  if (documents.Directory()) places.AddItem(PlaceOf(documents, "brivolant-photos"));
+  const auto standard = [](QStandardPaths::StandardLocation location) {
+    return FolderItem(QFile::encodeName(QStandardPaths::writableLocation(location)).toStdString());
+  };
+  const FolderItem home = standard(QStandardPaths::HomeLocation);
+  const auto add = [&](const FolderItem& folder, const char* icon) {
+    const bool known = std::any_of(places.item.begin(), places.item.end(), [&](const auto& place) {
+      const auto* held = std::get_if<FolderItem>(&place->Tag);
+      return held != nullptr && *held == folder;
+    });
+    if (!known && folder.Directory()) places.AddItem(PlaceOf(folder, icon));
+  };
+  const FolderItem pictures = standard(QStandardPaths::PicturesLocation);
+  add(pictures, "Pictures");
+  add(standard(QStandardPaths::DesktopLocation), "Desktop");
+  add(standard(QStandardPaths::DocumentsLocation), "Documents");
+  // What everyone of this machine sees. Where there is none, the desktop names the home.
+  const FolderItem shared = standard(QStandardPaths::PublicShareLocation);
+  if (shared != home) add(shared, "Share");
+  add(standard(QStandardPaths::DownloadLocation), "Downloads");
+  // Where programs that take pictures with the computer's own camera put them.
+  add(pictures.Child("Photo Booth"), "Pictures");
+  add(pictures.Child("Webcam"), "Pictures");
+  add(home, "Home");
+  add(documents, "brivolant-photos");
+  add(home.Child("Library").Child("Mail Downloads"), "Downloads");
+  places.AddItem(PlaceOf(FavoritesFolder(), "Favorites"));
+  places.item.back()->Caption = kFavorites.Text();
 }
 
 FolderItem FavoritesFolder() {
@@ -130,18 +129,7 @@ std::string CaptionOf(const VolumeItem& volume) {
 }
 
 std::vector<FolderItem> MountedVolumes() {
-  std::vector<FolderItem> roots;
-  std::FILE* table = setmntent("/proc/self/mounts", "re");
-  if (table == nullptr) return roots;
-  std::array<char, 8192> buffer{};
-  mntent entry{};
-  while (getmntent_r(table, &entry, buffer.data(), static_cast<int>(buffer.size())) != nullptr) {
-    if (OfTheSystem(entry.mnt_type, entry.mnt_dir)) continue;
-    const FolderItem root(entry.mnt_dir);
-    if (std::find(roots.begin(), roots.end(), root) == roots.end()) roots.push_back(root);
-  }
-  endmntent(table);
-  return roots;
+  return MountTable::Now().OfUser();
 }
 
 }  // namespace brivolant::SideBarSources

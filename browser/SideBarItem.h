@@ -27,6 +27,8 @@ class SideBarItem {
   Picture image;
   /// What opens when it is chosen; nothing if it has gone.
   Target Tag;
+  /// A volume that this user can take out; known beforehand, since painting asks no disk.
+  bool Ejectable = false;
   /// Looks for the icon of the folder that it stands for.
   void TakeOwnIcon();
 };
@@ -69,7 +71,8 @@ bool Load(const FolderItem& file, SideBarCollection& places);
                         const std::function<std::string(const SideBarItem&)>& png = nullptr);
 /// Where the user's favourites are, as links; created if missing.
 FolderItem FavoritesFolder();
-/// What a new user finds.
+inline constexpr LocalizedText kFavorites{"MainWindow.kFavorites", "Favorites"};
+/// What a new user finds: those of the desktop's folders that are there, and the favourites.
 void AddDefaults(SideBarCollection& places, const FolderItem& documents);
 inline constexpr LocalizedText kFileSystem{"Sidebar.kFileSystem", "File System"};
 /// A volume's name for the user.

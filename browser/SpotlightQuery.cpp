@@ -8,27 +8,35 @@
 #include <QElapsedTimer>
 #include <QStandardPaths>
 #include <QThread>
-#include <QThreadPool>
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
+#include <deque>
 #include <mutex>
 #include <set>
+#include <thread>
 #include <unordered_set>
 
 #include "browser/FolderLister.h"
 #include "browser/SearchIndex.h"
 #include "browser/SearchText.h"
-#include "browser/SideBarItem.h"
 #include "files/FolderitemExtensions.h"
 #include "files/NaturalOrder.h"
+#include "platform/files/MountTable.h"
 
 namespace brivolant {
 namespace {
 
+using Steady = std::chrono::steady_clock;
+
 /// Milliseconds between two reports of progress.
 constexpr int kProgress = 200;
+/// What is still searched once all else is done may be silent for so long.
+constexpr std::chrono::seconds kSilence{3};
+/// How long the end of a search waits for its threads, which end at once unless a disk holds them.
+constexpr std::chrono::milliseconds kLeave{200};
 /// Folders of the system: nobody keeps photos there, and they are half of a disk's files.
 constexpr std::array<std::string_view, 17> kSystem{
     "/bin", "/boot", "/dev", "/etc",  "/lib", "/lib32", "/lib64", "/libx32", "/lost+found",
@@ -38,24 +46,29 @@ struct CloseFolder {
   void operator()(DIR* folder) const { closedir(folder); }
 };
 
-std::vector<std::string> EverythingOfTheUser() {
-  std::vector<std::string> roots{
-      QStandardPaths::writableLocation(QStandardPaths::HomeLocation).toStdString(), "/"};
-  for (const FolderItem& volume : SideBarSources::MountedVolumes()) {
-    roots.push_back(volume.ShellPath());
-  }
-  return roots;
+bool Within(const std::string& path, const std::string& root) {
+  return root == "/" || path == root || path.starts_with(root + "/");
 }
 
 }  // namespace
 
-/// What the threads of one search share.
+/// What is walked by threads of its own: the disks of this machine together, and each file system
+/// that may be silent alone, so that one that is holds up nothing but itself.
+struct SpotlightQuery::Lane {
+  std::vector<std::string> folders;
+  int working = 0;
+  bool Done() const { return folders.empty() && working == 0; }
+};
+
+/// What the threads of one search share. They hold it as long as they run, whatever becomes of the
+/// query.
 struct SpotlightQuery::Work {
   explicit Work(const std::string& query) : text(query), query(query) {}
   SpotlightQuery* owner = nullptr;
   SearchText text;
   std::string query;
   std::string documentExtension;
+  std::vector<std::string> roots;
   /// Given up: nothing is reported. Finished: what there is is reported.
   std::atomic<bool> ended = false;
   std::atomic<bool> finished = false;
@@ -63,8 +76,14 @@ struct SpotlightQuery::Work {
 
   std::mutex mutex;
   std::condition_variable changed;
-  std::vector<std::string> folders;
-  int working = 0;
+  /// Fixed before any thread walks; the first is that of the disks.
+  std::deque<Lane> lanes;
+  /// Roots of lanes: no other lane crosses into them.
+  std::unordered_set<std::string> borders;
+  bool asking = false;
+  int threads = 0;
+  /// When anything was last heard of.
+  Steady::time_point heard = Steady::now();
   /// Devices and numbers of the folders that were gone into, so that none is twice.
   std::set<std::pair<dev_t, ino_t>> seen;
   std::unordered_set<std::string> paths;
@@ -72,10 +91,34 @@ struct SpotlightQuery::Work {
   QElapsedTimer since;
 
   bool Wanted() const { return !ended && !finished; }
+  bool Done() const {
+    return !asking &&
+           std::all_of(lanes.begin(), lanes.end(), [](const Lane& lane) { return lane.Done(); });
+  }
+  /// A thread that holds the work; counted until it ends.
+  static void Start(const std::shared_ptr<Work>& work, std::function<void(Work&)> what);
 };
 
+void SpotlightQuery::Work::Start(const std::shared_ptr<Work>& work,
+                                 std::function<void(Work&)> what) {
+  {
+    const std::lock_guard lock(work->mutex);
+    ++work->threads;
+  }
+  std::thread([work, what = std::move(what)] {
+    what(*work);
+    const std::lock_guard lock(work->mutex);
+    --work->threads;
+    work->changed.notify_all();
+  }).detach();
+}
+
 SpotlightQuery::~SpotlightQuery() {
+  const std::shared_ptr<Work> work = work_;
   Stop();
+  if (!work) return;
+  std::unique_lock lock(work->mutex);
+  work->changed.wait_for(lock, kLeave, [&] { return work->threads == 0; });
 }
 
 void SpotlightQuery::Stop() {
@@ -115,75 +158,113 @@ void SpotlightQuery::Run() {
   work_ = std::make_shared<Work>(Query);
   work_->owner = this;
   work_->documentExtension = DocumentExtension;
-  for (const FolderItem& root : Roots) work_->folders.push_back(root.ShellPath());
+  for (const FolderItem& root : Roots) work_->roots.push_back(root.ShellPath());
   work_->since.start();
-  FolderLister::Threads().start([work = work_] { Search(work); });
+  Work::Start(work_, [work = work_](Work&) { Search(work); });
+}
+
+void SpotlightQuery::Divide(Work& work) {
+  const MountTable table = MountTable::Now();
+  if (work.roots.empty()) {
+    work.roots = {QStandardPaths::writableLocation(QStandardPaths::HomeLocation).toStdString()};
+    for (const FolderItem& volume : table.OfUser()) work.roots.push_back(volume.ShellPath());
+  }
+  work.lanes.emplace_back();
+  const auto add = [&](const std::string& root) {
+    const Mount* mount = table.Of(FolderItem(root));
+    const bool own = mount != nullptr && (mount->Remote() || mount->ByProgram());
+    if (own) work.borders.insert(root);
+    (own ? work.lanes.emplace_back() : work.lanes.front()).folders.push_back(root);
+  };
+  for (const std::string& root : work.roots) add(root);
+  for (const Mount& mount : table.Mounts()) {
+    if (!mount.Remote() && !mount.ByProgram() && mount.Kind != "autofs") continue;
+    const std::string root = mount.Root.ShellPath();
+    const bool below = std::any_of(work.roots.begin(), work.roots.end(),
+                                   [&](const auto& above) { return Within(root, above); });
+    if (!below || !work.borders.insert(root).second || !mount.OfUser()) continue;
+    work.lanes.emplace_back().folders.push_back(root);
+  }
 }
 
 void SpotlightQuery::Search(const std::shared_ptr<Work>& work) {
-  // An index knows the whole computer; given folders are walked.
-  if (work->folders.empty()) {
-    const bool answered = AskIndexes(*work);
-    if (!answered && work->Wanted()) work->folders = EverythingOfTheUser();
-  }
-  if (!work->folders.empty()) {
-    std::vector<std::unique_ptr<QThread>> helpers;
-    for (int i = 1; i < QThread::idealThreadCount(); ++i) {
-      helpers.emplace_back(QThread::create([&] { Walk(*work); }))->start();
+  Divide(*work);
+  work->asking = true;
+  Work::Start(work, [](Work& asked) { AskIndexes(asked); });
+  for (Lane& lane : work->lanes) {
+    const bool disks = &lane == &work->lanes.front();
+    for (int i = 0; i < (disks ? std::max(QThread::idealThreadCount(), 1) : 1); ++i) {
+      Work::Start(work, [&lane](Work& walked) { Walk(walked, lane); });
     }
-    Walk(*work);
-    for (const auto& helper : helpers) helper->wait();
   }
+  std::unique_lock lock(work->mutex);
+  while (work->Wanted() && !work->Done()) {
+    work->changed.wait_for(lock, std::chrono::milliseconds(kProgress));
+    if (!work->lanes.front().Done() || work->paused) work->heard = Steady::now();
+    // Whoever is silent now may be so for ever.
+    if (Steady::now() - work->heard > kSilence) break;
+  }
+  std::vector<SpotlightItem> hits = std::exchange(work->hits, {});
+  // Whoever comes later comes for nothing.
+  work->finished = true;
+  work->changed.notify_all();
+  lock.unlock();
+  if (work->ended) return;
   const NaturalOrder natural;
   std::vector<std::pair<QCollatorSortKey, std::size_t>> order;
-  for (std::size_t i = 0; i < work->hits.size(); ++i) {
-    order.emplace_back(natural.Key(work->hits[i].Row()->Name), i);
+  for (std::size_t i = 0; i < hits.size(); ++i) {
+    order.emplace_back(natural.Key(hits[i].Row()->Name), i);
   }
   std::stable_sort(order.begin(), order.end(),
                    [](const auto& a, const auto& b) { return a.first.compare(b.first) < 0; });
-  std::vector<SpotlightItem> sorted;
-  sorted.reserve(order.size());
-  for (const auto& [key, index] : order) sorted.push_back(std::move(work->hits[index]));
-  const std::lock_guard lock(work->mutex);
-  work->hits = std::move(sorted);
+  auto sorted = std::make_shared<std::vector<SpotlightItem>>();
+  sorted->reserve(order.size());
+  for (const auto& [key, index] : order) sorted->push_back(std::move(hits[index]));
+  lock.lock();
   if (work->owner == nullptr) return;
   QMetaObject::invokeMethod(
-      work->owner, [owner = work->owner, work] { owner->Report(work); }, Qt::QueuedConnection);
+      work->owner,
+      [owner = work->owner, work, sorted] {
+        if (work == owner->work_) owner->Report(std::move(*sorted));
+      },
+      Qt::QueuedConnection);
+  // An index that never comes to an end need not be listened to any longer.
+  work->ended = true;
 }
 
-void SpotlightQuery::Report(const std::shared_ptr<Work>& work) {
-  if (work != work_) return;
-  items_ = std::move(work->hits);
+void SpotlightQuery::Report(std::vector<SpotlightItem> hits) {
+  items_ = std::move(hits);
   work_.reset();
   completed_ = true;
   if (Completed) Completed();
 }
 
-bool SpotlightQuery::AskIndexes(Work& work) {
+void SpotlightQuery::AskIndexes(Work& work) {
   const auto add = [&](const std::vector<FolderItem>& files) {
     for (const FolderItem& file : files) {
       if (!work.Wanted()) return;
+      const std::string path = file.ShellPath();
       const std::string name = file.Name();
-      const FileFacts facts =
-          FolderLister::FactsOf(AT_FDCWD, file.Path().c_str(), work.documentExtension);
+      const bool within = std::any_of(work.roots.begin(), work.roots.end(),
+                                      [&](const auto& root) { return Within(path, root); });
+      if (!within || !work.text.In(name)) continue;
+      const FileFacts facts = FolderLister::FactsOf(AT_FDCWD, path.c_str(), work.documentExtension);
       // What has gone since it was indexed is no hit.
-      if (!work.text.In(name) || facts.Modified == 0) continue;
-      Add(work, file, facts);
+      if (facts.Modified != 0) Add(work, file, facts);
     }
   };
-  if (const auto files = SearchIndex::AskLocalSearch(work.query, work.ended)) {
-    add(*files);
-    // An index of a few folders may know nothing where there is something.
-    if (!work.hits.empty()) return true;
-  }
+  if (const auto files = SearchIndex::AskLocalSearch(work.query, work.ended)) add(*files);
   if (work.Wanted()) add(SearchIndex::AskBaloo(work.query));
-  return false;
+  const std::lock_guard lock(work.mutex);
+  work.asking = false;
+  work.changed.notify_all();
 }
 
 void SpotlightQuery::Add(Work& work, const FolderItem& file, const FileFacts& facts) {
   auto row = std::make_shared<browserItem>(file);
   row->Facts = facts;
   const std::lock_guard lock(work.mutex);
+  if (!work.Wanted()) return;
   if (work.paths.insert(file.ShellPath()).second) work.hits.emplace_back(std::move(row));
 }
 
@@ -215,6 +296,8 @@ void SpotlightQuery::WalkFolder(Work& work, const std::string& folder,
     }
     const std::string path = before + entry->d_name;
     if (std::find(kSystem.begin(), kSystem.end(), path) != kSystem.end()) continue;
+    // Not even a look: it might never be answered.
+    if (work.borders.contains(path)) continue;
     const FileFacts facts =
         FolderLister::FactsOf(descriptor, entry->d_name, work.documentExtension);
     const bool picture =
@@ -227,18 +310,18 @@ void SpotlightQuery::WalkFolder(Work& work, const std::string& folder,
   }
 }
 
-void SpotlightQuery::Walk(Work& work) {
+void SpotlightQuery::Walk(Work& work, Lane& lane) {
   std::vector<std::string> inside;
   std::unique_lock lock(work.mutex);
   while (true) {
     work.changed.wait(lock, [&] {
       if (!work.Wanted()) return true;
-      return !work.paused && (!work.folders.empty() || work.working == 0);
+      return !work.paused && (!lane.folders.empty() || lane.working == 0);
     });
-    if (!work.Wanted() || work.folders.empty()) break;
-    const std::string folder = std::move(work.folders.back());
-    work.folders.pop_back();
-    ++work.working;
+    if (!work.Wanted() || lane.folders.empty()) break;
+    const std::string folder = std::move(lane.folders.back());
+    lane.folders.pop_back();
+    ++lane.working;
     if (work.owner != nullptr && work.since.elapsed() > kProgress) {
       work.since.restart();
       QMetaObject::invokeMethod(
@@ -252,8 +335,9 @@ void SpotlightQuery::Walk(Work& work) {
     inside.clear();
     WalkFolder(work, folder, inside);
     lock.lock();
-    --work.working;
-    work.folders.insert(work.folders.end(), std::make_move_iterator(inside.begin()),
+    work.heard = Steady::now();
+    --lane.working;
+    lane.folders.insert(lane.folders.end(), std::make_move_iterator(inside.begin()),
                         std::make_move_iterator(inside.end()));
     work.changed.notify_all();
   }

@@ -26,8 +26,9 @@ class SpotlightItem {
 };
 
 /// Searches the whole computer for images and folders whose name contains a text, without regard to
-/// case: by the desktop's index where one runs, else by a walk through the disks on all cores. Hits
-/// are there once the search has ended.
+/// case: by a walk through the disks on all cores, and by the desktop's index where one runs, which
+/// knows what the walk passes by. A share that does not answer and an index that is silent end
+/// nothing but their own part. Hits are there once the search has ended.
 class SpotlightQuery final : public QObject {
  public:
   SpotlightQuery() = default;
@@ -35,7 +36,7 @@ class SpotlightQuery final : public QObject {
 
   /// The text.
   std::string Query;
-  /// Folders that the walk begins at; empty for the user's home and all disks.
+  /// Folders that are searched; empty for the user's home and all disks.
   std::vector<FolderItem> Roots;
   /// Extension of the program's documents, which are folders that count as images.
   std::string DocumentExtension;
@@ -60,14 +61,16 @@ class SpotlightQuery final : public QObject {
   std::function<void(const std::string& folder, int found)> Progress;
 
  private:
+  struct Lane;
   struct Work;
+  /// Finds what each thread walks.
+  static void Divide(Work& work);
   static void Search(const std::shared_ptr<Work>& work);
-  static void Walk(Work& work);
+  static void Walk(Work& work, Lane& lane);
   static void WalkFolder(Work& work, const std::string& folder, std::vector<std::string>& inside);
-  /// True if the answer stands for a search of the disks.
-  static bool AskIndexes(Work& work);
+  static void AskIndexes(Work& work);
   static void Add(Work& work, const FolderItem& file, const FileFacts& facts);
-  void Report(const std::shared_ptr<Work>& work);
+  void Report(std::vector<SpotlightItem> hits);
 
   std::shared_ptr<Work> work_;
   std::vector<SpotlightItem> items_;

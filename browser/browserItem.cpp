@@ -30,7 +30,11 @@ void browserItem::GetIconRef() {
     iconRef = {"drive-harddisk"};
   } else if (const auto* file = std::get_if<FolderItem>(&item)) {
     const bool folder = Facts && Facts->Is == FileFacts::kFolder;
-    iconRef = folder ? std::vector<std::string>{"folder"} : FolderitemExtensions::IconNames(*file);
+    // What was listed is known: no look at the file, which may be slow to answer.
+    const bool known = Facts && Facts->Is != FileFacts::kAlias;
+    iconRef = folder  ? std::vector<std::string>{"folder"}
+              : known ? FolderitemExtensions::IconNamesByName(*file)
+                      : FolderitemExtensions::IconNames(*file);
   }
 }
 

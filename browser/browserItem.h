@@ -37,6 +37,18 @@ struct FileFacts {
   friend bool operator==(const FileFacts&, const FileFacts&) = default;
 };
 
+/// What a volume tells of itself once it was asked, so that no row has to wait for it.
+struct VolumeFacts {
+  /// It was asked and has answered.
+  bool Known = false;
+  bool Ejectable = false;
+  std::string Media;
+  /// Bytes.
+  std::uint64_t Capacity = 0;
+  /// Of its root; seconds of the Unix epoch.
+  std::int64_t Modified = 0;
+};
+
 /// One thing that is shown as a cell: a file, a folder, a volume, or a container of the library.
 class browserItem {
  public:
@@ -50,11 +62,15 @@ class browserItem {
   Wrapped item;
   /// Known of a file that was listed.
   std::optional<FileFacts> Facts;
+  /// Of a volume.
+  VolumeFacts Volume;
   /// Names of the icon in the desktop's theme; empty while unknown or once there is a thumbnail.
   std::vector<std::string> iconRef;
   /// The thumbnail; null until it is ready, and again after memory had to be given back. Only the
   /// main thread writes it.
   QImage image;
+  /// Pixels of the longest side that the thumbnail was made for; 0 for any other picture.
+  int imageSide = 0;
   /// The thumbnail was tried and there is none.
   bool HasNoThumbnail = false;
 

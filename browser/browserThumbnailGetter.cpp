@@ -38,6 +38,12 @@ QImage AsDrawn(const Picture& picture) {
   return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
+/// No larger than asked for.
+QImage Reduced(QImage image, int side) {
+  if (image.width() <= side && image.height() <= side) return image;
+  return image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
 /// Counts a thread out.
 class Leave {
  public:
@@ -73,6 +79,7 @@ QImage ThumbnailMaker::FromFile(const FolderItem& file, int longest) const {
 
 ThumbnailMaker::Made ThumbnailMaker::Look(const FolderItem& file, ThumbnailCache::Size size) const {
   Made made;
+  made.size = size;
   made.key = ThumbnailCache::KeyOf(file);
   made.image = cache_.Find(made.key, size);
   if (!made.image.isNull() || made.key.Modified == 0 || cache_.Failed(made.key)) return made;
@@ -88,14 +95,14 @@ ThumbnailMaker::Made ThumbnailMaker::Look(const FolderItem& file, ThumbnailCache
   return made;
 }
 
-void ThumbnailMaker::Store(const Made& made, ThumbnailCache::Size size) const {
-  if (made.news == Made::kPicture) cache_.Store(made.key, size, made.image);
+void ThumbnailMaker::Store(const Made& made) const {
+  if (made.news == Made::kPicture) cache_.Store(made.key, made.size, made.image);
   if (made.news == Made::kFailure) cache_.StoreFailure(made.key);
 }
 
 QImage ThumbnailMaker::Make(const FolderItem& file, ThumbnailCache::Size size) const {
   const Made made = Look(file, size);
-  Store(made, size);
+  Store(made);
   return made.image;
 }
 
@@ -103,13 +110,15 @@ struct browserThumbnailGetter::Result {
   std::shared_ptr<browserItem> item;
   QImage image;
   bool counts = false;
-  bool inView = false;
+  int side = 0;
 };
 
 /// What the threads share. They hold it as long as they run, whatever becomes of the getter.
 struct browserThumbnailGetter::Work {
   std::mutex mutex;
   std::atomic<bool> ended = false;
+  /// Pixels that a picture needs from now on.
+  std::atomic<int> side = 0;
   /// The queue of the run, and the entry that comes next.
   std::vector<std::shared_ptr<browserItem>> queue;
   std::size_t next = 0;
@@ -143,7 +152,6 @@ bool browserThumbnailGetter::Work::Next(Result& result, ThumbnailMaker::Made& ma
     inView.pop_front();
     if (!busy.contains(entry.get())) result.item = std::move(entry);
   }
-  result.inView = result.item != nullptr;
   if (!result.item && !unstored.empty()) {
     made = std::move(unstored.front());
     unstored.pop_front();
@@ -158,6 +166,7 @@ bool browserThumbnailGetter::Work::Next(Result& result, ThumbnailMaker::Made& ma
     return false;
   }
   busy.insert(result.item.get());
+  result.side = side;
   // Each entry of the queue counts once, however often it comes into view.
   result.counts = queued.contains(result.item.get()) && taken.insert(result.item.get()).second;
   return true;
@@ -188,6 +197,7 @@ void browserThumbnailGetter::Run() {
   Kill();
   running_ = true;
   work_ = std::make_shared<Work>();
+  work_->side = side_;
   work_->queue = std::exchange(item, {});
   for (const auto& entry : work_->queue) work_->queued.insert(entry.get());
   if (Started) Started();
@@ -208,17 +218,32 @@ void browserThumbnailGetter::Kill() {
   running_ = false;
 }
 
+void browserThumbnailGetter::Side(int pixels) {
+  // In steps: a slider passes many sizes.
+  constexpr int kLeast = 64;
+  side_ = kLeast;
+  while (side_ < pixels && side_ < ThumbnailCache::kXLarge) side_ *= 2;
+  if (work_) work_->side = side_;
+}
+
 void browserThumbnailGetter::InView(const std::vector<std::shared_ptr<browserItem>>& items) {
   std::deque<std::shared_ptr<browserItem>> wanted;
+  view_.clear();
   for (const auto& entry : items) {
     if (!entry) continue;
+    view_.insert(entry.get());
     if (const auto known = order_->places.find(entry.get()); known != order_->places.end()) {
       order_->order.splice(order_->order.end(), order_->order, known->second);
     }
-    if (entry->image.isNull() && !entry->HasNoThumbnail) wanted.push_back(entry);
+    const bool small = entry->imageSide > 0 && entry->imageSide < side_;
+    const bool missing = entry->image.isNull() && !entry->HasNoThumbnail;
+    if (small || missing) wanted.push_back(entry);
   }
   if (wanted.empty()) return;
-  if (!work_) work_ = std::make_shared<Work>();
+  if (!work_) {
+    work_ = std::make_shared<Work>();
+    work_->side = side_;
+  }
   {
     const std::lock_guard lock(work_->mutex);
     work_->inView = std::move(wanted);
@@ -232,7 +257,7 @@ void browserThumbnailGetter::Start() {
   while (work_->threads < cores) {
     ++work_->threads;
     ++*threads_;
-    std::thread([this, work = work_, maker = maker_, size = Size, threads = threads_] {
+    std::thread([this, work = work_, maker = maker_, threads = threads_] {
       const Leave leave(*threads);
       // The window comes first: these threads yield to it.
       constexpr int kNice = 5;
@@ -244,13 +269,14 @@ void browserThumbnailGetter::Start() {
         ThumbnailMaker::Made made;
         if (!work->Next(result, made)) return;
         if (!result.item) {
-          maker->Store(made, size);
+          maker->Store(made);
           continue;
         }
         if (const FolderItem file = result.item->File();
             file && std::holds_alternative<FolderItem>(result.item->item)) {
-          made = maker->Look(file, size);
-          result.image = made.image;
+          made = maker->Look(file, result.side > ThumbnailCache::kLarge ? ThumbnailCache::kXLarge
+                                                                        : ThumbnailCache::kLarge);
+          result.image = Reduced(made.image, result.side);
         }
         // Under the lock the object is there, as long as the work has not ended.
         const std::lock_guard guard(work->mutex);
@@ -281,12 +307,14 @@ void browserThumbnailGetter::Deliver() {
     for (const Result& result : results) work->busy.erase(result.item.get());
   }
   for (Result& result : results) {
-    if (result.image.isNull()) {
-      result.item->HasNoThumbnail = true;
-    } else {
+    result.item->imageSide = result.side;
+    if (!result.image.isNull()) {
       result.item->image = std::move(result.image);
       result.item->iconRef.clear();
-      Keep(result.item, result.inView);
+      Keep(result.item);
+    } else if (result.item->image.isNull()) {
+      result.item->imageSide = 0;
+      result.item->HasNoThumbnail = true;
     }
     if (!result.counts) {
       if (AddedThumbnail && !running_) AddedThumbnail();
@@ -302,7 +330,7 @@ void browserThumbnailGetter::Deliver() {
   }
 }
 
-void browserThumbnailGetter::Keep(const std::shared_ptr<browserItem>& item, bool inView) {
+void browserThumbnailGetter::Keep(const std::shared_ptr<browserItem>& item) {
   const auto forget = [this](std::list<Kept::Node>::iterator node) {
     kept_ -= node->bytes;
     order_->places.erase(node->id);
@@ -313,12 +341,20 @@ void browserThumbnailGetter::Keep(const std::shared_ptr<browserItem>& item, bool
   }
   const auto bytes = static_cast<std::size_t>(item->image.sizeInBytes());
   // What nobody has seen yet goes before what is on the screen.
-  const auto place = inView ? order_->order.end() : order_->order.begin();
+  const auto place = view_.contains(item.get()) ? order_->order.end() : order_->order.begin();
   order_->places[item.get()] = order_->order.insert(place, {item, item.get(), bytes});
   kept_ += bytes;
-  while (kept_ > limit_ && order_->order.size() > 1) {
-    if (const auto oldest = order_->order.front().item.lock()) oldest->image = {};
-    forget(order_->order.begin());
+  for (auto node = order_->order.begin(); kept_ > limit_ && node != order_->order.end();) {
+    const auto next = std::next(node);
+    // What is seen and given back would be made again at the next repaint, for ever.
+    if (!view_.contains(node->id)) {
+      if (const auto oldest = node->item.lock()) {
+        oldest->image = {};
+        oldest->imageSide = 0;
+      }
+      forget(node);
+    }
+    node = next;
   }
 }
 

@@ -5,6 +5,7 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <unordered_set>
 #include <vector>
 
 #include "browser/ThumbnailCache.h"
@@ -29,10 +30,11 @@ class ThumbnailMaker {
     QImage image;
     ThumbnailCache::Key key;
     enum News : std::uint8_t { kNothing, kPicture, kFailure } news = kNothing;
+    ThumbnailCache::Size size = ThumbnailCache::kLarge;
   };
   /// Make in two steps, so that pictures can be shown before they are stored.
   Made Look(const FolderItem& file, ThumbnailCache::Size size) const;
-  void Store(const Made& made, ThumbnailCache::Size size) const;
+  void Store(const Made& made) const;
   const ThumbnailCache& Cache() const { return cache_; }
 
  private:
@@ -52,8 +54,12 @@ class browserThumbnailGetter final : public QObject {
 
   /// The queue, filled before Run.
   std::vector<std::shared_ptr<browserItem>> item;
-  ThumbnailCache::Size Size = ThumbnailCache::kLarge;
 
+  /// Pixels of the longest side that are needed from now on, at least. Pictures are kept no larger
+  /// than that, so that many small ones find room; those that are too small are made anew as they
+  /// come into view.
+  void Side(int pixels);
+  int Side() const { return side_; }
   void Run();
   /// Ends all work at once: a decode that is under way gives up within milliseconds, and nothing of
   /// this run is delivered any more, not even Finished.
@@ -62,7 +68,8 @@ class browserThumbnailGetter final : public QObject {
   /// These come first from now on, in this order; those that have no picture yet are worked on
   /// even if they had one that was given back.
   void InView(const std::vector<std::shared_ptr<browserItem>>& items);
-  /// Bytes of pictures that are kept; the least recently seen are given back.
+  /// Bytes of pictures that are kept; the least recently seen are given back. What is in view
+  /// stays, however much it is.
   void Limit(std::size_t bytes) { limit_ = bytes; }
   std::size_t BytesKept() const { return kept_; }
 
@@ -76,11 +83,13 @@ class browserThumbnailGetter final : public QObject {
   struct Result;
   void Start();
   void Deliver();
-  void Keep(const std::shared_ptr<browserItem>& item, bool inView);
+  void Keep(const std::shared_ptr<browserItem>& item);
 
   std::shared_ptr<const ThumbnailMaker> maker_;
   std::shared_ptr<Work> work_;
   bool running_ = false;
+  int side_ = ThumbnailCache::kLarge;
+  std::unordered_set<const browserItem*> view_;
   std::size_t limit_ = std::size_t{64} << 20;
   std::size_t kept_ = 0;
   /// Least recently seen first.

@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <QFile>
 #include <QMimeDatabase>
 #include <algorithm>
@@ -167,9 +171,26 @@ bool isFileType(const brivolant::FolderItem& file, const FileType* type) {
                      [&](std::string_view field) { return EqualIgnoringCase(field, extension); });
 }
 
-std::string Kind(const brivolant::FolderItem& file) {
+namespace {
+
+/// By name and content. The file is opened by the bytes of its name, which need not be UTF-8.
+QMimeType TypeOf(const brivolant::FolderItem& file) {
   const QMimeDatabase database;
-  return database.mimeTypeForFile(QFile::decodeName(file.Path().c_str())).comment().toStdString();
+  const int descriptor = open(file.Path().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  struct stat status {};
+  const bool plain = descriptor >= 0 && fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+  QFile content;
+  if (!plain || !content.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+    if (descriptor >= 0) close(descriptor);
+    return database.mimeTypeForFile(QFile::decodeName(file.Path().c_str()));
+  }
+  return database.mimeTypeForFileNameAndData(QString::fromStdString(file.DisplayName()), &content);
+}
+
+}  // namespace
+
+std::string Kind(const brivolant::FolderItem& file) {
+  return TypeOf(file).comment().toStdString();
 }
 
 std::string KindByName(const brivolant::FolderItem& file) {
@@ -181,8 +202,7 @@ std::string KindByName(const brivolant::FolderItem& file) {
 }
 
 bool HoldsPicture(const brivolant::FolderItem& file) {
-  const QMimeDatabase database;
-  const QMimeType type = database.mimeTypeForFile(QFile::decodeName(file.Path().c_str()));
+  const QMimeType type = TypeOf(file);
   return type.name().startsWith(QLatin1String("image/")) ||
          type.inherits(QStringLiteral("application/pdf"));
 }
@@ -206,6 +226,10 @@ std::vector<std::string> NamesOf(const QMimeType& type) {
 
 std::vector<std::string> IconNames(const brivolant::FolderItem& file) {
   if (file.Directory()) return {"folder", "inode-directory"};
+  return IconNamesByName(file);
+}
+
+std::vector<std::string> IconNamesByName(const brivolant::FolderItem& file) {
   const QMimeDatabase database;
   return NamesOf(database.mimeTypeForFile(QFile::decodeName(file.Path().c_str()),
                                           QMimeDatabase::MatchExtension));

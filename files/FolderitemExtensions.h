@@ -45,6 +45,8 @@ bool HoldsPicture(const FolderItem& file);
 bool NamesPicture(std::string_view name);
 /// Names of the file's icon in the desktop's theme, the most special first.
 std::vector<std::string> IconNames(const FolderItem& file);
+/// The same from the name alone, of what is no folder.
+std::vector<std::string> IconNamesByName(const FolderItem& file);
 /// The same of a file extension, or of a MIME type if the text holds "/".
 std::vector<std::string> IconNamesOfType(const std::string& type);
 /// The user's comment on the file, empty if there is none.

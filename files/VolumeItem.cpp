@@ -3,14 +3,12 @@
 
 #include <sys/stat.h>
 #include <sys/statvfs.h>
-#include <sys/sysmacros.h>
 #include <sys/vfs.h>
 
-#include <QFile>
-#include <QStorageInfo>
-#include <algorithm>
-#include <array>
+#include <filesystem>
 
+#include "platform/files/FileAddress.h"
+#include "platform/files/MountTable.h"
 #include "platform/values/Text.h"
 
 namespace brivolant {
@@ -27,45 +25,54 @@ constexpr LocalizedText kErrorEjectFailedInUseExplaniation{
     "Try closing unused documents and applications, especially documents that are saved on the "
     "device."};
 
-constexpr std::array<std::string_view, 9> kRemoteKinds{
-    "nfs", "nfs4", "cifs", "smb3", "smbfs", "afs", "fuse.sshfs", "fuse.gvfsd-fuse", "davfs"};
-
-QStorageInfo Storage(const FolderItem& root) {
-  return QStorageInfo(QFile::decodeName(root.Path().c_str()));
-}
-
 struct statvfs Status(const FolderItem& root) {
   struct statvfs status {};
   if (statvfs(root.Path().c_str(), &status) != 0) return {};
   return status;
 }
 
-/// True if the kernel says that the disk can be taken out.
-bool Removable(const FolderItem& root) {
-  const QByteArray device = Storage(root).device().split('/').last();
-  // A partition's own folder has no such file: its disk's folder lies above it.
-  for (const char* place : {"/sys/class/block/%/removable", "/sys/class/block/%/../removable"}) {
-    QFile file(QString::fromUtf8(place).replace(QLatin1Char('%'), QString::fromUtf8(device)));
-    if (file.open(QIODevice::ReadOnly)) return file.read(1) == "1";
+/// The label of a device's file system, as the system's folder of labels has it.
+std::string LabelOf(const std::string& device) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  const fs::path wanted = fs::canonical(device, error);
+  if (error) return {};
+  for (const FolderItem& label : FolderItem("/dev/disk/by-label").Children()) {
+    if (fs::canonical(label.Path(), error) != wanted) continue;
+    // Blanks and the like stand as "\x20".
+    std::string name = label.Name();
+    for (std::size_t at = name.find("\\x"); at != std::string::npos; at = name.find("\\x", at)) {
+      name.replace(at, 2, "%");
+    }
+    return EnsureUTF8(FileAddress::Decoded(name));
   }
-  return false;
+  return {};
 }
 
 }  // namespace
 
 std::string VolumeItem::Name() const {
   if (root_.IsNil()) return {};
-  const std::string name = Storage(root_).displayName().toStdString();
-  return name == root_.ShellPath() && name.size() > 1 ? root_.DisplayName() : name;
+  if (DesktopShares::Holds(root_)) return DesktopShares::CaptionOf(root_.Name());
+  const MountTable table = MountTable::Now();
+  const Mount* mount = table.Of(root_);
+  const std::string label = mount == nullptr ? std::string() : LabelOf(mount->Device);
+  if (!label.empty()) return label;
+  return root_.Parent().IsNil() ? root_.ShellPath() : root_.DisplayName();
 }
 
 bool VolumeItem::isRemote() const {
-  const std::string kind = Storage(root_).fileSystemType().toStdString();
-  return std::find(kRemoteKinds.begin(), kRemoteKinds.end(), kind) != kRemoteKinds.end();
+  if (DesktopShares::Holds(root_)) return true;
+  const MountTable table = MountTable::Now();
+  const Mount* mount = table.Of(root_);
+  return mount != nullptr && mount->Remote();
 }
 
 bool VolumeItem::Ejectable() const {
-  return isRemote() || Removable(root_);
+  if (DesktopShares::Holds(root_)) return true;
+  const MountTable table = MountTable::Now();
+  const Mount* mount = table.Of(root_);
+  return mount != nullptr && mount->Root == root_ && table.CanBeEjected(*mount);
 }
 
 std::string VolumeItem::Media() const {
@@ -84,7 +91,10 @@ std::string VolumeItem::Media() const {
 }
 
 bool VolumeItem::Eject(Desktop& desktop, Dialogs& dialogs, Log& log) const {
-  const std::string error = desktop.Eject(root_);
+  return Ejected(desktop.Eject(root_), dialogs, log);
+}
+
+bool VolumeItem::Ejected(const std::string& error, Dialogs& dialogs, Log& log) const {
   if (error.empty()) return true;
   if (error == "busy") {
     dialogs.Message(

@@ -10,7 +10,8 @@
 
 namespace brivolant {
 
-/// A mounted disk.
+/// A mounted disk, share or device. Name, isRemote and Ejectable follow from the kernel's tables;
+/// the rest asks the volume itself and may wait for it.
 class VolumeItem {
  public:
   /// `root` is the folder at which the disk is mounted; nil makes a volume without facts.
@@ -23,9 +24,13 @@ class VolumeItem {
   /// What it is, for the user and for its icon: "Hard Drive", "Disk", "iPod" and so on.
   std::string Media() const;
   bool isRemote() const;
+  /// This user can take it out, or end the connection to it.
   bool Ejectable() const;
   /// True on success. If the disk is in use the user is told; any other error is logged.
   [[nodiscard]] bool Eject(Desktop& desktop, Dialogs& dialogs, Log& log) const;
+  /// The same of what Desktop::Eject gave back, which waits for the disk and so has a thread of its
+  /// own.
+  bool Ejected(const std::string& error, Dialogs& dialogs, Log& log) const;
   /// Bytes.
   std::uint64_t AvailableSpace() const;
   std::uint64_t Capacity() const;

@@ -12,6 +12,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <QToolBar>
+#include <QWindow>
 #include <algorithm>
 
 #include "kit/ifkColors.h"
@@ -371,8 +372,24 @@ void ifkWindow::mousePressEvent(QMouseEvent* event) {
   update();
 }
 
+bool ifkWindow::StartSystemMove() {
+  return windowHandle() != nullptr && windowHandle()->startSystemMove();
+}
+
+bool ifkWindow::StartSystemResize() {
+  return windowHandle() != nullptr &&
+         windowHandle()->startSystemResize(Qt::BottomEdge | Qt::RightEdge);
+}
+
 void ifkWindow::mouseMoveEvent(QMouseEvent* event) {
   const QPoint at = event->globalPosition().toPoint();
+  // By the desktop, where it can: some let no program place its windows itself. Only now, so that a
+  // click stays one.
+  if ((mouseStatus == kMoving && StartSystemMove()) ||
+      (mouseStatus == kResizing && StartSystemResize())) {
+    mouseStatus = kNone;
+    return update();
+  }
   if (mouseStatus == kMoving) {
     move(at.x() - customShapeLastMX, at.y() - customShapeLastMY);
   } else if (mouseStatus == kResizing) {

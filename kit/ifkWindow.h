@@ -90,6 +90,9 @@ class ifkWindow : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  /// Hands a drag of the window, or of its corner, to the desktop; false if it does not take it.
+  virtual bool StartSystemMove();
+  virtual bool StartSystemResize();
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;

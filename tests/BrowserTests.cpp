@@ -7,7 +7,9 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QSemaphore>
 #include <QThread>
+#include <QThreadPool>
 
 #include "Helpers.h"
 #include "browser/FilePreview.h"
@@ -277,6 +279,95 @@ TEST(ThumbnailGetter, MemoryIsBoundedAndWhatIsInViewStays) {
   EXPECT_TRUE(Until([&] { return !(*gone)->image.isNull(); }));
 }
 
+TEST(ThumbnailGetter, WhatIsInViewStaysHoweverMuchItIsAndIsMadeOnce) {
+  Getter t(8);
+  // Room for two, and eight in view.
+  t.getter.Limit(2 * 64 * 48 * 4);
+  t.getter.InView(t.items);
+  const auto all = [&] {
+    return std::all_of(t.items.begin(), t.items.end(),
+                       [](const auto& item) { return !item->image.isNull(); });
+  };
+  ASSERT_TRUE(Until(all));
+  // Every repaint tells what is in view: nothing is made again.
+  t.events.clear();
+  for (int i = 0; i < 30; ++i) {
+    t.getter.InView(t.items);
+    QCoreApplication::processEvents();
+    QThread::msleep(2);
+  }
+  EXPECT_TRUE(all());
+  EXPECT_THAT(t.events, IsEmpty());
+  // Out of view, the bound holds again.
+  t.getter.InView({t.items[7]});
+  t.getter.item = t.items;
+  t.getter.Run();
+  ASSERT_TRUE(t.Ended());
+  EXPECT_LE(t.getter.BytesKept(), 2U * 64 * 48 * 4);
+  EXPECT_FALSE(t.items[7]->image.isNull());
+}
+
+TEST(ThumbnailGetter, SmallViewsKeepSmallPicturesAndLargerOnesGetTheirOwn) {
+  Thumbnails t;
+  const FolderItem file = WriteJpeg(t.folder.Child("a.jpg"), 800, 600);
+  browserThumbnailGetter getter(t.maker);
+  const auto item = std::make_shared<browserItem>(file);
+  struct Case {
+    int side;
+    QSize size;
+  };
+  for (const Case& c :
+       {Case{16, {64, 48}}, {100, {128, 96}}, {200, {256, 192}}, {300, {512, 384}}}) {
+    getter.Side(c.side);
+    getter.InView({item});
+    ASSERT_TRUE(Until([&] { return item->image.size() == c.size; })) << c.side;
+    EXPECT_EQ(getter.BytesKept(), static_cast<std::size_t>(item->image.sizeInBytes()));
+  }
+  // What is large enough is not made smaller again.
+  getter.Side(16);
+  getter.InView({item});
+  for (int i = 0; i < 20; ++i) QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+  EXPECT_EQ(item->image.width(), 512);
+}
+
+TEST(ThumbnailMaker, NamesThatAreNoTextHaveThumbnails) {
+  Thumbnails t;
+  // Without an ending only the content tells that it is a photo.
+  for (const char* name : {"caf\xE9.jpg", "caf\xE8"}) {
+    const FolderItem file(t.folder.Item().Path() / name);
+    WriteJpeg(t.folder.Child("plain"));
+    ASSERT_EQ(rename(t.folder.Child("plain").Path().c_str(), file.Path().c_str()), 0);
+    EXPECT_FALSE(t.maker->Make(file, ThumbnailCache::kLarge).isNull()) << name;
+    EXPECT_FALSE(
+        t.maker->Cache().Find(ThumbnailCache::KeyOf(file), ThumbnailCache::kLarge).isNull());
+  }
+}
+
+TEST(FolderListing, TellsWhatThePlaceIsAndWaitsForNoneThatIsSilent) {
+  const TemporaryFolder folder;
+  ASSERT_FALSE(folder.Child("there").CreateAsFolder());
+  ASSERT_EQ(symlink("there", folder.Child("link").Path().c_str()), 0);
+  ASSERT_EQ(symlink("nowhere", folder.Child("broken").Path().c_str()), 0);
+  constexpr int kLong = 20000;
+  const auto link = FolderLister::Look(folder.Child("link"), kLong);
+  ASSERT_TRUE(link.has_value());
+  EXPECT_EQ(link->Real, folder.Child("there"));
+  EXPECT_FALSE(link->Gone);
+  EXPECT_GT(link->Available, 0U);
+  for (const char* name : {"none", "broken"}) {
+    const auto gone = FolderLister::Look(folder.Child(name), kLong);
+    ASSERT_TRUE(gone.has_value()) << name;
+    EXPECT_TRUE(gone->Gone) << name;
+  }
+  // As long as all threads wait for dead disks.
+  QSemaphore go;
+  QThreadPool& threads = FolderLister::Threads();
+  for (int i = 0; i < threads.maxThreadCount(); ++i) threads.start([&go] { go.acquire(); });
+  EXPECT_FALSE(FolderLister::Look(folder.Child("there"), 1).has_value());
+  go.release(threads.maxThreadCount());
+  threads.waitForDone();
+}
+
 TEST(PreviewLoader, OnlyTheLastIsDeliveredAndNoneOnceStopped) {
   const TemporaryFolder folder;
   auto previewer = std::make_shared<FilePreviewer>();
@@ -362,6 +453,9 @@ TEST(BrowserItems, WithoutAFileAndWithEachWrappedKind) {
   volume->Name = "Disk";
   volume->item = root;
   EXPECT_TRUE(rows.AddItem(volume));
+  // Nothing is asked of a disk to paint its row.
+  for (const int column : {1, 2, 3}) EXPECT_EQ(rows.CellText(2, column), "");
+  volume->Volume = {true, false, root.Media(), root.Capacity(), 86400};
   EXPECT_EQ(rows.CellText(2, BrowserRows::kKindColumn), root.Media());
   EXPECT_THAT(rows.CellText(2, BrowserRows::kSizeColumn),
               testing::StartsWith(std::to_string(root.Capacity()) + " "));

@@ -148,24 +148,51 @@ TEST(LocalSearch, AnErrorIsNoAnswer) {
   EXPECT_FALSE(AskIndex("beach").has_value());
 }
 
-TEST(LocalSearch, HitsThatAreGoneOrOfAnotherNameAreLeftOut) {
-  const TemporaryFolder folder;
-  folder.Write("beach.jpg", "x");
-  folder.Write("hill.jpg", "x");
-  Index index("org.freedesktop.LocalSearch3");
-  for (const char* name : {"beach.jpg", "hill.jpg", "beach-gone.jpg"}) {
-    index.rows += Row(folder.Child(name).URLPath());
-  }
+std::vector<std::string> Search(const FolderItem& root, const char* text) {
   SpotlightQuery query;
-  query.Query = "beach";
+  query.Roots = {root};
+  query.Query = text;
   bool done = false;
   query.Completed = [&] { done = true; };
   query.Run();
   const QDeadlineTimer limit(20000);
   while (!done && !limit.hasExpired()) QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-  ASSERT_TRUE(done);
-  ASSERT_EQ(query.Count(), 1);
-  EXPECT_EQ(query.Item(0).File(), folder.Child("beach.jpg"));
+  EXPECT_TRUE(done);
+  std::vector<std::string> names;
+  for (int i = 0; i < query.Count(); ++i) names.push_back(query.Item(i).Row()->Name);
+  return names;
+}
+
+TEST(LocalSearch, AddsToTheWalkAndNeverEndsIt) {
+  const TemporaryFolder folder;
+  ASSERT_FALSE(folder.Child(".kept").CreateAsFolder());
+  // Known to both, to the walk alone, to the index alone; gone, and of another name.
+  for (const char* name : {"beach 1.jpg", "beach 2.jpg", ".kept/beach 3.jpg", "hill.jpg"}) {
+    folder.Write(name, "x");
+  }
+  Index index("org.freedesktop.LocalSearch3");
+  for (const char* name : {"beach 1.jpg", ".kept/beach 3.jpg", "hill.jpg", "beach-gone.jpg"}) {
+    index.rows += Row(folder.Child(name).URLPath());
+  }
+  const TemporaryFolder elsewhere;
+  index.rows += Row(elsewhere.Write("beach 4.jpg", "x").URLPath());
+  EXPECT_THAT(Search(folder.Item(), "beach"),
+              ElementsAre("beach 1.jpg", "beach 2.jpg", "beach 3.jpg"));
+}
+
+TEST(LocalSearch, ASilentIndexHoldsNothingUp) {
+  const TemporaryFolder folder;
+  folder.Write("beach.jpg", "x");
+  // It begins an answer and never ends it.
+  std::vector<QDBusUnixFileDescriptor> kept;
+  const Service index(QStringLiteral("org.freedesktop.LocalSearch3"),
+                      QStringLiteral("/org/freedesktop/Tracker3/Endpoint"),
+                      [&](const QDBusMessage& call) {
+                        kept.push_back(call.arguments().at(1).value<QDBusUnixFileDescriptor>());
+                        return call.createReply(QStringList{QStringLiteral("url")});
+                      });
+  EXPECT_THAT(Search(folder.Item(), "beach"), ElementsAre("beach.jpg"));
+  EXPECT_EQ(kept.size(), 1U);
 }
 
 }  // namespace

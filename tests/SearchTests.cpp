@@ -4,9 +4,12 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QEventLoop>
+#include <QSemaphore>
+#include <QThreadPool>
 #include <cstdint>
 
 #include "Helpers.h"
+#include "browser/FolderLister.h"
 #include "browser/SearchIndex.h"
 #include "browser/SearchText.h"
 #include "browser/SpotlightQuery.h"
@@ -104,6 +107,27 @@ TEST(SpotlightQuery, StopsPausesAndFinishesWithWhatThereIs) {
   query.Finish();
   ASSERT_TRUE(Wait([&] { return done; }));
   EXPECT_LE(query.Count(), 1);
+}
+
+TEST(SpotlightQuery, WaitsNeitherForBusyListingsNorForItsOwnEnd) {
+  const TemporaryFolder folder;
+  folder.Write("a-photo.jpg", "x");
+  // Every thread that lists folders is stuck at a dead disk.
+  QSemaphore go;
+  QThreadPool& threads = FolderLister::Threads();
+  for (int i = 0; i < threads.maxThreadCount(); ++i) threads.start([&go] { go.acquire(); });
+  bool done = false;
+  {
+    SpotlightQuery query;
+    query.Roots = {folder.Item()};
+    query.Query = "photo";
+    query.Completed = [&] { done = true; };
+    query.Run();
+    EXPECT_TRUE(Wait([&] { return done; }));
+    EXPECT_EQ(query.Count(), 1);
+  }
+  go.release(threads.maxThreadCount());
+  threads.waitForDone();
 }
 
 std::string IndexRow(const std::vector<std::string>& values) {

@@ -28,11 +28,20 @@ namespace {
 
 using ItemPointer = std::shared_ptr<browserItem>;
 
+constexpr const char* kIconSizeKey = "imageBrowser.IconSize";
+constexpr const char* kRowSizeKey = "imageBrowser.RowSize";
 constexpr int kSideBarWidth = 200;
 constexpr int kMargin = 8;
 
 FolderItem Standard(QStandardPaths::StandardLocation location) {
   return FolderItem(QFile::encodeName(QStandardPaths::writableLocation(location)).toStdString());
+}
+
+/// A folder that answers: one of a share that is dead keeps nobody waiting.
+bool IsThere(const FolderItem& folder) {
+  constexpr int kPatience = 40;
+  const auto found = FolderLister::Look(folder, kPatience);
+  return found && !found->Gone;
 }
 
 }  // namespace
@@ -126,7 +135,7 @@ void BrowserController::Wire() {
   };
   browser.FolderGone = [this] {
     FolderItem left = imageBrowser->CurrentFolder();
-    while (left && !left.Directory()) left = left.Parent();
+    while (left && !IsThere(left)) left = left.Parent();
     // Whoever edits a photo goes on doing so.
     Leaving(left);
     imageBrowser->DisplayItem(left);
@@ -144,7 +153,7 @@ void BrowserController::Wire() {
   iconSize->ValueChanged = [this] {
     if (updating_) return;
     imageBrowser->IconSize(iconSize->value());
-    desk_.Preferences.Assign("imageBrowser.IconSize", imageBrowser->IconSize());
+    KeepIconSize();
   };
   myPathBar->Action = [this](const SegmentViewPiece& piece) {
     DisplayContainer(ContainerOf(piece.Tag));
@@ -163,12 +172,14 @@ void BrowserController::OpenBrowser() {
       preferences.Value("PreviewDisplayMetaData", true).ToBool());
   imageBrowser->SplitterPosition(
       preferences.Value("imageBrowser.splitter", imageBrowser->SplitterPosition()).ToInt());
-  imageBrowser->Mode(std::clamp<int>(preferences.Value("imageBrowser.mode", 0).ToInt(),
-                                     multiViewFileBrowser::kIconView,
-                                     multiViewFileBrowser::kColumnView));
-  if (imageBrowser->Mode() != multiViewFileBrowser::kListView) {
-    imageBrowser->IconSize(preferences.Value("imageBrowser.IconSize", 128).ToInt());
-  }
+  const int mode =
+      std::clamp<int>(preferences.Value("imageBrowser.mode", 0).ToInt(),
+                      multiViewFileBrowser::kIconView, multiViewFileBrowser::kColumnView);
+  // Each view has a size of its own, also those that are not on show.
+  const int icons = preferences.Value(kIconSizeKey, 128).ToInt();
+  const int rows = preferences.Value(kRowSizeKey, 0).ToInt();
+  imageBrowser->IconSizes(icons, rows);
+  imageBrowser->Mode(mode);
   imageBrowser->Sort(std::clamp<int>(preferences.Value("imageBrowser.sortColumn", 0).ToInt(),
                                      BrowserRows::kNameColumn, BrowserRows::kDateColumn),
                      preferences.Value("imageBrowser.sortDescending", false).ToBool());
@@ -176,8 +187,8 @@ void BrowserController::OpenBrowser() {
   const std::string stored = preferences.Value("imageBrowser.currentView", "Default").ToText();
   FolderItem start =
       stored == "Default" ? Standard(QStandardPaths::PicturesLocation) : FolderItem(stored);
-  if (!start.Directory()) start = Standard(QStandardPaths::PicturesLocation);
-  if (!start.Directory()) start = Standard(QStandardPaths::HomeLocation);
+  if (!IsThere(start)) start = Standard(QStandardPaths::PicturesLocation);
+  if (!IsThere(start)) start = Standard(QStandardPaths::HomeLocation);
   mySideBar->updateList();
   DisplayContainer(start);
   imageBrowser->setFocus();
@@ -223,6 +234,11 @@ void BrowserController::ShowEnclosingFolder() {
   imageBrowser->SelectFiles({folder});
 }
 
+void BrowserController::KeepIconSize() {
+  const bool list = imageBrowser->Mode() == multiViewFileBrowser::kListView;
+  desk_.Preferences.Assign(list ? kRowSizeKey : kIconSizeKey, imageBrowser->IconSize());
+}
+
 void BrowserController::ModeChanged() {
   const int mode = imageBrowser->Mode();
   for (int i = 0; i <= browserViewStyle->Count(); ++i) {
@@ -230,6 +246,7 @@ void BrowserController::ModeChanged() {
   }
   browserViewStyle->update();
   desk_.Preferences.Assign("imageBrowser.mode", mode);
+  KeepIconSize();
   {
     const QScopedValueRollback updating(updating_, true);
     iconSize->Minimum = imageBrowser->minIconSize();

@@ -97,6 +97,7 @@ class BrowserController {
   /// The original of an alias, or nil once the user has been told that there is none.
   FolderItem Original(const FolderItem& alias);
   void ModeChanged();
+  void KeepIconSize();
   void Sort(int column);
   bool FillMenu(QMenu& menu);
   Variant TagOf(const BrowserContainer& container);

@@ -2,7 +2,6 @@
 // What opening an item of the browser means, and the path to what is on show.
 #include <QApplication>
 #include <QDesktopServices>
-#include <QFile>
 #include <QUrl>
 
 #include "app/browse/BrowserController.h"
@@ -24,7 +23,8 @@ constexpr const char* kLibraryPackage = "iPhoto Library";
 
 /// By the desktop's program for it.
 void Launch(const FolderItem& file) {
-  QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(file.Path().c_str())));
+  // Escaped, since the toolkit's texts lose names that are not UTF-8.
+  QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray::fromStdString(file.URLPath())));
 }
 
 SegmentViewPiece Piece(const QString& caption, const QString& icon, const Variant& tag) {
@@ -88,8 +88,10 @@ void BrowserController::OpenFile(const FolderItem& file, const FileFacts& facts)
   if (target.IsNil()) return;
   const bool browse = QApplication::keyboardModifiers().testFlag(Qt::AltModifier);
   if (isFileType(target, &BrivolantPhotosDocument)) return desk_.OpenDocument(target);
-  if (facts.Is == FileFacts::kPackage && !browse) {
-    if (file.Name() == kLibraryPackage && ShowLibrary && ShowLibrary()) return;
+  const bool package =
+      file.Alias() ? FolderitemExtensions::Package(target) : facts.Is == FileFacts::kPackage;
+  if (package && !browse) {
+    if (target.Name() == kLibraryPackage && ShowLibrary && ShowLibrary()) return;
     return Launch(target);
   }
   if (target.Directory()) return DisplayContainer(target);

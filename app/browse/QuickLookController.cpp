@@ -50,12 +50,10 @@ std::vector<QuickLookItem> QuickLookController::Items() const {
     if (const auto* item = std::get_if<ItemPointer>(&payload)) {
       const auto* file = std::get_if<FolderItem>(&(*item)->item);
       if (file != nullptr) shown.File = *file;
-      shown.Thumbnail = (*item)->image;
     } else if (const auto* photo = std::get_if<std::shared_ptr<iPhotoItem>>(&payload)) {
       shown.File = (*photo)->File();
-      shown.Thumbnail = ImageFromPicture((*photo)->DynamicPreview());
-      (*photo)->DisposeDynamicPreview();
     }
+    shown.Thumbnail = browser_.imageBrowser->Thumbnail(payload);
     items.push_back(std::move(shown));
   }
   return items;

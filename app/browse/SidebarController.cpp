@@ -7,6 +7,7 @@
 
 #include "app/commands/Commands.h"
 #include "app/commands/Menus.h"
+#include "browser/FolderLister.h"
 #include "browser/ui/Sidebar.h"
 #include "formats/FileTypes.h"
 #include "kit/InterfaceKitSupport.h"
@@ -16,6 +17,8 @@
 namespace brivolant {
 namespace {
 
+/// Milliseconds that a place may take to say that it is there.
+constexpr int kPatience = 40;
 /// Milliseconds between two looks at the mounted disks.
 constexpr int kDevices = 1000;
 constexpr const char* kFolds[] = {"MainWindow.sidebar.iPhoto", "MainWindow.sidebar.devices",
@@ -66,10 +69,7 @@ SidebarController::SidebarController(const Desk& desk, Commands& commands,
 }
 
 void SidebarController::Wire() {
-  bar_.CanEject = [](const SideBarItem& item) {
-    const auto* volume = std::get_if<VolumeItem>(&item.Tag);
-    return volume != nullptr && volume->Ejectable();
-  };
+  bar_.CanEject = [](const SideBarItem& item) { return item.Ejectable; };
   // A volume is its root.
   bar_.CompareItems = [](const SideBarItem::Target& a, const SideBarItem::Target& b) {
     return BrowserController::ContainerOf(a) == BrowserController::ContainerOf(b);
@@ -83,9 +83,13 @@ void SidebarController::Wire() {
   bar_.itemSelected = [this](const SideBarItem& item, bool eject) {
     if (const auto* volume = std::get_if<VolumeItem>(&item.Tag)) {
       const VolumeItem chosen = *volume;
-      if (!eject) return browser_.DisplayContainer(FolderItem(chosen));
-      (void)chosen.Eject(desk_.Desktop, desk_.Services.Dialogs, desk_.Services.Log);
-      return;
+      return eject ? Eject(chosen) : browser_.DisplayContainer(FolderItem(chosen));
+    }
+    if (const auto* folder = std::get_if<FolderItem>(&item.Tag)) {
+      const FolderItem place = *folder;
+      // One that is gone stays in the list and opens nothing.
+      const auto found = FolderLister::Look(place, kPatience);
+      return found && found->Gone ? Highlight() : browser_.DisplayContainer(place);
     }
     browser_.DisplayContainer(BrowserController::ContainerOf(item.Tag));
   };
@@ -95,6 +99,20 @@ void SidebarController::Wire() {
     bar_.updateList();
     SavePlaces();
   };
+}
+
+void SidebarController::Eject(const VolumeItem& volume) {
+  // It waits for the disk, which may have much to write.
+  const auto error = std::make_shared<std::string>();
+  ejecting_.Start({{},
+                   false,
+                   [&desktop = desk_.Desktop, root = FolderItem(volume), error](Jobs::Control&) {
+                     *error = desktop.Eject(root);
+                   },
+                   [this, volume, error](Jobs::End, const std::string&) {
+                     (void)volume.Ejected(*error, desk_.Services.Dialogs, desk_.Services.Log);
+                     LookAtDevices();
+                   }});
 }
 
 void SidebarController::WireMenu() {
@@ -122,8 +140,7 @@ void SidebarController::WireDrop() {
                              const std::shared_ptr<SideBarItem>& item, SideBarCollection& section) {
     const auto* folder = item ? std::get_if<FolderItem>(&item->Tag) : nullptr;
     if (folder != nullptr) {
-      // The drag's source waits for the drop to return.
-      QTimer::singleShot(0, &bar_, [this, files, target = *folder] { Dropped(files, target); });
+      Dropped(files, *folder);
     } else if (&section == bar_.item[kPlacesSection].get()) {
       for (const FolderItem& file : files) {
         if (file.Directory()) section.Add(file.DisplayName(), {}, file);
@@ -147,10 +164,14 @@ void SidebarController::Open() {
 }
 
 void SidebarController::LookAtDevices() {
-  const std::vector<FolderItem> now = SideBarSources::MountedVolumes();
+  const auto computer = desk_.Computer();
+  std::vector<std::pair<FolderItem, bool>> now;
+  for (int i = 0; i < computer->Count(); ++i) {
+    const auto& item = std::get<std::shared_ptr<browserItem>>(computer->Item(i));
+    now.emplace_back(item->File(), item->Volume.Known);
+  }
   if (now == volumes_) return;
   volumes_ = now;
-  const auto computer = desk_.Computer();
   multiViewFileBrowser& rows = *browser_.imageBrowser;
   if (rows.currentView() == BrowserContainer(computer)) rows.ReloadCurrentView();
   SideBarCollection& devices = *bar_.item[kDevicesSection];
@@ -159,6 +180,7 @@ void SidebarController::LookAtDevices() {
   for (int i = 0; i < computer->Count(); ++i) {
     const auto& item = std::get<std::shared_ptr<browserItem>>(computer->Item(i));
     devices.Add(item->Name, "Volume", std::get<VolumeItem>(item->item));
+    devices.item.back()->Ejectable = item->Volume.Ejectable;
   }
   Refresh();
 }

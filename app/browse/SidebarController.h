@@ -4,10 +4,12 @@
 #include <QTimer>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/browse/BrowserController.h"
 #include "app/core/Desk.h"
+#include "app/core/Jobs.h"
 #include "browser/SideBarItem.h"
 #include "platform/values/Event.h"
 #include "platform/values/Text.h"
@@ -24,7 +26,7 @@ class SidebarController {
                                                       "Open Enclosing Folder"};
   static constexpr LocalizedText kRemoveFromSidebar{"MainWindow.kRemoveFromSidebar",
                                                     "Remove From Sidebar"};
-  static constexpr LocalizedText kFavorites{"MainWindow.kFavorites", "Favorites"};
+  static constexpr const LocalizedText& kFavorites = SideBarSources::kFavorites;
   static constexpr LocalizedText kSearchResults{"MainWindow.kSearchResults", "Search Results"};
 
   /// The sections; that of searches comes and goes.
@@ -57,6 +59,7 @@ class SidebarController {
   void WireMenu();
   void WireDrop();
   void LookAtDevices();
+  void Eject(const VolumeItem& volume);
   void Refresh();
   /// Selects what is on show.
   void Highlight();
@@ -66,7 +69,9 @@ class SidebarController {
   BrowserController& browser_;
   Sidebar& bar_;
   QTimer deviceTimer_;
-  std::vector<FolderItem> volumes_;
+  /// Those that are shown, and whether they have told of themselves.
+  std::vector<std::pair<FolderItem, bool>> volumes_;
+  Jobs ejecting_;
   Listening listening_;
 };
 

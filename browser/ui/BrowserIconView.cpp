@@ -255,7 +255,10 @@ void BrowserIconView::mouseDoubleClickEvent(QMouseEvent* event) {
   const QPoint at = event->position().toPoint();
   const int row = itemInIconViewAtXY(at.x(), at.y());
   iconViewDragMode = kNoDrag;
-  if (row < 0 || event->button() != Qt::LeftButton || event->modifiers() != Qt::NoModifier) return;
+  // Alt opens too: a package as the folder that it is. Other keys select.
+  const bool selects =
+      (event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier)) != Qt::NoModifier;
+  if (row < 0 || event->button() != Qt::LeftButton || selects) return;
   const BrowserPayload payload = browser_.item(row);
   if (browser_.OpenItem) browser_.OpenItem(payload);
 }

@@ -221,7 +221,9 @@ void BrowserListView::mouseMoveEvent(QMouseEvent* event) {
 void BrowserListView::mouseDoubleClickEvent(QMouseEvent* event) {
   const int row = RowAt(event->position().toPoint().y());
   mayDrag_ = false;
-  if (row < 0 || event->button() != Qt::LeftButton) return;
+  const bool selects =
+      (event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier)) != Qt::NoModifier;
+  if (row < 0 || event->button() != Qt::LeftButton || selects) return;
   const BrowserPayload payload = browser_.item(row);
   if (browser_.OpenItem) browser_.OpenItem(payload);
 }

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "browser/ui/multiViewFileBrowser.h"
 
-#include <unistd.h>
-
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileSystemWatcher>
 #include <QScrollBar>
@@ -28,52 +27,10 @@ constexpr int kRepaint = 40;
 constexpr int kReload = 300;
 /// Milliseconds after which typed letters begin a new word.
 constexpr int kTyping = 1000;
-constexpr std::size_t kScaledKept = 600;
 /// Units of width: of the bar in the column view, and what its two sides keep.
 constexpr int kBar = 5;
 constexpr int kLeastIcons = 200;
 constexpr int kLeastPreview = 180;
-
-const void* IdOf(const BrowserPayload& payload) {
-  return std::visit(
-      [](const auto& held) -> const void* {
-        if constexpr (std::is_same_v<std::decay_t<decltype(held)>, std::monostate>) {
-          return nullptr;
-        } else {
-          return held.get();
-        }
-      },
-      payload);
-}
-
-/// The photo of a library whose preview stands for a payload; null for any other payload.
-std::shared_ptr<iPhotoItem> PhotoOf(const BrowserPayload& payload) {
-  if (const auto* photo = std::get_if<std::shared_ptr<iPhotoItem>>(&payload)) return *photo;
-  const auto* roll = std::get_if<std::shared_ptr<iPhotoRoll>>(&payload);
-  return roll == nullptr ? nullptr : (*roll)->FirstItem();
-}
-
-QImage ImageOf(const BrowserPayload& payload) {
-  if (const auto* item = std::get_if<std::shared_ptr<browserItem>>(&payload)) return (*item)->image;
-  const std::shared_ptr<iPhotoItem> photo = PhotoOf(payload);
-  if (!photo) return {};
-  QImage image = ImageFromPicture(photo->DynamicPreview());
-  // Only what is drawn of it is kept, and of that no more than a few screens.
-  photo->DisposeDynamicPreview();
-  return image;
-}
-
-/// The image within a square of `side` units; small ones are not blown up beyond their pixels.
-QPixmap Fitted(const QImage& image, int side, double ratio) {
-  if (image.isNull()) return {};
-  const QSize fitted = image.size().scaled(QSize(side, side) * ratio, Qt::KeepAspectRatio);
-  QPixmap pixmap = QPixmap::fromImage(
-      fitted.width() >= image.width()
-          ? image
-          : image.scaled(fitted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-  pixmap.setDevicePixelRatio(ratio);
-  return pixmap;
-}
 
 /// The bar asks nobody anything.
 Dialogs& Silence() {
@@ -168,11 +125,12 @@ void multiViewFileBrowser::Mode(int mode) {
 }
 
 void multiViewFileBrowser::IconSize(int size) {
-  if (intMode == kListView) {
-    listViewSize = std::clamp(size, 0, 1);
-  } else {
-    iconViewSize = std::clamp(size, 16, 256);
-  }
+  IconSizes(intMode == kListView ? iconViewSize : size, intMode == kListView ? size : listViewSize);
+}
+
+void multiViewFileBrowser::IconSizes(int icons, int rows) {
+  iconViewSize = std::clamp(icons, 16, 256);
+  listViewSize = std::clamp(rows, 0, 1);
   const int row = ListIndex();
   icons_->UpdateScrollBar();
   list_->UpdateScrollBar();
@@ -217,6 +175,7 @@ void multiViewFileBrowser::Update() {
 
 void multiViewFileBrowser::Watch(const FolderItem& folder) {
   watcher_ = std::make_unique<QFileSystemWatcher>();
+  watched_ = !folder.IsNil();
   if (folder.IsNil()) return;
   watcher_->addPath(QFile::decodeName(folder.Path().c_str()));
   connect(watcher_.get(), &QFileSystemWatcher::directoryChanged, this, [this] { reload_.start(); });
@@ -230,17 +189,22 @@ void multiViewFileBrowser::DisplayItem(const Container& value) {
   slowReload_ = false;
   reload_.stop();
   Container container = value;
+  QElapsedTimer since;
+  since.start();
+  std::optional<FolderLister::Place> place;
   if (const auto* folder = std::get_if<FolderItem>(&container)) {
-    // A link is shown as what it leads to; one that leads nowhere shows nothing.
-    const FolderItem real = FolderitemExtensions::OriginalFile(*folder);
-    if (real.Alias()) return;
-    container = real;
+    // A link is shown as what it leads to; one that leads nowhere shows nothing. A place that does
+    // not answer is shown as it is called, and waited for elsewhere.
+    place = FolderLister::Look(*folder, kPatience);
+    if (place && place->Gone && place->Real.Alias()) return;
+    if (place) container = place->Real;
   }
   wanted_.clear();
   if (!reloading_) {
     before_.clear();
     scaled_.clear();
     scaledAt_.clear();
+    photos_.clear();
     icons_->verticalScrollBar()->setValue(0);
     list_->verticalScrollBar()->setValue(0);
     anchor_ = -1;
@@ -250,11 +214,13 @@ void multiViewFileBrowser::DisplayItem(const Container& value) {
   if (!reloading_) UpdatePreview();
   currentView_ = container;
   const FolderItem folder = CurrentFolder();
-  Watch(folder);
+  // A slow folder that is read again is watched already.
+  if (place || !reloading_) Watch(place ? folder : FolderItem());
   if (folder) {
+    // What was silent once is not waited for again.
     lister_.List(folder,
                  {rows_.SortColumn(), rows_.Descending(), showInvisibles, DocumentExtension},
-                 kPatience);
+                 place ? std::max(kPatience - static_cast<int>(since.elapsed()), 0) : 0);
     if (Listing() && !reloading_ && ListChanged) ListChanged();
     Update();
     return;
@@ -277,9 +243,6 @@ void multiViewFileBrowser::DisplayItem(const Container& value) {
 void multiViewFileBrowser::ReloadCurrentView() {
   // Whoever is typing a name is not disturbed by a change of the folder.
   if (Listing() || rename_ != nullptr) return reload_.start();
-  if (const FolderItem folder = CurrentFolder(); folder && !folder.Directory() && FolderGone) {
-    return FolderGone();
-  }
   const int current = rows_.ListIndex();
   const auto place = [this](int row) {
     const auto item = rows_.Item(row);
@@ -312,6 +275,11 @@ void multiViewFileBrowser::ReloadCurrentView() {
   // While a slow folder is read, what is shown of the selection stays.
   slowReload_ = Listing();
   if (!slowReload_) RaiseSelectionChanged();
+  if (!slowReload_) LeaveIfGone();
+}
+
+void multiViewFileBrowser::LeaveIfGone() {
+  if (CurrentFolder() && lister_.Found() && lister_.Found()->Gone && FolderGone) FolderGone();
 }
 
 void multiViewFileBrowser::TakeListed(std::vector<BrowserRows::Row> rows, bool done) {
@@ -334,61 +302,21 @@ void multiViewFileBrowser::TakeListed(std::vector<BrowserRows::Row> rows, bool d
   Update();
   if (!done) return;
   before_.clear();
+  if (!watched_) {
+    // It has answered at last. What changed meanwhile is seen by a second look.
+    currentView_ = lister_.Found()->Real;
+    Watch(CurrentFolder());
+    reload_.start();
+  }
   const bool selects = !std::exchange(wanted_, {}).empty();
   RunGetter();
-  if (std::exchange(slowReload_, false) || selects) {
+  const bool slow = std::exchange(slowReload_, false);
+  if (slow || selects) {
     if (selects && ListIndex() >= 0) ScrollTo(ListIndex());
     RaiseSelectionChanged();
   }
   if (ListChanged) ListChanged();
-}
-
-void multiViewFileBrowser::RunGetter() {
-  getter_.Size =
-      iconViewSize * devicePixelRatioF() > 256 ? ThumbnailCache::kXLarge : ThumbnailCache::kLarge;
-  for (int i = 0; i < rows_.Count(); ++i) {
-    const auto item = rows_.Item(i);
-    if (item && item->image.isNull() && !item->HasNoThumbnail) getter_.item.push_back(item);
-  }
-  getter_.Run();
-}
-
-void multiViewFileBrowser::RowsInView(int first, int end) {
-  std::vector<std::shared_ptr<browserItem>> items;
-  for (int i = first; i < end; ++i) {
-    if (auto item = rows_.Item(i)) items.push_back(std::move(item));
-  }
-  getter_.InView(items);
-}
-
-QPixmap multiViewFileBrowser::CellPicture(int row, int side) {
-  const BrowserPayload& payload = item(row);
-  const double ratio = devicePixelRatioF();
-  const auto entry = rows_.Item(row);
-  if (entry ? entry->image.isNull() : PhotoOf(payload) == nullptr) {
-    return FileIcons::For(payload, side, ratio);
-  }
-  // The preview of a library's photo never changes: it is read once, even if there is none.
-  const qint64 stamp = entry ? entry->image.cacheKey() : 0;
-  const void* id = IdOf(payload);
-  const auto known = scaledAt_.find(id);
-  if (known != scaledAt_.end()) {
-    const Scaled& scaled = known->second->second;
-    if (scaled.of == stamp && scaled.side == side) {
-      scaled_.splice(scaled_.end(), scaled_, known->second);
-      return scaled.pixmap.isNull() ? FileIcons::For(payload, side, ratio) : scaled.pixmap;
-    }
-    scaled_.erase(known->second);
-    scaledAt_.erase(known);
-  }
-  const QPixmap pixmap = Fitted(ImageOf(payload), side, ratio);
-  scaled_.emplace_back(id, Scaled{stamp, side, pixmap});
-  scaledAt_[id] = std::prev(scaled_.end());
-  while (scaled_.size() > kScaledKept) {
-    scaledAt_.erase(scaled_.front().first);
-    scaled_.pop_front();
-  }
-  return pixmap.isNull() ? FileIcons::For(payload, side, ratio) : pixmap;
+  if (slow) LeaveIfGone();
 }
 
 // The selection.
@@ -400,7 +328,7 @@ void multiViewFileBrowser::UpdatePreview() {
   const auto* row = std::get_if<std::shared_ptr<browserItem>>(&payload);
   const std::vector<FolderItem> files = FilesOf(payload);
   if (files.size() != 1) return preview_->Clear();
-  QImage stand = ImageOf(payload);
+  QImage stand = Thumbnail(payload);
   if (stand.isNull()) {
     constexpr int kIcon = 512;
     stand = FileIcons::For(payload, kIcon, 1).toImage();
@@ -434,8 +362,7 @@ AccessibleItem multiViewFileBrowser::DescribeRow(int row, const QRect& place) co
 
 std::string multiViewFileBrowser::TextOfNothing() const {
   if (!EmptyText.empty()) return EmptyText;
-  const FolderItem folder = CurrentFolder();
-  const bool closed = folder && access(folder.Path().c_str(), R_OK | X_OK) != 0;
+  const bool closed = CurrentFolder() && lister_.Found() && lister_.Found()->Closed;
   return (closed ? kUnreadableFolder : kEmptyFolder).Text();
 }
 
@@ -547,8 +474,9 @@ std::string multiViewFileBrowser::GetViewInfo() const {
   } else {
     info = count + " " + (rows_.Count() == 1 ? BrowserRows::kitem : BrowserRows::kItems).Text();
   }
-  if (const FolderItem folder = CurrentFolder(); folder && folder.Exists()) {
-    const auto free = static_cast<double>(VolumeItem(folder).AvailableSpace());
+  // As it was when the folder was listed: the disk is not asked at every key.
+  if (CurrentFolder() && lister_.Found() && !lister_.Found()->Gone) {
+    const auto free = static_cast<double>(lister_.Found()->Available);
     info += ", " + FolderitemExtensions::AsFileSize(free, ".00") + " " + kFreeSpace.Text();
   }
   return info;

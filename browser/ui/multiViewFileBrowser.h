@@ -63,6 +63,8 @@ class multiViewFileBrowser final : public QWidget {
   /// 16 to 256 for icons; 0 or 1, the height of rows, for the list.
   int IconSize() const { return intMode == kListView ? listViewSize : iconViewSize; }
   void IconSize(int size);
+  /// Both sizes, whatever is on show.
+  void IconSizes(int icons, int rows);
   int minIconSize() const { return intMode == kListView ? 0 : 16; }
   int maxIconSize() const { return intMode == kListView ? 1 : 256; }
   /// Cells stand in the middle of the width.
@@ -121,6 +123,8 @@ class multiViewFileBrowser final : public QWidget {
   browserThumbnailGetter& myImageGetter() { return getter_; }
   /// A row's thumbnail or icon, fitted into a square of `side` units.
   QPixmap CellPicture(int row, int side);
+  /// The thumbnail as far as it is there; null otherwise. Reads nothing.
+  QImage Thumbnail(const BrowserPayload& payload);
   BrowserIconView& IconView() { return *icons_; }
   BrowserListView& ListView() { return *list_; }
   ColumnPreview& previewCanvas() { return *preview_; }
@@ -192,8 +196,14 @@ class multiViewFileBrowser final : public QWidget {
   };
   void Lay();
   void Watch(const FolderItem& folder);
+  void LeaveIfGone();
   void TakeListed(std::vector<BrowserRows::Row> rows, bool done);
   void RunGetter();
+  /// Pixels that a thumbnail needs in the present view.
+  int NeededSide() const;
+  /// What has the thumbnail of a payload: the row's item, or one that stands for the photo of a
+  /// library; null if there can be none.
+  std::shared_ptr<browserItem> EntryOf(const BrowserPayload& payload);
   void MoveTo(int row, bool extend);
   void UpdatePreview();
   void EndRename(bool take);
@@ -215,6 +225,7 @@ class multiViewFileBrowser final : public QWidget {
   QLineEdit* rename_ = nullptr;
   std::shared_ptr<browserItem> renamed_;
   std::unique_ptr<QFileSystemWatcher> watcher_;
+  bool watched_ = false;
   QTimer reload_;
   QTimer repaint_;
   /// Rows that were there before a reload, by their paths.
@@ -228,6 +239,8 @@ class multiViewFileBrowser final : public QWidget {
   QTimer typing_;
   /// Where a range began that is selected by keys.
   int anchor_ = -1;
+  std::unordered_map<std::shared_ptr<iPhotoItem>, std::shared_ptr<browserItem>> photos_;
+  std::size_t scaledMost_ = 0;
   std::list<std::pair<const void*, Scaled>> scaled_;
   std::unordered_map<const void*, std::list<std::pair<const void*, Scaled>>::iterator> scaledAt_;
 };

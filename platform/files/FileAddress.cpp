@@ -26,17 +26,6 @@ int Digit(char c) {
   return -1;
 }
 
-std::string Decoded(std::string_view text) {
-  std::string bytes;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool escape =
-        text[i] == '%' && i + 2 < text.size() && Digit(text[i + 1]) >= 0 && Digit(text[i + 2]) >= 0;
-    bytes += escape ? static_cast<char>(Digit(text[i + 1]) * 16 + Digit(text[i + 2])) : text[i];
-    if (escape) i += 2;
-  }
-  return bytes;
-}
-
 bool ThisMachine(std::string_view host) {
   if (host.empty() || EqualIgnoringCase(host, "localhost")) return true;
   std::array<char, 256> own{};
@@ -58,6 +47,17 @@ std::string PercentEncoded(std::string_view bytes) {
     }
   }
   return text;
+}
+
+std::string Decoded(std::string_view text) {
+  std::string bytes;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool escape =
+        text[i] == '%' && i + 2 < text.size() && Digit(text[i + 1]) >= 0 && Digit(text[i + 2]) >= 0;
+    bytes += escape ? static_cast<char>(Digit(text[i + 1]) * 16 + Digit(text[i + 2])) : text[i];
+    if (escape) i += 2;
+  }
+  return bytes;
 }
 
 std::string Of(const FolderItem& file) {

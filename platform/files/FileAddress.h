@@ -16,6 +16,8 @@ namespace FileAddress {
 /// Every byte but letters, digits and "-_.~!$&'()*+,;=:@/" as "%" and two hexadecimal digits: the
 /// form that the desktop's programs agree on, so that shared thumbnails are found by it.
 std::string PercentEncoded(std::string_view bytes);
+/// The bytes behind such a text; a "%" without two digits stands for itself.
+std::string Decoded(std::string_view text);
 std::string Of(const FolderItem& file);
 /// Nil if it is not the address of a file of this machine.
 FolderItem File(std::string_view address);

@@ -7,12 +7,13 @@
 #include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QStorageInfo>
 #include <QStringList>
 #include <QVariantMap>
 #include <array>
 #include <cstdio>
+#include <filesystem>
 
+#include "platform/files/MountTable.h"
 #include "platform/pictures/Picture.h"
 #include "platform/services/SharedFolders.h"
 #include "platform/values/Text.h"
@@ -56,29 +57,75 @@ bool FreedesktopDesktop::Reveal(const FolderItem& item) {
     if (reply.isValid()) return true;
   }
   return QProcess::startDetached(QStringLiteral("xdg-open"),
-                                 {QString::fromStdString(item.Parent().ShellPath())});
+                                 {QString::fromStdString(item.Parent().URLPath())});
 }
 
-std::string FreedesktopDesktop::Eject(const FolderItem& root) {
-  const QStorageInfo storage(QFile::decodeName(root.Path().c_str()));
-  const QString service = QStringLiteral("org.freedesktop.UDisks2");
-  const QString path = QStringLiteral("/org/freedesktop/UDisks2/block_devices/") +
-                       QString::fromUtf8(storage.device()).section(QLatin1Char('/'), -1);
-  QDBusInterface volume(service, path, QStringLiteral("org.freedesktop.UDisks2.Filesystem"),
-                        QDBusConnection::systemBus());
-  const QDBusReply<void> unmounted = volume.call(QStringLiteral("Unmount"), QVariantMap());
-  if (!unmounted.isValid()) {
-    if (unmounted.error().name().endsWith(QLatin1String("DeviceBusy"))) return "busy";
-    return unmounted.error().message().toStdString();
+namespace {
+
+const QString kDisks = QStringLiteral("org.freedesktop.UDisks2");
+
+/// The answer of the service of disks; a stick with much to write takes long.
+QDBusMessage AskDisks(const QString& path, const char* interface, const char* method,
+                      const QVariantList& arguments) {
+  constexpr int kPatience = 600000;
+  QDBusMessage question = QDBusMessage::createMethodCall(
+      kDisks, path, QString::fromLatin1(interface), QString::fromLatin1(method));
+  question.setArguments(arguments);
+  return QDBusConnection::systemBus().call(question, QDBus::Block, kPatience);
+}
+
+/// The object of a device: what is no letter or digit of its name stands as "_2d".
+QString DiskObject(const std::string& device) {
+  std::error_code error;
+  const auto real = std::filesystem::canonical(device, error);
+  QString path = QStringLiteral("/org/freedesktop/UDisks2/block_devices/");
+  for (const char c : (error ? std::filesystem::path(device) : real).filename().string()) {
+    const auto byte = static_cast<unsigned char>(c);
+    const bool plain = byte < 0x80 && QChar::isLetterOrNumber(byte);
+    path += plain ? QString(QLatin1Char(c))
+                  : QStringLiteral("_%1").arg(static_cast<int>(byte), 2, 16, QLatin1Char('0'));
   }
-  QDBusInterface block(service, path, QStringLiteral("org.freedesktop.UDisks2.Block"),
-                       QDBusConnection::systemBus());
-  const QString drive = block.property("Drive").value<QDBusObjectPath>().path();
-  QDBusInterface ejector(service, drive, QStringLiteral("org.freedesktop.UDisks2.Drive"),
-                         QDBusConnection::systemBus());
-  const QDBusReply<void> ejected = ejector.call(QStringLiteral("Eject"), QVariantMap());
+  return path;
+}
+
+std::string RunUnmount(const std::vector<std::string>& command) {
+  QStringList arguments;
+  for (std::size_t i = 1; i < command.size(); ++i) {
+    arguments << QFile::decodeName(command[i].c_str());
+  }
+  QProcess program;
+  program.start(QString::fromStdString(command.front()), arguments);
+  constexpr int kPatience = 600000;
+  if (!program.waitForFinished(kPatience)) return program.errorString().toStdString();
+  if (program.exitStatus() == QProcess::NormalExit && program.exitCode() == 0) return {};
+  const std::string error = program.readAllStandardError().trimmed().toStdString();
+  if (error.find("busy") != std::string::npos) return "busy";
+  return error.empty() ? command.front() + " failed" : error;
+}
+
+}  // namespace
+
+std::string FreedesktopDesktop::Eject(const FolderItem& root) {
+  const MountTable table = MountTable::Now();
+  const std::vector<std::string> command = table.UnmountCommand(root);
+  if (!command.empty()) return RunUnmount(command);
+  const Mount* mount = table.Of(root);
+  if (mount == nullptr || mount->Root != root) return "nothing is mounted there";
+  const QString path = DiskObject(mount->Device);
+  const QDBusMessage unmounted = AskDisks(path, "org.freedesktop.UDisks2.Filesystem", "Unmount",
+                                          {QVariant::fromValue(QVariantMap())});
+  if (unmounted.type() == QDBusMessage::ErrorMessage) {
+    if (unmounted.errorName().endsWith(QLatin1String("DeviceBusy"))) return "busy";
+    return unmounted.errorMessage().toStdString();
+  }
+  const QDBusMessage drive =
+      AskDisks(path, "org.freedesktop.DBus.Properties", "Get",
+               {QStringLiteral("org.freedesktop.UDisks2.Block"), QStringLiteral("Drive")});
+  if (drive.arguments().isEmpty()) return {};
+  const auto answer = drive.arguments().constFirst().value<QDBusVariant>();
   // An unmounted stick without an ejectable tray is safe to pull: that is success.
-  (void)ejected;
+  (void)AskDisks(answer.variant().value<QDBusObjectPath>().path(), "org.freedesktop.UDisks2.Drive",
+                 "Eject", {QVariant::fromValue(QVariantMap())});
   return {};
 }
 

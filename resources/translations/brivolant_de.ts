@@ -1936,6 +1936,10 @@
         <source>Undoes the last action you performed if available</source>
         <translation>Nimmt die letzte Handlung zurück, wenn es eine gibt</translation>
     </message>
+    <message id="VolumeItem.kShareOn">
+        <source>&lt;share&gt; on &lt;server&gt;</source>
+        <translation>&lt;share&gt; auf &lt;server&gt;</translation>
+    </message>
     <message id="VolumeItem.ErrorEjectFailedInUseExplaniation">
         <source>Try closing unused documents and applications, especially documents that are saved on the device.</source>
         <translation>Schließen Sie Dokumente und Programme, vor allem Dokumente, die auf dem Gerät liegen.</translation>

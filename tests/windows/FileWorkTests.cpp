@@ -1,19 +1,26 @@
 // SPDX-License-Identifier: MIT
 // What is done with files in the browser: that nothing is lost by it, and that it is taken back.
 #include <QApplication>
+#include <QDesktopServices>
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QTest>
+#include <QTextBrowser>
 #include <QUrl>
+#include <atomic>
+#include <thread>
 
 #include "BrowsingHelpers.h"
 #include "app/commands/ToolButtons.h"
 #include "browser/ui/ColumnPreview.h"
 #include "browser/ui/Sidebar.h"
 #include "files/FolderitemExtensions.h"
+#include "kit/DesktopServices.h"
 #include "kit/ifkPathBar.h"
 #include "kit/ifkSearchField.h"
+#include "kit/ifkSlider.h"
+#include "platform/files/FileAddress.h"
 
 namespace brivolant::test {
 namespace {
@@ -212,6 +219,139 @@ TEST(FileWork, ResultsOfASearchFollowWhatIsDoneWithThem) {
   program.Choose("EditUndo");
   EXPECT_TRUE(program.Shows({"beach 1.jpg", "beach 2.jpg", "beach 3.jpg"}));
   EXPECT_TRUE(program.home.Child("beach 2.jpg").Exists());
+}
+
+/// Keeps the addresses that are handed to the desktop. The toolkit calls a slot for them, and this
+/// class has one that takes an address.
+class Launches final : public QTextBrowser {
+ public:
+  Launches() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "setSource"); }
+  ~Launches() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+  std::vector<std::string> addresses;
+
+ protected:
+  void doSetSource(const QUrl& url, QTextDocument::ResourceType) override {
+    addresses.push_back(url.toEncoded().toStdString());
+  }
+};
+
+TEST(FileWork, NamesThatAreNoTextGoOutAsTheyAre) {
+  Browsing program({"a.jpg"});
+  Launches launches;
+  const FolderItem odd = program.home.Write("Pictures/caf\xE9.txt", "words");
+  ASSERT_TRUE(Until([&] { return program.Browser().Count() == 2; }));
+  program.Browser().SelectFiles({odd});
+  const auto data = program.Browser().DragData();
+  ASSERT_NE(data, nullptr);
+  EXPECT_THAT(TakeDrag(*data).Files, ElementsAre(odd));
+  program.Choose("EditCopy");
+  program.Choose("EditPaste");
+  ASSERT_TRUE(Until([&] { return program.Pictures().Child("caf\xE9-1.txt").Exists(); }));
+  program.Browser().SelectFiles({odd});
+  program.Browser().setFocus();
+  Key(program.Window(), Qt::Key_Return);
+  EXPECT_THAT(launches.addresses, ElementsAre(FileAddress::Of(odd)));
+}
+
+TEST(FileWork, PackagesOpenAsFilesAndWithAltAsFolders) {
+  Browsing program({});
+  Launches launches;
+  const FolderItem package = program.Pictures().Child("Tool");
+  ASSERT_FALSE(package.Child("Contents").CreateAsFolder());
+  ASSERT_TRUE(FolderitemExtensions::MakeAlias(package, program.Pictures().Child("link")));
+  ASSERT_TRUE(program.Shows({"link", "Tool"}));
+  for (const int row : {0, 1}) DoubleClick(program.Grid(), program.Cell(row));
+  EXPECT_THAT(launches.addresses, ElementsAre(FileAddress::Of(package), FileAddress::Of(package)));
+  for (const int row : {0, 1}) {
+    QTest::mouseDClick(program.Window().windowHandle(), Qt::LeftButton, Qt::AltModifier,
+                       program.Grid().mapTo(&program.Window(), program.Cell(row)));
+    EXPECT_TRUE(Until([&] { return program.Listed(package); })) << row;
+    program.Window().DisplayContainer(program.Pictures());
+    ASSERT_TRUE(program.Shows({"link", "Tool"}));
+  }
+  EXPECT_EQ(launches.addresses.size(), 2U);
+}
+
+TEST(Sidebar, APlaceThatIsGoneOpensNothing) {
+  Browsing program({"a.jpg"});
+  const FolderItem trip = program.home.Child("Trip");
+  ASSERT_FALSE(trip.CreateAsFolder());
+  Sidebar& bar = *program.Window().mySideBar;
+  bar.item[MainWindow::kPlacesSection]->Add("Trip", "Folder", trip);
+  bar.updateList();
+  const QPoint row = bar.RowRect(bar.RowCount() - 1).center();
+  Click(*bar.viewport(), row);
+  ASSERT_TRUE(Until([&] { return program.Listed(trip); }));
+  program.Window().DisplayContainer(program.Pictures());
+  ASSERT_TRUE(program.Shows({"a.jpg"}));
+  ASSERT_FALSE(trip.Delete());
+  Click(*bar.viewport(), row);
+  EXPECT_EQ(program.Browser().CurrentFolder(), program.Pictures());
+  EXPECT_EQ(bar.ItemAt(bar.ListIndex())->Caption, "Pictures");
+  EXPECT_EQ(bar.item[MainWindow::kPlacesSection]->item.back()->Caption, "Trip");
+}
+
+TEST(Sidebar, EjectingWaitsElsewhere) {
+  Browsing program({"a.jpg"});
+  std::atomic<bool> go = false;
+  std::thread::id thread;
+  program.desktop.ejects = [&](const FolderItem&) {
+    thread = std::this_thread::get_id();
+    while (!go) std::this_thread::yield();
+    return std::string("busy");
+  };
+  Sidebar& bar = *program.Window().mySideBar;
+  SideBarCollection& devices = *bar.item[MainWindow::kDevicesSection];
+  ASSERT_GE(devices.Count(), 2);
+  const auto row = [&] {
+    for (int i = 0; i < bar.RowCount(); ++i) {
+      if (bar.ItemAt(i) == devices.item[1]) return i;
+    }
+    return -1;
+  };
+  const auto button = [&] {
+    const QRect rect = bar.RowRect(row());
+    return QPoint(rect.right() - 16, rect.center().y());
+  };
+  // What cannot be taken out has no button: the click chooses it.
+  devices.item[1]->Ejectable = false;
+  Click(*bar.viewport(), button());
+  ASSERT_TRUE(Until([&] { return program.Listed(FolderItem("/")); }));
+  devices.item[1]->Ejectable = true;
+  Click(*bar.viewport(), button());
+  // The window goes on meanwhile.
+  program.Window().DisplayContainer(program.Pictures());
+  ASSERT_TRUE(program.Shows({"a.jpg"}));
+  EXPECT_THAT(program.dialogs.messages, IsEmpty());
+  go = true;
+  ExpectSoon([&] { return program.dialogs.messages.size(); }, 1U);
+  EXPECT_NE(thread, std::this_thread::get_id());
+}
+
+TEST(IconSizes, EachViewKeepsItsOwn) {
+  Browsing program({"a.jpg"});
+  const auto set = [&](int value) {
+    program.Window().iconSize->value(value);
+    program.Window().iconSize->ValueChanged();
+  };
+  set(200);
+  program.Choose("ViewAsList");
+  set(1);
+  EXPECT_EQ(program.Browser().IconSize(), 1);
+  program.Window().close();
+  program.Start();
+  ASSERT_TRUE(program.Shows({"a.jpg"}));
+  ASSERT_EQ(program.Browser().Mode(), multiViewFileBrowser::kListView);
+  EXPECT_EQ(program.Browser().IconSize(), 1);
+  program.Choose("ViewAsIcons");
+  EXPECT_EQ(program.Browser().IconSize(), 200);
+  // A larger size gets pictures of its own.
+  program.Photo("Pictures/large.jpg", 1600, 1200);
+  ASSERT_TRUE(program.Shows({"a.jpg", "large.jpg"}));
+  set(64);
+  set(256);
+  const auto width = [&] { return program.Browser().Thumbnail(program.Browser().item(1)).width(); };
+  EXPECT_TRUE(Until([&] { return width() >= 256; }));
 }
 
 }  // namespace

@@ -172,6 +172,36 @@ TEST(Window, StandsInTheWindowMenuWhileItIsOpen) {
   ifkWindow::WindowMenu(nullptr);
 }
 
+TEST(Window, TheDesktopMovesAndSizesAWindowWithoutAFrameWhereItCan) {
+  struct Asking final : ifkWindow {
+    Asking() : ifkWindow(nullptr, Qt::Window) {}
+    bool takes = true;
+    int moves = 0;
+    int sizes = 0;
+    bool StartSystemMove() override { return ++moves > 0 && takes; }
+    bool StartSystemResize() override { return ++sizes > 0 && takes; }
+  } window;
+  window.Style(ifkWindow::kDarkPanel);
+  window.setGeometry(100, 100, 300, 200);
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  const QRect before = window.geometry();
+  // A click asks for nothing; a drag asks once and leaves the rest to the desktop.
+  Click(window, {150, 100});
+  EXPECT_EQ(window.moves, 0);
+  Drag(window, {150, 100}, {190, 130});
+  EXPECT_EQ(window.moves, 1);
+  Drag(window, {296, 196}, {330, 230});
+  EXPECT_EQ(window.sizes, 1);
+  EXPECT_EQ(window.geometry(), before);
+  // One that does not take it lets the program do it.
+  window.takes = false;
+  Press(window, {100, 100});
+  Move(window, {130, 110});
+  Release(window, {100, 100});
+  EXPECT_EQ(window.pos(), before.topLeft() + QPoint(30, 10));
+}
+
 TEST(Window, ADarkPanelIsMovedByAnyPartAndClosedByItsBox) {
   ifkWindow window;
   window.setGeometry(200, 150, 300, 200);

@@ -81,7 +81,11 @@ struct RecordingDesktop final : Desktop {
     revealed.push_back(item);
     return true;
   }
-  std::string Eject(const FolderItem&) override { return {}; }
+  /// What ejecting does; on the thread that waits for it.
+  std::function<std::string(const FolderItem&)> ejects;
+  std::string Eject(const FolderItem& root) override {
+    return ejects ? ejects(root) : std::string();
+  }
   bool SetPicture(const FolderItem& image) override {
     pictures.push_back(image);
     return takesPictures;
