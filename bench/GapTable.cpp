@@ -18,6 +18,7 @@
 #include "engine/ui/EffectStackEditor.h"
 #include "formats/BrivolantDocument.h"
 #include "formats/FileTypes.h"
+#include "kit/ifkSearchField.h"
 #include "kit/ifkSegmentView.h"
 
 namespace brivolant::bench {
@@ -269,10 +270,11 @@ struct Bench {
     }
     SpotlightQuery& search = window.mySpotlightSearch;
     search.Roots = {tree};
-    search.Query = "found";
+    ifkSearchField& field = *window.browserSearchField;
+    for (MenuItem& item : field.Menu) item.Checked = &item == &field.Menu[1];
     Gap(
-        "searching 200,000 names", kStill, [&] { search.Run(); },
-        [&] { return search.IsCompleted() && !browser.Listing(); });
+        "searching 200,000 names", kStill, [&] { field.Text("found"); },
+        [&] { return search.IsCompleted() && !browser.Listing() && browser.Count() > 0; });
   }
 
   /// What is at rest for the eye, and a frame of a display.
