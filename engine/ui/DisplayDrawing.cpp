@@ -187,14 +187,50 @@ void EditorDisplay::DrawPart(QPainter& painter, const Picture& picture, const QR
   painter.drawImage(visible.topLeft(), part.AsImage());
 }
 
+const QImage& EditorDisplay::Buffer() {
+  if (!newer_.IsNil()) {
+    QPainter painter(&buffer_);
+    const QRect inside = framed_.adjusted(1, 1, -1, -1);
+    painter.drawImage(inside.topLeft(), newer_.AsImage(), inside.translated(-framed_.topLeft()));
+    newer_ = Picture();
+  }
+  return buffer_;
+}
+
+QRect EditorDisplay::NewerPart() const {
+  const int ratio = static_cast<int>(devicePixelRatioF());
+  const QRect inside = framed_.adjusted(1, 1, -1, -1) & buffer_.rect();
+  const QPoint first((inside.left() + ratio - 1) / ratio, (inside.top() + ratio - 1) / ratio);
+  const QPoint behind((inside.right() + 1) / ratio, (inside.bottom() + 1) / ratio);
+  return {first, behind - QPoint(1, 1)};
+}
+
+bool EditorDisplay::TakeNewer(QPainter& painter, const Picture& photo) {
+  const double ratio = devicePixelRatioF();
+  if (!view_.Fits() || PreviewRect() != framed_ || framed_.size() != SizeOf(photo) ||
+      !BeforeRect().isEmpty() || ratio != std::floor(ratio)) {
+    return false;
+  }
+  const QRect part = NewerPart();
+  if (part.isEmpty()) return false;
+  const int dense = static_cast<int>(ratio);
+  painter.setClipRegion(QRegion(framed_.adjusted(1, 1, -1, -1)) -
+                        QRect(part.topLeft() * dense, part.size() * dense));
+  painter.drawImage(framed_.topLeft(), photo.AsImage());
+  newer_ = photo;
+  return true;
+}
+
 void EditorDisplay::DrawPictures(bool full) {
   QPainter painter(&buffer_);
   if (full) painter.drawImage(0, 0, backdrop_);
+  newer_ = Picture();
   const bool open = myProcessor != nullptr && myProcessor->Document != nullptr;
   const Picture preview = !open              ? Picture()
                           : instead_.IsNil() ? myProcessor->Document->PreviewAfter
                                              : instead_;
   LayOut(preview);
+  if (full) framed_ = QRect();
   if (preview.IsNil()) return;
   const double ratio = devicePixelRatioF();
   const auto around = [&](const QRect& place, const QRect& area, const auto& draw) {
@@ -209,9 +245,11 @@ void EditorDisplay::DrawPictures(bool full) {
     // Enlarged, no pixel of the photo is covered.
     painter.drawRect(view_.Fits() ? place.adjusted(0, 0, -1, -1) : place.adjusted(-1, -1, 0, 0));
   };
+  const Picture marked = view_.Fits() && instead_.IsNil() ? myProcessor->Preview() : preview;
+  if (!full && TakeNewer(painter, marked)) return;
+  framed_ = PreviewRect();
   around(PreviewRect(), view_.PhotoArea(), [&] {
     if (view_.Fits()) {
-      const Picture marked = instead_.IsNil() ? myProcessor->Preview() : preview;
       painter.setRenderHint(QPainter::SmoothPixmapTransform,
                             PreviewRect().size() != SizeOf(marked));
       painter.drawImage(PreviewRect(), marked.AsImage());
@@ -238,11 +276,16 @@ void EditorDisplay::paintEvent(QPaintEvent* event) {
   // On a screen of another density the preview has too few pixels, or too many.
   if (ratio != lastRatio_ && lastRatio_ > 0 && Resized) QTimer::singleShot(0, this, Resized);
   lastRatio_ = ratio;
-  for (const QRect& part : event->region()) {
-    painter.drawImage(
-        QRectF(part), buffer_,
-        QRectF(part.x() * ratio, part.y() * ratio, part.width() * ratio, part.height() * ratio));
-  }
+  const auto draw = [&](const QRegion& region, const QImage& from, const QPoint& origin) {
+    for (const QRect& part : region) {
+      painter.drawImage(QRectF(part), from,
+                        QRectF(part.x() * ratio - origin.x(), part.y() * ratio - origin.y(),
+                               part.width() * ratio, part.height() * ratio));
+    }
+  };
+  const QRegion newer = newer_.IsNil() ? QRegion() : event->region() & NewerPart();
+  if (!newer.isEmpty()) draw(newer, newer_.AsImage(), framed_.topLeft());
+  draw(event->region() - newer, buffer_, {});
 }
 
 void EditorDisplay::resizeEvent(QResizeEvent*) {

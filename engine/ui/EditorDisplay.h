@@ -47,7 +47,7 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   /// Where the picture before the effects was drawn; empty when it is not shown.
   QRect BeforeRect() const { return view_.Before(); }
   /// What is on show, in pixels of the screen.
-  const QImage& Buffer() const { return buffer_; }
+  const QImage& Buffer();
   /// A position of the widget as fractions of the drawn image.
   QPointF FractionsAt(const QPointF& position) const;
 
@@ -108,6 +108,10 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   /// The full picture is that of this preview.
   bool ShowsFull(const Picture& preview) const;
   void TellView();
+  /// Draws nothing but the rim of a photo that lies exactly where the one before lay.
+  bool TakeNewer(QPainter& painter, const Picture& photo);
+  /// What of the widget is painted from the newer photo.
+  QRect NewerPart() const;
   bool GestureEvent(QEvent* event);
   void EndPan();
   /// Arrows move an enlarged photo.
@@ -138,6 +142,11 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   double lastRatio_ = 0;
   QImage buffer_;
   QImage backdrop_;
+  /// Where the buffer has the photo's frame.
+  QRect framed_;
+  /// A newer photo than the buffer's within the frame, to be painted from its own pixels: a large
+  /// window is not copied twice for each step of a slider.
+  Picture newer_;
   Picture instead_;
   // The photo at its full size, and the preview that shows the same.
   Picture full_;

@@ -103,6 +103,24 @@ TEST_F(DisplayTest, BeforeStandsBesideAndOverlapsWhereItMust) {
   EXPECT_EQ(display.BeforeRect().left(), side);
 }
 
+// A step of a slider is painted past the buffer; both have the same pixels, whoever asks first.
+TEST_F(DisplayTest, WhatIsPaintedIsWhatTheBufferHas) {
+  Open(900, 600);
+  EditorDisplay& display = program.Display();
+  const QImage plain = display.Buffer().copy();
+  program.SelectRow("Exposure");
+  Click(program.Panel(), program.ControlAt(0, 0.9));
+  program.Render();
+  for (const bool before : {false, true}) {
+    if (before) program.Choose("ViewBeforeAfter");
+    const QImage painted = display.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    EXPECT_EQ(painted, display.Buffer());
+    EXPECT_NE(painted, plain);
+    EXPECT_EQ(display.Buffer().pixel(display.PreviewRect().topLeft()), qRgb(255, 255, 255));
+    EXPECT_EQ(display.grab().toImage().convertToFormat(QImage::Format_RGB32), painted);
+  }
+}
+
 TEST_F(DisplayTest, AWindowOfAnotherSizeMakesAPreviewOfThatSize) {
   Open(800, 600);
   const int before = program.Shown().Width();
