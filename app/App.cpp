@@ -8,6 +8,9 @@
 #include <QSysInfo>
 #include <QUrl>
 #include <algorithm>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
 
 #include "app/AboutBox.h"
 #include "app/MainWindow.h"
@@ -33,14 +36,18 @@ using namespace GlobalApplicationSpecificProperties;
 constexpr const char* kUpdateCheckPeriod = "UpdateCheckPeriod";
 constexpr const char* kAppearance = "Appearance";
 
-/// What is edited when it is opened, by its name.
-bool IsPhoto(const FolderItem& file) {
+/// What is edited when it is opened, by its name, unless it is a folder.
+bool NamesPhoto(const FolderItem& file) {
   const bool document =
       FolderitemExtensions::isFileType(file, &InternalFileTypes::BrivolantPhotosDocument);
   const bool own = std::any_of(
       InternalFileTypes::kAll.begin(), InternalFileTypes::kAll.end(),
       [&](const FileType* type) { return FolderitemExtensions::isFileType(file, type); });
-  return document || (!own && !file.Directory());
+  return document || !own;
+}
+
+bool IsDocument(const FolderItem& file) {
+  return FolderitemExtensions::isFileType(file, &InternalFileTypes::BrivolantPhotosDocument);
 }
 
 }  // namespace
@@ -177,15 +184,55 @@ void App::KeepForNextStart() {
 }
 
 void App::OpenDocuments(const std::vector<FolderItem>& files) {
-  std::vector<FolderItem> photos;
-  std::copy_if(files.begin(), files.end(), std::back_inserter(photos), IsPhoto);
-  if (photos.size() > 1 && window_) {
-    window_->Session().Work().WhenIdle([this, photos] { window_->ShowFiles(photos); });
-  }
-  for (const FolderItem& file : files) {
-    const bool other = IsPhoto(file) && !(file == photos.front());
-    if (!other) OpenDocument(file);
-  }
+  if (files.size() == 1) return OpenDocument(files.front());
+  if (files.empty()) return;
+  Look(files, [this, files](const std::vector<Looked>& looked) {
+    std::vector<FolderItem> photos;
+    std::vector<FolderItem> opened;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+      const FolderItem& file = files[i];
+      const bool photo = NamesPhoto(file) && (IsDocument(file) || !looked[i].Folder);
+      if (photo) photos.push_back(file);
+      if (!photo || photos.size() == 1) opened.push_back(file);
+    }
+    if (photos.size() > 1 && window_) window_->ShowFiles(photos);
+    for (const FolderItem& file : opened) OpenDocument(file);
+  });
+}
+
+void App::Look(const std::vector<FolderItem>& items,
+               std::function<void(const std::vector<Looked>&)> then) {
+  struct Answer {
+    std::mutex mutex;
+    std::condition_variable known;
+    std::optional<std::vector<Looked>> looked;
+  };
+  const auto look = [items] {
+    std::vector<Looked> looked;
+    for (const FolderItem& item : items) looked.push_back({item.Exists(), item.Directory()});
+    return looked;
+  };
+  if (!window_) return then(look());
+  const auto answer = std::make_shared<Answer>();
+  const auto work = [answer, look](Jobs::Control& control) {
+    // A thread of its own, which may stand for ever.
+    std::thread([answer, look] {
+      std::vector<Looked> looked = look();
+      const std::lock_guard lock(answer->mutex);
+      answer->looked = std::move(looked);
+      answer->known.notify_all();
+    }).detach();
+    constexpr std::chrono::milliseconds kLookAgain(50);
+    std::unique_lock lock(answer->mutex);
+    while (!answer->looked && !control.Cancelled()) answer->known.wait_for(lock, kLookAgain);
+  };
+  const std::string text = WithPlaceholders(EditSession::kOpeningImage.Text(),
+                                            {{"<filename>", items.front().DisplayName()}});
+  window_->Session().Work().Start(
+      {text, true, work, [answer, then = std::move(then)](Jobs::End, const std::string&) {
+         const std::lock_guard lock(answer->mutex);
+         if (answer->looked) then(*answer->looked);
+       }});
 }
 
 void App::OpenDocument(const FolderItem& item) {
@@ -212,10 +259,11 @@ void App::Take(const FolderItem& item) {
     return;
   }
   if (!window_) return;
-  if (item.Directory() && !isFileType(item, &BrivolantPhotosDocument)) {
-    return window_->DisplayContainer(item);
-  }
-  Replace(item);
+  if (IsDocument(item)) return Replace(item);
+  Look({item}, [this, item](const std::vector<Looked>& looked) {
+    if (looked.front().Folder) return window_->DisplayContainer(item);
+    Replace(item);
+  });
 }
 
 void App::Replace(const FolderItem& item) {
@@ -263,12 +311,11 @@ void App::InstallStyle(const FolderItem& file) {
 
 void App::OpenRecent(const std::string& path) {
   const FolderItem item(path);
-  if (!item.Exists()) {
+  Look({item}, [this, item, path](const std::vector<Looked>& looked) {
+    if (looked.front().Exists) return Replace(item);
     dialogs_->Message(
         WithPlaceholders(kCannotOpen.Text(), {{"<filename>", RecentItems::TextFor(path)}}), {});
-    return;
-  }
-  Replace(item);
+  });
 }
 
 void App::BringToFront() {

@@ -99,6 +99,14 @@ class App final : public UserDetails {
   std::string CreatedWithString() const;
   void ShowAboutBox();
   void ShowPreferences();
+  /// What is at a place; asked on another thread, since a disk that is away may never answer.
+  struct Looked {
+    bool Exists = false;
+    bool Folder = false;
+  };
+  /// Tells what is at these places, behind what the session is at; never if the user gives up.
+  void Look(const std::vector<FolderItem>& items,
+            std::function<void(const std::vector<Looked>&)> then);
   /// Another photo library was chosen.
   void ReadPhotoLibrary();
   /// Offers to bring back what an unclean end left. True if it was brought back.

@@ -2,7 +2,9 @@
 #include "app/JobProgress.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QProgressDialog>
+#include <QPushButton>
 
 #include "app/ProgressDialog.h"
 #include "app/core/Jobs.h"
@@ -69,7 +71,12 @@ void JobProgress::End() {
   qApp->removeEventFilter(this);
   patience_.stop();
   look_.stop();
-  dialog_.reset();
+  // Not at once: this may be said from within a call of the dialog.
+  if (dialog_ != nullptr) {
+    dialog_->hide();
+    dialog_->deleteLater();
+    dialog_ = nullptr;
+  }
   if (labelled_) label_.hide();
   labelled_ = false;
 }
@@ -80,14 +87,21 @@ void JobProgress::Look() {
     labelled_ = true;
     return label_.Show(jobs_.Text(), &window_);
   }
-  if (!dialog_) {
-    dialog_ =
-        std::make_unique<QProgressDialog>(text, Shown(Captions::kCancel), 0, kSteps, &window_);
-    dialog_->setWindowModality(locks_ ? Qt::WindowModal : Qt::NonModal);
+  if (dialog_ == nullptr) {
+    dialog_ = new QProgressDialog(text, Shown(Captions::kCancel), 0, kSteps, &window_);
+    // A modal one would turn the event loop whenever it is told of progress; the window's input is
+    // taken by the filter where it must be.
+    dialog_->setWindowModality(Qt::NonModal);
+    // The keyboard stays with what is being typed.
+    dialog_->setAttribute(Qt::WA_ShowWithoutActivating);
+    for (QPushButton* button : dialog_->findChildren<QPushButton*>()) {
+      button->setFocusPolicy(Qt::NoFocus);
+      button->setAutoDefault(false);
+    }
     dialog_->setAutoClose(false);
     dialog_->setAutoReset(false);
     dialog_->setMinimumDuration(0);
-    connect(dialog_.get(), &QProgressDialog::canceled, this, [this] { jobs_.Cancel(); });
+    connect(dialog_, &QProgressDialog::canceled, this, [this] { jobs_.Cancel(); });
     dialog_->show();
     look_.start();
   }
@@ -98,6 +112,10 @@ bool JobProgress::eventFilter(QObject* watched, QEvent* event) {
   if (!IsInput(event->type())) return false;
   const auto* widget = qobject_cast<const QWidget*>(watched);
   if (widget == nullptr || widget->window() != &window_) return false;
+  if (event->type() == QEvent::KeyPress && dialog_ != nullptr &&
+      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+    jobs_.Cancel();
+  }
   event->ignore();
   return true;
 }

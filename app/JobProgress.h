@@ -38,7 +38,7 @@ class JobProgress final : public QObject {
   ProgressDialog& label_;
   bool locks_;
   bool labelled_ = false;
-  std::unique_ptr<QProgressDialog> dialog_;
+  QPointer<QProgressDialog> dialog_;
   QTimer patience_;
   QTimer look_;
   std::vector<Listening> listening_;

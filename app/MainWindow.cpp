@@ -72,10 +72,6 @@ MainWindow::MainWindow(App& app)
   session_.Start();
 }
 
-MainWindow::~MainWindow() {
-  WindowMenu(nullptr);
-}
-
 void MainWindow::BuildFrame() {
   rbToolBar = new QToolBar(this);
   rbToolBar->setMovable(false);
@@ -209,7 +205,7 @@ void MainWindow::StorePreferences() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  if (AskToSave([this] { close(); })) return event->ignore();
+  if (MustWait() || AskToSave([this] { close(); })) return event->ignore();
   AnimationCore::Stop();
   StorePreferences();
   looks_.Close();

@@ -142,6 +142,8 @@ class MainWindow final : public ifkWindow, private Panes {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  /// True if one must not end now: files are worked on, and the user would rather wait.
+  bool MustWait();
   void changeEvent(QEvent* event) override;
 
  private:

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 // How the parts of the window hear of each other.
+#include <QTimer>
+
 #include "app/App.h"
 #include "app/MainWindow.h"
+#include "platform/values/Captions.h"
 
 namespace brivolant {
 namespace {
@@ -9,7 +12,47 @@ namespace {
 /// Milliseconds between two looks at edits that are not saved.
 constexpr int kKeepEdits = 3000;
 
+constexpr LocalizedText kWorkGoesOn{"MainWindow.kWorkGoesOn",
+                                    "Files are still being copied, moved or given edits."};
+constexpr LocalizedText kWorkGoesOnExplanation{
+    "MainWindow.kWorkGoesOnExplanation",
+    "The window can close as soon as all is done. If you end it now, what is done stays, and the "
+    "rest is left out."};
+constexpr LocalizedText kCloseWhenDone{"MainWindow.kCloseWhenDone", "Close When Done"};
+constexpr LocalizedText kEndNow{"MainWindow.kEndNow", "End Now"};
+
 }  // namespace
+
+MainWindow::~MainWindow() {
+  WindowMenu(nullptr);
+  // An end from outside asks nobody, but somebody may look for what is missing.
+  for (const Jobs* work : {&files_.Work(), &edits_.Work()}) {
+    for (const std::string& text : work->Unfinished()) {
+      app_.Log().Write("Ended before it was done: " + text);
+    }
+  }
+}
+
+bool MainWindow::MustWait() {
+  Jobs& files = files_.Work();
+  Jobs& edits = edits_.Work();
+  if (files.Unfinished().empty() && edits.Unfinished().empty()) return false;
+  const Answer answer =
+      app_.Dialogs().Ask({kWorkGoesOn.Text(), kWorkGoesOnExplanation.Text(), kCloseWhenDone.Text(),
+                          Captions::kCancel.Text(), kEndNow.Text()});
+  if (answer == Answer::kAlternate) {
+    files.CancelAll();
+    edits.CancelAll();
+    return false;
+  }
+  if (answer == Answer::kAction) {
+    files.WhenIdle([this, &edits] {
+      // Not from within: the window may be closing just now.
+      edits.WhenIdle([this] { QTimer::singleShot(0, this, [this] { close(); }); });
+    });
+  }
+  return true;
+}
 
 void MainWindow::WireSession() {
   listening_.push_back(session_.Settling.Listen([this] {

@@ -10,7 +10,10 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
+#include <future>
 #include <memory>
+#include <thread>
 #include <utility>
 
 #include "files/FolderitemExtensions.h"
@@ -78,20 +81,11 @@ void CopyAttributes(int from, int to) {
   }
 }
 
-std::uint64_t CostOf(const fs::path& path) {
+bool AddState(const fs::path& path, const std::string& name, const std::function<bool()>& goOn,
+              std::vector<std::string>& states) {
+  if (goOn && !goOn()) return false;
   struct stat status {};
-  if (lstat(path.c_str(), &status) != 0) return kEntry;
-  if (!S_ISDIR(status.st_mode)) {
-    return kEntry + (S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0);
-  }
-  std::uint64_t cost = kEntry;
-  for (const FolderItem& inside : FolderItem(path).Children()) cost += CostOf(inside.Path());
-  return cost;
-}
-
-void AddState(const fs::path& path, const std::string& name, std::vector<std::string>& states) {
-  struct stat status {};
-  if (lstat(path.c_str(), &status) != 0) return;
+  if (lstat(path.c_str(), &status) != 0) return true;
   std::string state = name;
   const auto add = [&](auto number) { (state += '\0') += std::to_string(number); };
   add(status.st_mode);
@@ -99,7 +93,7 @@ void AddState(const fs::path& path, const std::string& name, std::vector<std::st
   if (S_ISDIR(status.st_mode)) {
     // Its entries speak for it.
     for (const FolderItem& inside : FolderItem(path).Children()) {
-      AddState(inside.Path(), name + "/" + inside.Name(), states);
+      if (!AddState(inside.Path(), name + "/" + inside.Name(), goOn, states)) return false;
     }
   } else {
     add(status.st_size);
@@ -109,6 +103,7 @@ void AddState(const fs::path& path, const std::string& name, std::vector<std::st
     add(status.st_ctim.tv_nsec);
   }
   states.push_back(std::move(state));
+  return true;
 }
 
 /// One part of a file; gives the number of bytes, 0 at its end, less than 0 after an error.
@@ -145,9 +140,9 @@ FolderItem FileCopier::FreeName(const FolderItem& folder, const FolderItem& file
   return target;
 }
 
-std::string FileCopier::StateOf(const FolderItem& item) {
+std::string FileCopier::StateOf(const FolderItem& item, const std::function<bool()>& goOn) {
   std::vector<std::string> states;
-  AddState(item.Path(), {}, states);
+  if (!AddState(item.Path(), {}, goOn, states)) return {};
   // A folder lists its entries in any order.
   std::sort(states.begin(), states.end());
   std::string all;
@@ -160,10 +155,40 @@ bool FileCopier::Tell(std::uint64_t more) {
   return !goOn_ || goOn_(all_ == 0 ? 1 : static_cast<double>(done_) / static_cast<double>(all_));
 }
 
+bool FileCopier::AddCost(const Path& path) {
+  struct stat status {};
+  all_ += kEntry;
+  if (!Tell(0)) return false;
+  if (lstat(path.c_str(), &status) != 0) return true;
+  if (S_ISREG(status.st_mode)) all_ += static_cast<std::uint64_t>(status.st_size);
+  if (!S_ISDIR(status.st_mode)) return true;
+  const std::vector<FolderItem> inside = FolderItem(path).Children();
+  return std::all_of(inside.begin(), inside.end(),
+                     [this](const FolderItem& item) { return AddCost(item.Path()); });
+}
+
+/// A card may be emptied, or a stick pulled out, as soon as the copies are there. A disk that does
+/// not answer is not waited for once the copying should end: the thread that waits holds what it
+/// needs.
+void FileCopier::WriteOut(const FolderItem& folder) {
+  constexpr std::chrono::milliseconds kLook{50};
+  const auto disk =
+      std::make_shared<Descriptor>(open(folder.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (disk->Number() < 0) return;
+  const auto written = std::make_shared<std::promise<void>>();
+  const std::future<void> done = written->get_future();
+  std::thread([disk, written] {
+    (void)syncfs(disk->Number());
+    written->set_value();
+  }).detach();
+  while (done.wait_for(kLook) != std::future_status::ready) {
+    if (!Tell(0)) return;
+  }
+}
+
 void FileCopier::CopyInto(const std::vector<FolderItem>& files, const FolderItem& folder) {
   for (const FolderItem& file : files) {
-    all_ += CostOf(file.Path());
-    if (!Tell(0)) return;
+    if (!AddCost(file.Path())) return;
   }
   {
     const GrowingFolder growing(folder.Child("copies"));
@@ -177,9 +202,7 @@ void FileCopier::CopyInto(const std::vector<FolderItem>& files, const FolderItem
       if (error == std::errc::no_space_on_device) break;
     }
   }
-  // A card may be emptied, or a stick pulled out, as soon as the copies are there.
-  const Descriptor disk(open(folder.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (disk.Number() >= 0 && !made_.empty()) (void)syncfs(disk.Number());
+  if (!made_.empty()) WriteOut(folder);
 }
 
 std::error_code FileCopier::CopyOne(const FolderItem& file, const FolderItem& working,
@@ -191,6 +214,14 @@ std::error_code FileCopier::CopyOne(const FolderItem& file, const FolderItem& wo
   }
   const FolderItem grown = working.Child(file.Name());
   error = CopyEntry(file.Path(), grown.Path());
+  // Going through a folder may take its time. Its own dates are no part of its state, so that it is
+  // the same when it has its name.
+  std::string state;
+  const bool whole = !error && !grown.Alias() && grown.Directory();
+  if (whole) {
+    state = StateOf(grown, [this] { return Tell(0); });
+    if (state.empty()) error = std::make_error_code(std::errc::operation_canceled);
+  }
   FolderItem target;
   while (!error) {
     target = FreeName(folder, file);
@@ -204,7 +235,7 @@ std::error_code FileCopier::CopyOne(const FolderItem& file, const FolderItem& wo
     fs::remove_all(grown.Path(), ignored);
     return error;
   }
-  made_.push_back({target, StateOf(target)});
+  made_.push_back({target, whole ? std::move(state) : StateOf(target)});
   return {};
 }
 

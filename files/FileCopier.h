@@ -36,8 +36,9 @@ class FileCopier {
 
   /// A name in the folder that is free: "a.jpg", then "a-1.jpg" and so on.
   static FolderItem FreeName(const FolderItem& folder, const FolderItem& file);
-  /// What tells whether a file, or anything in a folder, was changed: another text if it was.
-  static std::string StateOf(const FolderItem& item);
+  /// What tells whether a file, or anything in a folder, was changed: another text if it was. Ends
+  /// early, and gives nothing, once `goOn` gives false; it may be null.
+  static std::string StateOf(const FolderItem& item, const std::function<bool()>& goOn = nullptr);
 
  private:
   using Path = std::filesystem::path;
@@ -48,6 +49,9 @@ class FileCopier {
   std::error_code CopyLink(const Path& from, const Path& to) const;
   std::error_code CopyFolder(const Path& from, const Path& to);
   bool Tell(std::uint64_t more);
+  /// Adds what copying will cost; false if it should end.
+  bool AddCost(const Path& path);
+  void WriteOut(const FolderItem& folder);
 
   std::function<bool(double)> goOn_;
   std::vector<Copy> made_;

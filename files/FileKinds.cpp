@@ -10,6 +10,7 @@
 #include <fstream>
 
 #include "files/FolderitemExtensions.h"
+#include "platform/codecs/RawExtensions.h"
 
 namespace brivolant::FolderitemExtensions {
 namespace {
@@ -208,6 +209,11 @@ bool HoldsPicture(const brivolant::FolderItem& file) {
 }
 
 bool NamesPicture(std::string_view name) {
+  // The desktop's list lacks some cameras.
+  const std::string extension = LowerCase(name.substr(std::min(name.rfind('.'), name.size())));
+  for (const std::string_view raw : kRawExtensions) {
+    if (extension.size() == raw.size() + 1 && extension.ends_with(raw)) return true;
+  }
   const QMimeDatabase database;
   return database
       .mimeTypeForFile(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())),

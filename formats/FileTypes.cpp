@@ -20,7 +20,7 @@ void Join(std::string& list, std::string_view extension) {
 std::span<const FileType> ImagesReadableMac::Types() {
   static const std::string raw = [] {
     std::string list;
-    for (const std::string_view extension : RawExtensions()) Join(list, extension);
+    for (const std::string_view extension : kRawExtensions) Join(list, extension);
     return list;
   }();
   static const std::array<FileType, 7> types{{

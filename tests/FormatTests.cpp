@@ -2,9 +2,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QMimeDatabase>
+#include <fstream>
 #include <set>
 
 #include "Helpers.h"
+#include "files/FolderitemExtensions.h"
 #include "formats/BinaryDictionary.h"
 #include "formats/FileTypes.h"
 #include "formats/IFFData.h"
@@ -204,14 +207,37 @@ TEST(FileTypes, OfPhotosAreThoseThatTheCodecsRead) {
       EXPECT_TRUE(extensions.contains(extension)) << extension;
     }
   };
-  holds(RawExtensions());
+  holds(kRawExtensions);
   holds(std::array{"jpg", "jpeg", "png", "tif", "tiff", "heic", "avif", "webp", "jp2", "psd", "gif",
                    "bmp", "jxl", "exr", "cr3", "arw"});
   std::string raw;
   for (const FileType& type : ImagesReadableMac::Types()) {
     if (type.Name.English == std::string_view("Raw Images")) raw = type.Extensions;
   }
-  EXPECT_THAT(Split(raw, ';'), testing::ElementsAreArray(RawExtensions()));
+  EXPECT_THAT(Split(raw, ';'), testing::ElementsAreArray(kRawExtensions));
+}
+
+// What the desktop offers this program for, and what the browser takes for a photo.
+TEST(FileTypes, OfTheDesktopAreThoseThatTheCodecsRead) {
+  const auto text = [](const char* name) {
+    std::ifstream file(std::string(BRIVOLANT_LINUX "/") + name);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+  };
+  const std::string desktop = text("brivolant-photos.desktop");
+  const std::string own = text("brivolant-photos.xml");
+  const QMimeDatabase database;
+  for (const std::string_view extension : kRawExtensions) {
+    const std::string name = "photo." + std::string(extension);
+    EXPECT_TRUE(FolderitemExtensions::NamesPicture(name)) << name;
+    const QMimeType type =
+        database.mimeTypeForFile(QString::fromStdString(name), QMimeDatabase::MatchExtension);
+    const bool known =
+        !type.isDefault() && desktop.find(type.name().toStdString() + ";") != std::string::npos;
+    EXPECT_TRUE(known || own.find("*." + std::string(extension) + "\"") != std::string::npos)
+        << name;
+  }
+  EXPECT_FALSE(FolderitemExtensions::NamesPicture("dng"));
+  EXPECT_FALSE(FolderitemExtensions::NamesPicture("notes.txt"));
 }
 
 }  // namespace

@@ -215,6 +215,7 @@ TEST(PreviewThread, WhatAModuleThrowsEndsItsRenderAlone) {
   w.thread->Finish();
   EXPECT_THAT(w.events, ElementsAre("started", "finished"));
   EXPECT_THAT(w.log.lines, Contains(HasSubstr("out of paint")));
+  EXPECT_THAT(w.processor.Warnings(), ElementsAre(PreviewThread::kFailed.Text()));
   w.Paint(40);
   w.thread->Finish();
   EXPECT_THAT(w.events.at(3), HasSubstr("40"));

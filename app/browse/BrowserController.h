@@ -82,6 +82,8 @@ class BrowserController {
   std::function<void()> BringIntoView;
   /// Adds to the menu on what is selected.
   std::function<void(QMenu&)> MoreRows;
+  /// Moves a file to the trash, as one that was selected.
+  std::function<void(const FolderItem&)> TrashFile;
   /// The photo library's package was opened.
   std::function<bool()> ShowLibrary;
   /// The album of the library's events, or null.

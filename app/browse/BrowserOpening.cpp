@@ -75,9 +75,7 @@ FolderItem BrowserController::Original(const FolderItem& alias) {
        kDeleteAlias.Text(),
        Captions::kOK.Text(),
        {}});
-  if (answer == Answer::kAction && FolderitemExtensions::MoveToTrash(alias)) {
-    imageBrowser->ReloadCurrentView();
-  }
+  if (answer == Answer::kAction && TrashFile) TrashFile(alias);
   return {};
 }
 

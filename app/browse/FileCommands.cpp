@@ -91,9 +91,15 @@ void FileController::AddCommands(Commands& commands) {
     return item != nullptr && (*item)->Facts.value_or(FileFacts()).Is == FileFacts::kAlias;
   };
   const auto reveal = [this](bool original) {
-    for (const FolderItem& file : browser_.SelectedFiles()) {
-      desk_.Desktop.Reveal(original ? FolderitemExtensions::OriginalFile(file) : file);
-    }
+    asking_.Start({{},
+                   false,
+                   [this, original, files = browser_.SelectedFiles()](Jobs::Control&) {
+                     for (const FolderItem& file : files) {
+                       desk_.Desktop.Reveal(original ? FolderitemExtensions::OriginalFile(file)
+                                                     : file);
+                     }
+                   },
+                   [](Jobs::End, const std::string&) {}});
   };
   commands.Add({
       {"EditUndo", &kEditUndo, "", kInBrowser, [this] { UndoStep(); },

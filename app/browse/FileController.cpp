@@ -25,6 +25,7 @@ FileController::FileController(const Desk& desk, EditSession& session, Commands&
     return RenameFile(item, name);
   };
   rows.TrashAction = [this] { FileMoveToTrash(); };
+  browser_.TrashFile = [this](const FolderItem& file) { Trash({file}); };
   rows.FilesDropped = [this](const std::vector<FolderItem>& files, const FolderItem& folder) {
     DropFilesInto(files, folder);
   };
@@ -51,17 +52,22 @@ void FileController::Run(const LocalizedText& text, const StepPointer& step,
 }
 
 void FileController::FileMoveToTrash() {
-  if (!MayTrash(browser_.SelectedFiles())) return;
   std::vector<FolderItem> files;
   multiViewFileBrowser& rows = *browser_.imageBrowser;
+  const std::vector<FolderItem> selected = browser_.SelectedFiles();
   for (const BrowserPayload& payload : rows.SelectedItems()) {
     const auto* item = std::get_if<ItemPointer>(&payload);
     if (item == nullptr) continue;
     if (const auto* file = std::get_if<FolderItem>(&(*item)->item)) files.push_back(*file);
   }
-  if (files.empty()) return;
+  // Whatever is selected while a question is open.
+  if (files.empty() || !MayTrash(files)) return;
   // They are gone from sight at once: the next key is meant for the next one.
-  rows.RemoveSelected();
+  if (browser_.SelectedFiles() == selected) rows.RemoveSelected();
+  Trash(files);
+}
+
+void FileController::Trash(const std::vector<FolderItem>& files) {
   const auto step = std::make_shared<Step>();
   const auto failed = std::make_shared<FolderItem>();
   Run(
@@ -104,93 +110,140 @@ void FileController::UndoStep() {
   jobs_.WhenIdle([this] { TakeBack(); });
 }
 
+void FileController::Keep(const StepPointer& step) {
+  steps_.push_back(step);
+  commands_.Changed();
+}
+
+std::function<void(const std::vector<FolderItem>&)> FileController::SelectIfUntouched() {
+  return [this, before = browser_.imageBrowser->Choices()](const std::vector<FolderItem>& files) {
+    if (browser_.imageBrowser->Choices() == before) browser_.imageBrowser->SelectFiles(files);
+  };
+}
+
 void FileController::TakeBack() {
   if (steps_.empty()) return;
   const StepPointer step = steps_.back();
-  steps_.pop_back();
+  std::vector<FolderItem> copies;
+  for (const FileCopier::Copy& copy : step->copies) copies.push_back(copy.Item);
+  if (!MayTrash(copies)) return;
+  std::erase(steps_, step);
   commands_.Changed();
   if (step->Is == Step::kOther) return step->takeBack();
   if (step->Is == Step::kCopy) return TakeBackCopies(step);
   if (step->Is == Step::kTrash) return TakeBack(step);
-  const bool moved = MoveFile(step->after, step->before);
-  browser_.imageBrowser->ReloadCurrentView();
-  browser_.imageBrowser->SelectFiles({step->before});
-  if (!moved) Tell(kNotPutBack, step->before);
+  MoveFile(step->after, step->before, [this, step, select = SelectIfUntouched()](bool moved) {
+    if (!moved) Keep(step);
+    browser_.imageBrowser->ReloadCurrentView();
+    if (moved) select({step->before});
+    if (!moved) Tell(kNotPutBack, step->before);
+  });
 }
 
 void FileController::TakeBack(const StepPointer& step) {
   const auto back = std::make_shared<std::vector<FolderItem>>();
   const auto failed = std::make_shared<FolderItem>();
-  jobs_.Start({kTakingBack.Text(), false,
-               [step, back, failed](Jobs::Control&) {
-                 // The last first, so that each finds things as it left them.
-                 for (auto file = step->trashed.rbegin(); file != step->trashed.rend(); ++file) {
-                   if (FolderitemExtensions::PutBack(*file)) {
-                     back->push_back(file->Original);
-                   } else {
-                     *failed = file->Original;
-                   }
-                 }
-               },
-               [this, back, failed](Jobs::End, const std::string&) {
-                 for (const FolderItem& file : *back) Moved(FolderItem(), file);
-                 browser_.imageBrowser->ReloadCurrentView();
-                 browser_.imageBrowser->SelectFiles(*back);
-                 if (*failed) Tell(kNotPutBack, *failed);
-               }});
+  jobs_.Start(
+      {kTakingBack.Text(), false,
+       [step, back, failed](Jobs::Control&) {
+         // The last first, so that each finds things as it left them.
+         std::vector<FolderitemExtensions::TrashedFile> left;
+         for (auto file = step->trashed.rbegin(); file != step->trashed.rend(); ++file) {
+           if (FolderitemExtensions::PutBack(*file)) {
+             back->push_back(file->Original);
+           } else {
+             *failed = file->Original;
+             left.insert(left.begin(), *file);
+           }
+         }
+         step->trashed = std::move(left);
+       },
+       [this, step, back, failed, select = SelectIfUntouched()](Jobs::End, const std::string&) {
+         if (!step->trashed.empty()) Keep(step);
+         for (const FolderItem& file : *back) Moved(FolderItem(), file);
+         browser_.imageBrowser->ReloadCurrentView();
+         select(*back);
+         if (*failed) Tell(kNotPutBack, *failed);
+       }});
 }
 
-bool FileController::MoveFile(const FolderItem& from, const FolderItem& to) {
-  if (MoveExclusively(from, to)) return false;
-  // The open document goes on where it now is.
-  session_.Relocate(from, to);
-  Moved(from, to);
-  return true;
+void FileController::MoveFile(const FolderItem& from, const FolderItem& to,
+                              const std::function<void(bool)>& then) {
+  const auto moved = std::make_shared<bool>(false);
+  // Behind what is being copied or trashed, which would lose its way.
+  jobs_.Start({{},
+               false,
+               [=](Jobs::Control&) { *moved = !MoveExclusively(from, to); },
+               [this, from, to, moved, then](Jobs::End, const std::string&) {
+                 if (*moved) {
+                   // The open document goes on where it now is.
+                   session_.Relocate(from, to);
+                   Moved(from, to);
+                 }
+                 then(*moved);
+               }});
 }
 
 bool FileController::RenameFile(const browserItem& item, const std::string& name) {
   const auto* file = std::get_if<FolderItem>(&item.item);
   if (file == nullptr || session_.Busy() || name.empty() || name == item.Name) return false;
-  const auto tell = [&](const LocalizedText& text) {
+  const auto tell = [this, shown = item.Name, name](const LocalizedText& text) {
     desk_.Services.Dialogs.Message(
-        WithPlaceholders(text.Text(), {{"<filename>", item.Name}, {"<name>", name}}), {});
-    return false;
+        WithPlaceholders(text.Text(), {{"<filename>", shown}, {"<name>", name}}), {});
   };
-  if (!IsPlainName(name)) return tell(kNameNotAllowed);
-  const FolderItem target = file->Parent().Child(name);
-  const FolderItem before = *file;
-  if (!MoveFile(before, target)) return tell(EntryExists(target) ? kNameTaken : kNotRenamed);
+  if (!IsPlainName(name)) {
+    tell(kNameNotAllowed);
+    return false;
+  }
   const auto step = std::make_shared<Step>();
   step->Is = Step::kRename;
-  step->before = before;
-  step->after = target;
-  steps_.push_back(step);
-  browser_.imageBrowser->ReloadCurrentView();
-  browser_.imageBrowser->SelectFiles({target});
-  commands_.Changed();
+  step->before = *file;
+  step->after = file->Parent().Child(name);
+  MoveFile(step->before, step->after, [this, step, tell, select = SelectIfUntouched()](bool moved) {
+    if (!moved) return tell(EntryExists(step->after) ? kNameTaken : kNotRenamed);
+    Keep(step);
+    browser_.imageBrowser->ReloadCurrentView();
+    select({step->after});
+  });
   return true;
 }
 
 void FileController::AddFavoritesMethod() {
+  struct Outcome {
+    bool added = false;
+    FolderItem failed;
+  };
+  const auto outcome = std::make_shared<Outcome>();
   const FolderItem folder = SideBarSources::FavoritesFolder();
-  FolderItem failed;
-  bool added = false;
-  for (const FolderItem& file : browser_.SelectedFiles()) {
-    if (FolderitemExtensions::MakeAlias(file, FileCopier::FreeName(folder, file))) {
-      added = true;
-    } else {
-      failed = file;
+  const auto work = [outcome, folder, files = browser_.SelectedFiles()](Jobs::Control&) {
+    for (const FolderItem& file : files) {
+      if (FolderitemExtensions::MakeAlias(file, FileCopier::FreeName(folder, file))) {
+        outcome->added = true;
+      } else {
+        outcome->failed = file;
+      }
     }
-  }
-  if (added) FavoriteAdded(folder);
-  if (failed) Tell(kNotFavorite, failed);
+  };
+  jobs_.Start({{}, false, work, [this, outcome, folder](Jobs::End, const std::string&) {
+                 if (outcome->added) FavoriteAdded(folder);
+                 if (outcome->failed) Tell(kNotFavorite, outcome->failed);
+               }});
 }
 
 void FileController::SetDesktopPicture() {
-  for (const FolderItem& file : browser_.SelectedFiles()) {
-    if (desk_.Desktop.SetPicture(file)) continue;
-    return Tell(kNoDesktopPicture, file);
-  }
+  const auto failed = std::make_shared<FolderItem>();
+  asking_.Start({{},
+                 false,
+                 [this, failed, files = browser_.SelectedFiles()](Jobs::Control&) {
+                   for (const FolderItem& file : files) {
+                     if (desk_.Desktop.SetPicture(file)) continue;
+                     *failed = file;
+                     return;
+                   }
+                 },
+                 [this, failed](Jobs::End, const std::string&) {
+                   if (*failed) Tell(kNoDesktopPicture, *failed);
+                 }});
 }
 
 }  // namespace brivolant

@@ -66,6 +66,8 @@ class FileController {
   /// The same of those that lie elsewhere: what is dropped where it lies stays one.
   void DropFilesInto(const std::vector<FolderItem>& files, const FolderItem& folder);
   void FileMoveToTrash();
+  /// Moves these to the trash, unasked, in a job that can be taken back.
+  void Trash(const std::vector<FolderItem>& files);
   /// Links to what is selected, in the user's folder of favourites.
   void AddFavoritesMethod();
   Jobs& Work() { return jobs_; }
@@ -97,7 +99,6 @@ class FileController {
   void CopyFiles();
   void PasteFiles();
   void Copy(const std::vector<FolderItem>& files, const FolderItem& folder, bool thoseElsewhere);
-  void Copied(const FolderItem& folder, const Step& step);
   /// Does a step in a job; the step goes if nothing of it was done.
   void Run(const LocalizedText& text, const StepPointer& step,
            std::function<void(Jobs::Control&)> work, std::function<void()> then);
@@ -107,7 +108,14 @@ class FileController {
   void TakeBack();
   void TakeBack(const StepPointer& step);
   void TakeBackCopies(const StepPointer& step);
-  bool MoveFile(const FolderItem& from, const FolderItem& to);
+  /// Gives a file another place or name in a job, and tells whether that was done.
+  void MoveFile(const FolderItem& from, const FolderItem& to,
+                const std::function<void(bool)>& then);
+  /// The same files are selected as when something was begun: what came of it may be selected in
+  /// their place.
+  std::function<void(const std::vector<FolderItem>&)> SelectIfUntouched();
+  /// What was not taken back can be tried again.
+  void Keep(const StepPointer& step);
   bool RenameFile(const browserItem& item, const std::string& name);
   void SetDesktopPicture();
   std::vector<FolderItem> FilesOnClipboard() const;
@@ -123,6 +131,8 @@ class FileController {
   BrowserController& browser_;
   std::vector<StepPointer> steps_;
   Jobs jobs_;
+  /// What the desktop is asked for; it may answer late.
+  Jobs asking_;
 };
 
 }  // namespace brivolant

@@ -65,20 +65,14 @@ void FileController::Copy(const std::vector<FolderItem>& files, const FolderItem
     step->copies = copier.Made();
     if (!copier.Failed().empty()) *failed = copier.Failed().front();
   };
-  Run(kCopying, step, work, [this, step, folder, failed] {
-    Copied(folder, *step);
+  Run(kCopying, step, work, [this, step, folder, failed, select = SelectIfUntouched()] {
+    multiViewFileBrowser& rows = *browser_.imageBrowser;
+    std::vector<FolderItem> made;
+    for (const FileCopier::Copy& copy : step->copies) made.push_back(copy.Item);
+    if (!made.empty()) rows.ReloadCurrentView();
+    if (!made.empty() && folder == rows.CurrentFolder()) select(made);
     if (*failed) Tell(kNotCopied, *failed);
   });
-}
-
-void FileController::Copied(const FolderItem& folder, const Step& step) {
-  if (step.copies.empty()) return;
-  multiViewFileBrowser& rows = *browser_.imageBrowser;
-  rows.ReloadCurrentView();
-  if (folder != rows.CurrentFolder()) return;
-  std::vector<FolderItem> made;
-  for (const FileCopier::Copy& copy : step.copies) made.push_back(copy.Item);
-  rows.SelectFiles(made);
 }
 
 void FileController::TakeBackCopies(const StepPointer& step) {
@@ -86,6 +80,7 @@ void FileController::TakeBackCopies(const StepPointer& step) {
     std::vector<FolderItem> gone;
     FolderItem changed;
     FolderItem failed;
+    std::vector<FileCopier::Copy> left;
   };
   const auto outcome = std::make_shared<Outcome>();
   const auto work = [step, outcome](Jobs::Control&) {
@@ -97,15 +92,19 @@ void FileController::TakeBackCopies(const StepPointer& step) {
         outcome->gone.push_back(copy.Item);
       } else {
         outcome->failed = copy.Item;
+        outcome->left.push_back(copy);
       }
     }
+    step->copies = std::move(outcome->left);
   };
-  jobs_.Start({kTakingBack.Text(), false, work, [this, outcome](Jobs::End, const std::string&) {
-                 for (const FolderItem& file : outcome->gone) Moved(file, FolderItem());
-                 browser_.imageBrowser->ReloadCurrentView();
-                 if (outcome->changed) Tell(kCopyChanged, outcome->changed);
-                 if (outcome->failed) Tell(kNotTrashed, outcome->failed);
-               }});
+  jobs_.Start(
+      {kTakingBack.Text(), false, work, [this, step, outcome](Jobs::End, const std::string&) {
+         if (!step->copies.empty()) Keep(step);
+         for (const FolderItem& file : outcome->gone) Moved(file, FolderItem());
+         browser_.imageBrowser->ReloadCurrentView();
+         if (outcome->changed) Tell(kCopyChanged, outcome->changed);
+         if (outcome->failed) Tell(kNotTrashed, outcome->failed);
+       }});
 }
 
 }  // namespace brivolant

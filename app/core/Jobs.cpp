@@ -57,19 +57,19 @@ Jobs::~Jobs() {
 
 void Jobs::Start(Job job) {
   if (InTurn()) return Begin(std::move(job));
-  waiting_.push_back({std::move(job), nullptr});
+  waiting_.push_back({std::move(job), nullptr, false});
   Next();
 }
 
 void Jobs::WhenIdle(std::function<void()> then) {
   if (InTurn()) return then();
-  waiting_.push_back({{}, std::move(then)});
+  waiting_.push_back({{}, std::move(then), false});
   Next();
 }
 
 void Jobs::First(std::function<void()> then) {
   if (InTurn()) return then();
-  waiting_.push_front({{}, std::move(then)});
+  waiting_.push_front({{}, std::move(then), false});
   Next();
 }
 
@@ -94,6 +94,20 @@ void Jobs::Cancel() {
   if (running_) running_->control.cancelled_ = true;
 }
 
+void Jobs::CancelAll() {
+  if (CanCancel()) Cancel();
+  for (Waiting& waiting : waiting_) waiting.cancelled = waiting.job.CanCancel;
+}
+
+std::vector<std::string> Jobs::Unfinished() const {
+  std::vector<std::string> texts;
+  if (!Text().empty()) texts.push_back(Text());
+  for (const Waiting& waiting : waiting_) {
+    if (!waiting.job.Text.empty()) texts.push_back(waiting.job.Text);
+  }
+  return texts;
+}
+
 void Jobs::Next() {
   while (!running_ && !telling_ && !turn_ && *pauses_ == 0 && !waiting_.empty()) {
     Waiting next = std::move(waiting_.front());
@@ -105,14 +119,15 @@ void Jobs::Next() {
       next.then();
       others.dismiss();
     } else {
-      Begin(std::move(next.job));
+      Begin(std::move(next.job), next.cancelled);
     }
   }
 }
 
-void Jobs::Begin(Job job) {
+void Jobs::Begin(Job job, bool cancelled) {
   running_ = std::make_shared<Running>();
   running_->job = std::move(job);
+  running_->control.cancelled_ = cancelled;
   const std::shared_ptr<Running> running = running_;
   const bool begun = running->Attempt([this] {
     Started();

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "platform/values/Event.h"
 
@@ -79,6 +80,10 @@ class Jobs {
   double Done() const;
   /// Asks the present job to end.
   void Cancel();
+  /// The same of those that wait, each as its turn comes; those that cannot be cancelled go on.
+  void CancelAll();
+  /// What the present job and those that wait tell the user; nothing of those that tell nothing.
+  std::vector<std::string> Unfinished() const;
   /// Waits until nothing is busy and nothing waits, without handling events.
   void Finish();
 
@@ -90,8 +95,9 @@ class Jobs {
   struct Waiting {
     Job job;
     std::function<void()> then;
+    bool cancelled = false;
   };
-  void Begin(Job job);
+  void Begin(Job job, bool cancelled = false);
   void Work();
   /// The end of a piece of work, which is told of by an event and may be by Finish before.
   void Deliver(Running& finished, int piece);

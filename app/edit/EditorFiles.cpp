@@ -56,6 +56,7 @@ void EditorController::Drop(const DragItem& item) {
   if (item.IsEmpty()) return;
   // The drag's source waits for the drop to return; a question must not keep it waiting.
   QTimer::singleShot(0, pane_.MyDisplay, [this, item] {
+    if (item.Files.size() > 1) OthersChosen(item.Files);
     if (!item.Files.empty()) return desk_.OpenDocument(item.Files.front());
     const auto open = [this, item] { session_.Open(item.Picture, kDroppedPicture.Text()); };
     if (!AskToSave(open)) open();

@@ -40,7 +40,7 @@ ZoomController::ZoomController(const Desk& desk, EditSession& session, Commands&
   }));
   listening_.push_back(session_.RenderStarted.Listen([this] {
     // The preview that is wanted now has the cores for itself.
-    if (full_.Running() && Editing() && settings_ != Settings()) Drop();
+    if ((full_.Running() || rests_.isActive()) && Editing() && settings_ != Settings()) Drop();
   }));
   listening_.push_back(session_.Rendered.Listen([this] { Follow(true); }));
 }
@@ -138,6 +138,9 @@ void ZoomController::Render() {
   if (!Editing()) return;
   const brivolantProcessorLite& processor = session_.Processor();
   before_ = display_.ShowBefore;
+  // What is rendered is what is there now, not what was when the wait began.
+  image_ = Image();
+  settings_ = Settings();
   full_.Start({std::make_shared<BrivolantDocument>(*session_.Document()), processor.StyleData(),
                processor.CurrentStack, display_.ShowBefore});
 }

@@ -251,6 +251,8 @@ class EditSession {
   std::string lastStyle_;
   /// What the file holds; nothing for what stands in no file yet.
   std::optional<std::string> savedState_;
+  /// Where the document lies, and its real path.
+  mutable std::pair<FolderItem, std::string> place_;
   bool rewindable_ = false;
   Listening working_;
   /// Nobody wants the changes back, unless more are made.

@@ -153,7 +153,10 @@ void PreviewThread::Take() {
   const UnderWay ended = *std::exchange(running_, std::nullopt);
   (void)services_.Take();
   const bool shown = outcome->Result && ended.Of.Document == documents_;
-  if (!outcome->Why.empty()) processor_.Services().Log.Write("A preview failed: " + outcome->Why);
+  if (!outcome->Why.empty()) {
+    processor_.Services().Log.Write("A preview failed: " + outcome->Why);
+    if (ended.Of.Document == documents_) processor_.Warn(kFailed.Text());
+  }
   // What was to be made anew still is.
   if (!shown) wantedFull_ = wantedFull_ || ended.Full;
   processor_.EndPreview(shown ? &*outcome->Result : nullptr, ended.Full);

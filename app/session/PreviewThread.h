@@ -11,6 +11,7 @@
 #include "app/core/WorkerServices.h"
 #include "engine/EditorInterfaces.h"
 #include "engine/PreviewRequest.h"
+#include "platform/values/Text.h"
 
 namespace brivolant {
 
@@ -24,6 +25,9 @@ class brivolantProcessorLite;
 /// the document, the display's size or the stack is another.
 class PreviewThread final : public PreviewMaker {
  public:
+  static constexpr LocalizedText kFailed{"PreviewThread.kFailed",
+                                         "The photo could not be shown with its effects."};
+
   /// Serves the processor, which must outlive it, with modules of the same registry.
   PreviewThread(brivolantProcessorLite& processor, ModuleRegistry registry,
                 const Services& services);

@@ -104,6 +104,8 @@ void EditSession::Open(const RecoveredEdits& edits) {
 
 void EditSession::Read(const std::shared_ptr<Opening>& opening, const std::string& text,
                        std::function<bool(Opening&)> read) {
+  // Who works here now: a document takes the names as it is made.
+  worker_.Refresh();
   opening->document = std::make_unique<BrivolantDocument>(worker_.All());
   const auto more = [this, opening]() -> std::function<void(Jobs::Control&)> {
     if (!opening->read) return nullptr;

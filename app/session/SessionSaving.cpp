@@ -9,6 +9,16 @@
 #include "platform/values/Captions.h"
 
 namespace brivolant {
+namespace {
+
+/// The same folder may be reached over a link; the item itself may be one, and is what it is.
+std::string RealPath(const FolderItem& item) {
+  std::error_code error;
+  const auto folder = std::filesystem::weakly_canonical(item.Path().parent_path(), error);
+  return ((error ? item.Path().parent_path() : folder) / item.Name()).string();
+}
+
+}  // namespace
 
 bool EditSession::NeedsPlace() const {
   return document_ && (document_->File.IsNil() || !document_->tFile.IsNil());
@@ -23,6 +33,7 @@ struct EditSession::Saving {
   bool gone = false;
   /// Of the session, as it is saved.
   std::string state;
+  std::pair<FolderItem, std::string> real;
   int of = 0;
   /// What the user has said yes to.
   std::vector<Question> agreed;
@@ -74,6 +85,7 @@ std::function<void(Jobs::Control&)> EditSession::SaveNow(const std::shared_ptr<S
     saving->gone = !saving->place && !copy.File.Exists();
     if (saving->gone) return;
     saving->done = saving->place ? copy.SaveAs(saving->place) : copy.Save();
+    saving->real = {copy.File, RealPath(copy.File)};
   };
 }
 
@@ -83,13 +95,15 @@ void EditSession::TakeSaved(Saving& saving, const std::string& why) {
   // What failed changes nothing, so that the next attempt asks again.
   if (saving.done) {
     document_->TakeOver(*saving.copy);
+    place_ = saving.real;
     savedState_ = saving.state;
     recent_.Add(document_->File);
   }
   // Assistive tools may have changed something meanwhile.
   const bool clean = saving.done && savedState_ == State();
   if (clean) ForgetEdits();
-  SetDirty(!clean);
+  // What failed has changed nothing, not even which style is lit.
+  if (saving.done) SetDirty(!clean);
   if (saving.done) Saved();
   if (!saving.done && SaveOtherwise(saving, why)) return;
   if (!saving.done && (saving.gone || !why.empty())) {
@@ -138,18 +152,17 @@ bool EditSession::SaveOtherwise(Saving& saving, const std::string& why) {
 
 bool EditSession::LiesIn(const FolderItem& item) const {
   if (!document_ || document_->File.IsNil() || !document_->tFile.IsNil()) return false;
-  // The same folder may be reached over a link; the item itself may be one, and is what it is.
-  std::error_code error;
-  const auto real = [&](const FolderItem& one) {
-    return (std::filesystem::weakly_canonical(one.Path().parent_path(), error) / one.Name())
-        .string();
-  };
-  return (real(document_->File) + "/").starts_with(real(item) + "/");
+  if (place_.first != document_->File) place_ = {document_->File, RealPath(document_->File)};
+  const std::string place = place_.second + "/";
+  // Most things are called like nothing on the way to it: no disk is asked about those.
+  if (place.find("/" + item.Name() + "/") == std::string::npos) return false;
+  return place.starts_with(RealPath(item) + "/");
 }
 
 void EditSession::Relocate(const FolderItem& from, const FolderItem& to) {
   // A save that is under way knows the old place only.
-  jobs_.WhenIdle([this, from, to] {
+  // A save that waits is to know the new one.
+  jobs_.First([this, from, to] {
     if (document_) document_->Relocate(from, to);
   });
 }

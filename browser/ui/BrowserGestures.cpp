@@ -89,18 +89,22 @@ void multiViewFileBrowser::EndRename(bool take) {
   if (rename_ == nullptr) return;
   QLineEdit* field = std::exchange(rename_, nullptr);
   const auto item = std::exchange(renamed_, nullptr);
-  const std::string name = field->text().trimmed().toStdString();
+  const QString typed = field->text();
   const bool focused = field->hasFocus();
   field->hide();
   field->deleteLater();
   if (focused) setFocus();
-  if (take && RenameItem && name != item->Name) RenameItem(*item, name);
+  // A name that was not touched stays, with the blanks at its end.
+  if (!take || !RenameItem || typed == ToQString(item->Name)) return;
+  RenameItem(*item, typed.trimmed().toStdString());
 }
 
 bool multiViewFileBrowser::eventFilter(QObject* watched, QEvent* event) {
   if (watched != rename_ || rename_ == nullptr) return QWidget::eventFilter(watched, event);
   if (event->type() == QEvent::FocusOut) {
-    EndRename(static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason);
+    const auto reason = static_cast<QFocusEvent*>(event)->reason();
+    // Another window may have come up unasked: the keys come back to the field.
+    if (reason != Qt::ActiveWindowFocusReason) EndRename(reason != Qt::PopupFocusReason);
   } else if (event->type() == QEvent::KeyPress) {
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape) {
@@ -277,12 +281,11 @@ void multiViewFileBrowser::ShowMenu(const QPoint& global) {
   if (ConstructContextualMenu && ConstructContextualMenu(menu)) menu.exec(global);
 }
 
-FolderItem multiViewFileBrowser::DropTarget(int row) const {
+FolderItem multiViewFileBrowser::DropTarget(int row, const QObject* source) const {
   if (row >= 0) {
     const auto target = rows_.Item(row);
     const bool folder = target && target->Facts && target->Facts->Is == FileFacts::kFolder;
-    // What is dragged cannot go into itself.
-    if (folder && !rows_.Selected(row)) return target->File();
+    if (folder && (source != this || !rows_.Selected(row))) return target->File();
   }
   return CurrentFolder();
 }
@@ -293,7 +296,7 @@ void multiViewFileBrowser::DragEnter(QDropEvent& event) const {
 }
 
 bool multiViewFileBrowser::DragOver(QDropEvent& event, int row) const {
-  const FolderItem target = DropTarget(row);
+  const FolderItem target = DropTarget(row, event.source());
   // A hand that slips within a folder does not copy what lies there.
   const bool slip = event.source() == this && target == CurrentFolder();
   const bool taken = target && !slip && event.mimeData()->hasUrls() && FilesDropped;
@@ -306,7 +309,7 @@ void multiViewFileBrowser::Drop(QDropEvent& event, int row) {
   if (!DragOver(event, row)) return;
   const DragItem item = TakeDrag(*event.mimeData());
   event.setAccepted(!item.Files.empty());
-  if (!item.Files.empty()) FilesDropped(item.Files, DropTarget(row));
+  if (!item.Files.empty()) FilesDropped(item.Files, DropTarget(row, event.source()));
 }
 
 }  // namespace brivolant

@@ -291,7 +291,7 @@ void BrowserIconView::dragEnterEvent(QDragEnterEvent* event) {
 void BrowserIconView::dragMoveEvent(QDragMoveEvent* event) {
   const QPoint at = event->position().toPoint();
   const int row = itemInIconViewAtXY(at.x(), at.y());
-  const FolderItem target = browser_.DropTarget(row);
+  const FolderItem target = browser_.DropTarget(row, event->source());
   const int over = row >= 0 && target && target != browser_.CurrentFolder() ? row : -1;
   if (over != dropRow_) viewport()->update();
   dropRow_ = over;

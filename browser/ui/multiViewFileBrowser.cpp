@@ -201,6 +201,7 @@ void multiViewFileBrowser::DisplayItem(const Container& value) {
   }
   wanted_.clear();
   if (!reloading_) {
+    ++choices_;
     before_.clear();
     scaled_.clear();
     scaledAt_.clear();
@@ -274,7 +275,7 @@ void multiViewFileBrowser::ReloadCurrentView() {
   list_->verticalScrollBar()->setValue(list);
   // While a slow folder is read, what is shown of the selection stays.
   slowReload_ = Listing();
-  if (!slowReload_) RaiseSelectionChanged();
+  if (!slowReload_) RaiseSelectionChanged(false);
   if (!slowReload_) LeaveIfGone();
 }
 
@@ -313,7 +314,7 @@ void multiViewFileBrowser::TakeListed(std::vector<BrowserRows::Row> rows, bool d
   const bool slow = std::exchange(slowReload_, false);
   if (slow || selects) {
     if (selects && ListIndex() >= 0) ScrollTo(ListIndex());
-    RaiseSelectionChanged();
+    RaiseSelectionChanged(false);
   }
   if (ListChanged) ListChanged();
   if (slow) LeaveIfGone();
@@ -337,7 +338,8 @@ void multiViewFileBrowser::UpdatePreview() {
   preview_->Display(files.front(), stamp, ToQString(BrowserRows::NameOf(payload)), stand);
 }
 
-void multiViewFileBrowser::RaiseSelectionChanged() {
+void multiViewFileBrowser::RaiseSelectionChanged(bool chosen) {
+  if (chosen) ++choices_;
   UpdatePreview();
   Update();
   TellAccessibleFocus(intMode == kListView ? static_cast<QWidget&>(*list_) : *icons_,

@@ -169,7 +169,10 @@ class multiViewFileBrowser final : public QWidget {
   /// The first picture of the selection with the number of files in its corner.
   QPixmap DragImage(int count);
   void ShowMenu(const QPoint& global);
-  void RaiseSelectionChanged();
+  /// `chosen`: by somebody, not by reading the folder again.
+  void RaiseSelectionChanged(bool chosen = true);
+  /// Another number whenever somebody selects something else, or shows another folder.
+  int Choices() const { return choices_; }
   /// A row as assistive tools are told of it: name, kind, size and date.
   AccessibleItem DescribeRow(int row, const QRect& place) const;
   /// What a tool tip says of a row: the whole name, where it is, and its facts.
@@ -177,7 +180,8 @@ class multiViewFileBrowser final : public QWidget {
   /// The rows that a view shows now: their thumbnails come first.
   void RowsInView(int first, int end);
   /// Where a drop at a row goes: its folder, else the folder on show; nil if it cannot take any.
-  FolderItem DropTarget(int row) const;
+  /// What is dragged from here itself cannot go into itself: `source` is what it is dragged from.
+  FolderItem DropTarget(int row, const QObject* source) const;
   /// Answers a drag over a row: a copy, or nothing. True if it is taken.
   bool DragOver(QDropEvent& event, int row) const;
   void DragEnter(QDropEvent& event) const;
@@ -223,6 +227,7 @@ class multiViewFileBrowser final : public QWidget {
   ifkSplitter* splitter_;
   int splitterPosition_ = 320;
   QLineEdit* rename_ = nullptr;
+  int choices_ = 0;
   std::shared_ptr<browserItem> renamed_;
   std::unique_ptr<QFileSystemWatcher> watcher_;
   bool watched_ = false;

@@ -135,6 +135,8 @@ void EffectStackEditor::EnableRow(int row) {
   if (itemEnabledChanged) itemEnabledChanged(*module);
   module->Enabled(true);
   myProcessor->EffectEnabledChanged(row);
+  // A change by itself, whatever becomes of the control that was meant.
+  TellChanged();
 }
 
 void EffectStackEditor::ToggleRow(int row, bool select) {
@@ -172,11 +174,7 @@ void EffectStackEditor::SelectRow(int row) {
   selectedControl_ = -1;
   myProcessor->SelectEffect(row);
   mouseStatus_ = kIdle;
-  const effectModule* module = Selected();
-  const bool turnsOn =
-      module != nullptr && !module->Enabled() && !IsDivider(row) && module->Complete();
   EnableRow(row);
-  if (turnsOn) TellChanged();
   myProcessor->UpdatePreview(false);
   update();
   NotifyFocus();
@@ -231,6 +229,7 @@ void EffectStackEditor::PressOnControl(int control) {
   focusedControl_ = control;
   mouseStatus_ = kOnControl;
   EnableRow(selected_);
+  beforeSlide_ = module.Settings();
   const int type = module.Control(control).Type;
   if (type == kControlMenu) return PopUpControlMenu(control);
   if (type == kControlSlider && ItemValueChanged) ItemValueChanged(module);
@@ -306,9 +305,10 @@ void EffectStackEditor::MoveRow(int target) {
 void EffectStackEditor::ResetRow() {
   effectModule* module = Selected();
   if (module == nullptr) return;
+  const Dictionary before = module->Settings();
   myProcessor->ResetSettings(*module);
   myProcessor->UpdatePreview(false);
-  TellChanged();
+  TellIfChanged(*module, before);
   update();
 }
 
@@ -320,11 +320,13 @@ void EffectStackEditor::Activate(int control) {
   const Dictionary before = module->Settings();
   switch (module->Control(control).Type) {
     case kControlSlider:
-      // Shown while it was dragged.
-      break;
+      // Shown while it was dragged, unless it was pressed where it stands.
+      if (mouseStatus_ == kOnControl) TellIfChanged(*module, beforeSlide_);
+      return;
     case kControlColorWell:
+      // Colors that are chosen tell of themselves.
       if (ColorWellClicked) ColorWellClicked(control);
-      break;
+      return;
     case kControlCheckBox:
       if (ItemValueChanged) ItemValueChanged(*module);
       module->ControlValue(control, !module->ControlValue(control).ToBool());
@@ -344,8 +346,8 @@ void EffectStackEditor::Activate(int control) {
 void EffectStackEditor::EndGesture() {
   const bool sliding = mouseStatus_ == kOnControl && Selected() != nullptr &&
                        Selected()->Control(selectedControl_).Type == kControlSlider;
-  mouseStatus_ = kIdle;
   if (sliding) Activate(selectedControl_);
+  mouseStatus_ = kIdle;
   update();
 }
 

@@ -141,6 +141,8 @@ class EffectStackEditor final : public QWidget, public EffectPanel {
   void TellChanged();
   /// The same if the module is not as it was.
   void TellIfChanged(const effectModule& module, const Dictionary& before);
+  /// Of the module whose slider is dragged, when the drag began.
+  Dictionary beforeSlide_;
   void RecordKeyStep(effectModule& module, int control);
   void MoveSelection(int by);
   bool ControlKey(int key, bool fast);

@@ -11,10 +11,6 @@
 namespace brivolant::codecs {
 namespace {
 
-constexpr std::array<std::string_view, 22> kExtensions{
-    "dng", "cr2", "cr3", "crw", "orf", "nef", "nrw", "srf", "sr2", "arw", "mrw",
-    "raf", "dcr", "kdc", "rw2", "rwl", "pef", "srw", "x3f", "erf", "mef", "3fr"};
-
 struct FreeImage {
   void operator()(libraw_processed_image_t* image) const { LibRaw::dcraw_clear_mem(image); }
 };
@@ -149,7 +145,7 @@ class RawSource final : public ImageSource {
 
 bool HasRawExtension(const FolderItem& file) {
   const std::string extension = LowerCase(file.Path().extension().string());
-  for (const std::string_view raw : kExtensions) {
+  for (const std::string_view raw : kRawExtensions) {
     if (extension.size() == raw.size() + 1 && extension.ends_with(raw)) return true;
   }
   return false;
@@ -164,11 +160,3 @@ std::unique_ptr<ImageSource> OpenRaw(const FolderItem& file) {
 }
 
 }  // namespace brivolant::codecs
-
-namespace brivolant {
-
-std::span<const std::string_view> RawExtensions() {
-  return codecs::kExtensions;
-}
-
-}  // namespace brivolant

@@ -145,6 +145,21 @@ void SweepOne(const FolderItem& item) {
   close(descriptor);
 }
 
+/// Where what is open lies now; nil if that cannot be told.
+FolderItem PlaceOf(int descriptor) {
+  if (descriptor < 0) return {};
+  std::error_code error;
+  const FolderItem place(
+      std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(descriptor), error));
+  struct stat open {};
+  struct stat there {};
+  // What is gone, or lies elsewhere by now, has no place.
+  const bool same = !error && fstat(descriptor, &open) == 0 &&
+                    lstat(place.Path().c_str(), &there) == 0 && open.st_dev == there.st_dev &&
+                    open.st_ino == there.st_ino;
+  return same ? place : FolderItem();
+}
+
 /// Going through a very large folder takes longer than a small save, and edits are kept every few
 /// seconds: there a minute passes between two looks.
 class LargeFolder {
@@ -221,7 +236,14 @@ GrowingFolder::GrowingFolder(const FolderItem& target) {
 }
 
 GrowingFolder::~GrowingFolder() {
-  if (folder_.Exists()) (void)folder_.DeleteFolder();
+  if (folder_.IsNil()) return;
+  // A folder above it may have another name by now.
+  const FolderItem folder = PlaceOf(descriptor_);
+  if (folder.Name() == folder_.Name()) {
+    (void)folder.DeleteFolder();
+  } else if (folder.IsNil() && folder_.Exists()) {
+    (void)folder_.DeleteFolder();
+  }
   if (descriptor_ >= 0) close(descriptor_);
 }
 

@@ -31,8 +31,8 @@ void Sweep(const FolderItem& folder);
 
 }  // namespace WorkingName
 
-/// A folder that grows beside its target under a working name, locked; gone again with the object
-/// unless it was moved away.
+/// A folder that grows beside its target under a working name, locked; gone again with the object,
+/// also where a folder above it was moved, unless it has got another name.
 class GrowingFolder {
  public:
   explicit GrowingFolder(const FolderItem& target);

@@ -2,8 +2,9 @@
 #include "platform/services/SystemServices.h"
 
 #include <QDBusConnection>
-#include <QDBusInterface>
-#include <QDBusReply>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusVariant>
 #include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
@@ -46,15 +47,32 @@ double SystemRandom::Rnd() {
   return static_cast<double>(generator_() >> 11) * 0x1.0p-53;
 }
 
+namespace {
+
+/// Milliseconds that another program of the desktop may take to answer.
+constexpr int kDesktopPatience = 5000;
+
+/// What a program of the session answers; an error if none does in time.
+QDBusMessage AskDesktop(const char* service, const char* path, const char* interface,
+                        const char* method, const QVariantList& arguments) {
+  QDBusMessage question =
+      QDBusMessage::createMethodCall(QString::fromLatin1(service), QString::fromLatin1(path),
+                                     QString::fromLatin1(interface), QString::fromLatin1(method));
+  question.setArguments(arguments);
+  return QDBusConnection::sessionBus().call(question, QDBus::Block, kDesktopPatience);
+}
+
+bool Done(const QDBusMessage& answer) {
+  return answer.type() == QDBusMessage::ReplyMessage;
+}
+
+}  // namespace
+
 bool FreedesktopDesktop::Reveal(const FolderItem& item) {
-  QDBusInterface manager(QStringLiteral("org.freedesktop.FileManager1"),
-                         QStringLiteral("/org/freedesktop/FileManager1"),
-                         QStringLiteral("org.freedesktop.FileManager1"));
-  if (manager.isValid()) {
-    const QDBusReply<void> reply =
-        manager.call(QStringLiteral("ShowItems"),
-                     QStringList{QString::fromStdString(item.URLPath())}, QString());
-    if (reply.isValid()) return true;
+  constexpr const char* kManager = "org.freedesktop.FileManager1";
+  if (Done(AskDesktop(kManager, "/org/freedesktop/FileManager1", kManager, "ShowItems",
+                      {QStringList{QString::fromStdString(item.URLPath())}, QString()}))) {
+    return true;
   }
   return QProcess::startDetached(QStringLiteral("xdg-open"),
                                  {QString::fromStdString(item.Parent().URLPath())});
@@ -156,11 +174,13 @@ bool SetBySettings(const FolderItem& image) {
     if (program.isEmpty() || !desktops.contains(QLatin1String(setting.desktop))) continue;
     const QString value =
         QString::fromStdString(setting.path ? image.ShellPath() : image.URLPath());
-    const int code =
-        QProcess::execute(program, {QStringLiteral("set"), QString::fromLatin1(setting.schema),
-                                    QString::fromLatin1(setting.key), value});
+    QProcess settings;
+    settings.start(program, {QStringLiteral("set"), QString::fromLatin1(setting.schema),
+                             QString::fromLatin1(setting.key), value});
+    const bool ended = settings.waitForFinished(kDesktopPatience);
     // An older desktop has no picture for the dark of its own.
-    set = set || code == 0;
+    set =
+        set || (ended && settings.exitStatus() == QProcess::NormalExit && settings.exitCode() == 0);
   }
   return set;
 }
@@ -169,30 +189,32 @@ bool SetBySettings(const FolderItem& image) {
 
 bool FreedesktopDesktop::SetPicture(const FolderItem& image) {
   const QString address = QString::fromStdString(image.URLPath());
+  QString quoted = address;
+  quoted.replace(QLatin1Char('\\'), QStringLiteral("\\\\"))
+      .replace(QLatin1Char('\''), QStringLiteral("\\'"));
+  const QString script = QStringLiteral(
+                             "for (const d of desktops()) { d.wallpaperPlugin = 'org.kde.image';"
+                             "d.currentConfigGroup = ['Wallpaper', 'org.kde.image', 'General'];"
+                             "d.writeConfig('Image', '%1'); }")
+                             .arg(quoted);
   // Plasma's own call is the surest there; a portal of its may only know a newer one.
-  QDBusInterface plasma(QStringLiteral("org.kde.plasmashell"), QStringLiteral("/PlasmaShell"),
-                        QStringLiteral("org.kde.PlasmaShell"));
-  if (plasma.isValid()) {
-    QString quoted = address;
-    quoted.replace(QLatin1Char('\\'), QStringLiteral("\\\\"))
-        .replace(QLatin1Char('\''), QStringLiteral("\\'"));
-    const QString script = QStringLiteral(
-                               "for (const d of desktops()) { d.wallpaperPlugin = 'org.kde.image';"
-                               "d.currentConfigGroup = ['Wallpaper', 'org.kde.image', 'General'];"
-                               "d.writeConfig('Image', '%1'); }")
-                               .arg(quoted);
-    const QDBusReply<void> reply = plasma.call(QStringLiteral("evaluateScript"), script);
-    if (reply.isValid()) return true;
+  if (Done(AskDesktop("org.kde.plasmashell", "/PlasmaShell", "org.kde.PlasmaShell",
+                      "evaluateScript", {script}))) {
+    return true;
   }
-  QDBusInterface portal(QStringLiteral("org.freedesktop.portal.Desktop"),
-                        QStringLiteral("/org/freedesktop/portal/desktop"),
-                        QStringLiteral("org.freedesktop.portal.Wallpaper"));
-  if (portal.isValid() && portal.property("version").toUInt() > 0) {
-    const QDBusReply<QDBusObjectPath> reply =
-        portal.call(QStringLiteral("SetWallpaperURI"), QString(), address,
-                    QVariantMap{{QStringLiteral("show-preview"), false},
-                                {QStringLiteral("set-on"), QStringLiteral("background")}});
-    if (reply.isValid()) return true;
+  constexpr const char* kPortal = "org.freedesktop.portal.Desktop";
+  constexpr const char* kPortalPath = "/org/freedesktop/portal/desktop";
+  const QString wallpaper = QStringLiteral("org.freedesktop.portal.Wallpaper");
+  const QDBusMessage version = AskDesktop(kPortal, kPortalPath, "org.freedesktop.DBus.Properties",
+                                          "Get", {wallpaper, QStringLiteral("version")});
+  const bool knows = Done(version) && !version.arguments().isEmpty() &&
+                     version.arguments().constFirst().value<QDBusVariant>().variant().toUInt() > 0;
+  if (knows &&
+      Done(AskDesktop(kPortal, kPortalPath, "org.freedesktop.portal.Wallpaper", "SetWallpaperURI",
+                      {QString(), address,
+                       QVariantMap{{QStringLiteral("show-preview"), false},
+                                   {QStringLiteral("set-on"), QStringLiteral("background")}}}))) {
+    return true;
   }
   return SetBySettings(image);
 }

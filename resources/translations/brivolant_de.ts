@@ -2856,6 +2856,26 @@
         <source>No photo or folder has this in its name</source>
         <translation>Kein Foto und kein Ordner hat das im Namen</translation>
     </message>
+    <message id="PreviewThread.kFailed">
+        <source>The photo could not be shown with its effects.</source>
+        <translation>Das Foto ließ sich mit seinen Effekten nicht zeigen.</translation>
+    </message>
+    <message id="MainWindow.kWorkGoesOn">
+        <source>Files are still being copied, moved or given edits.</source>
+        <translation>Es werden noch Dateien kopiert, bewegt oder bearbeitet.</translation>
+    </message>
+    <message id="MainWindow.kWorkGoesOnExplanation">
+        <source>The window can close as soon as all is done. If you end it now, what is done stays, and the rest is left out.</source>
+        <translation>Das Fenster kann sich schließen, sobald alles getan ist. Beenden Sie es jetzt, bleibt, was getan ist, und der Rest unterbleibt.</translation>
+    </message>
+    <message id="MainWindow.kCloseWhenDone">
+        <source>Close When Done</source>
+        <translation>Danach schließen</translation>
+    </message>
+    <message id="MainWindow.kEndNow">
+        <source>End Now</source>
+        <translation>Jetzt beenden</translation>
+    </message>
     <message id="MainWindow.kNotRenamed">
         <source>The file &quot;&lt;filename&gt;&quot; could not be renamed to &quot;&lt;name&gt;&quot;.</source>
         <translation>Die Datei „&lt;filename&gt;“ konnte nicht in „&lt;name&gt;“ umbenannt werden.</translation>

@@ -10,6 +10,7 @@
 #include <QMimeData>
 #include <QScrollBar>
 #include <QTest>
+#include <thread>
 
 #include "BrowsingHelpers.h"
 #include "app/browse/QuickLookWindow.h"
@@ -296,6 +297,7 @@ TEST(Browser, RenamesInPlaceAndTakesItBack) {
     Key(program.Window(), Qt::Key_F2);
     Type(program.Window(), name);
     Key(program.Window(), Qt::Key_Return);
+    Settle();
   }
   EXPECT_EQ(program.dialogs.messages.size(), 2U);
   EXPECT_TRUE(program.Shows({"b.jpg", "summer.jpg"}));
@@ -324,7 +326,8 @@ TEST(Browser, TheOpenDocumentFollowsItsNewName) {
   Key(program.Window(), Qt::Key_F2);
   Type(program.Window(), "best");
   Key(program.Window(), Qt::Key_Return);
-  EXPECT_EQ(program.Document().File, program.Pictures().Child("best.brvPhoto"));
+  const FolderItem best = program.Pictures().Child("best.brvPhoto");
+  EXPECT_TRUE(Until([&] { return program.Document().File == best; }));
   program.Tool(ToolButtons::Editor().Identifier);
   Settle();
   program.Choose("RotateAndFlipRotate90");
@@ -430,13 +433,15 @@ TEST(Browser, HandsFilesToTheDesktopAndTheFavorites) {
   program.home.Write("Pictures/notes.txt", "words");
   ASSERT_TRUE(program.Shows({"a.jpg", "b.jpg", "notes.txt"}));
   Click(program.Grid(), program.Cell(1));
+  const std::vector<FolderItem> b{program.Pictures().Child("b.jpg")};
   program.Choose("FileShowInFinder");
-  EXPECT_THAT(program.desktop.revealed, ElementsAre(program.Pictures().Child("b.jpg")));
+  EXPECT_TRUE(Until([&] { return program.desktop.revealed == b; }));
   program.Choose("menuskFileShareSetasDesktopPicture");
-  EXPECT_THAT(program.desktop.pictures, ElementsAre(program.Pictures().Child("b.jpg")));
+  EXPECT_TRUE(Until([&] { return program.desktop.pictures == b; }));
+  EXPECT_NE(program.desktop.askedOn, std::this_thread::get_id());
   program.desktop.takesPictures = false;
   program.Choose("menuskFileShareSetasDesktopPicture");
-  EXPECT_EQ(program.dialogs.messages.size(), 1U);
+  EXPECT_TRUE(Until([&] { return program.dialogs.messages.size() == 1U; }));
   program.Choose("FileAddToFavorites");
   program.Choose("FileAddToFavorites");
   Sidebar& bar = *program.Window().mySideBar;
@@ -474,12 +479,12 @@ TEST(Browser, AFolderFromOutsideShowsAndThePhotoInWorkStays) {
   const FolderItem trip = program.Pictures().Child("Trip");
   ASSERT_FALSE(trip.CreateAsFolder());
   program.app->OpenDocument(trip);
-  EXPECT_EQ(program.Browser().CurrentFolder(), trip);
+  EXPECT_TRUE(Until([&] { return program.Browser().CurrentFolder() == trip; }));
   program.OpenPhoto(program.Pictures().Child("a.jpg"));
   program.Choose("RotateAndFlipRotate90");
   program.dialogs.answers = {Answer::kCancel};
   program.app->OpenDocument(program.Pictures());
-  Settle();
+  EXPECT_TRUE(Until([&] { return program.dialogs.answers.empty(); }));
   EXPECT_EQ(program.Document().Name, "a");
 }
 

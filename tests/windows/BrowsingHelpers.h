@@ -2,7 +2,10 @@
 #pragma once
 
 #include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QTest>
+#include <QUrl>
 #include <string>
 #include <vector>
 
@@ -45,6 +48,28 @@ struct Browsing : Program {
     return Until([&] { return !Browser().Listing() && Names() == names; });
   }
 };
+
+/// A drag over a control and its drop, as from another program that would rather move.
+inline Qt::DropAction DropToMove(QWidget& control, const std::vector<FolderItem>& files,
+                                 const QPoint& at, bool& taken) {
+  QMimeData data;
+  QList<QUrl> urls;
+  for (const FolderItem& file : files) {
+    urls << QUrl::fromLocalFile(QString::fromStdString(file.ShellPath()));
+  }
+  data.setUrls(urls);
+  const Qt::DropActions possible = Qt::CopyAction | Qt::MoveAction;
+  // The key by which one asks for a move.
+  QDragEnterEvent enter(at, possible, &data, Qt::LeftButton, Qt::ShiftModifier);
+  QApplication::sendEvent(&control, &enter);
+  QDragMoveEvent move(at, possible, &data, Qt::LeftButton, Qt::ShiftModifier);
+  QApplication::sendEvent(&control, &move);
+  QDropEvent drop(at, possible, &data, Qt::LeftButton, Qt::ShiftModifier);
+  EXPECT_EQ(drop.proposedAction(), Qt::MoveAction);
+  QApplication::sendEvent(&control, &drop);
+  taken = drop.isAccepted();
+  return drop.dropAction();
+}
 
 inline void DoubleClick(QWidget& control, const QPoint& at) {
   QTest::mouseDClick(control.window()->windowHandle(), Qt::LeftButton, {},

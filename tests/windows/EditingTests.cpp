@@ -90,6 +90,16 @@ TEST(Arriving, PhotosOpenWhereTheUsersFolderCannotBe) {
   EXPECT_EQ(program.Document().Name, "photo");
 }
 
+TEST(Arriving, ANewPhotoBearsTheNameOfToday) {
+  Program program;
+  program.OpenPhoto(program.Photo("one.jpg"));
+  program.app->usersFullName = "Ann Other";
+  program.app->usersCopyright = "2026 Ann";
+  program.OpenPhoto(program.Photo("two.jpg"));
+  EXPECT_EQ(program.Document().Creator, "Ann Other");
+  EXPECT_EQ(program.Document().Copyright, "2026 Ann");
+}
+
 TEST(Arriving, OfSeveralPhotosTheFirstIsEditedAndTheOthersShow) {
   Browsing program({"a.jpg", "b.jpg", "c.jpg"});
   FolderItem trip = program.home.Child("Trip");
@@ -102,6 +112,11 @@ TEST(Arriving, OfSeveralPhotosTheFirstIsEditedAndTheOthersShow) {
   EXPECT_EQ(program.Document().Name, "x");
   EXPECT_EQ(program.Browser().CurrentFolder(), trip);
   EXPECT_TRUE(program.Shows({"x.jpg", "y.jpg", "z.jpg"}));
+  // Likewise of several that are dropped on the photo.
+  bool taken = false;
+  DropToMove(program.Display(), {trip.Child("z.jpg"), trip.Child("y.jpg")}, {50, 50}, taken);
+  EXPECT_TRUE(Until([&] { return program.Document().Name == "z"; }));
+  ExpectSoon([&] { return program.Selected(); }, testing::UnorderedElementsAre("y.jpg", "z.jpg"));
 }
 
 TEST(History, WhatIsCancelledOrDismissedLeavesNoEntry) {
@@ -119,6 +134,28 @@ TEST(History, WhatIsCancelledOrDismissedLeavesNoEntry) {
   UndoOne(program);
   Click(program.Panel(), program.ControlAt(0, 0.8));
   EXPECT_TRUE(program.Window().UndoGizmo.RedoAvailable());
+}
+
+TEST(History, TheDocumentIsChangedByWhatChangesItAlone) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  // A chooser that is cancelled leaves on the effect that it turned on.
+  program.SelectRow("Overlay");
+  program.Module("Overlay").Enabled(false);
+  program.Window().SetDirty(false);
+  Click(program.Panel(), program.ControlAt(4, 0.5));
+  EXPECT_TRUE(program.Module("Overlay").Enabled());
+  EXPECT_TRUE(program.Window().Session().Dirty());
+  // A slider that is pressed where it stands, and a color that is only looked at, change nothing.
+  program.SelectRow("Exposure");
+  Click(program.Panel(), program.ControlAt(0, 0.8));
+  program.Window().SetDirty(false);
+  Click(program.Panel(), program.ControlAt(0, 0.8));
+  EXPECT_FALSE(program.Window().Session().Dirty());
+  program.SelectRow("Overlay");
+  program.Window().SetDirty(false);
+  program.Panel().Activate(1);
+  EXPECT_FALSE(program.Window().Session().Dirty());
 }
 
 TEST(History, AddingATextIsOneEntry) {

@@ -2,9 +2,7 @@
 // What is done with files in the browser: that nothing is lost by it, and that it is taken back.
 #include <QApplication>
 #include <QDesktopServices>
-#include <QDropEvent>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QTest>
 #include <QTextBrowser>
 #include <QUrl>
@@ -56,28 +54,6 @@ TEST(FileWork, ALinkDoesNotTakeTheNameOfItsPhoto) {
   Rename(program, "second.jpg", "photo.jpg");
   EXPECT_EQ(program.dialogs.messages.size(), 2U);
   EXPECT_TRUE(program.Pictures().Child("second.jpg").Exists());
-}
-
-/// A drag over a control and its drop, as from another program that would rather move.
-Qt::DropAction DropToMove(QWidget& control, const std::vector<FolderItem>& files, const QPoint& at,
-                          bool& taken) {
-  QMimeData data;
-  QList<QUrl> urls;
-  for (const FolderItem& file : files) {
-    urls << QUrl::fromLocalFile(QString::fromStdString(file.ShellPath()));
-  }
-  data.setUrls(urls);
-  const Qt::DropActions possible = Qt::CopyAction | Qt::MoveAction;
-  // The key by which one asks for a move.
-  QDragEnterEvent enter(at, possible, &data, Qt::LeftButton, Qt::ShiftModifier);
-  QApplication::sendEvent(&control, &enter);
-  QDragMoveEvent move(at, possible, &data, Qt::LeftButton, Qt::ShiftModifier);
-  QApplication::sendEvent(&control, &move);
-  QDropEvent drop(at, possible, &data, Qt::LeftButton, Qt::ShiftModifier);
-  EXPECT_EQ(drop.proposedAction(), Qt::MoveAction);
-  QApplication::sendEvent(&control, &drop);
-  taken = drop.isAccepted();
-  return drop.dropAction();
 }
 
 TEST(FileWork, ADropIsACopyAndSaysSo) {

@@ -104,6 +104,7 @@ TEST(Opening, WhatCannotBeReadLeavesTheSession) {
   program.dialogs.messages.clear();
   EXPECT_FALSE(program.home.Child("photo.jpg").Delete());
   program.app->OpenRecent(program.app->RecentItem().front());
+  Settle();
   EXPECT_THAT(program.dialogs.messages,
               ElementsAre("Brivolant Photos cannot open the file \"photo\" as it can no longer be "
                           "found."));

@@ -10,6 +10,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "Helpers.h"
@@ -77,6 +78,8 @@ struct RecordingDesktop final : Desktop {
   std::vector<FolderItem> revealed;
   std::vector<FolderItem> pictures;
   bool takesPictures = true;
+  /// The thread that asked last.
+  std::thread::id askedOn;
   bool Reveal(const FolderItem& item) override {
     revealed.push_back(item);
     return true;
@@ -87,6 +90,7 @@ struct RecordingDesktop final : Desktop {
     return ejects ? ejects(root) : std::string();
   }
   bool SetPicture(const FolderItem& image) override {
+    askedOn = std::this_thread::get_id();
     pictures.push_back(image);
     return takesPictures;
   }

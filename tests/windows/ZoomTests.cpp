@@ -305,6 +305,23 @@ TEST_F(Zooming, AChangeShowsThePreviewAtOnceAndTheFullPictureAfterwards) {
   EXPECT_EQ(Differing(Finished()), 0);
 }
 
+// A slider that is drawn there and back while the full picture is awaited.
+TEST_F(Zooming, TheFullPictureIsThatOfTheSettingsItShowsUnder) {
+  program.SelectRow("Exposure");
+  Press(Qt::Key_1);
+  ASSERT_TRUE(Sharp());
+  effectModule& exposure = program.Module("Exposure");
+  exposure.ControlValue(0, 30);
+  program.Render();
+  ASSERT_FALSE(program.Window().Zoom().Sharp());
+  exposure.ControlValue(0, 80);
+  ASSERT_TRUE(Sharp());
+  exposure.ControlValue(0, 30);
+  program.Window().Session().Rendered();
+  ASSERT_TRUE(Sharp());
+  EXPECT_EQ(Differing(Finished()), 0);
+}
+
 TEST_F(Zooming, WhatNobodyLooksAtIsBrokenOff) {
   for (const char* name : {"Oil Painting", "Motion Blur", "Matte"}) {
     program.Module(name).Enabled(true);
