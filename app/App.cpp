@@ -8,9 +8,6 @@
 #include <QSysInfo>
 #include <QUrl>
 #include <algorithm>
-#include <condition_variable>
-#include <mutex>
-#include <thread>
 
 #include "app/AboutBox.h"
 #include "app/MainWindow.h"
@@ -202,36 +199,21 @@ void App::OpenDocuments(const std::vector<FolderItem>& files) {
 
 void App::Look(const std::vector<FolderItem>& items,
                std::function<void(const std::vector<Looked>&)> then) {
-  struct Answer {
-    std::mutex mutex;
-    std::condition_variable known;
-    std::optional<std::vector<Looked>> looked;
+  const auto looked = std::make_shared<std::vector<Looked>>();
+  const auto look = [items, looked] {
+    for (const FolderItem& item : items) looked->push_back({item.Exists(), item.Directory()});
   };
-  const auto look = [items] {
-    std::vector<Looked> looked;
-    for (const FolderItem& item : items) looked.push_back({item.Exists(), item.Directory()});
-    return looked;
-  };
-  if (!window_) return then(look());
-  const auto answer = std::make_shared<Answer>();
-  const auto work = [answer, look](Jobs::Control& control) {
-    // A thread of its own, which may stand for ever.
-    std::thread([answer, look] {
-      std::vector<Looked> looked = look();
-      const std::lock_guard lock(answer->mutex);
-      answer->looked = std::move(looked);
-      answer->known.notify_all();
-    }).detach();
-    constexpr std::chrono::milliseconds kLookAgain(50);
-    std::unique_lock lock(answer->mutex);
-    while (!answer->looked && !control.Cancelled()) answer->known.wait_for(lock, kLookAgain);
-  };
+  if (!window_) {
+    look();
+    return then(*looked);
+  }
+  const auto seen = std::make_shared<bool>(false);
   const std::string text = WithPlaceholders(EditSession::kOpeningImage.Text(),
                                             {{"<filename>", items.front().DisplayName()}});
   window_->Session().Work().Start(
-      {text, true, work, [answer, then = std::move(then)](Jobs::End, const std::string&) {
-         const std::lock_guard lock(answer->mutex);
-         if (answer->looked) then(*answer->looked);
+      {text, true, [look, seen](Jobs::Control& control) { *seen = control.Apart(look); },
+       [looked, seen, then = std::move(then)](Jobs::End, const std::string&) {
+         if (*seen) then(*looked);
        }});
 }
 

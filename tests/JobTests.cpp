@@ -272,5 +272,55 @@ TEST(Hook, TellsItsListenersInOrderWhileTheyLive) {
   outlives.reset();
 }
 
+// A disk that is away answers late, or never; who gives up is free at once.
+TEST(Job, WhatNeverComesBackIsLetGo) {
+  Jobs jobs;
+  std::vector<int> seen;
+  const auto gate = std::make_shared<std::atomic<bool>>(false);
+  const auto start = [&](const std::function<void()>& look) {
+    jobs.Start({{},
+                true,
+                [&seen, look](Jobs::Control& control) { seen.push_back(control.Apart(look)); },
+                nullptr});
+  };
+  start([] {});
+  jobs.Finish();
+  start([gate] {
+    while (!*gate) std::this_thread::yield();
+  });
+  jobs.Cancel();
+  jobs.Finish();
+  EXPECT_THAT(seen, testing::ElementsAre(true, false));
+  *gate = true;
+}
+
+// What waits can be given up too, and whoever closes a window knows what is left.
+TEST(Job, AllCanBeCancelled) {
+  Jobs jobs;
+  std::vector<std::string> ended;
+  for (const char* name : {"first", "second", "must"}) {
+    jobs.Start({name, std::string(name) != "must",
+                [](Jobs::Control& control) {
+                  while (!control.Cancelled()) std::this_thread::yield();
+                },
+                [&ended, name](Jobs::End end, const std::string&) {
+                  ended.push_back(std::string(name) +
+                                  (end == Jobs::End::kCancelled ? " cancelled" : " done"));
+                }});
+    if (std::string(name) == "second") {
+      EXPECT_THAT(jobs.Unfinished(), testing::ElementsAre("first", "second"));
+      jobs.CancelAll();
+      jobs.Finish();
+      EXPECT_THAT(jobs.Unfinished(), testing::IsEmpty());
+    }
+  }
+  EXPECT_THAT(jobs.Unfinished(), testing::ElementsAre("must"));
+  jobs.CancelAll();
+  EXPECT_TRUE(jobs.Busy());
+  jobs.Cancel();
+  jobs.Finish();
+  EXPECT_THAT(ended, testing::ElementsAre("first cancelled", "second cancelled", "must cancelled"));
+}
+
 }  // namespace
 }  // namespace brivolant::test

@@ -4,7 +4,9 @@
 #include <QObject>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
+#include <chrono>
 #include <exception>
+#include <future>
 #include <utility>
 
 namespace brivolant {
@@ -53,6 +55,20 @@ Jobs::~Jobs() {
   if (!running_) return;
   running_->control.cancelled_ = true;
   if (running_->thread.joinable()) running_->thread.join();
+}
+
+bool Jobs::Control::Apart(std::function<void()> look) const {
+  constexpr std::chrono::milliseconds kLookAgain(50);
+  const auto seen = std::make_shared<std::promise<void>>();
+  const std::future<void> done = seen->get_future();
+  std::thread([seen, look = std::move(look)] {
+    look();
+    seen->set_value();
+  }).detach();
+  while (done.wait_for(kLookAgain) != std::future_status::ready) {
+    if (Cancelled()) return false;
+  }
+  return true;
 }
 
 void Jobs::Start(Job job) {

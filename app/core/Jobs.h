@@ -28,6 +28,10 @@ class Jobs {
       return !cancelled_;
     }
 
+    /// Runs what may never come back, such as a look at a disk that is away, and waits for it until
+    /// the work is cancelled. What it uses must be its own. True if it was done.
+    bool Apart(std::function<void()> look) const;
+
    private:
     friend class Jobs;
     std::atomic<bool> cancelled_ = false;
