@@ -4,6 +4,7 @@
 
 #include "app/App.h"
 #include "app/MainWindow.h"
+#include "browser/ui/Sidebar.h"
 #include "platform/values/Captions.h"
 
 namespace brivolant {
@@ -100,6 +101,11 @@ void MainWindow::WireBrowser() {
         });
       }));
   browser_.BringIntoView = [this] { BackToBrowser(); };
+  const auto hold = [this]() -> std::shared_ptr<void> {
+    return std::make_shared<EditSession::Hold>(session_);
+  };
+  browser_.imageBrowser->Holding = hold;
+  mySideBar->Holding = hold;
   browser_.MoreRows = [this](QMenu& menu) { edits_.AddRows(menu); };
   edits_.StyleMenu(menu_->Submenu("EditApplyStyle"));
   browser_.ShowLibrary = [this] {

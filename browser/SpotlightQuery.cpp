@@ -34,7 +34,7 @@ using Steady = std::chrono::steady_clock;
 /// Milliseconds between two reports of progress.
 constexpr int kProgress = 200;
 /// What is still searched once all else is done may be silent for so long.
-constexpr std::chrono::seconds kSilence{3};
+constexpr std::chrono::seconds kSilence{6};
 /// How long the end of a search waits for its threads, which end at once unless a disk holds them.
 constexpr std::chrono::milliseconds kLeave{200};
 /// Folders of the system: nobody keeps photos there, and they are half of a disk's files.
@@ -82,6 +82,9 @@ struct SpotlightQuery::Work {
   std::unordered_set<std::string> borders;
   bool asking = false;
   int threads = 0;
+  /// Something was found to be there since the search looked last: a disk that is slow is not
+  /// silent.
+  std::atomic<bool> alive = false;
   /// When anything was last heard of.
   Steady::time_point heard = Steady::now();
   /// Devices and numbers of the folders that were gone into, so that none is twice.
@@ -172,13 +175,13 @@ void SpotlightQuery::Divide(Work& work) {
   work.lanes.emplace_back();
   const auto add = [&](const std::string& root) {
     const Mount* mount = table.Of(FolderItem(root));
-    const bool own = mount != nullptr && (mount->Remote() || mount->ByProgram());
+    const bool own = mount != nullptr && mount->Apart();
     if (own) work.borders.insert(root);
     (own ? work.lanes.emplace_back() : work.lanes.front()).folders.push_back(root);
   };
   for (const std::string& root : work.roots) add(root);
   for (const Mount& mount : table.Mounts()) {
-    if (!mount.Remote() && !mount.ByProgram() && mount.Kind != "autofs") continue;
+    if (!mount.Apart() && mount.Kind != "autofs") continue;
     const std::string root = mount.Root.ShellPath();
     const bool below = std::any_of(work.roots.begin(), work.roots.end(),
                                    [&](const auto& above) { return Within(root, above); });
@@ -200,7 +203,9 @@ void SpotlightQuery::Search(const std::shared_ptr<Work>& work) {
   std::unique_lock lock(work->mutex);
   while (work->Wanted() && !work->Done()) {
     work->changed.wait_for(lock, std::chrono::milliseconds(kProgress));
-    if (!work->lanes.front().Done() || work->paused) work->heard = Steady::now();
+    if (!work->lanes.front().Done() || work->paused || work->alive.exchange(false)) {
+      work->heard = Steady::now();
+    }
     // Whoever is silent now may be so for ever.
     if (Steady::now() - work->heard > kSilence) break;
   }
@@ -283,6 +288,7 @@ void SpotlightQuery::WalkFolder(Work& work, const std::string& folder,
   const FolderItem place(folder);
   while (const dirent* entry = readdir(open.get())) {
     if (!work.Wanted()) return;
+    work.alive = true;
     const std::string_view name = entry->d_name;
     // Nothing hidden, and no links, which could lead in circles.
     if (name.starts_with('.') || entry->d_type == DT_LNK) continue;

@@ -30,8 +30,9 @@ void browserItem::GetIconRef() {
     iconRef = {"drive-harddisk"};
   } else if (const auto* file = std::get_if<FolderItem>(&item)) {
     const bool folder = Facts && Facts->Is == FileFacts::kFolder;
-    // What was listed is known: no look at the file, which may be slow to answer.
-    const bool known = Facts && Facts->Is != FileFacts::kAlias;
+    // What was listed is known, a link by its name alone: no look at the file or at what it leads
+    // to, which may be slow to answer.
+    const bool known = Facts.has_value();
     iconRef = folder  ? std::vector<std::string>{"folder"}
               : known ? FolderitemExtensions::IconNamesByName(*file)
                       : FolderitemExtensions::IconNames(*file);

@@ -34,6 +34,8 @@ struct statvfs Status(const FolderItem& root) {
 /// The label of a device's file system, as the system's folder of labels has it.
 std::string LabelOf(const std::string& device) {
   namespace fs = std::filesystem;
+  // Of others it may be a folder, or a place on a share that does not answer.
+  if (!device.starts_with("/dev/")) return {};
   std::error_code error;
   const fs::path wanted = fs::canonical(device, error);
   if (error) return {};

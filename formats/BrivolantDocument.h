@@ -54,7 +54,9 @@ class BrivolantDocument {
   /// original's own bytes and every picture that the stacks name; what cannot be had any more is
   /// asked about first. What stands there goes to the trash once the new package is whole. A
   /// failure leaves both as they were; the user has been told.
-  [[nodiscard]] bool SaveAs(const FolderItem& place);
+  [[nodiscard]] bool SaveAs(const FolderItem& place) { return SaveAs(place, true); }
+  /// The same where nothing stands: false, and nothing is told, if something does by then.
+  [[nodiscard]] bool SaveAsNew(const FolderItem& place) { return SaveAs(place, false); }
   /// Keeps the original and the pictures of the package within reach, in case that its folder or
   /// its disk goes away while the document is open. What the disk for temporary files has no room
   /// for is read where it lies.
@@ -95,6 +97,8 @@ class BrivolantDocument {
   /// document in memory; the package on disk changes when it is saved. False if it cannot be
   /// copied, or if the name is not free to use.
   [[nodiscard]] bool PastedImage(std::string_view name, const FolderItem& file);
+  /// The same of a file in the folder for temporary files, which is the document's from now on.
+  [[nodiscard]] bool AdoptPastedImage(std::string_view name, const FolderItem& file);
   /// All of them, as a render takes them along. The package's folder is read once.
   PastedFiles PastedImages() const;
   /// Those that no package holds yet.
@@ -173,7 +177,8 @@ class BrivolantDocument {
   // DocumentWriter.cpp
   bool CreatePackage(const FolderItem& target);
   bool FillPackage(const FolderItem& package);
-  bool PutInPlace(const FolderItem& package, const FolderItem& target) const;
+  bool SaveAs(const FolderItem& place, bool replaces);
+  bool PutInPlace(const FolderItem& package, const FolderItem& target, bool replaces) const;
   bool WriteOriginal(const FolderItem& package);
   bool WriteWhatWasRead(const FolderItem& package);
   /// Remembers what stands at File now.

@@ -117,6 +117,11 @@ bool BrivolantDocument::PastedImage(std::string_view name, const FolderItem& fil
   return KeepForSession(name, std::make_shared<const SessionPicture>(copy));
 }
 
+bool BrivolantDocument::AdoptPastedImage(std::string_view name, const FolderItem& file) {
+  return IsFreeName(name, OriginalImageID) && file.Exists() &&
+         KeepForSession(name, std::make_shared<const SessionPicture>(file));
+}
+
 bool BrivolantDocument::KeepForSession(std::string_view name, KeptPicture picture) {
   if (!picture) return false;
   session_[std::string(name)] = std::move(picture);

@@ -131,7 +131,7 @@ void BrivolantDocument::Written() {
   savedStyle_ = StyleData;
 }
 
-bool BrivolantDocument::SaveAs(const FolderItem& place) {
+bool BrivolantDocument::SaveAs(const FolderItem& place, bool replaces) {
   const FolderItem target = PackageFor(place);
   if (target == File && tFile.IsNil()) return Save();
   const FolderItem& writes = target.Exists() ? target.Parent() : target;
@@ -147,7 +147,7 @@ bool BrivolantDocument::SaveAs(const FolderItem& place) {
     const GrowingFolder growing(target);
     const bool filled = FillPackage(growing.Folder());
     if (!filled) services_.Dialogs.Message(kNotCreated.Text(), target.DisplayName());
-    if (!filled || !PutInPlace(growing.Folder(), target)) {
+    if (!filled || !PutInPlace(growing.Folder(), target, replaces)) {
       OriginalImageID = before;
       return false;
     }
@@ -164,9 +164,11 @@ bool BrivolantDocument::SaveAs(const FolderItem& place) {
   return true;
 }
 
-bool BrivolantDocument::PutInPlace(const FolderItem& package, const FolderItem& target) const {
+bool BrivolantDocument::PutInPlace(const FolderItem& package, const FolderItem& target,
+                                   bool replaces) const {
   std::optional<FolderitemExtensions::TrashedFile> old;
   if (EntryExists(target)) {
+    if (!replaces) return false;
     old = FolderitemExtensions::PutInTrash(target);
     if (!old) {
       services_.Dialogs.Message(
@@ -179,7 +181,9 @@ bool BrivolantDocument::PutInPlace(const FolderItem& package, const FolderItem& 
   if (old && !FolderitemExtensions::PutBack(*old)) {
     services_.Log.Write("In the trash: " + target.ShellPath());
   }
-  services_.Dialogs.Message(kNotCreated.Text(), target.DisplayName());
+  if (replaces || !EntryExists(target)) {
+    services_.Dialogs.Message(kNotCreated.Text(), target.DisplayName());
+  }
   return false;
 }
 
@@ -188,9 +192,9 @@ bool BrivolantDocument::CreatePackage(const FolderItem& target) {
   // The name of the original is this document's only once the package stands.
   const std::string before = OriginalImageID;
   // What stands in the place of a package is not this document.
-  const bool placed =
-      FillPackage(growing.Folder()) && (before.empty() ? TakeOwnPlace(growing.Folder(), target)
-                                                       : PutInPlace(growing.Folder(), target));
+  const bool placed = FillPackage(growing.Folder()) &&
+                      (before.empty() ? TakeOwnPlace(growing.Folder(), target)
+                                      : PutInPlace(growing.Folder(), target, true));
   if (placed) return true;
   OriginalImageID = before;
   return false;

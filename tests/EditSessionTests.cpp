@@ -402,7 +402,7 @@ TEST(Session, EditsThatWereNotSavedComeBack) {
 TEST(Session, APictureThatCannotBeKeptKeepsNothingElseFromBeingKept) {
   Editing editing;
   editing.Open(editing.Photo("photo.jpg"));
-  editing.session.PastePicture(TestPicture(40, 30));
+  editing.Paste(TestPicture(40, 30));
   for (const auto& [name, file] : editing.Document().SessionImages()) {
     ASSERT_FALSE(file.Delete());
   }
@@ -416,7 +416,7 @@ TEST(Session, AnswersHoldForTheSaveThatAskedForThem) {
   Editing editing;
   EditSession& session = editing.session;
   editing.Open(editing.Photo("photo.jpg"));
-  session.PastePicture(TestPicture(40, 30));
+  editing.Paste(TestPicture(40, 30));
   const FolderItem place = editing.folder.Child("laid.brvPhoto");
   ASSERT_TRUE(editing.Save(place));
   std::vector<std::string> asked;
@@ -512,7 +512,7 @@ TEST(Session, PastingIsOneEntryWhateverWasLookedAtBefore) {
   // A menu of the overlay was opened and dismissed.
   const effectModule& overlay = editing.Module("Overlay");
   session.Record({{session.ModuleKey("EffectChanged:", overlay), overlay.Settings()}}, "Overlay");
-  session.PastePicture(TestPicture(40, 30));
+  editing.Paste(TestPicture(40, 30));
   EXPECT_EQ(editing.UndoName(), "Paste");
   session.Undo();
   EXPECT_FALSE(session.UndoGizmo().UndoAvailable());

@@ -124,6 +124,10 @@ struct Editing {
     session.Processor().UpdatePreview(false);
     session.SetDirty(true);
   }
+  void Paste(const Picture& picture) {
+    session.PastePicture(picture);
+    session.Finish();
+  }
   std::string UndoName() { return session.UndoGizmo().UndoName(); }
 
   TestServices services;

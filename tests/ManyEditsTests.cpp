@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: MIT
 // The edits of one photo, given to many and taken back.
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <thread>
 
 #include "Editing.h"
 #include "app/session/ManyEdits.h"
+#include "effects/EffectRegistry.h"
+#include "engine/brivolantProcessorLite.h"
+#include "engine/pictures/SharedPictureEffects.h"
 #include "formats/ImageFile.h"
 #include "formats/PictureStrings.h"
 
@@ -35,7 +40,7 @@ struct Copying : Editing {
     setenv("XDG_DATA_HOME", folder.Child("data home").ShellPath().c_str(), 1);
     EXPECT_FALSE(trip.CreateAsFolder());
     Open(Photo("source.jpg"));
-    session.PastePicture(TestPicture(60, 40, 9));
+    Paste(TestPicture(60, 40, 9));
     session.Turn(&BrivolantDocument::Rotation, 1);
     Document().Crop = true;
     Document().CropOffSet = {0.25, 0.25};
@@ -171,19 +176,59 @@ TEST(ManyEdits, WhatWasChangedSinceOrIsInUseStays) {
   EXPECT_FALSE(done[2].Exists());
 }
 
+TEST(ManyEdits, ThePreviewOfAWidePhotoShowsWhatTheFullPictureWill) {
+  Copying c;
+  // A hard edge, whose width in the end tells how far it was blurred.
+  Picture wide = PlainPicture(2400, 800, Color(0, 0, 0));
+  const Pixels pixels = wide.Edit();
+  for (int y = 0; y < wide.Height(); ++y) {
+    std::fill(pixels.Row(y) + std::ptrdiff_t{4} * 1200, pixels.Row(y) + std::ptrdiff_t{4} * 2400,
+              std::uint8_t{255});
+  }
+  const FolderItem photo = c.trip.Child("wide.png");
+  const std::array<EncodeImage, 1> image{{{wide, 1}}};
+  ASSERT_EQ(EncodeImageFile(photo, "public.png", image), "");
+  c.Open(c.Photo("plain.jpg"));
+  c.Change(c.Module("Blur"), 0, 40);
+  ManyEdits::Order order = c.OrderFor({photo});
+  order.Edits = c.session.Edits();
+  ManyEdits many(order);
+  c.Do([&](Jobs::Control& control) { many.Run(c.worker, control); });
+  ASSERT_THAT(many.Done(), SizeIs(1));
+  const Picture preview = c.Loaded(many.Done()[0]).PreviewAfter;
+  ASSERT_FALSE(preview.IsNil());
+
+  brivolantProcessorLite processor(EffectRegistry(), c.services.services);
+  processor.Startup();
+  processor.StyleData(order.Edits.StyleData);
+  const Picture full =
+      SharedPictureEffects::Scale(processor.Process(wide, {}), preview.Width(), preview.Height(),
+                                  SharedPictureEffects::kScaleExactly);
+  EXPECT_LE(LargestDifference(preview, full), 16);
+}
+
 TEST(ManyEdits, CancellingLeavesWholeDocumentsThatCanBeTakenBack) {
   Copying c;
   std::vector<FolderItem> photos;
   for (const char* name : {"a.jpg", "b.jpg", "c.jpg", "d.jpg"}) photos.push_back(c.InTrip(name));
+  for (int i = 0; i < 40; ++i) photos.push_back(c.InTrip("more " + std::to_string(i) + ".jpg"));
   ManyEdits many(c.OrderFor(photos));
   // As soon as the first stands, wherever the work is then.
-  c.jobs.Start({{}, true, [&](Jobs::Control& control) { many.Run(c.worker, control); }, {}});
-  while (!c.trip.Child("a.brvPhoto").Exists()) std::this_thread::yield();
+  std::atomic<bool> ended = false;
+  c.jobs.Start({{},
+                true,
+                [&](Jobs::Control& control) {
+                  many.Run(c.worker, control);
+                  ended = true;
+                },
+                {}});
+  while (!ended && !c.trip.Child("a.brvPhoto").Exists()) std::this_thread::yield();
   c.jobs.Cancel();
   c.jobs.Finish();
   const std::vector<FolderItem> done = many.Done();
   EXPECT_THAT(many.Failures(), IsEmpty());
   ASSERT_FALSE(done.empty());
+  EXPECT_LT(done.size(), photos.size());
   std::size_t documents = 0;
   for (const FolderItem& child : c.trip.Children()) {
     EXPECT_FALSE(child.Name().starts_with('.')) << child.Name();

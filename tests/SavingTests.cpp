@@ -33,7 +33,7 @@ struct Saved : Editing {
     EXPECT_FALSE(trips.CreateAsFolder());
     setenv("XDG_DATA_HOME", folder.Child("data home").ShellPath().c_str(), 1);
     Open(photo);
-    session.PastePicture(TestPicture(60, 40, 9));
+    Paste(TestPicture(60, 40, 9));
     EXPECT_TRUE(Save(package));
     pictures = PicturesIn(package);
     EXPECT_EQ(pictures.size(), 1U);
@@ -154,7 +154,7 @@ TEST(Saving, WhatStandsInThePlaceGoesToTheTrashOnlyForAWholePackage) {
   EXPECT_FALSE(place.CreateAsFolder());
   const FolderItem precious = s.folder.Write("taken.brvPhoto/precious.txt", "not to be lost");
   // A picture that cannot be copied.
-  s.session.PastePicture(TestPicture(50, 50, 4));
+  s.Paste(TestPicture(50, 50, 4));
   FolderItem picture;
   const std::string style = s.session.Processor().StyleData();
   for (const auto& [name, file] : s.Document().SessionImages()) {

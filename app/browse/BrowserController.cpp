@@ -212,7 +212,9 @@ void BrowserController::DisplayInPlace(const BrowserContainer& container) {
 
 void BrowserController::ShowFiles(const std::vector<FolderItem>& files) {
   if (files.empty()) return;
-  imageBrowser->DisplayItem(files.front().Parent());
+  const FolderItem folder = files.front().Parent();
+  Leaving(folder);
+  imageBrowser->DisplayItem(folder);
   imageBrowser->SelectFiles(files);
 }
 

@@ -38,9 +38,12 @@ bool TakesEdits(const FolderItem& file) {
 /// What was given at once, and is taken back at once.
 struct EditsController::Given {
   std::unique_ptr<ManyEdits> Many;
-  /// The document that is open in the editor, if it was among them; its history as it was then.
-  const BrivolantDocument* Open = nullptr;
+  /// The number of the document that is open in the editor, if it was among them; its history as
+  /// it was then.
+  int Open = 0;
+  FolderItem File;
   int Steps = 0;
+  std::function<void()> Forget;
   bool Saved = false;
 };
 
@@ -53,6 +56,12 @@ EditsController::EditsController(const Desk& desk, EditSession& session, Command
       files_(files),
       worker_(desk.Services) {
   AddCommands(commands);
+  // Who works here now: a document takes the names as it is made.
+  listening_.push_back(jobs_.Started.Listen([this] { worker_.Refresh(); }));
+  listening_.push_back(session_.Opened.Listen([this] {
+    const auto given = giving_.lock();
+    if (given && session_.Document() != nullptr) given->Many->Spare(session_.Document()->File);
+  }));
 }
 
 EditsController::~EditsController() {
@@ -179,65 +188,94 @@ void EditsController::Give(ManyEdits::Order order) {
     if (answer == Answer::kCancel) return;
     if (answer == Answer::kAlternate) std::erase_if(order.Items, IsDocument);
   }
-  const auto given = std::make_shared<Given>();
-  GiveOpen(order, *given);
-  std::erase_if(order.Items, [this](const FolderItem& item) { return session_.LiesIn(item); });
-  given->Many = std::make_unique<ManyEdits>(std::move(order));
-  const auto forget =
-      files_.AddStep(Menus::kEditPasteEditsUndo, [this, given] { TakeBack(given); });
-  jobs_.Start({kPasting.Text(), true,
-               [this, given](Jobs::Control& control) { given->Many->Run(worker_, control); },
-               [this, given, forget](Jobs::End, const std::string&) {
-                 const std::vector<FolderItem> done = given->Many->Done();
-                 if (done.empty() && given->Open == nullptr) forget();
-                 browser_.imageBrowser->ReloadCurrentView();
-                 if (!done.empty()) browser_.imageBrowser->SelectFiles(done);
-                 Tell(kNotGiven, given->Many->Failures());
-               }});
+  // Behind what the session is at: the open document gets its edits there.
+  session_.Work().WhenIdle([this, order = std::move(order)] { GiveNow(order); });
 }
 
-void EditsController::GiveOpen(const ManyEdits::Order& order, Given& given) {
+void EditsController::AddStep(const std::shared_ptr<Given>& given) {
+  given->Forget = files_.AddStep(Menus::kEditPasteEditsUndo, [this, given] {
+    // What is still being given is not; what was given is a list that grows until then.
+    if (giving_.lock() == given) jobs_.Cancel();
+    jobs_.WhenIdle([this, given] { TakeBack(given); });
+  });
+}
+
+void EditsController::GiveNow(ManyEdits::Order order) {
+  const auto given = std::make_shared<Given>();
+  ManyEdits::Order others = order;
+  std::erase_if(others.Items, [this](const FolderItem& item) { return session_.LiesIn(item); });
+  given->Many = std::make_unique<ManyEdits>(std::move(others));
+  GiveOpen(order, given);
+  AddStep(given);
+  giving_ = given;
+  jobs_.Start(
+      {kPasting.Text(), true,
+       [this, given](Jobs::Control& control) { given->Many->Run(worker_, control); },
+       [this, given, select = files_.SelectIfUntouched()](Jobs::End, const std::string& why) {
+         giving_.reset();
+         const std::vector<FolderItem> done = given->Many->Done();
+         if (done.empty() && given->Open == 0) given->Forget();
+         browser_.imageBrowser->ReloadCurrentView();
+         if (!done.empty()) select(done);
+         std::vector<ManyEdits::Failure> failures = given->Many->Failures();
+         if (!why.empty()) failures.push_back({{}, why});
+         Tell(kNotGiven, failures);
+       }});
+}
+
+void EditsController::GiveOpen(const ManyEdits::Order& order, const std::shared_ptr<Given>& given) {
   const bool open = std::any_of(order.Items.begin(), order.Items.end(),
                                 [this](const auto& item) { return session_.LiesIn(item); });
-  if (!open || session_.Busy()) return;
+  if (!open) return;
   // What was not saved yet is not saved by this.
-  given.Saved = session_.SameAsSaved();
+  const bool saved = session_.SameAsSaved();
+  const bool kept =
+      saved && given->Many->Remember(*session_.Document(), desk_.Services.TemporaryFiles);
+  const FolderItem file = session_.Document()->File;
+  const int before = session_.HistorySteps();
   session_.PasteEdits(order.Edits, order.Crop, order.Turns);
-  given.Open = session_.Document();
-  given.Steps = session_.HistorySteps();
-  if (given.Saved) {
-    session_.Save({}, [this](bool) { browser_.imageBrowser->ReloadCurrentView(); });
-  }
+  // It had these edits already, or did not get them.
+  if (session_.HistorySteps() == before) return given->Many->Forget(file);
+  given->Saved = kept;
+  given->Open = session_.DocumentNumber();
+  given->File = file;
+  given->Steps = session_.HistorySteps();
+  if (!kept) return;
+  session_.Save({}, [this, given](bool done) {
+    if (done) given->Many->RememberedIsWritten();
+    browser_.imageBrowser->ReloadCurrentView();
+  });
 }
 
 void EditsController::TakeBack(const std::shared_ptr<Given>& given) {
   const auto failures = std::make_shared<std::vector<ManyEdits::Failure>>();
-  const auto inUse = [this](const FolderItem& file) {
-    return ManyEdits::Failure{
-        file, WithPlaceholders(kInUse.Text(), {{"<filename>", file.DisplayName()}})};
-  };
-  if (given->Open != nullptr) {
+  if (given->Open != 0 && session_.DocumentNumber() == given->Open) {
     // Only if nothing has come after it.
-    if (session_.Document() == given->Open && session_.HistorySteps() == given->Steps) {
+    if (session_.HistorySteps() == given->Steps) {
+      given->Many->Forget(given->File);
+      given->Open = 0;
       session_.Undo();
       if (given->Saved) {
         session_.Save({}, [this](bool) { browser_.imageBrowser->ReloadCurrentView(); });
       }
-    } else if (session_.Document() == given->Open) {
-      failures->push_back(inUse(session_.Document()->File));
+    } else if (!given->Saved) {
+      failures->push_back(
+          {given->File, WithPlaceholders(ManyEdits::kOpenNow.Text(),
+                                         {{"<filename>", given->File.DisplayName()}})});
     }
   }
-  const auto restored = std::make_shared<std::vector<FolderItem>>(given->Many->Done());
   std::vector<FolderItem> keeps;
-  for (const FolderItem& file : *restored) {
+  for (const FolderItem& file : given->Many->Done()) {
     if (session_.LiesIn(file)) keeps.push_back(file);
   }
   jobs_.Start({FileController::kTakingBack.Text(), false,
                [this, given, keeps](Jobs::Control&) { given->Many->TakeBack(worker_, keeps); },
-               [this, given, failures, restored](Jobs::End, const std::string&) {
+               [this, given, failures](Jobs::End, const std::string& why) {
                  browser_.imageBrowser->ReloadCurrentView();
                  const auto& more = given->Many->Failures();
                  failures->insert(failures->end(), more.begin(), more.end());
+                 if (!why.empty()) failures->push_back({{}, why});
+                 if (given->Many->Left()) AddStep(given);
                  Tell(kNotTakenBack, *failures);
                }});
 }
@@ -250,43 +288,12 @@ void EditsController::Tell(const LocalizedText& text,
   for (std::size_t i = 0; i < std::min(failures.size(), kMostTold); ++i) {
     const ManyEdits::Failure& failure = failures[i];
     if (!why.empty()) why += '\n';
-    why += failure.Item.DisplayName() + ": " + failure.Why;
+    if (failure.Item) why += failure.Item.DisplayName() + ": ";
+    why += failure.Why;
   }
   if (failures.size() > kMostTold) why += "\n...";
   const EditSession::Hold hold(session_);
   desk_.Services.Dialogs.Message(text.Text(), why);
-}
-
-// The menus.
-
-void EditsController::StyleMenu(QMenu& menu) {
-  QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this, &menu] {
-    menu.clear();
-    desk_.Styles.Load();
-    std::vector<QMenu*> categories;
-    for (const LocalizedText& name : OneClickWonderStorage::CategoryName) {
-      categories.push_back(menu.addMenu(Shown(name)));
-    }
-    for (const auto& style : desk_.Styles.Wonders()) {
-      if (style->Category < 0 || style->Category >= std::ssize(categories)) continue;
-      QString name = ToQString(style->Name());
-      name.replace(QLatin1Char('&'), QStringLiteral("&&"));
-      QMenu& category = *categories[static_cast<std::size_t>(style->Category)];
-      QObject::connect(category.addAction(name), &QAction::triggered, &menu,
-                       [this, style] { ApplyStyle(*style); });
-    }
-    for (QMenu* category : categories) category->menuAction()->setVisible(!category->isEmpty());
-  });
-}
-
-void EditsController::AddRows(QMenu& menu) {
-  if (!PhotosSelected()) return;
-  menu.addSeparator();
-  for (const char* name : {"EditCopyStyle", "EditPasteStyle"}) {
-    QAction& action = commands_.Action(name);
-    if (action.isEnabled()) menu.addAction(&action);
-  }
-  StyleMenu(*menu.addMenu(Shown(Menus::kEditApplyStyle)));
 }
 
 }  // namespace brivolant

@@ -39,8 +39,6 @@ class EditsController {
                                            "The edits could not be given to all photos."};
   static constexpr LocalizedText kNotTakenBack{"EditsController.kNotTakenBack",
                                                "Not everything could be taken back."};
-  static constexpr LocalizedText kInUse{"EditsController.kInUse",
-                                        "The document \"<filename>\" is being edited."};
 
   EditsController(const Desk& desk, EditSession& session, Commands& commands,
                   BrowserController& browser, FileController& files);
@@ -72,7 +70,9 @@ class EditsController {
   CopiedEdits OnClipboard() const;
   void AskAndGive(CopiedEdits edits);
   void Give(ManyEdits::Order order);
-  void GiveOpen(const ManyEdits::Order& order, Given& given);
+  void GiveNow(ManyEdits::Order order);
+  void GiveOpen(const ManyEdits::Order& order, const std::shared_ptr<Given>& given);
+  void AddStep(const std::shared_ptr<Given>& given);
   void TakeBack(const std::shared_ptr<Given>& given);
   void Tell(const LocalizedText& text, const std::vector<ManyEdits::Failure>& failures);
 
@@ -83,6 +83,9 @@ class EditsController {
   FileController& files_;
   WorkerServices worker_;
   QPointer<QWidget> sheet_;
+  /// What is being given.
+  std::weak_ptr<Given> giving_;
+  std::vector<Listening> listening_;
   // Its end is the first thing that the end of this waits for.
   Jobs jobs_;
 };

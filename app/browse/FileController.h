@@ -75,6 +75,10 @@ class FileController {
   /// it was done.
   std::function<void()> AddStep(const LocalizedText& name, std::function<void()> takeBack);
 
+  /// The same files are selected as when something was begun: what came of it may be selected in
+  /// their place.
+  std::function<void(const std::vector<FolderItem>&)> SelectIfUntouched();
+
   /// Something was added to the folder of favourites.
   Event<const FolderItem& /*folder*/> FavoriteAdded;
   /// A file or folder has another place now: nil before it was brought back, or after it went to
@@ -111,9 +115,6 @@ class FileController {
   /// Gives a file another place or name in a job, and tells whether that was done.
   void MoveFile(const FolderItem& from, const FolderItem& to,
                 const std::function<void(bool)>& then);
-  /// The same files are selected as when something was begun: what came of it may be selected in
-  /// their place.
-  std::function<void(const std::vector<FolderItem>&)> SelectIfUntouched();
   /// What was not taken back can be tried again.
   void Keep(const StepPointer& step);
   bool RenameFile(const browserItem& item, const std::string& name);

@@ -37,9 +37,7 @@ SearchController::SearchController(const Desk& desk, BrowserController& browser)
   });
 }
 
-SearchController::~SearchController() {
-  mySpotlightSearch.Stop();
-}
+SearchController::~SearchController() = default;
 
 void SearchController::BuildLine() {
   line_ = new QWidget(browser_.imageBrowser->parentWidget());
@@ -153,6 +151,8 @@ void SearchController::Completed() {
     if (hit.File()) currentSearchItem->AddItem(hit.Row());
   }
   for (const auto& [before, after] : moved_) currentSearchItem->Follow(before, after);
+  // Whoever has gone elsewhere meanwhile stays there.
+  if (browser_.imageBrowser->currentView() != BrowserContainer(currentSearchItem)) return;
   browser_.DisplayInPlace(currentSearchItem);
 }
 

@@ -89,7 +89,8 @@ void SidebarController::Wire() {
       const FolderItem place = *folder;
       // One that is gone stays in the list and opens nothing.
       const auto found = FolderLister::Look(place, kPatience);
-      return found && found->Gone ? Highlight() : browser_.DisplayContainer(place);
+      if (!found || !found->Gone) browser_.DisplayContainer(place);
+      return;
     }
     browser_.DisplayContainer(BrowserController::ContainerOf(item.Tag));
   };
@@ -136,9 +137,18 @@ void SidebarController::WireMenu() {
 }
 
 void SidebarController::WireDrop() {
+  bar_.TakesFiles = [this](const std::shared_ptr<SideBarItem>& item, SideBarCollection& section) {
+    const BrowserContainer target =
+        item ? BrowserController::ContainerOf(item->Tag) : BrowserContainer();
+    return std::holds_alternative<FolderItem>(target) ||
+           &section == bar_.item[kPlacesSection].get();
+  };
   bar_.FilesDropped = [this](const std::vector<FolderItem>& files,
                              const std::shared_ptr<SideBarItem>& item, SideBarCollection& section) {
-    const auto* folder = item ? std::get_if<FolderItem>(&item->Tag) : nullptr;
+    // A disk takes files as the folder that is its root.
+    const BrowserContainer target =
+        item ? BrowserController::ContainerOf(item->Tag) : BrowserContainer();
+    const auto* folder = std::get_if<FolderItem>(&target);
     if (folder != nullptr) {
       Dropped(files, *folder);
     } else if (&section == bar_.item[kPlacesSection].get()) {

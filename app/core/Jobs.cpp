@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "app/core/Jobs.h"
 
-#include <QObject>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <chrono>
 #include <exception>
 #include <future>
 #include <utility>
+
+#include "app/core/EventTarget.h"
 
 namespace brivolant {
 
@@ -34,9 +35,6 @@ struct Jobs::Running {
   }
 };
 
-/// Where the end of a job arrives as an event of the owner's thread.
-class Jobs::Receiver final : public QObject {};
-
 Jobs::Pause::Pause(Jobs& jobs) : pauses_(jobs.pauses_), jobs_(jobs) {
   ++*jobs.pauses_;
 }
@@ -48,7 +46,7 @@ Jobs::Pause::~Pause() {
   jobs_.NextTurn();
 }
 
-Jobs::Jobs() : receiver_(std::make_unique<Receiver>()) {}
+Jobs::Jobs() : receiver_(std::make_unique<EventTarget>()) {}
 
 Jobs::~Jobs() {
   waiting_.clear();
@@ -90,8 +88,7 @@ void Jobs::First(std::function<void()> then) {
 }
 
 void Jobs::NextTurn() {
-  QMetaObject::invokeMethod(
-      receiver_.get(), [this] { Next(); }, Qt::QueuedConnection);
+  receiver_->Post([this] { Next(); });
 }
 
 std::string Jobs::Text() const {
@@ -164,9 +161,7 @@ void Jobs::Work() {
 }
 
 void Jobs::Tell(const std::shared_ptr<Running>& finished, int piece) {
-  QMetaObject::invokeMethod(
-      receiver_.get(), [this, finished, piece] { Deliver(*finished, piece); },
-      Qt::QueuedConnection);
+  receiver_->Post([this, finished, piece] { Deliver(*finished, piece); });
 }
 
 bool Jobs::GoesOn(Running& running) {

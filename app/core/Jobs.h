@@ -13,6 +13,8 @@
 
 namespace brivolant {
 
+class EventTarget;
+
 /// Long work on another thread, one job at a time. All but a job's Work happens on the thread that
 /// made the object, which needs an event loop for what is not finished by Finish.
 class Jobs {
@@ -118,8 +120,7 @@ class Jobs {
   /// what comes then comes from somebody else.
   bool InTurn() const { return turn_ && !running_ && *pauses_ == 0; }
   bool turn_ = false;
-  class Receiver;
-  std::unique_ptr<Receiver> receiver_;
+  std::unique_ptr<EventTarget> receiver_;
 };
 
 }  // namespace brivolant

@@ -80,7 +80,9 @@ void EditorController::WireModules() {
     if (auto* overlay = dynamic_cast<EffectModuleOverlay*>(&module)) {
       overlay->ChoosePicture = [this] {
         const std::vector<FolderItem> files = ChoosePhotos(EffectModuleOverlay::kPrompt);
-        return files.empty() ? FolderItem() : files.front();
+        // It is read beside the window, and shown when it is there.
+        if (!files.empty()) session_.LayOver(files.front());
+        return FolderItem();
       };
     }
     if (auto* text = dynamic_cast<EffectModuleText*>(&module)) {

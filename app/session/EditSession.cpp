@@ -2,11 +2,13 @@
 #include "app/session/EditSession.h"
 
 #include "app/core/Recovery.h"
-#include "effects/finishes/EffectModuleOverlay.h"
 #include "engine/EditorInterfaces.h"
 #include "engine/pictures/PictureEffects.h"
+#include "files/FolderitemExtensions.h"
 #include "formats/BrivolantDocument.h"
 #include "formats/ImageFile.h"
+#include "platform/files/ExclusiveMove.h"
+#include "platform/values/SharedComponents.h"
 
 namespace brivolant {
 
@@ -131,26 +133,77 @@ void EditSession::ApplyLastStyle() {
   Replace(lastStyle_);
 }
 
+namespace {
+
+constexpr const char* kOverlay = "7FFFFFFF-B371-0D5F-E410-E0CB34849A08";
+
+}  // namespace
+
+EffectModuleOverlay* EditSession::Overlay() {
+  return document_ ? dynamic_cast<EffectModuleOverlay*>(processor_.ItemVIaID(kOverlay)) : nullptr;
+}
+
+void EditSession::LayReady(
+    std::function<EffectModuleOverlay::Ready(const std::string& name, const FolderItem& copy)> make,
+    std::function<void(EffectModuleOverlay::Ready)> take) {
+  jobs_.WhenIdle([this, make = std::move(make), take = std::move(take)] {
+    if (Overlay() == nullptr) return;
+    Settling();
+    const std::string name = otherSharedComponents::NewGUID(desk_.Services.Random);
+    const FolderItem copy = desk_.Services.TemporaryFiles.Child(name);
+    const auto ready = std::make_shared<EffectModuleOverlay::Ready>();
+    jobs_.Start({kLayingOver.Text(), false,
+                 [ready, make, name, copy](Jobs::Control&) { *ready = make(name, copy); },
+                 [this, ready, take](Jobs::End, const std::string& why) {
+                   if (ready->Error.empty()) ready->Error = why;
+                   if (Overlay() != nullptr) take(std::move(*ready));
+                 }});
+  });
+}
+
+void EditSession::LayOver(const FolderItem& file) {
+  const auto make = [file](const std::string& name, const FolderItem& copy) {
+    return EffectModuleOverlay::MakeReady(file, name, copy);
+  };
+  LayReady(make, [this, file](EffectModuleOverlay::Ready ready) {
+    EffectModuleOverlay& overlay = *Overlay();
+    const std::string error = ready.Error;
+    Record({{ModuleKey("EffectChanged:", overlay), overlay.Settings()}}, overlay.Name());
+    if (!overlay.Take(std::move(ready))) {
+      return FolderitemExtensions::StandardFileErrorDialog(file, FolderitemExtensions::kRead, error,
+                                                           desk_.Services.Dialogs);
+    }
+    Refresh();
+    SetDirty(true);
+  });
+}
+
 void EditSession::PastePicture(const Picture& picture) {
-  constexpr const char* kOverlay = "7FFFFFFF-B371-0D5F-E410-E0CB34849A08";
   constexpr double kQuality = 0.8;
-  auto* overlay = dynamic_cast<EffectModuleOverlay*>(processor_.ItemVIaID(kOverlay));
-  if (!document_ || picture.IsNil() || overlay == nullptr) return;
-  const FolderItem file = desk_.Services.TemporaryFiles.Child("FromClipboard.jpg");
-  std::string error;
-  if (!ImageIO::SaveAsJPEG(file, EnsurePictureCompatible(picture), kQuality, error)) {
-    Failed(error, {});
-    return;
-  }
-  Record({{"ProcessorStack", processor_.StyleData()}}, kUndoPaste.Text());
-  if (!overlay->SetAsMyPicture(file)) return;
-  overlay->Enabled(true);
-  // At the head of the stack, above everything else.
-  processor_.ChangeItemOrder(processor_.ItemPositionViaID(kOverlay), 0);
-  processor_.SelectEffect(0);
-  if (processor_.myEffectEditor != nullptr) processor_.myEffectEditor->selectedEffect(0);
-  Refresh();
-  SetDirty(true);
+  if (picture.IsNil()) return;
+  const auto make = [picture](const std::string& name, const FolderItem& copy) {
+    EffectModuleOverlay::Ready ready;
+    // A file is written under the extension of its kind, and lies in the document without one.
+    const FolderItem jpeg = copy.Parent().Child(name + ".jpg");
+    if (!ImageIO::SaveAsJPEG(jpeg, EnsurePictureCompatible(picture), kQuality, ready.Error)) {
+      return ready;
+    }
+    if (MoveExclusively(jpeg, copy)) return ready;
+    return EffectModuleOverlay::MakeReady(copy, name, copy);
+  };
+  LayReady(make, [this](EffectModuleOverlay::Ready ready) {
+    EffectModuleOverlay& overlay = *Overlay();
+    const std::string error = ready.Error;
+    Record({{"ProcessorStack", processor_.StyleData()}}, kUndoPaste.Text());
+    if (!overlay.Take(std::move(ready))) return Failed(error, {});
+    overlay.Enabled(true);
+    // At the head of the stack, above everything else.
+    processor_.ChangeItemOrder(processor_.ItemPositionViaID(kOverlay), 0);
+    processor_.SelectEffect(0);
+    if (processor_.myEffectEditor != nullptr) processor_.myEffectEditor->selectedEffect(0);
+    Refresh();
+    SetDirty(true);
+  });
 }
 
 void EditSession::PerformRewind() {

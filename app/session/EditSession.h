@@ -13,6 +13,7 @@
 #include "app/core/UndoHandler.h"
 #include "app/core/WorkerServices.h"
 #include "app/session/PreviewThread.h"
+#include "effects/finishes/EffectModuleOverlay.h"
 #include "engine/brivolantProcessorLite.h"
 #include "platform/values/Event.h"
 #include "platform/values/Text.h"
@@ -48,6 +49,8 @@ class EditSession {
       "MainWindow.kPicturesNotBack",
       "The pictures that lay over the photo could not be brought back. They are kept for the next "
       "start."};
+  static constexpr LocalizedText kLayingOver{"EditSession.kLayingOver",
+                                             "Laying the picture over the photo..."};
   static constexpr LocalizedText kOpeningImage{"MainWindow.kOpeningImage",
                                                "Opening Image <filename>..."};
   static constexpr LocalizedText kProgressGeneric{"MainWindow.kProgressGeneric",
@@ -132,8 +135,10 @@ class EditSession {
   std::shared_ptr<const CopiedEdits> Copied;
   void ClearStyle();
   void ApplyLastStyle();
-  /// Lays a picture over the photo.
+  /// Lays a picture over the photo, above all effects, in a job.
   void PastePicture(const Picture& picture);
+  /// Lays a file's picture over the photo, where the overlay stands in the stack, in a job.
+  void LayOver(const FolderItem& file);
   void PerformRewind();
   bool Rewindable() const { return rewindable_; }
   void SetDirty(bool dirty);
@@ -222,6 +227,12 @@ class EditSession {
   void Replace(const std::string& style);
   std::string State() const;
 
+  /// Of the stack on show; null without a photo.
+  EffectModuleOverlay* Overlay();
+  void LayReady(
+      std::function<EffectModuleOverlay::Ready(const std::string& name, const FolderItem& copy)>
+          make,
+      std::function<void(EffectModuleOverlay::Ready)> take);
   void WireHistory();
   void StorePending();
   std::optional<Variant> Present(const std::string& key) const;

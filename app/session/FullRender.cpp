@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/session/FullRender.h"
 
-#include <QObject>
 #include <exception>
 #include <utility>
 
+#include "app/core/EventTarget.h"
 #include "effects/EffectRegistry.h"
 #include "engine/brivolantProcessorLite.h"
 #include "engine/pictures/SharedPictureEffects.h"
@@ -13,7 +13,7 @@
 namespace brivolant {
 
 FullRender::FullRender(const Services& owner)
-    : services_(owner), receiver_(std::make_unique<QObject>()) {}
+    : services_(owner), receiver_(std::make_unique<EventTarget>()) {}
 
 FullRender::~FullRender() {
   {
@@ -78,8 +78,7 @@ void FullRender::Run() {
       result.reset();
     } else {
       done_ = std::move(result);
-      QMetaObject::invokeMethod(
-          receiver_.get(), [this] { Deliver(); }, Qt::QueuedConnection);
+      receiver_->Post([this] { Deliver(); });
     }
     changed_.notify_all();
   }

@@ -13,9 +13,9 @@
 #include "app/core/WorkerServices.h"
 #include "platform/pictures/Picture.h"
 
-class QObject;
-
 namespace brivolant {
+
+class EventTarget;
 
 class BrivolantDocument;
 
@@ -70,7 +70,7 @@ class FullRender {
   WorkerServices services_;
   /// Of the owner's thread.
   bool wanted_ = false;
-  std::unique_ptr<QObject> receiver_;
+  std::unique_ptr<EventTarget> receiver_;
   std::thread thread_;
 
   // Between the threads.

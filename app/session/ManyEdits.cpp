@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "app/core/WorkerServices.h"
+#include "app/session/DocumentSnapshot.h"
 #include "effects/EffectRegistry.h"
 #include "engine/brivolantProcessorLite.h"
 #include "files/FileCopier.h"
@@ -13,6 +14,7 @@
 #include "formats/DocumentParts.h"
 #include "formats/FileTypes.h"
 #include "platform/files/AtomicFile.h"
+#include "platform/files/ExclusiveMove.h"
 
 namespace brivolant {
 namespace {
@@ -24,64 +26,6 @@ bool IsDocument(const FolderItem& item) {
 std::string SettingsOf(const FolderItem& document) {
   return ReadFile(document.Child(BrivolantDocument::kSettingsName)).value_or(std::string());
 }
-
-/// What a document was, but for its original, which never changes. A file that is written takes the
-/// place of the one before, so that another name keeps it.
-class Snapshot {
- public:
-  Snapshot(const FolderItem& document, const std::string& original, TemporaryFiles& files) {
-    if (!document.Directory()) {
-      Keep(document, files);
-      return;
-    }
-    for (const FolderItem& child : document.Children()) {
-      std::error_code error;
-      const bool file = std::filesystem::is_regular_file(child.Path(), error) && !child.Alias();
-      if (file && child.Name() != original) Keep(child, files);
-    }
-  }
-  ~Snapshot() {
-    for (const auto& [name, file] : files_) {
-      (void)file.Delete();
-      (void)file.Parent().Delete();
-    }
-  }
-  Snapshot(const Snapshot&) = delete;
-  Snapshot& operator=(const Snapshot&) = delete;
-
-  /// Nothing of it was lost on the way.
-  bool Whole() const { return whole_; }
-
-  bool Restore(const FolderItem& document) const {
-    if (const auto one = files_.find(document.Name()); one != files_.end()) {
-      // It was one file, and its package is what was made.
-      return FolderitemExtensions::MoveToTrash(document) &&
-             !CopyFileAtomically(one->second, document);
-    }
-    // The settings are the last: until they stand the document is the changed one, whole.
-    const std::string settings(BrivolantDocument::kSettingsName);
-    for (const auto& [name, file] : files_) {
-      if (name != settings && CopyFileAtomically(file, document.Child(name))) return false;
-    }
-    return !CopyFileAtomically(files_.at(settings), document.Child(settings));
-  }
-  bool Holds(const std::string& name) const { return files_.contains(name); }
-
- private:
-  void Keep(const FolderItem& file, TemporaryFiles& files) {
-    const FolderItem place = files.Child(file.Name());
-    std::error_code error;
-    std::filesystem::create_hard_link(file.Path(), place.Path(), error);
-    if (error && (place.IsNil() || CopyFileAtomically(file, place))) {
-      whole_ = false;
-    } else {
-      files_[file.Name()] = place;
-    }
-  }
-
-  PastedFiles files_;
-  bool whole_ = true;
-};
 
 std::string Reason(WorkerServices& worker, const std::string& otherwise) {
   std::string reason;
@@ -102,7 +46,7 @@ struct ManyEdits::Change {
   /// The settings that were written.
   std::string Written;
   /// Null for one that was made.
-  std::unique_ptr<const Snapshot> Before;
+  std::unique_ptr<const DocumentSnapshot> Before;
 };
 
 /// Renders the previews of one document after the other.
@@ -119,7 +63,10 @@ class ManyEdits::Renderer {
     document.GeneratePreviews(kSize, kSize);
     if (document.PreviewBase.IsNil()) return false;
     processor_.Progress = [&control](double) { return !control.Cancelled(); };
-    document.PreviewAfter = processor_.Process(document.PreviewBase, document.PastedImages());
+    const double scale = brivolantProcessorLite::PreviewScale(
+        document.ImageOriginal(), document.Geometry(), document.PreviewBase);
+    document.PreviewAfter =
+        processor_.ProcessReduced(document.PreviewBase, scale, document.PastedImages());
     document.DropOriginal();
     return !control.Cancelled() && !document.PreviewAfter.IsNil();
   }
@@ -218,8 +165,8 @@ std::string ManyEdits::Give(const FolderItem& item, WorkerServices& worker, Rend
   if (!read) return why();
   Change change;
   if (existing) {
-    change.Before = std::make_unique<const Snapshot>(item, document.OriginalImageID,
-                                                     worker.All().TemporaryFiles);
+    change.Before = std::make_unique<const DocumentSnapshot>(item, document.OriginalImageID,
+                                                             worker.All().TemporaryFiles);
     // What could not be taken back is not done.
     if (!change.Before->Whole()) return documentTexts::kNoTemporaryPackage.Text();
   }
@@ -227,7 +174,17 @@ std::string ManyEdits::Give(const FolderItem& item, WorkerServices& worker, Rend
     return WithPlaceholders(kPictureNotTaken.Text(), {{"<filename>", item.DisplayName()}});
   }
   if (!renderer.Render(document, control)) return why();
-  const bool saved = existing ? document.Save() : document.SaveAs(PlaceFor(item));
+  if (existing && IsSpared(item)) {
+    return WithPlaceholders(kOpenNow.Text(), {{"<filename>", item.DisplayName()}});
+  }
+  bool saved = existing && document.Save();
+  constexpr int kTries = 8;
+  for (int i = 0; !existing && !saved && i < kTries; ++i) {
+    const FolderItem place = PlaceFor(item);
+    saved = document.SaveAsNew(place);
+    // Somebody took the name meanwhile: the next one.
+    if (!saved && !EntryExists(place)) break;
+  }
   if (!saved) return Reason(worker, documentTexts::kNotCreated.Text());
   change.Document = document.File;
   change.Written = SettingsOf(document.File);
@@ -235,13 +192,46 @@ std::string ManyEdits::Give(const FolderItem& item, WorkerServices& worker, Rend
   return {};
 }
 
+void ManyEdits::Spare(const FolderItem& document) {
+  const std::lock_guard lock(mutex_);
+  spared_.push_back(document);
+}
+
+bool ManyEdits::IsSpared(const FolderItem& document) {
+  const std::lock_guard lock(mutex_);
+  return std::any_of(spared_.begin(), spared_.end(), [&](const FolderItem& open) {
+    std::error_code error;
+    return std::filesystem::equivalent(open.Path(), document.Path(), error);
+  });
+}
+
+bool ManyEdits::Remember(const BrivolantDocument& document, TemporaryFiles& files) {
+  Change change;
+  change.Document = document.File;
+  change.Before =
+      std::make_unique<const DocumentSnapshot>(document.File, document.OriginalImageID, files);
+  if (!change.Before->Whole()) return false;
+  changes_.push_back(std::move(change));
+  return true;
+}
+
+void ManyEdits::RememberedIsWritten() {
+  if (!changes_.empty()) changes_.front().Written = SettingsOf(changes_.front().Document);
+}
+
+void ManyEdits::Forget(const FolderItem& document) {
+  std::erase_if(changes_, [&](const Change& change) { return change.Document == document; });
+}
+
 void ManyEdits::TakeBack(WorkerServices& worker, const std::vector<FolderItem>& keeps) {
   failures_.clear();
+  std::vector<Change> left;
   // The last first: a document may have been changed twice, over a link.
   for (auto change = changes_.rbegin(); change != changes_.rend(); ++change) {
     const FolderItem& document = change->Document;
-    const bool same = !change->Written.empty() && SettingsOf(document) == change->Written &&
-                      std::find(keeps.begin(), keeps.end(), document) == keeps.end();
+    const bool open = std::find(keeps.begin(), keeps.end(), document) != keeps.end();
+    const bool written = !change->Written.empty() && SettingsOf(document) == change->Written;
+    const bool same = written && !open;
     bool done = false;
     if (same && change->Before) {
       done = change->Before->Restore(document);
@@ -252,11 +242,15 @@ void ManyEdits::TakeBack(WorkerServices& worker, const std::vector<FolderItem>& 
       done = FolderitemExtensions::MoveToTrash(document);
     }
     if (done) continue;
+    const LocalizedText& why = open ? kOpenNow : written ? kNotRestored : kChangedSince;
     failures_.push_back(
-        {document, Reason(worker, WithPlaceholders(kChangedSince.Text(),
-                                                   {{"<filename>", document.DisplayName()}}))});
+        {document,
+         Reason(worker, WithPlaceholders(why.Text(), {{"<filename>", document.DisplayName()}}))});
+    // What may come back once the disk is there again, or the document is closed, can be tried
+    // anew.
+    if (written) left.insert(left.begin(), std::move(*change));
   }
-  changes_.clear();
+  changes_ = std::move(left);
 }
 
 std::vector<FolderItem> ManyEdits::Done() const {

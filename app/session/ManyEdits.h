@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "app/core/Jobs.h"
 #include "formats/PastedFiles.h"
 #include "platform/files/FolderItem.h"
+#include "platform/services/Services.h"
 #include "platform/values/Pair.h"
 #include "platform/values/Text.h"
 
@@ -57,6 +59,11 @@ class ManyEdits {
       "ManyEdits.kChangedSince",
       "The document \"<filename>\" stays as it is: it was changed since."};
 
+  static constexpr LocalizedText kOpenNow{"EditsController.kInUse",
+                                          "The document \"<filename>\" is being edited."};
+  static constexpr LocalizedText kNotRestored{
+      "ManyEdits.kNotRestored", "The document \"<filename>\" could not be brought back."};
+
   struct Order {
     CopiedEdits Edits;
     bool Crop = false;
@@ -86,7 +93,21 @@ class ManyEdits {
   /// unless somebody has changed them since or `keeps` says that they are in use.
   void TakeBack(WorkerServices& worker, const std::vector<FolderItem>& keeps);
 
-  // When the job is done.
+  // On any thread.
+
+  /// This one is open by now: who edits it must not find it changed.
+  void Spare(const FolderItem& document);
+
+  // Before the job begins, or when it is done.
+
+  /// Keeps what a document is that somebody else gives the same edits. False if it cannot be kept.
+  bool Remember(const BrivolantDocument& document, TemporaryFiles& files);
+  /// It has got them.
+  void RememberedIsWritten();
+  /// Somebody else takes this one back.
+  void Forget(const FolderItem& document);
+  /// There is something that can be taken back, anew perhaps.
+  bool Left() const { return !changes_.empty(); }
 
   /// The documents that were made or changed.
   std::vector<FolderItem> Done() const;
@@ -99,10 +120,13 @@ class ManyEdits {
   std::string Give(const FolderItem& item, WorkerServices& worker, Renderer& renderer,
                    Jobs::Control& control);
   FolderItem PlaceFor(const FolderItem& photo) const;
+  bool IsSpared(const FolderItem& document);
 
   Order order_;
   std::vector<Change> changes_;
   std::vector<Failure> failures_;
+  std::mutex mutex_;
+  std::vector<FolderItem> spared_;
 };
 
 }  // namespace brivolant

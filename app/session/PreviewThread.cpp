@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/session/PreviewThread.h"
 
-#include <QObject>
 #include <atomic>
 #include <condition_variable>
 #include <exception>
@@ -30,15 +29,13 @@ struct PreviewThread::Shared {
 };
 
 /// Where the end of a render arrives as an event of the owner's thread.
-class PreviewThread::Receiver final : public QObject {};
-
 PreviewThread::PreviewThread(brivolantProcessorLite& processor, ModuleRegistry registry,
                              const Services& services)
     : processor_(processor),
       registry_(registry),
       services_(services),
       shared_(std::make_unique<Shared>()),
-      receiver_(std::make_unique<Receiver>()) {
+      receiver_(std::make_unique<EventTarget>()) {
   processor_.myRenderer = this;
 }
 
@@ -92,13 +89,10 @@ void PreviewThread::Request(bool full) {
 
 void PreviewThread::Post() {
   if (std::exchange(posted_, true)) return;
-  QMetaObject::invokeMethod(
-      receiver_.get(),
-      [this] {
-        posted_ = false;
-        (void)Settled();
-      },
-      Qt::QueuedConnection);
+  receiver_->Post([this] {
+    posted_ = false;
+    (void)Settled();
+  });
 }
 
 void PreviewThread::DocumentReplaced() {
@@ -135,10 +129,8 @@ void PreviewThread::Begin() {
   if (thread_.joinable()) return;
   // Not before there is a photo: who only browses needs no second set of modules.
   thread_ = std::thread([this] {
-    Work(*shared_, registry_, services_.All(), [this] {
-      QMetaObject::invokeMethod(
-          receiver_.get(), [this] { (void)Settled(); }, Qt::QueuedConnection);
-    });
+    Work(*shared_, registry_, services_.All(),
+         [this] { receiver_->Post([this] { (void)Settled(); }); });
   });
 }
 

@@ -8,6 +8,7 @@
 #include <thread>
 #include <vector>
 
+#include "app/core/EventTarget.h"
 #include "app/core/WorkerServices.h"
 #include "engine/EditorInterfaces.h"
 #include "engine/PreviewRequest.h"
@@ -54,7 +55,6 @@ class PreviewThread final : public PreviewMaker {
 
  private:
   struct Shared;
-  class Receiver;
   /// What makes a render that is under way worthless.
   struct Key {
     int Document = 0;
@@ -80,7 +80,7 @@ class PreviewThread final : public PreviewMaker {
   ModuleRegistry registry_;
   WorkerServices services_;
   std::unique_ptr<Shared> shared_;
-  std::unique_ptr<Receiver> receiver_;
+  std::unique_ptr<EventTarget> receiver_;
   std::thread thread_;
   std::optional<UnderWay> running_;
   bool wanted_ = false;

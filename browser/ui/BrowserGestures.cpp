@@ -273,12 +273,15 @@ void multiViewFileBrowser::StartDrag() {
   drag->setPixmap(picture);
   const QSizeF size = QSizeF(picture.size()) / picture.devicePixelRatio();
   drag->setHotSpot(QPoint(static_cast<int>(size.width() / 4), static_cast<int>(size.height() / 2)));
+  const std::shared_ptr<void> hold = Holding ? Holding() : nullptr;
   drag->exec(Qt::CopyAction | Qt::LinkAction, Qt::CopyAction);
 }
 
 void multiViewFileBrowser::ShowMenu(const QPoint& global) {
   QMenu menu;
-  if (ConstructContextualMenu && ConstructContextualMenu(menu)) menu.exec(global);
+  if (!ConstructContextualMenu || !ConstructContextualMenu(menu)) return;
+  const std::shared_ptr<void> hold = Holding ? Holding() : nullptr;
+  menu.exec(global);
 }
 
 FolderItem multiViewFileBrowser::DropTarget(int row, const QObject* source) const {

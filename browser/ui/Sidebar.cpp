@@ -241,6 +241,7 @@ void Sidebar::contextMenuEvent(QContextMenuEvent* event) {
   if (!RightClick(menu, clicked, *section)) return;
   rightlickrow = row;
   viewport()->repaint();
+  const std::shared_ptr<void> hold = Holding ? Holding() : nullptr;
   menu.exec(event->globalPos());
   rightlickrow = -1;
   viewport()->update();
@@ -272,12 +273,18 @@ void Sidebar::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+bool Sidebar::Takes(int row) const {
+  const auto section = Parent(row);
+  return section && (!TakesFiles || TakesFiles(ItemAt(row), *section));
+}
+
 void Sidebar::dragEnterEvent(QDragEnterEvent* event) {
   if (event->mimeData()->hasUrls() && FilesDropped) AcceptAsCopy(*event);
 }
 
 void Sidebar::dragMoveEvent(QDragMoveEvent* event) {
-  dropRow_ = RowAt(event->position().toPoint());
+  const int row = RowAt(event->position().toPoint());
+  dropRow_ = Takes(row) ? row : -1;
   viewport()->update();
   AcceptAsCopy(*event);
   event->setAccepted(dropRow_ >= 0);
@@ -294,7 +301,7 @@ void Sidebar::dropEvent(QDropEvent* event) {
   viewport()->update();
   const auto section = Parent(row);
   const DragItem dropped = TakeDrag(*event->mimeData());
-  if (!section || dropped.Files.empty() || !FilesDropped) return;
+  if (dropped.Files.empty() || !FilesDropped || !Takes(row)) return event->ignore();
   AcceptAsCopy(*event);
   const auto target = ItemAt(row);
   FilesDropped(dropped.Files, target, *section);

@@ -42,6 +42,11 @@ class Sidebar final : public QAbstractScrollArea, public AccessibleItems {
   std::function<void(const SideBarItem& item, bool eject)> itemSelected;
   std::function<bool(const SideBarItem& item)> CanEject;
   std::function<bool(const SideBarItem::Target& a, const SideBarItem::Target& b)> CompareItems;
+  /// Whether a drop there does something.
+  std::function<bool(const std::shared_ptr<SideBarItem>& item, SideBarCollection& section)>
+      TakesFiles;
+  /// Lives while a menu of the bar is open.
+  std::function<std::shared_ptr<void>()> Holding;
   /// A section was folded or unfolded.
   std::function<void(SideBarCollection& section)> Folded;
   std::function<bool(QMenu& menu, const std::shared_ptr<SideBarItem>& item,
@@ -69,6 +74,7 @@ class Sidebar final : public QAbstractScrollArea, public AccessibleItems {
   void scrollContentsBy(int dx, int dy) override;
 
  private:
+  bool Takes(int row) const;
   struct Row {
     std::shared_ptr<SideBarCollection> section;
     /// Null for the section's header.

@@ -130,6 +130,8 @@ class multiViewFileBrowser final : public QWidget {
   ColumnPreview& previewCanvas() { return *preview_; }
   ifkSplitter& splitter() { return *splitter_; }
 
+  /// Lives while a menu is open or something is dragged out.
+  std::function<std::shared_ptr<void>()> Holding;
   std::function<void(const BrowserPayload&)> OpenItem;
   std::function<void()> modeChanged;
   /// The lines of the preview were switched, or the bar beside it was moved.

@@ -9,25 +9,47 @@
 #include "files/FolderitemExtensions.h"
 #include "formats/BrivolantDocument.h"
 #include "formats/ImageFile.h"
+#include "platform/files/AtomicFile.h"
 #include "platform/values/SharedComponents.h"
 
 namespace brivolant {
 
-bool EffectModuleOverlay::SetAsMyPicture(const FolderItem& file) {
-  if (myProcessor == nullptr || myProcessor->Document == nullptr) return false;
+EffectModuleOverlay::Ready EffectModuleOverlay::MakeReady(const FolderItem& file, std::string name,
+                                                          const FolderItem& copy) {
+  Ready ready{std::move(name), {}, {}, {}, {}};
   ImageIO::OpenedPicture opened = ImageIO::OpenFirstPicture(file);
-  const std::string name = otherSharedComponents::NewGUID(myProcessor->Services().Random);
-  if (opened.Pixels.IsNil() || !myProcessor->Document->PastedImage(name, file)) {
-    FolderitemExtensions::StandardFileErrorDialog(file, FolderitemExtensions::kRead, opened.Error,
-                                                  myProcessor->Services().Dialogs);
+  ready.Error = std::move(opened.Error);
+  if (opened.Pixels.IsNil() || copy.IsNil()) return ready;
+  if (!(file == copy) && CopyFileAtomically(file, copy)) return ready;
+  ready.Copy = copy;
+  ready.Pixels = std::move(opened.Pixels);
+  ready.Damage = std::move(opened.Damage.Warning);
+  return ready;
+}
+
+bool EffectModuleOverlay::Take(Ready ready) {
+  if (myProcessor == nullptr || myProcessor->Document == nullptr || ready.Pixels.IsNil() ||
+      !myProcessor->Document->AdoptPastedImage(ready.Name, ready.Copy)) {
     return false;
   }
-  myPIctureID = name;
-  overlayPicture = std::move(opened.Pixels);
-  overlayDamage_ = std::move(opened.Damage.Warning);
-  overlayFile_ = myProcessor->Document->PastedImage(name);
+  myPIctureID = ready.Name;
+  overlayPicture = std::move(ready.Pixels);
+  overlayDamage_ = std::move(ready.Damage);
+  overlayFile_ = myProcessor->Document->PastedImage(ready.Name);
   overlayType = kOfPicture;
   return true;
+}
+
+bool EffectModuleOverlay::SetAsMyPicture(const FolderItem& file) {
+  if (myProcessor == nullptr || myProcessor->Document == nullptr) return false;
+  const Services& services = myProcessor->Services();
+  const std::string name = otherSharedComponents::NewGUID(services.Random);
+  Ready ready = MakeReady(file, name, services.TemporaryFiles.Child(name));
+  const std::string error = ready.Error;
+  if (Take(std::move(ready))) return true;
+  FolderitemExtensions::StandardFileErrorDialog(file, FolderitemExtensions::kRead, error,
+                                                services.Dialogs);
+  return false;
 }
 
 void EffectModuleOverlay::SettingsReset() {

@@ -55,6 +55,19 @@ class EffectModuleOverlay final : public effectModule {
   /// without it the button changes nothing.
   std::function<FolderItem()> ChoosePicture;
 
+  /// A picture to lay over the photo: its pixels, and a copy of the file that is nobody else's.
+  struct Ready {
+    std::string Name;
+    FolderItem Copy;
+    Picture Pixels;
+    std::string Damage;
+    /// Why there is none.
+    std::string Error;
+  };
+  /// Reads a file's picture and copies the file to `copy`, unless it lies there; on any thread.
+  static Ready MakeReady(const FolderItem& file, std::string name, const FolderItem& copy);
+  /// Shows what was made ready, under a name of its own. False if there is nothing to show.
+  bool Take(Ready ready);
   /// Takes a file's picture into the document, under a name of its own, and shows it. The picture
   /// before keeps its name, so that undo finds it. False, and the user has been told, if the file
   /// holds no picture.

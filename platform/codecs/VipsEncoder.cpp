@@ -9,6 +9,7 @@
 #include "platform/codecs/EncodeRows.h"
 #include "platform/codecs/VipsSupport.h"
 #include "platform/files/AtomicFile.h"
+#include "platform/values/ThreadOrder.h"
 
 namespace brivolant::codecs {
 namespace {
@@ -18,6 +19,8 @@ namespace {
 struct Pages {
   std::span<const EncodeImage> pictures;
   Channels channels;
+  /// The library's threads read what was there when it was called.
+  ThreadOrder order = {};
 
   int Width() const { return pictures.front().Pixels.Width(); }
   int Height() const { return pictures.front().Pixels.Height(); }
@@ -26,6 +29,7 @@ struct Pages {
 /// Hands a strip to the encoder, when it asks for it: the pictures are never copied whole.
 int FillStrip(VipsRegion* region, void*, void* data, void*, gboolean*) {
   const auto& pages = *static_cast<const Pages*>(data);
+  pages.order.After();
   const VipsRect& area = region->valid;
   for (int y = area.top; y < area.top + area.height; ++y) {
     const auto page = static_cast<std::size_t>(y / pages.Height());
@@ -52,6 +56,7 @@ VipsPicture ForWriting(Pages& pages) {
     const std::string_view icc = SRGBProfile();
     vips_image_set_blob_copy(image.get(), VIPS_META_ICC_NAME, icc.data(), icc.size());
   }
+  pages.order.Before();
   if (pages.pictures.size() > 1) {
     vips_image_set_int(image.get(), VIPS_META_PAGE_HEIGHT, first.Height());
   }

@@ -23,6 +23,8 @@ struct Mount {
   bool Remote() const;
   /// Served by a program: it may be silent for as long as that program is.
   bool ByProgram() const { return Kind.starts_with("fuse"); }
+  /// It may stop to answer, unlike a disk of this computer.
+  bool Apart() const { return Remote() || (ByProgram() && Kind != "fuseblk"); }
   /// True if a user may keep photos there, as opposed to what the system mounts for itself.
   bool OfUser() const;
   /// True if the option is set, such as "user_id=1000".

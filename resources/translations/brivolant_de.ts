@@ -2860,6 +2860,14 @@
         <source>The photo could not be shown with its effects.</source>
         <translation>Das Foto ließ sich mit seinen Effekten nicht zeigen.</translation>
     </message>
+    <message id="EditSession.kLayingOver">
+        <source>Laying the picture over the photo...</source>
+        <translation>Das Bild wird über das Foto gelegt …</translation>
+    </message>
+    <message id="ManyEdits.kNotRestored">
+        <source>The document &quot;&lt;filename&gt;&quot; could not be brought back.</source>
+        <translation>Das Dokument „&lt;filename&gt;“ ließ sich nicht zurückbringen.</translation>
+    </message>
     <message id="MainWindow.kWorkGoesOn">
         <source>Files are still being copied, moved or given edits.</source>
         <translation>Es werden noch Dateien kopiert, bewegt oder bearbeitet.</translation>

@@ -268,7 +268,7 @@ TEST(Arriving, FilesWaitWhileAPictureIsChosen) {
   // The row that was selected is switched on, which is not saved.
   program.dialogs.answers = {Answer::kAlternate};
   program.Panel().Activate(button);
-  EXPECT_EQ(program.dialogs.messages.size(), 1U);
+  EXPECT_TRUE(Until([&] { return program.dialogs.messages.size() == 1U; }));
   EXPECT_TRUE(Until([&] { return program.Document().Name == "other"; }));
 }
 

@@ -129,6 +129,36 @@ TEST(Edits, ReplaceOthersAfterOneQuestionAndUndoBringsAllBack) {
   EXPECT_THAT(program.dialogs.messages, testing::IsEmpty());
 }
 
+TEST(Edits, GivenToTheOpenDocumentComeBackWhateverIsOpenByThen) {
+  Pasting program;
+  const std::string own = program.Loaded(program.document).StyleData;
+  // The same once more is no step, and undo takes nothing else away.
+  program.Select({program.document});
+  program.Choose("EditCopyStyle");
+  program.Window().Edits().Work().Finish();
+  program.Choose("EditPasteStyle");
+  program.dialogs.answers = {Answer::kAction};
+  program.Accept();
+  Settle();
+  program.Window().EnableMenuItems();
+  EXPECT_FALSE(program.Menu("EditUndo").isEnabled());
+  EXPECT_EQ(program.Loaded(program.document).StyleData, own);
+
+  QMenu& styles = program.Window().Menu().Submenu("EditApplyStyle");
+  Q_EMIT styles.aboutToShow();
+  program.Select({program.document});
+  styles.actions().at(1)->menu()->actions().at(0)->trigger();
+  program.dialogs.answers = {Answer::kAction};
+  program.Accept();
+  ExpectSoon([&] { return program.Loaded(program.document).StyleData == own; }, false);
+  program.OpenPhoto(program.b);
+  program.Choose("ViewBrowseMyPhotos");
+  program.Choose("EditUndo");
+  program.Window().Edits().Work().Finish();
+  ExpectSoon([&] { return program.Loaded(program.document).StyleData == own; }, true);
+  EXPECT_EQ(program.Document().Name, "b");
+}
+
 TEST(Edits, OntoAPhotoThatIsNotSavedAreNotSavedEither) {
   Pasting program;
   program.Tool(ToolButtons::Editor().Identifier);

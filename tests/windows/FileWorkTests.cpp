@@ -263,8 +263,14 @@ TEST(Sidebar, APlaceThatIsGoneOpensNothing) {
   ASSERT_FALSE(trip.Delete());
   Click(*bar.viewport(), row);
   EXPECT_EQ(program.Browser().CurrentFolder(), program.Pictures());
-  EXPECT_EQ(bar.ItemAt(bar.ListIndex())->Caption, "Pictures");
   EXPECT_EQ(bar.item[MainWindow::kPlacesSection]->item.back()->Caption, "Trip");
+  // It is what is selected: the keys mean it, and no place beside it.
+  EXPECT_EQ(bar.ItemAt(bar.ListIndex())->Caption, "Trip");
+  const std::size_t places = bar.item[MainWindow::kPlacesSection]->item.size();
+  bar.setFocus();
+  Key(program.Window(), Qt::Key_Delete);
+  EXPECT_EQ(bar.item[MainWindow::kPlacesSection]->item.size(), places - 1);
+  EXPECT_NE(bar.item[MainWindow::kPlacesSection]->item.back()->Caption, "Trip");
 }
 
 TEST(Sidebar, EjectingWaitsElsewhere) {
