@@ -80,6 +80,7 @@ class MainWindow final : public ifkWindow, private Panes {
   BrivolantDocument* Document() { return session_.Document(); }
   EditSession& Session() { return session_; }
   Jobs& FileWork() { return files_.Work(); }
+  Jobs& Looking() { return browser_.Looking(); }
   EditsController& Edits() { return edits_; }
   MainMenuBar& Menu() { return *menu_; }
   CropEditor* Cropper() { return &crop_.Editor(); }

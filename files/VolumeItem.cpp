@@ -58,7 +58,7 @@ std::string VolumeItem::Name() const {
   if (DesktopShares::Holds(root_)) return DesktopShares::CaptionOf(root_.Name());
   const MountTable table = MountTable::Now();
   const Mount* mount = table.Of(root_);
-  const std::string label = mount == nullptr ? std::string() : LabelOf(mount->Device);
+  std::string label = mount == nullptr ? std::string() : LabelOf(mount->Device);
   if (!label.empty()) return label;
   return root_.Parent().IsNil() ? root_.ShellPath() : root_.DisplayName();
 }

@@ -179,7 +179,7 @@ TEST(ManyEdits, WhatWasChangedSinceOrIsInUseStays) {
 TEST(ManyEdits, ThePreviewOfAWidePhotoShowsWhatTheFullPictureWill) {
   Copying c;
   // A hard edge, whose width in the end tells how far it was blurred.
-  Picture wide = PlainPicture(2400, 800, Color(0, 0, 0));
+  Picture wide = PlainPicture(2400, 800, {0, 0, 0});
   const Pixels pixels = wide.Edit();
   for (int y = 0; y < wide.Height(); ++y) {
     std::fill(pixels.Row(y) + std::ptrdiff_t{4} * 1200, pixels.Row(y) + std::ptrdiff_t{4} * 2400,

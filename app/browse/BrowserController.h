@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/core/Desk.h"
+#include "app/core/Jobs.h"
 #include "browser/ui/multiViewFileBrowser.h"
 #include "platform/values/Event.h"
 #include "platform/values/Text.h"
@@ -89,6 +90,9 @@ class BrowserController {
   /// The album of the library's events, or null.
   std::function<std::shared_ptr<iPhotoAlbum>()> Events;
 
+  /// Looks at what is to be opened.
+  Jobs& Looking() { return looking_; }
+
  private:
   void Build(QWidget* stage);
   void BuildBar(QWidget* part);
@@ -96,8 +100,16 @@ class BrowserController {
   void AddCommands(Commands& commands);
   void OpenItem(const BrowserPayload& payload);
   void OpenFile(const FolderItem& file, const FileFacts& facts);
-  /// The original of an alias, or nil once the user has been told that there is none.
-  FolderItem Original(const FolderItem& alias);
+  /// What is to be opened, once links are followed; the target of a broken one is nil.
+  struct Seen {
+    FolderItem Target;
+    bool Package = false;
+    bool Folder = false;
+    bool Picture = false;
+  };
+  static Seen LookAt(const FolderItem& file);
+  void Open(const Seen& seen, bool browse);
+  void TellBroken(const FolderItem& alias);
   void ModeChanged();
   void KeepIconSize();
   void Sort(int column);
@@ -112,6 +124,7 @@ class BrowserController {
   bool updating_ = false;
   /// What pieces of the path stand for that are no folders; their tags are indexes.
   std::vector<BrowserContainer> pathTargets_;
+  Jobs looking_;
 };
 
 }  // namespace brivolant

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QUrl>
+#include <algorithm>
 
 #include "app/browse/BrowserController.h"
 #include "browser/SideBarItem.h"
@@ -20,6 +21,14 @@ using ItemPointer = std::shared_ptr<browserItem>;
 
 /// A photo library as a file manager shows it.
 constexpr const char* kLibraryPackage = "iPhoto Library";
+
+/// One of the kinds of photos that are read here, by its name.
+bool NamesReadable(const FolderItem& file) {
+  const std::string extension = LowerCase(FolderitemExtensions::FileExtension(file));
+  const std::string all = ReadableExtensions();
+  const auto kinds = Split(all, ';');
+  return std::find(kinds.begin(), kinds.end(), extension) != kinds.end();
+}
 
 /// By the desktop's program for it.
 void Launch(const FolderItem& file) {
@@ -66,9 +75,7 @@ void BrowserController::OpenItem(const BrowserPayload& payload) {
   }
 }
 
-FolderItem BrowserController::Original(const FolderItem& alias) {
-  FolderItem target = FolderitemExtensions::OriginalFile(alias);
-  if (!target.Alias()) return target;
+void BrowserController::TellBroken(const FolderItem& alias) {
   const Answer answer = desk_.Services.Dialogs.Ask(
       {WithPlaceholders(kBrokenAliasMessage.Text(), {{"<filename>", alias.DisplayName()}}),
        {},
@@ -76,27 +83,58 @@ FolderItem BrowserController::Original(const FolderItem& alias) {
        Captions::kOK.Text(),
        {}});
   if (answer == Answer::kAction && TrashFile) TrashFile(alias);
-  return {};
 }
 
 void BrowserController::OpenFile(const FolderItem& file, const FileFacts& facts) {
+  const bool browse = QApplication::keyboardModifiers().testFlag(Qt::AltModifier);
+  // What the listing tells is enough for most.
+  Seen known{file, facts.Is == FileFacts::kPackage, facts.Is == FileFacts::kFolder, false};
+  known.Picture = facts.Is == FileFacts::kPlain && NamesReadable(file);
+  if (known.Picture || known.Package || known.Folder || facts.Is == FileFacts::kDocument) {
+    return Open(known, browse);
+  }
+  // Links and files of other names are looked at on another thread: their disk may be away. Who
+  // opens another waits for this one no longer.
+  looking_.Cancel();
+  const auto seen = std::make_shared<std::optional<Seen>>();
+  looking_.Start({{},
+                  true,
+                  [file, seen](Jobs::Control& control) {
+                    const auto found = std::make_shared<Seen>();
+                    if (control.Apart([file, found] { *found = LookAt(file); })) *seen = *found;
+                  },
+                  [this, file, browse, seen](Jobs::End, const std::string&) {
+                    if (!*seen) return;
+                    if ((*seen)->Target.IsNil()) return TellBroken(file);
+                    Open(**seen, browse);
+                  }});
+}
+
+BrowserController::Seen BrowserController::LookAt(const FolderItem& file) {
+  Seen seen{file, false, false, false};
+  if (file.Alias()) {
+    seen.Target = FolderitemExtensions::OriginalFile(file);
+    if (seen.Target.Alias()) return {};
+  }
+  seen.Package = FolderitemExtensions::Package(seen.Target);
+  seen.Folder = seen.Target.Directory();
+  // Camera raw and newer formats are images too, whatever their first bytes are called.
+  seen.Picture = !seen.Folder && (FolderitemExtensions::FileBaseType(seen.Target) == "Image" ||
+                                  FolderitemExtensions::HoldsPicture(seen.Target));
+  return seen;
+}
+
+void BrowserController::Open(const Seen& seen, bool browse) {
   using FolderitemExtensions::isFileType;
   using namespace InternalFileTypes;
-  const FolderItem target = file.Alias() ? Original(file) : file;
-  if (target.IsNil()) return;
-  const bool browse = QApplication::keyboardModifiers().testFlag(Qt::AltModifier);
+  const FolderItem& target = seen.Target;
   if (isFileType(target, &BrivolantPhotosDocument)) return desk_.OpenDocument(target);
-  const bool package =
-      file.Alias() ? FolderitemExtensions::Package(target) : facts.Is == FileFacts::kPackage;
-  if (package && !browse) {
+  if (seen.Package && !browse) {
     if (target.Name() == kLibraryPackage && ShowLibrary && ShowLibrary()) return;
     return Launch(target);
   }
-  if (target.Directory()) return DisplayContainer(target);
-  // Camera raw and newer formats are images too, whatever their first bytes are called.
-  if (FolderitemExtensions::FileBaseType(target) == "Image" ||
-      FolderitemExtensions::HoldsPicture(target) ||
-      isFileType(target, &BrivolantPhotosOneClickWonder)) {
+  if (seen.Folder || seen.Package) return DisplayContainer(target);
+  if (seen.Picture || isFileType(target, &BrivolantPhotosOneClickWonder)) {
     return desk_.OpenDocument(target);
   }
   Launch(target);

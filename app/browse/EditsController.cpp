@@ -200,7 +200,7 @@ void EditsController::AddStep(const std::shared_ptr<Given>& given) {
   });
 }
 
-void EditsController::GiveNow(ManyEdits::Order order) {
+void EditsController::GiveNow(const ManyEdits::Order& order) {
   const auto given = std::make_shared<Given>();
   ManyEdits::Order others = order;
   std::erase_if(others.Items, [this](const FolderItem& item) { return session_.LiesIn(item); });

@@ -70,7 +70,7 @@ class EditsController {
   CopiedEdits OnClipboard() const;
   void AskAndGive(CopiedEdits edits);
   void Give(ManyEdits::Order order);
-  void GiveNow(ManyEdits::Order order);
+  void GiveNow(const ManyEdits::Order& order);
   void GiveOpen(const ManyEdits::Order& order, const std::shared_ptr<Given>& given);
   void AddStep(const std::shared_ptr<Given>& given);
   void TakeBack(const std::shared_ptr<Given>& given);

@@ -82,7 +82,7 @@ QPixmap multiViewFileBrowser::CellPicture(int row, int side) {
     scaled_.erase(known->second);
     scaledAt_.erase(known);
   }
-  const QPixmap pixmap = Fitted(entry->image, side, ratio);
+  QPixmap pixmap = Fitted(entry->image, side, ratio);
   scaled_.emplace_back(id, Scaled{stamp, side, pixmap});
   scaledAt_[id] = std::prev(scaled_.end());
   while (scaled_.size() > scaledMost_) {

@@ -21,6 +21,8 @@ struct Pages {
   Channels channels;
   /// The library's threads read what was there when it was called.
   ThreadOrder order = {};
+  ThreadOrder ended = {};
+  ~Pages() { ended.After(); }
 
   int Width() const { return pictures.front().Pixels.Width(); }
   int Height() const { return pictures.front().Pixels.Height(); }
@@ -36,6 +38,7 @@ int FillStrip(VipsRegion* region, void*, void* data, void*, gboolean*) {
     EncodeRow(pages.pictures[page].Pixels, y % pages.Height(), area.left, area.width,
               pages.channels, VIPS_REGION_ADDR(region, area.left, y));
   }
+  pages.ended.Before();
   return 0;
 }
 

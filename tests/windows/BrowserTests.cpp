@@ -544,6 +544,7 @@ TEST(Browser, BrokenFilesAndLinksLeaveTheWindowAlive) {
   program.Browser().HighLightItem("broken", false);
   program.Browser().setFocus();
   Key(program.Window(), Qt::Key_Return);
+  Settle();
   ASSERT_EQ(program.dialogs.questions.size(), 1U);
   EXPECT_TRUE(Until([&] { return program.Browser().Count() == 5; }));
   program.Browser().HighLightItem("huge.bmp", false);

@@ -13,7 +13,6 @@ namespace brivolant::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 /// A job of the browser that ends when the test says so, or is cancelled.
 struct Standing {

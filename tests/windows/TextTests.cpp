@@ -93,6 +93,7 @@ TEST_F(TextWindow, BlinksWithoutARenderAndShowsItsCursors) {
   // What was typed is shown, and at the size that the open panel leaves.
   Settle();
   ASSERT_TRUE(Until([&] { return !program.Window().ResizedUpdateTimer.isActive(); }));
+  program.Window().Session().FinishPreview();
   int renders = 0;
   const auto started = program.Processor().UpdateStarted;
   program.Processor().UpdateStarted = [&] { ++renders; };

@@ -121,7 +121,9 @@ void Settle() {
   QApplication::processEvents();
   EXPECT_TRUE(Until([] {
     for (MainWindow* window : MainWindows()) {
-      if (window->Session().Busy() || window->FileWork().Busy()) return false;
+      if (window->Session().Busy() || window->FileWork().Busy() || window->Looking().Busy()) {
+        return false;
+      }
     }
     return AnimationCore::Tasks().empty();
   })) << "what goes on does not end";
