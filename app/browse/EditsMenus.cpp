@@ -26,6 +26,7 @@ void EditsController::StyleMenu(QMenu& menu) {
     menu.clear();
     desk_.Styles.Load();
     std::vector<QMenu*> categories;
+    categories.reserve(OneClickWonderStorage::CategoryName.size());
     for (const LocalizedText& name : OneClickWonderStorage::CategoryName) {
       categories.push_back(menu.addMenu(Shown(name)));
     }
