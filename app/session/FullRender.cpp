@@ -63,7 +63,7 @@ void FullRender::Run() {
     working_ = true;
     goOn_ = true;
     lock.unlock();
-    std::optional<Result> result = Result();
+    std::optional<Result> result(std::in_place);
     try {
       result = Render(request, [this] { return goOn_.load(); });
     } catch (const std::exception& exception) {
