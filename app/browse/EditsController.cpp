@@ -43,7 +43,6 @@ struct EditsController::Given {
   int Open = 0;
   FolderItem File;
   int Steps = 0;
-  std::function<void()> Forget;
   bool Saved = false;
 };
 
@@ -192,8 +191,8 @@ void EditsController::Give(ManyEdits::Order order) {
   session_.Work().WhenIdle([this, order = std::move(order)] { GiveNow(order); });
 }
 
-void EditsController::AddStep(const std::shared_ptr<Given>& given) {
-  given->Forget = files_.AddStep(Menus::kEditPasteEditsUndo, [this, given] {
+std::function<void()> EditsController::AddStep(const std::shared_ptr<Given>& given) {
+  return files_.AddStep(Menus::kEditPasteEditsUndo, [this, given] {
     // What is still being given is not; what was given is a list that grows until then.
     if (giving_.lock() == given) jobs_.Cancel();
     jobs_.WhenIdle([this, given] { TakeBack(given); });
@@ -206,21 +205,21 @@ void EditsController::GiveNow(const ManyEdits::Order& order) {
   std::erase_if(others.Items, [this](const FolderItem& item) { return session_.LiesIn(item); });
   given->Many = std::make_unique<ManyEdits>(std::move(others));
   GiveOpen(order, given);
-  AddStep(given);
+  const auto forget = AddStep(given);
   giving_ = given;
-  jobs_.Start(
-      {kPasting.Text(), true,
-       [this, given](Jobs::Control& control) { given->Many->Run(worker_, control); },
-       [this, given, select = files_.SelectIfUntouched()](Jobs::End, const std::string& why) {
-         giving_.reset();
-         const std::vector<FolderItem> done = given->Many->Done();
-         if (done.empty() && given->Open == 0) given->Forget();
-         browser_.imageBrowser->ReloadCurrentView();
-         if (!done.empty()) select(done);
-         std::vector<ManyEdits::Failure> failures = given->Many->Failures();
-         if (!why.empty()) failures.push_back({{}, why});
-         Tell(kNotGiven, failures);
-       }});
+  jobs_.Start({kPasting.Text(), true,
+               [this, given](Jobs::Control& control) { given->Many->Run(worker_, control); },
+               [this, given, forget, select = files_.SelectIfUntouched()](Jobs::End,
+                                                                          const std::string& why) {
+                 giving_.reset();
+                 const std::vector<FolderItem> done = given->Many->Done();
+                 if (done.empty() && given->Open == 0) forget();
+                 browser_.imageBrowser->ReloadCurrentView();
+                 if (!done.empty()) select(done);
+                 std::vector<ManyEdits::Failure> failures = given->Many->Failures();
+                 if (!why.empty()) failures.push_back({{}, why});
+                 Tell(kNotGiven, failures);
+               }});
 }
 
 void EditsController::GiveOpen(const ManyEdits::Order& order, const std::shared_ptr<Given>& given) {
@@ -275,7 +274,7 @@ void EditsController::TakeBack(const std::shared_ptr<Given>& given) {
                  const auto& more = given->Many->Failures();
                  failures->insert(failures->end(), more.begin(), more.end());
                  if (!why.empty()) failures->push_back({{}, why});
-                 if (given->Many->Left()) AddStep(given);
+                 if (given->Many->Left()) (void)AddStep(given);
                  Tell(kNotTakenBack, *failures);
                }});
 }

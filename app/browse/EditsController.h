@@ -72,7 +72,8 @@ class EditsController {
   void Give(ManyEdits::Order order);
   void GiveNow(const ManyEdits::Order& order);
   void GiveOpen(const ManyEdits::Order& order, const std::shared_ptr<Given>& given);
-  void AddStep(const std::shared_ptr<Given>& given);
+  /// What is given back forgets the step again.
+  std::function<void()> AddStep(const std::shared_ptr<Given>& given);
   void TakeBack(const std::shared_ptr<Given>& given);
   void Tell(const LocalizedText& text, const std::vector<ManyEdits::Failure>& failures);
 

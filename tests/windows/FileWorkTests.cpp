@@ -35,6 +35,7 @@ void Rename(Browsing& program, const std::string& from, const std::string& to) {
   ASSERT_NE(field, nullptr);
   field->setText(QString::fromStdString(to));
   Key(program.Window(), Qt::Key_Return);
+  Settle();
 }
 
 TEST(FileWork, ALinkDoesNotTakeTheNameOfItsPhoto) {
@@ -226,6 +227,7 @@ TEST(FileWork, NamesThatAreNoTextGoOutAsTheyAre) {
   program.Browser().SelectFiles({odd});
   program.Browser().setFocus();
   Key(program.Window(), Qt::Key_Return);
+  Settle();
   EXPECT_THAT(launches.addresses, ElementsAre(FileAddress::Of(odd)));
 }
 
@@ -236,7 +238,10 @@ TEST(FileWork, PackagesOpenAsFilesAndWithAltAsFolders) {
   ASSERT_FALSE(package.Child("Contents").CreateAsFolder());
   ASSERT_TRUE(FolderitemExtensions::MakeAlias(package, program.Pictures().Child("link")));
   ASSERT_TRUE(program.Shows({"link", "Tool"}));
-  for (const int row : {0, 1}) DoubleClick(program.Grid(), program.Cell(row));
+  for (const int row : {0, 1}) {
+    DoubleClick(program.Grid(), program.Cell(row));
+    Settle();
+  }
   EXPECT_THAT(launches.addresses, ElementsAre(FileAddress::Of(package), FileAddress::Of(package)));
   for (const int row : {0, 1}) {
     QTest::mouseDClick(program.Window().windowHandle(), Qt::LeftButton, Qt::AltModifier,
