@@ -418,8 +418,10 @@ class VipsSource final : public ImageSource {
     }
     const PlainPath path(file_);
     VipsImage* small = nullptr;
-    // Turned by us: the library would ask for all pixels at once, on many threads.
-    if (!tolerant_ && !CutShort() &&
+    // Turned by us: the library would ask for all pixels at once, on many threads. Those judge a
+    // spoilt WebP by chance, so that it is read whole, as for every other use.
+    const bool byChance = type_ == "org.webmproject.webp";
+    if (!tolerant_ && !CutShort() && !byChance &&
         vips_thumbnail(path.Get(), &small, longest, "height", longest, "size", VIPS_SIZE_DOWN,
                        "export_profile", "srgb", "no_rotate", TRUE, "fail_on", VIPS_FAIL_ON_ERROR,
                        nullptr) == 0) {
