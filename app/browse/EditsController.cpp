@@ -195,7 +195,8 @@ std::function<void()> EditsController::AddStep(const std::shared_ptr<Given>& giv
   return files_.AddStep(Menus::kEditPasteEditsUndo, [this, given] {
     // What is still being given is not; what was given is a list that grows until then.
     if (giving_.lock() == given) jobs_.Cancel();
-    jobs_.WhenIdle([this, given] { TakeBack(given); });
+    // A save of the open document belongs to it.
+    jobs_.WhenIdle([this, given] { session_.Work().WhenIdle([this, given] { TakeBack(given); }); });
   });
 }
 
@@ -203,8 +204,9 @@ void EditsController::GiveNow(const ManyEdits::Order& order) {
   const auto given = std::make_shared<Given>();
   ManyEdits::Order others = order;
   std::erase_if(others.Items, [this](const FolderItem& item) { return session_.LiesIn(item); });
+  const bool open = others.Items.size() < order.Items.size();
   given->Many = std::make_unique<ManyEdits>(std::move(others));
-  GiveOpen(order, given);
+  if (open) GiveOpen(order, given);
   const auto forget = AddStep(given);
   giving_ = given;
   jobs_.Start({kPasting.Text(), true,
@@ -223,9 +225,6 @@ void EditsController::GiveNow(const ManyEdits::Order& order) {
 }
 
 void EditsController::GiveOpen(const ManyEdits::Order& order, const std::shared_ptr<Given>& given) {
-  const bool open = std::any_of(order.Items.begin(), order.Items.end(),
-                                [this](const auto& item) { return session_.LiesIn(item); });
-  if (!open) return;
   // What was not saved yet is not saved by this.
   const bool saved = session_.SameAsSaved();
   const bool kept =
@@ -234,7 +233,7 @@ void EditsController::GiveOpen(const ManyEdits::Order& order, const std::shared_
   const int before = session_.HistorySteps();
   session_.PasteEdits(order.Edits, order.Crop, order.Turns);
   // It had these edits already, or did not get them.
-  if (session_.HistorySteps() == before) return given->Many->Forget(file);
+  if (session_.HistorySteps() == before) return given->Many->Forget();
   given->Saved = kept;
   given->Open = session_.DocumentNumber();
   given->File = file;
@@ -251,7 +250,7 @@ void EditsController::TakeBack(const std::shared_ptr<Given>& given) {
   if (given->Open != 0 && session_.DocumentNumber() == given->Open) {
     // Only if nothing has come after it.
     if (session_.HistorySteps() == given->Steps) {
-      given->Many->Forget(given->File);
+      given->Many->Forget();
       given->Open = 0;
       session_.Undo();
       if (given->Saved) {

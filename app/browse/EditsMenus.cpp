@@ -3,21 +3,11 @@
 #include "app/browse/EditsController.h"
 
 #include <QMenu>
-#include <algorithm>
 
-#include "app/browse/BrowserController.h"
-#include "app/browse/FileController.h"
-#include "app/browse/PasteEditsSheet.h"
 #include "app/commands/Commands.h"
 #include "app/commands/Menus.h"
-#include "app/session/EditSession.h"
 #include "effects/styles/OneClickWonderStorage.h"
-#include "files/FolderitemExtensions.h"
-#include "formats/BrivolantDocument.h"
-#include "formats/FileTypes.h"
 #include "kit/InterfaceKitSupport.h"
-#include "platform/services/SharedFolders.h"
-#include "platform/values/Captions.h"
 
 namespace brivolant {
 

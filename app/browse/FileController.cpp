@@ -54,7 +54,7 @@ void FileController::Run(const LocalizedText& text, const StepPointer& step,
 void FileController::FileMoveToTrash() {
   std::vector<FolderItem> files;
   multiViewFileBrowser& rows = *browser_.imageBrowser;
-  const std::vector<FolderItem> selected = browser_.SelectedFiles();
+  const int choice = rows.Choices();
   for (const BrowserPayload& payload : rows.SelectedItems()) {
     const auto* item = std::get_if<ItemPointer>(&payload);
     if (item == nullptr) continue;
@@ -63,7 +63,7 @@ void FileController::FileMoveToTrash() {
   // Whatever is selected while a question is open.
   if (files.empty() || !MayTrash(files)) return;
   // They are gone from sight at once: the next key is meant for the next one.
-  if (browser_.SelectedFiles() == selected) rows.RemoveSelected();
+  if (rows.Choices() == choice) rows.RemoveSelected();
   Trash(files);
 }
 

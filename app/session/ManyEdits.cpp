@@ -206,26 +206,28 @@ bool ManyEdits::IsSpared(const FolderItem& document) {
 }
 
 bool ManyEdits::Remember(const BrivolantDocument& document, TemporaryFiles& files) {
-  Change change;
-  change.Document = document.File;
-  change.Before =
+  auto change = std::make_unique<Change>();
+  change->Document = document.File;
+  change->Before =
       std::make_unique<const DocumentSnapshot>(document.File, document.OriginalImageID, files);
-  if (!change.Before->Whole()) return false;
-  changes_.push_back(std::move(change));
+  if (!change->Before->Whole()) return false;
+  remembered_ = std::move(change);
   return true;
 }
 
 void ManyEdits::RememberedIsWritten() {
-  if (!changes_.empty()) changes_.front().Written = SettingsOf(changes_.front().Document);
+  if (remembered_) remembered_->Written = SettingsOf(remembered_->Document);
 }
 
-void ManyEdits::Forget(const FolderItem& document) {
-  std::erase_if(changes_, [&](const Change& change) { return change.Document == document; });
+void ManyEdits::Forget() {
+  remembered_.reset();
 }
 
 void ManyEdits::TakeBack(WorkerServices& worker, const std::vector<FolderItem>& keeps) {
   failures_.clear();
   std::vector<Change> left;
+  if (remembered_) changes_.insert(changes_.begin(), std::move(*remembered_));
+  remembered_.reset();
   // The last first: a document may have been changed twice, over a link.
   for (auto change = changes_.rbegin(); change != changes_.rend(); ++change) {
     const FolderItem& document = change->Document;
@@ -255,6 +257,7 @@ void ManyEdits::TakeBack(WorkerServices& worker, const std::vector<FolderItem>& 
 
 std::vector<FolderItem> ManyEdits::Done() const {
   std::vector<FolderItem> done;
+  if (remembered_) done.push_back(remembered_->Document);
   for (const Change& change : changes_) done.push_back(change.Document);
   return done;
 }

@@ -58,8 +58,7 @@ class ManyEdits {
   static constexpr LocalizedText kChangedSince{
       "ManyEdits.kChangedSince",
       "The document \"<filename>\" stays as it is: it was changed since."};
-
-  static constexpr LocalizedText kOpenNow{"EditsController.kInUse",
+  static constexpr LocalizedText kOpenNow{"ManyEdits.kOpenNow",
                                           "The document \"<filename>\" is being edited."};
   static constexpr LocalizedText kNotRestored{
       "ManyEdits.kNotRestored", "The document \"<filename>\" could not be brought back."};
@@ -98,17 +97,20 @@ class ManyEdits {
   /// This one is open by now: who edits it must not find it changed.
   void Spare(const FolderItem& document);
 
-  // Before the job begins, or when it is done.
+  // On the thread that starts the jobs. What is remembered is no part of what Run works on, and
+  // must be settled before TakeBack.
 
   /// Keeps what a document is that somebody else gives the same edits. False if it cannot be kept.
   bool Remember(const BrivolantDocument& document, TemporaryFiles& files);
   /// It has got them.
   void RememberedIsWritten();
-  /// Somebody else takes this one back.
-  void Forget(const FolderItem& document);
+  /// Somebody else takes it back.
+  void Forget();
+
+  // When the job is done.
+
   /// There is something that can be taken back, anew perhaps.
   bool Left() const { return !changes_.empty(); }
-
   /// The documents that were made or changed.
   std::vector<FolderItem> Done() const;
   /// What could not be done by the last call.
@@ -124,6 +126,7 @@ class ManyEdits {
 
   Order order_;
   std::vector<Change> changes_;
+  std::unique_ptr<Change> remembered_;
   std::vector<Failure> failures_;
   std::mutex mutex_;
   std::vector<FolderItem> spared_;

@@ -212,7 +212,7 @@
         <source>Their edits are replaced. Undo brings them back.</source>
         <translation>Ihre Bearbeitung wird ersetzt. Mit „Rückgängig“ kommt sie zurück.</translation>
     </message>
-    <message id="EditsController.kInUse">
+    <message id="ManyEdits.kOpenNow">
         <source>The document "&lt;filename&gt;" is being edited.</source>
         <translation>Das Dokument „&lt;filename&gt;“ wird gerade bearbeitet.</translation>
     </message>
