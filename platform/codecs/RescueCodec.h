@@ -30,6 +30,10 @@ Expected<Canvas> NewCanvas(const FolderItem& file, int width, int height, bool a
 // A failure without a sentence if the file is not of the format.
 Expected<DecodedImage> RescueTiff(const FolderItem& file, int index);
 Expected<DecodedImage> RescueWebP(const FolderItem& file);
+/// A frame of a WebP file of that size, three or four bytes a pixel, red first; empty if any of it
+/// cannot be read. Equal bytes give equal answers.
+std::vector<std::uint8_t> WebPPixels(const FolderItem& file, int index, int width, int height,
+                                     int bands);
 Expected<DecodedImage> RescueGif(const FolderItem& file);
 /// BMP and PNM.
 Expected<DecodedImage> RescuePlain(const FolderItem& file);

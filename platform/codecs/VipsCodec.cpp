@@ -10,12 +10,15 @@
 
 #include "platform/codecs/Cancellation.h"
 #include "platform/codecs/CodecDetail.h"
+#include "platform/codecs/RescueCodec.h"
 #include "platform/codecs/VipsSupport.h"
 
 namespace brivolant::codecs {
 namespace {
 
 using Image = VipsPicture;
+
+constexpr std::string_view kWebP = "org.webmproject.webp";
 
 struct LoaderType {
   std::string_view loader;
@@ -25,7 +28,7 @@ constexpr std::array<LoaderType, 11> kLoaderTypes{{{"jpegload", "public.jpeg"},
                                                    {"pngload", "public.png"},
                                                    {"tiffload", "public.tiff"},
                                                    {"gifload", "com.compuserve.gif"},
-                                                   {"webpload", "org.webmproject.webp"},
+                                                   {"webpload", kWebP},
                                                    {"heifload", "public.heic"},
                                                    {"jp2kload", "public.jpeg-2000"},
                                                    {"pdfload", "com.adobe.pdf"},
@@ -307,10 +310,10 @@ Expected<T> Failure(const FolderItem& file) {
   return Expected<T>::Failure(CodecMessage(codecTexts::kDamaged, file, ReasonOf(file).Text()));
 }
 
-/// Decodes what was opened. `tolerant` if the loader passes over what is wrong, `cut` if the end is
-/// known to be missing.
-Attempted DecodeImage(const FolderItem& file, VipsImage* image, bool tolerant, bool cut) {
-  ImageProperties properties = PropertiesOf(image);
+/// Decodes what was opened, with the properties that its header tells. `tolerant` if the loader
+/// passes over what is wrong, `cut` if the end is known to be missing.
+Attempted DecodeImage(const FolderItem& file, VipsImage* image, ImageProperties properties,
+                      bool tolerant, bool cut) {
   // Before the pipeline is built: a lying header must not cost memory.
   if (std::int64_t{properties.Width} * properties.Height > Picture::kMostPixels) {
     return {
@@ -418,10 +421,8 @@ class VipsSource final : public ImageSource {
     }
     const PlainPath path(file_);
     VipsImage* small = nullptr;
-    // Turned by us: the library would ask for all pixels at once, on many threads. Those judge a
-    // spoilt WebP by chance, so that it is read whole, as for every other use.
-    const bool byChance = type_ == "org.webmproject.webp";
-    if (!tolerant_ && !CutShort() && !byChance &&
+    // Turned by us: the library would ask for all pixels at once, on many threads.
+    if (!tolerant_ && !CutShort() && type_ != kWebP &&
         vips_thumbnail(path.Get(), &small, longest, "height", longest, "size", VIPS_SIZE_DOWN,
                        "export_profile", "srgb", "no_rotate", TRUE, "fail_on", VIPS_FAIL_ON_ERROR,
                        nullptr) == 0) {
@@ -447,7 +448,18 @@ class VipsSource final : public ImageSource {
     const PlainPath path(file_);
     const Image image = Load(path, index, tolerant);
     if (!image) return {Failure<DecodedImage>(file_)};
-    return DecodeImage(file_, image.get(), tolerant, CutShort());
+    const ImageProperties properties = PropertiesOf(image.get());
+    if (type_ != kWebP ||
+        std::int64_t{properties.Width} * properties.Height > Picture::kMostPixels) {
+      return DecodeImage(file_, image.get(), properties, tolerant, CutShort());
+    }
+    // The library's own reading of a spoilt one ends now with an error and now without.
+    const int bands = vips_image_get_bands(image.get());
+    const std::vector<VipsPel> pixels =
+        WebPPixels(file_, index, properties.Width, properties.Height, bands);
+    const Image whole = pixels.empty() ? nullptr : OverRows(image.get(), pixels, properties.Height);
+    if (!whole) return {Failure<DecodedImage>(file_)};
+    return DecodeImage(file_, whole.get(), properties, false, false);
   }
 
   FolderItem file_;
@@ -541,7 +553,7 @@ Expected<DecodedImage> DecodeWithVips(const FolderItem& file, std::string_view b
   const Image image(vips_image_new_from_source(source.get(), "", "access", VIPS_ACCESS_SEQUENTIAL,
                                                "fail_on", VIPS_FAIL_ON_ERROR, nullptr));
   if (!image) return Failure<DecodedImage>(file);
-  return DecodeImage(file, image.get(), false, false).image;
+  return DecodeImage(file, image.get(), PropertiesOf(image.get()), false, false).image;
 }
 
 }  // namespace brivolant::codecs

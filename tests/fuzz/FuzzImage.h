@@ -77,7 +77,14 @@ inline void Decode(const FolderItem& file, std::size_t size, std::int64_t pixels
   const auto whole = one.Decode(0);
   CheckVerdict(whole, size, pixelsPerByte);
   if (!whole && whole.error.empty()) Fail("refused without a sentence");
-  if (!Same(whole, other.Decode(0))) Fail("decoded differently");
+  const auto repeated = other.Decode(0);
+  if (!Same(whole, repeated)) {
+    const auto told = [](const Expected<DecodedImage>& image) {
+      return image ? "\"" + image.value->Damage.Warning + "\"" : image.error;
+    };
+    Fail(("decoded differently: " + one.Type() + ", " + told(whole) + ", " + told(repeated))
+             .c_str());
+  }
   constexpr int kSide = 5;
   const auto small = one.Thumbnail(kSide);
   const auto smallAgain = other.Thumbnail(kSide);

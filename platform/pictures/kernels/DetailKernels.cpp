@@ -240,6 +240,9 @@ void PaintPanels(ConstGrey values, ConstGrey lines, Pixels target, int left, int
         const int bright = CoverageAbove(values, x, y, kBright);
         const int paper = CoverageAbove(lines, x, y, kPaper);
         for (std::size_t i = 0; i < panels.size(); ++i) {
+          // The middle row and column of an odd picture are those of the first panel that has them:
+          // rows are painted at the same time, in any order.
+          if ((i >= 2 && top + y < height) || (i % 2 == 1 && left + x < width)) continue;
           const Panel& panel = panels.at(i);
           std::uint8_t* out =
               target.Row(i < 2 ? y : top + y) + std::ptrdiff_t{4} * (i % 2 == 0 ? x : left + x);
