@@ -79,6 +79,8 @@ class Jobs {
   /// The same before all that waits: for what follows from an answer that the user has just given.
   void First(std::function<void()> then);
   bool Busy() const { return running_ != nullptr; }
+  /// Nothing is busy, and nothing waits for its turn.
+  bool Idle() const { return !running_ && waiting_.empty(); }
   /// What the present job tells the user, and whether it may be cancelled; of none, empty.
   std::string Text() const;
   bool CanCancel() const;

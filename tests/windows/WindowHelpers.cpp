@@ -121,8 +121,9 @@ void Settle() {
   QApplication::processEvents();
   EXPECT_TRUE(Until([] {
     for (MainWindow* window : MainWindows()) {
-      if (window->Session().Busy() || window->FileWork().Busy() || window->Looking().Busy()) {
-        return false;
+      for (const Jobs* jobs :
+           {&window->Session().Work(), &window->FileWork(), &window->Looking()}) {
+        if (!jobs->Idle()) return false;
       }
     }
     return AnimationCore::Tasks().empty();
@@ -210,6 +211,7 @@ FolderItem Program::Photo(const std::string& name, int width, int height) {
 }
 
 void Program::Finish() {
+  Window().Looking().Finish();
   Window().Session().Finish();
   Window().FileWork().Finish();
   QTest::qWait(1);
