@@ -123,9 +123,7 @@ void MainWindow::WireBrowser() {
         files_.DropFilesInto(files, folder);
       }));
   listening_.push_back(
-      files_.Moved.Listen([this](const FolderItem& before, const FolderItem& after) {
-        search_.Follow(before, after);
-      }));
+      files_.Moved.Listen([this](const FileMoves& moves) { search_.Follow(moves); }));
   listening_.push_back(library_.Changed.Listen([this] { sidebar_.ShowAlbums(iPhotolibrary); }));
   listening_.push_back(search_.Changed.Listen([this] { sidebar_.ShowSearch(currentSearchItem); }));
 }

@@ -18,6 +18,7 @@
 #include "app/SingleInstance.h"
 #include "app/core/GlobalApplicationSpecificProperties.h"
 #include "app/core/Translations.h"
+#include "browser/DiskThreads.h"
 #include "engine/ui/EditorDisplay.h"
 #include "platform/codecs/ImageCodecs.h"
 #include "platform/services/SharedFolders.h"
@@ -227,6 +228,11 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   const int code = Run(argc, argv);
+  if (brivolant::DiskThreads::SomeWereLeft()) {
+    // A disk holds a thread that works with what would be taken down now.
+    std::fflush(nullptr);
+    std::_Exit(code);
+  }
   brivolant::ShutDownCodecs();
   return code;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "browser/FilePreview.h"
 
+#include <mutex>
+
 #include "engine/pictures/SharedPictureEffects.h"
 #include "files/FolderitemExtensions.h"
 #include "formats/ImageFile.h"
@@ -72,34 +74,43 @@ FilePreview FilePreviewer::Of(const FolderItem& file, int longest, bool lines) c
   return preview;
 }
 
+/// What a read holds, whatever becomes of the loader.
+struct PreviewLoader::Work {
+  /// Under it the loader is there, as long as the work has not ended.
+  std::mutex mutex;
+  std::atomic<bool> ended = false;
+};
+
+// The one that ends does not hold up the next.
 PreviewLoader::PreviewLoader(std::shared_ptr<const FilePreviewer> previewer)
-    : previewer_(std::move(previewer)) {
-  // The one that ends does not hold up the next.
-  pool_.setMaxThreadCount(2);
-}
+    : previewer_(std::move(previewer)), pool_(2) {}
 
 PreviewLoader::~PreviewLoader() {
   Stop();
-  pool_.waitForDone();
 }
 
 void PreviewLoader::Stop() {
-  if (ended_) *ended_ = true;
-  ended_.reset();
+  if (work_) {
+    const std::lock_guard lock(work_->mutex);
+    work_->ended = true;
+  }
+  work_.reset();
 }
 
 void PreviewLoader::Load(const FolderItem& file, int longest, bool lines) {
   Stop();
-  ended_ = std::make_shared<std::atomic<bool>>(false);
-  pool_.start([this, ended = ended_, previewer = previewer_, file, longest, lines] {
-    if (*ended) return;
-    const DecodeCancellation cancellation(*ended);
+  work_ = std::make_shared<Work>();
+  pool_.Start([this, work = work_, previewer = previewer_, file, longest, lines] {
+    if (work->ended) return;
+    const DecodeCancellation cancellation(work->ended);
     auto preview = std::make_shared<FilePreview>(previewer->Of(file, longest, lines));
+    const std::lock_guard lock(work->mutex);
+    if (work->ended) return;
     QMetaObject::invokeMethod(
         this,
-        [this, ended, preview] {
-          if (*ended) return;
-          ended_.reset();
+        [this, work, preview] {
+          if (work != work_) return;
+          work_.reset();
           if (Loaded) Loaded(std::move(*preview));
         },
         Qt::QueuedConnection);

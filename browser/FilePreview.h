@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QObject>
-#include <QThreadPool>
 #include <atomic>
 #include <functional>
 #include <memory>
@@ -10,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "browser/DiskThreads.h"
 #include "platform/files/FolderItem.h"
 #include "platform/pictures/Picture.h"
 #include "platform/values/Date.h"
@@ -55,7 +55,7 @@ class PreviewLoader final : public QObject {
 
   void Load(const FolderItem& file, int longest, bool lines);
   void Stop();
-  bool Loading() const { return ended_ != nullptr; }
+  bool Loading() const { return work_ != nullptr; }
   const std::shared_ptr<const FilePreviewer>& Previewer() const { return previewer_; }
 
   /// Raised on the main thread, for the last Load alone.
@@ -63,8 +63,9 @@ class PreviewLoader final : public QObject {
 
  private:
   std::shared_ptr<const FilePreviewer> previewer_;
-  std::shared_ptr<std::atomic<bool>> ended_;
-  QThreadPool pool_;
+  struct Work;
+  std::shared_ptr<Work> work_;
+  DiskThreads::Pool pool_;
 };
 
 }  // namespace brivolant

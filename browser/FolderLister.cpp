@@ -10,8 +10,10 @@
 #include <QThreadPool>
 #include <atomic>
 #include <condition_variable>
+#include <functional>
 #include <mutex>
 
+#include "browser/DiskThreads.h"
 #include "files/FolderitemExtensions.h"
 #include "files/NaturalOrder.h"
 #include "files/VolumeItem.h"
@@ -21,8 +23,6 @@ namespace {
 
 /// Milliseconds after which a slow listing shows what it has.
 constexpr qint64 kPart = 250;
-/// Most of them wait for a disk, some for ever.
-constexpr int kThreads = 64;
 /// Entries between two looks at whether the listing is still wanted.
 constexpr std::size_t kLook = 512;
 
@@ -61,16 +61,6 @@ FileFacts FolderLister::FactsOf(int folder, const char* entry,
   return facts;
 }
 
-QThreadPool& FolderLister::Threads() {
-  // Never destroyed: whoever reads a dead disk may still do so when the program ends.
-  static QThreadPool* const threads = [] {
-    auto* pool = new QThreadPool;
-    pool->setMaxThreadCount(kThreads);
-    return pool;
-  }();
-  return *threads;
-}
-
 namespace {
 
 FolderLister::Place Inspect(const FolderItem& folder) {
@@ -82,25 +72,40 @@ FolderLister::Place Inspect(const FolderItem& folder) {
   return place;
 }
 
+/// What a question about a place's file system brings, unless it takes longer than `patience`
+/// milliseconds.
+template <typename Answer>
+std::optional<Answer> Ask(const FolderItem& place, int patience, std::function<Answer()> question) {
+  struct Asked {
+    std::mutex mutex;
+    std::condition_variable arrived;
+    std::optional<Answer> answer;
+  };
+  const auto asked = std::make_shared<Asked>();
+  DiskThreads::For(place).start([asked, question = std::move(question)] {
+    Answer answer = question();
+    const std::lock_guard lock(asked->mutex);
+    asked->answer = std::move(answer);
+    asked->arrived.notify_all();
+  });
+  std::unique_lock lock(asked->mutex);
+  asked->arrived.wait_for(lock, std::chrono::milliseconds(patience),
+                          [&] { return asked->answer.has_value(); });
+  return asked->answer;
+}
+
 }  // namespace
 
 std::optional<FolderLister::Place> FolderLister::Look(const FolderItem& folder, int patience) {
-  struct Answer {
-    std::mutex mutex;
-    std::condition_variable arrived;
-    std::optional<Place> place;
-  };
-  const auto answer = std::make_shared<Answer>();
-  Threads().start([answer, folder] {
-    Place place = Inspect(folder);
-    const std::lock_guard lock(answer->mutex);
-    answer->place = std::move(place);
-    answer->arrived.notify_all();
+  return Ask<Place>(folder, patience, [folder] { return Inspect(folder); });
+}
+
+std::optional<FolderItem> FolderLister::Standing(const FolderItem& place, int patience) {
+  return Ask<FolderItem>(place, patience, [place] {
+    FolderItem standing = place;
+    while (standing && Inspect(standing).Gone) standing = standing.Parent();
+    return standing;
   });
-  std::unique_lock lock(answer->mutex);
-  answer->arrived.wait_for(lock, std::chrono::milliseconds(patience),
-                           [&] { return answer->place.has_value(); });
-  return answer->place;
 }
 
 struct FolderLister::Work {
@@ -161,7 +166,7 @@ void FolderLister::List(const FolderItem& folder, const Order& order, int patien
   auto work = std::make_shared<Work>();
   work_ = work;
   found_.reset();
-  Threads().start([this, work, folder, order] {
+  DiskThreads::For(folder).start([this, work, folder, order] {
     Place found = Inspect(folder);
     Read(found.Real, order, [&](std::vector<BrowserRows::Row> rows, bool done) {
       const std::lock_guard lock(work->mutex);

@@ -9,8 +9,6 @@
 
 #include "browser/BrowserRows.h"
 
-class QThreadPool;
-
 namespace brivolant {
 
 /// Lists a folder on another thread and hands its rows over in their order: at once if it is
@@ -50,13 +48,11 @@ class FolderLister final : public QObject {
   /// Looks at a place on another thread; nothing if it does not answer within `patience`
   /// milliseconds, as those of a disk that sleeps or a share that is dead.
   static std::optional<Place> Look(const FolderItem& place, int patience);
+  /// The nearest folder that is there: the place itself, else one that it lies in. Nothing as with
+  /// Look.
+  static std::optional<FolderItem> Standing(const FolderItem& place, int patience);
   /// The folder that was listed last, as it was found; known once the listing is done.
   const std::optional<Place>& Found() const { return found_; }
-
-  /// The threads that folders are read on, and nothing else. Not the ones that all share: the
-  /// toolkit paints large areas on those, and a disk that does not answer would hold up the
-  /// windows. There are many, since each that reads of a dead share may never come back.
-  static QThreadPool& Threads();
 
   /// What a folder knows of one of its entries; `folder` is its descriptor.
   static FileFacts FactsOf(int folder, const char* name, const std::string& documentExtension);

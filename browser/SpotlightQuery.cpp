@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QStandardPaths>
 #include <QThread>
+#include <QThreadPool>
 #include <algorithm>
 #include <array>
 #include <atomic>
@@ -24,7 +25,6 @@
 #include "browser/SearchText.h"
 #include "files/FolderitemExtensions.h"
 #include "files/NaturalOrder.h"
-#include "platform/files/MountTable.h"
 
 namespace brivolant {
 namespace {
@@ -33,10 +33,8 @@ using Steady = std::chrono::steady_clock;
 
 /// Milliseconds between two reports of progress.
 constexpr int kProgress = 200;
-/// What is still searched once all else is done may be silent for so long.
-constexpr std::chrono::seconds kSilence{6};
-/// How long the end of a search waits for its threads, which end at once unless a disk holds them.
-constexpr std::chrono::milliseconds kLeave{200};
+/// Milliseconds between two reports of what comes late.
+constexpr int kLate = 1000;
 /// Folders of the system: nobody keeps photos there, and they are half of a disk's files.
 constexpr std::array<std::string_view, 17> kSystem{
     "/bin", "/boot", "/dev", "/etc",  "/lib", "/lib32", "/lib64", "/libx32", "/lost+found",
@@ -69,6 +67,9 @@ struct SpotlightQuery::Work {
   std::string query;
   std::string documentExtension;
   std::vector<std::string> roots;
+  MountTable table;
+  std::chrono::milliseconds patience{0};
+  std::function<void(const std::string&)> entering;
   /// Given up: nothing is reported. Finished: what there is is reported.
   std::atomic<bool> ended = false;
   std::atomic<bool> finished = false;
@@ -76,12 +77,13 @@ struct SpotlightQuery::Work {
 
   std::mutex mutex;
   std::condition_variable changed;
-  /// Fixed before any thread walks; the first is that of the disks.
+  /// The first is that of the disks.
   std::deque<Lane> lanes;
-  /// Roots of lanes: no other lane crosses into them.
+  /// Roots of lanes: no other lane crosses into them. Fixed before any thread walks.
   std::unordered_set<std::string> borders;
-  bool asking = false;
-  int threads = 0;
+  /// Questions to the index and for shares that have no answer yet.
+  int asking = 0;
+  std::shared_ptr<DiskThreads::Count> threads;
   /// Something was found to be there since the search looked last: a disk that is slow is not
   /// silent.
   std::atomic<bool> alive = false;
@@ -91,11 +93,12 @@ struct SpotlightQuery::Work {
   std::set<std::pair<dev_t, ino_t>> seen;
   std::unordered_set<std::string> paths;
   std::vector<SpotlightItem> hits;
+  std::size_t reported = 0;
   QElapsedTimer since;
 
   bool Wanted() const { return !ended && !finished; }
   bool Done() const {
-    return !asking &&
+    return asking == 0 &&
            std::all_of(lanes.begin(), lanes.end(), [](const Lane& lane) { return lane.Done(); });
   }
   /// A thread that holds the work; counted until it ends.
@@ -104,24 +107,16 @@ struct SpotlightQuery::Work {
 
 void SpotlightQuery::Work::Start(const std::shared_ptr<Work>& work,
                                  std::function<void(Work&)> what) {
-  {
-    const std::lock_guard lock(work->mutex);
-    ++work->threads;
-  }
+  work->threads->Enter();
   std::thread([work, what = std::move(what)] {
     what(*work);
-    const std::lock_guard lock(work->mutex);
-    --work->threads;
-    work->changed.notify_all();
+    work->threads->Leave();
   }).detach();
 }
 
 SpotlightQuery::~SpotlightQuery() {
-  const std::shared_ptr<Work> work = work_;
   Stop();
-  if (!work) return;
-  std::unique_lock lock(work->mutex);
-  work->changed.wait_for(lock, kLeave, [&] { return work->threads == 0; });
+  threads_->Await();
 }
 
 void SpotlightQuery::Stop() {
@@ -160,27 +155,31 @@ void SpotlightQuery::Run() {
   items_.clear();
   work_ = std::make_shared<Work>(Query);
   work_->owner = this;
+  work_->threads = threads_;
   work_->documentExtension = DocumentExtension;
+  work_->table = Mounts.value_or(MountTable::Now());
+  work_->patience = Patience;
+  work_->entering = Entering;
   for (const FolderItem& root : Roots) work_->roots.push_back(root.ShellPath());
   work_->since.start();
   Work::Start(work_, [work = work_](Work&) { Search(work); });
 }
 
 void SpotlightQuery::Divide(Work& work) {
-  const MountTable table = MountTable::Now();
   if (work.roots.empty()) {
     work.roots = {QStandardPaths::writableLocation(QStandardPaths::HomeLocation).toStdString()};
-    for (const FolderItem& volume : table.OfUser()) work.roots.push_back(volume.ShellPath());
+    for (const FolderItem& volume : work.table.OfUser()) work.roots.push_back(volume.ShellPath());
+    work.asking = 1;
   }
   work.lanes.emplace_back();
   const auto add = [&](const std::string& root) {
-    const Mount* mount = table.Of(FolderItem(root));
+    const Mount* mount = work.table.Of(FolderItem(root));
     const bool own = mount != nullptr && mount->Apart();
     if (own) work.borders.insert(root);
     (own ? work.lanes.emplace_back() : work.lanes.front()).folders.push_back(root);
   };
   for (const std::string& root : work.roots) add(root);
-  for (const Mount& mount : table.Mounts()) {
+  for (const Mount& mount : work.table.Mounts()) {
     if (!mount.Apart() && mount.Kind != "autofs") continue;
     const std::string root = mount.Root.ShellPath();
     const bool below = std::any_of(work.roots.begin(), work.roots.end(),
@@ -190,29 +189,31 @@ void SpotlightQuery::Divide(Work& work) {
   }
 }
 
-void SpotlightQuery::Search(const std::shared_ptr<Work>& work) {
-  Divide(*work);
-  work->asking = true;
-  Work::Start(work, [](Work& asked) { AskIndexes(asked); });
-  for (Lane& lane : work->lanes) {
-    const bool disks = &lane == &work->lanes.front();
-    for (int i = 0; i < (disks ? std::max(QThread::idealThreadCount(), 1) : 1); ++i) {
-      Work::Start(work, [&lane](Work& walked) { Walk(walked, lane); });
-    }
+void SpotlightQuery::StartLane(const std::shared_ptr<Work>& work, Lane& lane,
+                               const std::string& root) {
+  // Whoever searches what is silent again and again gets no more threads that wait for it.
+  DiskThreads::For(FolderItem(root), work->table).start([work, &lane] { Walk(*work, lane); });
+}
+
+void SpotlightQuery::AskShares(const std::shared_ptr<Work>& work) {
+  const FolderItem folder = DesktopShares::Folder();
+  const Mount* mount = work->table.Of(folder);
+  std::vector<FolderItem> shares;
+  if (mount != nullptr && mount->Root == folder) shares = DesktopShares::Roots(folder);
+  const std::lock_guard lock(work->mutex);
+  for (const FolderItem& share : shares) {
+    Lane& lane = work->lanes.emplace_back();
+    lane.folders.push_back(share.ShellPath());
+    StartLane(work, lane, share.ShellPath());
   }
-  std::unique_lock lock(work->mutex);
-  while (work->Wanted() && !work->Done()) {
-    work->changed.wait_for(lock, std::chrono::milliseconds(kProgress));
-    if (!work->lanes.front().Done() || work->paused || work->alive.exchange(false)) {
-      work->heard = Steady::now();
-    }
-    // Whoever is silent now may be so for ever.
-    if (Steady::now() - work->heard > kSilence) break;
-  }
-  std::vector<SpotlightItem> hits = std::exchange(work->hits, {});
-  // Whoever comes later comes for nothing.
-  work->finished = true;
+  --work->asking;
   work->changed.notify_all();
+}
+
+void SpotlightQuery::Hand(const std::shared_ptr<Work>& work, bool last) {
+  std::unique_lock lock(work->mutex);
+  std::vector<SpotlightItem> hits = work->hits;
+  work->reported = hits.size();
   lock.unlock();
   if (work->ended) return;
   const NaturalOrder natural;
@@ -229,19 +230,61 @@ void SpotlightQuery::Search(const std::shared_ptr<Work>& work) {
   if (work->owner == nullptr) return;
   QMetaObject::invokeMethod(
       work->owner,
-      [owner = work->owner, work, sorted] {
-        if (work == owner->work_) owner->Report(std::move(*sorted));
+      [owner = work->owner, work, sorted, last] {
+        if (work == owner->work_) owner->Report(*sorted, last);
       },
       Qt::QueuedConnection);
+}
+
+void SpotlightQuery::Search(const std::shared_ptr<Work>& work) {
+  Divide(*work);
+  const bool shares = work->asking > 0;
+  ++work->asking;
+  Work::Start(work, [](Work& asked) { AskIndexes(asked); });
+  if (shares) Work::Start(work, [work](Work&) { AskShares(work); });
+  std::unique_lock lock(work->mutex);
+  for (Lane& lane : work->lanes) {
+    if (&lane != &work->lanes.front()) StartLane(work, lane, lane.folders.front());
+  }
+  lock.unlock();
+  for (int i = 0; i < std::max(QThread::idealThreadCount(), 1); ++i) {
+    Work::Start(work, [](Work& walked) { Walk(walked, walked.lanes.front()); });
+  }
+  lock.lock();
+  bool silent = false;
+  while (work->Wanted() && !work->Done()) {
+    work->changed.wait_for(lock, std::chrono::milliseconds(silent ? kLate : kProgress));
+    if (silent && work->hits.size() > work->reported && !work->Done()) {
+      lock.unlock();
+      Hand(work, false);
+      lock.lock();
+      continue;
+    }
+    if (!work->lanes.front().Done() || work->paused || work->alive.exchange(false)) {
+      work->heard = Steady::now();
+    }
+    // Whoever is silent now may be so for ever, and nobody waits for that.
+    if (silent || Steady::now() - work->heard <= work->patience) continue;
+    silent = true;
+    lock.unlock();
+    Hand(work, false);
+    lock.lock();
+  }
+  // Whoever comes later comes for nothing.
+  work->finished = true;
+  work->changed.notify_all();
+  lock.unlock();
+  Hand(work, true);
   // An index that never comes to an end need not be listened to any longer.
   work->ended = true;
 }
 
-void SpotlightQuery::Report(std::vector<SpotlightItem> hits) {
-  items_ = std::move(hits);
-  work_.reset();
+void SpotlightQuery::Report(const std::vector<SpotlightItem>& hits, bool last) {
+  const bool news = !completed_ || hits.size() != items_.size();
+  items_ = hits;
+  if (last) work_.reset();
   completed_ = true;
-  if (Completed) Completed();
+  if (news && Completed) Completed();
 }
 
 void SpotlightQuery::AskIndexes(Work& work) {
@@ -261,7 +304,7 @@ void SpotlightQuery::AskIndexes(Work& work) {
   if (const auto files = SearchIndex::AskLocalSearch(work.query, work.ended)) add(*files);
   if (work.Wanted()) add(SearchIndex::AskBaloo(work.query));
   const std::lock_guard lock(work.mutex);
-  work.asking = false;
+  --work.asking;
   work.changed.notify_all();
 }
 
@@ -328,17 +371,18 @@ void SpotlightQuery::Walk(Work& work, Lane& lane) {
     const std::string folder = std::move(lane.folders.back());
     lane.folders.pop_back();
     ++lane.working;
-    if (work.owner != nullptr && work.since.elapsed() > kProgress) {
+    if (work.owner != nullptr && work.reported == 0 && work.since.elapsed() > kProgress) {
       work.since.restart();
       QMetaObject::invokeMethod(
           work.owner,
           [owner = work.owner, folder, found = static_cast<int>(work.hits.size())] {
-            if (owner->Running() && owner->Progress) owner->Progress(folder, found);
+            if (!owner->IsCompleted() && owner->Progress) owner->Progress(folder, found);
           },
           Qt::QueuedConnection);
     }
     lock.unlock();
     inside.clear();
+    if (work.entering) work.entering(folder);
     WalkFolder(work, folder, inside);
     lock.lock();
     work.heard = Steady::now();

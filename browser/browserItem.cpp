@@ -29,13 +29,11 @@ void browserItem::GetIconRef() {
   if (std::holds_alternative<VolumeItem>(item)) {
     iconRef = {"drive-harddisk"};
   } else if (const auto* file = std::get_if<FolderItem>(&item)) {
+    // By the name alone: no look at the file or at what a link leads to, which may be slow to
+    // answer.
     const bool folder = Facts && Facts->Is == FileFacts::kFolder;
-    // What was listed is known, a link by its name alone: no look at the file or at what it leads
-    // to, which may be slow to answer.
-    const bool known = Facts.has_value();
-    iconRef = folder  ? std::vector<std::string>{"folder"}
-              : known ? FolderitemExtensions::IconNamesByName(*file)
-                      : FolderitemExtensions::IconNames(*file);
+    iconRef =
+        folder ? std::vector<std::string>{"folder"} : FolderitemExtensions::IconNamesByName(*file);
   }
 }
 
@@ -63,48 +61,95 @@ void browserItem::CreateIcon(IconSource& icons) {
 
 namespace {
 
-/// The file of a row, if it is `folder` or lies in it; else nil.
-FolderItem FileWithin(const BrowserPayload& row, const FolderItem& folder) {
+std::string PathOf(const BrowserPayload& row) {
   const auto* item = std::get_if<std::shared_ptr<browserItem>>(&row);
   const auto* file = item == nullptr ? nullptr : std::get_if<FolderItem>(&(*item)->item);
-  if (file == nullptr) return {};
-  const bool within = *file == folder || file->ShellPath().starts_with(folder.ShellPath() + "/");
-  return within ? *file : FolderItem();
+  return file == nullptr ? std::string() : file->ShellPath();
+}
+
+bool Within(const std::string& path, const std::string& folder) {
+  return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
+}
+
+/// The row's file is one of the places, or lies in one.
+bool Among(const BrowserPayload& row, const std::set<std::string>& places) {
+  std::string path = PathOf(row);
+  while (!path.empty()) {
+    if (places.contains(path)) return true;
+    path.resize(path.find_last_of('/') == std::string::npos ? 0 : path.find_last_of('/'));
+  }
+  return false;
 }
 
 }  // namespace
 
-void browserItemCollection::Follow(const FolderItem& before, const FolderItem& after) {
-  if (after.IsNil()) return Forget(before);
-  if (before.IsNil()) return Restore(after);
+void browserItemCollection::Follow(const FileMoves& moves) {
+  // Many files go or come back together, and a search may have many rows: one look at each.
+  for (auto move = moves.begin(); move != moves.end();) {
+    const bool goes = move->second.IsNil();
+    const bool comes = move->first.IsNil();
+    std::set<std::string> places;
+    for (; move != moves.end() && move->second.IsNil() == goes && move->first.IsNil() == comes;
+         ++move) {
+      if (!goes && !comes) {
+        Move(move->first, move->second);
+      } else {
+        places.insert((goes ? move->first : move->second).ShellPath());
+      }
+    }
+    if (goes) Forget(places);
+    if (comes) Restore(places);
+  }
+}
+
+void browserItemCollection::Move(const FolderItem& before, const FolderItem& after) {
   for (BrowserPayload& row : myItems) {
-    const FolderItem file = FileWithin(row, before);
-    if (file.IsNil()) continue;
+    const std::string path = PathOf(row);
+    if (!Within(path, before.ShellPath())) continue;
     // A new row: the old one may be in work on other threads.
     auto moved = std::make_shared<browserItem>(*std::get<std::shared_ptr<browserItem>>(row));
-    const FolderItem place(after.ShellPath() + file.ShellPath().substr(before.ShellPath().size()));
+    const FolderItem place(after.ShellPath() + path.substr(before.ShellPath().size()));
     moved->Name = place.DisplayName();
     moved->item = place;
     row = std::move(moved);
   }
 }
 
-void browserItemCollection::Forget(const FolderItem& file) {
-  for (auto index = static_cast<std::ptrdiff_t>(myItems.size()) - 1; index >= 0; --index) {
-    const auto row = myItems.begin() + index;
-    if (FileWithin(*row, file).IsNil()) continue;
-    gone_.push_back({index, std::move(*row)});
-    myItems.erase(row);
+void browserItemCollection::Forget(const std::set<std::string>& places) {
+  std::vector<BrowserPayload> left;
+  std::vector<Gone> gone;
+  for (std::size_t i = 0; i < myItems.size(); ++i) {
+    if (Among(myItems[i], places)) {
+      gone.push_back({i, std::move(myItems[i])});
+    } else {
+      left.push_back(std::move(myItems[i]));
+    }
   }
+  myItems = std::move(left);
+  // The first comes back first, so that the others find their places.
+  gone_.insert(gone_.end(), std::make_move_iterator(gone.rbegin()),
+               std::make_move_iterator(gone.rend()));
 }
 
-void browserItemCollection::Restore(const FolderItem& file) {
-  for (auto gone = static_cast<std::ptrdiff_t>(gone_.size()) - 1; gone >= 0; --gone) {
-    const auto entry = gone_.begin() + gone;
-    if (FileWithin(entry->row, file).IsNil()) continue;
-    const auto index = std::min(entry->index, static_cast<std::ptrdiff_t>(myItems.size()));
-    myItems.insert(myItems.begin() + index, std::move(entry->row));
-    gone_.erase(entry);
+void browserItemCollection::Restore(const std::set<std::string>& places) {
+  std::vector<Gone> left;
+  std::vector<Gone> returning;
+  for (Gone& gone : gone_) (Among(gone.row, places) ? returning : left).push_back(std::move(gone));
+  gone_ = std::move(left);
+  std::reverse(returning.begin(), returning.end());
+  for (auto next = returning.begin(); next != returning.end();) {
+    // Those that went together come together, in one go through the rows.
+    std::vector<BrowserPayload> rows;
+    rows.reserve(myItems.size() + returning.size());
+    auto old = myItems.begin();
+    std::size_t last = 0;
+    do {
+      last = next->index;
+      while (rows.size() < last && old != myItems.end()) rows.push_back(std::move(*old++));
+      rows.push_back(std::move((next++)->row));
+    } while (next != returning.end() && next->index > last);
+    rows.insert(rows.end(), std::make_move_iterator(old), std::make_move_iterator(myItems.end()));
+    myItems = std::move(rows);
   }
 }
 

@@ -6,7 +6,9 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -85,6 +87,10 @@ class browserItem {
   void CreateIcon(IconSource& icons);
 };
 
+/// Files or folders that have another place, in their order: each its place before and after. Nil
+/// before it was brought back, or after it went to the trash.
+using FileMoves = std::vector<std::pair<FolderItem, FolderItem>>;
+
 /// A folder that exists only here: search results, or the computer's volumes.
 class browserItemCollection {
  public:
@@ -108,17 +114,18 @@ class browserItemCollection {
     myItems.clear();
     gone_.clear();
   }
-  /// A file or folder has another place: its row, and those of what lies in it, follow. With
-  /// `after` nil they go; with `before` nil those that went come back where they were.
-  void Follow(const FolderItem& before, const FolderItem& after);
+  /// Rows of what has another place, and of what lies in it, follow; those of what went come back
+  /// where they were when it does.
+  void Follow(const FileMoves& moves);
 
  private:
   struct Gone {
-    std::ptrdiff_t index;
+    std::size_t index;
     BrowserPayload row;
   };
-  void Forget(const FolderItem& file);
-  void Restore(const FolderItem& file);
+  void Move(const FolderItem& before, const FolderItem& after);
+  void Forget(const std::set<std::string>& places);
+  void Restore(const std::set<std::string>& places);
 
   std::vector<BrowserPayload> myItems;
   std::vector<Gone> gone_;

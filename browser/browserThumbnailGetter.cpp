@@ -47,16 +47,13 @@ QImage Reduced(QImage image, int side) {
 /// Counts a thread out.
 class Leave {
  public:
-  explicit Leave(std::atomic<int>& threads) : threads_(threads) {}
-  ~Leave() {
-    --threads_;
-    threads_.notify_all();
-  }
+  explicit Leave(DiskThreads::Count& threads) : threads_(threads) {}
+  ~Leave() { threads_.Leave(); }
   Leave(const Leave&) = delete;
   Leave& operator=(const Leave&) = delete;
 
  private:
-  std::atomic<int>& threads_;
+  DiskThreads::Count& threads_;
 };
 
 }  // namespace
@@ -185,12 +182,12 @@ struct browserThumbnailGetter::Kept {
 browserThumbnailGetter::browserThumbnailGetter(std::shared_ptr<const ThumbnailMaker> maker)
     : maker_(std::move(maker)),
       order_(std::make_unique<Kept>()),
-      threads_(std::make_shared<std::atomic<int>>(0)) {}
+      threads_(std::make_shared<DiskThreads::Count>()) {}
 
 browserThumbnailGetter::~browserThumbnailGetter() {
   Kill();
   // The libraries they work with may be shut down next.
-  for (int running = *threads_; running > 0; running = *threads_) threads_->wait(running);
+  threads_->Await();
 }
 
 void browserThumbnailGetter::Run() {
@@ -256,7 +253,7 @@ void browserThumbnailGetter::Start() {
   const int cores = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
   while (work_->threads < cores) {
     ++work_->threads;
-    ++*threads_;
+    threads_->Enter();
     std::thread([this, work = work_, maker = maker_, threads = threads_] {
       const Leave leave(*threads);
       // The window comes first: these threads yield to it.

@@ -8,6 +8,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "browser/DiskThreads.h"
 #include "browser/ThumbnailCache.h"
 #include "browser/browserItem.h"
 
@@ -96,7 +97,7 @@ class browserThumbnailGetter final : public QObject {
   struct Kept;
   std::unique_ptr<Kept> order_;
   /// Those that still run, of this run and of earlier ones.
-  std::shared_ptr<std::atomic<int>> threads_;
+  std::shared_ptr<DiskThreads::Count> threads_;
 };
 
 }  // namespace brivolant

@@ -12,6 +12,7 @@
 #include <QThreadPool>
 
 #include "Helpers.h"
+#include "browser/DiskThreads.h"
 #include "browser/FilePreview.h"
 #include "browser/FolderLister.h"
 #include "browser/browserThumbnailGetter.h"
@@ -361,7 +362,7 @@ TEST(FolderListing, TellsWhatThePlaceIsAndWaitsForNoneThatIsSilent) {
   }
   // As long as all threads wait for dead disks.
   QSemaphore go;
-  QThreadPool& threads = FolderLister::Threads();
+  QThreadPool& threads = DiskThreads::For(FolderItem("/"));
   for (int i = 0; i < threads.maxThreadCount(); ++i) threads.start([&go] { go.acquire(); });
   EXPECT_FALSE(FolderLister::Look(folder.Child("there"), 1).has_value());
   go.release(threads.maxThreadCount());

@@ -329,13 +329,13 @@ TEST(Collections, RowsFollowTheirFiles) {
     return all;
   };
   const std::vector<std::string> before = paths();
-  found.Follow(FolderItem("/b"), {});
+  found.Follow({{FolderItem("/b"), {}}});
   EXPECT_THAT(paths(), ElementsAre("/a/1.jpg", "/bb/3.jpg", "/c.jpg"));
-  found.Follow(FolderItem("/a/1.jpg"), {});
-  found.Follow({}, FolderItem("/a/1.jpg"));
-  found.Follow({}, FolderItem("/b"));
+  found.Follow({{FolderItem("/a/1.jpg"), {}}});
+  found.Follow({{{}, FolderItem("/a/1.jpg")}});
+  found.Follow({{{}, FolderItem("/b")}});
   EXPECT_EQ(paths(), before);
-  found.Follow(FolderItem("/b"), FolderItem("/new"));
+  found.Follow({{FolderItem("/b"), FolderItem("/new")}});
   EXPECT_THAT(paths(), ElementsAre("/a/1.jpg", "/new", "/new/2.jpg", "/bb/3.jpg", "/c.jpg"));
   EXPECT_EQ(std::get<std::shared_ptr<browserItem>>(found.Item(1))->Name, "new");
 }

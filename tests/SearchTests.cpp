@@ -4,11 +4,13 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QEventLoop>
+#include <QScopeGuard>
 #include <QSemaphore>
 #include <QThreadPool>
 #include <cstdint>
 
 #include "Helpers.h"
+#include "browser/DiskThreads.h"
 #include "browser/FolderLister.h"
 #include "browser/SearchIndex.h"
 #include "browser/SearchText.h"
@@ -106,7 +108,9 @@ TEST(SpotlightQuery, StopsPausesAndFinishesWithWhatThereIs) {
   query.Run();
   query.Finish();
   ASSERT_TRUE(Wait([&] { return done; }));
-  EXPECT_LE(query.Count(), 1);
+  // What was found until then is there, and it is over.
+  EXPECT_FALSE(query.Running());
+  EXPECT_TRUE(query.IsCompleted());
 }
 
 TEST(SpotlightQuery, WaitsNeitherForBusyListingsNorForItsOwnEnd) {
@@ -114,7 +118,7 @@ TEST(SpotlightQuery, WaitsNeitherForBusyListingsNorForItsOwnEnd) {
   folder.Write("a-photo.jpg", "x");
   // Every thread that lists folders is stuck at a dead disk.
   QSemaphore go;
-  QThreadPool& threads = FolderLister::Threads();
+  QThreadPool& threads = DiskThreads::For(FolderItem("/"));
   for (int i = 0; i < threads.maxThreadCount(); ++i) threads.start([&go] { go.acquire(); });
   bool done = false;
   {
@@ -128,6 +132,89 @@ TEST(SpotlightQuery, WaitsNeitherForBusyListingsNorForItsOwnEnd) {
   }
   go.release(threads.maxThreadCount());
   threads.waitForDone();
+}
+
+/// Mounts as the kernel lists them: a disk, and a share at each of some places.
+MountTable Shares(const std::vector<FolderItem>& roots, const std::string& kind = "nfs4") {
+  std::string text = "/dev/sda1 / ext4 rw 0 0\n";
+  for (const FolderItem& root : roots) {
+    text += "server:/share " + root.ShellPath() + " " + kind + " rw 0 0\n";
+  }
+  return MountTable::FromText(text);
+}
+
+TEST(SpotlightQuery, AShareThatIsSilentHoldsNothingUpAndAddsWhatItHasWhenItAnswers) {
+  const TemporaryFolder folder;
+  for (const char* name : {"share", "share/deep", "other"}) {
+    ASSERT_FALSE(folder.Child(name).CreateAsFolder());
+  }
+  for (const char* name :
+       {"b-photo.jpg", "share/a-photo.jpg", "share/deep/c-photo.jpg", "other/d-photo.jpg"}) {
+    folder.Write(name, "x");
+  }
+  QSemaphore answer;
+  {
+    SpotlightQuery query;
+    query.Roots = {folder.Item(), folder.Child("share"), folder.Child("other")};
+    query.Mounts = Shares({folder.Child("share"), folder.Child("other")});
+    query.Patience = std::chrono::milliseconds(0);
+    query.Query = "photo";
+    query.Entering = [&, share = folder.Child("share").ShellPath()](const std::string& entered) {
+      if (entered == share) answer.acquire();
+    };
+    std::vector<std::vector<std::string>> reports;
+    query.Completed = [&] { reports.push_back(NamesFound(query)); };
+    query.Run();
+    ASSERT_TRUE(Wait([&] { return !reports.empty() && reports.back().size() == 2; }));
+    EXPECT_THAT(reports.back(), ElementsAre("b-photo.jpg", "d-photo.jpg"));
+    EXPECT_TRUE(query.IsCompleted());
+    EXPECT_TRUE(query.Running());
+    answer.release();
+    ASSERT_TRUE(Wait([&] { return !query.Running(); }));
+    EXPECT_THAT(reports.back(),
+                ElementsAre("a-photo.jpg", "b-photo.jpg", "c-photo.jpg", "d-photo.jpg"));
+    // Whoever has gone on to another search hears nothing of this one any more.
+    query.Run();
+    ASSERT_TRUE(Wait([&] { return query.IsCompleted(); }));
+    query.Query = "a-photo";
+    query.Run();
+    reports.clear();
+    answer.release(2);
+    ASSERT_TRUE(Wait([&] { return !query.Running(); }));
+    EXPECT_THAT(reports.back(), ElementsAre("a-photo.jpg"));
+    for (const auto& names : reports) EXPECT_LE(names.size(), 1U);
+  }
+}
+
+TEST(SpotlightQuery, FindsWhatLiesOnTheDesktopsShares) {
+  const TemporaryFolder folder;
+  for (const char* name :
+       {"home", "run", "run/gvfs", "run/gvfs/smb-share:server=nas,share=photos"}) {
+    ASSERT_FALSE(folder.Child(name).CreateAsFolder());
+  }
+  folder.Write("run/gvfs/smb-share:server=nas,share=photos/beach-at-night.jpg", "x");
+  const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
+  const auto restore = qScopeGuard(
+      [&] { before.isNull() ? qunsetenv("XDG_RUNTIME_DIR") : qputenv("XDG_RUNTIME_DIR", before); });
+  qputenv("XDG_RUNTIME_DIR", folder.Child("run").ShellPath().c_str());
+  SpotlightQuery query;
+  // No disk of this machine, so that nothing else is found.
+  query.Mounts = Shares({folder.Child("run/gvfs")}, "fuse.gvfsd-fuse");
+  query.Query = "beach-at-night";
+  query.Run();
+  ASSERT_TRUE(Wait([&] { return query.Count() == 1; }));
+  EXPECT_EQ(query.Item(0).Row()->Name, "beach-at-night.jpg");
+}
+
+TEST(DiskThreads, WhatMayBeSilentHoldsNoMoreThanAFew) {
+  const MountTable table = Shares({FolderItem("/share"), FolderItem("/other")});
+  QThreadPool& share = DiskThreads::For(FolderItem("/share/deep"), table);
+  QThreadPool& disks = DiskThreads::For(FolderItem("/home"), table);
+  EXPECT_EQ(&share, &DiskThreads::For(FolderItem("/share"), table));
+  EXPECT_NE(&share, &DiskThreads::For(FolderItem("/other"), table));
+  EXPECT_NE(&share, &disks);
+  EXPECT_EQ(&disks, &DiskThreads::For(FolderItem("/tmp"), table));
+  EXPECT_LT(share.maxThreadCount(), disks.maxThreadCount());
 }
 
 std::string IndexRow(const std::vector<std::string>& values) {

@@ -37,9 +37,11 @@ FolderItem Standard(QStandardPaths::StandardLocation location) {
   return FolderItem(QFile::encodeName(QStandardPaths::writableLocation(location)).toStdString());
 }
 
+/// Milliseconds that a place may take to say what it is.
+constexpr int kPatience = 40;
+
 /// A folder that answers: one of a share that is dead keeps nobody waiting.
 bool IsThere(const FolderItem& folder) {
-  constexpr int kPatience = 40;
   const auto found = FolderLister::Look(folder, kPatience);
   return found && !found->Gone;
 }
@@ -134,8 +136,8 @@ void BrowserController::Wire() {
     commands_.Changed();
   };
   browser.FolderGone = [this] {
-    FolderItem left = imageBrowser->CurrentFolder();
-    while (left && !IsThere(left)) left = left.Parent();
+    const FolderItem gone = imageBrowser->CurrentFolder();
+    const FolderItem left = FolderLister::Standing(gone, kPatience).value_or(gone.Parent());
     // Whoever edits a photo goes on doing so.
     Leaving(left);
     imageBrowser->DisplayItem(left);
@@ -203,6 +205,14 @@ void BrowserController::DisplayContainer(const BrowserContainer& container) {
   Leaving(container);
   if (panes_.Pane() != kBrowserPane && BringIntoView) BringIntoView();
   imageBrowser->DisplayItem(container);
+}
+
+void BrowserController::DisplayPlace(const FolderItem& place) {
+  const auto found = FolderLister::Look(place, kPatience);
+  if (found && found->Gone) return;
+  Leaving(place);
+  if (panes_.Pane() != kBrowserPane && BringIntoView) BringIntoView();
+  imageBrowser->DisplayItem(place, found);
 }
 
 void BrowserController::DisplayInPlace(const BrowserContainer& container) {

@@ -49,6 +49,8 @@ class BrowserController {
   void OpenBrowser();
   /// Shows a folder or another container, and brings the pane into view.
   void DisplayContainer(const BrowserContainer& container);
+  /// The same of a folder of the user's list, which may be gone: then nothing changes.
+  void DisplayPlace(const FolderItem& place);
   /// The same for what stands for the container on show: the path bar's history does not grow.
   void DisplayInPlace(const BrowserContainer& container);
   void DisplayPath(const BrowserContainer& container, bool skipHistory);

@@ -83,7 +83,10 @@ void FileController::Trash(const std::vector<FolderItem>& files) {
         }
       },
       [this, step, failed] {
-        for (const auto& trashed : step->trashed) Moved(trashed.Original, FolderItem());
+        FileMoves moves;
+        for (const auto& trashed : step->trashed)
+          moves.emplace_back(trashed.Original, FolderItem());
+        Moved(moves);
         browser_.imageBrowser->ReloadCurrentView();
         if (*failed) Tell(kNotTrashed, *failed);
       });
@@ -160,7 +163,9 @@ void FileController::TakeBack(const StepPointer& step) {
        },
        [this, step, back, failed, select = SelectIfUntouched()](Jobs::End, const std::string&) {
          if (!step->trashed.empty()) Keep(step);
-         for (const FolderItem& file : *back) Moved(FolderItem(), file);
+         FileMoves moves;
+         for (const FolderItem& file : *back) moves.emplace_back(FolderItem(), file);
+         Moved(moves);
          browser_.imageBrowser->ReloadCurrentView();
          select(*back);
          if (*failed) Tell(kNotPutBack, *failed);
@@ -178,7 +183,7 @@ void FileController::MoveFile(const FolderItem& from, const FolderItem& to,
                  if (*moved) {
                    // The open document goes on where it now is.
                    session_.Relocate(from, to);
-                   Moved(from, to);
+                   Moved({{from, to}});
                  }
                  then(*moved);
                }});

@@ -8,6 +8,7 @@
 
 #include "app/core/Desk.h"
 #include "app/core/Jobs.h"
+#include "browser/browserItem.h"
 #include "files/FileCopier.h"
 #include "files/FolderitemExtensions.h"
 #include "platform/values/Event.h"
@@ -81,9 +82,8 @@ class FileController {
 
   /// Something was added to the folder of favourites.
   Event<const FolderItem& /*folder*/> FavoriteAdded;
-  /// A file or folder has another place now: nil before it was brought back, or after it went to
-  /// the trash.
-  Event<const FolderItem& /*before*/, const FolderItem& /*after*/> Moved;
+  /// Files or folders have other places now.
+  Event<const FileMoves&> Moved;
 
  private:
   /// What undo takes back: files that went to the trash, a rename, or copies. Known from the start

@@ -30,9 +30,7 @@ void FileController::CopyFiles() {
 }
 
 std::vector<FolderItem> FileController::FilesOnClipboard() const {
-  std::vector<FolderItem> files = FileAddress::Files(desk_.Clipboard.Data(kUriList));
-  std::erase_if(files, [](const FolderItem& file) { return !EntryExists(file); });
-  return files;
+  return FileAddress::Files(desk_.Clipboard.Data(kUriList));
 }
 
 void FileController::PasteFiles() {
@@ -100,7 +98,9 @@ void FileController::TakeBackCopies(const StepPointer& step) {
   jobs_.Start(
       {kTakingBack.Text(), false, work, [this, step, outcome](Jobs::End, const std::string&) {
          if (!step->copies.empty()) Keep(step);
-         for (const FolderItem& file : outcome->gone) Moved(file, FolderItem());
+         FileMoves moves;
+         for (const FolderItem& file : outcome->gone) moves.emplace_back(file, FolderItem());
+         Moved(moves);
          browser_.imageBrowser->ReloadCurrentView();
          if (outcome->changed) Tell(kCopyChanged, outcome->changed);
          if (outcome->failed) Tell(kNotTrashed, outcome->failed);

@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QStandardPaths>
+#include <mutex>
 
 #include "platform/services/SystemServices.h"
 #include "sources/ThreadediPhotoReader.h"
@@ -18,29 +19,48 @@ FolderItem Pictures() {
 
 }  // namespace
 
-LibraryController::LibraryController(const Desk& desk) : desk_(desk) {}
+/// One read, which has its reader until it ends, whatever becomes of the controller.
+struct LibraryController::Read final : private Log {
+  Read() : reader(*this, random) {}
+  void Write(std::string_view line) override { lines.emplace_back(line); }
+
+  SystemRandom random;
+  std::vector<std::string> lines;
+  ThreadediPhotoReader reader;
+  /// Under it the controller is there, as long as the read has not ended.
+  std::mutex mutex;
+  bool ended = false;
+};
+
+LibraryController::LibraryController(const Desk& desk) : desk_(desk), pool_(2) {}
 
 LibraryController::~LibraryController() {
-  if (reader_) reader_->Stop();
-  pool_.waitForDone();
+  End();
+}
+
+void LibraryController::End() {
+  if (!read_) return;
+  read_->reader.Stop();
+  const std::lock_guard lock(read_->mutex);
+  read_->ended = true;
 }
 
 void LibraryController::ReadPhotoLibrary() {
-  if (reader_) reader_->Stop();
-  pool_.waitForDone();
-  const int read = ++reads_;
-  const std::string chosen = desk_.Preferences.Value(kLibraryKey, "").ToText();
-  const FolderItem file = chosen.empty() ? DefaultPhotoLibrary(Pictures()) : FolderItem(chosen);
+  End();
   if (!iPhotolibrary.empty()) Take({});
-  if (file.IsNil()) return;
-  random_ = std::make_unique<SystemRandom>();
-  reader_ = std::make_unique<ThreadediPhotoReader>(desk_.Services.Log, *random_);
-  pool_.start([this, file, read] {
-    if (!reader_->ReadXML(file)) return;
+  read_ = std::make_shared<Read>();
+  const std::string chosen = desk_.Preferences.Value(kLibraryKey, "").ToText();
+  pool_.Start([this, read = read_, chosen] {
+    const FolderItem file = chosen.empty() ? DefaultPhotoLibrary(Pictures()) : FolderItem(chosen);
+    const bool found = file && read->reader.ReadXML(file);
+    const std::lock_guard lock(read->mutex);
+    if (read->ended) return;
     QMetaObject::invokeMethod(
         this,
-        [this, read, albums = reader_->Library] {
-          if (read == reads_) Take(albums);
+        [this, read, found] {
+          if (read != read_) return;
+          for (const std::string& line : read->lines) desk_.Services.Log.Write(line);
+          if (found) Take(read->reader.Library);
         },
         Qt::QueuedConnection);
   });

@@ -2,16 +2,15 @@
 #pragma once
 
 #include <QObject>
-#include <QThreadPool>
 #include <memory>
 #include <vector>
 
 #include "app/core/Desk.h"
+#include "browser/DiskThreads.h"
 #include "platform/values/Event.h"
 
 namespace brivolant {
 
-class ThreadediPhotoReader;
 class iPhotoAlbum;
 
 /// Reads the photo library of the preferences, else the one in the pictures folder.
@@ -35,11 +34,11 @@ class LibraryController final : public QObject {
   void Take(const std::vector<std::shared_ptr<iPhotoAlbum>>& albums);
 
   Desk desk_;
-  std::unique_ptr<Random> random_;
-  std::unique_ptr<ThreadediPhotoReader> reader_;
-  QThreadPool pool_;
-  /// Counts the reads: what an earlier one found late is not taken.
-  int reads_ = 0;
+  struct Read;
+  void End();
+  /// The present read; null before the first.
+  std::shared_ptr<Read> read_;
+  DiskThreads::Pool pool_;
 };
 
 }  // namespace brivolant

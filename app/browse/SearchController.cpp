@@ -150,15 +150,15 @@ void SearchController::Completed() {
     const SpotlightItem& hit = mySpotlightSearch.Item(i);
     if (hit.File()) currentSearchItem->AddItem(hit.Row());
   }
-  for (const auto& [before, after] : moved_) currentSearchItem->Follow(before, after);
+  currentSearchItem->Follow(moved_);
   // Whoever has gone elsewhere meanwhile stays there.
   if (browser_.imageBrowser->currentView() != BrowserContainer(currentSearchItem)) return;
   browser_.DisplayInPlace(currentSearchItem);
 }
 
-void SearchController::Follow(const FolderItem& before, const FolderItem& after) {
-  if (mySpotlightSearch.Running()) moved_.emplace_back(before, after);
-  if (currentSearchItem) currentSearchItem->Follow(before, after);
+void SearchController::Follow(const FileMoves& moves) {
+  if (mySpotlightSearch.Running()) moved_.insert(moved_.end(), moves.begin(), moves.end());
+  if (currentSearchItem) currentSearchItem->Follow(moves);
 }
 
 void SearchController::End() {

@@ -34,9 +34,8 @@ class SearchController {
   SearchController& operator=(const SearchController&) = delete;
 
   void StorePreferences();
-  /// A file has another place, went (`after` is nil) or came back (`before` is nil): what was found
-  /// follows.
-  void Follow(const FolderItem& before, const FolderItem& after);
+  /// What was found follows files that have other places.
+  void Follow(const FileMoves& moves);
 
   SpotlightQuery mySpotlightSearch;
   /// What a search of the computer found; null when none is on show.
@@ -55,7 +54,7 @@ class SearchController {
   Desk desk_;
   BrowserController& browser_;
   /// What happened since the search began, which may have been in its folder before.
-  std::vector<std::pair<FolderItem, FolderItem>> moved_;
+  FileMoves moved_;
   QWidget* line_ = nullptr;
   QLabel* place_ = nullptr;
   Listening listening_;

@@ -7,7 +7,6 @@
 
 #include "app/commands/Commands.h"
 #include "app/commands/Menus.h"
-#include "browser/FolderLister.h"
 #include "browser/ui/Sidebar.h"
 #include "formats/FileTypes.h"
 #include "kit/InterfaceKitSupport.h"
@@ -17,8 +16,6 @@
 namespace brivolant {
 namespace {
 
-/// Milliseconds that a place may take to say that it is there.
-constexpr int kPatience = 40;
 /// Milliseconds between two looks at the mounted disks.
 constexpr int kDevices = 1000;
 constexpr const char* kFolds[] = {"MainWindow.sidebar.iPhoto", "MainWindow.sidebar.devices",
@@ -86,11 +83,8 @@ void SidebarController::Wire() {
       return eject ? Eject(chosen) : browser_.DisplayContainer(FolderItem(chosen));
     }
     if (const auto* folder = std::get_if<FolderItem>(&item.Tag)) {
-      const FolderItem place = *folder;
-      // One that is gone stays in the list and opens nothing.
-      const auto found = FolderLister::Look(place, kPatience);
-      if (!found || !found->Gone) browser_.DisplayContainer(place);
-      return;
+      // Its row may go by what comes of it.
+      return browser_.DisplayPlace(FolderItem(*folder));
     }
     browser_.DisplayContainer(BrowserController::ContainerOf(item.Tag));
   };
@@ -105,15 +99,17 @@ void SidebarController::Wire() {
 void SidebarController::Eject(const VolumeItem& volume) {
   // It waits for the disk, which may have much to write.
   const auto error = std::make_shared<std::string>();
-  ejecting_.Start({{},
-                   false,
-                   [&desktop = desk_.Desktop, root = FolderItem(volume), error](Jobs::Control&) {
-                     *error = desktop.Eject(root);
-                   },
-                   [this, volume, error](Jobs::End, const std::string&) {
-                     (void)volume.Ejected(*error, desk_.Services.Dialogs, desk_.Services.Log);
-                     LookAtDevices();
-                   }});
+  ejecting_.Start(
+      {{},
+       false,
+       [&desktop = desk_.Desktop, root = FolderItem(volume), error](Jobs::Control& control) {
+         // The window that closes meanwhile does not wait for the disk.
+         (void)control.Apart([&desktop, root, error] { *error = desktop.Eject(root); });
+       },
+       [this, volume, error](Jobs::End, const std::string&) {
+         (void)volume.Ejected(*error, desk_.Services.Dialogs, desk_.Services.Log);
+         LookAtDevices();
+       }});
 }
 
 void SidebarController::WireMenu() {
@@ -137,27 +133,27 @@ void SidebarController::WireMenu() {
 }
 
 void SidebarController::WireDrop() {
-  bar_.TakesFiles = [this](const std::shared_ptr<SideBarItem>& item, SideBarCollection& section) {
-    const BrowserContainer target =
+  // A disk takes files as the folder that is its root.
+  const auto target = [](const std::shared_ptr<SideBarItem>& item) {
+    const BrowserContainer held =
         item ? BrowserController::ContainerOf(item->Tag) : BrowserContainer();
-    return std::holds_alternative<FolderItem>(target) ||
-           &section == bar_.item[kPlacesSection].get();
+    const auto* folder = std::get_if<FolderItem>(&held);
+    return folder == nullptr ? FolderItem() : *folder;
   };
-  bar_.FilesDropped = [this](const std::vector<FolderItem>& files,
-                             const std::shared_ptr<SideBarItem>& item, SideBarCollection& section) {
-    // A disk takes files as the folder that is its root.
-    const BrowserContainer target =
-        item ? BrowserController::ContainerOf(item->Tag) : BrowserContainer();
-    const auto* folder = std::get_if<FolderItem>(&target);
-    if (folder != nullptr) {
-      Dropped(files, *folder);
-    } else if (&section == bar_.item[kPlacesSection].get()) {
-      for (const FolderItem& file : files) {
-        if (file.Directory()) section.Add(file.DisplayName(), {}, file);
-      }
-      bar_.updateList();
-      SavePlaces();
+  bar_.TakesFiles = [this, target](const std::shared_ptr<SideBarItem>& item,
+                                   SideBarCollection& section) {
+    return target(item) || &section == bar_.item[kPlacesSection].get();
+  };
+  bar_.FilesDropped = [this, target](const std::vector<FolderItem>& files,
+                                     const std::shared_ptr<SideBarItem>& item,
+                                     SideBarCollection& section) {
+    if (const FolderItem folder = target(item)) return Dropped(files, folder);
+    if (&section != bar_.item[kPlacesSection].get()) return;
+    for (const FolderItem& file : files) {
+      if (file.Directory()) section.Add(file.DisplayName(), {}, file);
     }
+    bar_.updateList();
+    SavePlaces();
   };
 }
 

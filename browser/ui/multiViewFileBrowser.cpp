@@ -3,10 +3,10 @@
 
 #include <QElapsedTimer>
 #include <QFile>
-#include <QFileSystemWatcher>
 #include <QScrollBar>
 #include <algorithm>
 
+#include "browser/FolderWatch.h"
 #include "browser/SearchText.h"
 #include "browser/ui/BrowserViews.h"
 #include "browser/ui/ColumnPreview.h"
@@ -174,14 +174,12 @@ void multiViewFileBrowser::Update() {
 }
 
 void multiViewFileBrowser::Watch(const FolderItem& folder) {
-  watcher_ = std::make_unique<QFileSystemWatcher>();
-  watched_ = !folder.IsNil();
-  if (folder.IsNil()) return;
-  watcher_->addPath(QFile::decodeName(folder.Path().c_str()));
-  connect(watcher_.get(), &QFileSystemWatcher::directoryChanged, this, [this] { reload_.start(); });
+  watcher_.reset();
+  if (folder) watcher_ = std::make_unique<FolderWatch>(folder, [this] { reload_.start(); });
 }
 
-void multiViewFileBrowser::DisplayItem(const Container& value) {
+void multiViewFileBrowser::DisplayItem(const Container& value,
+                                       const std::optional<FolderLister::Place>& known) {
   EndRename(false);
   getter_.Kill();
   getter_.item.clear();
@@ -195,7 +193,7 @@ void multiViewFileBrowser::DisplayItem(const Container& value) {
   if (const auto* folder = std::get_if<FolderItem>(&container)) {
     // A link is shown as what it leads to; one that leads nowhere shows nothing. A place that does
     // not answer is shown as it is called, and waited for elsewhere.
-    place = FolderLister::Look(*folder, kPatience);
+    place = known ? known : FolderLister::Look(*folder, kPatience);
     if (place && place->Gone && place->Real.Alias()) return;
     if (place) container = place->Real;
   }
@@ -303,7 +301,7 @@ void multiViewFileBrowser::TakeListed(std::vector<BrowserRows::Row> rows, bool d
   Update();
   if (!done) return;
   before_.clear();
-  if (!watched_) {
+  if (!watcher_) {
     // It has answered at last. What changed meanwhile is seen by a second look.
     currentView_ = lister_.Found()->Real;
     Watch(CurrentFolder());

@@ -25,7 +25,6 @@ class QLineEdit;
 class QMenu;
 class QMimeData;
 class QScrollBar;
-class QFileSystemWatcher;
 
 namespace brivolant {
 
@@ -33,6 +32,7 @@ class BrowserIconView;
 class BrowserListView;
 class ColumnPreview;
 class FilePreviewer;
+class FolderWatch;
 class ifkSplitter;
 
 /// Shows one container (a folder, a library album, search results) as icons, as a list, or as icons
@@ -83,7 +83,8 @@ class multiViewFileBrowser final : public QWidget {
   const Container& currentView() const { return currentView_; }
   /// The folder on show, or nil.
   FolderItem CurrentFolder() const;
-  void DisplayItem(const Container& value);
+  void DisplayItem(const Container& value,
+                   const std::optional<FolderLister::Place>& known = std::nullopt);
   /// Lists again; what is still there keeps its selection and its thumbnail.
   void ReloadCurrentView();
   /// True until the listing is complete.
@@ -231,8 +232,8 @@ class multiViewFileBrowser final : public QWidget {
   QLineEdit* rename_ = nullptr;
   int choices_ = 0;
   std::shared_ptr<browserItem> renamed_;
-  std::unique_ptr<QFileSystemWatcher> watcher_;
-  bool watched_ = false;
+  /// Null as long as the folder has not answered.
+  std::unique_ptr<FolderWatch> watcher_;
   QTimer reload_;
   QTimer repaint_;
   /// Rows that were there before a reload, by their paths.

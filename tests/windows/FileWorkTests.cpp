@@ -333,11 +333,13 @@ TEST(IconSizes, EachViewKeepsItsOwn) {
   program.Choose("ViewAsIcons");
   EXPECT_EQ(program.Browser().IconSize(), 200);
   // A larger size gets pictures of its own.
+  set(64);
   program.Photo("Pictures/large.jpg", 1600, 1200);
   ASSERT_TRUE(program.Shows({"a.jpg", "large.jpg"}));
-  set(64);
-  set(256);
   const auto width = [&] { return program.Browser().Thumbnail(program.Browser().item(1)).width(); };
+  ASSERT_TRUE(Until([&] { return width() > 0; }));
+  EXPECT_LT(width(), 256);
+  set(256);
   EXPECT_TRUE(Until([&] { return width() >= 256; }));
 }
 

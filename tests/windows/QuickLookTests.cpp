@@ -10,6 +10,7 @@
 #include "BrowsingHelpers.h"
 #include "app/browse/QuickLookWindow.h"
 #include "app/commands/ToolButtons.h"
+#include "browser/DiskThreads.h"
 #include "browser/FolderLister.h"
 #include "browser/ui/ColumnPreview.h"
 #include "effects/styles/OneClickWonder.h"
@@ -100,7 +101,7 @@ class BusyThreads {
   BusyThreads& operator=(const BusyThreads&) = delete;
 
  private:
-  QThreadPool& threads_ = FolderLister::Threads();
+  QThreadPool& threads_ = DiskThreads::For(FolderItem("/"));
   QSemaphore go_;
 };
 
