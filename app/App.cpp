@@ -18,6 +18,7 @@
 #include "browser/SideBarItem.h"
 #include "engine/ui/EffectStackEditor.h"
 #include "files/FolderitemExtensions.h"
+#include "formats/BrivolantDocument.h"
 #include "formats/FileTypes.h"
 #include "kit/AccessibleItems.h"
 #include "kit/AnimationCore.h"
@@ -41,10 +42,6 @@ bool NamesPhoto(const FolderItem& file) {
       InternalFileTypes::kAll.begin(), InternalFileTypes::kAll.end(),
       [&](const FileType* type) { return FolderitemExtensions::isFileType(file, type); });
   return document || !own;
-}
-
-bool IsDocument(const FolderItem& file) {
-  return FolderitemExtensions::isFileType(file, &InternalFileTypes::BrivolantPhotosDocument);
 }
 
 }  // namespace
@@ -188,7 +185,8 @@ void App::OpenDocuments(const std::vector<FolderItem>& files) {
     std::vector<FolderItem> opened;
     for (std::size_t i = 0; i < files.size(); ++i) {
       const FolderItem& file = files[i];
-      const bool photo = NamesPhoto(file) && (IsDocument(file) || !looked[i].Folder);
+      const bool photo =
+          NamesPhoto(file) && (BrivolantDocument::IsDocument(file) || !looked[i].Folder);
       if (photo) photos.push_back(file);
       if (!photo || photos.size() == 1) opened.push_back(file);
     }
@@ -241,7 +239,7 @@ void App::Take(const FolderItem& item) {
     return;
   }
   if (!window_) return;
-  if (IsDocument(item)) return Replace(item);
+  if (BrivolantDocument::IsDocument(item)) return Replace(item);
   Look({item}, [this, item](const std::vector<Looked>& looked) {
     if (looked.front().Folder) return window_->DisplayContainer(item);
     Replace(item);

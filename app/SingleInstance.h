@@ -10,6 +10,7 @@
 
 #include "platform/files/FileLock.h"
 #include "platform/files/FolderItem.h"
+#include "platform/values/Text.h"
 
 class QLocalServer;
 
@@ -20,6 +21,10 @@ namespace brivolant {
 /// socket.
 class SingleInstance {
  public:
+  static constexpr LocalizedText kDoesNotAnswer{
+      "SingleInstance.kDoesNotAnswer",
+      "Brivolant Photos is running already and does not answer (process <process>)."};
+
   enum class Role {
     /// This is the running program; it hears of the others through Serve.
     kOwner,

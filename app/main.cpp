@@ -20,6 +20,7 @@
 #include "app/core/Translations.h"
 #include "browser/DiskThreads.h"
 #include "engine/ui/EditorDisplay.h"
+#include "kit/DesktopServices.h"
 #include "platform/codecs/ImageCodecs.h"
 #include "platform/services/SharedFolders.h"
 #include "platform/values/Numbers.h"
@@ -186,17 +187,20 @@ int Run(int argc, char** argv) {
   KeepLibraryLettersPlain();
   QGuiApplication::setApplicationDisplayName(
       QString::fromStdString(GlobalApplicationSpecificProperties::ApplicationName.Text()));
+  (void)LoadTranslations(otherSharedComponents::ResourcesFolder().Child("translations"),
+                         UserLanguage());
   SingleInstance instance;
   const auto role =
       arguments.measure ? SingleInstance::Role::kAlone : instance.Begin(arguments.files);
   if (role == SingleInstance::Role::kHandedOver) return 0;
   if (role == SingleInstance::Role::kUnanswered) {
-    std::fprintf(stderr, "The program is running already and does not answer (process %lld).\n",
-                 static_cast<long long>(instance.Holder()));
+    const std::string why = WithPlaceholders(SingleInstance::kDoesNotAnswer.Text(),
+                                             {{"<process>", std::to_string(instance.Holder())}});
+    std::fprintf(stderr, "%s\n", why.c_str());
+    // Whoever started it from a desktop sees no terminal.
+    WidgetDialogs().Message(why, {});
     return 1;
   }
-  (void)LoadTranslations(otherSharedComponents::ResourcesFolder().Child("translations"),
-                         UserLanguage());
   App app(application);
   if (!app.Open()) return 1;
   application.app = &app;

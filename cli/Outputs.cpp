@@ -5,18 +5,10 @@
 
 #include "cli/Texts.h"
 #include "files/FolderitemExtensions.h"
-#include "formats/FileTypes.h"
+#include "formats/BrivolantDocument.h"
 #include "platform/files/FileNames.h"
 
 namespace brivolant::cli {
-namespace {
-
-bool NamedLikePackage(const FolderItem& item) {
-  return FolderitemExtensions::isFileType(item, &InternalFileTypes::BrivolantPhotosDocument);
-}
-
-}  // namespace
-
 bool InputFiles::Identify(const std::filesystem::path& path, Identity& identity) {
   struct stat status {};
   if (stat(path.c_str(), &status) != 0) return false;
@@ -30,7 +22,7 @@ InputFiles::InputFiles(const std::vector<std::string>& inputs) {
     const FolderItem item(input);
     if (!Identify(item.Path(), identity)) continue;
     files_.insert(identity);
-    if (!item.Directory() || !NamedLikePackage(item)) continue;
+    if (!item.Directory() || !BrivolantDocument::IsDocument(item)) continue;
     packages_.insert(identity);
     // A part may be a link to a file elsewhere, or have a second name there.
     for (const FolderItem& part : item.Children()) {
@@ -46,7 +38,7 @@ bool InputFiles::IsOrLiesInPackage(const FolderItem& place) const {
   for (const FolderItem& path : {place, error ? place : FolderItem(real)}) {
     for (FolderItem item = path; item; item = item.Parent()) {
       Identity identity;
-      if (NamedLikePackage(item)) return true;
+      if (BrivolantDocument::IsDocument(item)) return true;
       if (Identify(item.Path(), identity) && packages_.contains(identity)) return true;
     }
   }

@@ -55,11 +55,12 @@ bool TakeOwnPlace(const FolderItem& package, const FolderItem& target) {
 
 }  // namespace
 
+bool BrivolantDocument::IsDocument(const FolderItem& file) {
+  return FolderitemExtensions::isFileType(file, &InternalFileTypes::BrivolantPhotosDocument);
+}
+
 FolderItem BrivolantDocument::PackageFor(const FolderItem& file) {
-  if (file.IsNil()) return file;
-  if (FolderitemExtensions::isFileType(file, &InternalFileTypes::BrivolantPhotosDocument)) {
-    return file;
-  }
+  if (file.IsNil() || IsDocument(file)) return file;
   const std::string ending =
       "." + std::string(InternalFileTypes::BrivolantPhotosDocument.Extensions);
   return file.Parent().Child(

@@ -89,6 +89,8 @@ app/edit/Probe.cpp std::thread work([] {});
 app/edit/Probe.cpp std::jthread work([] {});
 app/edit/Probe.cpp auto later = std::async(Work);
 app/edit/Probe.cpp QtConcurrent::run(Work);
+app/edit/Probe.cpp const auto chosen = PopUpMenu(menu, 0, 0);
+kit/Probe.cpp menu.exec();
 app/edit/Probe.cpp commands.Run("FileOpen");
 CASES
 

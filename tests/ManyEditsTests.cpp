@@ -265,7 +265,10 @@ TEST(ManyEdits, TheOpenPhotoTakesThemAsOneStepWithTheirPictures) {
   c.Open(c.Photo("other.jpg"));
   EXPECT_TRUE(c.session.SameAsSaved());
   const std::string plain = c.session.Processor().StyleData();
-  c.session.PasteEdits(c.edits, true, true);
+  // Its picture is copied in a job: it may be large, and the disk slow.
+  c.session.PasteEdits(c.edits, true, true, {});
+  EXPECT_TRUE(c.session.Busy());
+  c.session.Finish();
   EXPECT_TRUE(c.session.Dirty());
   EXPECT_FALSE(c.session.SameAsSaved());
   EXPECT_TRUE(c.Document().Crop);
@@ -280,6 +283,7 @@ TEST(ManyEdits, TheOpenPhotoTakesThemAsOneStepWithTheirPictures) {
   // The clipboard has the stacks alone; what was copied here has their pictures.
   c.Open(c.Photo("third.jpg"));
   c.session.PasteStyle(c.edits.StyleData);
+  c.session.Finish();
   EXPECT_THAT(c.session.Processor().Warnings(), IsEmpty());
   EXPECT_THAT(c.Document().PastedImages(), SizeIs(1));
   EXPECT_THAT(c.failures, IsEmpty());

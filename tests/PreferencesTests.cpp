@@ -101,6 +101,31 @@ TEST(Preferences, AFailedWriteIsOnlyLogged) {
   EXPECT_EQ(preferences.Value("key").ToText(), "value");
 }
 
+TEST(Preferences, AreWrittenBesideTheWindowAndWhatFailedIsTriedAgain) {
+  TemporaryFolder folder;
+  RecordingLog log;
+  const FolderItem later = folder.Child("later");
+  {
+    Preferences preferences(kID, later, log);
+    // Nothing can be made where a file stands.
+    folder.Write("later", "x");
+    preferences.Assign("a", "first");
+    preferences.SynchronizeSoon();
+    preferences.Synchronize();
+    EXPECT_EQ(log.lines.size(), 1U);
+    ASSERT_FALSE(later.Delete());
+    preferences.Assign("b", 2);
+    preferences.SynchronizeSoon();
+    preferences.Assign("c", 3);
+    preferences.SynchronizeSoon();
+  }
+  const Preferences kept(kID, later, log);
+  EXPECT_EQ(kept.Value("a").ToText(), "first");
+  EXPECT_EQ(kept.Value("b").ToInt(), 2);
+  EXPECT_EQ(kept.Value("c").ToInt(), 3);
+  EXPECT_EQ(log.lines.size(), 1U);
+}
+
 TEST(SharedFolders, LieInTheUsersDocuments) {
   TemporaryFolder home;
   setenv("HOME", home.Item().ShellPath().c_str(), 1);

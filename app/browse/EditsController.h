@@ -28,7 +28,6 @@ class PasteEditsSheet;
 /// styles that are applied to them.
 class EditsController {
  public:
-  static constexpr LocalizedText kPasting{"EditsController.kPasting", "Pasting edits..."};
   static constexpr LocalizedText kHaveEdits{
       "EditsController.kHaveEdits", "Of the chosen photos, <count> have edits of their own."};
   static constexpr LocalizedText kHaveEditsExplanation{
@@ -69,9 +68,13 @@ class EditsController {
   void Keep(CopiedEdits edits);
   CopiedEdits OnClipboard() const;
   void AskAndGive(CopiedEdits edits);
+  /// What is being given leaves that document alone.
+  void Spare(const FolderItem& document);
   void Give(ManyEdits::Order order);
   void GiveNow(const ManyEdits::Order& order);
   void GiveOpen(const ManyEdits::Order& order, const std::shared_ptr<Given>& given);
+  void TookOpen(const std::shared_ptr<Given>& given, const FolderItem& file, int before, bool kept);
+  void GiveOthers(const std::shared_ptr<Given>& given);
   /// What is given back forgets the step again.
   std::function<void()> AddStep(const std::shared_ptr<Given>& given);
   void TakeBack(const std::shared_ptr<Given>& given);

@@ -473,7 +473,7 @@ void QuickLookWindow::mouseDoubleClickEvent(QMouseEvent* event) {
 void QuickLookWindow::closeEvent(QCloseEvent* event) {
   if (!isFullScreenMode_) {
     preferences_.Assign(kDimensionsKey, Dimensions());
-    preferences_.Synchronize();
+    preferences_.SynchronizeSoon();
   }
   loader_.Stop();
   if (fullScreen_) fullScreen_->close();

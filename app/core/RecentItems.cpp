@@ -45,7 +45,7 @@ void RecentItems::Store() {
   for (std::size_t i = 0; i < paths_.size(); ++i) {
     preferences_.Assign(kItem + std::to_string(i), paths_[i]);
   }
-  preferences_.Synchronize();
+  preferences_.SynchronizeSoon();
   if (UpdateRecentMenu) UpdateRecentMenu();
 }
 

@@ -8,6 +8,7 @@
 #include "app/commands/Panes.h"
 #include "app/edit/EditorController.h"
 #include "app/edit/EditorPane.h"
+#include "browser/FolderLister.h"
 #include "engine/ui/EditorDisplay.h"
 #include "formats/BrivolantDocument.h"
 #include "formats/FileTypes.h"
@@ -143,7 +144,10 @@ void EditorController::SaveACopyAs() {
   }
   const std::string folderPath = preferences.Value(kCopyFolder, "").ToText();
   FolderItem folder = folderPath.empty() ? FolderItem() : FolderItem(folderPath);
-  if (!folder.Directory()) folder = otherSharedComponents::DefaultPipDocumentsFolder();
+  // One of a share that does not answer is not waited for.
+  constexpr int kPatience = 40;
+  const auto found = folder ? FolderLister::Look(folder, kPatience) : std::nullopt;
+  if (!found || found->Gone) folder = otherSharedComponents::DefaultPipDocumentsFolder();
   const auto typeAt = [](int index) { return kCopyTypes.at(static_cast<std::size_t>(index)); };
   FolderItem chosen;
   {
@@ -173,7 +177,7 @@ void EditorController::SaveACopyAs() {
   }
   preferences.Assign(kCopyFormat, filter);
   preferences.Assign(kCopyFolder, chosen.Parent().ShellPath());
-  preferences.Synchronize();
+  preferences.SynchronizeSoon();
   session_.SaveCopy(chosen, std::string(type.Identifier),
                     preferences.Value(kCopyQuality, kDefaultQuality).ToDouble() / 100);
 }

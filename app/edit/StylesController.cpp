@@ -77,7 +77,7 @@ void StylesController::Wire() {
   bar_.ChangedCategory = [this](int category) {
     desk_.Styles.currentCategory = category;
     desk_.Preferences.Assign(kCategoryKey, category);
-    desk_.Preferences.Synchronize();
+    desk_.Preferences.SynchronizeSoon();
     updateStylesList();
   };
   bar_.ContextMenu = [this](int index, const QPoint& at) { StyleMenu(index, at); };

@@ -129,8 +129,15 @@ class EditSession {
   void PasteStyle(const std::string& data);
   /// All edits of the open photo.
   CopiedEdits Edits() const;
-  /// The stacks, and crop and turns if they are wanted, as one entry.
-  void PasteEdits(const CopiedEdits& edits, bool crop, bool turns);
+  struct Around {
+    /// On a job's thread before anything changes.
+    std::function<void()> Before;
+    /// Once the edits are there, or were refused.
+    std::function<void()> After;
+  };
+  /// The stacks, and crop and turns if they are wanted, as one entry: at once, or in a job if
+  /// pictures must be copied or something comes before.
+  void PasteEdits(const CopiedEdits& edits, bool crop, bool turns, Around around);
   /// What was copied last, here or in the browser; the clipboard has its stacks.
   std::shared_ptr<const CopiedEdits> Copied;
   void ClearStyle();
@@ -224,6 +231,7 @@ class EditSession {
   void ForgetEdits();
   /// Tells what the worker left to tell.
   void TellWorkers();
+  void TakeEdits(const CopiedEdits& edits, bool crop, bool turns);
   void Replace(const std::string& style);
   std::string State() const;
 

@@ -19,10 +19,6 @@
 namespace brivolant {
 namespace {
 
-bool IsDocument(const FolderItem& item) {
-  return FolderitemExtensions::isFileType(item, &InternalFileTypes::BrivolantPhotosDocument);
-}
-
 std::string SettingsOf(const FolderItem& document) {
   return ReadFile(document.Child(BrivolantDocument::kSettingsName)).value_or(std::string());
 }
@@ -156,7 +152,7 @@ std::string ManyEdits::Give(const FolderItem& item, WorkerServices& worker, Rend
   const std::string unreadable = WithPlaceholders(
       FolderitemExtensions::kErrorMessageUnableToRead.Text(), {{"<filename>", item.DisplayName()}});
   BrivolantDocument document(worker.All());
-  const bool existing = IsDocument(item);
+  const bool existing = BrivolantDocument::IsDocument(item);
   const bool read = existing ? document.Load(item) : document.ReadImage(item);
   const auto why = [&] {
     return Reason(worker,
@@ -205,11 +201,11 @@ bool ManyEdits::IsSpared(const FolderItem& document) {
   });
 }
 
-bool ManyEdits::Remember(const BrivolantDocument& document, TemporaryFiles& files) {
+bool ManyEdits::Remember(const FolderItem& document, const std::string& original,
+                         TemporaryFiles& files) {
   auto change = std::make_unique<Change>();
-  change->Document = document.File;
-  change->Before =
-      std::make_unique<const DocumentSnapshot>(document.File, document.OriginalImageID, files);
+  change->Document = document;
+  change->Before = std::make_unique<const DocumentSnapshot>(document, original, files);
   if (!change->Before->Whole()) return false;
   remembered_ = std::move(change);
   return true;

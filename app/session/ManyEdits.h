@@ -52,6 +52,7 @@ struct CopiedEdits {
 /// gets the edits in place of its own. What fails stops nothing else.
 class ManyEdits {
  public:
+  static constexpr LocalizedText kPasting{"EditsController.kPasting", "Pasting edits..."};
   static constexpr LocalizedText kPictureNotTaken{
       "ManyEdits.kPictureNotTaken",
       "A picture that lies over the photo \"<filename>\" could not be copied."};
@@ -97,11 +98,11 @@ class ManyEdits {
   /// This one is open by now: who edits it must not find it changed.
   void Spare(const FolderItem& document);
 
-  // On the thread that starts the jobs. What is remembered is no part of what Run works on, and
-  // must be settled before TakeBack.
+  // What is remembered is no part of what Run works on, and must be settled before TakeBack.
 
-  /// Keeps what a document is that somebody else gives the same edits. False if it cannot be kept.
-  bool Remember(const BrivolantDocument& document, TemporaryFiles& files);
+  /// Keeps what a document is that somebody else gives the same edits; `original` is the name of
+  /// its original's file, which nobody changes. False if it cannot be kept. On any thread.
+  bool Remember(const FolderItem& document, const std::string& original, TemporaryFiles& files);
   /// It has got them.
   void RememberedIsWritten();
   /// Somebody else takes it back.

@@ -3,6 +3,7 @@
 #include "app/session/EditSession.h"
 #include "app/session/ManyEdits.h"
 #include "formats/BrivolantDocument.h"
+#include "platform/files/AtomicFile.h"
 
 namespace brivolant {
 
@@ -15,11 +16,35 @@ void EditSession::PasteStyle(const std::string& data) {
   edits.StyleData = data;
   // The clipboard holds the stacks alone; their pictures come from where it was copied.
   if (Copied && Copied->StyleData == data) edits.Pasted = Copied->Pasted;
-  PasteEdits(edits, false, false);
+  PasteEdits(edits, false, false, {});
 }
 
-void EditSession::PasteEdits(const CopiedEdits& edits, bool crop, bool turns) {
+void EditSession::PasteEdits(const CopiedEdits& edits, bool crop, bool turns, Around around) {
   if (!document_) return;
+  // Where each picture is copied to that the document does not have yet.
+  const auto copies = std::make_shared<PastedFiles>();
+  for (const auto& [name, file] : edits.Pasted) {
+    if (document_->PastedImage(name).Exists()) continue;
+    (*copies)[name] = desk_.Services.TemporaryFiles.Child(name);
+  }
+  const auto give = [this, edits, crop, turns, copies, after = std::move(around.After)] {
+    for (const auto& [name, copy] : *copies) (void)document_->AdoptPastedImage(name, copy);
+    TakeEdits(edits, crop, turns);
+    if (after) after();
+  };
+  if (copies->empty() && !around.Before) return give();
+  jobs_.Start({ManyEdits::kPasting.Text(), false,
+               [edits, copies, before = std::move(around.Before)](Jobs::Control&) {
+                 if (before) before();
+                 for (const auto& [name, copy] : *copies) {
+                   if (copy) (void)CopyFileAtomically(edits.Pasted.at(name), copy);
+                 }
+               },
+               // A picture that is not there by now is told of where it is missed.
+               [give](Jobs::End, const std::string&) { give(); }});
+}
+
+void EditSession::TakeEdits(const CopiedEdits& edits, bool crop, bool turns) {
   BrivolantDocument& document = *document_;
   Record({{"ProcessorStack", processor_.StyleData()},
           {"DocumentCropEnabled", document.Crop},

@@ -52,8 +52,7 @@ void EditSession::Open(const FolderItem& item, std::string name) {
            o.refused = !FolderitemExtensions::Validate(o.file, FolderitemExtensions::kRead, nullptr,
                                                        worker_.All().Dialogs);
            if (o.refused) return false;
-           o.isDocument = FolderitemExtensions::isFileType(
-               o.file, &InternalFileTypes::BrivolantPhotosDocument);
+           o.isDocument = BrivolantDocument::IsDocument(o.file);
            o.rewindable = o.isDocument;
            BrivolantDocument& document = *o.document;
            if (!o.isDocument) {

@@ -4,7 +4,11 @@
 #include <QDateTime>
 #include <QString>
 #include <cmath>
+#include <mutex>
 #include <pugixml.hpp>
+#include <thread>
+#include <utility>
+#include <vector>
 
 #include "platform/files/AtomicFile.h"
 #include "platform/values/Text.h"
@@ -51,7 +55,7 @@ pugi::xml_node NextElement(pugi::xml_node node) {
   return node;
 }
 
-void Store(pugi::xml_document& document, const std::string& key, const Variant& value) {
+void StoreValue(pugi::xml_document& document, const std::string& key, const Variant& value) {
   pugi::xml_node dictionary = Root(document);
   if (pugi::xml_node old = FindKey(dictionary, key)) {
     if (pugi::xml_node oldValue = NextElement(old)) dictionary.remove_child(oldValue);
@@ -121,21 +125,33 @@ Variant FromElement(const pugi::xml_node& element, int depth) {
 
 }  // namespace CarbonInterchange
 
-Preferences::Preferences(std::string id, FolderItem folder, Log& log)
-    : id_(std::move(id)),
-      folder_(std::move(folder)),
-      log_(log),
-      values_(std::make_unique<pugi::xml_document>()) {
-  if (!Read(*values_)) SetAside();
-}
+/// The file, and what is written into it on another thread.
+struct Preferences::Store {
+  FolderItem folder;
+  std::string id;
 
-Preferences::~Preferences() = default;
+  std::mutex mutex;
+  std::thread thread;
+  bool running = false;
+  Dictionary waiting;
+  /// All that the program knows, for a file that turns out to be damaged.
+  pugi::xml_document known;
+  /// What could not be written, and what is to be said of it.
+  Dictionary failed;
+  std::vector<std::string> lines;
 
-FolderItem Preferences::File() const {
-  return folder_.Child(id_ + ".plist");
-}
+  ~Store() {
+    if (thread.joinable()) thread.join();
+  }
+  FolderItem File() const { return folder.Child(id + ".plist"); }
+  bool Read(pugi::xml_document& document) const;
+  std::string SetAside() const;
+  bool Write(const Dictionary& changes, pugi::xml_document& fresh,
+             std::vector<std::string>& said) const;
+  void Run();
+};
 
-bool Preferences::Read(pugi::xml_document& document) const {
+bool Preferences::Store::Read(pugi::xml_document& document) const {
   if (!File().Exists()) {
     ResetToEmpty(document);
     return true;
@@ -150,15 +166,69 @@ bool Preferences::Read(pugi::xml_document& document) const {
   return false;
 }
 
-void Preferences::SetAside() {
-  FolderItem aside = folder_.Child(id_ + ".damaged.plist");
+std::string Preferences::Store::SetAside() const {
+  FolderItem aside = folder.Child(id + ".damaged.plist");
   for (int n = 1; aside.Exists(); ++n) {
-    aside = folder_.Child(id_ + ".damaged-" + std::to_string(n) + ".plist");
+    aside = folder.Child(id + ".damaged-" + std::to_string(n) + ".plist");
   }
   const std::error_code error = File().MoveFileTo(aside);
-  log_.Write(
-      "Preferences: the file \"" + File().ShellPath() + "\" is damaged and was " +
-      (error ? "left where it is: " + error.message() : "set aside as \"" + aside.Name() + "\"."));
+  return "Preferences: the file \"" + File().ShellPath() + "\" is damaged and was " +
+         (error ? "left where it is: " + error.message()
+                : "set aside as \"" + aside.Name() + "\".");
+}
+
+/// `fresh` holds what this program knows, for a file that cannot be read, and then what is in the
+/// file.
+bool Preferences::Store::Write(const Dictionary& changes, pugi::xml_document& fresh,
+                               std::vector<std::string>& said) const {
+  // Another running program may have written since: only what changed here is put in.
+  pugi::xml_document there;
+  if (Read(there)) {
+    fresh.reset(there);
+  } else {
+    said.push_back(SetAside());
+  }
+  for (int i = 0; i < changes.Count(); ++i) {
+    StoreValue(fresh, changes.Key(i).ToText(), changes.ValueAt(i));
+  }
+  CollectedText text;
+  fresh.save(text, "\t");
+  std::error_code error = folder.CreateAsFolder();
+  if (!error) error = WriteFileAtomically(File(), text.Bytes);
+  return !error;
+}
+
+void Preferences::Store::Run() {
+  std::unique_lock lock(mutex);
+  while (waiting.Count() > 0) {
+    const Dictionary changes = std::exchange(waiting, {});
+    pugi::xml_document fresh;
+    fresh.reset(known);
+    lock.unlock();
+    std::vector<std::string> said;
+    const bool written = Write(changes, fresh, said);
+    lock.lock();
+    lines.insert(lines.end(), said.begin(), said.end());
+    for (int i = 0; !written && i < changes.Count(); ++i) {
+      failed.Value(changes.Key(i).ToText(), changes.ValueAt(i));
+    }
+  }
+  running = false;
+}
+
+Preferences::Preferences(std::string id, FolderItem folder, Log& log)
+    : log_(log),
+      values_(std::make_unique<pugi::xml_document>()),
+      store_(std::make_unique<Store>()) {
+  store_->id = std::move(id);
+  store_->folder = std::move(folder);
+  if (!store_->Read(*values_)) log_.Write(store_->SetAside());
+}
+
+Preferences::~Preferences() = default;
+
+const std::string& Preferences::ID() const {
+  return store_->id;
 }
 
 Variant Preferences::Value(std::string_view key, const Variant& fallback) const {
@@ -173,27 +243,40 @@ void Preferences::Assign(std::string_view key, const Variant& value) {
                       (value.Is<Dictionary>() ? "Dictionary" : value.ToText());
   pugi::xml_document scratch;
   if (!CarbonInterchange::Append(scratch, value)) return;
-  Store(*values_, std::string(key), value);
+  StoreValue(*values_, std::string(key), value);
   changed_.Value(std::string(key), value);
 }
 
-void Preferences::Synchronize() {
-  lastUpdate_ = File().ModificationDate();
-  if (changed_.Count() == 0) return;
-  // Another running program may have written since: only what changed here is put in.
-  pugi::xml_document fresh;
-  if (!Read(fresh)) {
-    SetAside();
-    fresh.reset(*values_);
-  }
+void Preferences::SynchronizeSoon() {
+  const std::lock_guard lock(store_->mutex);
   for (int i = 0; i < changed_.Count(); ++i) {
-    Store(fresh, changed_.Key(i).ToText(), changed_.ValueAt(i));
+    store_->waiting.Value(changed_.Key(i).ToText(), changed_.ValueAt(i));
   }
-  CollectedText text;
-  fresh.save(text, "\t");
-  std::error_code error = folder_.CreateAsFolder();
-  if (!error) error = WriteFileAtomically(File(), text.Bytes);
-  if (error) {
+  changed_ = {};
+  store_->known.reset(*values_);
+  if (store_->running || store_->waiting.Count() == 0) return;
+  if (store_->thread.joinable()) store_->thread.join();
+  store_->running = true;
+  store_->thread = std::thread([this] { store_->Run(); });
+}
+
+void Preferences::Synchronize() {
+  if (store_->thread.joinable()) store_->thread.join();
+  for (const std::string& line : std::exchange(store_->lines, {})) log_.Write(line);
+  // What failed then is tried again, unless it has changed once more.
+  const Dictionary failed = std::exchange(store_->failed, {});
+  for (int i = 0; i < failed.Count(); ++i) {
+    const std::string key = failed.Key(i).ToText();
+    if (!changed_.HasKey(key)) changed_.Value(key, failed.ValueAt(i));
+  }
+  lastUpdate_ = store_->File().ModificationDate();
+  if (changed_.Count() == 0) return;
+  pugi::xml_document fresh;
+  fresh.reset(*values_);
+  std::vector<std::string> said;
+  const bool written = store_->Write(changed_, fresh, said);
+  for (const std::string& line : said) log_.Write(line);
+  if (!written) {
     log_.Write("Preferences: the settings could not be written. The last change was: " +
                lastWrittenValue_);
     return;

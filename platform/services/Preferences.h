@@ -28,7 +28,7 @@ class Preferences {
   Preferences(const Preferences&) = delete;
   Preferences& operator=(const Preferences&) = delete;
 
-  const std::string& ID() const { return id_; }
+  const std::string& ID() const;
 
   /// The stored value, or `fallback` if the key is missing or its value has no meaning here.
   /// Numbers come back as doubles.
@@ -38,6 +38,8 @@ class Preferences {
   void Assign(std::string_view key, const Variant& value);
   /// Writes the changed keys into the file as it now is, atomically. A failure is logged.
   void Synchronize();
+  /// The same on another thread; a failure is logged, and tried again, by the next Synchronize.
+  void SynchronizeSoon();
 
   /// The trace of the last write, kept for the failure message.
   const std::string& lastWrittenValue() const { return lastWrittenValue_; }
@@ -45,17 +47,14 @@ class Preferences {
   std::optional<Date> LastPrefsUpdate() const { return lastUpdate_; }
 
  private:
-  FolderItem File() const;
-  bool Read(pugi::xml_document& document) const;
-  void SetAside();
+  struct Store;
 
-  std::string id_;
-  FolderItem folder_;
   Log& log_;
   std::unique_ptr<pugi::xml_document> values_;
   Dictionary changed_;
   std::string lastWrittenValue_;
   std::optional<Date> lastUpdate_;
+  std::unique_ptr<Store> store_;
 };
 
 /// Values to and from property list elements.

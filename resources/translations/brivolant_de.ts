@@ -1860,6 +1860,10 @@
         <source>Show Colors</source>
         <translation>Farben einblenden</translation>
     </message>
+    <message id="SingleInstance.kDoesNotAnswer">
+        <source>Brivolant Photos is running already and does not answer (process &lt;process&gt;).</source>
+        <translation>Brivolant Photos läuft bereits und antwortet nicht (Prozess &lt;process&gt;).</translation>
+    </message>
     <message id="ToolButtons.kBeforeAfter">
         <source>Before</source>
         <translation>Vorher</translation>
