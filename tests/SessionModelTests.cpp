@@ -124,9 +124,12 @@ TEST(Recent, KeepsOneMoreThanTheLimitNewestFirstEachOnce) {
   EXPECT_EQ(std::count(recent.RecentItem().begin(), recent.RecentItem().end(), "/photos/10.jpg"),
             1);
   EXPECT_EQ(told, 16);
+  // They are being written beside the window.
+  preferences.Synchronize();
   Preferences again("test", folder.Item(), log);
   EXPECT_EQ(RecentItems(again).RecentItem(), recent.RecentItem());
   recent.Clear();
+  preferences.Synchronize();
   Preferences empty("test", folder.Item(), log);
   EXPECT_TRUE(RecentItems(empty).RecentItem().empty());
   EXPECT_EQ(RecentItems::TextFor("/a/b.c/holiday.2024.jpg"), "holiday.2024");

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QLineEdit>
+#include <QProcess>
 #include <QTest>
 #include <QTextBrowser>
 #include <QUrl>
@@ -313,6 +314,73 @@ TEST(Sidebar, EjectingWaitsElsewhere) {
   go = true;
   ExpectSoon([&] { return program.dialogs.messages.size(); }, 1U);
   EXPECT_NE(thread, std::this_thread::get_id());
+}
+
+/// Drags with the display's own pointer, as a hand does: the program has a loop of its own then.
+void DragWithPointer(const QPoint& from, const QPoint& to) {
+  const auto point = [](const QPoint& at) {
+    return QStringList{QStringLiteral("mousemove"), QString::number(at.x()),
+                       QString::number(at.y()), QStringLiteral("sleep"), QStringLiteral("0.1")};
+  };
+  QStringList hand = point(from);
+  hand << QStringLiteral("mousedown") << QStringLiteral("1");
+  // It begins with a few pixels, and is over its target before the button is let go.
+  for (const QPoint& at : {from + QPoint(4, 4), from + QPoint(12, 12), to - QPoint(2, 2), to}) {
+    hand << point(at);
+  }
+  hand << QStringLiteral("mouseup") << QStringLiteral("1");
+  QProcess xdotool;
+  xdotool.start(QStringLiteral("xdotool"), hand);
+  EXPECT_TRUE(Until([&] { return xdotool.state() == QProcess::NotRunning; }));
+  EXPECT_EQ(xdotool.exitCode(), 0);
+  Settle();
+}
+
+TEST(Dragging, FromTheBrowserIntoAFolderCopiesAndASlipWithinAFolderDoesNothing) {
+  if (QGuiApplication::platformName() != QLatin1String("xcb")) {
+    GTEST_SKIP() << "needs a display with a pointer";
+  }
+  Browsing program({"a.jpg"});
+  ASSERT_FALSE(program.Pictures().Child("Trip").CreateAsFolder());
+  ASSERT_TRUE(program.Shows({"Trip", "a.jpg"}));
+  const auto at = [&](const QPoint& p) { return program.Grid().mapToGlobal(p); };
+  int holds = 0;
+  const auto holding = std::exchange(program.Browser().Holding, [&] {
+    ++holds;
+    return std::make_shared<int>(0);
+  });
+  const QPoint blank = program.Cell(1) + QPoint(0, program.Grid().height() / 2);
+  DragWithPointer(at(program.Cell(1)), at(blank));
+  EXPECT_EQ(holds, 1);
+  EXPECT_EQ(program.Names(), (std::vector<std::string>{"Trip", "a.jpg"}));
+  program.Browser().Holding = holding;
+  DragWithPointer(at(program.Cell(1)), at(program.Cell(0)));
+  EXPECT_TRUE(Until([&] { return program.Pictures().Child("Trip").Child("a.jpg").Exists(); }));
+  EXPECT_TRUE(program.Pictures().Child("a.jpg").Exists());
+  EXPECT_EQ(program.Names(), (std::vector<std::string>{"Trip", "a.jpg"}));
+}
+
+TEST(Copying, ThatIsCancelledLeavesWholeFilesThatUndoTakesBack) {
+  Browsing program({"a.jpg"});
+  const FolderItem many = program.home.Child("many");
+  ASSERT_FALSE(many.CreateAsFolder());
+  constexpr int kFiles = 400;
+  for (int i = 0; i < kFiles; ++i) {
+    program.home.Write("many/" + std::to_string(i) + ".jpg", "one photo");
+  }
+  program.Window().CopyFilesInto({many, program.home.Write("other.jpg", "other")},
+                                 program.Pictures());
+  Jobs& work = program.Window().FileWork();
+  ASSERT_TRUE(work.Busy());
+  EXPECT_TRUE(work.CanCancel());
+  work.Cancel();
+  Settle();
+  const FolderItem copied = program.Pictures().Child("many");
+  EXPECT_LT(std::ssize(copied.Children()), kFiles);
+  EXPECT_FALSE(program.Pictures().Child("other.jpg").Exists());
+  for (const FolderItem& file : copied.Children()) EXPECT_EQ(ReadFile(file), "one photo");
+  if (copied.Exists()) program.Choose("EditUndo");
+  EXPECT_TRUE(program.Shows({"a.jpg"}));
 }
 
 TEST(IconSizes, EachViewKeepsItsOwn) {
