@@ -127,6 +127,8 @@ void brivolantProcessorLite::EndPreview(const PreviewResult* result, bool full) 
 Picture brivolantProcessorLite::Preview() {
   if (Document == nullptr) return {};
   if (mSelectedeffect == nullptr || Document->PreviewAfter.IsNil()) return Document->PreviewAfter;
+  // Its memory is taken for the next.
+  PostBuffer = Picture();
   PostBuffer = SharedPictureEffects::Clone(Document->PreviewAfter, 24, true);
   mSelectedeffect->firePostProcess(PostBuffer, consistencyScale);
   return PostBuffer;

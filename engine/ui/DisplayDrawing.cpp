@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <algorithm>
 #include <cmath>
+#include <new>
 
 #include "engine/MarkCanvas.h"
 #include "engine/brivolantProcessorLite.h"
@@ -66,17 +67,26 @@ int EditorDisplay::Height() const {
   return static_cast<int>(std::lround(height() * devicePixelRatioF()));
 }
 
-bool EditorDisplay::Backdrop() {
+bool EditorDisplay::TakeRoom() {
   const QSize size(Width(), Height());
   if (size.isEmpty()) return false;
-  if (backdrop_.size() == size) return true;
-  backdrop_ = QImage(size, QImage::Format_RGB32);
-  buffer_ = QImage(size, QImage::Format_RGB32);
-  if (backdrop_.isNull() || buffer_.isNull()) return false;
-  QPainter painter(&backdrop_);
-  InterfaceKitSupport::DrawGradient(painter, backdrop_.rect(), QColor::fromRgb(kTop),
-                                    QColor::fromRgb(kBottom), InterfaceKitSupport::kGradientDown);
-  return true;
+  if (buffer_.size() == size) return true;
+  constexpr std::size_t kPixel = 4;
+  const auto pixels = [](const QSize& of) {
+    return static_cast<std::size_t>(of.width()) * static_cast<std::size_t>(of.height());
+  };
+  // The memory stays as panels beside open and close: fresh pages cost more than what is painted.
+  const std::size_t wanted = pixels(size) * kPixel;
+  if (wanted > room_) {
+    buffer_ = QImage();
+    room_ = std::max(wanted, pixels(window()->size() * devicePixelRatioF()) * kPixel);
+    memory_.reset(new (std::nothrow) uchar[room_]);
+    if (!memory_) room_ = 0;
+  }
+  buffer_ = memory_ ? QImage(memory_.get(), size.width(), size.height(),
+                             static_cast<qsizetype>(kPixel) * size.width(), QImage::Format_RGB32)
+                    : QImage();
+  return !buffer_.isNull();
 }
 
 void EditorDisplay::Update(bool full) {
@@ -85,7 +95,7 @@ void EditorDisplay::Update(bool full) {
     return;
   }
   const bool whole = full || stale_ || buffer_.size() != QSize(Width(), Height());
-  if (!Backdrop()) return;
+  if (!TakeRoom()) return;
   stale_ = false;
   DrawPictures(whole);
   if (whole) {
@@ -223,7 +233,10 @@ bool EditorDisplay::TakeNewer(QPainter& painter, const Picture& photo) {
 
 void EditorDisplay::DrawPictures(bool full) {
   QPainter painter(&buffer_);
-  if (full) painter.drawImage(0, 0, backdrop_);
+  if (full) {
+    InterfaceKitSupport::DrawGradient(painter, buffer_.rect(), QColor::fromRgb(kTop),
+                                      QColor::fromRgb(kBottom), InterfaceKitSupport::kGradientDown);
+  }
   newer_ = Picture();
   const bool open = myProcessor != nullptr && myProcessor->Document != nullptr;
   const Picture preview = !open              ? Picture()
@@ -267,7 +280,7 @@ void EditorDisplay::DrawPictures(bool full) {
 
 void EditorDisplay::paintEvent(QPaintEvent* event) {
   if (stale_ || buffer_.size() != QSize(Width(), Height())) {
-    if (!Backdrop()) return;
+    if (!TakeRoom()) return;
     stale_ = false;
     DrawPictures(true);
   }

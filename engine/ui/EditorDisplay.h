@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QWidget>
 #include <functional>
+#include <memory>
 #include <tuple>
 
 #include "engine/EditorInterfaces.h"
@@ -46,7 +47,7 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   QRect PreviewRect() const { return view_.Photo(); }
   /// Where the picture before the effects was drawn; empty when it is not shown.
   QRect BeforeRect() const { return view_.Before(); }
-  /// What is on show, in pixels of the screen.
+  /// What is on show, in pixels of the screen; as long as nothing is painted.
   const QImage& Buffer();
   /// A position of the widget as fractions of the drawn image.
   QPointF FractionsAt(const QPointF& position) const;
@@ -124,7 +125,8 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   /// False if the selected module does not take the key.
   bool Type(const std::string& key);
   void RenderOrShow();
-  bool Backdrop();
+  /// Makes the buffer as large as the display. False without memory, or if nothing is to be seen.
+  bool TakeRoom();
 
   PhotoView view_;
   /// Told with ViewChanged the last time.
@@ -140,8 +142,10 @@ class EditorDisplay final : public QWidget, public PreviewDisplay {
   Dictionary beforeDrag_;
   bool stale_ = true;
   double lastRatio_ = 0;
+  /// What the buffer lies in, and its bytes.
+  std::unique_ptr<uchar[]> memory_;
+  std::size_t room_ = 0;
   QImage buffer_;
-  QImage backdrop_;
   /// Where the buffer has the photo's frame.
   QRect framed_;
   /// A newer photo than the buffer's within the frame, to be painted from its own pixels: a large

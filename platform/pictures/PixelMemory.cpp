@@ -3,7 +3,10 @@
 
 #include <sys/mman.h>
 
+#include <condition_variable>
+#include <deque>
 #include <mutex>
+#include <thread>
 #include <utility>
 
 namespace brivolant {
@@ -18,8 +21,54 @@ struct Block {
   std::size_t size = 0;
 };
 
+/// Gives blocks back to the system on a thread of its own: it takes milliseconds, and longer while
+/// other threads touch fresh pages.
+class Returns {
+ public:
+  void Take(const Block& block) {
+    if (block.address == nullptr) return;
+    const std::lock_guard lock(mutex_);
+    if (!running_) {
+      running_ = true;
+      std::thread([this] { Run(); }).detach();
+    }
+    waiting_.push_back(block);
+    changed_.notify_all();
+  }
+  /// Waits until all is given back.
+  void Finish() {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return waiting_.empty(); });
+  }
+
+ private:
+  void Run() {
+    std::unique_lock lock(mutex_);
+    while (true) {
+      changed_.wait(lock, [this] { return !waiting_.empty(); });
+      const Block block = waiting_.front();
+      lock.unlock();
+      munmap(block.address, block.size);
+      lock.lock();
+      waiting_.pop_front();
+      changed_.notify_all();
+    }
+  }
+
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::deque<Block> waiting_;
+  bool running_ = false;
+};
+
+/// Never destroyed: its thread waits for blocks until the process ends.
+Returns& Returned() {
+  static auto* const returns = new Returns;
+  return *returns;
+}
+
 void Unmap(const Block& block) {
-  if (block.address != nullptr) munmap(block.address, block.size);
+  Returned().Take(block);
 }
 
 /// One block at most is kept, so the memory in use never exceeds its own peak by more than it.
@@ -37,6 +86,7 @@ class KeptBlock {
       if (size >= kPhoto) std::swap(useless, block_);
     }
     Unmap(useless);
+    if (size >= kPhoto) Returned().Finish();
     return {};
   }
 
@@ -81,6 +131,7 @@ std::shared_ptr<std::uint8_t> PixelMemory::Allocate(std::size_t bytes) {
   if (block.address == nullptr) block = Map(size);
   if (block.address == nullptr) {
     ReleaseKept();
+    Returned().Finish();
     block = Map(size);
   }
   if (block.address == nullptr) return nullptr;
