@@ -7,6 +7,7 @@
 #include "engine/brivolantProcessorLite.h"
 #include "files/FolderitemExtensions.h"
 #include "platform/codecs/ImageCodecs.h"
+#include "platform/files/ExclusiveMove.h"
 #include "platform/files/WorkingName.h"
 
 namespace brivolant::SaveAsCopy {
@@ -52,7 +53,8 @@ Outcome Run(const Job& job, const Services& services, const std::function<bool(d
   if (working == job.File) return lacks();
   // What stood there is not lost: it waits in the trash.
   const auto trashed = FolderitemExtensions::PutInTrash(job.File);
-  if (trashed && !working.MoveFileTo(job.File)) return lacks();
+  // Nor is what somebody else puts there meanwhile.
+  if (trashed && !MoveExclusively(working, job.File)) return lacks();
   (void)working.Delete();
   // What could not be replaced stands where it was.
   const bool back = !trashed || FolderitemExtensions::PutBack(*trashed);

@@ -1,11 +1,19 @@
 // SPDX-License-Identifier: MIT
 // Where a document is saved: its own place, another when that is gone, and over what stands there.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QScopeGuard>
+#include <atomic>
 #include <cstdlib>
 #include <filesystem>
+#include <thread>
 
 #include "Editing.h"
+#include "export/SaveAsCopy.h"
 #include "formats/ImageFile.h"
 #include "formats/PictureStrings.h"
+#include "platform/codecs/ImageCodecs.h"
 
 namespace brivolant::test {
 namespace {
@@ -100,6 +108,45 @@ TEST(Saving, ADocumentThatCannotBeSavedInItsPlaceIsSavedWholeInAnother) {
     EXPECT_THAT(s.session.Processor().Warnings(), IsEmpty());
     EXPECT_EQ(s.questions.size(), 2U);
     EXPECT_THAT(s.failures, IsEmpty());
+  }
+}
+
+TEST(Copies, NeitherWhatStoodThereNorWhatCameMeanwhileIsLost) {
+  TestServices services;
+  setenv("XDG_DATA_HOME", services.folder.Child("data").ShellPath().c_str(), 1);
+  const auto unset = qScopeGuard([] { unsetenv("XDG_DATA_HOME"); });
+  const FolderItem place = services.folder.Child("place");
+  ASSERT_FALSE(place.CreateAsFolder());
+  const FolderItem target = place.Child("copy.jpg");
+  const SaveAsCopy::Job job{TestPicture(6, 4), {}, {}, target, "public.jpeg"};
+  const std::string mine = "mine";
+  for (int round = 0; round < 20; ++round) {
+    (void)target.Delete();
+    services.folder.Write("place/copy.jpg", "old");
+    // Somebody who takes the place as soon as it is free.
+    std::atomic<bool> ended = false;
+    bool took = false;
+    std::thread other([&] {
+      while (!ended && !took) {
+        const int file = open(target.Path().c_str(), O_WRONLY | O_CREAT | O_EXCL, 0600);
+        took = file >= 0 && write(file, mine.data(), mine.size()) == 4;
+        if (file >= 0) close(file);
+      }
+    });
+    std::string error;
+    const auto outcome = SaveAsCopy::Run(
+        job, services.services, [](double) { return true; }, error);
+    ended = true;
+    other.join();
+    if (outcome == SaveAsCopy::Outcome::kDone) {
+      EXPECT_FALSE(took);
+      EXPECT_TRUE(ImageSource::Open(target));
+    } else {
+      EXPECT_TRUE(took);
+      EXPECT_EQ(ReadFile(target), mine);
+      EXPECT_THAT(error, HasSubstr("copy.jpg"));
+    }
+    EXPECT_THAT(place.Children(), testing::ElementsAre(target)) << "nor a working name beside it";
   }
 }
 
