@@ -232,7 +232,7 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   const int code = Run(argc, argv);
-  if (brivolant::DiskThreads::SomeWereLeft()) {
+  if (!brivolant::DiskThreads::Finish()) {
     // A disk holds a thread that works with what would be taken down now.
     std::fflush(nullptr);
     std::_Exit(code);

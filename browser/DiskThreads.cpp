@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "browser/DiskThreads.h"
 
+#include <QDeadlineTimer>
 #include <QThreadPool>
 #include <atomic>
 #include <chrono>
@@ -13,7 +14,8 @@ namespace {
 /// which lie in one mount; empty for the disks.
 std::string KeyOf(const FolderItem& place, const MountTable& table) {
   const Mount* mount = table.Of(place);
-  if (mount == nullptr || !mount->Apart()) return {};
+  // What is mounted at a look, too.
+  if (mount == nullptr || !(mount->Apart() || mount->Kind == "autofs")) return {};
   if (!DesktopShares::Holds(place)) return mount->Root.ShellPath();
   const std::string shares = DesktopShares::Folder().ShellPath() + "/";
   const std::string path = place.ShellPath();
@@ -24,14 +26,24 @@ std::string KeyOf(const FolderItem& place, const MountTable& table) {
 constexpr std::chrono::milliseconds kParting{2000};
 std::atomic<bool> left = false;
 
+/// Never destroyed.
+struct Pools {
+  std::mutex mutex;
+  std::map<std::string, QThreadPool*> of;
+};
+
+Pools& All() {
+  static auto* const pools = new Pools;
+  return *pools;
+}
+
 }  // namespace
 
 QThreadPool& DiskThreads::For(const FolderItem& place, const MountTable& table) {
-  static std::mutex mutex;
-  static auto* const pools = new std::map<std::string, QThreadPool*>;
   const std::string key = KeyOf(place, table);
-  const std::lock_guard lock(mutex);
-  QThreadPool*& pool = (*pools)[key];
+  Pools& pools = All();
+  const std::lock_guard lock(pools.mutex);
+  QThreadPool*& pool = pools.of[key];
   if (pool == nullptr) {
     pool = new QThreadPool;
     pool->setMaxThreadCount(key.empty() ? kOfDisks : kOfOne);
@@ -39,19 +51,18 @@ QThreadPool& DiskThreads::For(const FolderItem& place, const MountTable& table) 
   return *pool;
 }
 
-DiskThreads::Pool::Pool(int threads) : pool_(std::make_unique<QThreadPool>()) {
-  pool_->setMaxThreadCount(threads);
+void DiskThreads::Run(const FolderItem& place, std::function<void()> work) {
+  For(place).start(std::move(work));
 }
 
-DiskThreads::Pool::~Pool() {
-  if (pool_->waitForDone(static_cast<int>(kParting.count()))) return;
-  left = true;
-  // Its own end would wait.
-  (void)pool_.release();
-}
-
-void DiskThreads::Pool::Start(std::function<void()> work) {
-  pool_->start(std::move(work));
+bool DiskThreads::Finish() {
+  Pools& pools = All();
+  const QDeadlineTimer deadline(kParting);
+  const std::lock_guard lock(pools.mutex);
+  for (const auto& [key, pool] : pools.of) {
+    if (!pool->waitForDone(static_cast<int>(deadline.remainingTime()))) left = true;
+  }
+  return !left;
 }
 
 void DiskThreads::Count::Enter() {
@@ -68,10 +79,6 @@ void DiskThreads::Count::Leave() {
 void DiskThreads::Count::Await() {
   std::unique_lock lock(mutex_);
   if (!changed_.wait_for(lock, kParting, [this] { return running_ == 0; })) left = true;
-}
-
-bool DiskThreads::SomeWereLeft() {
-  return left;
 }
 
 }  // namespace brivolant

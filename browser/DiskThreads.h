@@ -24,22 +24,10 @@ QThreadPool& For(const FolderItem& place, const MountTable& table = MountTable::
 constexpr int kOfDisks = 64;
 constexpr int kOfOne = 4;
 
-/// Threads of somebody's own that may have to read what does not answer: their end waits for what
-/// runs there, but not for ever. What is run there must hold what it uses.
-class Pool {
- public:
-  explicit Pool(int threads);
-  ~Pool();
-  Pool(const Pool&) = delete;
-  Pool& operator=(const Pool&) = delete;
+/// Runs something there; it must hold what it uses.
+void Run(const FolderItem& place, std::function<void()> work);
 
-  void Start(std::function<void()> work);
-
- private:
-  std::unique_ptr<QThreadPool> pool_;
-};
-
-/// Counts threads that somebody started, and waits for them as a pool does.
+/// Counts threads that somebody started, and waits for them, but not for ever.
 class Count {
  public:
   void Enter();
@@ -52,7 +40,9 @@ class Count {
   int running_ = 0;
 };
 
-/// Some were left to themselves: the program must end without taking down what they use.
-bool SomeWereLeft();
+/// Waits for what runs on all threads, which was told to end, but not for ever. False if some are
+/// left to themselves, now or by an earlier wait: the program must end without taking down what
+/// they use.
+bool Finish();
 
 }  // namespace brivolant::DiskThreads

@@ -3,6 +3,7 @@
 
 #include <mutex>
 
+#include "browser/DiskThreads.h"
 #include "engine/pictures/SharedPictureEffects.h"
 #include "files/FolderitemExtensions.h"
 #include "formats/ImageFile.h"
@@ -81,9 +82,8 @@ struct PreviewLoader::Work {
   std::atomic<bool> ended = false;
 };
 
-// The one that ends does not hold up the next.
 PreviewLoader::PreviewLoader(std::shared_ptr<const FilePreviewer> previewer)
-    : previewer_(std::move(previewer)), pool_(2) {}
+    : previewer_(std::move(previewer)) {}
 
 PreviewLoader::~PreviewLoader() {
   Stop();
@@ -100,21 +100,24 @@ void PreviewLoader::Stop() {
 void PreviewLoader::Load(const FolderItem& file, int longest, bool lines) {
   Stop();
   work_ = std::make_shared<Work>();
-  pool_.Start([this, work = work_, previewer = previewer_, file, longest, lines] {
-    if (work->ended) return;
-    const DecodeCancellation cancellation(work->ended);
-    auto preview = std::make_shared<FilePreview>(previewer->Of(file, longest, lines));
-    const std::lock_guard lock(work->mutex);
-    if (work->ended) return;
-    QMetaObject::invokeMethod(
-        this,
-        [this, work, preview] {
-          if (work != work_) return;
-          work_.reset();
-          if (Loaded) Loaded(std::move(*preview));
-        },
-        Qt::QueuedConnection);
-  });
+  // One that a dead share holds keeps back none of another disk.
+  DiskThreads::Run(
+      file, [this, work = work_, previewer = previewer_, prepare = Prepare, file, longest, lines] {
+        if (work->ended) return;
+        const DecodeCancellation cancellation(work->ended);
+        auto preview = std::make_shared<FilePreview>(previewer->Of(file, longest, lines));
+        if (prepare) prepare(*preview);
+        const std::lock_guard lock(work->mutex);
+        if (work->ended) return;
+        QMetaObject::invokeMethod(
+            this,
+            [this, work, preview] {
+              if (work != work_) return;
+              work_.reset();
+              if (Loaded) Loaded(std::move(*preview));
+            },
+            Qt::QueuedConnection);
+      });
 }
 
 }  // namespace brivolant

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QImage>
 #include <QObject>
 #include <atomic>
 #include <functional>
@@ -9,7 +10,6 @@
 #include <string>
 #include <vector>
 
-#include "browser/DiskThreads.h"
 #include "platform/files/FolderItem.h"
 #include "platform/pictures/Picture.h"
 #include "platform/values/Date.h"
@@ -23,6 +23,8 @@ struct FilePreview {
   Picture Shown;
   /// The first is the title.
   std::vector<std::string> Lines;
+  /// What a loader's Prepare made of the picture.
+  QImage Image = {};
 };
 
 /// Reads previews. May be used on any thread.
@@ -58,6 +60,9 @@ class PreviewLoader final : public QObject {
   bool Loading() const { return work_ != nullptr; }
   const std::shared_ptr<const FilePreviewer>& Previewer() const { return previewer_; }
 
+  /// Called on the thread that reads, before Loaded: what else takes time. It must hold what it
+  /// uses.
+  std::function<void(FilePreview&)> Prepare;
   /// Raised on the main thread, for the last Load alone.
   std::function<void(FilePreview)> Loaded;
 
@@ -65,7 +70,6 @@ class PreviewLoader final : public QObject {
   std::shared_ptr<const FilePreviewer> previewer_;
   struct Work;
   std::shared_ptr<Work> work_;
-  DiskThreads::Pool pool_;
 };
 
 }  // namespace brivolant

@@ -31,10 +31,10 @@ namespace {
 
 using Steady = std::chrono::steady_clock;
 
-/// Milliseconds between two reports of progress.
-constexpr int kProgress = 200;
-/// Milliseconds between two reports of what comes late.
-constexpr int kLate = 1000;
+/// Between two reports of progress.
+constexpr std::chrono::milliseconds kProgress{200};
+/// Between two reports of what comes late.
+constexpr std::chrono::milliseconds kLate{1000};
 /// Folders of the system: nobody keeps photos there, and they are half of a disk's files.
 constexpr std::array<std::string_view, 17> kSystem{
     "/bin", "/boot", "/dev", "/etc",  "/lib", "/lib32", "/lib64", "/libx32", "/lost+found",
@@ -60,7 +60,7 @@ struct SpotlightQuery::Lane {
 
 /// What the threads of one search share. They hold it as long as they run, whatever becomes of the
 /// query.
-struct SpotlightQuery::Work {
+struct SpotlightQuery::Work : std::enable_shared_from_this<Work> {
   explicit Work(const std::string& query) : text(query), query(query) {}
   SpotlightQuery* owner = nullptr;
   SearchText text;
@@ -196,10 +196,15 @@ void SpotlightQuery::StartLane(const std::shared_ptr<Work>& work, Lane& lane,
 }
 
 void SpotlightQuery::AskShares(const std::shared_ptr<Work>& work) {
+  // One question at a time: a service that is silent gets no thread for each letter typed.
+  static std::atomic<bool> asking = false;
   const FolderItem folder = DesktopShares::Folder();
   const Mount* mount = work->table.Of(folder);
   std::vector<FolderItem> shares;
-  if (mount != nullptr && mount->Root == folder) shares = DesktopShares::Roots(folder);
+  if (mount != nullptr && mount->Root == folder && !asking.exchange(true)) {
+    shares = DesktopShares::Roots(folder);
+    asking = false;
+  }
   const std::lock_guard lock(work->mutex);
   for (const FolderItem& share : shares) {
     Lane& lane = work->lanes.emplace_back();
@@ -240,7 +245,7 @@ void SpotlightQuery::Search(const std::shared_ptr<Work>& work) {
   Divide(*work);
   const bool shares = work->asking > 0;
   ++work->asking;
-  Work::Start(work, [](Work& asked) { AskIndexes(asked); });
+  Work::Start(work, [work](Work&) { AskIndexes(work); });
   if (shares) Work::Start(work, [work](Work&) { AskShares(work); });
   std::unique_lock lock(work->mutex);
   for (Lane& lane : work->lanes) {
@@ -252,19 +257,23 @@ void SpotlightQuery::Search(const std::shared_ptr<Work>& work) {
   }
   lock.lock();
   bool silent = false;
-  while (work->Wanted() && !work->Done()) {
-    work->changed.wait_for(lock, std::chrono::milliseconds(silent ? kLate : kProgress));
-    if (silent && work->hits.size() > work->reported && !work->Done()) {
+  const auto over = [&] { return !work->Wanted() || work->Done(); };
+  while (!over()) {
+    if (silent) {
+      // However much comes: whoever looks at the hits is not disturbed more often.
+      if (work->changed.wait_for(lock, kLate, over) || work->hits.size() == work->reported)
+        continue;
       lock.unlock();
       Hand(work, false);
       lock.lock();
       continue;
     }
+    work->changed.wait_for(lock, kProgress);
     if (!work->lanes.front().Done() || work->paused || work->alive.exchange(false)) {
       work->heard = Steady::now();
     }
     // Whoever is silent now may be so for ever, and nobody waits for that.
-    if (silent || Steady::now() - work->heard <= work->patience) continue;
+    if (Steady::now() - work->heard <= work->patience) continue;
     silent = true;
     lock.unlock();
     Hand(work, false);
@@ -287,25 +296,45 @@ void SpotlightQuery::Report(const std::vector<SpotlightItem>& hits, bool last) {
   if (news && Completed) Completed();
 }
 
-void SpotlightQuery::AskIndexes(Work& work) {
+void SpotlightQuery::AskIndexes(const std::shared_ptr<Work>& work) {
+  const auto look = [](Work& of, const FolderItem& file) {
+    const FileFacts facts =
+        FolderLister::FactsOf(AT_FDCWD, file.Path().c_str(), of.documentExtension);
+    // What has gone since it was indexed is no hit.
+    if (facts.Modified != 0) Add(of, file, facts);
+  };
+  const auto end = [](Work& of) {
+    const std::lock_guard lock(of.mutex);
+    --of.asking;
+    of.changed.notify_all();
+  };
   const auto add = [&](const std::vector<FolderItem>& files) {
     for (const FolderItem& file : files) {
-      if (!work.Wanted()) return;
+      if (!work->Wanted()) return;
       const std::string path = file.ShellPath();
       const std::string name = file.Name();
-      const bool within = std::any_of(work.roots.begin(), work.roots.end(),
+      const bool within = std::any_of(work->roots.begin(), work->roots.end(),
                                       [&](const auto& root) { return Within(path, root); });
-      if (!within || !work.text.In(name)) continue;
-      const FileFacts facts = FolderLister::FactsOf(AT_FDCWD, path.c_str(), work.documentExtension);
-      // What has gone since it was indexed is no hit.
-      if (facts.Modified != 0) Add(work, file, facts);
+      if (!within || !work->text.In(name)) continue;
+      const Mount* mount = work->table.Of(file);
+      if (mount == nullptr || !mount->Apart()) {
+        look(*work, file);
+        continue;
+      }
+      // A share that is silent keeps back its own hits alone.
+      {
+        const std::lock_guard lock(work->mutex);
+        ++work->asking;
+      }
+      DiskThreads::For(file, work->table).start([work, file, look, end] {
+        if (work->Wanted()) look(*work, file);
+        end(*work);
+      });
     }
   };
-  if (const auto files = SearchIndex::AskLocalSearch(work.query, work.ended)) add(*files);
-  if (work.Wanted()) add(SearchIndex::AskBaloo(work.query));
-  const std::lock_guard lock(work.mutex);
-  --work.asking;
-  work.changed.notify_all();
+  if (const auto files = SearchIndex::AskLocalSearch(work->query, work->ended)) add(*files);
+  if (work->Wanted()) add(SearchIndex::AskBaloo(work->query));
+  end(*work);
 }
 
 void SpotlightQuery::Add(Work& work, const FolderItem& file, const FileFacts& facts) {
@@ -371,12 +400,14 @@ void SpotlightQuery::Walk(Work& work, Lane& lane) {
     const std::string folder = std::move(lane.folders.back());
     lane.folders.pop_back();
     ++lane.working;
-    if (work.owner != nullptr && work.reported == 0 && work.since.elapsed() > kProgress) {
+    if (work.owner != nullptr && work.reported == 0 && work.since.elapsed() > kProgress.count()) {
       work.since.restart();
       QMetaObject::invokeMethod(
           work.owner,
-          [owner = work.owner, folder, found = static_cast<int>(work.hits.size())] {
-            if (!owner->IsCompleted() && owner->Progress) owner->Progress(folder, found);
+          [owner = work.owner, of = work.shared_from_this(), folder,
+           found = static_cast<int>(work.hits.size())] {
+            if (of != owner->work_ || owner->completed_) return;
+            if (owner->Progress) owner->Progress(folder, found);
           },
           Qt::QueuedConnection);
     }

@@ -83,7 +83,7 @@ class SpotlightQuery final : public QObject {
   static void Search(const std::shared_ptr<Work>& work);
   static void Walk(Work& work, Lane& lane);
   static void WalkFolder(Work& work, const std::string& folder, std::vector<std::string>& inside);
-  static void AskIndexes(Work& work);
+  static void AskIndexes(const std::shared_ptr<Work>& work);
   static void Add(Work& work, const FolderItem& file, const FileFacts& facts);
   void Report(const std::vector<SpotlightItem>& hits, bool last);
 

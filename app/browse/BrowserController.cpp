@@ -38,7 +38,7 @@ FolderItem Standard(QStandardPaths::StandardLocation location) {
 }
 
 /// Milliseconds that a place may take to say what it is.
-constexpr int kPatience = 40;
+constexpr int kPatience = 20;
 
 /// A folder that answers: one of a share that is dead keeps nobody waiting.
 bool IsThere(const FolderItem& folder) {

@@ -93,11 +93,14 @@ void FileController::AddCommands(Commands& commands) {
   const auto reveal = [this](bool original) {
     asking_.Start({{},
                    false,
-                   [this, original, files = browser_.SelectedFiles()](Jobs::Control&) {
-                     for (const FolderItem& file : files) {
-                       desk_.Desktop.Reveal(original ? FolderitemExtensions::OriginalFile(file)
-                                                     : file);
-                     }
+                   [&desktop = desk_.Desktop, original,
+                    files = browser_.SelectedFiles()](Jobs::Control& control) {
+                     // Where a link leads a disk may be away, and nobody's end waits for it.
+                     (void)control.Apart([&desktop, original, files] {
+                       for (const FolderItem& file : files) {
+                         desktop.Reveal(original ? FolderitemExtensions::OriginalFile(file) : file);
+                       }
+                     });
                    },
                    [](Jobs::End, const std::string&) {}});
   };

@@ -135,12 +135,13 @@ void FileController::TakeBack() {
   if (step->Is == Step::kOther) return step->takeBack();
   if (step->Is == Step::kCopy) return TakeBackCopies(step);
   if (step->Is == Step::kTrash) return TakeBack(step);
-  MoveFile(step->after, step->before, [this, step, select = SelectIfUntouched()](bool moved) {
-    if (!moved) Keep(step);
-    browser_.imageBrowser->ReloadCurrentView();
-    if (moved) select({step->before});
-    if (!moved) Tell(kNotPutBack, step->before);
-  });
+  MoveFile(step->after, step->before,
+           [this, step, select = SelectIfUntouched()](std::error_code error) {
+             if (error) Keep(step);
+             browser_.imageBrowser->ReloadCurrentView();
+             if (!error) select({step->before});
+             if (error) Tell(kNotPutBack, step->before);
+           });
 }
 
 void FileController::TakeBack(const StepPointer& step) {
@@ -173,19 +174,19 @@ void FileController::TakeBack(const StepPointer& step) {
 }
 
 void FileController::MoveFile(const FolderItem& from, const FolderItem& to,
-                              const std::function<void(bool)>& then) {
-  const auto moved = std::make_shared<bool>(false);
+                              const std::function<void(std::error_code)>& then) {
+  const auto error = std::make_shared<std::error_code>();
   // Behind what is being copied or trashed, which would lose its way.
   jobs_.Start({{},
                false,
-               [=](Jobs::Control&) { *moved = !MoveExclusively(from, to); },
-               [this, from, to, moved, then](Jobs::End, const std::string&) {
-                 if (*moved) {
+               [=](Jobs::Control&) { *error = MoveExclusively(from, to); },
+               [this, from, to, error, then](Jobs::End, const std::string&) {
+                 if (!*error) {
                    // The open document goes on where it now is.
                    session_.Relocate(from, to);
                    Moved({{from, to}});
                  }
-                 then(*moved);
+                 then(*error);
                }});
 }
 
@@ -204,12 +205,13 @@ bool FileController::RenameFile(const browserItem& item, const std::string& name
   step->Is = Step::kRename;
   step->before = *file;
   step->after = file->Parent().Child(name);
-  MoveFile(step->before, step->after, [this, step, tell, select = SelectIfUntouched()](bool moved) {
-    if (!moved) return tell(EntryExists(step->after) ? kNameTaken : kNotRenamed);
-    Keep(step);
-    browser_.imageBrowser->ReloadCurrentView();
-    select({step->after});
-  });
+  MoveFile(step->before, step->after,
+           [this, step, tell, select = SelectIfUntouched()](std::error_code error) {
+             if (error) return tell(error == std::errc::file_exists ? kNameTaken : kNotRenamed);
+             Keep(step);
+             browser_.imageBrowser->ReloadCurrentView();
+             select({step->after});
+           });
   return true;
 }
 
@@ -239,15 +241,18 @@ void FileController::SetDesktopPicture() {
   const auto failed = std::make_shared<FolderItem>();
   asking_.Start({{},
                  false,
-                 [this, failed, files = browser_.SelectedFiles()](Jobs::Control&) {
-                   for (const FolderItem& file : files) {
-                     if (desk_.Desktop.SetPicture(file)) continue;
-                     *failed = file;
-                     return;
-                   }
+                 [&desktop = desk_.Desktop, failed,
+                  files = browser_.SelectedFiles()](Jobs::Control& control) {
+                   (void)control.Apart([&desktop, failed, files] {
+                     for (const FolderItem& file : files) {
+                       if (desktop.SetPicture(file)) continue;
+                       *failed = file;
+                       return;
+                     }
+                   });
                  },
-                 [this, failed](Jobs::End, const std::string&) {
-                   if (*failed) Tell(kNoDesktopPicture, *failed);
+                 [this, failed](Jobs::End end, const std::string&) {
+                   if (end == Jobs::End::kDone && *failed) Tell(kNoDesktopPicture, *failed);
                  }});
 }
 

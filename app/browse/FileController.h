@@ -112,9 +112,9 @@ class FileController {
   void TakeBack();
   void TakeBack(const StepPointer& step);
   void TakeBackCopies(const StepPointer& step);
-  /// Gives a file another place or name in a job, and tells whether that was done.
+  /// Gives a file another place or name in a job, and tells why it could not be done.
   void MoveFile(const FolderItem& from, const FolderItem& to,
-                const std::function<void(bool)>& then);
+                const std::function<void(std::error_code)>& then);
   /// What was not taken back can be tried again.
   void Keep(const StepPointer& step);
   bool RenameFile(const browserItem& item, const std::string& name);

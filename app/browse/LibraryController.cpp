@@ -5,6 +5,7 @@
 #include <QStandardPaths>
 #include <mutex>
 
+#include "browser/DiskThreads.h"
 #include "platform/services/SystemServices.h"
 #include "sources/ThreadediPhotoReader.h"
 
@@ -32,7 +33,7 @@ struct LibraryController::Read final : private Log {
   bool ended = false;
 };
 
-LibraryController::LibraryController(const Desk& desk) : desk_(desk), pool_(2) {}
+LibraryController::LibraryController(const Desk& desk) : desk_(desk) {}
 
 LibraryController::~LibraryController() {
   End();
@@ -50,7 +51,8 @@ void LibraryController::ReadPhotoLibrary() {
   if (!iPhotolibrary.empty()) Take({});
   read_ = std::make_shared<Read>();
   const std::string chosen = desk_.Preferences.Value(kLibraryKey, "").ToText();
-  pool_.Start([this, read = read_, chosen] {
+  const FolderItem place = chosen.empty() ? Pictures() : FolderItem(chosen);
+  DiskThreads::Run(place, [this, read = read_, chosen] {
     const FolderItem file = chosen.empty() ? DefaultPhotoLibrary(Pictures()) : FolderItem(chosen);
     const bool found = file && read->reader.ReadXML(file);
     const std::lock_guard lock(read->mutex);

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "app/core/Desk.h"
-#include "browser/DiskThreads.h"
 #include "platform/values/Event.h"
 
 namespace brivolant {
@@ -38,7 +37,6 @@ class LibraryController final : public QObject {
   void End();
   /// The present read; null before the first.
   std::shared_ptr<Read> read_;
-  DiskThreads::Pool pool_;
 };
 
 }  // namespace brivolant

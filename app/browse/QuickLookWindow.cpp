@@ -51,6 +51,9 @@ QuickLookWindow::QuickLookWindow(std::shared_ptr<const FilePreviewer> previewer,
   setAttribute(Qt::WA_TranslucentBackground);
   setMinimumSize(240, 200);
   resize(kDefaultSize);
+  loader_.Prepare = [](FilePreview& preview) {
+    preview.Image = ImageFromPicture(std::exchange(preview.Shown, {}));
+  };
   loader_.Loaded = [this](const FilePreview& preview) { Take(preview); };
   setMouseTracking(true);
   rest_.setSingleShot(true);
@@ -69,6 +72,7 @@ void QuickLookWindow::RemoveAllItems() {
   items_.clear();
   currentImage_ = -1;
   image_ = {};
+  fit_ = {};
   scaled_ = {};
   update();
 }
@@ -128,6 +132,7 @@ void QuickLookWindow::ShowCurrent() {
   zoom_ = 1;
   pan_ = {};
   image_ = {};
+  fit_ = {};
   scaled_ = {};
   loadedSide_ = 0;
   whole_ = true;
@@ -143,6 +148,7 @@ void QuickLookWindow::ShowCurrent() {
   setWindowTitle(title);
   if (!item.Shown.IsNil()) {
     image_ = ImageFromPicture(item.Shown);
+    fit_ = image_;
   } else if (!item.File.IsNil()) {
     image_ = item.Thumbnail;
     whole_ = false;
@@ -164,12 +170,13 @@ void QuickLookWindow::LoadEnough() {
 }
 
 void QuickLookWindow::Take(const FilePreview& preview) {
-  if (preview.Shown.IsNil()) {
+  if (preview.Image.isNull()) {
     // Nothing can be read: a thumbnail that stood for it would promise too much.
     if (loadedSide_ != kEverySide) image_ = {};
     whole_ = true;
   } else {
-    image_ = ImageFromPicture(preview.Shown);
+    image_ = preview.Image;
+    if (loadedSide_ != kEverySide || fit_.isNull()) fit_ = image_;
     whole_ = loadedSide_ == kEverySide || std::max(image_.width(), image_.height()) < loadedSide_;
   }
   scaled_ = {};
@@ -243,10 +250,12 @@ void QuickLookWindow::PaintPicture(QPainter& painter) {
   painter.save();
   if (!isFullScreenMode_) painter.setClipRect(rect().adjusted(1, 20, -1, -kFoot));
   const QSize pixels = (place.size() * devicePixelRatioF()).toSize();
+  // Every pixel was loaded to look closer; for the whole what fits the screen is enough.
+  const QImage& whole = fit_.width() >= pixels.width() ? fit_ : image_;
   if (pixels.width() < image_.width() && zoom_ <= 1) {
     // Once, and well, rather than at every repaint.
     if (scaled_.size() != pixels) {
-      scaled_ = image_.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+      scaled_ = whole.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     }
     painter.drawImage(place, scaled_);
   } else {

@@ -112,6 +112,8 @@ class QuickLookWindow final : public ifkWindow {
   int currentImage_ = -1;
   bool isFullScreenMode_ = false;
   QImage image_;
+  /// No larger than a screen needs; the same, or less than all pixels.
+  QImage fit_;
   /// Longest side that was asked for.
   int loadedSide_ = 0;
   /// There is no more in the file than what is here.

@@ -6,6 +6,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <algorithm>
+#include <utility>
 
 #include "app/browse/SidebarController.h"
 #include "formats/FileTypes.h"
@@ -137,10 +138,12 @@ void SearchController::TextChanged() {
   }
   browser_.DisplayPath(currentSearchItem, true);
   moved_.clear();
+  completed_ = false;
   mySpotlightSearch.Run();
 }
 
 void SearchController::Completed() {
+  const bool late = std::exchange(completed_, true);
   line_->hide();
   browser_.imageBrowser->EmptyText = kNothingFound.Text();
   if (!currentSearchItem) return;
@@ -153,7 +156,8 @@ void SearchController::Completed() {
   currentSearchItem->Follow(moved_);
   // Whoever has gone elsewhere meanwhile stays there.
   if (browser_.imageBrowser->currentView() != BrowserContainer(currentSearchItem)) return;
-  browser_.DisplayInPlace(currentSearchItem);
+  // What comes late takes nobody's selection, place or half-typed name.
+  late ? browser_.imageBrowser->ReloadCurrentView() : browser_.DisplayInPlace(currentSearchItem);
 }
 
 void SearchController::Follow(const FileMoves& moves) {

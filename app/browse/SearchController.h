@@ -55,6 +55,8 @@ class SearchController {
   BrowserController& browser_;
   /// What happened since the search began, which may have been in its folder before.
   FileMoves moved_;
+  /// The present search has reported.
+  bool completed_ = false;
   QWidget* line_ = nullptr;
   QLabel* place_ = nullptr;
   Listening listening_;

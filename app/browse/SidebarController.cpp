@@ -99,7 +99,7 @@ void SidebarController::Wire() {
 void SidebarController::Eject(const VolumeItem& volume) {
   // It waits for the disk, which may have much to write.
   const auto error = std::make_shared<std::string>();
-  ejecting_.Start(
+  asking_.Start(
       {{},
        false,
        [&desktop = desk_.Desktop, root = FolderItem(volume), error](Jobs::Control& control) {
@@ -149,11 +149,7 @@ void SidebarController::WireDrop() {
                                      SideBarCollection& section) {
     if (const FolderItem folder = target(item)) return Dropped(files, folder);
     if (&section != bar_.item[kPlacesSection].get()) return;
-    for (const FolderItem& file : files) {
-      if (file.Directory()) section.Add(file.DisplayName(), {}, file);
-    }
-    bar_.updateList();
-    SavePlaces();
+    AddFolders(files);
   };
 }
 
@@ -220,16 +216,30 @@ void SidebarController::AddPlace(const FolderItem& folder, const std::string& ca
 }
 
 void SidebarController::AddSelected() {
-  SideBarCollection& places = *bar_.item[kPlacesSection];
-  bool added = false;
-  for (const FolderItem& file : browser_.SelectedFiles()) {
-    if (!file.Directory()) continue;
-    places.Add(file.DisplayName(), {}, file);
-    added = true;
-  }
-  if (!added) return;
-  Refresh();
-  SavePlaces();
+  AddFolders(browser_.SelectedFiles());
+}
+
+void SidebarController::AddFolders(const std::vector<FolderItem>& files) {
+  // What comes from a share that is dead is waited for elsewhere.
+  const auto folders = std::make_shared<std::vector<FolderItem>>();
+  asking_.Start({{},
+                 false,
+                 [files, folders](Jobs::Control& control) {
+                   (void)control.Apart([files, folders] {
+                     for (const FolderItem& file : files) {
+                       if (file.Directory()) folders->push_back(file);
+                     }
+                   });
+                 },
+                 [this, folders](Jobs::End end, const std::string&) {
+                   if (end != Jobs::End::kDone || folders->empty()) return;
+                   SideBarCollection& places = *bar_.item[kPlacesSection];
+                   for (const FolderItem& folder : *folders) {
+                     places.Add(folder.DisplayName(), {}, folder);
+                   }
+                   Refresh();
+                   SavePlaces();
+                 }});
 }
 
 void SidebarController::ShowAlbums(const std::vector<std::shared_ptr<iPhotoAlbum>>& albums) {

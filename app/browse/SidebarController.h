@@ -64,6 +64,8 @@ class SidebarController {
   /// Selects what is on show.
   void Highlight();
   void AddSelected();
+  /// The folders among files become places.
+  void AddFolders(const std::vector<FolderItem>& files);
 
   Desk desk_;
   BrowserController& browser_;
@@ -71,7 +73,7 @@ class SidebarController {
   QTimer deviceTimer_;
   /// Those that are shown, and whether they have told of themselves.
   std::vector<std::pair<FolderItem, bool>> volumes_;
-  Jobs ejecting_;
+  Jobs asking_;
   Listening listening_;
 };
 

@@ -55,18 +55,32 @@ Jobs::~Jobs() {
   if (running_->thread.joinable()) running_->thread.join();
 }
 
-bool Jobs::Control::Apart(std::function<void()> look) const {
-  constexpr std::chrono::milliseconds kLookAgain(50);
+namespace {
+
+std::future<void> OnItsOwn(std::function<void()> look) {
   const auto seen = std::make_shared<std::promise<void>>();
-  const std::future<void> done = seen->get_future();
+  std::future<void> done = seen->get_future();
   std::thread([seen, look = std::move(look)] {
     look();
     seen->set_value();
   }).detach();
+  return done;
+}
+
+}  // namespace
+
+bool Jobs::Control::Apart(std::function<void()> look) const {
+  constexpr std::chrono::milliseconds kLookAgain(50);
+  const std::future<void> done = OnItsOwn(std::move(look));
   while (done.wait_for(kLookAgain) != std::future_status::ready) {
     if (Cancelled()) return false;
   }
   return true;
+}
+
+bool Jobs::Within(int milliseconds, std::function<void()> look) {
+  return OnItsOwn(std::move(look)).wait_for(std::chrono::milliseconds(milliseconds)) ==
+         std::future_status::ready;
 }
 
 void Jobs::Start(Job job) {

@@ -65,6 +65,10 @@ class Jobs {
     Jobs& jobs_;
   };
 
+  /// Runs what may never come back on a thread of its own, and waits for it that many milliseconds
+  /// at most. What it uses must be its own. True if it was done.
+  static bool Within(int milliseconds, std::function<void()> look);
+
   Jobs();
   /// Cancels and waits; what still waited for its turn is dropped.
   ~Jobs();

@@ -150,13 +150,25 @@ bool EditSession::SaveOtherwise(Saving& saving, const std::string& why) {
   return true;
 }
 
+namespace {
+
+/// Where something really is, as far as its disk says so at once: of one that is away, its path.
+std::string PlaceOf(const FolderItem& item) {
+  constexpr int kPatience = 20;
+  const auto place = std::make_shared<std::string>();
+  const bool told = Jobs::Within(kPatience, [item, place] { *place = RealPath(item); });
+  return told ? *place : item.ShellPath();
+}
+
+}  // namespace
+
 bool EditSession::LiesIn(const FolderItem& item) const {
   if (!document_ || document_->File.IsNil() || !document_->tFile.IsNil()) return false;
-  if (place_.first != document_->File) place_ = {document_->File, RealPath(document_->File)};
+  if (place_.first != document_->File) place_ = {document_->File, PlaceOf(document_->File)};
   const std::string place = place_.second + "/";
   // Most things are called like nothing on the way to it: no disk is asked about those.
   if (place.find("/" + item.Name() + "/") == std::string::npos) return false;
-  return place.starts_with(RealPath(item) + "/");
+  return place.starts_with(PlaceOf(item) + "/");
 }
 
 void EditSession::Relocate(const FolderItem& from, const FolderItem& to) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "browser/ui/multiViewFileBrowser.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QScrollBar>
 #include <algorithm>
@@ -19,8 +18,8 @@
 namespace brivolant {
 namespace {
 
-/// Milliseconds that a listing may hold the window up.
-constexpr int kPatience = 40;
+/// Milliseconds that a look at a place, and then its listing, may hold the window up.
+constexpr int kPatience = 20;
 /// Milliseconds between two repaints while thumbnails arrive.
 constexpr int kRepaint = 40;
 /// Milliseconds of quiet after which a changed folder is listed again.
@@ -178,8 +177,13 @@ void multiViewFileBrowser::Watch(const FolderItem& folder) {
   if (folder) watcher_ = std::make_unique<FolderWatch>(folder, [this] { reload_.start(); });
 }
 
+void multiViewFileBrowser::DisplayItem(const Container& value) {
+  const auto* folder = std::get_if<FolderItem>(&value);
+  DisplayItem(value, folder ? FolderLister::Look(*folder, kPatience) : std::nullopt);
+}
+
 void multiViewFileBrowser::DisplayItem(const Container& value,
-                                       const std::optional<FolderLister::Place>& known) {
+                                       const std::optional<FolderLister::Place>& found) {
   EndRename(false);
   getter_.Kill();
   getter_.item.clear();
@@ -187,16 +191,10 @@ void multiViewFileBrowser::DisplayItem(const Container& value,
   slowReload_ = false;
   reload_.stop();
   Container container = value;
-  QElapsedTimer since;
-  since.start();
-  std::optional<FolderLister::Place> place;
-  if (const auto* folder = std::get_if<FolderItem>(&container)) {
-    // A link is shown as what it leads to; one that leads nowhere shows nothing. A place that does
-    // not answer is shown as it is called, and waited for elsewhere.
-    place = known ? known : FolderLister::Look(*folder, kPatience);
-    if (place && place->Gone && place->Real.Alias()) return;
-    if (place) container = place->Real;
-  }
+  // A link is shown as what it leads to; one that leads nowhere shows nothing. A place that does
+  // not answer is shown as it is called, and waited for elsewhere.
+  if (found && found->Gone && found->Real.Alias()) return;
+  if (found) container = found->Real;
   wanted_.clear();
   if (!reloading_) {
     ++choices_;
@@ -214,12 +212,12 @@ void multiViewFileBrowser::DisplayItem(const Container& value,
   currentView_ = container;
   const FolderItem folder = CurrentFolder();
   // A slow folder that is read again is watched already.
-  if (place || !reloading_) Watch(place ? folder : FolderItem());
+  if (found || !reloading_) Watch(found ? folder : FolderItem());
   if (folder) {
     // What was silent once is not waited for again.
     lister_.List(folder,
                  {rows_.SortColumn(), rows_.Descending(), showInvisibles, DocumentExtension},
-                 place ? std::max(kPatience - static_cast<int>(since.elapsed()), 0) : 0);
+                 found ? kPatience : 0);
     if (Listing() && !reloading_ && ListChanged) ListChanged();
     Update();
     return;

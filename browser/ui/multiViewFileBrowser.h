@@ -83,8 +83,9 @@ class multiViewFileBrowser final : public QWidget {
   const Container& currentView() const { return currentView_; }
   /// The folder on show, or nil.
   FolderItem CurrentFolder() const;
-  void DisplayItem(const Container& value,
-                   const std::optional<FolderLister::Place>& known = std::nullopt);
+  void DisplayItem(const Container& value);
+  /// The same of a folder that was looked at already; nothing if it did not answer.
+  void DisplayItem(const Container& value, const std::optional<FolderLister::Place>& found);
   /// Lists again; what is still there keeps its selection and its thumbnail.
   void ReloadCurrentView();
   /// True until the listing is complete.
