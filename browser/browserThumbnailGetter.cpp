@@ -112,6 +112,7 @@ struct browserThumbnailGetter::Result {
 
 /// What the threads share. They hold it as long as they run, whatever becomes of the getter.
 struct browserThumbnailGetter::Work {
+  const MountTable table = MountTable::Now();
   std::mutex mutex;
   std::atomic<bool> ended = false;
   /// Pixels that a picture needs from now on.
@@ -259,8 +260,6 @@ void browserThumbnailGetter::Start() {
       // The window comes first: these threads yield to it.
       constexpr int kNice = 5;
       (void)setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), kNice);
-      const ThreadLimit one(1);
-      const DecodeCancellation cancellation(work->ended);
       for (;;) {
         Result result;
         ThumbnailMaker::Made made;
@@ -269,29 +268,45 @@ void browserThumbnailGetter::Start() {
           maker->Store(made);
           continue;
         }
-        if (const FolderItem file = result.item->File();
-            file && std::holds_alternative<FolderItem>(result.item->item)) {
-          made = maker->Look(file, result.side > ThumbnailCache::kLarge ? ThumbnailCache::kXLarge
-                                                                        : ThumbnailCache::kLarge);
-          result.image = Reduced(made.image, result.side);
+        const FolderItem file = result.item->File();
+        const Mount* mount = file ? work->table.Of(file) : nullptr;
+        if (mount == nullptr || !mount->Apart()) {
+          Make(work, *maker, std::move(result));
+          continue;
         }
-        // Under the lock the object is there, as long as the work has not ended.
-        const std::lock_guard guard(work->mutex);
-        if (work->ended) continue;
-        work->results.push_back(std::move(result));
-        if (made.news != ThumbnailMaker::Made::kNothing) {
-          work->unstored.push_back(std::move(made));
-        }
-        if (std::exchange(work->delivering, true)) continue;
-        QMetaObject::invokeMethod(
-            this,
-            [this, work] {
-              if (work == work_) Deliver();
-            },
-            Qt::QueuedConnection);
+        // A share that is silent keeps back its own pictures alone, and no thread for each run.
+        DiskThreads::For(file, work->table)
+            .start([this, work, maker, wanted = std::move(result)]() mutable {
+              if (!work->ended) Make(work, *maker, std::move(wanted));
+            });
       }
     }).detach();
   }
+}
+
+void browserThumbnailGetter::Make(const std::shared_ptr<Work>& work, const ThumbnailMaker& maker,
+                                  Result result) {
+  const ThreadLimit one(1);
+  const DecodeCancellation cancellation(work->ended);
+  ThumbnailMaker::Made made;
+  if (const FolderItem file = result.item->File();
+      file && std::holds_alternative<FolderItem>(result.item->item)) {
+    made = maker.Look(file, result.side > ThumbnailCache::kLarge ? ThumbnailCache::kXLarge
+                                                                 : ThumbnailCache::kLarge);
+    result.image = Reduced(made.image, result.side);
+  }
+  // Under the lock the object is there, as long as the work has not ended.
+  const std::lock_guard guard(work->mutex);
+  if (work->ended) return;
+  work->results.push_back(std::move(result));
+  if (made.news != ThumbnailMaker::Made::kNothing) work->unstored.push_back(std::move(made));
+  if (std::exchange(work->delivering, true)) return;
+  QMetaObject::invokeMethod(
+      this,
+      [this, work] {
+        if (work == work_) Deliver();
+      },
+      Qt::QueuedConnection);
 }
 
 void browserThumbnailGetter::Deliver() {
@@ -303,6 +318,8 @@ void browserThumbnailGetter::Deliver() {
     work->delivering = false;
     for (const Result& result : results) work->busy.erase(result.item.get());
   }
+  // What came from a share is stored by threads that may have gone.
+  Start();
   for (Result& result : results) {
     result.item->imageSide = result.side;
     if (!result.image.isNull()) {

@@ -83,6 +83,8 @@ class browserThumbnailGetter final : public QObject {
   struct Work;
   struct Result;
   void Start();
+  /// Makes one picture and hands it over; on any thread.
+  void Make(const std::shared_ptr<Work>& work, const ThumbnailMaker& maker, Result result);
   void Deliver();
   void Keep(const std::shared_ptr<browserItem>& item);
 

@@ -335,6 +335,20 @@ TEST(Collections, RowsFollowTheirFiles) {
   found.Follow({{{}, FolderItem("/a/1.jpg")}});
   found.Follow({{{}, FolderItem("/b")}});
   EXPECT_EQ(paths(), before);
+  // Many at once, those of a folder among them, and back in another order.
+  found.Follow({{FolderItem("/c.jpg"), {}}, {FolderItem("/b"), {}}, {FolderItem("/a/1.jpg"), {}}});
+  EXPECT_THAT(paths(), ElementsAre("/bb/3.jpg"));
+  found.Follow({{{}, FolderItem("/b/2.jpg")}, {{}, FolderItem("/c.jpg")}});
+  EXPECT_THAT(paths(), ElementsAre("/bb/3.jpg", "/b/2.jpg", "/c.jpg"));
+  found.Follow({{{}, FolderItem("/a/1.jpg")},
+                {{}, FolderItem("/b")},
+                {FolderItem("/c.jpg"), {}},
+                {{}, FolderItem("/c.jpg")}});
+  EXPECT_THAT(paths(), testing::UnorderedElementsAreArray(before));
+  found = {};
+  for (const std::string& path : before) {
+    found.AddItem(std::make_shared<browserItem>(FolderItem(path)));
+  }
   found.Follow({{FolderItem("/b"), FolderItem("/new")}});
   EXPECT_THAT(paths(), ElementsAre("/a/1.jpg", "/new", "/new/2.jpg", "/bb/3.jpg", "/c.jpg"));
   EXPECT_EQ(std::get<std::shared_ptr<browserItem>>(found.Item(1))->Name, "new");

@@ -163,6 +163,7 @@ TEST(SpotlightQuery, AShareThatIsSilentHoldsNothingUpAndAddsWhatItHasWhenItAnswe
       if (entered == share) answer.acquire();
     };
     std::vector<std::vector<std::string>> reports;
+    query.Progress = [&](const std::string&, int) { EXPECT_FALSE(query.IsCompleted()); };
     query.Completed = [&] { reports.push_back(NamesFound(query)); };
     query.Run();
     ASSERT_TRUE(Wait([&] { return !reports.empty() && reports.back().size() == 2; }));

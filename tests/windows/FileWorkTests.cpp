@@ -362,24 +362,26 @@ TEST(Dragging, FromTheBrowserIntoAFolderCopiesAndASlipWithinAFolderDoesNothing) 
 
 TEST(Copying, ThatIsCancelledLeavesWholeFilesThatUndoTakesBack) {
   Browsing program({"a.jpg"});
-  const FolderItem many = program.home.Child("many");
-  ASSERT_FALSE(many.CreateAsFolder());
-  constexpr int kFiles = 400;
-  for (int i = 0; i < kFiles; ++i) {
-    program.home.Write("many/" + std::to_string(i) + ".jpg", "one photo");
+  ASSERT_FALSE(program.home.Child("many").CreateAsFolder());
+  std::vector<FolderItem> files;
+  for (int i = 0; i < 2000; ++i) {
+    files.push_back(program.home.Write("many/photo " + std::to_string(i) + ".jpg", "one photo"));
   }
-  program.Window().CopyFilesInto({many, program.home.Write("other.jpg", "other")},
-                                 program.Pictures());
+  program.Window().CopyFilesInto(files, program.Pictures());
   Jobs& work = program.Window().FileWork();
-  ASSERT_TRUE(work.Busy());
   EXPECT_TRUE(work.CanCancel());
+  // Once some are there.
+  while (work.Busy() && !program.Pictures().Child("photo 2.jpg").Exists()) {
+  }
   work.Cancel();
   Settle();
-  const FolderItem copied = program.Pictures().Child("many");
-  EXPECT_LT(std::ssize(copied.Children()), kFiles);
-  EXPECT_FALSE(program.Pictures().Child("other.jpg").Exists());
-  for (const FolderItem& file : copied.Children()) EXPECT_EQ(ReadFile(file), "one photo");
-  if (copied.Exists()) program.Choose("EditUndo");
+  const std::vector<FolderItem> copied = program.Pictures().Children();
+  EXPECT_GT(copied.size(), 3U);
+  EXPECT_LT(copied.size(), files.size());
+  for (const FolderItem& file : copied) {
+    EXPECT_TRUE(file.Name() == "a.jpg" || ReadFile(file) == "one photo") << file.Name();
+  }
+  program.Choose("EditUndo");
   EXPECT_TRUE(program.Shows({"a.jpg"}));
 }
 
