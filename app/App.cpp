@@ -239,10 +239,10 @@ void App::Take(const FolderItem& item) {
     return;
   }
   if (!window_) return;
-  if (BrivolantDocument::IsDocument(item)) return Replace(item);
+  // Its disk may be away, and who waits for it can give it up.
   Look({item}, [this, item](const std::vector<Looked>& looked) {
-    if (looked.front().Folder) return window_->DisplayContainer(item);
-    Replace(item);
+    const bool folder = looked.front().Folder && !BrivolantDocument::IsDocument(item);
+    folder ? window_->DisplayContainer(item) : Replace(item);
   });
 }
 

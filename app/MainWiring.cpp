@@ -63,10 +63,15 @@ void MainWindow::WireSession() {
   }));
   listening_.push_back(session_.Changed.Listen([this] {
     Modified(session_.Dirty());
-    // Edits may be pasted while the browser is in view.
-    if (DisplayPane == kBrowserPane && session_.Dirty()) LastDirty = true;
+    // Edits may be pasted, and taken back, while the browser is in view.
+    if (DisplayPane != kBrowserPane) return;
+    if (session_.Dirty()) {
+      LastDirty = true;
+    } else if (session_.SameAsSaved()) {
+      LastDirty = false;
+    }
   }));
-  listening_.push_back(session_.Saved.Listen([this] { LastDirty = false; }));
+  listening_.push_back(session_.Saved.Listen([this] { LastDirty = session_.Dirty(); }));
   listening_.push_back(session_.Opened.Listen([this] {
     LastDirty = session_.Dirty();
     SwapDisplay(kEditorPane);

@@ -17,6 +17,7 @@
 #include "app/MainWindow.h"
 #include "app/SingleInstance.h"
 #include "app/core/GlobalApplicationSpecificProperties.h"
+#include "app/core/Jobs.h"
 #include "app/core/Translations.h"
 #include "browser/DiskThreads.h"
 #include "engine/ui/EditorDisplay.h"
@@ -225,6 +226,11 @@ int Run(int argc, char** argv) {
   app.Close();
   // Nobody else runs, so what lies in temporary folders was left by a crash.
   if (role == SingleInstance::Role::kOwner) app.RemoveLeftovers();
+  if (!DiskThreads::Finish() || Jobs::SomeAreApart()) {
+    // A disk holds a thread that works with what would be taken down now.
+    std::fflush(nullptr);
+    std::_Exit(code);
+  }
   return code;
 }
 
@@ -232,11 +238,6 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   const int code = Run(argc, argv);
-  if (!brivolant::DiskThreads::Finish()) {
-    // A disk holds a thread that works with what would be taken down now.
-    std::fflush(nullptr);
-    std::_Exit(code);
-  }
   brivolant::ShutDownCodecs();
   return code;
 }

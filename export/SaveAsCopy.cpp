@@ -40,7 +40,8 @@ Outcome Run(const Job& job, const Services& services, const std::function<bool(d
     error = CodecMessage(codecTexts::kNoMemory, job.File);
     return Outcome::kFailed;
   }
-  const FolderItem working = job.File.Exists() ? WorkingName::Beside(job.File, true) : job.File;
+  // Writing takes time, and what somebody else puts at the place meanwhile stays.
+  const FolderItem working = WorkingName::Beside(job.File, true);
   const std::array<EncodeImage, 1> images{{{result, job.Quality}}};
   error = EncodeImageFile(working, job.Type, images);
   if (!error.empty()) return Outcome::kFailed;
@@ -50,10 +51,9 @@ Outcome Run(const Job& job, const Services& services, const std::function<bool(d
     }
     return Outcome::kDone;
   };
-  if (working == job.File) return lacks();
+  if (!MoveExclusively(working, job.File)) return lacks();
   // What stood there is not lost: it waits in the trash.
   const auto trashed = FolderitemExtensions::PutInTrash(job.File);
-  // Nor is what somebody else puts there meanwhile.
   if (trashed && !MoveExclusively(working, job.File)) return lacks();
   (void)working.Delete();
   // What could not be replaced stands where it was.

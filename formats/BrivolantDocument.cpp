@@ -76,7 +76,7 @@ void BrivolantDocument::TakeOver(const BrivolantDocument& saved) {
   FileDataVersion = saved.FileDataVersion;
   session_ = saved.session_;
   heldOriginal_ = saved.heldOriginal_;
-  listed_.reset();
+  listed_ = saved.listed_;
   stateOnDisk_ = saved.stateOnDisk_;
   savedStyle_ = saved.savedStyle_;
   midSizePreview_.reset();

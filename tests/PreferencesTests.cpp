@@ -110,10 +110,15 @@ TEST(Preferences, AreWrittenBesideTheWindowAndWhatFailedIsTriedAgain) {
     // Nothing can be made where a file stands.
     folder.Write("later", "x");
     preferences.Assign("a", "first");
+    preferences.Assign("again", "old");
     preferences.SynchronizeSoon();
     preferences.Synchronize();
     EXPECT_EQ(log.lines.size(), 1U);
     ASSERT_FALSE(later.Delete());
+    preferences.Assign("again", "new");
+    preferences.SynchronizeSoon();
+    preferences.Synchronize();
+    EXPECT_EQ(preferences.Value("again").ToText(), "new");
     preferences.Assign("b", 2);
     preferences.SynchronizeSoon();
     preferences.Assign("c", 3);
@@ -121,6 +126,7 @@ TEST(Preferences, AreWrittenBesideTheWindowAndWhatFailedIsTriedAgain) {
   }
   const Preferences kept(kID, later, log);
   EXPECT_EQ(kept.Value("a").ToText(), "first");
+  EXPECT_EQ(kept.Value("again").ToText(), "new");
   EXPECT_EQ(kept.Value("b").ToInt(), 2);
   EXPECT_EQ(kept.Value("c").ToInt(), 3);
   EXPECT_EQ(log.lines.size(), 1U);

@@ -17,6 +17,8 @@ struct Jobs::Running {
   Job job;
   Control control;
   std::thread thread;
+  /// Ready once the thread has done its piece.
+  std::future<void> ended;
   /// Counts the pieces of work.
   int piece = 0;
   bool failed = false;
@@ -52,35 +54,59 @@ Jobs::~Jobs() {
   waiting_.clear();
   if (!running_) return;
   running_->control.cancelled_ = true;
-  if (running_->thread.joinable()) running_->thread.join();
+  if (!running_->thread.joinable()) return;
+  // Work that was told to end does so soon, unless a disk holds it that may never answer. Nothing
+  // it uses can be taken down then, and whoever starts the program anew is not to wait for this
+  // one.
+  constexpr std::chrono::seconds kParting(10);
+  if (running_->ended.wait_for(kParting) != std::future_status::ready) std::_Exit(EXIT_SUCCESS);
+  running_->thread.join();
 }
 
 namespace {
 
+std::atomic<int> apart = 0;
+
 std::future<void> OnItsOwn(std::function<void()> look) {
   const auto seen = std::make_shared<std::promise<void>>();
   std::future<void> done = seen->get_future();
+  ++apart;
   std::thread([seen, look = std::move(look)] {
-    look();
-    seen->set_value();
+    try {
+      look();
+      --apart;
+      seen->set_value();
+    } catch (...) {
+      --apart;
+      seen->set_exception(std::current_exception());
+    }
   }).detach();
   return done;
 }
 
 }  // namespace
 
+bool Jobs::SomeAreApart() {
+  return apart > 0;
+}
+
 bool Jobs::Control::Apart(std::function<void()> look) const {
   constexpr std::chrono::milliseconds kLookAgain(50);
-  const std::future<void> done = OnItsOwn(std::move(look));
+  std::future<void> done = OnItsOwn(std::move(look));
   while (done.wait_for(kLookAgain) != std::future_status::ready) {
     if (Cancelled()) return false;
   }
+  done.get();
   return true;
 }
 
 bool Jobs::Within(int milliseconds, std::function<void()> look) {
-  return OnItsOwn(std::move(look)).wait_for(std::chrono::milliseconds(milliseconds)) ==
-         std::future_status::ready;
+  std::future<void> done = OnItsOwn(std::move(look));
+  if (done.wait_for(std::chrono::milliseconds(milliseconds)) != std::future_status::ready) {
+    return false;
+  }
+  done.get();
+  return true;
 }
 
 void Jobs::Start(Job job) {
@@ -166,12 +192,16 @@ void Jobs::Begin(Job job, bool cancelled) {
 
 void Jobs::Work() {
   const int piece = ++running_->piece;
-  running_->thread = std::thread([this, piece, held = running_] {
-    held->Attempt([&] {
-      if (held->job.Work) held->job.Work(held->control);
-    });
-    Tell(held, piece);
-  });
+  std::promise<void> ended;
+  running_->ended = ended.get_future();
+  running_->thread =
+      std::thread([this, piece, held = running_, ended = std::move(ended)]() mutable {
+        held->Attempt([&] {
+          if (held->job.Work) held->job.Work(held->control);
+        });
+        Tell(held, piece);
+        ended.set_value();
+      });
 }
 
 void Jobs::Tell(const std::shared_ptr<Running>& finished, int piece) {

@@ -68,6 +68,8 @@ class Jobs {
   /// Runs what may never come back on a thread of its own, and waits for it that many milliseconds
   /// at most. What it uses must be its own. True if it was done.
   static bool Within(int milliseconds, std::function<void()> look);
+  /// Something that was begun so has not come back: what it may use must not be taken down.
+  static bool SomeAreApart();
 
   Jobs();
   /// Cancels and waits; what still waited for its turn is dropped.

@@ -50,12 +50,11 @@ void StylesController::StyleMenu(int index, const QPoint& at) {
       desk_.Services.Dialogs.Message(kNoMailProgram.Text(), {});
     }
   } else if (tag == "REMOVE") {
-    RemoveStyle(index);
+    RemoveStyle(style);
   }
 }
 
-void StylesController::RemoveStyle(int index) {
-  const auto style = desk_.Styles.item(index);
+void StylesController::RemoveStyle(const std::shared_ptr<OneClickWonder>& style) {
   const Question question{
       WithPlaceholders(kDelete1ClickMessage.Text(), {{"<filename>", style->Name()}}),
       kDelete1ClickExplaination.Text(),
@@ -69,7 +68,13 @@ void StylesController::RemoveStyle(int index) {
                                    {});
     return;
   }
-  bar_.Remove(index);
+  // While the menu and the question were open, other styles may have come and gone.
+  for (int index = 0; index < desk_.Styles.Count(); ++index) {
+    if (desk_.Styles.item(index) == style) {
+      bar_.Remove(index);
+      break;
+    }
+  }
   desk_.Styles.Remove(*style);
   session_.SelectStyle(bar_.SelectedItem < 0 ? -1 : SelectionOf(bar_.SelectedItem));
 }

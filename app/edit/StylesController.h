@@ -83,7 +83,7 @@ class StylesController {
   void HoverStyle(int index);
   bool ApplyOneClick(int index);
   void StyleMenu(int index, const QPoint& at);
-  void RemoveStyle(int index);
+  void RemoveStyle(const std::shared_ptr<OneClickWonder>& style);
 
   Desk desk_;
   EditSession& session_;

@@ -146,8 +146,9 @@ EffectModuleOverlay* EditSession::Overlay() {
 void EditSession::LayReady(
     std::function<EffectModuleOverlay::Ready(const std::string& name, const FolderItem& copy)> make,
     std::function<void(EffectModuleOverlay::Ready)> take) {
-  jobs_.WhenIdle([this, make = std::move(make), take = std::move(take)] {
-    if (Overlay() == nullptr) return;
+  // Before what arrived while a file was chosen: it is meant for the photo that is open now.
+  jobs_.First([this, of = documents_, make = std::move(make), take = std::move(take)] {
+    if (of != documents_ || Overlay() == nullptr) return;
     Settling();
     const std::string name = otherSharedComponents::NewGUID(desk_.Services.Random);
     const FolderItem copy = desk_.Services.TemporaryFiles.Child(name);

@@ -12,10 +12,11 @@ CopiedEdits EditSession::Edits() const {
 }
 
 void EditSession::PasteStyle(const std::string& data) {
+  // The clipboard holds the stacks alone; their pictures come from where it was copied, and stay
+  // within reach until they are here.
   CopiedEdits edits;
+  if (Copied && Copied->StyleData == data) edits = *Copied;
   edits.StyleData = data;
-  // The clipboard holds the stacks alone; their pictures come from where it was copied.
-  if (Copied && Copied->StyleData == data) edits.Pasted = Copied->Pasted;
   PasteEdits(edits, false, false, {});
 }
 
@@ -23,8 +24,9 @@ void EditSession::PasteEdits(const CopiedEdits& edits, bool crop, bool turns, Ar
   if (!document_) return;
   // Where each picture is copied to that the document does not have yet.
   const auto copies = std::make_shared<PastedFiles>();
+  const PastedFiles has = document_->PastedImages();
   for (const auto& [name, file] : edits.Pasted) {
-    if (document_->PastedImage(name).Exists()) continue;
+    if (has.contains(name)) continue;
     (*copies)[name] = desk_.Services.TemporaryFiles.Child(name);
   }
   const auto give = [this, edits, crop, turns, copies, after = std::move(around.After)] {

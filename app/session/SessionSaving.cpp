@@ -152,23 +152,36 @@ bool EditSession::SaveOtherwise(Saving& saving, const std::string& why) {
 
 namespace {
 
-/// Where something really is, as far as its disk says so at once: of one that is away, its path.
-std::string PlaceOf(const FolderItem& item) {
+/// Where something really is; nothing if its disk does not say so at once.
+std::optional<std::string> PlaceOf(const FolderItem& item) {
   constexpr int kPatience = 20;
   const auto place = std::make_shared<std::string>();
   const bool told = Jobs::Within(kPatience, [item, place] { *place = RealPath(item); });
-  return told ? *place : item.ShellPath();
+  return told ? std::optional(*place) : std::nullopt;
+}
+
+/// There is a folder or package of that name on the way.
+bool Passes(const std::string& place, const std::string& name) {
+  return (place + "/").find("/" + name + "/") != std::string::npos;
 }
 
 }  // namespace
 
 bool EditSession::LiesIn(const FolderItem& item) const {
   if (!document_ || document_->File.IsNil() || !document_->tFile.IsNil()) return false;
-  if (place_.first != document_->File) place_ = {document_->File, PlaceOf(document_->File)};
-  const std::string place = place_.second + "/";
+  const std::string named = document_->File.ShellPath();
+  if (document_->File == item || named.starts_with(item.ShellPath() + "/")) return true;
+  if (place_.first != document_->File) {
+    if (const auto real = PlaceOf(document_->File)) place_ = {document_->File, *real};
+  }
+  const bool known = place_.first == document_->File;
   // Most things are called like nothing on the way to it: no disk is asked about those.
-  if (place.find("/" + item.Name() + "/") == std::string::npos) return false;
-  return place.starts_with(PlaceOf(item) + "/");
+  if (!Passes(known ? place_.second : named, item.Name())) return false;
+  const auto real = PlaceOf(item);
+  // Of what does not answer, the name alone says that it may be: one question too many loses
+  // nothing.
+  if (!known || !real) return true;
+  return (place_.second + "/").starts_with(*real + "/");
 }
 
 void EditSession::Relocate(const FolderItem& from, const FolderItem& to) {

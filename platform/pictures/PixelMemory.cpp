@@ -74,7 +74,7 @@ void Unmap(const Block& block) {
 /// One block at most is kept, so the memory in use never exceeds its own peak by more than it.
 class KeptBlock {
  public:
-  ~KeptBlock() { Unmap(block_); }
+  ~KeptBlock() { Unmap(std::exchange(block_, {})); }
 
   Block Take(std::size_t size) {
     Block useless;

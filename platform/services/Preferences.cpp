@@ -209,8 +209,14 @@ void Preferences::Store::Run() {
     const bool written = Write(changes, fresh, said);
     lock.lock();
     lines.insert(lines.end(), said.begin(), said.end());
-    for (int i = 0; !written && i < changes.Count(); ++i) {
-      failed.Value(changes.Key(i).ToText(), changes.ValueAt(i));
+    // What is newer takes the place of what failed before.
+    for (int i = 0; i < changes.Count(); ++i) {
+      const std::string key = changes.Key(i).ToText();
+      if (!written) {
+        failed.Value(key, changes.ValueAt(i));
+      } else if (failed.HasKey(key)) {
+        failed.Remove(key);
+      }
     }
   }
   running = false;
