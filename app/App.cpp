@@ -15,6 +15,7 @@
 #include "app/ProgressDialog.h"
 #include "app/core/ApplicationServices.h"
 #include "app/core/GlobalApplicationSpecificProperties.h"
+#include "app/core/WorkerServices.h"
 #include "browser/SideBarItem.h"
 #include "engine/ui/EffectStackEditor.h"
 #include "files/FolderitemExtensions.h"
@@ -150,7 +151,7 @@ void App::SaveUserDetails() {
   preferences_->Assign("usersEmailApp", usersEmailApp);
   preferences_->Assign("usersFullName", usersFullName);
   preferences_->Assign("userTagImages", userTagImages);
-  preferences_->Synchronize();
+  preferences_->SynchronizeSoon();
 }
 
 void App::Close() {
@@ -212,7 +213,8 @@ void App::Look(const std::vector<FolderItem>& items,
       {text, true, [look, seen](Jobs::Control& control) { *seen = control.Apart(look); },
        [looked, seen, then = std::move(then)](Jobs::End, const std::string&) {
          if (*seen) then(*looked);
-       }});
+       },
+       nullptr, true});
 }
 
 void App::OpenDocument(const FolderItem& item) {
@@ -253,26 +255,53 @@ void App::Replace(const FolderItem& item) {
   });
 }
 
-void App::InstallStyle(const FolderItem& file) {
-  styles_->Load();
-  OneClickWonder style(*styleServices_);
-  const FolderItem& folder = styles_->usersCustomWondersFolder;
-  bool installed = style.Load(file) && folder;
-  OneClickWonderStorage::Style added;
-  if (installed && file.Parent() == folder) {
-    (void)styles_->Refresh();
-  } else if (installed) {
+/// A style that is being installed. What it uses is its own, since its disk may never answer.
+struct App::Installing {
+  explicit Installing(const brivolant::Services& owner) : worker(owner), style(worker.All()) {}
+  WorkerServices worker;
+  OneClickWonder style;
+  FolderItem target;
+  bool done = false;
+  /// Moves the file into the folder, or copies it where it cannot be moved.
+  void Run(const FolderItem& file, const FolderItem& folder) {
+    if (!style.Load(file) || !folder) return;
+    done = true;
+    if (file.Parent() == folder) return;
     // A style of that name may be there; neither replaces the other.
     style.GenerateFile(folder);
-    const FolderItem target = style.File;
-    installed = !file.MoveFileTo(target) || !file.CopyFileTo(target);
-    if (installed) added = styles_->Add(target);
+    target = style.File;
+    done = !file.MoveFileTo(target) || !file.CopyFileTo(target);
   }
-  if (!installed) {
+};
+
+void App::InstallStyle(const FolderItem& file) {
+  styles_->Load();
+  const auto installing = std::make_shared<Installing>(*styleServices_);
+  const auto run = [installing, file, folder = styles_->usersCustomWondersFolder] {
+    installing->Run(file, folder);
+  };
+  if (!window_) {
+    run();
+    return Installed(file, *installing);
+  }
+  const auto done = std::make_shared<bool>(false);
+  window_->Session().Work().Start(
+      {WithPlaceholders(EditSession::kOpeningImage.Text(), {{"<filename>", file.DisplayName()}}),
+       true, [run, done](Jobs::Control& control) { *done = control.Apart(run); },
+       [this, file, installing, done](Jobs::End, const std::string&) {
+         if (*done) Installed(file, *installing);
+       },
+       nullptr, true});
+}
+
+void App::Installed(const FolderItem& file, Installing& installing) {
+  const OneClickWonder& style = installing.style;
+  if (!installing.done) {
     dialogs_->Message(
         WithPlaceholders(kUnableToLoad1Click.Text(), {{"<filename>", file.DisplayName()}}), {});
     return;
   }
+  installing.target ? (void)styles_->Add(installing.target) : (void)styles_->Refresh();
   const auto last = static_cast<int>(OneClickWonderStorage::CategoryName.size()) - 1;
   const std::string category =
       OneClickWonderStorage::CategoryName

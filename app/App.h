@@ -170,7 +170,9 @@ class App final : public UserDetails {
   void Take(const FolderItem& item);
   /// Asks what is to become of the photo in work, then opens.
   void Replace(const FolderItem& item);
+  struct Installing;
   void InstallStyle(const FolderItem& file);
+  void Installed(const FolderItem& file, Installing& installing);
 
   QApplication& application_;
   std::shared_ptr<browserItemCollection> computer_;

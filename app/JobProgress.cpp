@@ -18,6 +18,8 @@ namespace {
 constexpr LocalizedText kUpdatingPreview{"MainWindow.kUpdatingPreview", "Updating Preview..."};
 /// Milliseconds that work may take before it is told of: a label that only flickers helps nobody.
 constexpr int kPatience = 250;
+/// The same of what is usually done soon, but may wait for a disk: from then on it can be given up.
+constexpr int kLong = 2500;
 /// Between two looks at how far it is.
 constexpr int kLook = 50;
 constexpr int kSteps = 100;
@@ -52,6 +54,9 @@ JobProgress::JobProgress(Jobs& jobs, QWidget& window, ProgressDialog& label, boo
   patience_.setSingleShot(true);
   patience_.setInterval(kPatience);
   look_.setInterval(kLook);
+  long_.setSingleShot(true);
+  long_.setInterval(kLong);
+  connect(&long_, &QTimer::timeout, this, [this] { Look(); });
   connect(&patience_, &QTimer::timeout, this, [this] { Look(); });
   connect(&look_, &QTimer::timeout, this, [this] { Look(); });
   listening_.push_back(jobs_.Started.Listen([this] { Begin(); }));
@@ -64,12 +69,15 @@ JobProgress::~JobProgress() {
 
 void JobProgress::Begin() {
   if (locks_) qApp->installEventFilter(this);
-  if (!jobs_.Text().empty()) patience_.start();
+  if (jobs_.Text().empty()) return;
+  patience_.start();
+  if (jobs_.Unmeasured()) long_.start();
 }
 
 void JobProgress::End() {
   qApp->removeEventFilter(this);
   patience_.stop();
+  long_.stop();
   look_.stop();
   // Not at once: this may be said from within a call of the dialog.
   if (dialog_ != nullptr) {
@@ -83,12 +91,15 @@ void JobProgress::End() {
 
 void JobProgress::Look() {
   const QString text = ToQString(jobs_.Text());
-  if (!jobs_.CanCancel()) {
+  if (!jobs_.CanCancel() || long_.isActive()) {
     labelled_ = true;
     return label_.Show(jobs_.Text(), &window_);
   }
+  if (labelled_) label_.hide();
+  labelled_ = false;
   if (dialog_ == nullptr) {
-    dialog_ = new QProgressDialog(text, Shown(Captions::kCancel), 0, kSteps, &window_);
+    dialog_ = new QProgressDialog(text, Shown(Captions::kCancel), 0,
+                                  jobs_.Unmeasured() ? 0 : kSteps, &window_);
     // A modal one would turn the event loop whenever it is told of progress; the window's input is
     // taken by the filter where it must be.
     dialog_->setWindowModality(Qt::NonModal);

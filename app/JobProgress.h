@@ -40,6 +40,7 @@ class JobProgress final : public QObject {
   bool labelled_ = false;
   QPointer<QProgressDialog> dialog_;
   QTimer patience_;
+  QTimer long_;
   QTimer look_;
   std::vector<Listening> listening_;
 };

@@ -38,23 +38,12 @@ MainWindow::MainWindow(App& app)
       stage_(new Seat(this)),
       session_(EffectRegistry(), app.Desk(), app.Recovery(), app.Recent()),
       commands_(*this),
-      pane_(stage_),
-      browser_(app.Desk(), commands_, *this, stage_),
-      files_(app.Desk(), session_, commands_, browser_),
-      edits_(app.Desk(), session_, commands_, browser_, files_),
-      sidebar_(app.Desk(), commands_, browser_),
-      library_(app.Desk()),
-      search_(app.Desk(), browser_),
-      looks_(app.Desk(), commands_, *this, browser_),
-      editor_(app.Desk(), session_, commands_, *this, pane_),
-      styles_(app.Desk(), session_, commands_, *this, pane_),
-      crop_(session_, commands_, *this, pane_),
-      colors_(app.Desk(), session_, commands_, pane_),
-      zoom_(app.Desk(), session_, commands_, pane_),
-      rendering_(session_, *pane_.MyDisplay, app.Progress()),
+      browse_(app.Desk(), session_, commands_, *this, stage_),
+      edit_(app.Desk(), session_, commands_, *this, stage_),
+      rendering_(session_, *edit_.Pane.MyDisplay, app.Progress()),
       photoWork_(session_.Work(), *this, app.Progress(), true),
-      fileWork_(files_.Work(), *this, app.Progress(), false),
-      editsWork_(edits_.Work(), *this, app.Progress(), false) {
+      fileWork_(browse_.History.Work(), *this, app.Progress(), false),
+      editsWork_(browse_.Edits.Work(), *this, app.Progress(), false) {
   setWindowTitle(QStringLiteral("[*]") +
                  ToQString(GlobalApplicationSpecificProperties::ApplicationName.Text()));
   setMinimumSize(kSmallest);
@@ -94,7 +83,7 @@ void MainWindow::BuildFrame() {
   column->addWidget(infotext);
   setCentralWidget(content);
   static_cast<Seat*>(stage_)->Resized = [this] { PlaceSeats(); };
-  pane_.EditorSeat->hide();
+  edit_.Pane.EditorSeat->hide();
   settleTimer_.setSingleShot(true);
   settleTimer_.setInterval(kSlideEnds);
   connect(&settleTimer_, &QTimer::timeout, this, [this] { Settle(); });
@@ -108,9 +97,7 @@ void MainWindow::Open() {
   app_.MainWindowOpen = true;
   Dimensions(preferences.Value("MainWindow.Dimensions", Dimensions()).ToText());
   UpdateRecentMenu();
-  sidebar_.Open();
-  browser_.OpenBrowser();
-  ReadPhotoLibrary();
+  browse_.Open();
   PlaceSeats();
   commands_.Refresh();
   RecoveryTimer.start();
@@ -126,20 +113,20 @@ void MainWindow::Info(const std::string& text) {
 }
 
 void MainWindow::PlaceSeats() {
-  QWidget& editor = *pane_.EditorSeat;
-  QWidget& browser = *browser_.BrowserSeat;
-  if (!AnimationCore::IsAnimated(editor)) editor.setGeometry(pane_.Place(stage_->size()));
+  QWidget& editor = *edit_.Pane.EditorSeat;
+  QWidget& browser = *browse_.Pane.BrowserSeat;
+  if (!AnimationCore::IsAnimated(editor)) editor.setGeometry(edit_.Pane.Place(stage_->size()));
   if (!AnimationCore::IsAnimated(browser)) browser.setGeometry(stage_->rect());
 }
 
 void MainWindow::Settle() {
-  if (AnimationCore::IsAnimated(*pane_.EditorSeat) ||
-      AnimationCore::IsAnimated(*browser_.BrowserSeat)) {
+  if (AnimationCore::IsAnimated(*edit_.Pane.EditorSeat) ||
+      AnimationCore::IsAnimated(*browse_.Pane.BrowserSeat)) {
     settleTimer_.start();
     return;
   }
-  pane_.EditorSeat->setVisible(DisplayPane == kEditorPane);
-  browser_.BrowserSeat->setVisible(DisplayPane == kBrowserPane);
+  edit_.Pane.EditorSeat->setVisible(DisplayPane == kEditorPane);
+  browse_.Pane.BrowserSeat->setVisible(DisplayPane == kBrowserPane);
   PlaceSeats();
 }
 
@@ -152,7 +139,7 @@ void MainWindow::SwapDisplay(int mode) {
   if (!editing && myColorPanel.PanelVisible()) myColorPanel.HidePanel();
   // What was saved meanwhile shows its new picture.
   if (!editing && mode != old) imageBrowser->ReloadCurrentView();
-  if (!editing) browser_.ShowBrowserInfo();
+  if (!editing) browse_.Browser.ShowBrowserInfo();
   // The mark of the photo comes back with it, whatever brought it into view.
   if (editing && mode != old && LastDirty != session_.Dirty()) SetDirty(LastDirty);
   commands_.Refresh();
@@ -161,9 +148,9 @@ void MainWindow::SwapDisplay(int mode) {
     Settle();
     return focus.setFocus();
   }
-  QWidget& next = editing ? *pane_.EditorSeat : *browser_.BrowserSeat;
-  QWidget& last = editing ? *browser_.BrowserSeat : *pane_.EditorSeat;
-  const QRect place = editing ? pane_.Place(stage_->size()) : stage_->rect();
+  QWidget& next = editing ? *edit_.Pane.EditorSeat : *browse_.Pane.BrowserSeat;
+  QWidget& last = editing ? *browse_.Pane.BrowserSeat : *edit_.Pane.EditorSeat;
+  const QRect place = editing ? edit_.Pane.Place(stage_->size()) : stage_->rect();
   // The editor comes from the right and goes there again; the browser lives to its left.
   const int width = stage_->width();
   next.setGeometry(place.translated(editing ? width + 2 : -width, 0));
@@ -194,9 +181,7 @@ void MainWindow::BackToBrowser() {
 
 void MainWindow::StorePreferences() {
   auto& preferences = app_.Preferences();
-  browser_.StorePreferences();
-  sidebar_.SavePlaces();
-  search_.StorePreferences();
+  browse_.StorePreferences();
   preferences.Assign("rbToolBar.Mode", ToolButtons::DisplayMode(*rbToolBar));
   preferences.Assign("rbToolBar.Size", ToolButtons::DisplaySize(*rbToolBar));
   preferences.Assign("MainWindow.Dimensions", Dimensions());
@@ -208,14 +193,14 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   if (MustWait() || AskToSave([this] { close(); })) return event->ignore();
   AnimationCore::Stop();
   StorePreferences();
-  looks_.Close();
+  browse_.Looks.Close();
   ifkWindow::closeEvent(event);
   QApplication::quit();
 }
 
 void MainWindow::changeEvent(QEvent* event) {
   if (event->type() == QEvent::ActivationChange) {
-    crop_.WindowActivated(QApplication::activeWindow());
+    edit_.Crop.WindowActivated(QApplication::activeWindow());
   }
   ifkWindow::changeEvent(event);
 }

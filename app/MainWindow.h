@@ -8,22 +8,11 @@
 #include <vector>
 
 #include "app/JobProgress.h"
-#include "app/browse/BrowserController.h"
-#include "app/browse/EditsController.h"
-#include "app/browse/FileController.h"
-#include "app/browse/LibraryController.h"
-#include "app/browse/QuickLookController.h"
-#include "app/browse/SearchController.h"
-#include "app/browse/SidebarController.h"
+#include "app/browse/BrowserParts.h"
 #include "app/commands/Commands.h"
 #include "app/commands/MainMenuBar.h"
 #include "app/commands/Panes.h"
-#include "app/edit/ColorController.h"
-#include "app/edit/CropController.h"
-#include "app/edit/EditorController.h"
-#include "app/edit/EditorPane.h"
-#include "app/edit/StylesController.h"
-#include "app/edit/ZoomController.h"
+#include "app/edit/EditorParts.h"
 #include "app/session/EditSession.h"
 #include "kit/ifkWindow.h"
 
@@ -52,24 +41,26 @@ class MainWindow final : public ifkWindow, private Panes {
   void OpenImage(const FolderItem& item, std::string name) { session_.Open(item, std::move(name)); }
   void OpenRecovered(const RecoveredEdits& edits) { session_.Open(edits); }
   void SaveMethod(std::function<void(bool)> then = [](bool) {}) {
-    editor_.SaveMethod(std::move(then));
+    edit_.Documents.SaveMethod(std::move(then));
   }
   /// True if one must not go on now: the user cancelled, or `then` follows a save.
-  bool AskToSave(const std::function<void()>& then = {}) { return editor_.AskToSave(then); }
+  bool AskToSave(const std::function<void()>& then = {}) { return edit_.Documents.AskToSave(then); }
   void SetDirty(bool dirty) { session_.SetDirty(dirty); }
   void PerformRewind() { session_.PerformRewind(); }
-  void CropMethod() { crop_.CropMethod(); }
-  bool Cropping() const { return crop_.Cropping(); }
-  void FullScreenMethod() { editor_.FullScreenMethod(); }
-  void QuickLookMethod() { looks_.QuickLookMethod(); }
-  void DisplayContainer(const BrowserContainer& container) { browser_.DisplayContainer(container); }
-  void ShowFiles(const std::vector<FolderItem>& files) { browser_.ShowFiles(files); }
-  void CopyFilesInto(const std::vector<FolderItem>& files, const FolderItem& folder) {
-    files_.CopyFilesInto(files, folder);
+  void CropMethod() { edit_.Crop.CropMethod(); }
+  bool Cropping() const { return edit_.Crop.Cropping(); }
+  void FullScreenMethod() { edit_.Photo.FullScreenMethod(); }
+  void QuickLookMethod() { browse_.Looks.QuickLookMethod(); }
+  void DisplayContainer(const BrowserContainer& container) {
+    browse_.Browser.DisplayContainer(container);
   }
-  void ReadPhotoLibrary() { library_.ReadPhotoLibrary(); }
-  void ShowStyle(const OneClickWonder& style) { styles_.ShowStyle(style); }
-  std::string getSimpleImageInfo() const { return editor_.getSimpleImageInfo(); }
+  void ShowFiles(const std::vector<FolderItem>& files) { browse_.Browser.ShowFiles(files); }
+  void CopyFilesInto(const std::vector<FolderItem>& files, const FolderItem& folder) {
+    browse_.Copies.CopyFilesInto(files, folder);
+  }
+  void ReadPhotoLibrary() { browse_.Library.ReadPhotoLibrary(); }
+  void ShowStyle(const OneClickWonder& style) { edit_.Styles.ShowStyle(style); }
+  std::string getSimpleImageInfo() const { return edit_.Editor.getSimpleImageInfo(); }
   /// Does what a command's name says, if it can be done now.
   void MenuAction(const std::string& name) { commands_.Run(name); }
   /// Asks for the states of all commands now.
@@ -79,14 +70,14 @@ class MainWindow final : public ifkWindow, private Panes {
   void UpdateRecentMenu();
   BrivolantDocument* Document() { return session_.Document(); }
   EditSession& Session() { return session_; }
-  Jobs& FileWork() { return files_.Work(); }
-  Jobs& Looking() { return browser_.Looking(); }
-  EditsController& Edits() { return edits_; }
+  Jobs& FileWork() { return browse_.History.Work(); }
+  Jobs& Looking() { return browse_.Opening.Looking(); }
+  EditsController& Edits() { return browse_.Edits; }
   MainMenuBar& Menu() { return *menu_; }
-  CropEditor* Cropper() { return &crop_.Editor(); }
-  QuickLookWindow* FullScreen() { return looks_.FullScreen(); }
-  QuickLookWindow* QuickLook() { return looks_.QuickLook(); }
-  ZoomController& Zoom() { return zoom_; }
+  CropEditor* Cropper() { return &edit_.Crop.Editor(); }
+  QuickLookWindow* FullScreen() { return browse_.Looks.FullScreen(); }
+  QuickLookWindow* QuickLook() { return browse_.Looks.QuickLook(); }
+  ZoomController& Zoom() { return edit_.Zoom; }
 
   int DisplayPane = kBrowserPane;
   /// Of the photo in the editor while the browser is in view.
@@ -97,46 +88,35 @@ class MainWindow final : public ifkWindow, private Panes {
   QWidget* stage_;
   EditSession session_;
   Commands commands_;
-  EditorPane pane_;
-  BrowserController browser_;
-  FileController files_;
-  EditsController edits_;
-  SidebarController sidebar_;
-  LibraryController library_;
-  SearchController search_;
-  QuickLookController looks_;
-  EditorController editor_;
-  StylesController styles_;
-  CropController crop_;
-  ColorController colors_;
-  ZoomController zoom_;
+  BrowserParts browse_;
+  EditorParts edit_;
 
  public:
   // Named controls.
   brivolantProcessorLite* myProcessor = &session_.Processor();
   UndoHandler& UndoGizmo = session_.UndoGizmo();
-  EditorDisplay* MyDisplay = pane_.MyDisplay;
-  EffectStackEditor* AdvancedPanel = pane_.AdvancedPanel;
-  QScrollBar* EffectScrollbar = pane_.EffectScrollbar;
-  ifkSegmentView* AdvancedSectionheader = pane_.AdvancedSectionheader;
-  QComboBox* BlendMode = pane_.BlendMode;
-  ifkSlider* BlendAlpha = pane_.BlendAlpha;
-  ifkSegmentView* PreviewTitle = pane_.PreviewTitle;
-  templateSelector* myStylesBar = pane_.myStylesBar;
-  QScrollBar* styleSlider = pane_.styleSlider;
-  QWidget* dummySlider = pane_.dummySlider;
-  multiViewFileBrowser* imageBrowser = browser_.imageBrowser;
-  Sidebar* mySideBar = browser_.mySideBar;
-  ifkPathBar* myPathBar = browser_.myPathBar;
-  ifkSegmentView* browserViewStyle = browser_.browserViewStyle;
-  ifkSearchField* browserSearchField = browser_.browserSearchField;
-  ifkSlider* iconSize = browser_.iconSize;
-  SpotlightQuery& mySpotlightSearch = search_.mySpotlightSearch;
-  std::shared_ptr<browserItemCollection>& currentSearchItem = search_.currentSearchItem;
-  std::vector<std::shared_ptr<iPhotoAlbum>>& iPhotolibrary = library_.iPhotolibrary;
-  MyColorPanelHelper& myColorPanel = colors_.Panel();
-  QTimer& ResizedUpdateTimer = editor_.ResizedUpdateTimer;
-  MenuPresenter& PresentMenu = styles_.PresentMenu;
+  EditorDisplay* MyDisplay = edit_.Pane.MyDisplay;
+  EffectStackEditor* AdvancedPanel = edit_.Pane.AdvancedPanel;
+  QScrollBar* EffectScrollbar = edit_.Pane.EffectScrollbar;
+  ifkSegmentView* AdvancedSectionheader = edit_.Pane.AdvancedSectionheader;
+  QComboBox* BlendMode = edit_.Pane.BlendMode;
+  ifkSlider* BlendAlpha = edit_.Pane.BlendAlpha;
+  ifkSegmentView* PreviewTitle = edit_.Pane.PreviewTitle;
+  templateSelector* myStylesBar = edit_.Pane.myStylesBar;
+  QScrollBar* styleSlider = edit_.Pane.styleSlider;
+  QWidget* dummySlider = edit_.Pane.dummySlider;
+  multiViewFileBrowser* imageBrowser = browse_.Pane.imageBrowser;
+  Sidebar* mySideBar = browse_.Pane.mySideBar;
+  ifkPathBar* myPathBar = browse_.Pane.myPathBar;
+  ifkSegmentView* browserViewStyle = browse_.Pane.browserViewStyle;
+  ifkSearchField* browserSearchField = browse_.Pane.browserSearchField;
+  ifkSlider* iconSize = browse_.Pane.iconSize;
+  SpotlightQuery& mySpotlightSearch = browse_.Search.mySpotlightSearch;
+  std::shared_ptr<browserItemCollection>& currentSearchItem = browse_.Search.currentSearchItem;
+  std::vector<std::shared_ptr<iPhotoAlbum>>& iPhotolibrary = browse_.Library.iPhotolibrary;
+  MyColorPanelHelper& myColorPanel = edit_.Colors.Panel();
+  QTimer& ResizedUpdateTimer = edit_.Editor.ResizedUpdateTimer;
+  MenuPresenter& PresentMenu = edit_.StyleMenu.PresentMenu;
   QToolBar* rbToolBar = nullptr;
   ifkStaticText* infotext = nullptr;
   QTimer RecoveryTimer;

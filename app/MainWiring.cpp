@@ -4,7 +4,6 @@
 
 #include "app/App.h"
 #include "app/MainWindow.h"
-#include "browser/ui/Sidebar.h"
 #include "platform/values/Captions.h"
 
 namespace brivolant {
@@ -27,7 +26,7 @@ constexpr LocalizedText kEndNow{"MainWindow.kEndNow", "End Now"};
 MainWindow::~MainWindow() {
   WindowMenu(nullptr);
   // An end from outside asks nobody, but somebody may look for what is missing.
-  for (const Jobs* work : {&files_.Work(), &edits_.Work()}) {
+  for (const Jobs* work : {&browse_.History.Work(), &browse_.Edits.Work()}) {
     for (const std::string& text : work->Unfinished()) {
       app_.Log().Write("Ended before it was done: " + text);
     }
@@ -35,8 +34,8 @@ MainWindow::~MainWindow() {
 }
 
 bool MainWindow::MustWait() {
-  Jobs& files = files_.Work();
-  Jobs& edits = edits_.Work();
+  Jobs& files = browse_.History.Work();
+  Jobs& edits = browse_.Edits.Work();
   if (files.Unfinished().empty() && edits.Unfinished().empty()) return false;
   const Answer answer =
       app_.Dialogs().Ask({kWorkGoesOn.Text(), kWorkGoesOnExplanation.Text(), kCloseWhenDone.Text(),
@@ -59,7 +58,7 @@ void MainWindow::WireSession() {
   listening_.push_back(session_.Settling.Listen([this] {
     // A hidden widget is laid out when it is shown, but a preview is made for its size before.
     PlaceSeats();
-    pane_.Layout();
+    edit_.Pane.Layout();
   }));
   listening_.push_back(session_.Changed.Listen([this] {
     Modified(session_.Dirty());
@@ -86,51 +85,27 @@ void MainWindow::WireSession() {
     return app_.Dialogs().Ask(question);
   };
   listening_.push_back(
-      editor_.FullScreenReady.Listen([this](const Picture& picture, const std::string& title) {
-        looks_.ShowFullScreen(picture, title);
+      edit_.Photo.FullScreenReady.Listen([this](const Picture& picture, const std::string& title) {
+        browse_.Looks.ShowFullScreen(picture, title);
       }));
-  listening_.push_back(
-      editor_.StylesToggled.Listen([this](bool visible) { styles_.ShowHideStyles(visible); }));
-  listening_.push_back(editor_.OthersChosen.Listen(
-      [this](const std::vector<FolderItem>& files) { browser_.ShowFiles(files); }));
+  listening_.push_back(edit_.Documents.OthersChosen.Listen(
+      [this](const std::vector<FolderItem>& files) { browse_.Browser.ShowFiles(files); }));
   RecoveryTimer.setInterval(kKeepEdits);
   connect(&RecoveryTimer, &QTimer::timeout, this, [this] { session_.KeepEdits(); });
 }
 
 void MainWindow::WireBrowser() {
   listening_.push_back(
-      browser_.PhotoChosen.Listen([this](const FolderItem& file, const std::string& name) {
+      browse_.Opening.PhotoChosen.Listen([this](const FolderItem& file, const std::string& name) {
         session_.Work().WhenIdle([this, file, name] {
           const auto open = [this, file, name] { OpenImage(file, name); };
           if (!AskToSave(open)) open();
         });
       }));
-  browser_.BringIntoView = [this] { BackToBrowser(); };
-  const auto hold = [this]() -> std::shared_ptr<void> {
-    return std::make_shared<EditSession::Hold>(session_);
-  };
-  browser_.imageBrowser->Holding = hold;
-  mySideBar->Holding = hold;
-  browser_.MoreRows = [this](QMenu& menu) { edits_.AddRows(menu); };
-  edits_.StyleMenu(menu_->Submenu("EditApplyStyle"));
-  browser_.ShowLibrary = [this] {
-    if (iPhotolibrary.empty()) return false;
-    sidebar_.UnfoldLibrary();
-    DisplayContainer(iPhotolibrary.front());
-    return true;
-  };
-  browser_.Events = [this] { return iPhotolibrary.empty() ? nullptr : iPhotolibrary.front(); };
-  listening_.push_back(files_.FavoriteAdded.Listen([this](const FolderItem& folder) {
-    sidebar_.AddPlace(folder, SidebarController::kFavorites.Text(), "Favorites");
-  }));
-  listening_.push_back(sidebar_.Dropped.Listen(
-      [this](const std::vector<FolderItem>& files, const FolderItem& folder) {
-        files_.DropFilesInto(files, folder);
-      }));
-  listening_.push_back(
-      files_.Moved.Listen([this](const FileMoves& moves) { search_.Follow(moves); }));
-  listening_.push_back(library_.Changed.Listen([this] { sidebar_.ShowAlbums(iPhotolibrary); }));
-  listening_.push_back(search_.Changed.Listen([this] { sidebar_.ShowSearch(currentSearchItem); }));
+  browse_.Browser.BringIntoView = [this] { BackToBrowser(); };
+  browse_.Holding(
+      [this]() -> std::shared_ptr<void> { return std::make_shared<EditSession::Hold>(session_); });
+  browse_.Edits.StyleMenu(menu_->Submenu("EditApplyStyle"));
 }
 
 }  // namespace brivolant

@@ -21,6 +21,7 @@
 #include "app/core/Translations.h"
 #include "browser/DiskThreads.h"
 #include "engine/ui/EditorDisplay.h"
+#include "kit/Appearance.h"
 #include "kit/DesktopServices.h"
 #include "platform/codecs/ImageCodecs.h"
 #include "platform/services/SharedFolders.h"
@@ -135,6 +136,13 @@ class NobodysHome {
   bool made_ = false;
 };
 
+/// Ends at once if a disk holds a thread that works with what would be taken down next.
+void EndIfHeld(int code) {
+  if (DiskThreads::Finish() && !Jobs::SomeAreApart()) return;
+  std::fflush(nullptr);
+  std::_Exit(code);
+}
+
 int Measure(App& app, const FolderItem& file, const QElapsedTimer& sinceMain) {
   constexpr double kMega = 1e6;
   double painted = 0;
@@ -159,6 +167,7 @@ int Measure(App& app, const FolderItem& file, const QElapsedTimer& sinceMain) {
               FixedNumber(painted, 1).c_str(), FixedNumber(opened, 1).c_str(),
               static_cast<long long>(usage.ru_maxrss) * 1024);
   app.Close();
+  EndIfHeld(code);
   return code;
 }
 
@@ -188,17 +197,18 @@ int Run(int argc, char** argv) {
   KeepLibraryLettersPlain();
   QGuiApplication::setApplicationDisplayName(
       QString::fromStdString(GlobalApplicationSpecificProperties::ApplicationName.Text()));
-  (void)LoadTranslations(otherSharedComponents::ResourcesFolder().Child("translations"),
-                         UserLanguage());
   SingleInstance instance;
   const auto role =
       arguments.measure ? SingleInstance::Role::kAlone : instance.Begin(arguments.files);
   if (role == SingleInstance::Role::kHandedOver) return 0;
+  (void)LoadTranslations(otherSharedComponents::ResourcesFolder().Child("translations"),
+                         UserLanguage());
   if (role == SingleInstance::Role::kUnanswered) {
     const std::string why = WithPlaceholders(SingleInstance::kDoesNotAnswer.Text(),
                                              {{"<process>", std::to_string(instance.Holder())}});
     std::fprintf(stderr, "%s\n", why.c_str());
     // Whoever started it from a desktop sees no terminal.
+    Appearance::Apply(application, Appearance::kFollowDesktop);
     WidgetDialogs().Message(why, {});
     return 1;
   }
@@ -226,11 +236,7 @@ int Run(int argc, char** argv) {
   app.Close();
   // Nobody else runs, so what lies in temporary folders was left by a crash.
   if (role == SingleInstance::Role::kOwner) app.RemoveLeftovers();
-  if (!DiskThreads::Finish() || Jobs::SomeAreApart()) {
-    // A disk holds a thread that works with what would be taken down now.
-    std::fflush(nullptr);
-    std::_Exit(code);
-  }
+  EndIfHeld(code);
   return code;
 }
 

@@ -56,10 +56,14 @@ void DiskThreads::Run(const FolderItem& place, std::function<void()> work) {
 }
 
 bool DiskThreads::Finish() {
-  Pools& pools = All();
+  std::map<std::string, QThreadPool*> pools;
+  {
+    // What still runs may ask for threads.
+    const std::lock_guard lock(All().mutex);
+    pools = All().of;
+  }
   const QDeadlineTimer deadline(kParting);
-  const std::lock_guard lock(pools.mutex);
-  for (const auto& [key, pool] : pools.of) {
+  for (const auto& [key, pool] : pools) {
     if (!pool->waitForDone(static_cast<int>(deadline.remainingTime()))) left = true;
   }
   return !left;

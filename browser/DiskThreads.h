@@ -3,7 +3,6 @@
 
 #include <condition_variable>
 #include <functional>
-#include <memory>
 #include <mutex>
 
 #include "platform/files/MountTable.h"

@@ -45,6 +45,8 @@ class FolderLister final : public QObject {
     /// Bytes free for the user.
     std::uint64_t Available = 0;
   };
+  /// Milliseconds that a look at a place, and then its listing, may hold a window up.
+  static constexpr int kPatience = 20;
   /// Looks at a place on another thread; nothing if it does not answer within `patience`
   /// milliseconds, as those of a disk that sleeps or a share that is dead.
   static std::optional<Place> Look(const FolderItem& place, int patience);

@@ -169,7 +169,6 @@ void SpotlightQuery::Divide(Work& work) {
   if (work.roots.empty()) {
     work.roots = {QStandardPaths::writableLocation(QStandardPaths::HomeLocation).toStdString()};
     for (const FolderItem& volume : work.table.OfUser()) work.roots.push_back(volume.ShellPath());
-    work.asking = 1;
   }
   work.lanes.emplace_back();
   const auto add = [&](const std::string& root) {
@@ -198,11 +197,9 @@ void SpotlightQuery::StartLane(const std::shared_ptr<Work>& work, Lane& lane,
 void SpotlightQuery::AskShares(const std::shared_ptr<Work>& work) {
   // One question at a time: a service that is silent gets no thread for each letter typed.
   static std::atomic<bool> asking = false;
-  const FolderItem folder = DesktopShares::Folder();
-  const Mount* mount = work->table.Of(folder);
   std::vector<FolderItem> shares;
-  if (mount != nullptr && mount->Root == folder && !asking.exchange(true)) {
-    shares = DesktopShares::Roots(folder);
+  if (DesktopShares::AreServed(work->table) && !asking.exchange(true)) {
+    shares = DesktopShares::Roots();
     asking = false;
   }
   const std::lock_guard lock(work->mutex);
@@ -236,22 +233,23 @@ void SpotlightQuery::Hand(const std::shared_ptr<Work>& work, bool last) {
   QMetaObject::invokeMethod(
       work->owner,
       [owner = work->owner, work, sorted, last] {
-        if (work == owner->work_) owner->Report(*sorted, last);
+        if (work == owner->work_) owner->Report(std::move(*sorted), last);
       },
       Qt::QueuedConnection);
 }
 
 void SpotlightQuery::Search(const std::shared_ptr<Work>& work) {
+  const bool everywhere = work->roots.empty();
   Divide(*work);
-  const bool shares = work->asking > 0;
-  ++work->asking;
-  Work::Start(work, [work](Work&) { AskIndexes(work); });
-  if (shares) Work::Start(work, [work](Work&) { AskShares(work); });
+  work->asking = everywhere ? 2 : 1;
   std::unique_lock lock(work->mutex);
   for (Lane& lane : work->lanes) {
     if (&lane != &work->lanes.front()) StartLane(work, lane, lane.folders.front());
   }
   lock.unlock();
+  // Behind those, since it adds lanes and starts them itself.
+  if (everywhere) Work::Start(work, [work](Work&) { AskShares(work); });
+  Work::Start(work, [work](Work&) { AskIndexes(work); });
   for (int i = 0; i < std::max(QThread::idealThreadCount(), 1); ++i) {
     Work::Start(work, [](Work& walked) { Walk(walked, walked.lanes.front()); });
   }
@@ -288,9 +286,9 @@ void SpotlightQuery::Search(const std::shared_ptr<Work>& work) {
   work->ended = true;
 }
 
-void SpotlightQuery::Report(const std::vector<SpotlightItem>& hits, bool last) {
+void SpotlightQuery::Report(std::vector<SpotlightItem> hits, bool last) {
   const bool news = !completed_ || hits.size() != items_.size();
-  items_ = hits;
+  items_ = std::move(hits);
   if (last) work_.reset();
   completed_ = true;
   if (news && Completed) Completed();

@@ -85,7 +85,7 @@ class SpotlightQuery final : public QObject {
   static void WalkFolder(Work& work, const std::string& folder, std::vector<std::string>& inside);
   static void AskIndexes(const std::shared_ptr<Work>& work);
   static void Add(Work& work, const FolderItem& file, const FileFacts& facts);
-  void Report(const std::vector<SpotlightItem>& hits, bool last);
+  void Report(std::vector<SpotlightItem> hits, bool last);
 
   std::shared_ptr<Work> work_;
   /// Those of this search and of earlier ones.

@@ -40,15 +40,13 @@ VolumeList::~VolumeList() = default;
 
 void VolumeList::AskShares() {
   // Without a mount of the service there is nobody to ask.
-  const FolderItem folder = DesktopShares::Folder();
-  const Mount* mount = table_.Of(folder);
-  const bool runs = mount != nullptr && mount->Root == folder;
+  const bool runs = DesktopShares::AreServed(table_);
   const std::lock_guard lock(asked_->mutex);
   if (!runs) asked_->shares.clear();
   if (!runs || asked_->asking || Steady::now() - asked_->askedAt < kShares) return;
   asked_->asking = true;
-  std::thread([asked = asked_, folder] {
-    std::vector<FolderItem> roots = DesktopShares::Roots(folder);
+  std::thread([asked = asked_] {
+    std::vector<FolderItem> roots = DesktopShares::Roots();
     const std::lock_guard answer(asked->mutex);
     asked->shares = std::move(roots);
     asked->asking = false;

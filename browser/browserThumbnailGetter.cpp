@@ -312,14 +312,16 @@ void browserThumbnailGetter::Make(const std::shared_ptr<Work>& work, const Thumb
 void browserThumbnailGetter::Deliver() {
   const std::shared_ptr<Work> work = work_;
   std::vector<Result> results;
+  bool unstored = false;
   {
     const std::lock_guard lock(work->mutex);
+    unstored = !work->unstored.empty();
     results = std::exchange(work->results, {});
     work->delivering = false;
     for (const Result& result : results) work->busy.erase(result.item.get());
   }
   // What came from a share is stored by threads that may have gone.
-  Start();
+  if (unstored) Start();
   for (Result& result : results) {
     result.item->imageSide = result.side;
     if (!result.image.isNull()) {
@@ -331,11 +333,11 @@ void browserThumbnailGetter::Deliver() {
       result.item->HasNoThumbnail = true;
     }
     if (!result.counts) {
-      if (AddedThumbnail && !running_) AddedThumbnail();
+      if (AddedThumbnail && !running_) AddedThumbnail(*result.item);
       continue;
     }
     ++work->delivered;
-    if (AddedThumbnail) AddedThumbnail();
+    if (AddedThumbnail) AddedThumbnail(*result.item);
     if (work != work_) return;
   }
   if (running_ && work->delivered == work->queue.size()) {

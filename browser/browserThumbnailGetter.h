@@ -76,7 +76,7 @@ class browserThumbnailGetter final : public QObject {
 
   std::function<void()> Started;
   /// Once for each entry, whether it got a picture or not.
-  std::function<void()> AddedThumbnail;
+  std::function<void(const browserItem&)> AddedThumbnail;
   std::function<void()> Finished;
 
  private:

@@ -66,7 +66,7 @@ class BrivolantDocument {
   void TakeOver(const BrivolantDocument& saved);
   /// What lay at or below `from` was moved to `to`.
   void Relocate(const FolderItem& from, const FolderItem& to);
-  /// True if a file or package is named like a document. Asks no disk.
+  /// True if a file or package is of the documents' kind, by its extension or its type code.
   static bool IsDocument(const FolderItem& file);
   /// The name that Save gives to a package.
   static FolderItem PackageFor(const FolderItem& file);

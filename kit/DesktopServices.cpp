@@ -13,6 +13,7 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QThread>
+#include <typeinfo>
 
 #include "kit/InterfaceKitSupport.h"
 #include "kit/SvgIcon.h"
@@ -115,6 +116,22 @@ QImage ImageFromPicture(const Picture& picture) {
   return image;
 }
 
+namespace {
+
+PictureSource SourceOf(const QMimeData& data) {
+  if (!data.hasImage()) return nullptr;
+  // What another program gives comes as the bytes of a file.
+  const bool own = typeid(data) == typeid(QMimeData);
+  for (const char* type : {"image/png", "image/tiff", "image/webp", "image/bmp", "image/jpeg"}) {
+    const QString format = QString::fromLatin1(type);
+    if (own || !data.hasFormat(format)) continue;
+    return [bytes = data.data(format)] { return PictureFromImage(QImage::fromData(bytes)); };
+  }
+  return [image = qvariant_cast<QImage>(data.imageData())] { return PictureFromImage(image); };
+}
+
+}  // namespace
+
 bool CanTake(const QMimeData& data) {
   return data.hasUrls() || data.hasImage();
 }
@@ -125,9 +142,7 @@ DragItem TakeDrag(const QMimeData& data) {
   if (data.hasUrls()) {
     item.Files = FileAddress::Files(data.data(QStringLiteral("text/uri-list")).toStdString());
   }
-  if (item.Files.empty() && data.hasImage()) {
-    item.Picture = PictureFromImage(qvariant_cast<QImage>(data.imageData()));
-  }
+  if (item.Files.empty()) item.Picture = SourceOf(data);
   return item;
 }
 
@@ -230,8 +245,9 @@ bool WidgetClipboard::HasPicture() const {
   return data != nullptr && data->hasImage();
 }
 
-brivolant::Picture WidgetClipboard::Picture() const {
-  return PictureFromImage(QGuiApplication::clipboard()->image());
+PictureSource WidgetClipboard::PastedPicture() const {
+  const QMimeData* data = OnClipboard();
+  return data == nullptr ? nullptr : SourceOf(*data);
 }
 
 void WidgetClipboard::Picture(const brivolant::Picture& picture) {

@@ -31,8 +31,8 @@ QImage ImageFromPicture(const Picture& picture);
 /// What a drag brings.
 struct DragItem {
   std::vector<FolderItem> Files;
-  brivolant::Picture Picture;
-  bool IsEmpty() const { return Files.empty() && Picture.IsNil(); }
+  PictureSource Picture;
+  bool IsEmpty() const { return Files.empty() && !Picture; }
 };
 /// True if something in it can be taken; asks for no data.
 bool CanTake(const QMimeData& data);
@@ -75,7 +75,7 @@ class WidgetClipboard final : public Clipboard {
   std::string Text() const override;
   void Text(const std::string& text) override;
   bool HasPicture() const override;
-  brivolant::Picture Picture() const override;
+  PictureSource PastedPicture() const override;
   void Picture(const brivolant::Picture& picture) override;
 };
 

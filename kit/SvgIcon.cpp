@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <QPixmap>
+#include <QPixmapCache>
 #include <QSvgRenderer>
 
 namespace brivolant {
@@ -79,13 +80,23 @@ QIcon SvgIcon(const QString& name) {
 }
 
 QPixmap SvgPixmap(const QString& name, const QSize& size, double ratio, const QColor& color) {
-  QPixmap pixmap(size * ratio);
+  // Reading the drawing anew takes longer than all else that is painted beside it.
+  const QString key = QStringLiteral("svg/%1/%2/%3/%4/%5")
+                          .arg(name)
+                          .arg(size.width())
+                          .arg(size.height())
+                          .arg(ratio)
+                          .arg(color.rgba());
+  QPixmap pixmap;
+  if (QPixmapCache::find(key, &pixmap)) return pixmap;
+  pixmap = QPixmap(size * ratio);
   pixmap.fill(Qt::transparent);
   QPainter painter(&pixmap);
   painter.setRenderHint(QPainter::Antialiasing);
   Draw(name, painter, QRectF(QPointF(), QSizeF(pixmap.size())), color);
   painter.end();
   pixmap.setDevicePixelRatio(ratio);
+  QPixmapCache::insert(key, pixmap);
   return pixmap;
 }
 

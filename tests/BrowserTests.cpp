@@ -23,6 +23,12 @@
 namespace brivolant::test {
 namespace {
 
+/// As the program does at its end: what reads disks is done before what it uses is taken down.
+class Reads final : public testing::Environment {
+  void TearDown() override { EXPECT_TRUE(DiskThreads::Finish()); }
+};
+const auto* const kReads = testing::AddGlobalTestEnvironment(new Reads);
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -208,7 +214,7 @@ struct Getter : Thumbnails {
 
   explicit Getter(int count) {
     getter.Started = [this] { events.emplace_back("Started"); };
-    getter.AddedThumbnail = [this] { events.emplace_back("Added"); };
+    getter.AddedThumbnail = [this](const browserItem&) { events.emplace_back("Added"); };
     getter.Finished = [this] { events.emplace_back("Finished"); };
     for (int i = 0; i < count; ++i) {
       const FolderItem file = WriteJpeg(folder.Child(std::to_string(i) + ".jpg"), 64, 48);

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <array>
+#include <atomic>
 #include <deque>
 #include <stdexcept>
 #include <string>
@@ -52,15 +53,27 @@ struct NoDesktop final : Desktop {
   bool SetPicture(const FolderItem&) override { return false; }
 };
 
-/// Temporary files that can be made to fail as nothing foresees.
+/// Temporary files that can be made to fail as nothing foresees, or to answer late.
 struct FragileTemporaryFiles final : TemporaryFiles {
   explicit FragileTemporaryFiles(TemporaryFiles& whole) : whole(whole) {}
   FolderItem Child(std::string_view name) override {
     if (broken) throw std::runtime_error("out of luck");
+    if (holdsNext.exchange(false)) {
+      held = true;
+      held.notify_all();
+      held.wait(true);
+    }
     return whole.Child(name);
+  }
+  void Answer() {
+    held = false;
+    held.notify_all();
   }
   TemporaryFiles& whole;
   bool broken = false;
+  /// The next one who asks waits for Answer.
+  std::atomic<bool> holdsNext = false;
+  std::atomic<bool> held = false;
 };
 
 struct FixedDisplay final : PreviewDisplay {
@@ -125,7 +138,7 @@ struct Editing {
     session.SetDirty(true);
   }
   void Paste(const Picture& picture) {
-    session.PastePicture(picture);
+    session.PastePicture([picture] { return picture; });
     session.Finish();
   }
   std::string UndoName() { return session.UndoGizmo().UndoName(); }

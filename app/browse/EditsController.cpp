@@ -5,8 +5,7 @@
 #include <QTimer>
 #include <algorithm>
 
-#include "app/browse/BrowserController.h"
-#include "app/browse/FileController.h"
+#include "app/browse/BrowserPane.h"
 #include "app/browse/PasteEditsSheet.h"
 #include "app/commands/Commands.h"
 #include "app/commands/Menus.h"
@@ -14,10 +13,7 @@
 #include "effects/styles/OneClickWonderStorage.h"
 #include "files/FolderitemExtensions.h"
 #include "formats/BrivolantDocument.h"
-#include "formats/FileTypes.h"
 #include "kit/InterfaceKitSupport.h"
-#include "platform/services/SharedFolders.h"
-#include "platform/values/Captions.h"
 
 namespace brivolant {
 namespace {
@@ -32,19 +28,13 @@ bool TakesEdits(const FolderItem& file) {
 }  // namespace
 
 EditsController::EditsController(const Desk& desk, EditSession& session, Commands& commands,
-                                 BrowserController& browser, FileController& files)
+                                 BrowserPane& pane, FileHistory& history)
     : desk_(desk),
       session_(session),
       commands_(commands),
-      browser_(browser),
-      files_(files),
-      worker_(desk.Services) {
+      pane_(pane),
+      giver_(desk, session, pane, history) {
   AddCommands(commands);
-  // Who works here now: a document takes the names as it is made.
-  listening_.push_back(jobs_.Started.Listen([this] { worker_.Refresh(); }));
-  listening_.push_back(session_.Opened.Listen([this] {
-    if (session_.Document() != nullptr) Spare(session_.Document()->File);
-  }));
 }
 
 EditsController::~EditsController() {
@@ -55,7 +45,7 @@ void EditsController::AddCommands(Commands& commands) {
   using namespace Menus;
   commands.Add({
       {"EditCopyStyle", &kEditCopyEdits, "", kInBrowser, [this] { CopyEdits(); },
-       [this] { return DocumentSelected() && !jobs_.Busy(); }},
+       [this] { return DocumentSelected() && !giver_.Work().Busy(); }},
       {"EditPasteStyle", &kEditPasteEdits, "", kInBrowser, [this] { PasteEdits(); },
        [this] { return desk_.Clipboard.Has(CopiedEdits::kStyleType) && PhotosSelected(); }},
       {"EditApplyStyle", &kEditApplyStyle, "", kInBrowser, nullptr,
@@ -64,20 +54,20 @@ void EditsController::AddCommands(Commands& commands) {
 }
 
 std::vector<FolderItem> EditsController::Photos() const {
-  std::vector<FolderItem> photos = browser_.SelectedFiles();
+  std::vector<FolderItem> photos = pane_.SelectedFiles();
   std::erase_if(photos, [](const FolderItem& file) { return !TakesEdits(file); });
   return photos;
 }
 
 bool EditsController::PhotosSelected() const {
-  const std::vector<FolderItem> files = browser_.SelectedFiles();
+  const std::vector<FolderItem> files = pane_.SelectedFiles();
   const auto looked = files.begin() + std::min<std::ptrdiff_t>(std::ssize(files), kMostLooked);
   return std::ssize(files) > kMostLooked || std::any_of(files.begin(), looked, TakesEdits);
 }
 
 FolderItem EditsController::DocumentSelected() const {
-  if (browser_.imageBrowser->SelectedCount() != 1) return {};
-  const std::vector<FolderItem> files = browser_.SelectedFiles();
+  if (pane_.imageBrowser->SelectedCount() != 1) return {};
+  const std::vector<FolderItem> files = pane_.SelectedFiles();
   return files.size() == 1 && BrivolantDocument::IsDocument(files.front()) ? files.front()
                                                                            : FolderItem();
 }
@@ -97,27 +87,27 @@ void EditsController::CopyEdits() {
   if (session_.LiesIn(file)) return Keep(session_.Edits());
   const auto edits = std::make_shared<CopiedEdits>();
   const auto failed = std::make_shared<std::vector<ManyEdits::Failure>>();
-  jobs_.Start({{},
-               false,
-               [this, file, edits, failed](Jobs::Control&) {
-                 BrivolantDocument document(worker_.All());
-                 if (!document.Load(file)) {
-                   failed->push_back({file, document.lastErrorMessage});
-                   return;
-                 }
-                 document.HoldFiles();
-                 *edits = CopiedEdits::Of(document, document.StyleData);
-               },
-               [this, edits, failed](Jobs::End end, const std::string&) {
-                 for (const WorkerServices::Told& told : worker_.Take()) {
-                   desk_.Services.Dialogs.Message(told.Message, told.Explanation);
-                 }
-                 if (!failed->empty() && !failed->front().Why.empty()) {
-                   desk_.Services.Dialogs.Message(failed->front().Why,
-                                                  failed->front().Item.DisplayName());
-                 }
-                 if (end == Jobs::End::kDone && failed->empty()) Keep(std::move(*edits));
-               }});
+  giver_.Work().Start({{},
+                       false,
+                       [this, file, edits, failed](Jobs::Control&) {
+                         BrivolantDocument document(giver_.Worker().All());
+                         if (!document.Load(file)) {
+                           failed->push_back({file, document.lastErrorMessage});
+                           return;
+                         }
+                         document.HoldFiles();
+                         *edits = CopiedEdits::Of(document, document.StyleData);
+                       },
+                       [this, edits, failed](Jobs::End end, const std::string&) {
+                         for (const WorkerServices::Told& told : giver_.Worker().Take()) {
+                           desk_.Services.Dialogs.Message(told.Message, told.Explanation);
+                         }
+                         if (!failed->empty() && !failed->front().Why.empty()) {
+                           desk_.Services.Dialogs.Message(failed->front().Why,
+                                                          failed->front().Item.DisplayName());
+                         }
+                         if (end == Jobs::End::kDone && failed->empty()) Keep(std::move(*edits));
+                       }});
 }
 
 CopiedEdits EditsController::OnClipboard() const {
@@ -151,13 +141,46 @@ void EditsController::AskAndGive(CopiedEdits edits) {
   order.Edits = std::move(edits);
   if (order.Items.empty() || order.Edits.StyleData.empty()) return;
   delete sheet_.data();
-  auto* sheet = new PasteEditsSheet(*browser_.imageBrowser->window(), order, desk_.Preferences);
+  auto* sheet = new PasteEditsSheet(*pane_.imageBrowser->window(), order, desk_.Preferences);
   sheet_ = sheet;
   // The sheet has closed before the next question opens.
   sheet->Accepted = [this](const ManyEdits::Order& chosen) {
-    QTimer::singleShot(0, browser_.imageBrowser, [this, chosen] { Give(chosen); });
+    QTimer::singleShot(0, pane_.imageBrowser, [this, chosen] { giver_.Give(chosen); });
   };
   sheet->open();
+}
+
+// The rows by which edits go to many.
+
+void EditsController::StyleMenu(QMenu& menu) {
+  QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this, &menu] {
+    menu.clear();
+    desk_.Styles.Load();
+    std::vector<QMenu*> categories;
+    categories.reserve(OneClickWonderStorage::CategoryName.size());
+    for (const LocalizedText& name : OneClickWonderStorage::CategoryName) {
+      categories.push_back(menu.addMenu(Shown(name)));
+    }
+    for (const auto& style : desk_.Styles.Wonders()) {
+      if (style->Category < 0 || style->Category >= std::ssize(categories)) continue;
+      QString name = ToQString(style->Name());
+      name.replace(QLatin1Char('&'), QStringLiteral("&&"));
+      QMenu& category = *categories[static_cast<std::size_t>(style->Category)];
+      QObject::connect(category.addAction(name), &QAction::triggered, &menu,
+                       [this, style] { ApplyStyle(*style); });
+    }
+    for (QMenu* category : categories) category->menuAction()->setVisible(!category->isEmpty());
+  });
+}
+
+void EditsController::AddRows(QMenu& menu) {
+  if (!PhotosSelected()) return;
+  menu.addSeparator();
+  for (const char* name : {"EditCopyStyle", "EditPasteStyle"}) {
+    QAction& action = commands_.Action(name);
+    if (action.isEnabled()) menu.addAction(&action);
+  }
+  StyleMenu(*menu.addMenu(Shown(Menus::kEditApplyStyle)));
 }
 
 }  // namespace brivolant

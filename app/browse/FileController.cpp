@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "app/browse/FileController.h"
 
+#include <algorithm>
 #include <utility>
 
-#include "app/browse/BrowserController.h"
+#include "app/browse/BrowserPane.h"
+#include "app/browse/FileHistory.h"
 #include "app/commands/Commands.h"
+#include "app/commands/Menus.h"
 #include "app/session/EditSession.h"
 #include "browser/SideBarItem.h"
 #include "platform/files/ExclusiveMove.h"
@@ -15,45 +18,49 @@ namespace {
 
 using ItemPointer = std::shared_ptr<browserItem>;
 
+/// Nobody makes more files the desktop's picture; their kinds are not looked up at every key.
+constexpr int kMostPictures = 16;
+
 }  // namespace
 
 FileController::FileController(const Desk& desk, EditSession& session, Commands& commands,
-                               BrowserController& browser)
-    : desk_(desk), session_(session), commands_(commands), browser_(browser) {
-  multiViewFileBrowser& rows = *browser_.imageBrowser;
+                               BrowserPane& pane, FileHistory& history)
+    : desk_(desk), session_(session), pane_(pane), history_(history) {
+  multiViewFileBrowser& rows = *pane_.imageBrowser;
   rows.RenameItem = [this](const browserItem& item, const std::string& name) {
     return RenameFile(item, name);
   };
   rows.TrashAction = [this] { FileMoveToTrash(); };
-  browser_.TrashFile = [this](const FolderItem& file) { Trash({file}); };
-  rows.FilesDropped = [this](const std::vector<FolderItem>& files, const FolderItem& folder) {
-    DropFilesInto(files, folder);
-  };
   AddCommands(commands);
 }
 
-void FileController::Tell(const LocalizedText& text, const FolderItem& file) {
-  desk_.Services.Dialogs.Message(
-      WithPlaceholders(text.Text(), {{"<filename>", file.DisplayName()}}), {});
-}
-
-// The trash, and other names.
-
-void FileController::Run(const LocalizedText& text, const StepPointer& step,
-                         std::function<void(Jobs::Control&)> work, std::function<void()> then) {
-  steps_.push_back(step);
-  commands_.Changed();
-  jobs_.Start({text.Text(), true, std::move(work),
-               [this, step, then = std::move(then)](Jobs::End, const std::string&) {
-                 if (step->trashed.empty() && step->copies.empty()) std::erase(steps_, step);
-                 commands_.Changed();
-                 then();
-               }});
+void FileController::AddCommands(Commands& commands) {
+  using namespace Menus;
+  multiViewFileBrowser& rows = *pane_.imageBrowser;
+  commands.Add({
+      {"FileMoveToTrash", &kFileMoveToTrash, "Ctrl+Backspace", kInBrowser,
+       [this] { FileMoveToTrash(); }, [&rows] { return rows.SelectedCount() > 0; }},
+      {"FileRename", &kFileRename, "F2", kInBrowser, [&rows] { rows.BeginRename(); },
+       [&rows] { return rows.SelectedCount() == 1 && rows.CanRename(); }},
+      {"FileAddToFavorites", &kFileAddToFavorites, "", kInBrowser, [this] { AddFavoritesMethod(); },
+       [this, &rows] {
+         return rows.SelectedCount() > kMostPictures || !pane_.SelectedFiles().empty();
+       }},
+      {"FileShowOriginal", &kFileShowOriginal, "", kInBrowser, [this] { Reveal(true); },
+       [this] { return AliasSelected(); }},
+      {"FileShowInFinder", &kFileShowInFinder, "", kInBrowser, [this] { Reveal(false); },
+       [&rows] { return rows.SelectedCount() == 1; }},
+      {"FileShareVia", &kFileShare, "", kInBrowser},
+      // A heading.
+      {"menuskFileShareDevice", &kFileShareDevice, "", kInBrowser, nullptr, [] { return false; }},
+      {"menuskFileShareSetasDesktopPicture", &kFileShareDesktop, "", kInBrowser,
+       [this] { SetDesktopPicture(); }, [this] { return PicturesSelected(); }},
+  });
 }
 
 void FileController::FileMoveToTrash() {
   std::vector<FolderItem> files;
-  multiViewFileBrowser& rows = *browser_.imageBrowser;
+  multiViewFileBrowser& rows = *pane_.imageBrowser;
   const int choice = rows.Choices();
   for (const BrowserPayload& payload : rows.SelectedItems()) {
     const auto* item = std::get_if<ItemPointer>(&payload);
@@ -61,16 +68,16 @@ void FileController::FileMoveToTrash() {
     if (const auto* file = std::get_if<FolderItem>(&(*item)->item)) files.push_back(*file);
   }
   // Whatever is selected while a question is open.
-  if (files.empty() || !MayTrash(files)) return;
+  if (files.empty() || !history_.MayTrash(files)) return;
   // They are gone from sight at once: the next key is meant for the next one.
   if (rows.Choices() == choice) rows.RemoveSelected();
   Trash(files);
 }
 
 void FileController::Trash(const std::vector<FolderItem>& files) {
-  const auto step = std::make_shared<Step>();
+  const auto step = std::make_shared<FileHistory::Step>();
   const auto failed = std::make_shared<FolderItem>();
-  Run(
+  history_.Run(
       kTrashing, step,
       [files, step, failed](Jobs::Control& control) {
         for (std::size_t i = 0; i < files.size(); ++i) {
@@ -86,108 +93,10 @@ void FileController::Trash(const std::vector<FolderItem>& files) {
         FileMoves moves;
         for (const auto& trashed : step->trashed)
           moves.emplace_back(trashed.Original, FolderItem());
-        Moved(moves);
-        browser_.imageBrowser->ReloadCurrentView();
-        if (*failed) Tell(kNotTrashed, *failed);
+        history_.Moved(moves);
+        pane_.imageBrowser->ReloadCurrentView();
+        if (*failed) history_.Tell(FileHistory::kNotTrashed, *failed);
       });
-}
-
-// Undo.
-
-std::function<void()> FileController::AddStep(const LocalizedText& name,
-                                              std::function<void()> takeBack) {
-  const auto step = std::make_shared<Step>();
-  step->Is = Step::kOther;
-  step->takeBack = std::move(takeBack);
-  step->name = &name;
-  steps_.push_back(step);
-  commands_.Changed();
-  return [this, step] {
-    std::erase(steps_, step);
-    commands_.Changed();
-  };
-}
-
-void FileController::UndoStep() {
-  // What is being done is to be done first.
-  jobs_.WhenIdle([this] { TakeBack(); });
-}
-
-void FileController::Keep(const StepPointer& step) {
-  steps_.push_back(step);
-  commands_.Changed();
-}
-
-std::function<void(const std::vector<FolderItem>&)> FileController::SelectIfUntouched() {
-  return [this, before = browser_.imageBrowser->Choices()](const std::vector<FolderItem>& files) {
-    if (browser_.imageBrowser->Choices() == before) browser_.imageBrowser->SelectFiles(files);
-  };
-}
-
-void FileController::TakeBack() {
-  if (steps_.empty()) return;
-  const StepPointer step = steps_.back();
-  std::vector<FolderItem> copies;
-  for (const FileCopier::Copy& copy : step->copies) copies.push_back(copy.Item);
-  if (!MayTrash(copies)) return;
-  std::erase(steps_, step);
-  commands_.Changed();
-  if (step->Is == Step::kOther) return step->takeBack();
-  if (step->Is == Step::kCopy) return TakeBackCopies(step);
-  if (step->Is == Step::kTrash) return TakeBack(step);
-  MoveFile(step->after, step->before,
-           [this, step, select = SelectIfUntouched()](std::error_code error) {
-             if (error) Keep(step);
-             browser_.imageBrowser->ReloadCurrentView();
-             if (!error) select({step->before});
-             if (error) Tell(kNotPutBack, step->before);
-           });
-}
-
-void FileController::TakeBack(const StepPointer& step) {
-  const auto back = std::make_shared<std::vector<FolderItem>>();
-  const auto failed = std::make_shared<FolderItem>();
-  jobs_.Start(
-      {kTakingBack.Text(), false,
-       [step, back, failed](Jobs::Control&) {
-         // The last first, so that each finds things as it left them.
-         std::vector<FolderitemExtensions::TrashedFile> left;
-         for (auto file = step->trashed.rbegin(); file != step->trashed.rend(); ++file) {
-           if (FolderitemExtensions::PutBack(*file)) {
-             back->push_back(file->Original);
-           } else {
-             *failed = file->Original;
-             left.insert(left.begin(), *file);
-           }
-         }
-         step->trashed = std::move(left);
-       },
-       [this, step, back, failed, select = SelectIfUntouched()](Jobs::End, const std::string&) {
-         if (!step->trashed.empty()) Keep(step);
-         FileMoves moves;
-         for (const FolderItem& file : *back) moves.emplace_back(FolderItem(), file);
-         Moved(moves);
-         browser_.imageBrowser->ReloadCurrentView();
-         select(*back);
-         if (*failed) Tell(kNotPutBack, *failed);
-       }});
-}
-
-void FileController::MoveFile(const FolderItem& from, const FolderItem& to,
-                              const std::function<void(std::error_code)>& then) {
-  const auto error = std::make_shared<std::error_code>();
-  // Behind what is being copied or trashed, which would lose its way.
-  jobs_.Start({{},
-               false,
-               [=](Jobs::Control&) { *error = MoveExclusively(from, to); },
-               [this, from, to, error, then](Jobs::End, const std::string&) {
-                 if (!*error) {
-                   // The open document goes on where it now is.
-                   session_.Relocate(from, to);
-                   Moved({{from, to}});
-                 }
-                 then(*error);
-               }});
 }
 
 bool FileController::RenameFile(const browserItem& item, const std::string& name) {
@@ -201,17 +110,18 @@ bool FileController::RenameFile(const browserItem& item, const std::string& name
     tell(kNameNotAllowed);
     return false;
   }
-  const auto step = std::make_shared<Step>();
-  step->Is = Step::kRename;
+  const auto step = std::make_shared<FileHistory::Step>();
+  step->Is = FileHistory::Step::kRename;
   step->before = *file;
   step->after = file->Parent().Child(name);
-  MoveFile(step->before, step->after,
-           [this, step, tell, select = SelectIfUntouched()](std::error_code error) {
-             if (error) return tell(error == std::errc::file_exists ? kNameTaken : kNotRenamed);
-             Keep(step);
-             browser_.imageBrowser->ReloadCurrentView();
-             select({step->after});
-           });
+  history_.MoveFile(
+      step->before, step->after,
+      [this, step, tell, select = history_.SelectIfUntouched()](std::error_code error) {
+        if (error) return tell(error == std::errc::file_exists ? kNameTaken : kNotRenamed);
+        history_.Keep(step);
+        pane_.imageBrowser->ReloadCurrentView();
+        select({step->after});
+      });
   return true;
 }
 
@@ -222,7 +132,7 @@ void FileController::AddFavoritesMethod() {
   };
   const auto outcome = std::make_shared<Outcome>();
   const FolderItem folder = SideBarSources::FavoritesFolder();
-  const auto work = [outcome, folder, files = browser_.SelectedFiles()](Jobs::Control&) {
+  const auto work = [outcome, folder, files = pane_.SelectedFiles()](Jobs::Control&) {
     for (const FolderItem& file : files) {
       if (FolderitemExtensions::MakeAlias(file, FileCopier::FreeName(folder, file))) {
         outcome->added = true;
@@ -231,29 +141,60 @@ void FileController::AddFavoritesMethod() {
       }
     }
   };
-  jobs_.Start({{}, false, work, [this, outcome, folder](Jobs::End, const std::string&) {
-                 if (outcome->added) FavoriteAdded(folder);
-                 if (outcome->failed) Tell(kNotFavorite, outcome->failed);
-               }});
+  history_.Work().Start({{}, false, work, [this, outcome, folder](Jobs::End, const std::string&) {
+                           if (outcome->added) FavoriteAdded(folder);
+                           if (outcome->failed) history_.Tell(kNotFavorite, outcome->failed);
+                         }});
 }
 
 void FileController::SetDesktopPicture() {
   const auto failed = std::make_shared<FolderItem>();
-  asking_.Start({{},
-                 false,
-                 [&desktop = desk_.Desktop, failed,
-                  files = browser_.SelectedFiles()](Jobs::Control& control) {
-                   (void)control.Apart([&desktop, failed, files] {
-                     for (const FolderItem& file : files) {
-                       if (desktop.SetPicture(file)) continue;
-                       *failed = file;
-                       return;
-                     }
-                   });
-                 },
-                 [this, failed](Jobs::End end, const std::string&) {
-                   if (end == Jobs::End::kDone && *failed) Tell(kNoDesktopPicture, *failed);
-                 }});
+  asking_.Start(
+      {{},
+       false,
+       [&desktop = desk_.Desktop, failed, files = pane_.SelectedFiles()](Jobs::Control& control) {
+         (void)control.Apart([&desktop, failed, files] {
+           for (const FolderItem& file : files) {
+             if (desktop.SetPicture(file)) continue;
+             *failed = file;
+             return;
+           }
+         });
+       },
+       [this, failed](Jobs::End end, const std::string&) {
+         if (end == Jobs::End::kDone && *failed) history_.Tell(kNoDesktopPicture, *failed);
+       }});
+}
+
+void FileController::Reveal(bool original) {
+  asking_.Start(
+      {{},
+       false,
+       [&desktop = desk_.Desktop, original, files = pane_.SelectedFiles()](Jobs::Control& control) {
+         // Where a link leads a disk may be away, and nobody's end waits for it.
+         (void)control.Apart([&desktop, original, files] {
+           for (const FolderItem& file : files) {
+             desktop.Reveal(original ? FolderitemExtensions::OriginalFile(file) : file);
+           }
+         });
+       },
+       [](Jobs::End, const std::string&) {}});
+}
+
+bool FileController::AliasSelected() const {
+  const multiViewFileBrowser& rows = *pane_.imageBrowser;
+  if (rows.SelectedCount() != 1) return false;
+  const BrowserPayload selected = rows.SelectedItem(0);
+  const auto* item = std::get_if<std::shared_ptr<browserItem>>(&selected);
+  return item != nullptr && (*item)->Facts.value_or(FileFacts()).Is == FileFacts::kAlias;
+}
+
+bool FileController::PicturesSelected() const {
+  if (pane_.imageBrowser->SelectedCount() > kMostPictures) return false;
+  const std::vector<FolderItem> files = pane_.SelectedFiles();
+  return !files.empty() && std::all_of(files.begin(), files.end(), [](const FolderItem& file) {
+    return FolderitemExtensions::NamesPicture(file.Name());
+  });
 }
 
 }  // namespace brivolant

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "app/browse/BrowserController.h"
+#include "app/browse/BrowserPane.h"
 #include "app/browse/OwnPreviews.h"
 #include "app/browse/QuickLookWindow.h"
 #include "app/commands/Commands.h"
@@ -19,13 +20,13 @@ using ItemPointer = std::shared_ptr<browserItem>;
 }  // namespace
 
 QuickLookController::QuickLookController(const Desk& desk, Commands& commands, Panes& panes,
-                                         BrowserController& browser)
-    : desk_(desk), panes_(panes), browser_(browser) {
-  browser_.imageBrowser->QuickLookAction = [this] { QuickLookMethod(); };
-  listening_ = browser_.SelectionChanged.Listen([this] { Follow(); });
+                                         BrowserPane& pane, BrowserController& browser)
+    : desk_(desk), panes_(panes), pane_(pane) {
+  pane_.imageBrowser->QuickLookAction = [this] { QuickLookMethod(); };
+  listening_ = browser.SelectionChanged.Listen([this] { Follow(); });
   commands.Add(
       {{"FileQuickLook", &Menus::kQuickLook, "Ctrl+Y", kInBrowser, [this] { QuickLookMethod(); },
-        [this] { return browser_.imageBrowser->SelectedCount() > 0; }, nullptr,
+        [this] { return pane_.imageBrowser->SelectedCount() > 0; }, nullptr,
         [this] { return Caption(); }}});
 }
 
@@ -33,9 +34,9 @@ QuickLookController::~QuickLookController() = default;
 
 std::string QuickLookController::Caption() const {
   std::string text = Menus::kQuickLook.Text();
-  if (browser_.imageBrowser->SelectedCount() != 1) return text;
+  if (pane_.imageBrowser->SelectedCount() != 1) return text;
   text += " \"";
-  for (const char c : BrowserRows::NameOf(browser_.imageBrowser->SelectedItem(0))) {
+  for (const char c : BrowserRows::NameOf(pane_.imageBrowser->SelectedItem(0))) {
     text.append(c == '&' ? "&&" : std::string(1, c));
   }
   return text + "\"";
@@ -43,7 +44,7 @@ std::string QuickLookController::Caption() const {
 
 std::vector<QuickLookItem> QuickLookController::Items() const {
   std::vector<QuickLookItem> items;
-  for (const BrowserPayload& payload : browser_.imageBrowser->SelectedItems()) {
+  for (const BrowserPayload& payload : pane_.imageBrowser->SelectedItems()) {
     QuickLookItem shown;
     shown.Title = BrowserRows::NameOf(payload);
     shown.Icon = [payload](int size, double ratio) { return FileIcons::For(payload, size, ratio); };
@@ -53,14 +54,14 @@ std::vector<QuickLookItem> QuickLookController::Items() const {
     } else if (const auto* photo = std::get_if<std::shared_ptr<iPhotoItem>>(&payload)) {
       shown.File = (*photo)->File();
     }
-    shown.Thumbnail = browser_.imageBrowser->Thumbnail(payload);
+    shown.Thumbnail = pane_.imageBrowser->Thumbnail(payload);
     items.push_back(std::move(shown));
   }
   return items;
 }
 
 void QuickLookController::QuickLookMethod() {
-  multiViewFileBrowser& rows = *browser_.imageBrowser;
+  multiViewFileBrowser& rows = *pane_.imageBrowser;
   if (panes_.Pane() != kBrowserPane || rows.SelectedCount() == 0) return;
   if (!quickLook_) {
     quickLook_ = std::make_unique<QuickLookWindow>(NewFilePreviewer(), desk_.Preferences);
@@ -88,7 +89,7 @@ void QuickLookController::QuickLookMethod() {
 
 void QuickLookController::Follow() {
   if (!quickLook_ || !quickLook_->isVisible()) return;
-  if (browser_.imageBrowser->SelectedCount() == 0) return;
+  if (pane_.imageBrowser->SelectedCount() == 0) return;
   std::vector<QuickLookItem> items = Items();
   const auto& shown = quickLook_->items();
   // A folder that is listed again is no reason to begin anew.

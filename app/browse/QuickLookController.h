@@ -11,6 +11,7 @@
 namespace brivolant {
 
 class BrowserController;
+class BrowserPane;
 class Commands;
 class Panes;
 class Picture;
@@ -21,7 +22,7 @@ struct QuickLookItem;
 /// on the whole screen.
 class QuickLookController {
  public:
-  QuickLookController(const Desk& desk, Commands& commands, Panes& panes,
+  QuickLookController(const Desk& desk, Commands& commands, Panes& panes, BrowserPane& pane,
                       BrowserController& browser);
   ~QuickLookController();
   QuickLookController(const QuickLookController&) = delete;
@@ -42,7 +43,7 @@ class QuickLookController {
 
   Desk desk_;
   Panes& panes_;
-  BrowserController& browser_;
+  BrowserPane& pane_;
   std::unique_ptr<QuickLookWindow> quickLook_;
   /// Shows the photo of the editor.
   std::unique_ptr<QuickLookWindow> fullScreen_;

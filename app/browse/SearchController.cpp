@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/browse/BrowserPane.h"
+#include "app/browse/PathController.h"
 #include "app/browse/SidebarController.h"
 #include "formats/FileTypes.h"
 #include "kit/InterfaceKitSupport.h"
@@ -27,8 +29,9 @@ constexpr int kMargin = 8;
 
 }  // namespace
 
-SearchController::SearchController(const Desk& desk, BrowserController& browser)
-    : desk_(desk), browser_(browser) {
+SearchController::SearchController(const Desk& desk, BrowserPane& pane, BrowserController& browser,
+                                   PathController& path)
+    : desk_(desk), pane_(pane), browser_(browser), path_(path) {
   BuildLine();
   WireField();
   WireQuery();
@@ -41,7 +44,7 @@ SearchController::SearchController(const Desk& desk, BrowserController& browser)
 SearchController::~SearchController() = default;
 
 void SearchController::BuildLine() {
-  line_ = new QWidget(browser_.imageBrowser->parentWidget());
+  line_ = new QWidget(pane_.imageBrowser->parentWidget());
   auto* line = new QHBoxLayout(line_);
   line->setContentsMargins(kMargin, 0, kMargin, 4);
   line->setSpacing(kMargin);
@@ -57,18 +60,18 @@ void SearchController::BuildLine() {
   line->addWidget(cancel);
   line_->hide();
   // Between the bar and the rows.
-  browser_.Column->insertWidget(1, line_);
+  pane_.Column->insertWidget(1, line_);
   QObject::connect(cancel, &QPushButton::clicked, line_, [this] { mySpotlightSearch.Finish(); });
 }
 
 void SearchController::WireField() {
-  ifkSearchField& field = *browser_.browserSearchField;
+  ifkSearchField& field = *pane_.browserSearchField;
   field.useLiveSearch = true;
   field.SearchIcon(true);
   field.Menu = {{kSearchCurrentFolder.Text(), kSearchFolderTag, {}, true, true, {}},
                 {kSearchEntireComputer.Text(), kSearchComputerTag, {}, false, true, {}}};
   field.TextChanged = [this] { TextChanged(); };
-  field.Entered = [this] { browser_.imageBrowser->setFocus(); };
+  field.Entered = [this] { pane_.imageBrowser->setFocus(); };
   field.MenuAction = [&field](MenuItem& chosen) {
     for (MenuItem& item : field.Menu) item.Checked = &item == &chosen;
     field.DescriptiveText(Shown(ifkSearchField::kDefaultSearchCaption) + QStringLiteral(": ") +
@@ -76,7 +79,7 @@ void SearchController::WireField() {
   };
   field.CancelClicked = [this] {
     End();
-    browser_.myPathBar->Goback();
+    pane_.myPathBar->Goback();
     currentSearchItem.reset();
     Changed();
     return false;
@@ -98,13 +101,13 @@ void SearchController::WireQuery() {
         kSearching.Text(), {{"<folder>", EnsureUTF8(folder)}, {"<x>", std::to_string(found)}}));
     // Its width counts from the first report on.
     line_->show();
-    browser_.Column->activate();
+    pane_.Column->activate();
     place_->setText(place_->fontMetrics().elidedText(text, Qt::ElideMiddle, place_->width()));
   };
 }
 
 void SearchController::StorePreferences() {
-  std::vector<std::string> recent = browser_.browserSearchField->RecentSearches();
+  std::vector<std::string> recent = pane_.browserSearchField->RecentSearches();
   if (recent.back().empty()) recent.pop_back();
   std::string stored;
   for (const std::string& text : recent) stored.append(text).append("\n");
@@ -112,12 +115,12 @@ void SearchController::StorePreferences() {
 }
 
 void SearchController::TextChanged() {
-  multiViewFileBrowser& rows = *browser_.imageBrowser;
-  const auto& menu = browser_.browserSearchField->Menu;
+  multiViewFileBrowser& rows = *pane_.imageBrowser;
+  const auto& menu = pane_.browserSearchField->Menu;
   const auto mode =
       std::find_if(menu.begin(), menu.end(), [](const MenuItem& item) { return item.Checked; });
   if (mode == menu.end() || mode->Tag.empty()) return;
-  const std::string text = browser_.browserSearchField->Text();
+  const std::string text = pane_.browserSearchField->Text();
   if (mode->Tag == kSearchFolderTag) return rows.HighLightItem(text, true);
   End();
   if (ToQString(text).size() < kLeastLetters) return;
@@ -136,7 +139,7 @@ void SearchController::TextChanged() {
   } else {
     browser_.DisplayInPlace(currentSearchItem);
   }
-  browser_.DisplayPath(currentSearchItem, true);
+  path_.DisplayPath(currentSearchItem, true);
   moved_.clear();
   completed_ = false;
   mySpotlightSearch.Run();
@@ -145,7 +148,7 @@ void SearchController::TextChanged() {
 void SearchController::Completed() {
   const bool late = std::exchange(completed_, true);
   line_->hide();
-  browser_.imageBrowser->EmptyText = kNothingFound.Text();
+  pane_.imageBrowser->EmptyText = kNothingFound.Text();
   if (!currentSearchItem) return;
   // What the text before found and this one does not is gone.
   currentSearchItem->RemoveAllItems();
@@ -155,9 +158,9 @@ void SearchController::Completed() {
   }
   currentSearchItem->Follow(moved_);
   // Whoever has gone elsewhere meanwhile stays there.
-  if (browser_.imageBrowser->currentView() != BrowserContainer(currentSearchItem)) return;
+  if (pane_.imageBrowser->currentView() != BrowserContainer(currentSearchItem)) return;
   // What comes late takes nobody's selection, place or half-typed name.
-  late ? browser_.imageBrowser->ReloadCurrentView() : browser_.DisplayInPlace(currentSearchItem);
+  late ? pane_.imageBrowser->ReloadCurrentView() : browser_.DisplayInPlace(currentSearchItem);
 }
 
 void SearchController::Follow(const FileMoves& moves) {
@@ -168,7 +171,7 @@ void SearchController::Follow(const FileMoves& moves) {
 void SearchController::End() {
   mySpotlightSearch.Stop();
   line_->hide();
-  browser_.imageBrowser->EmptyText.clear();
+  pane_.imageBrowser->EmptyText.clear();
 }
 
 }  // namespace brivolant

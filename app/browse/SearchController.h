@@ -15,6 +15,9 @@ class QLabel;
 
 namespace brivolant {
 
+class BrowserPane;
+class PathController;
+
 /// The search: its field, the line that tells how it goes, and what it found.
 class SearchController {
  public:
@@ -28,7 +31,8 @@ class SearchController {
   static constexpr LocalizedText kNothingFound{"MainWindow.kNothingFound",
                                                "No photo or folder has this in its name"};
 
-  SearchController(const Desk& desk, BrowserController& browser);
+  SearchController(const Desk& desk, BrowserPane& pane, BrowserController& browser,
+                   PathController& path);
   ~SearchController();
   SearchController(const SearchController&) = delete;
   SearchController& operator=(const SearchController&) = delete;
@@ -52,7 +56,9 @@ class SearchController {
   void End();
 
   Desk desk_;
+  BrowserPane& pane_;
   BrowserController& browser_;
+  PathController& path_;
   /// What happened since the search began, which may have been in its folder before.
   FileMoves moved_;
   /// The present search has reported.

@@ -1,47 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "app/browse/SidebarController.h"
 
-#include <QBuffer>
 #include <QMenu>
-#include <algorithm>
 
-#include "app/commands/Commands.h"
-#include "app/commands/Menus.h"
+#include "app/browse/BrowserPane.h"
 #include "browser/ui/Sidebar.h"
-#include "formats/FileTypes.h"
 #include "kit/InterfaceKitSupport.h"
-#include "kit/SvgIcon.h"
-#include "platform/services/SharedFolders.h"
 
 namespace brivolant {
 namespace {
 
-/// Milliseconds between two looks at the mounted disks.
-constexpr int kDevices = 1000;
 constexpr const char* kFolds[] = {"MainWindow.sidebar.iPhoto", "MainWindow.sidebar.devices",
                                   "MainWindow.sidebar.places"};
 
-std::string PngOf(const SideBarItem& place) {
-  constexpr int kIcon = 16;
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  SvgPixmap(ToQString(place.icon.empty() ? std::string("Folder") : place.icon), QSize(kIcon, kIcon),
-            1, Qt::black)
-      .save(&buffer, "PNG");
-  return bytes.toStdString();
-}
-
-FolderItem PlacesFile() {
-  return otherSharedComponents::userElementsFolder().Child(
-      "SideBarItems." + std::string(InternalFileTypes::BrivolantPhotosSidebarItems.Extensions));
-}
-
 }  // namespace
 
-SidebarController::SidebarController(const Desk& desk, Commands& commands,
+SidebarController::SidebarController(const Desk& desk, BrowserPane& pane,
                                      BrowserController& browser)
-    : desk_(desk), browser_(browser), bar_(*browser.mySideBar) {
+    : desk_(desk), pane_(pane), browser_(browser), bar_(*pane.mySideBar) {
   for (const LocalizedText* caption :
        {&SideBarSources::kLibrary, &SideBarSources::kDevices, &SideBarSources::kPlaces}) {
     auto section = std::make_shared<SideBarCollection>();
@@ -53,16 +29,6 @@ SidebarController::SidebarController(const Desk& desk, Commands& commands,
   WireMenu();
   WireDrop();
   listening_ = browser_.ListChanged.Listen([this] { Highlight(); });
-  deviceTimer_.setInterval(kDevices);
-  QObject::connect(&deviceTimer_, &QTimer::timeout, [this] { LookAtDevices(); });
-  commands.Add(
-      {{"FileAddToSideBar", &Menus::kAddToSidebar, "Ctrl+T", kInBrowser, [this] { AddSelected(); },
-        [this] {
-          if (browser_.imageBrowser->SelectedCount() != 1) return false;
-          const BrowserPayload selected = browser_.imageBrowser->SelectedItem(0);
-          const auto* item = std::get_if<std::shared_ptr<browserItem>>(&selected);
-          return item != nullptr && (*item)->Facts.value_or(FileFacts()).Is == FileFacts::kFolder;
-        }}});
 }
 
 void SidebarController::Wire() {
@@ -80,7 +46,7 @@ void SidebarController::Wire() {
   bar_.itemSelected = [this](const SideBarItem& item, bool eject) {
     if (const auto* volume = std::get_if<VolumeItem>(&item.Tag)) {
       const VolumeItem chosen = *volume;
-      return eject ? Eject(chosen) : browser_.DisplayContainer(FolderItem(chosen));
+      return eject ? EjectWanted(chosen) : browser_.DisplayContainer(FolderItem(chosen));
     }
     if (const auto* folder = std::get_if<FolderItem>(&item.Tag)) {
       // Its row may go by what comes of it.
@@ -88,28 +54,6 @@ void SidebarController::Wire() {
     }
     browser_.DisplayContainer(BrowserController::ContainerOf(item.Tag));
   };
-  bar_.Removed = [this](const std::shared_ptr<SideBarItem>& item, SideBarCollection& section) {
-    if (&section != bar_.item[kPlacesSection].get()) return;
-    section.RemoveItem(item);
-    bar_.updateList();
-    SavePlaces();
-  };
-}
-
-void SidebarController::Eject(const VolumeItem& volume) {
-  // It waits for the disk, which may have much to write.
-  const auto error = std::make_shared<std::string>();
-  asking_.Start(
-      {{},
-       false,
-       [&desktop = desk_.Desktop, root = FolderItem(volume), error](Jobs::Control& control) {
-         // The window that closes meanwhile does not wait for the disk.
-         (void)control.Apart([&desktop, root, error] { *error = desktop.Eject(root); });
-       },
-       [this, volume, error](Jobs::End, const std::string&) {
-         (void)volume.Ejected(*error, desk_.Services.Dialogs, desk_.Services.Log);
-         LookAtDevices();
-       }});
 }
 
 void SidebarController::WireMenu() {
@@ -149,47 +93,13 @@ void SidebarController::WireDrop() {
                                      SideBarCollection& section) {
     if (const FolderItem folder = target(item)) return Dropped(files, folder);
     if (&section != bar_.item[kPlacesSection].get()) return;
-    AddFolders(files);
+    PlacesDropped(files);
   };
 }
 
 void SidebarController::Open() {
   for (std::size_t i = 0; i < std::size(kFolds); ++i) {
     bar_.item[i]->ItemsVisible = desk_.Preferences.Value(kFolds[i], true).ToBool();
-  }
-  SideBarCollection& places = *bar_.item[kPlacesSection];
-  if (!SideBarSources::Load(PlacesFile(), places)) {
-    SideBarSources::AddDefaults(places, otherSharedComponents::DefaultPipDocumentsFolder());
-  }
-  deviceTimer_.start();
-  LookAtDevices();
-}
-
-void SidebarController::LookAtDevices() {
-  const auto computer = desk_.Computer();
-  std::vector<std::pair<FolderItem, bool>> now;
-  for (int i = 0; i < computer->Count(); ++i) {
-    const auto& item = std::get<std::shared_ptr<browserItem>>(computer->Item(i));
-    now.emplace_back(item->File(), item->Volume.Known);
-  }
-  if (now == volumes_) return;
-  volumes_ = now;
-  multiViewFileBrowser& rows = *browser_.imageBrowser;
-  if (rows.currentView() == BrowserContainer(computer)) rows.ReloadCurrentView();
-  SideBarCollection& devices = *bar_.item[kDevicesSection];
-  devices.RemoveAllItems();
-  devices.Add(computer->Name, computer->Icon, computer);
-  for (int i = 0; i < computer->Count(); ++i) {
-    const auto& item = std::get<std::shared_ptr<browserItem>>(computer->Item(i));
-    devices.Add(item->Name, "Volume", std::get<VolumeItem>(item->item));
-    devices.item.back()->Ejectable = item->Volume.Ejectable;
-  }
-  Refresh();
-}
-
-void SidebarController::SavePlaces() {
-  if (!SideBarSources::Save(PlacesFile(), *bar_.item[kPlacesSection], PngOf)) {
-    desk_.Services.Log.Write("The places of the sidebar could not be saved.");
   }
 }
 
@@ -200,46 +110,19 @@ void SidebarController::Refresh() {
 
 void SidebarController::Highlight() {
   bar_.highlightItem(std::visit([](const auto& held) { return SideBarItem::Target(held); },
-                                browser_.imageBrowser->currentView()));
+                                pane_.imageBrowser->currentView()));
 }
 
-void SidebarController::AddPlace(const FolderItem& folder, const std::string& caption,
-                                 const std::string& icon) {
-  SideBarCollection& places = *bar_.item[kPlacesSection];
-  const bool known = std::any_of(places.item.begin(), places.item.end(), [&](const auto& place) {
-    return BrowserController::ContainerOf(place->Tag) == BrowserContainer(folder);
-  });
-  if (known) return;
-  places.Add(caption, icon, folder);
+void SidebarController::ShowDevices(const std::shared_ptr<browserItemCollection>& computer) {
+  SideBarCollection& devices = *bar_.item[kDevicesSection];
+  devices.RemoveAllItems();
+  devices.Add(computer->Name, computer->Icon, computer);
+  for (int i = 0; i < computer->Count(); ++i) {
+    const auto& item = std::get<std::shared_ptr<browserItem>>(computer->Item(i));
+    devices.Add(item->Name, "Volume", std::get<VolumeItem>(item->item));
+    devices.item.back()->Ejectable = item->Volume.Ejectable;
+  }
   Refresh();
-  SavePlaces();
-}
-
-void SidebarController::AddSelected() {
-  AddFolders(browser_.SelectedFiles());
-}
-
-void SidebarController::AddFolders(const std::vector<FolderItem>& files) {
-  // What comes from a share that is dead is waited for elsewhere.
-  const auto folders = std::make_shared<std::vector<FolderItem>>();
-  asking_.Start({{},
-                 false,
-                 [files, folders](Jobs::Control& control) {
-                   (void)control.Apart([files, folders] {
-                     for (const FolderItem& file : files) {
-                       if (file.Directory()) folders->push_back(file);
-                     }
-                   });
-                 },
-                 [this, folders](Jobs::End end, const std::string&) {
-                   if (end != Jobs::End::kDone || folders->empty()) return;
-                   SideBarCollection& places = *bar_.item[kPlacesSection];
-                   for (const FolderItem& folder : *folders) {
-                     places.Add(folder.DisplayName(), {}, folder);
-                   }
-                   Refresh();
-                   SavePlaces();
-                 }});
 }
 
 void SidebarController::ShowAlbums(const std::vector<std::shared_ptr<iPhotoAlbum>>& albums) {

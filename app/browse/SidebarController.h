@@ -1,25 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QTimer>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "app/browse/BrowserController.h"
 #include "app/core/Desk.h"
-#include "app/core/Jobs.h"
 #include "browser/SideBarItem.h"
 #include "platform/values/Event.h"
 #include "platform/values/Text.h"
 
 namespace brivolant {
 
-class Commands;
+class BrowserPane;
+class Sidebar;
 class iPhotoAlbum;
 
-/// The sidebar: its sections, the mounted disks, and the user's places.
+/// The sidebar: its sections, and what choosing or dropping on an item of them does.
 class SidebarController {
  public:
   static constexpr LocalizedText kOpenEnclosingFolder{"MainWindow.kOpenEnclosingFolder",
@@ -37,43 +35,37 @@ class SidebarController {
     kSearchSection = 3
   };
 
-  SidebarController(const Desk& desk, Commands& commands, BrowserController& browser);
+  SidebarController(const Desk& desk, BrowserPane& pane, BrowserController& browser);
   SidebarController(const SidebarController&) = delete;
   SidebarController& operator=(const SidebarController&) = delete;
 
-  /// Reads the places and looks at the disks, from now on every second.
+  /// As the sections were when the window was last closed.
   void Open();
-  void SavePlaces();
+  /// Asks for what the items show anew.
+  void Refresh();
+  void ShowDevices(const std::shared_ptr<browserItemCollection>& computer);
   void ShowAlbums(const std::vector<std::shared_ptr<iPhotoAlbum>>& albums);
   void UnfoldLibrary();
   /// Shows what a search found as a section of its own; null takes it away.
   void ShowSearch(const std::shared_ptr<browserItemCollection>& found);
-  /// A folder among the places, once.
-  void AddPlace(const FolderItem& folder, const std::string& caption, const std::string& icon);
 
   /// Files were dropped on a folder.
   Event<const std::vector<FolderItem>&, const FolderItem&> Dropped;
+  /// The same on the user's places.
+  Event<const std::vector<FolderItem>&> PlacesDropped;
+  Event<const VolumeItem&> EjectWanted;
 
  private:
   void Wire();
   void WireMenu();
   void WireDrop();
-  void LookAtDevices();
-  void Eject(const VolumeItem& volume);
-  void Refresh();
   /// Selects what is on show.
   void Highlight();
-  void AddSelected();
-  /// The folders among files become places.
-  void AddFolders(const std::vector<FolderItem>& files);
 
   Desk desk_;
+  BrowserPane& pane_;
   BrowserController& browser_;
   Sidebar& bar_;
-  QTimer deviceTimer_;
-  /// Those that are shown, and whether they have told of themselves.
-  std::vector<std::pair<FolderItem, bool>> volumes_;
-  Jobs asking_;
   Listening listening_;
 };
 

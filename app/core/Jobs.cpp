@@ -3,7 +3,9 @@
 
 #include <QScopeGuard>
 #include <QScopedValueRollback>
+#include <atomic>
 #include <chrono>
+#include <cstdlib>
 #include <exception>
 #include <future>
 #include <utility>
@@ -137,6 +139,10 @@ std::string Jobs::Text() const {
 
 bool Jobs::CanCancel() const {
   return running_ && running_->job.CanCancel;
+}
+
+bool Jobs::Unmeasured() const {
+  return running_ && running_->job.Unmeasured;
 }
 
 double Jobs::Done() const {

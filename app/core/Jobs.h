@@ -51,6 +51,8 @@ class Jobs {
     /// Called on the owner's thread when Work is done, while the job is still busy. What it gives
     /// back is worked on next, and then it is called again; nothing ends the job.
     std::function<std::function<void(Control&)>()> More = nullptr;
+    /// How far it is cannot be told.
+    bool Unmeasured = false;
   };
   /// While one lives, nothing begins that waits for its turn.
   class Pause {
@@ -90,6 +92,7 @@ class Jobs {
   /// What the present job tells the user, and whether it may be cancelled; of none, empty.
   std::string Text() const;
   bool CanCancel() const;
+  bool Unmeasured() const;
   /// The part of the present job that is done.
   double Done() const;
   /// Asks the present job to end.

@@ -4,9 +4,10 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QScopedValueRollback>
-#include <QScreen>
 
 #include "app/commands/Commands.h"
+#include "app/commands/Menus.h"
+#include "app/edit/DocumentController.h"
 #include "app/edit/EditorPane.h"
 #include "effects/finishes/EffectModuleOverlay.h"
 #include "effects/text/EffectModuleText.h"
@@ -31,16 +32,21 @@ constexpr double kSlide = 0.25;
 }  // namespace
 
 EditorController::EditorController(const Desk& desk, EditSession& session, Commands& commands,
-                                   Panes& panes, EditorPane& pane)
-    : desk_(desk), session_(session), commands_(commands), panes_(panes), pane_(pane) {
+                                   Panes& panes, EditorPane& pane, DocumentController& documents)
+    : desk_(desk),
+      session_(session),
+      commands_(commands),
+      panes_(panes),
+      pane_(pane),
+      documents_(documents) {
   pane_.PreviewTitle->SegmentByTag("advanced")->Selected =
       desk_.Preferences.Value(kPanelKey, false).ToBool();
-  session_.AskPlace = [this] { return AskWhereToSave(); };
   WireModules();
   WirePanel();
   WireDisplay();
-  AddCommands();
-  AddTurns();
+  commands_.Add({{"Viewadvanced", &Menus::kViewAdvancedOptions, "Ctrl+Shift+E", kInEditor,
+                  [this] { ShowHideEffects(!pane_.EffectsShown()); }, [this] { return Editing(); },
+                  [this] { return pane_.EffectsShown(); }}});
   listening_.push_back(session_.Changed.Listen([this] { Show(); }));
   listening_.push_back(session_.HistoryChanged.Listen([this] { commands_.Refresh(); }));
   // What is being drawn belongs to what is saved; its end would be lost while input is locked.
@@ -57,7 +63,6 @@ EditorController::EditorController(const Desk& desk, EditSession& session, Comma
 }
 
 EditorController::~EditorController() {
-  session_.AskPlace = nullptr;
   session_.Processor().Warned = nullptr;
   // The widgets outlive the session.
   pane_.MyDisplay->myProcessor = nullptr;
@@ -79,7 +84,7 @@ void EditorController::WireModules() {
   listening_.push_back(session_.ModuleCreated.Listen([this](effectModule& module) {
     if (auto* overlay = dynamic_cast<EffectModuleOverlay*>(&module)) {
       overlay->ChoosePicture = [this] {
-        const std::vector<FolderItem> files = ChoosePhotos(EffectModuleOverlay::kPrompt);
+        const std::vector<FolderItem> files = documents_.ChoosePhotos(EffectModuleOverlay::kPrompt);
         // It is read beside the window, and shown when it is there.
         if (!files.empty()) session_.LayOver(files.front());
         return FolderItem();
@@ -147,13 +152,13 @@ void EditorController::WireDisplay() {
     pane_.AdvancedPanel->Update();
   };
   display.Resized = [this] { ResizedUpdateTimer.start(); };
-  display.Dropped = [this](const DragItem& item) { Drop(item); };
+  display.Dropped = [this](const DragItem& item) { documents_.Drop(item); };
   pane_.PreviewTitle->Action = [this](SegmentViewPiece& piece) {
     if (piece.Tag == Variant("advanced")) ShowHideEffects(piece.Selected);
     if (piece.Tag == Variant("styles")) StylesToggled(piece.Selected);
     if (piece.Tag == Variant("FullScreen")) {
       piece.Selected = false;
-      FullScreenMethod();
+      FullScreenWanted();
     }
     commands_.Changed();
   };
@@ -218,16 +223,6 @@ void EditorController::ShowHideEffects(bool visible) {
     return;
   }
   AnimationCore::Animate(seat, {place.x(), place.y(), place.width(), place.height()}, kSlide);
-}
-
-void EditorController::FullScreenMethod() {
-  if (!Editing() || session_.Busy() || session_.HalfDone) return;
-  const QScreen* on = panes_.Window().screen();
-  const QSize pixels = on->size() * on->devicePixelRatio();
-  session_.RenderFor(pixels.width(), pixels.height(),
-                     [this, name = session_.Document()->Name](const Picture& picture) {
-                       FullScreenReady(picture, name);
-                     });
 }
 
 }  // namespace brivolant

@@ -141,7 +141,7 @@ void ZoomController::Render() {
   // What is rendered is what is there now, not what was when the wait began.
   image_ = Image();
   settings_ = Settings();
-  full_.Start({std::make_shared<BrivolantDocument>(*session_.Document()), processor.StyleData(),
+  full_.Start({session_.CopyOfDocument(), processor.StyleData(),
                processor.CurrentStack, display_.ShowBefore});
 }
 

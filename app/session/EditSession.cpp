@@ -17,13 +17,13 @@ EditSession::EditSession(ModuleRegistry registry, const Desk& desk, brivolant::R
     : desk_(desk),
       recovery_(recovery),
       recent_(recent),
-      worker_(desk.Services),
+      worker_(std::make_shared<WorkerServices>(desk.Services)),
       processor_(registry, desk.Services),
       preview_(processor_, registry, desk.Services) {
   processor_.ModuleCreated = [this](effectModule& module) { ModuleCreated(module); };
   processor_.UpdateStarted = [this] { RenderStarted(); };
   processor_.UpdateFinished = [this] { Rendered(); };
-  working_ = jobs_.Started.Listen([this] { worker_.Refresh(); });
+  working_ = jobs_.Started.Listen([this] { worker_->Refresh(); });
   WireHistory();
 }
 
@@ -179,11 +179,16 @@ void EditSession::LayOver(const FolderItem& file) {
   });
 }
 
-void EditSession::PastePicture(const Picture& picture) {
+void EditSession::PastePicture(PictureSource source) {
   constexpr double kQuality = 0.8;
-  if (picture.IsNil()) return;
-  const auto make = [picture](const std::string& name, const FolderItem& copy) {
+  if (!source) return;
+  const auto make = [source = std::move(source)](const std::string& name, const FolderItem& copy) {
     EffectModuleOverlay::Ready ready;
+    const Picture picture = source();
+    if (picture.IsNil()) {
+      ready.Error = kNoPicture.Text();
+      return ready;
+    }
     // A file is written under the extension of its kind, and lies in the document without one.
     const FolderItem jpeg = copy.Parent().Child(name + ".jpg");
     if (!ImageIO::SaveAsJPEG(jpeg, EnsurePictureCompatible(picture), kQuality, ready.Error)) {

@@ -57,6 +57,8 @@ class EditSession {
                                                   "Processing Image..."};
   static constexpr LocalizedText kNotSaved{"MainWindow.kNotSaved",
                                            "The picture \"<filename>\" was not saved."};
+  static constexpr LocalizedText kNoPicture{"EditSession.kNoPicture",
+                                            "The picture could not be read."};
   static constexpr LocalizedText kNotShown{
       "EditSession.kNotShown",
       "There is not enough memory to show the photo \"<filename>\" on the whole screen."};
@@ -82,6 +84,8 @@ class EditSession {
   UndoHandler& UndoGizmo() { return undo_; }
   /// Null before the first photo.
   BrivolantDocument* Document() { return document_.get(); }
+  /// A copy of its handles for work on another thread; what it uses lives as long as it does.
+  std::shared_ptr<BrivolantDocument> CopyOfDocument() const;
   /// Another one for each photo that was opened.
   int DocumentNumber() const { return documents_; }
   bool Dirty() const;
@@ -95,6 +99,8 @@ class EditSession {
   void Open(const FolderItem& item, std::string name);
   /// Opens a picture that has no file.
   void Open(const Picture& picture, const std::string& name);
+  /// The same of one that is made in the job that opens it.
+  void Open(PictureSource picture, const std::string& name);
   /// Opens what an unclean end left, not yet saved.
   void Open(const RecoveredEdits& edits);
   /// True while the photo has no place of its own.
@@ -143,7 +149,7 @@ class EditSession {
   void ClearStyle();
   void ApplyLastStyle();
   /// Lays a picture over the photo, above all effects, in a job.
-  void PastePicture(const Picture& picture);
+  void PastePicture(PictureSource picture);
   /// Lays a file's picture over the photo, where the overlay stands in the stack, in a job.
   void LayOver(const FolderItem& file);
   void PerformRewind();
@@ -231,6 +237,7 @@ class EditSession {
   void ForgetEdits();
   /// Tells what the worker left to tell.
   void TellWorkers();
+  void TellOf(WorkerServices& worker);
   void TakeEdits(const CopiedEdits& edits, bool crop, bool turns);
   void Replace(const std::string& style);
   std::string State() const;
@@ -252,7 +259,8 @@ class EditSession {
   Desk desk_;
   brivolant::Recovery& recovery_;
   RecentItems& recent_;
-  WorkerServices worker_;
+  /// What the open document and work on it use.
+  std::shared_ptr<WorkerServices> worker_;
   std::unique_ptr<BrivolantDocument> document_;
   brivolantProcessorLite processor_;
   PreviewThread preview_;

@@ -12,7 +12,6 @@
 #include "files/FolderitemExtensions.h"
 #include "formats/BrivolantDocument.h"
 #include "formats/DocumentParts.h"
-#include "formats/FileTypes.h"
 #include "platform/files/AtomicFile.h"
 #include "platform/files/ExclusiveMove.h"
 

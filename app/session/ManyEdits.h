@@ -52,7 +52,7 @@ struct CopiedEdits {
 /// gets the edits in place of its own. What fails stops nothing else.
 class ManyEdits {
  public:
-  static constexpr LocalizedText kPasting{"EditsController.kPasting", "Pasting edits..."};
+  static constexpr LocalizedText kPasting{"ManyEdits.kPasting", "Pasting edits..."};
   static constexpr LocalizedText kPictureNotTaken{
       "ManyEdits.kPictureNotTaken",
       "A picture that lies over the photo \"<filename>\" could not be copied."};

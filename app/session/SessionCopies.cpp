@@ -11,7 +11,7 @@ namespace brivolant {
 void EditSession::SaveCopy(const FolderItem& file, const std::string& type, double quality) {
   if (!document_) return;
   // A copy of the handles: the editor may go on while this one is rendered.
-  const auto source = std::make_shared<BrivolantDocument>(*document_);
+  const auto source = CopyOfDocument();
   const auto copy = std::make_shared<SaveAsCopy::Job>();
   copy->StyleData = processor_.StyleData();
   copy->File = file;
@@ -22,10 +22,13 @@ void EditSession::SaveCopy(const FolderItem& file, const std::string& type, doub
   jobs_.Start(
       {WithPlaceholders(SaveAsCopy::kSaving.Text(), {{"<filename>", file.DisplayName()}}), true,
        [this, source, copy, error, outcome](Jobs::Control& control) {
+         // The disk is asked, which may be away.
+         *error = source->WhyNotWriteTo(copy->File);
+         if (!error->empty()) return;
          copy->Source = source->Image();
          copy->Pasted = source->PastedImages();
          *outcome = SaveAsCopy::Run(
-             *copy, worker_.All(), [&](double done) { return control.Progress(done); }, *error);
+             *copy, worker_->All(), [&](double done) { return control.Progress(done); }, *error);
        },
        [this, file, error, outcome](Jobs::End end, const std::string& why) {
          TellWorkers();
@@ -40,7 +43,7 @@ void EditSession::SaveCopy(const FolderItem& file, const std::string& type, doub
 
 void EditSession::RenderFor(int width, int height, std::function<void(const Picture&)> then) {
   if (!document_) return;
-  const auto document = std::make_shared<BrivolantDocument>(*document_);
+  const auto document = CopyOfDocument();
   const auto result = std::make_shared<Picture>();
   jobs_.Start(
       {kProgressGeneric.Text(), false,
@@ -55,7 +58,7 @@ void EditSession::RenderFor(int width, int height, std::function<void(const Pict
          } else {
            source = document->Image();
          }
-         brivolantProcessorLite processor(EffectRegistry(), worker_.All());
+         brivolantProcessorLite processor(EffectRegistry(), worker_->All());
          processor.Startup();
          processor.StyleData(style);
          const double scale =

@@ -9,15 +9,14 @@
 #include "engine/EditorInterfaces.h"
 #include "files/FolderitemExtensions.h"
 #include "formats/BrivolantDocument.h"
-#include "formats/FileTypes.h"
 
 namespace brivolant {
 
 /// A document that is being read.
 struct EditSession::Opening {
+  /// What reading uses: its own, since a disk may hold it for longer than anybody waits.
+  std::shared_ptr<WorkerServices> worker;
   std::unique_ptr<BrivolantDocument> document;
-  /// Takes the place of one that was filled in part.
-  std::unique_ptr<BrivolantDocument> spare;
   FolderItem file;
   std::string name;
   bool isDocument = false;
@@ -25,6 +24,8 @@ struct EditSession::Opening {
   /// In the file stands what is shown.
   bool fresh = false;
   bool read = false;
+  /// It is the open document.
+  bool begun = false;
   /// Why it is not read is told already.
   bool refused = false;
   /// What is brought back.
@@ -32,7 +33,11 @@ struct EditSession::Opening {
 };
 
 void EditSession::TellWorkers() {
-  for (const WorkerServices::Told& told : worker_.Take()) Failed(told.Message, told.Explanation);
+  TellOf(*worker_);
+}
+
+void EditSession::TellOf(WorkerServices& worker) {
+  for (const WorkerServices::Told& told : worker.Take()) Failed(told.Message, told.Explanation);
 }
 
 void EditSession::Open(const FolderItem& item, std::string name) {
@@ -47,10 +52,9 @@ void EditSession::Open(const FolderItem& item, std::string name) {
     }
     opening->fresh = true;
     Read(opening, WithPlaceholders(kOpeningImage.Text(), {{"<filename>", file.DisplayName()}}),
-         [this](Opening& o) {
-           // A disk that is away answers late, or never.
+         [](Opening& o) {
            o.refused = !FolderitemExtensions::Validate(o.file, FolderitemExtensions::kRead, nullptr,
-                                                       worker_.All().Dialogs);
+                                                       o.worker->All().Dialogs);
            if (o.refused) return false;
            o.isDocument = BrivolantDocument::IsDocument(o.file);
            o.rewindable = o.isDocument;
@@ -78,7 +82,6 @@ void EditSession::Open(const RecoveredEdits& edits) {
   opening->edits = edits;
   jobs_.WhenIdle([this, opening, edits] {
     Settling();
-    opening->spare = std::make_unique<BrivolantDocument>(worker_.All());
     Read(opening, WithPlaceholders(kOpeningImage.Text(), {{"<filename>", edits.Name}}),
          [edits](Opening& o) {
            if (edits.Package.Exists()) {
@@ -87,7 +90,7 @@ void EditSession::Open(const RecoveredEdits& edits) {
              if (o.read && !edits.Saved) o.document->tFile = edits.Package;
            }
            if (!o.read && edits.Original.Exists()) {
-             o.document = std::move(o.spare);
+             o.document = std::make_unique<BrivolantDocument>(o.worker->All());
              o.read = o.document->CreateFromFile(edits.Original);
            }
            if (o.read) o.document->HoldFiles();
@@ -103,27 +106,38 @@ void EditSession::Open(const RecoveredEdits& edits) {
 
 void EditSession::Read(const std::shared_ptr<Opening>& opening, const std::string& text,
                        std::function<bool(Opening&)> read) {
+  const bool ofFile = !opening->file.IsNil();
   // Who works here now: a document takes the names as it is made.
-  worker_.Refresh();
-  opening->document = std::make_unique<BrivolantDocument>(worker_.All());
+  opening->worker = std::make_shared<WorkerServices>(desk_.Services);
+  opening->document = std::make_unique<BrivolantDocument>(opening->worker->All());
   const auto more = [this, opening]() -> std::function<void(Jobs::Control&)> {
     if (!opening->read) return nullptr;
-    if (opening->document) Begin(*opening);
+    if (!opening->begun) Begin(*opening);
     return AwaitPreview();
   };
-  jobs_.Start(
-      {text, false,
-       [opening, read = std::move(read)](Jobs::Control&) { opening->read = read(*opening); },
-       [this, opening](Jobs::End end, const std::string& why) {
-         if (end == Jobs::End::kDone && opening->read) return Opened();
-         if (opening->refused) return TellWorkers();
-         const std::string reason =
-             why.empty() && opening->document ? opening->document->lastErrorMessage : why;
-         FolderitemExtensions::StandardFileErrorDialog(opening->file, FolderitemExtensions::kRead,
-                                                       reason, worker_.All().Dialogs);
-         TellWorkers();
-       },
-       more});
+  jobs_.Start({text, ofFile,
+               [opening, ofFile, read = std::move(read)](Jobs::Control& control) {
+                 if (!ofFile) {
+                   opening->read = read(*opening);
+                   return;
+                 }
+                 // A disk that is away answers late, or never; who waits for it can give it up.
+                 const auto done = std::make_shared<bool>(false);
+                 const auto apart = [opening, read, done] { *done = read(*opening); };
+                 opening->read = control.Apart(apart) && *done;
+               },
+               [this, opening](Jobs::End end, const std::string& why) {
+                 if (end != Jobs::End::kFailed && opening->begun) return Opened();
+                 if (end == Jobs::End::kCancelled) return;
+                 if (opening->refused) return TellOf(*opening->worker);
+                 const std::string reason =
+                     why.empty() && opening->document ? opening->document->lastErrorMessage : why;
+                 FolderitemExtensions::StandardFileErrorDialog(opening->file,
+                                                               FolderitemExtensions::kRead, reason,
+                                                               opening->worker->All().Dialogs);
+                 TellOf(*opening->worker);
+               },
+               more, true});
 }
 
 std::function<void(Jobs::Control&)> EditSession::AwaitPreview() {
@@ -132,18 +146,28 @@ std::function<void(Jobs::Control&)> EditSession::AwaitPreview() {
 }
 
 void EditSession::Open(const Picture& picture, const std::string& name) {
-  if (picture.IsNil()) return;
+  if (!picture.IsNil()) Open([picture] { return picture; }, name);
+}
+
+void EditSession::Open(PictureSource source, const std::string& name) {
+  if (!source) return;
   const auto opening = std::make_shared<Opening>();
   opening->name = name;
-  jobs_.WhenIdle([this, opening, picture] {
+  jobs_.WhenIdle([this, opening, source = std::move(source)] {
     Settling();
     // A picture without a file exists nowhere else: its package is written at once.
     Read(opening, WithPlaceholders(kOpeningImage.Text(), {{"<filename>", opening->name}}),
-         [this, picture](Opening& o) {
-           o.document = std::make_unique<BrivolantDocument>(worker_.All(), picture, o.name);
+         [source](Opening& o) {
+           const Picture picture = source();
+           o.refused = picture.IsNil();
+           if (o.refused) {
+             o.worker->All().Dialogs.Message(kNoPicture.Text(), {});
+             return false;
+           }
+           o.document = std::make_unique<BrivolantDocument>(o.worker->All(), picture, o.name);
            // Where there is no place for that it can be edited, but not brought back.
            if (o.document->File.IsNil()) {
-             worker_.All().Dialogs.Message(o.document->lastErrorMessage, {});
+             o.worker->All().Dialogs.Message(o.document->lastErrorMessage, {});
            }
            return true;
          });
@@ -151,7 +175,10 @@ void EditSession::Open(const Picture& picture, const std::string& name) {
 }
 
 void EditSession::Begin(Opening& opening) {
-  TellWorkers();
+  opening.begun = true;
+  TellOf(*opening.worker);
+  // What the old document used goes after it.
+  const std::shared_ptr<WorkerServices> former = std::exchange(worker_, opening.worker);
   lastStyle_ = document_ ? processor_.StyleData() : std::string();
   ++documents_;
   preview_.DocumentReplaced();
@@ -185,6 +212,11 @@ void EditSession::Begin(Opening& opening) {
   recent_.Add(opening.file);
 }
 
+std::shared_ptr<BrivolantDocument> EditSession::CopyOfDocument() const {
+  return {new BrivolantDocument(*document_),
+          [worker = worker_](const BrivolantDocument* copy) { delete copy; }};
+}
+
 void EditSession::GiveUpChanges() {
   givenUp_ = true;
   ForgetEdits();
@@ -197,7 +229,7 @@ void EditSession::ForgetEdits() {
 void EditSession::KeepEdits() {
   if (keeping_.Busy() || givenUp_ || HalfDone || !Dirty()) return;
   // A copy of the handles, as for every job.
-  const auto copy = std::make_shared<BrivolantDocument>(*document_);
+  const auto copy = CopyOfDocument();
   const auto keep = [this, copy, style = processor_.StyleData()](Jobs::Control&) {
     (void)recovery_.Keep(*copy, style);
   };

@@ -51,8 +51,8 @@ void EditSession::SaveWith(const std::vector<Question>& agreed, const FolderItem
   jobs_.First([this, agreed, place, of = documents_, then = std::move(then)] {
     if (!document_ || of != documents_) return then(false);
     // An answer holds for the save that it was given to.
-    worker_.Forget();
-    for (const Question& question : agreed) worker_.LayReady(question, Answer::kAction);
+    worker_->Forget();
+    for (const Question& question : agreed) worker_->LayReady(question, Answer::kAction);
     Settling();
     StorePending();
     const auto saving = std::make_shared<Saving>();
@@ -117,7 +117,7 @@ void EditSession::TakeSaved(Saving& saving, const std::string& why) {
 /// True if another attempt is under way, or the user wants none.
 bool EditSession::SaveOtherwise(Saving& saving, const std::string& why) {
   if (!Ask) return false;
-  if (const std::optional<Question> question = worker_.Unanswered()) {
+  if (const std::optional<Question> question = worker_->Unanswered()) {
     TellWorkers();
     if (Ask(*question) == Answer::kAction) {
       saving.agreed.push_back(*question);
@@ -129,7 +129,7 @@ bool EditSession::SaveOtherwise(Saving& saving, const std::string& why) {
   }
   if (saving.place || !AskPlace) return false;
   std::string reason = saving.gone ? kPlaceGone.Text() : why;
-  for (const WorkerServices::Told& told : worker_.Take()) {
+  for (const WorkerServices::Told& told : worker_->Take()) {
     for (const std::string& sentence : {told.Message, told.Explanation}) {
       if (!reason.empty() && !sentence.empty()) reason += ' ';
       reason += sentence;

@@ -21,6 +21,9 @@ constexpr int kCorner = 6;
 /// Units that the pointer moves before a press becomes a drag.
 constexpr int kDragDistance = 5;
 
+/// More are not kept: a screen holds far fewer.
+constexpr std::size_t kMostLabels = 4000;
+
 /// A label in at most two lines: words as long as they fit; a word that is wider than the cell is
 /// cut where it is estimated to end.
 std::array<QString, 2> LinesOf(const QString& text, const QFontMetrics& metrics, int cell) {
@@ -132,7 +135,7 @@ void BrowserIconView::UpdateSelectionFromRect(const QRect& rect) {
   }
 }
 
-void BrowserIconView::paintEvent(QPaintEvent*) {
+void BrowserIconView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   painter.fillRect(viewport()->rect(), ifkColors::DocumentWindowBackground());
   const IconGrid grid = Grid();
@@ -143,14 +146,40 @@ void BrowserIconView::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const QRect band = DragRect().translated(0, -grid.Scroll);
   if (iconViewDragMode == kRubberBand) painter.fillRect(band, ifkColors::SecondaryHighlightColor());
-  painter.setFont(TextFont());
-  for (int i = grid.FirstInView(); i < grid.EndInView(); ++i) PaintCell(painter, i);
+  const QFont text = TextFont();
+  if (text != labelFont_ || grid.CellWidth() != labelCell_ || labels_.size() > kMostLabels) {
+    labels_.clear();
+    labelFont_ = text;
+    labelCell_ = grid.CellWidth();
+  }
+  painter.setFont(text);
+  for (int i = grid.FirstInView(); i < grid.EndInView(); ++i) {
+    if (event->region().intersects(CellRect(i))) PaintCell(painter, i);
+  }
   if (iconViewDragMode == kRubberBand) {
     painter.setPen(ifkColors::Focus());
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(band);
   }
   browser_.RowsInView(grid.FirstInView(), grid.EndInView());
+}
+
+const BrowserIconView::Label& BrowserIconView::LabelOf(int row, const QFontMetrics& metrics,
+                                                       int cell) {
+  const std::string name = browser_.Rows().Name(row);
+  const auto [at, fresh] = labels_.try_emplace(name);
+  Label& label = at->second;
+  if (!fresh) return label;
+  for (const QString& line : LinesOf(ToQString(name), metrics, cell)) {
+    if (line.isEmpty()) continue;
+    QStaticText& text = label.Lines.at(static_cast<std::size_t>(label.Count));
+    text = QStaticText(line);
+    text.setTextFormat(Qt::PlainText);
+    text.prepare({}, labelFont_);
+    label.Widths.at(static_cast<std::size_t>(label.Count)) = metrics.horizontalAdvance(line);
+    ++label.Count;
+  }
+  return label;
 }
 
 void BrowserIconView::PaintCell(QPainter& painter, int row) {
@@ -181,11 +210,10 @@ void BrowserIconView::PaintCell(QPainter& painter, int row) {
   }
   const QFontMetrics metrics = painter.fontMetrics();
   const int cell = grid.CellWidth();
-  const auto lines = LinesOf(ToQString(browser_.Rows().Name(row)), metrics, cell);
-  int widest = 0;
-  for (const QString& line : lines) widest = std::max(widest, metrics.horizontalAdvance(line));
+  const Label& label = LabelOf(row, metrics, cell);
+  const int widest = std::max(label.Widths[0], label.Widths[1]);
   const int top = y + side + 8;
-  const int height = grid.TextHeight * (lines[1].isEmpty() ? 1 : 2);
+  const int height = grid.TextHeight * std::max(label.Count, 1);
   if (selected) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(highlight);
@@ -196,10 +224,10 @@ void BrowserIconView::PaintCell(QPainter& painter, int row) {
   painter.setPen(item != nullptr && !item->Visible() ? ifkColors::TextDisabled()
                  : selected && active                ? ifkColors::TextSelected()
                                                      : ifkColors::TextActive());
-  for (int i = 0; i < 2; ++i) {
-    if (lines[static_cast<std::size_t>(i)].isEmpty()) continue;
-    painter.drawText(QRect(x, top + i * grid.TextHeight, cell, grid.TextHeight), Qt::AlignCenter,
-                     lines[static_cast<std::size_t>(i)]);
+  for (int i = 0; i < label.Count; ++i) {
+    const auto line = static_cast<std::size_t>(i);
+    painter.drawStaticText(x + (cell - label.Widths.at(line)) / 2, top + i * grid.TextHeight,
+                           label.Lines.at(line));
   }
   if (active && row == browser_.ListIndex() && !selected) {
     painter.setPen(ifkColors::FocusHighlight());

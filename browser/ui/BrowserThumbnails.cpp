@@ -55,6 +55,8 @@ void multiViewFileBrowser::RunGetter() {
 }
 
 void multiViewFileBrowser::RowsInView(int first, int end) {
+  inViewFirst_ = first;
+  inViewEnd_ = end;
   std::vector<std::shared_ptr<browserItem>> items;
   for (int i = first; i < end; ++i) {
     if (auto entry = EntryOf(item(i))) items.push_back(std::move(entry));

@@ -3,7 +3,11 @@
 
 #include <QAbstractScrollArea>
 #include <QPoint>
+#include <QStaticText>
 #include <QWidget>
+#include <array>
+#include <string>
+#include <unordered_map>
 
 #include "browser/IconGrid.h"
 #include "kit/AccessibleItems.h"
@@ -76,7 +80,18 @@ class BrowserIconView final : public BrowserView {
   QRect DragRect() const;
   void UpdateSelectionFromRect(const QRect& rect);
   void PaintCell(QPainter& painter, int row);
+  /// A name in its lines, shaped once: hundreds of them are painted in a frame.
+  struct Label {
+    std::array<QStaticText, 2> Lines;
+    std::array<int, 2> Widths{};
+    int Count = 0;
+  };
+  const Label& LabelOf(int row, const QFontMetrics& metrics, int cell);
 
+  std::unordered_map<std::string, Label> labels_;
+  /// Of which the labels are made.
+  QFont labelFont_;
+  int labelCell_ = 0;
   int iconViewDragMode = kNoDrag;
   QPoint LastMousePos;
   /// In the coordinates of all cells, so that the band grows while the view scrolls.

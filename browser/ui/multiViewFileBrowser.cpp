@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "browser/ui/multiViewFileBrowser.h"
 
-#include <QFile>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -18,8 +17,6 @@
 namespace brivolant {
 namespace {
 
-/// Milliseconds that a look at a place, and then its listing, may hold the window up.
-constexpr int kPatience = 20;
 /// Milliseconds between two repaints while thumbnails arrive.
 constexpr int kRepaint = 40;
 /// Milliseconds of quiet after which a changed folder is listed again.
@@ -76,7 +73,8 @@ multiViewFileBrowser::multiViewFileBrowser(std::shared_ptr<const ThumbnailMaker>
   getter_.Started = [this] {
     if (StartedToUpdateThumbnails) StartedToUpdateThumbnails();
   };
-  getter_.AddedThumbnail = [this] {
+  getter_.AddedThumbnail = [this](const browserItem& item) {
+    fresh_.insert(&item);
     if (!repaint_.isActive()) repaint_.start();
   };
   getter_.Finished = [this] {
@@ -88,7 +86,7 @@ multiViewFileBrowser::multiViewFileBrowser(std::shared_ptr<const ThumbnailMaker>
     timer.setInterval(milliseconds);
     connect(&timer, &QTimer::timeout, this, then);
   };
-  once(repaint_, kRepaint, [this] { Update(); });
+  once(repaint_, kRepaint, [this] { UpdateFresh(); });
   once(reload_, kReload, [this] { ReloadCurrentView(); });
   once(typing_, kTyping, [this] { typed_.clear(); });
 }
@@ -172,6 +170,16 @@ void multiViewFileBrowser::Update() {
   list_->viewport()->update();
 }
 
+void multiViewFileBrowser::UpdateFresh() {
+  const auto& view = intMode == kListView ? static_cast<BrowserView&>(*list_) : *icons_;
+  for (int row = inViewFirst_; row < std::min(inViewEnd_, Count()); ++row) {
+    if (const auto entry = EntryOf(item(row)); entry && fresh_.contains(entry.get())) {
+      view.viewport()->update(view.PlaceOf(row));
+    }
+  }
+  fresh_.clear();
+}
+
 void multiViewFileBrowser::Watch(const FolderItem& folder) {
   watcher_.reset();
   if (folder) watcher_ = std::make_unique<FolderWatch>(folder, [this] { reload_.start(); });
@@ -179,7 +187,7 @@ void multiViewFileBrowser::Watch(const FolderItem& folder) {
 
 void multiViewFileBrowser::DisplayItem(const Container& value) {
   const auto* folder = std::get_if<FolderItem>(&value);
-  DisplayItem(value, folder ? FolderLister::Look(*folder, kPatience) : std::nullopt);
+  DisplayItem(value, folder ? FolderLister::Look(*folder, FolderLister::kPatience) : std::nullopt);
 }
 
 void multiViewFileBrowser::DisplayItem(const Container& value,
@@ -217,7 +225,7 @@ void multiViewFileBrowser::DisplayItem(const Container& value,
     // What was silent once is not waited for again.
     lister_.List(folder,
                  {rows_.SortColumn(), rows_.Descending(), showInvisibles, DocumentExtension},
-                 found ? kPatience : 0);
+                 found ? FolderLister::kPatience : 0);
     if (Listing() && !reloading_ && ListChanged) ListChanged();
     Update();
     return;

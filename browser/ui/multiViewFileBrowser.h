@@ -213,6 +213,8 @@ class multiViewFileBrowser final : public QWidget {
   /// library; null if there can be none.
   std::shared_ptr<browserItem> EntryOf(const BrowserPayload& payload);
   void MoveTo(int row, bool extend);
+  /// Paints the rows whose pictures are new.
+  void UpdateFresh();
   void UpdatePreview();
   void EndRename(bool take);
   void TypeAhead(const QString& text);
@@ -250,6 +252,10 @@ class multiViewFileBrowser final : public QWidget {
   int anchor_ = -1;
   std::unordered_map<std::shared_ptr<iPhotoItem>, std::shared_ptr<browserItem>> photos_;
   std::size_t scaledMost_ = 0;
+  /// The rows that were last painted, and entries whose pictures came since.
+  int inViewFirst_ = 0;
+  int inViewEnd_ = 0;
+  std::unordered_set<const browserItem*> fresh_;
   std::list<std::pair<const void*, Scaled>> scaled_;
   std::unordered_map<const void*, std::list<std::pair<const void*, Scaled>>::iterator> scaledAt_;
 };

@@ -54,6 +54,8 @@ void EffectStackEditor::paintEvent(QPaintEvent* event) {
 void EffectStackEditor::DrawAll(QPainter& painter) {
   painter.fillRect(rect(), ifkColors::DocumentWindowBackground());
   if (myProcessor != nullptr) {
+    // A step of a slider paints one row of many.
+    const QRect painted = painter.clipBoundingRect().toAlignedRect();
     const bool dragging = mouseStatus_ == kDraggingRow;
     const int dragTarget = dragging ? rowAtXY(0, lastY_) : -1;
     int y = -Offset();
@@ -68,7 +70,7 @@ void EffectStackEditor::DrawAll(QPainter& painter) {
       if (apart) {
         selRowTop_ = y;
         selRowHeight_ = HeightOf(row);
-      } else {
+      } else if (painted.intersects(QRect(0, y, width(), kRow))) {
         DrawRow(painter, row, y);
       }
       y += apart ? selRowHeight_ : kRow;

@@ -237,6 +237,12 @@ FolderItem Folder() {
   return user.Child("gvfs");
 }
 
+bool AreServed(const MountTable& table) {
+  const FolderItem folder = Folder();
+  const Mount* mount = table.Of(folder);
+  return mount != nullptr && mount->Root == folder;
+}
+
 std::vector<FolderItem> Roots(const FolderItem& folder) {
   std::vector<FolderItem> roots = folder.Children();
   std::sort(roots.begin(), roots.end(),

@@ -67,6 +67,8 @@ namespace DesktopShares {
 
 /// The folder in which they are.
 FolderItem Folder();
+/// True if the service runs; by the table alone.
+bool AreServed(const MountTable& table);
 std::vector<FolderItem> Roots(const FolderItem& folder = Folder());
 /// True if a place is one of them, or lies in one; by the path alone.
 bool Holds(const FolderItem& place);

@@ -13,6 +13,8 @@
 namespace brivolant {
 
 class Picture;
+/// Makes a picture when it is called, on any thread; a nil one if that cannot be done.
+using PictureSource = std::function<Picture()>;
 
 /// What the model needs of the application and the desktop, handed in from above: the window
 /// shows, the command line prints, tests record.
@@ -97,8 +99,8 @@ class Clipboard {
   virtual std::string Text() const { return Data("text/plain"); }
   virtual void Text(const std::string& text) { Set(text, "text/plain", text); }
   virtual bool HasPicture() const { return false; }
-  /// Nil if there is none.
-  virtual brivolant::Picture Picture() const;
+  /// What is there is decoded later, beside the window. Null if there is no picture.
+  virtual PictureSource PastedPicture() const { return nullptr; }
   virtual void Picture(const brivolant::Picture& picture);
 };
 

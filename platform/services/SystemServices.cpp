@@ -27,9 +27,6 @@ constexpr std::string_view kRootName = ".CleanOnQuit";
 
 }  // namespace
 
-Picture Clipboard::Picture() const {
-  return {};
-}
 void Clipboard::Picture(const brivolant::Picture&) {}
 
 void StandardErrorLog::Write(std::string_view line) {

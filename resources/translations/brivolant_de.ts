@@ -192,6 +192,10 @@
         <source>The photo "&lt;filename&gt;" could not be saved in its own place.</source>
         <translation>Das Foto „&lt;filename&gt;“ ließ sich nicht an seinem Ort sichern.</translation>
     </message>
+    <message id="EditSession.kNoPicture">
+        <source>The picture could not be read.</source>
+        <translation>Das Bild konnte nicht gelesen werden.</translation>
+    </message>
     <message id="EditSession.kNotShown">
         <source>There is not enough memory to show the photo "&lt;filename&gt;" on the whole screen.</source>
         <translation>Der Speicher reicht nicht, um das Foto „&lt;filename&gt;“ auf dem ganzen Bildschirm zu zeigen.</translation>
@@ -228,7 +232,7 @@
         <source>Only the Others</source>
         <translation>Nur die anderen</translation>
     </message>
-    <message id="EditsController.kPasting">
+    <message id="ManyEdits.kPasting">
         <source>Pasting edits...</source>
         <translation>Bearbeitung wird eingesetzt …</translation>
     </message>

@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "browser/DiskThreads.h"
+
 /// The tests of windows share the one application that a process can have.
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
@@ -24,5 +26,7 @@ int main(int argc, char** argv) {
                  wanted);
     return 1;
   }
-  return RUN_ALL_TESTS();
+  const int failed = RUN_ALL_TESTS();
+  // As the program does: what reads disks is done before what it uses is taken down.
+  return brivolant::DiskThreads::Finish() ? failed : 1;
 }

@@ -2,9 +2,11 @@
 // What a person does with a photo: open, improve, save, reopen, rewind.
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTimer>
@@ -97,6 +99,7 @@ TEST(Opening, WhatCannotBeReadLeavesTheSession) {
   // Styles, borders and layouts say that they cannot be loaded.
   program.dialogs.messages.clear();
   program.app->OpenDocument(program.home.Write("warm.oneClick", "x"));
+  program.Finish();
   EXPECT_THAT(program.dialogs.messages,
               ElementsAre("Sorry I was unable to open the 1-Click Style called "
                           "\"warm.oneClick\"."));
@@ -420,7 +423,7 @@ TEST(Clipboard, TakesThePreviewAndGivesANewPhoto) {
   Program program;
   program.OpenPhoto(program.Photo("photo.jpg"));
   program.Choose("EditCopy");
-  const Picture copied = program.app->Clipboard().Picture();
+  const Picture copied = program.app->Clipboard().PastedPicture()();
   EXPECT_EQ(LargestDifference(copied, program.Document().PreviewAfter), 0);
   // Pasted, it lies over the photo as one step that can be undone.
   program.Choose("RotateAndFlipRotate180");
@@ -441,6 +444,42 @@ TEST(Clipboard, TakesThePreviewAndGivesANewPhoto) {
   // It exists nowhere else, so leaving it asks.
   program.dialogs.answers = {Answer::kCancel};
   EXPECT_TRUE(program.Window().AskToSave());
+}
+
+/// What another program gives: the bytes of a file.
+struct Foreign final : QMimeData {
+  explicit Foreign(const std::string& bytes) {
+    setData(QStringLiteral("image/png"), QByteArray::fromStdString(bytes));
+  }
+  QStringList formats() const override {
+    return {QStringLiteral("image/png"), QStringLiteral("application/x-qt-image")};
+  }
+};
+
+TEST(Clipboard, APictureOfAnotherProgramIsReadBesideTheWindow) {
+  Program program;
+  program.OpenPhoto(program.Photo("photo.jpg"));
+  const std::string bytes = *ReadFile(program.Photo("given.png", 90, 60));
+  QApplication::clipboard()->setMimeData(new Foreign(bytes));
+  program.Choose("EditPaste");
+  EXPECT_EQ(program.Row("Overlay"), 0);
+  // What is none says so, and nothing is opened or left behind.
+  program.dialogs.messages.clear();
+  program.dialogs.answers = {Answer::kAlternate, Answer::kAlternate};
+  QApplication::clipboard()->setMimeData(new Foreign(bytes.substr(0, 40)));
+  for (const char* command : {"EditPaste", "FileNewFromClipboard"}) {
+    program.Choose(command);
+    ASSERT_EQ(program.dialogs.messages.size(), 1U) << command;
+    EXPECT_EQ(program.dialogs.messages[0], "The picture could not be read.");
+    EXPECT_EQ(program.Document().Name, "photo");
+    program.dialogs.messages.clear();
+  }
+  QApplication::clipboard()->setMimeData(new Foreign(bytes));
+  program.Choose("FileNewFromClipboard");
+  EXPECT_EQ(program.Document().Name, "New Image from Clipboard");
+  EXPECT_EQ(
+      LargestDifference(program.Document().ImageOriginal(), Read(program.home.Child("given.png"))),
+      0);
 }
 
 TEST(Clipboard, WhatIsPastedOverThePhotoIsInTheCopyAndComesBack) {

@@ -280,6 +280,7 @@ TEST_F(StyleBar, AFileIsInstalledByOpeningOrDropping) {
   const FolderItem file = program.home.Child("mail attachment.oneClick");
   ASSERT_TRUE(style.Save(file));
   program.app->OpenDocument(file);
+  program.Finish();
   EXPECT_FALSE(file.Exists()) << "it moves to the user's styles";
   EXPECT_THAT(program.dialogs.messages.back(),
               testing::StartsWith("\"Found\" is now added to the 1-Click Styles"));
@@ -288,9 +289,11 @@ TEST_F(StyleBar, AFileIsInstalledByOpeningOrDropping) {
   // Another of that name keeps the first.
   ASSERT_TRUE(style.Save(file));
   program.app->OpenDocument(file);
+  program.Finish();
   EXPECT_TRUE(Store().usersCustomWondersFolder.Child("Found-1.oneClick").Exists());
   const int count = Bar().Count();
   program.app->OpenDocument(program.home.Write("broken.oneClick", "QMBPonCW"));
+  program.Finish();
   EXPECT_THAT(program.dialogs.messages.back(), HasSubstr("unable to open the 1-Click Style"));
   EXPECT_TRUE(program.home.Child("broken.oneClick").Exists());
   // What is dropped into the folder appears by itself.

@@ -121,8 +121,16 @@ TEST(FontMenu, GivesTheChosenFaceOrTheOldOne) {
   const QStringList families = QFontDatabase::families();
   ASSERT_FALSE(families.isEmpty());
   const std::string first = families.front().toStdString();
-  const auto answer = [&](const std::function<void(QListView&)>& act, const std::string& current) {
-    QTimer::singleShot(50, [&] { act(menu.Listbox1()); });
+  std::function<void(QListView&)> act;
+  QTimer opened;
+  QObject::connect(&opened, &QTimer::timeout, [&] {
+    if (!menu.isVisible()) return;
+    opened.stop();
+    act(menu.Listbox1());
+  });
+  const auto answer = [&](const std::function<void(QListView&)>& what, const std::string& current) {
+    act = what;
+    opened.start(5);
     return menu.Popup(10, 10, 140, current);
   };
   const auto press = [&](Qt::Key key) { return [&menu, key](QListView&) { Key(menu, key); }; };
@@ -143,11 +151,12 @@ TEST(FontMenu, GivesTheChosenFaceOrTheOldOne) {
   ifkFontComboBox field;
   field.setCurrentText(QStringLiteral("No Such Face"));
   field.show();
-  QTimer::singleShot(50, [&] {
+  act = [&](QListView& list) {
     EXPECT_TRUE(field.MenuOpen());
-    press(Qt::Key_Down)(menu.Listbox1());
-    press(Qt::Key_Return)(menu.Listbox1());
-  });
+    press(Qt::Key_Down)(list);
+    press(Qt::Key_Return)(list);
+  };
+  opened.start(5);
   field.showPopup();
   EXPECT_FALSE(field.MenuOpen());
   EXPECT_TRUE(families.contains(field.currentText()));

@@ -1,17 +1,20 @@
 // SPDX-License-Identifier: MIT
-// What opening an item of the browser means, and the path to what is on show.
+#include "app/browse/OpeningController.h"
+
+#include <QAction>
 #include <QApplication>
 #include <QDesktopServices>
+#include <QMenu>
 #include <QUrl>
 #include <algorithm>
 
 #include "app/browse/BrowserController.h"
-#include "browser/SideBarItem.h"
+#include "app/browse/BrowserPane.h"
+#include "app/commands/Commands.h"
+#include "app/commands/Menus.h"
 #include "files/FolderitemExtensions.h"
 #include "formats/FileTypes.h"
 #include "kit/InterfaceKitSupport.h"
-#include "kit/SvgIcon.h"
-#include "kit/ifkPathBar.h"
 #include "platform/values/Captions.h"
 
 namespace brivolant {
@@ -36,31 +39,30 @@ void Launch(const FolderItem& file) {
   QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray::fromStdString(file.URLPath())));
 }
 
-SegmentViewPiece Piece(const QString& caption, const QString& icon, const Variant& tag) {
-  SegmentViewPiece piece;
-  piece.Caption = caption;
-  piece.icon = SvgIcon(icon);
-  piece.Tag = tag;
-  return piece;
-}
-
 }  // namespace
 
-void BrowserController::OpenItem(const BrowserPayload& payload) {
+OpeningController::OpeningController(const Desk& desk, Commands& commands, BrowserPane& pane,
+                                     BrowserController& browser)
+    : desk_(desk), commands_(commands), pane_(pane), browser_(browser) {
+  pane_.imageBrowser->OpenItem = [this](const BrowserPayload& payload) { OpenItem(payload); };
+  pane_.imageBrowser->ConstructContextualMenu = [this](QMenu& menu) { return FillMenu(menu); };
+}
+
+void OpeningController::OpenItem(const BrowserPayload& payload) {
   if (const auto* item = std::get_if<ItemPointer>(&payload)) {
     const ItemPointer opened = *item;
     if (const auto* file = std::get_if<FolderItem>(&opened->item)) {
       return OpenFile(*file, opened->Facts.value_or(FileFacts()));
     }
-    const BrowserContainer inside = ContainerOf(opened->item);
-    if (!std::holds_alternative<std::monostate>(inside)) DisplayContainer(inside);
+    const BrowserContainer inside = BrowserController::ContainerOf(opened->item);
+    if (!std::holds_alternative<std::monostate>(inside)) browser_.DisplayContainer(inside);
     return;
   }
   if (const auto* folder = std::get_if<std::shared_ptr<browserItemCollection>>(&payload)) {
-    return DisplayContainer(*folder);
+    return browser_.DisplayContainer(*folder);
   }
   if (const auto* roll = std::get_if<std::shared_ptr<iPhotoRoll>>(&payload)) {
-    return DisplayContainer(*roll);
+    return browser_.DisplayContainer(*roll);
   }
   if (const auto* photo = std::get_if<std::shared_ptr<iPhotoItem>>(&payload)) {
     const FolderItem file = (*photo)->File();
@@ -75,7 +77,7 @@ void BrowserController::OpenItem(const BrowserPayload& payload) {
   }
 }
 
-void BrowserController::TellBroken(const FolderItem& alias) {
+void OpeningController::TellBroken(const FolderItem& alias) {
   const Answer answer = desk_.Services.Dialogs.Ask(
       {WithPlaceholders(kBrokenAliasMessage.Text(), {{"<filename>", alias.DisplayName()}}),
        {},
@@ -85,7 +87,7 @@ void BrowserController::TellBroken(const FolderItem& alias) {
   if (answer == Answer::kAction && TrashFile) TrashFile(alias);
 }
 
-void BrowserController::OpenFile(const FolderItem& file, const FileFacts& facts) {
+void OpeningController::OpenFile(const FolderItem& file, const FileFacts& facts) {
   const bool browse = QApplication::keyboardModifiers().testFlag(Qt::AltModifier);
   // What the listing tells is enough for most.
   Seen known{file, facts.Is == FileFacts::kPackage, facts.Is == FileFacts::kFolder, false};
@@ -110,7 +112,7 @@ void BrowserController::OpenFile(const FolderItem& file, const FileFacts& facts)
                   }});
 }
 
-BrowserController::Seen BrowserController::LookAt(const FolderItem& file) {
+OpeningController::Seen OpeningController::LookAt(const FolderItem& file) {
   Seen seen{file, false, false, false};
   if (file.Alias()) {
     seen.Target = FolderitemExtensions::OriginalFile(file);
@@ -124,7 +126,7 @@ BrowserController::Seen BrowserController::LookAt(const FolderItem& file) {
   return seen;
 }
 
-void BrowserController::Open(const Seen& seen, bool browse) {
+void OpeningController::Open(const Seen& seen, bool browse) {
   using FolderitemExtensions::isFileType;
   using namespace InternalFileTypes;
   const FolderItem& target = seen.Target;
@@ -133,64 +135,56 @@ void BrowserController::Open(const Seen& seen, bool browse) {
     if (target.Name() == kLibraryPackage && ShowLibrary && ShowLibrary()) return;
     return Launch(target);
   }
-  if (seen.Folder || seen.Package) return DisplayContainer(target);
+  if (seen.Folder || seen.Package) return browser_.DisplayContainer(target);
   if (seen.Picture || isFileType(target, &BrivolantPhotosOneClickWonder)) {
     return desk_.OpenDocument(target);
   }
   Launch(target);
 }
 
-// The path.
-
-Variant BrowserController::TagOf(const BrowserContainer& container) {
-  if (const auto* folder = std::get_if<FolderItem>(&container)) return *folder;
-  for (std::size_t i = 0; i < pathTargets_.size(); ++i) {
-    if (pathTargets_[i] == container) return static_cast<int>(i);
-  }
-  pathTargets_.push_back(container);
-  return static_cast<int>(pathTargets_.size() - 1);
-}
-
-BrowserContainer BrowserController::ContainerOf(const Variant& tag) const {
-  if (const auto* folder = tag.As<FolderItem>()) return *folder;
-  const auto index = static_cast<std::size_t>(tag.ToInt());
-  return tag.IsNumber() && index < pathTargets_.size() ? pathTargets_[index] : BrowserContainer();
-}
-
-BrowserContainer BrowserController::ContainerOf(const browserItem::Wrapped& wrapped) {
-  return std::visit(
-      [](const auto& held) -> BrowserContainer {
-        if constexpr (std::is_same_v<std::decay_t<decltype(held)>, VolumeItem>) {
-          return FolderItem(held);
-        } else {
-          return held;
-        }
-      },
-      wrapped);
-}
-
-void BrowserController::DisplayPath(const BrowserContainer& container, bool skipHistory) {
-  ifkPathBar::Path path;
-  const auto add = [&](const auto& shown) {
-    path.push_back(Piece(ToQString(shown->Name), ToQString(shown->Icon), TagOf(shown)));
+bool OpeningController::FillMenu(QMenu& menu) {
+  commands_.RefreshForMenu();
+  const auto add = [&](const char* name, bool always = true) {
+    QAction& action = commands_.Action(name);
+    if (always || action.isEnabled()) menu.addAction(&action);
   };
-  if (const auto* folder = std::get_if<FolderItem>(&container)) {
-    for (FolderItem at = *folder; at; at = at.Parent()) {
-      const bool root = at.Parent().IsNil();
-      path.insert(
-          path.begin(),
-          Piece(ToQString(root ? SideBarSources::CaptionOf(VolumeItem(at)) : at.DisplayName()),
-                root ? QStringLiteral("Volume") : QStringLiteral("Folder"), at));
-    }
-  } else if (const auto* c = std::get_if<std::shared_ptr<browserItemCollection>>(&container)) {
-    add(*c);
-  } else if (const auto* album = std::get_if<std::shared_ptr<iPhotoAlbum>>(&container)) {
-    add(*album);
-  } else if (const auto* roll = std::get_if<std::shared_ptr<iPhotoRoll>>(&container)) {
-    if (const auto events = Events ? Events() : nullptr) add(events);
-    add(*roll);
+  constexpr bool kIfEnabled = false;
+  const int count = pane_.imageBrowser->SelectedCount();
+  if (count == 1) {
+    QObject::connect(menu.addAction(Shown(BrowserController::kOpen)), &QAction::triggered,
+                     pane_.imageBrowser, [this] { OpenItem(pane_.imageBrowser->SelectedItem(0)); });
+    menu.addSeparator();
+    add("FileShowOriginal", kIfEnabled);
+    add("FileRename", kIfEnabled);
+    add("FileMoveToTrash");
+    menu.addSeparator();
+    add("FileAddToFavorites");
+    add("FileAddToSideBar");
+    add("FileQuickLook");
+    add("menuskFileShareSetasDesktopPicture", kIfEnabled);
+    menu.addSeparator();
+  } else if (count > 1) {
+    add("FileMoveToTrash");
+    menu.addSeparator();
   }
-  if (!path.empty()) myPathBar->FullPath(path, skipHistory);
+  if (count > 0) add("EditCopy");
+  add("EditPaste", kIfEnabled);
+  if (count > 0 && MoreRows) MoreRows(menu);
+  if (count == 1) {
+    menu.addSeparator();
+    add("FileShowInFinder");
+  }
+  if (count == 0) {
+    if (!menu.isEmpty()) menu.addSeparator();
+    QMenu* sort = menu.addMenu(Shown(Menus::kViewSortBy));
+    for (const char* name :
+         {"ViewSortByName", "ViewSortByKind", "ViewSortBySize", "ViewSortByDate"}) {
+      sort->addAction(&commands_.Action(name));
+    }
+    sort->addSeparator();
+    sort->addAction(&commands_.Action("ViewSortDescending"));
+  }
+  return !menu.isEmpty();
 }
 
 }  // namespace brivolant

@@ -1,36 +1,36 @@
 // SPDX-License-Identifier: MIT
-// What can be done with a style itself: the menu on its tile, and keeping the stack as one.
+#include "app/edit/StyleMenuController.h"
+
 #include <QPoint>
 
-#include "app/commands/Panes.h"
+#include "app/commands/Commands.h"
+#include "app/commands/Menus.h"
+#include "app/edit/EditorPane.h"
 #include "app/edit/OneClickEditor.h"
 #include "app/edit/StylesController.h"
 #include "effects/styles/OneClickWonderStorage.h"
 #include "files/FolderitemExtensions.h"
 #include "formats/DocumentParts.h"
+#include "kit/DesktopServices.h"
 #include "kit/templateSelector.h"
 #include "platform/values/SharedComponents.h"
 
 namespace brivolant {
 
-void StylesController::StyleMenu(int index, const QPoint& at) {
+StyleMenuController::StyleMenuController(const Desk& desk, EditSession& session, Commands& commands,
+                                         Panes& panes, EditorPane& pane, StylesController& styles)
+    : desk_(desk), session_(session), panes_(panes), styles_(styles), bar_(*pane.myStylesBar) {
+  PresentMenu = PopUpMenu;
+  bar_.ContextMenu = [this](int index, const QPoint& at) { StyleMenu(index, at); };
+  commands.Add({{"FileSaveStyleAs", &Menus::kFileSaveStyleAs, "", kInEditor,
+                 [this] { SaveStyleAs(); }, [this] { return session_.Document() != nullptr; }}});
+}
+
+void StyleMenuController::StyleMenu(int index, const QPoint& at) {
   const EditSession::Hold hold(session_);
   const auto style = desk_.Styles.item(index);
   if (style == nullptr) return;
-  const auto named = [&](const LocalizedText& text) {
-    return WithPlaceholders(text.Text(), {{"<filename>", style->Name()}});
-  };
-  if (style->Locked()) {
-    const Question question{named(kLocked1ClickMessage),
-                            named(kLocked1ClickExplaination),
-                            kShowInFinder.Text(),
-                            kCancel.Text(),
-                            {}};
-    if (desk_.Services.Dialogs.Ask(question) == Answer::kAction) {
-      (void)FolderitemExtensions::Reveal(style->File, desk_.Desktop);
-    }
-    return;
-  }
+  if (style->Locked()) return TellLocked(*style);
   MenuItem menu;
   menu.Children.push_back(
       otherSharedComponents::createMenuItem(kEditStyle.Text(), "EDIT", {}, false, true));
@@ -44,7 +44,7 @@ void StylesController::StyleMenu(int index, const QPoint& at) {
   if (!chosen) return;
   const std::string& tag = menu.Children.at(static_cast<std::size_t>(*chosen)).Tag;
   if (tag == "EDIT") {
-    if (oneClickEditor(desk_, &panes_.Window()).edit1Click(*style, {})) updateStylesList();
+    if (oneClickEditor(desk_, &panes_.Window()).edit1Click(*style, {})) styles_.updateStylesList();
   } else if (tag == "SHARE") {
     if (!desk_.SendViaEmail(style->File, keMail1ClickMessage.Text())) {
       desk_.Services.Dialogs.Message(kNoMailProgram.Text(), {});
@@ -54,7 +54,21 @@ void StylesController::StyleMenu(int index, const QPoint& at) {
   }
 }
 
-void StylesController::RemoveStyle(const std::shared_ptr<OneClickWonder>& style) {
+void StyleMenuController::TellLocked(const OneClickWonder& style) {
+  const auto named = [&](const LocalizedText& text) {
+    return WithPlaceholders(text.Text(), {{"<filename>", style.Name()}});
+  };
+  const Question question{named(kLocked1ClickMessage),
+                          named(kLocked1ClickExplaination),
+                          kShowInFinder.Text(),
+                          kCancel.Text(),
+                          {}};
+  if (desk_.Services.Dialogs.Ask(question) == Answer::kAction) {
+    (void)FolderitemExtensions::Reveal(style.File, desk_.Desktop);
+  }
+}
+
+void StyleMenuController::RemoveStyle(const std::shared_ptr<OneClickWonder>& style) {
   const Question question{
       WithPlaceholders(kDelete1ClickMessage.Text(), {{"<filename>", style->Name()}}),
       kDelete1ClickExplaination.Text(),
@@ -76,13 +90,13 @@ void StylesController::RemoveStyle(const std::shared_ptr<OneClickWonder>& style)
     }
   }
   desk_.Styles.Remove(*style);
-  session_.SelectStyle(bar_.SelectedItem < 0 ? -1 : SelectionOf(bar_.SelectedItem));
+  session_.SelectStyle(bar_.SelectedItem < 0 ? -1 : styles_.SelectionOf(bar_.SelectedItem));
 }
 
-void StylesController::SaveStyleAs() {
+void StyleMenuController::SaveStyleAs() {
   if (session_.Document() == nullptr) return;
   const EditSession::Hold hold(session_);
-  LoadStyles();
+  styles_.LoadStyles();
   auto style = std::make_shared<OneClickWonder>(desk_.Services);
   style->Creator = desk_.Services.UserDetails.FullName();
   style->ContactLink = desk_.Services.UserDetails.ContactLink();
@@ -93,9 +107,9 @@ void StylesController::SaveStyleAs() {
     return;
   }
   (void)desk_.Styles.Add(style);
-  ShowStyle(*style);
+  styles_.ShowStyle(*style);
   for (int i = 0; i < bar_.Count(); ++i) {
-    if (bar_.Item(i).Tag == style->ID) session_.SelectStyle(SelectionOf(i));
+    if (bar_.Item(i).Tag == style->ID) session_.SelectStyle(styles_.SelectionOf(i));
   }
   bar_.ScrollTo(bar_.SelectedItem);
   bar_.update();

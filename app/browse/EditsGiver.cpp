@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// How edits are given to many, and taken back.
+#include "app/browse/EditsGiver.h"
+
 #include <algorithm>
 
-#include "app/browse/BrowserController.h"
-#include "app/browse/EditsController.h"
-#include "app/browse/FileController.h"
+#include "app/browse/BrowserPane.h"
+#include "app/browse/FileHistory.h"
 #include "app/commands/Menus.h"
 #include "app/session/EditSession.h"
 #include "formats/BrivolantDocument.h"
@@ -13,7 +13,7 @@
 namespace brivolant {
 
 /// What was given at once, and is taken back at once.
-struct EditsController::Given {
+struct EditsGiver::Given {
   std::unique_ptr<ManyEdits> Many;
   /// The number of the document that is open in the editor, if it was among them; its history as
   /// it was then.
@@ -23,11 +23,21 @@ struct EditsController::Given {
   bool Saved = false;
 };
 
-void EditsController::Spare(const FolderItem& document) {
+EditsGiver::EditsGiver(const Desk& desk, EditSession& session, BrowserPane& pane,
+                       FileHistory& history)
+    : desk_(desk), session_(session), pane_(pane), history_(history), worker_(desk.Services) {
+  // Who works here now: a document takes the names as it is made.
+  listening_.push_back(jobs_.Started.Listen([this] { worker_.Refresh(); }));
+  listening_.push_back(session_.Opened.Listen([this] {
+    if (session_.Document() != nullptr) Spare(session_.Document()->File);
+  }));
+}
+
+void EditsGiver::Spare(const FolderItem& document) {
   if (const auto given = giving_.lock()) given->Many->Spare(document);
 }
 
-void EditsController::Give(ManyEdits::Order order) {
+void EditsGiver::Give(ManyEdits::Order order) {
   const auto documents =
       std::count_if(order.Items.begin(), order.Items.end(), BrivolantDocument::IsDocument);
   if (documents > 0) {
@@ -44,8 +54,8 @@ void EditsController::Give(ManyEdits::Order order) {
   session_.Work().WhenIdle([this, order = std::move(order)] { GiveNow(order); });
 }
 
-std::function<void()> EditsController::AddStep(const std::shared_ptr<Given>& given) {
-  return files_.AddStep(Menus::kEditPasteEditsUndo, [this, given] {
+std::function<void()> EditsGiver::AddStep(const std::shared_ptr<Given>& given) {
+  return history_.AddStep(Menus::kEditPasteEditsUndo, [this, given] {
     // What is still being given is not; what was given is a list that grows until then.
     if (giving_.lock() == given) jobs_.Cancel();
     // A save of the open document belongs to it.
@@ -53,7 +63,7 @@ std::function<void()> EditsController::AddStep(const std::shared_ptr<Given>& giv
   });
 }
 
-void EditsController::GiveNow(const ManyEdits::Order& order) {
+void EditsGiver::GiveNow(const ManyEdits::Order& order) {
   const auto given = std::make_shared<Given>();
   ManyEdits::Order others = order;
   std::erase_if(others.Items, [this](const FolderItem& item) { return session_.LiesIn(item); });
@@ -62,17 +72,17 @@ void EditsController::GiveNow(const ManyEdits::Order& order) {
   open ? GiveOpen(order, given) : GiveOthers(given);
 }
 
-void EditsController::GiveOthers(const std::shared_ptr<Given>& given) {
+void EditsGiver::GiveOthers(const std::shared_ptr<Given>& given) {
   const auto forget = AddStep(given);
   giving_ = given;
   jobs_.Start({ManyEdits::kPasting.Text(), true,
                [this, given](Jobs::Control& control) { given->Many->Run(worker_, control); },
-               [this, given, forget, select = files_.SelectIfUntouched()](Jobs::End,
-                                                                          const std::string& why) {
+               [this, given, forget, select = history_.SelectIfUntouched()](
+                   Jobs::End, const std::string& why) {
                  giving_.reset();
                  const std::vector<FolderItem> done = given->Many->Done();
                  if (done.empty() && given->Open == 0) forget();
-                 browser_.imageBrowser->ReloadCurrentView();
+                 pane_.imageBrowser->ReloadCurrentView();
                  if (!done.empty()) select(done);
                  std::vector<ManyEdits::Failure> failures = given->Many->Failures();
                  if (!why.empty()) failures.push_back({{}, why});
@@ -80,7 +90,7 @@ void EditsController::GiveOthers(const std::shared_ptr<Given>& given) {
                }});
 }
 
-void EditsController::GiveOpen(const ManyEdits::Order& order, const std::shared_ptr<Given>& given) {
+void EditsGiver::GiveOpen(const ManyEdits::Order& order, const std::shared_ptr<Given>& given) {
   // What was not saved yet is not saved by this.
   const bool saved = session_.SameAsSaved();
   const auto kept = std::make_shared<bool>(false);
@@ -99,8 +109,8 @@ void EditsController::GiveOpen(const ManyEdits::Order& order, const std::shared_
   session_.PasteEdits(order.Edits, order.Crop, order.Turns, std::move(around));
 }
 
-void EditsController::TookOpen(const std::shared_ptr<Given>& given, const FolderItem& file,
-                               int before, bool kept) {
+void EditsGiver::TookOpen(const std::shared_ptr<Given>& given, const FolderItem& file, int before,
+                          bool kept) {
   // It had these edits already, or did not get them.
   if (session_.HistorySteps() == before) return given->Many->Forget();
   given->Saved = kept;
@@ -110,11 +120,11 @@ void EditsController::TookOpen(const std::shared_ptr<Given>& given, const Folder
   if (!kept) return;
   session_.Save({}, [this, given](bool done) {
     if (done) given->Many->RememberedIsWritten();
-    browser_.imageBrowser->ReloadCurrentView();
+    pane_.imageBrowser->ReloadCurrentView();
   });
 }
 
-void EditsController::TakeBack(const std::shared_ptr<Given>& given) {
+void EditsGiver::TakeBack(const std::shared_ptr<Given>& given) {
   const auto failures = std::make_shared<std::vector<ManyEdits::Failure>>();
   if (given->Open != 0 && session_.DocumentNumber() == given->Open) {
     // Only if nothing has come after it.
@@ -123,7 +133,7 @@ void EditsController::TakeBack(const std::shared_ptr<Given>& given) {
       given->Open = 0;
       session_.Undo();
       if (given->Saved) {
-        session_.Save({}, [this](bool) { browser_.imageBrowser->ReloadCurrentView(); });
+        session_.Save({}, [this](bool) { pane_.imageBrowser->ReloadCurrentView(); });
       }
     } else if (!given->Saved) {
       failures->push_back(
@@ -135,10 +145,10 @@ void EditsController::TakeBack(const std::shared_ptr<Given>& given) {
   for (const FolderItem& file : given->Many->Done()) {
     if (session_.LiesIn(file)) keeps.push_back(file);
   }
-  jobs_.Start({FileController::kTakingBack.Text(), false,
+  jobs_.Start({FileHistory::kTakingBack.Text(), false,
                [this, given, keeps](Jobs::Control&) { given->Many->TakeBack(worker_, keeps); },
                [this, given, failures](Jobs::End, const std::string& why) {
-                 browser_.imageBrowser->ReloadCurrentView();
+                 pane_.imageBrowser->ReloadCurrentView();
                  const auto& more = given->Many->Failures();
                  failures->insert(failures->end(), more.begin(), more.end());
                  if (!why.empty()) failures->push_back({{}, why});
@@ -147,8 +157,7 @@ void EditsController::TakeBack(const std::shared_ptr<Given>& given) {
                }});
 }
 
-void EditsController::Tell(const LocalizedText& text,
-                           const std::vector<ManyEdits::Failure>& failures) {
+void EditsGiver::Tell(const LocalizedText& text, const std::vector<ManyEdits::Failure>& failures) {
   if (failures.empty()) return;
   constexpr std::size_t kMostTold = 8;
   std::string why;

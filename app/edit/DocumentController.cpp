@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Opening and saving, with their dialogs and questions.
+#include "app/edit/DocumentController.h"
+
 #include <QTimer>
+#include <QWidget>
 #include <algorithm>
 #include <array>
 
+#include "app/commands/Commands.h"
 #include "app/commands/Menus.h"
-#include "app/commands/Panes.h"
-#include "app/edit/EditorController.h"
-#include "app/edit/EditorPane.h"
 #include "browser/FolderLister.h"
-#include "engine/ui/EditorDisplay.h"
 #include "formats/BrivolantDocument.h"
 #include "formats/FileTypes.h"
 #include "formats/ImageFile.h"
@@ -40,23 +39,48 @@ std::string PhotoExtensions() {
 
 }  // namespace
 
-std::vector<FolderItem> EditorController::ChoosePhotos(const LocalizedText& title) {
+DocumentController::DocumentController(const Desk& desk, EditSession& session, Commands& commands,
+                                       Panes& panes)
+    : desk_(desk), session_(session), panes_(panes) {
+  session_.AskPlace = [this] { return AskWhereToSave(); };
+  AddCommands(commands);
+}
+
+DocumentController::~DocumentController() {
+  session_.AskPlace = nullptr;
+}
+
+void DocumentController::AddCommands(Commands& commands) {
+  using namespace Menus;
+  const auto editing = [this] { return Editing(); };
+  commands.Add({
+      {"FileNewFromClipboard", &kFileNewFromClipboard, "Ctrl+N", kAllPanes,
+       [this] { NewFromClipboard(); }, [this] { return desk_.Clipboard.HasPicture(); }},
+      {"FileOpen", &kFileOpen, "Ctrl+O", kAllPanes, [this] { ChooseAndOpen(); }},
+      {"FileSave", &kFileSave, "Ctrl+S", kInEditor, [this] { SaveMethod([](bool) {}); },
+       [this] { return Editing() && session_.Dirty(); }},
+      {"FileSaveACopyAs", &kFileSaveCopyAs, "Ctrl+Shift+S", kInEditor, [this] { SaveACopyAs(); },
+       editing},
+  });
+}
+
+std::vector<FolderItem> DocumentController::ChoosePhotos(const LocalizedText& title) {
   const EditSession::Hold hold(session_);
   return desk_.FileDialogs.Open(title.Text(), {},
                                 {{kAllPhotos.Text(), PhotoExtensions()}, {kAllFiles.Text(), ""}});
 }
 
-void EditorController::ChooseAndOpen() {
+void DocumentController::ChooseAndOpen() {
   std::vector<FolderItem> files = ChoosePhotos(kOpenTitle);
   if (files.empty()) return;
   if (files.size() > 1) OthersChosen(files);
   desk_.OpenDocument(files.front());
 }
 
-void EditorController::Drop(const DragItem& item) {
+void DocumentController::Drop(const DragItem& item) {
   if (item.IsEmpty()) return;
   // The drag's source waits for the drop to return; a question must not keep it waiting.
-  QTimer::singleShot(0, pane_.MyDisplay, [this, item] {
+  QTimer::singleShot(0, &panes_.Window(), [this, item] {
     if (item.Files.size() > 1) OthersChosen(item.Files);
     if (!item.Files.empty()) return desk_.OpenDocument(item.Files.front());
     const auto open = [this, item] { session_.Open(item.Picture, kDroppedPicture.Text()); };
@@ -64,16 +88,16 @@ void EditorController::Drop(const DragItem& item) {
   });
 }
 
-void EditorController::NewFromClipboard() {
-  const Picture picture = desk_.Clipboard.Picture();
-  if (picture.IsNil()) return;
+void DocumentController::NewFromClipboard() {
+  const PictureSource picture = desk_.Clipboard.PastedPicture();
+  if (!picture) return;
   const auto open = [this, picture] { session_.Open(picture, kNewFromClipboard.Text()); };
   if (!AskToSave(open)) open();
 }
 
 // Saving.
 
-FolderItem EditorController::AskWhereToSave() {
+FolderItem DocumentController::AskWhereToSave() {
   const EditSession::Hold hold(session_);
   const std::string extension(InternalFileTypes::BrivolantPhotosDocument.Extensions);
   int filter = 0;
@@ -85,7 +109,7 @@ FolderItem EditorController::AskWhereToSave() {
   return BrivolantDocument::PackageFor(chosen);
 }
 
-void EditorController::SaveMethod(std::function<void(bool)> then) {
+void DocumentController::SaveMethod(std::function<void(bool)> then) {
   if (!Editing() || session_.Busy()) return then(false);
   FolderItem place;
   session_.Settling();
@@ -96,7 +120,7 @@ void EditorController::SaveMethod(std::function<void(bool)> then) {
   session_.Save(place, std::move(then));
 }
 
-bool EditorController::AskToSave(const std::function<void()>& then) {
+bool DocumentController::AskToSave(const std::function<void()>& then) {
   if (session_.Busy()) {
     // Behind the work under way, such as a save.
     if (then) {
@@ -132,7 +156,7 @@ bool EditorController::AskToSave(const std::function<void()>& then) {
   return false;
 }
 
-void EditorController::SaveACopyAs() {
+void DocumentController::SaveACopyAs() {
   if (!Editing() || session_.Busy()) return;
   auto& preferences = desk_.Preferences;
   int filter = std::clamp(preferences.Value(kCopyFormat, 0).ToInt(), 0,
@@ -167,13 +191,6 @@ void EditorController::SaveACopyAs() {
   if (!ImageIO::Match(type, chosen)) {
     const std::string name = NumberedName(chosen.Name(), 0, Ending(ImageIO::FirstExtension(type)));
     chosen = chosen.Parent().Child(name);
-  }
-  if (const std::string why = session_.Document()->WhyNotWriteTo(chosen); !why.empty()) {
-    const EditSession::Hold hold(session_);
-    desk_.Services.Dialogs.Message(
-        WithPlaceholders(EditSession::kNotSaved.Text(), {{"<filename>", chosen.DisplayName()}}),
-        why);
-    return;
   }
   preferences.Assign(kCopyFormat, filter);
   preferences.Assign(kCopyFolder, chosen.Parent().ShellPath());
