@@ -261,10 +261,12 @@ struct App::Installing {
   WorkerServices worker;
   OneClickWonder style;
   FolderItem target;
+  bool read = false;
   bool done = false;
+  void Read(const FolderItem& file) { read = style.Load(file); }
   /// Moves the file into the folder, or copies it where it cannot be moved.
   void Run(const FolderItem& file, const FolderItem& folder) {
-    if (!style.Load(file) || !folder) return;
+    if (!read || !folder) return;
     done = true;
     if (file.Parent() == folder) return;
     // A style of that name may be there; neither replaces the other.
@@ -277,19 +279,26 @@ struct App::Installing {
 void App::InstallStyle(const FolderItem& file) {
   styles_->Load();
   const auto installing = std::make_shared<Installing>(*styleServices_);
-  const auto run = [installing, file, folder = styles_->usersCustomWondersFolder] {
-    installing->Run(file, folder);
-  };
+  const FolderItem folder = styles_->usersCustomWondersFolder;
   if (!window_) {
-    run();
+    installing->Read(file);
+    installing->Run(file, folder);
     return Installed(file, *installing);
   }
-  const auto done = std::make_shared<bool>(false);
   window_->Session().Work().Start(
       {WithPlaceholders(EditSession::kOpeningImage.Text(), {{"<filename>", file.DisplayName()}}),
-       true, [run, done](Jobs::Control& control) { *done = control.Apart(run); },
-       [this, file, installing, done](Jobs::End, const std::string&) {
-         if (*done) Installed(file, *installing);
+       true,
+       [installing, file, folder](Jobs::Control& control) {
+         // Nothing is moved of what was given up.
+         if (control.Apart([installing, file] { installing->Read(file); })) {
+           installing->Run(file, folder);
+         }
+       },
+       [this, file, installing](Jobs::End end, const std::string&) {
+         for (const auto& told : installing->worker.Take()) {
+           dialogs_->Message(told.Message, told.Explanation);
+         }
+         if (end != Jobs::End::kCancelled) Installed(file, *installing);
        },
        nullptr, true});
 }

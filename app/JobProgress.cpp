@@ -92,6 +92,7 @@ void JobProgress::End() {
 void JobProgress::Look() {
   const QString text = ToQString(jobs_.Text());
   if (!jobs_.CanCancel() || long_.isActive()) {
+    if (dialog_ != nullptr) dialog_->hide();
     labelled_ = true;
     return label_.Show(jobs_.Text(), &window_);
   }

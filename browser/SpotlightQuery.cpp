@@ -15,6 +15,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <deque>
+#include <future>
 #include <mutex>
 #include <set>
 #include <thread>
@@ -195,12 +196,27 @@ void SpotlightQuery::StartLane(const std::shared_ptr<Work>& work, Lane& lane,
 }
 
 void SpotlightQuery::AskShares(const std::shared_ptr<Work>& work) {
-  // One question at a time: a service that is silent gets no thread for each letter typed.
-  static std::atomic<bool> asking = false;
   std::vector<FolderItem> shares;
-  if (DesktopShares::AreServed(work->table) && !asking.exchange(true)) {
-    shares = DesktopShares::Roots();
-    asking = false;
+  if (DesktopShares::AreServed(work->table)) {
+    // One question at a time: a service that is silent gets no thread for each letter typed. Who
+    // comes meanwhile waits for the same answer.
+    struct Question {
+      std::mutex mutex;
+      std::shared_future<std::vector<FolderItem>> answer;
+    };
+    static Question& question = *new Question;
+    std::promise<std::vector<FolderItem>> promise;
+    std::unique_lock asked(question.mutex);
+    const auto there = [](const auto& answer) {
+      return answer.wait_for(std::chrono::milliseconds(20)) == std::future_status::ready;
+    };
+    const bool ours = !question.answer.valid() || there(question.answer);
+    if (ours) question.answer = promise.get_future().share();
+    const auto answer = question.answer;
+    asked.unlock();
+    if (ours) promise.set_value(DesktopShares::Roots());
+    while (!work->ended && !there(answer)) continue;
+    if (!work->ended) shares = answer.get();
   }
   const std::lock_guard lock(work->mutex);
   for (const FolderItem& share : shares) {
@@ -243,15 +259,16 @@ void SpotlightQuery::Search(const std::shared_ptr<Work>& work) {
   Divide(*work);
   work->asking = everywhere ? 2 : 1;
   std::unique_lock lock(work->mutex);
+  Lane& own = work->lanes.front();
   for (Lane& lane : work->lanes) {
-    if (&lane != &work->lanes.front()) StartLane(work, lane, lane.folders.front());
+    if (&lane != &own) StartLane(work, lane, lane.folders.front());
   }
   lock.unlock();
   // Behind those, since it adds lanes and starts them itself.
   if (everywhere) Work::Start(work, [work](Work&) { AskShares(work); });
   Work::Start(work, [work](Work&) { AskIndexes(work); });
   for (int i = 0; i < std::max(QThread::idealThreadCount(), 1); ++i) {
-    Work::Start(work, [](Work& walked) { Walk(walked, walked.lanes.front()); });
+    Work::Start(work, [&own](Work& walked) { Walk(walked, own); });
   }
   lock.lock();
   bool silent = false;
@@ -267,7 +284,7 @@ void SpotlightQuery::Search(const std::shared_ptr<Work>& work) {
       continue;
     }
     work->changed.wait_for(lock, kProgress);
-    if (!work->lanes.front().Done() || work->paused || work->alive.exchange(false)) {
+    if (!own.Done() || work->paused || work->alive.exchange(false)) {
       work->heard = Steady::now();
     }
     // Whoever is silent now may be so for ever, and nobody waits for that.

@@ -332,12 +332,13 @@ void browserThumbnailGetter::Deliver() {
       result.item->imageSide = 0;
       result.item->HasNoThumbnail = true;
     }
+    if (Changed) Changed(*result.item);
     if (!result.counts) {
-      if (AddedThumbnail && !running_) AddedThumbnail(*result.item);
+      if (AddedThumbnail && !running_) AddedThumbnail();
       continue;
     }
     ++work->delivered;
-    if (AddedThumbnail) AddedThumbnail(*result.item);
+    if (AddedThumbnail) AddedThumbnail();
     if (work != work_) return;
   }
   if (running_ && work->delivered == work->queue.size()) {

@@ -76,7 +76,9 @@ class browserThumbnailGetter final : public QObject {
 
   std::function<void()> Started;
   /// Once for each entry, whether it got a picture or not.
-  std::function<void(const browserItem&)> AddedThumbnail;
+  std::function<void()> AddedThumbnail;
+  /// An entry has another picture, or turned out to have none; also of one that was made again.
+  std::function<void(const browserItem&)> Changed;
   std::function<void()> Finished;
 
  private:

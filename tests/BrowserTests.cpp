@@ -214,7 +214,7 @@ struct Getter : Thumbnails {
 
   explicit Getter(int count) {
     getter.Started = [this] { events.emplace_back("Started"); };
-    getter.AddedThumbnail = [this](const browserItem&) { events.emplace_back("Added"); };
+    getter.AddedThumbnail = [this] { events.emplace_back("Added"); };
     getter.Finished = [this] { events.emplace_back("Finished"); };
     for (int i = 0; i < count; ++i) {
       const FolderItem file = WriteJpeg(folder.Child(std::to_string(i) + ".jpg"), 64, 48);

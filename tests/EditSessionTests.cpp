@@ -85,6 +85,9 @@ TEST(Session, WhatCannotBeReadOrThrowsLeavesThePhotoAndEverythingUsable) {
 TEST(Session, WhatADiskHoldsCanBeGivenUpAndNothingWaitsForIt) {
   Editing editing;
   editing.Open(editing.Photo("first.jpg"));
+  editing.session.Turn(&BrivolantDocument::Rotation, 1);
+  // "Don't Save" was said for a photo that does not come.
+  editing.session.GiveUpChanges();
   editing.temporary.holdsNext = true;
   editing.session.Open(editing.Photo("held.jpg"), {});
   editing.temporary.held.wait(false);
@@ -92,6 +95,9 @@ TEST(Session, WhatADiskHoldsCanBeGivenUpAndNothingWaitsForIt) {
   editing.session.Work().Cancel();
   editing.session.Finish();
   EXPECT_EQ(editing.Document().Name, "first");
+  EXPECT_TRUE(editing.session.Dirty());
+  editing.session.KeepEditsNow();
+  EXPECT_EQ(editing.folder.Child("data").Child("Unsaved").Children().size(), 1U) << "kept again";
   editing.Open(editing.Photo("second.jpg"));
   EXPECT_TRUE(Jobs::SomeAreApart());
   editing.temporary.Answer();

@@ -68,12 +68,10 @@ void OpeningController::OpenItem(const BrowserPayload& payload) {
     const FolderItem file = (*photo)->File();
     const std::string caption = (*photo)->Caption;
     if (!file) return;
-    if (FolderitemExtensions::FileBaseType(file) == "Image" ||
-        FolderitemExtensions::HoldsPicture(file)) {
-      PhotoChosen(file, caption);
-    } else {
-      Launch(file);
-    }
+    if (NamesReadable(file)) return PhotoChosen(file, caption);
+    Look(file, [this, file, caption](const Seen& seen) {
+      seen.Picture ? PhotoChosen(file, caption) : Launch(file);
+    });
   }
 }
 
@@ -95,8 +93,14 @@ void OpeningController::OpenFile(const FolderItem& file, const FileFacts& facts)
   if (known.Picture || known.Package || known.Folder || facts.Is == FileFacts::kDocument) {
     return Open(known, browse);
   }
-  // Links and files of other names are looked at on another thread: their disk may be away. Who
-  // opens another waits for this one no longer.
+  // Links and files of other names are looked at on another thread: their disk may be away.
+  Look(file, [this, file, browse](const Seen& seen) {
+    seen.Target.IsNil() ? TellBroken(file) : Open(seen, browse);
+  });
+}
+
+void OpeningController::Look(const FolderItem& file, std::function<void(const Seen&)> then) {
+  // Who opens another waits for this one no longer.
   looking_.Cancel();
   const auto seen = std::make_shared<std::optional<Seen>>();
   looking_.Start({{},
@@ -105,10 +109,8 @@ void OpeningController::OpenFile(const FolderItem& file, const FileFacts& facts)
                     const auto found = std::make_shared<Seen>();
                     if (control.Apart([file, found] { *found = LookAt(file); })) *seen = *found;
                   },
-                  [this, file, browse, seen](Jobs::End, const std::string&) {
-                    if (!*seen) return;
-                    if ((*seen)->Target.IsNil()) return TellBroken(file);
-                    Open(**seen, browse);
+                  [seen, then = std::move(then)](Jobs::End, const std::string&) {
+                    if (*seen) then(**seen);
                   }});
 }
 

@@ -52,6 +52,8 @@ class OpeningController {
     bool Picture = false;
   };
   static Seen LookAt(const FolderItem& file);
+  /// Looks at it on another thread, and tells if nobody has opened something else meanwhile.
+  void Look(const FolderItem& file, std::function<void(const Seen&)> then);
   void OpenItem(const BrowserPayload& payload);
   void OpenFile(const FolderItem& file, const FileFacts& facts);
   void Open(const Seen& seen, bool browse);

@@ -153,6 +153,10 @@ void Jobs::Cancel() {
   if (running_) running_->control.cancelled_ = true;
 }
 
+void Jobs::KeepOn() {
+  if (running_) running_->job.CanCancel = false;
+}
+
 void Jobs::CancelAll() {
   if (CanCancel()) Cancel();
   for (Waiting& waiting : waiting_) waiting.cancelled = waiting.job.CanCancel;

@@ -97,6 +97,8 @@ class Jobs {
   double Done() const;
   /// Asks the present job to end.
   void Cancel();
+  /// The present job cannot be cancelled any more; said between its pieces.
+  void KeepOn();
   /// The same of those that wait, each as its turn comes; those that cannot be cancelled go on.
   void CancelAll();
   /// What the present job and those that wait tell the user; nothing of those that tell nothing.

@@ -141,8 +141,8 @@ void ZoomController::Render() {
   // What is rendered is what is there now, not what was when the wait began.
   image_ = Image();
   settings_ = Settings();
-  full_.Start({session_.CopyOfDocument(), processor.StyleData(),
-               processor.CurrentStack, display_.ShowBefore});
+  full_.Start({session_.CopyOfDocument(), processor.StyleData(), processor.CurrentStack,
+               display_.ShowBefore});
 }
 
 void ZoomController::Take(const FullRender::Result& result) {

@@ -153,12 +153,16 @@ void EditSession::LayReady(
     const std::string name = otherSharedComponents::NewGUID(desk_.Services.Random);
     const FolderItem copy = desk_.Services.TemporaryFiles.Child(name);
     const auto ready = std::make_shared<EffectModuleOverlay::Ready>();
-    jobs_.Start({kLayingOver.Text(), false,
-                 [ready, make, name, copy](Jobs::Control&) { *ready = make(name, copy); },
-                 [this, ready, take](Jobs::End, const std::string& why) {
+    const auto apart = [ready, make, name, copy] { *ready = make(name, copy); };
+    jobs_.Start({kLayingOver.Text(), true,
+                 // Its disk may be away, and who waits for it can give it up.
+                 [apart](Jobs::Control& control) { (void)control.Apart(apart); },
+                 [this, ready, take](Jobs::End end, const std::string& why) {
+                   if (end == Jobs::End::kCancelled) return;
                    if (ready->Error.empty()) ready->Error = why;
                    if (Overlay() != nullptr) take(std::move(*ready));
-                 }});
+                 },
+                 nullptr, true});
   });
 }
 
@@ -194,7 +198,10 @@ void EditSession::PastePicture(PictureSource source) {
     if (!ImageIO::SaveAsJPEG(jpeg, EnsurePictureCompatible(picture), kQuality, ready.Error)) {
       return ready;
     }
-    if (MoveExclusively(jpeg, copy)) return ready;
+    if (const std::error_code error = MoveExclusively(jpeg, copy)) {
+      ready.Error = error.message();
+      return ready;
+    }
     return EffectModuleOverlay::MakeReady(copy, name, copy);
   };
   LayReady(make, [this](EffectModuleOverlay::Ready ready) {

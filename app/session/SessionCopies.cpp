@@ -23,7 +23,11 @@ void EditSession::SaveCopy(const FolderItem& file, const std::string& type, doub
       {WithPlaceholders(SaveAsCopy::kSaving.Text(), {{"<filename>", file.DisplayName()}}), true,
        [this, source, copy, error, outcome](Jobs::Control& control) {
          // The disk is asked, which may be away.
-         *error = source->WhyNotWriteTo(copy->File);
+         const auto why = std::make_shared<std::string>();
+         if (!control.Apart([source, copy, why] { *why = source->WhyNotWriteTo(copy->File); })) {
+           return;
+         }
+         *error = *why;
          if (!error->empty()) return;
          copy->Source = source->Image();
          copy->Pasted = source->PastedImages();

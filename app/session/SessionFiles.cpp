@@ -28,8 +28,16 @@ struct EditSession::Opening {
   bool begun = false;
   /// Why it is not read is told already.
   bool refused = false;
+  /// It is of an older form, and written anew once it is known to be wanted.
+  bool older = false;
   /// What is brought back.
   std::optional<RecoveredEdits> edits;
+  /// Says that the file could not be read, and why; in the worker's messages.
+  void TellWhy(const std::string& why) const {
+    FolderitemExtensions::StandardFileErrorDialog(
+        file, FolderitemExtensions::kRead,
+        why.empty() && document ? document->lastErrorMessage : why, worker->All().Dialogs);
+  }
 };
 
 void EditSession::TellWorkers() {
@@ -65,11 +73,8 @@ void EditSession::Open(const FolderItem& item, std::string name) {
              return made;
            }
            if (!document.Load(o.file) || document.ImageOriginal().IsNil()) return false;
-           // An older form is written anew at once.
-           if (document.FileDataVersion < BrivolantDocument::kVersion && o.file.IsWriteable()) {
-             document.Save();
-           }
-           document.HoldFiles();
+           o.older = document.FileDataVersion < BrivolantDocument::kVersion && o.file.IsWriteable();
+           if (!o.older) document.HoldFiles();
            return true;
          });
   });
@@ -77,29 +82,30 @@ void EditSession::Open(const FolderItem& item, std::string name) {
 
 void EditSession::Open(const RecoveredEdits& edits) {
   auto opening = std::make_shared<Opening>();
-  opening->file = edits.Package;
+  opening->file = edits.Package ? edits.Package : edits.Original;
   opening->name = edits.Name;
   opening->edits = edits;
   jobs_.WhenIdle([this, opening, edits] {
     Settling();
     Read(opening, WithPlaceholders(kOpeningImage.Text(), {{"<filename>", edits.Name}}),
          [edits](Opening& o) {
+           bool read = false;
            if (edits.Package.Exists()) {
-             o.read = o.document->Load(edits.Package) && !o.document->ImageOriginal().IsNil();
+             read = o.document->Load(edits.Package) && !o.document->ImageOriginal().IsNil();
              // A temporary package is still no place for a document to stay.
-             if (o.read && !edits.Saved) o.document->tFile = edits.Package;
+             if (read && !edits.Saved) o.document->tFile = edits.Package;
            }
-           if (!o.read && edits.Original.Exists()) {
+           if (!read && edits.Original.Exists()) {
              o.document = std::make_unique<BrivolantDocument>(o.worker->All());
-             o.read = o.document->CreateFromFile(edits.Original);
+             read = o.document->CreateFromFile(edits.Original);
            }
-           if (o.read) o.document->HoldFiles();
-           if (o.read && !edits.ApplyTo(*o.document)) {
+           if (read) o.document->HoldFiles();
+           if (read && !edits.ApplyTo(*o.document)) {
              // Without its pictures it would be saved as less than it was.
              o.document->lastErrorMessage = kPicturesNotBack.Text();
              return false;
            }
-           return o.read;
+           return read;
          });
   });
 }
@@ -113,6 +119,8 @@ void EditSession::Read(const std::shared_ptr<Opening>& opening, const std::strin
   const auto more = [this, opening]() -> std::function<void(Jobs::Control&)> {
     if (!opening->read) return nullptr;
     if (!opening->begun) Begin(*opening);
+    // The photo before is gone: there is nothing to go back to.
+    jobs_.KeepOn();
     return AwaitPreview();
   };
   jobs_.Start({text, ofFile,
@@ -123,18 +131,27 @@ void EditSession::Read(const std::shared_ptr<Opening>& opening, const std::strin
                  }
                  // A disk that is away answers late, or never; who waits for it can give it up.
                  const auto done = std::make_shared<bool>(false);
-                 const auto apart = [opening, read, done] { *done = read(*opening); };
+                 const auto apart = [opening, read, done] {
+                   *done = read(*opening);
+                   // Why, is looked for on the disk too.
+                   if (!*done && !opening->refused) opening->TellWhy({});
+                 };
                  opening->read = control.Apart(apart) && *done;
+                 // Nothing is written of what was given up.
+                 if (opening->read && opening->older) {
+                   opening->document->Save();
+                   opening->document->HoldFiles();
+                 }
                },
                [this, opening](Jobs::End end, const std::string& why) {
-                 if (end != Jobs::End::kFailed && opening->begun) return Opened();
+                 if (opening->begun && end != Jobs::End::kFailed) {
+                   Opened();
+                   return TellOf(*opening->worker);
+                 }
+                 // The photo before stays, and with it what is to be kept of it.
+                 if (Dirty()) givenUp_ = false;
                  if (end == Jobs::End::kCancelled) return;
-                 if (opening->refused) return TellOf(*opening->worker);
-                 const std::string reason =
-                     why.empty() && opening->document ? opening->document->lastErrorMessage : why;
-                 FolderitemExtensions::StandardFileErrorDialog(opening->file,
-                                                               FolderitemExtensions::kRead, reason,
-                                                               opening->worker->All().Dialogs);
+                 if (!why.empty()) opening->TellWhy(why);
                  TellOf(*opening->worker);
                },
                more, true});
@@ -176,7 +193,6 @@ void EditSession::Open(PictureSource source, const std::string& name) {
 
 void EditSession::Begin(Opening& opening) {
   opening.begun = true;
-  TellOf(*opening.worker);
   // What the old document used goes after it.
   const std::shared_ptr<WorkerServices> former = std::exchange(worker_, opening.worker);
   lastStyle_ = document_ ? processor_.StyleData() : std::string();

@@ -170,7 +170,9 @@ const BrowserIconView::Label& BrowserIconView::LabelOf(int row, const QFontMetri
   const auto [at, fresh] = labels_.try_emplace(name);
   Label& label = at->second;
   if (!fresh) return label;
-  for (const QString& line : LinesOf(ToQString(name), metrics, cell)) {
+  for (QString line : LinesOf(ToQString(name), metrics, cell)) {
+    // Where a word ends was estimated; nothing reaches into the cell beside.
+    while (metrics.horizontalAdvance(line) > cell) line.chop(1);
     if (line.isEmpty()) continue;
     QStaticText& text = label.Lines.at(static_cast<std::size_t>(label.Count));
     text = QStaticText(line);
@@ -217,8 +219,8 @@ void BrowserIconView::PaintCell(QPainter& painter, int row) {
   if (selected) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(highlight);
-    painter.drawRoundedRect(QRectF(x + (cell - widest) / 2.0 - 4, top, widest + 8, height), kCorner,
-                            kCorner);
+    const int wide = std::min(widest + 8, cell);
+    painter.drawRoundedRect(QRectF(x + (cell - wide) / 2.0, top, wide, height), kCorner, kCorner);
   }
   const auto item = browser_.Rows().Item(row);
   painter.setPen(item != nullptr && !item->Visible() ? ifkColors::TextDisabled()

@@ -77,7 +77,7 @@ QPixmap multiViewFileBrowser::CellPicture(int row, int side) {
   const auto known = scaledAt_.find(id);
   if (known != scaledAt_.end()) {
     const Scaled& scaled = known->second->second;
-    if (scaled.of == stamp && scaled.side == side) {
+    if (scaled.of == stamp && scaled.side == side && scaled.ratio == ratio) {
       scaled_.splice(scaled_.end(), scaled_, known->second);
       return scaled.pixmap;
     }
@@ -85,7 +85,7 @@ QPixmap multiViewFileBrowser::CellPicture(int row, int side) {
     scaledAt_.erase(known);
   }
   QPixmap pixmap = Fitted(entry->image, side, ratio);
-  scaled_.emplace_back(id, Scaled{stamp, side, pixmap});
+  scaled_.emplace_back(id, Scaled{stamp, side, ratio, pixmap});
   scaledAt_[id] = std::prev(scaled_.end());
   while (scaled_.size() > scaledMost_) {
     scaledAt_.erase(scaled_.front().first);

@@ -73,7 +73,7 @@ multiViewFileBrowser::multiViewFileBrowser(std::shared_ptr<const ThumbnailMaker>
   getter_.Started = [this] {
     if (StartedToUpdateThumbnails) StartedToUpdateThumbnails();
   };
-  getter_.AddedThumbnail = [this](const browserItem& item) {
+  getter_.Changed = [this](const browserItem& item) {
     fresh_.insert(&item);
     if (!repaint_.isActive()) repaint_.start();
   };

@@ -200,6 +200,7 @@ class multiViewFileBrowser final : public QWidget {
   struct Scaled {
     qint64 of = 0;
     int side = 0;
+    double ratio = 1;
     QPixmap pixmap;
   };
   void Lay();

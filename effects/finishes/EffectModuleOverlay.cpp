@@ -20,7 +20,12 @@ EffectModuleOverlay::Ready EffectModuleOverlay::MakeReady(const FolderItem& file
   ImageIO::OpenedPicture opened = ImageIO::OpenFirstPicture(file);
   ready.Error = std::move(opened.Error);
   if (opened.Pixels.IsNil() || copy.IsNil()) return ready;
-  if (!(file == copy) && CopyFileAtomically(file, copy)) return ready;
+  if (!(file == copy)) {
+    if (const std::error_code error = CopyFileAtomically(file, copy)) {
+      ready.Error = error.message();
+      return ready;
+    }
+  }
   ready.Copy = copy;
   ready.Pixels = std::move(opened.Pixels);
   ready.Damage = std::move(opened.Damage.Warning);

@@ -173,6 +173,10 @@ TEST_F(DisplayTest, MouseAndKeysReachTheSelectedEffectAsFractions) {
 
 TEST_F(DisplayTest, AnEffectThatAsksForItIsRenderedAtEachStep) {
   Open(400, 300);
+  Settle();
+  // A server that tells the window's size late makes a render of its own.
+  program.Window().ResizedUpdateTimer.stop();
+  program.Window().ResizedUpdateTimer.setInterval(std::chrono::hours(1));
   Listener listener;
   program.Processor().SelectedEffect(&listener);
   int renders = 0;

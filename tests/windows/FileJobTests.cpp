@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "BrowsingHelpers.h"
+#include "app/ProgressDialog.h"
 #include "formats/BrivolantDocument.h"
 
 namespace brivolant::test {
@@ -16,15 +17,17 @@ using testing::ElementsAre;
 
 /// A job of the browser that ends when the test says so, or is cancelled.
 struct Standing {
-  explicit Standing(Program& program) {
-    program.Window().FileWork().Start(
-        {"Copying files...", true,
-         [state = state](Jobs::Control& control) {
-           while (!state->go && !control.Cancelled()) {
-             std::this_thread::yield();
-           }
-         },
-         [state = state](Jobs::End, const std::string&) { state->ended = true; }});
+  explicit Standing(Program& program)
+      : Standing(program.Window().FileWork(), "Copying files...", false) {}
+  Standing(Jobs& jobs, const char* text, bool unmeasured) {
+    jobs.Start({text, true,
+                [state = state](Jobs::Control& control) {
+                  while (!state->go && !control.Cancelled()) {
+                    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+                  }
+                },
+                [state = state](Jobs::End, const std::string&) { state->ended = true; }, nullptr,
+                unmeasured});
   }
   ~Standing() { state->go = true; }
   struct State {
@@ -85,6 +88,18 @@ TEST(FileJobs, LeaveTheKeyboardWhereItIs) {
   EXPECT_TRUE(Until([&] { return job.state->ended; })) << "cancelled";
   EXPECT_TRUE(program.Shows({"b.jpg", "summer.jpg"}));
   EXPECT_TRUE(Until([&] { return dialog.isNull(); }));
+}
+
+TEST(FileJobs, WhatMayWaitForADiskIsAWordFirstAndCanBeGivenUpWhenItTakesLong) {
+  Program program;
+  const Standing job(program.Window().Session().Work(), "Opening the photo...", true);
+  EXPECT_TRUE(Until([&] { return program.app->Progress().isVisible(); }));
+  EXPECT_EQ(Progress(program), nullptr);
+  ASSERT_TRUE(
+      Until([&] { return Progress(program) != nullptr && Progress(program)->isVisible(); }));
+  EXPECT_FALSE(program.app->Progress().isVisible());
+  Progress(program)->findChild<QPushButton*>()->click();
+  EXPECT_TRUE(Until([&] { return job.state->ended; }));
 }
 
 TEST(FileJobs, AnUntouchedNameStaysWithItsBlanks) {
