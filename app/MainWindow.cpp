@@ -141,7 +141,11 @@ void MainWindow::SwapDisplay(int mode) {
   if (!editing && mode != old) imageBrowser->ReloadCurrentView();
   if (!editing) browse_.Browser.ShowBrowserInfo();
   // The mark of the photo comes back with it, whatever brought it into view.
-  if (editing && mode != old && LastDirty != session_.Dirty()) SetDirty(LastDirty);
+  if (editing && mode != old && LastDirty != session_.Dirty()) {
+    const int style = session_.StyleSelection();
+    SetDirty(LastDirty);
+    session_.SelectStyle(style);
+  }
   commands_.Refresh();
   QWidget& focus = editing ? static_cast<QWidget&>(*MyDisplay) : *imageBrowser;
   if (mode == old) {

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QImage>
+#include <QImageReader>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
@@ -122,10 +123,14 @@ PictureSource SourceOf(const QMimeData& data) {
   if (!data.hasImage()) return nullptr;
   // What another program gives comes as the bytes of a file.
   const bool own = typeid(data) == typeid(QMimeData);
+  const QList<QByteArray> known = own ? QList<QByteArray>() : QImageReader::supportedMimeTypes();
   for (const char* type : {"image/png", "image/tiff", "image/webp", "image/bmp", "image/jpeg"}) {
     const QString format = QString::fromLatin1(type);
-    if (own || !data.hasFormat(format)) continue;
-    return [bytes = data.data(format)] { return PictureFromImage(QImage::fromData(bytes)); };
+    if (!known.contains(type) || !data.hasFormat(format)) continue;
+    // Some promise what they do not have.
+    const QByteArray bytes = data.data(format);
+    if (bytes.isEmpty()) continue;
+    return [bytes] { return PictureFromImage(QImage::fromData(bytes)); };
   }
   return [image = qvariant_cast<QImage>(data.imageData())] { return PictureFromImage(image); };
 }

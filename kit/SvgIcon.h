@@ -10,7 +10,7 @@ namespace brivolant {
 
 /// Where icons are read from; set once at the program's start.
 void SetIconFolder(const FolderItem& folder);
-/// The program's icon of that name (a file "NAME.svg"). Drawn anew for every size and scale, in
+/// The program's icon of that name (a file "NAME.svg"). Drawn for every size and scale, in
 /// the palette's text colour where the drawing says "currentColor". An unknown name gives an
 /// empty icon.
 QIcon SvgIcon(const QString& name);

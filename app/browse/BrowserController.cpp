@@ -9,6 +9,7 @@
 #include "app/commands/Commands.h"
 #include "browser/ui/Sidebar.h"
 #include "kit/ifkPathBar.h"
+#include "platform/files/MountTable.h"
 
 namespace brivolant {
 namespace {
@@ -17,10 +18,13 @@ FolderItem Standard(QStandardPaths::StandardLocation location) {
   return FolderItem(QFile::encodeName(QStandardPaths::writableLocation(location)).toStdString());
 }
 
-/// A folder that answers: one of a share that is dead keeps nobody waiting.
+/// A share that does not answer keeps nobody waiting; a disk that takes its time is there.
 bool IsThere(const FolderItem& folder) {
   const auto found = FolderLister::Look(folder, FolderLister::kPatience);
-  return found && !found->Gone;
+  if (found) return !found->Gone;
+  const MountTable table = MountTable::Now();
+  const Mount* mount = table.Of(folder);
+  return mount == nullptr || !mount->Apart();
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "app/session/ManyEdits.h"
 #include "engine/pictures/SharedPictureEffects.h"
 #include "engine/ui/EditorDisplay.h"
+#include "engine/ui/EffectStackEditor.h"
 #include "formats/BrivolantDocument.h"
 
 namespace brivolant {
@@ -35,6 +36,12 @@ bool PhotoController::Editing() const {
   return session_.Document() != nullptr;
 }
 
+void PhotoController::EndGestures() {
+  // What the mouse is drawing is an entry of its own.
+  pane_.MyDisplay->EndGesture();
+  pane_.AdvancedPanel->EndGesture();
+}
+
 void PhotoController::AddHistory(Commands& commands) {
   using namespace Menus;
   const auto editing = [this] { return Editing(); };
@@ -45,10 +52,18 @@ void PhotoController::AddHistory(Commands& commands) {
       // The toolbar's: there is nothing to rewind in a photo that was just read.
       {"Rewind", &kFileRestoreToOriginal, "", kInEditor, [this] { session_.PerformRewind(); },
        [this] { return Editing() && session_.Rewindable(); }},
-      {"EditUndo", &kEditUndo, "Ctrl+Z", kInEditor, [this] { session_.Undo(); },
+      {"EditUndo", &kEditUndo, "Ctrl+Z", kInEditor,
+       [this] {
+         EndGestures();
+         session_.Undo();
+       },
        [&undo, editing] { return editing() && undo.UndoAvailable(); }, nullptr,
        [&undo] { return With(kEditUndo, undo.UndoName()); }},
-      {"EditRedo", &kEditRedo, "Ctrl+Shift+Z", kInEditor, [this] { session_.Redo(); },
+      {"EditRedo", &kEditRedo, "Ctrl+Shift+Z", kInEditor,
+       [this] {
+         EndGestures();
+         session_.Redo();
+       },
        [&undo, editing] { return editing() && undo.RedoAvailable(); }, nullptr,
        [&undo] { return With(kEditRedo, undo.RedoName()); }},
   });

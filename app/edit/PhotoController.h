@@ -34,6 +34,7 @@ class PhotoController {
   void AddExchange(Commands& commands);
   void AddViews(Commands& commands);
   void AddTurns(Commands& commands);
+  void EndGestures();
   void CopyPicture();
   void CopyStyle();
   bool Editing() const;

@@ -64,7 +64,7 @@ void EditSession::SetDirty(bool dirty) {
   // An adjusted photo no longer has that style.
   if (dirty) styleSelection_ = -1;
   if (dirty) givenUp_ = false;
-  rewindable_ = true;
+  if (dirty) rewindable_ = true;
   Changed();
 }
 
@@ -175,8 +175,9 @@ void EditSession::LayOver(const FolderItem& file) {
     const std::string error = ready.Error;
     Record({{ModuleKey("EffectChanged:", overlay), overlay.Settings()}}, overlay.Name());
     if (!overlay.Take(std::move(ready))) {
-      return FolderitemExtensions::StandardFileErrorDialog(file, FolderitemExtensions::kRead, error,
-                                                           desk_.Services.Dialogs);
+      FolderitemExtensions::StandardFileErrorDialog(file, FolderitemExtensions::kRead, error,
+                                                    worker_->All().Dialogs);
+      return TellWorkers();
     }
     Refresh();
     SetDirty(true);

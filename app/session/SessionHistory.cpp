@@ -159,6 +159,7 @@ void EditSession::CompleteUndo(bool redo) {
   // Undone back to what the file holds, there is nothing to save.
   const bool dirty = savedState_ != State();
   SetDirty(dirty);
+  rewindable_ = true;
   if (!dirty) ForgetEdits();
   Refresh();
   SelectStyle(std::exchange(undoneSelection_, -1));

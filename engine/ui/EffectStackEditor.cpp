@@ -108,6 +108,8 @@ void EffectStackEditor::AboutToChange(effectModule& module) {
 }
 
 void EffectStackEditor::selectedEffect(int index) {
+  // What is held belongs to the row that was selected.
+  if (mouseStatus_ == kOnControl) EndGesture();
   selected_ = index;
   focusedControl_ = -1;
   keyModule_ = nullptr;
@@ -287,6 +289,8 @@ void EffectStackEditor::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void EffectStackEditor::MoveRow(int target) {
+  // What is held belongs to the row that was selected.
+  if (mouseStatus_ == kOnControl) EndGesture();
   effectModule* module = Selected();
   if (module == nullptr) return;
   if (target < 0 || target > myProcessor->Count()) target = myProcessor->Count();
@@ -405,6 +409,8 @@ void EffectStackEditor::SetSlider(int control, int value) {
 }
 
 void EffectStackEditor::MoveSelection(int by) {
+  // What is held belongs to the row that was selected.
+  if (mouseStatus_ == kOnControl) EndGesture();
   const int row = std::clamp(selected_ + by, 0, myProcessor->Count());
   selected_ = row;
   focusedControl_ = -1;

@@ -83,6 +83,32 @@ TEST_F(PanelTest, ADraggedSliderChangesThePhotoLiveAndIsOneUndo) {
   EXPECT_GT(Mean(program.Shown(), 1), during + 3);
 }
 
+TEST_F(PanelTest, KeysWhileASliderIsHeldLetGoOfIt) {
+  program.SelectRow("Exposure");
+  EffectStackEditor& panel = program.Panel();
+  const auto at = [&](int x) { return program.ControlAt(0, x / 100.0); };
+  Press(panel, at(20));
+  Move(panel, at(60));
+  const std::string below = program.Processor().item(program.Row("Exposure") + 1)->ID();
+  Key(panel, Qt::Key_Down);
+  const std::string stack = program.Processor().StyleData();
+  Move(panel, at(90));
+  EXPECT_EQ(program.Processor().StyleData(), stack) << "the mouse holds nothing of " << below;
+  Release(panel, at(90));
+  program.Choose("EditUndo");
+  EXPECT_FALSE(program.Window().UndoGizmo.UndoAvailable());
+
+  // Taken back while it is held: what is drawn after that is not recorded behind nobody's back.
+  program.SelectRow("Exposure");
+  Press(panel, at(20));
+  Move(panel, at(60));
+  program.Choose("EditUndo");
+  const std::string undone = program.Processor().StyleData();
+  Move(panel, at(90));
+  EXPECT_EQ(program.Processor().StyleData(), undone);
+  Release(panel, at(90));
+}
+
 TEST_F(PanelTest, APressOnAControlOfADisabledEffectEnablesIt) {
   program.SelectRow("Exposure");
   Click(program.Panel(), CheckBoxOf("Exposure"));

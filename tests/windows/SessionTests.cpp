@@ -452,7 +452,8 @@ struct Foreign final : QMimeData {
     setData(QStringLiteral("image/png"), QByteArray::fromStdString(bytes));
   }
   QStringList formats() const override {
-    return {QStringLiteral("image/png"), QStringLiteral("application/x-qt-image")};
+    return {QStringLiteral("image/webp"), QStringLiteral("image/tiff"), QStringLiteral("image/png"),
+            QStringLiteral("application/x-qt-image")};
   }
 };
 
