@@ -22,6 +22,7 @@ int RunCommandLine(int argc, const char* const* argv) {
   AddStylesCommand(program, common, action);
   AddDocumentCommand(program, common, action);
   AddFormatsCommand(program, common, action);
+  AddMetadataCommand(program, common, action);
   AddThumbnailCommand(program, common, action);
   try {
     program.parse(argc, argv);

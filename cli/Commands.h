@@ -29,6 +29,7 @@ void AddStylesCommand(CLI::App& program, const Common& common, Action& action);
 void AddApplyCommand(CLI::App& styles, const Common& common, Action& action);
 void AddDocumentCommand(CLI::App& program, const Common& common, Action& action);
 void AddFormatsCommand(CLI::App& program, const Common& common, Action& action);
+void AddMetadataCommand(CLI::App& program, const Common& common, Action& action);
 void AddThumbnailCommand(CLI::App& program, const Common& common, Action& action);
 
 }  // namespace brivolant::cli

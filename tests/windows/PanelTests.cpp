@@ -85,6 +85,7 @@ TEST_F(PanelTest, ADraggedSliderChangesThePhotoLiveAndIsOneUndo) {
 
 TEST_F(PanelTest, KeysWhileASliderIsHeldLetGoOfIt) {
   program.SelectRow("Exposure");
+  const std::string untouched = program.Processor().StyleData();
   EffectStackEditor& panel = program.Panel();
   const auto at = [&](int x) { return program.ControlAt(0, x / 100.0); };
   Press(panel, at(20));
@@ -93,10 +94,10 @@ TEST_F(PanelTest, KeysWhileASliderIsHeldLetGoOfIt) {
   Key(panel, Qt::Key_Down);
   const std::string stack = program.Processor().StyleData();
   Move(panel, at(90));
-  EXPECT_EQ(program.Processor().StyleData(), stack) << "the mouse holds nothing of " << below;
+  EXPECT_TRUE(program.Processor().StyleData() == stack) << "the mouse holds nothing of " << below;
   Release(panel, at(90));
   program.Choose("EditUndo");
-  EXPECT_FALSE(program.Window().UndoGizmo.UndoAvailable());
+  EXPECT_TRUE(program.Processor().StyleData() == untouched) << "it was one change";
 
   // Taken back while it is held: what is drawn after that is not recorded behind nobody's back.
   program.SelectRow("Exposure");
@@ -105,7 +106,7 @@ TEST_F(PanelTest, KeysWhileASliderIsHeldLetGoOfIt) {
   program.Choose("EditUndo");
   const std::string undone = program.Processor().StyleData();
   Move(panel, at(90));
-  EXPECT_EQ(program.Processor().StyleData(), undone);
+  EXPECT_TRUE(program.Processor().StyleData() == undone);
   Release(panel, at(90));
 }
 

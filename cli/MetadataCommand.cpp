@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: MIT
+#include <CLI/CLI.hpp>
+#include <QJsonArray>
+#include <array>
+#include <cmath>
+
+#include "cli/Commands.h"
+#include "cli/Support.h"
+#include "cli/Texts.h"
+#include "metadata/ImageMetaData.h"
+
+namespace brivolant::cli {
+namespace {
+
+struct MetadataOptions {
+  std::vector<std::string> inputs;
+  bool json = false;
+};
+
+/// Of a block whose values are bytes though their type says text.
+enum class Form { kTyped, kText, kBytes };
+
+struct Listed {
+  std::string_view Name;
+  const TiffDataCoreClass* Data;
+  Form Is = Form::kTyped;
+};
+
+std::vector<Listed> Blocks(const ImageMetaData& data) {
+  return {{"TIFF", data.TIFFData.get()},
+          {"EXIF", data.ExifData.get()},
+          {"GPS", data.GPSData.get()},
+          {"Interoperability", data.Interoperability.get()},
+          {"SubIFD", data.SubIFD.get()},
+          {"Thumbnail", data.Thumbnail ? data.Thumbnail->TIFFData.get() : nullptr},
+          {"IPTC", data.IPTCData.get(), Form::kText},
+          {"Photoshop", data.Photoshop.get(), Form::kBytes},
+          {"ICC", data.ColorProfile.get(), Form::kBytes}};
+}
+
+std::array<std::pair<const char*, int>, 6> FieldsOf(const JFIFDataObject& jfif) {
+  return {{{"Version", jfif.Version},
+           {"Units", jfif.units},
+           {"Xdensity", jfif.Xdensity},
+           {"Ydensity", jfif.Ydensity},
+           {"Xthumbnail", jfif.Xthumbnail},
+           {"Ythumbnail", jfif.Ythumbnail}}};
+}
+
+QJsonValue ToJson(const TagValue& value, bool text) {
+  if (const auto* rational = std::get_if<Rational>(&value)) {
+    return QJsonArray{rational->numerator, rational->denominator};
+  }
+  if (const auto* bytes = std::get_if<std::string>(&value)) {
+    return text ? QJsonValue(ToQt(PlainText(*bytes)))
+                : QJsonValue(QJsonObject{{ToQt("hex"), ToQt(AsHex(*bytes))}});
+  }
+  const double number = NumberOf(value);
+  // The format has no infinity, and nothing that is no number.
+  return std::isfinite(number) ? QJsonValue(number) : QJsonValue(ToQt(TextOf(value)));
+}
+
+QJsonObject TagToJson(const Listed& block, const TiffDataCoreClass::Entry& entry) {
+  QJsonArray values;
+  const bool text =
+      block.Is == Form::kText || (block.Is == Form::kTyped && entry.Type == kAsciiType);
+  for (const TagValue& value : entry.Values) values.append(ToJson(value, text));
+  return {{ToQt("tag"), ToQt(entry.Tag)},
+          {ToQt("name"), ToQt(block.Data->TagName(entry.Tag))},
+          {ToQt("type"), entry.Type},
+          {ToQt("values"), values},
+          {ToQt("text"), ToQt(block.Data->StringValue(entry.Tag))}};
+}
+
+QJsonArray JFIFToJson(const JFIFDataObject& jfif) {
+  QJsonArray tags;
+  for (const auto& [name, value] : FieldsOf(jfif)) {
+    tags.append(QJsonObject{{ToQt("tag"), ToQt(name)},
+                            {ToQt("name"), ToQt(name)},
+                            {ToQt("type"), static_cast<int>(kLongType)},
+                            {ToQt("values"), QJsonArray{value}},
+                            {ToQt("text"), ToQt(std::to_string(value))}});
+  }
+  return tags;
+}
+
+std::string Joined(const std::vector<std::string>& texts) {
+  std::string joined;
+  for (const std::string& text : texts) joined += (joined.empty() ? "" : ", ") + text;
+  return joined;
+}
+
+QJsonArray XMPToJson(const XMPProperties& properties) {
+  QJsonArray tags;
+  for (const auto& [name, texts] : properties) {
+    QJsonArray values;
+    for (const std::string& text : texts) values.append(ToQt(EnsureUTF8(text)));
+    tags.append(QJsonObject{{ToQt("tag"), ToQt(name)},
+                            {ToQt("name"), ToQt(name)},
+                            {ToQt("type"), static_cast<int>(kAsciiType)},
+                            {ToQt("values"), values},
+                            {ToQt("text"), ToQt(EnsureUTF8(Joined(texts)))}});
+  }
+  return tags;
+}
+
+QJsonObject ToJson(const std::string& file, const ImageMetaData& data) {
+  QJsonObject result{{ToQt("file"), ToQt(file)}};
+  result.insert(ToQt("error"),
+                data.ErrorID < 0 ? QJsonValue() : QJsonValue(ToQt(data.ErrorMessage)));
+  if (data.ImageSummary) {
+    const ImageSummaryObject& summary = *data.ImageSummary;
+    result.insert(ToQt("summary"),
+                  QJsonObject{{ToQt("format"), ToQt(summary.FileFormat)},
+                              {ToQt("width"), static_cast<double>(summary.Width)},
+                              {ToQt("height"), static_cast<double>(summary.Height)},
+                              {ToQt("depth"), summary.Depth},
+                              {ToQt("colorSpace"), ToQt(summary.ColorSpace)},
+                              {ToQt("dpi"), summary.DPI}});
+  }
+  QJsonObject blocks;
+  for (const Listed& block : Blocks(data)) {
+    if (block.Data == nullptr) continue;
+    QJsonArray tags;
+    for (const auto& entry : block.Data->AllData()) tags.append(TagToJson(block, entry));
+    blocks.insert(QString::fromLatin1(block.Name.data(), std::ssize(block.Name)), tags);
+  }
+  if (data.JFIFData) blocks.insert(ToQt("JFIF"), JFIFToJson(*data.JFIFData));
+  XMPProperties properties;
+  if (!data.XMP.empty() && ReadXMP(data.XMP, properties)) {
+    blocks.insert(ToQt("XMP"), XMPToJson(properties));
+  }
+  result.insert(ToQt("blocks"), blocks);
+  return result;
+}
+
+void PrintRow(const std::string& name, const std::string& text) {
+  PrintLine("  " + name + ": " + text);
+}
+
+void Print(const std::string& file, const ImageMetaData& data) {
+  PrintLine(file);
+  if (data.ImageSummary && data.ImageSummary->Width > 0) {
+    const ImageSummaryObject& summary = *data.ImageSummary;
+    PrintLine("  " + summary.FileFormat + ", " + std::to_string(summary.Width) + " x " +
+              std::to_string(summary.Height) + ", " + summary.ColorSpace);
+  }
+  for (const Listed& block : Blocks(data)) {
+    if (block.Data == nullptr || block.Data->Count() == 0) continue;
+    PrintLine(std::string(block.Name));
+    for (const auto& entry : block.Data->AllData()) {
+      PrintRow(block.Data->TagName(entry.Tag), block.Data->StringValue(entry.Tag));
+    }
+  }
+  if (data.JFIFData) {
+    PrintLine("JFIF");
+    for (const auto& [name, value] : FieldsOf(*data.JFIFData)) {
+      PrintRow(name, std::to_string(value));
+    }
+  }
+  XMPProperties properties;
+  if (data.XMP.empty() || !ReadXMP(data.XMP, properties)) return;
+  PrintLine("XMP");
+  for (const auto& [name, texts] : properties) PrintRow(name, EnsureUTF8(Joined(texts)));
+}
+
+int RunMetadata(const MetadataOptions& options) {
+  int code = kDone;
+  QJsonArray all;
+  for (const std::string& input : options.inputs) {
+    const FolderItem file(input);
+    ImageMetaData data;
+    std::string error;
+    const bool done = Guarded(file, error, [&] {
+      data.ReadFile(file);
+      return true;
+    });
+    if (!done || data.ErrorID >= 0) {
+      code = kFileFailed;
+      if (error.empty()) error = "\"" + file.DisplayName() + "\": " + data.ErrorMessage;
+      PrintError(error);
+    }
+    if (options.json) {
+      all.append(ToJson(input, data));
+    } else if (done) {
+      Print(input, data);
+    }
+  }
+  if (options.json) PrintJson(all, true);
+  return code;
+}
+
+}  // namespace
+
+void AddMetadataCommand(CLI::App& program, const Common&, Action& action) {
+  CLI::App* command = program.add_subcommand("metadata", texts::kMetadata.Text());
+  auto options = std::make_shared<MetadataOptions>();
+  command->add_option("FILE", options->inputs, texts::kInput.Text())->required();
+  command->add_flag("--json", options->json, texts::kJson.Text());
+  command->callback([options, &action] { action = [options] { return RunMetadata(*options); }; });
+}
+
+}  // namespace brivolant::cli

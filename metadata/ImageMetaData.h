@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "metadata/MetadataBlocks.h"
+#include "platform/files/FolderItem.h"
+#include "platform/values/Text.h"
+
+namespace brivolant {
+
+class MetadataStream;
+
+/// The short description of a picture.
+class ImageSummaryObject {
+ public:
+  static constexpr LocalizedText ColorSpaceGrayScale{"ImageSummaryObject.ColorSpaceGrayScale",
+                                                     "Grayscale"};
+  static constexpr LocalizedText ColorSpaceBlackWhite{"ImageSummaryObject.ColorSpaceBlackWhite",
+                                                      "Black & White"};
+  static constexpr LocalizedText ColorSpaceIndexed{"ImageSummaryObject.ColorSpaceIndexed",
+                                                   "Indexed Color"};
+  static constexpr LocalizedText ColorSpaceRGB{"ImageSummaryObject.ColorSpaceRGB", "RGB"};
+  static constexpr LocalizedText ColorSpaceCMYK{"ImageSummaryObject.ColorSpaceCMYK", "CMYK"};
+  static constexpr LocalizedText ColorSpaceMultichannel{"ImageSummaryObject.ColorSpaceMultichannel",
+                                                        "Multichannel"};
+  static constexpr LocalizedText ColorSpaceDuotone{"ImageSummaryObject.ColorSpaceDuotone",
+                                                   "Duotone"};
+  static constexpr LocalizedText ColorSpaceLab{"ImageSummaryObject.ColorSpaceLab", "Lab"};
+  static constexpr LocalizedText ColorSpaceUnknown{"ImageSummaryObject.ColorSpaceUnknown",
+                                                   "Unknown"};
+
+  std::uint32_t Width = 0;
+  std::uint32_t Height = 0;
+  int Depth = 0;
+  std::string ColorSpace;
+  /// Pixels an inch.
+  int DPI = 0;
+  std::string FileFormat;
+
+  double Megapixel() const;
+  bool isGreyScale() const { return ColorSpace == ColorSpaceGrayScale.Text(); }
+};
+
+/// The small picture that a file holds of itself.
+struct ThumbnailHolder {
+  /// The tags of its directory.
+  std::unique_ptr<TIFFDataObject> TIFFData;
+  /// A JPEG, where the file holds it apart from a directory.
+  std::string RawPictureData;
+  /// An older form, with red and blue exchanged.
+  bool PhotoShop4Thumbnail = false;
+};
+
+/// What a JPEG, a TIFF or a raw file built on it, or a Photoshop file tells of itself, without its
+/// pixels. One object reads one file, and keeps what it has when a file ends or makes no sense.
+/// Nothing in a file makes it throw, loop, or take more memory than the file is long.
+class ImageMetaData {
+ public:
+  static constexpr LocalizedText kUnableToRead{"ImageMetaData.kUnableToRead",
+                                               "Unable to read file."};
+  static constexpr LocalizedText kEmpty{"ImageMetaData.kEmpty", "File is empty."};
+  static constexpr LocalizedText kNotUnderstood{"ImageMetaData.kNotUnderstood",
+                                                "Unable to understand the data"};
+
+  ImageMetaData();
+  ~ImageMetaData();
+  ImageMetaData(const ImageMetaData&) = delete;
+  ImageMetaData& operator=(const ImageMetaData&) = delete;
+
+  /// With `stopAfterTIFF` no more than the first TIFF structure is read.
+  void ReadFile(const FolderItem& file, bool stopAfterTIFF = false);
+
+  FolderItem MyFile;
+  int ErrorID = -1;
+  std::string ErrorMessage;
+  std::string JPEGComment;
+  std::unique_ptr<ImageSummaryObject> ImageSummary;
+  std::unique_ptr<JFIFDataObject> JFIFData;
+  std::unique_ptr<TIFFDataObject> TIFFData;
+  std::unique_ptr<ThumbnailHolder> Thumbnail;
+  std::unique_ptr<EXIFDataObject> ExifData;
+  std::unique_ptr<GPSDataObject> GPSData;
+  std::unique_ptr<InteroperabilityDataObject> Interoperability;
+  std::unique_ptr<TIFFDataObject> SubIFD;
+  std::unique_ptr<IPTCDataObject> IPTCData;
+  std::unique_ptr<PhotoshopDataObject> Photoshop;
+  std::unique_ptr<ColorProfileObject> ColorProfile;
+  /// The packet as it stands in the file.
+  std::string XMP;
+  /// Where the TIFF structure begins, from which its offsets count, and its byte order.
+  std::uint64_t TIFFHeaderOffSet = 0;
+  bool LittleEndian = false;
+  /// What was passed over because it made no sense, one line each.
+  std::string StringResult;
+
+ private:
+  enum Block { kTiffBlock, kThumbnailBlock, kExifBlock, kGpsBlock, kInteropBlock, kSubBlock };
+  void ErrorOccured(int id, const LocalizedText& message);
+  void AppendToStringResult(const std::string& line);
+  void ReadJPEG(MetadataStream& stream, bool stopAfterTIFF);
+  void ReadAPP1(MetadataStream& stream, std::uint64_t length);
+  void ReadAPP2(MetadataStream& stream, std::uint64_t length);
+  void ReadFrame(MetadataStream& stream);
+  void ReadPSD(MetadataStream& stream);
+  /// False if there is no TIFF structure at the position.
+  bool ReadTIFF(MetadataStream& stream);
+  /// True if reading must stop altogether.
+  bool ReadBlock(MetadataStream& stream, Block block);
+  bool ReadEntries(MetadataStream& stream, Block block, int count, TiffDataCoreClass& data,
+                   std::vector<std::pair<Block, std::uint64_t>>& links);
+  bool TakeLink(MetadataStream& stream, Block block, const std::string& tag,
+                const std::vector<TagValue>& values, std::uint64_t at, std::uint64_t bytes,
+                std::vector<std::pair<Block, std::uint64_t>>& links);
+  TiffDataCoreClass& BlockOf(Block block);
+  void ReadPhotoshopBlock(std::string_view bytes);
+  void TakeProfile(const std::string& stored, std::string bytes);
+  void TakeIPTC(std::string bytes);
+  void Summarize();
+
+  /// Directories that were read, by offset: one that leads back to another is not read again.
+  std::set<std::uint64_t> visited_;
+  /// Parts of a profile by their number, and of Photoshop's resources in order.
+  std::vector<std::pair<int, std::string>> profileParts_;
+  std::string resources_;
+};
+
+}  // namespace brivolant

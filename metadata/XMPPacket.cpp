@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+// The properties of an XMP packet.
+#include <algorithm>
+#include <pugixml.hpp>
+#include <string_view>
+
+#include "metadata/MetadataBlocks.h"
+
+namespace brivolant {
+namespace {
+
+constexpr std::string_view kRdf = "http://www.w3.org/1999/02/22-rdf-syntax-ns#";
+constexpr std::string_view kXml = "http://www.w3.org/XML";
+/// Deeper is no packet.
+constexpr int kDeepest = 64;
+
+/// What a prefix stands for at a node.
+std::string_view NamespaceOf(pugi::xml_node node, std::string_view name) {
+  const std::size_t colon = name.find(':');
+  const std::string attribute =
+      colon == std::string_view::npos ? "xmlns" : "xmlns:" + std::string(name.substr(0, colon));
+  for (; node; node = node.parent()) {
+    if (const pugi::xml_attribute found = node.attribute(attribute.c_str())) return found.value();
+  }
+  return name.starts_with("xml:") ? kXml : std::string_view();
+}
+
+std::string_view Local(std::string_view name) {
+  const std::size_t colon = name.find(':');
+  return colon == std::string_view::npos ? name : name.substr(colon + 1);
+}
+
+bool IsRdf(pugi::xml_node node, std::string_view local) {
+  return Local(node.name()) == local && NamespaceOf(node, node.name()) == kRdf;
+}
+
+/// Not the names of a format, but of somebody's data.
+bool IsProperty(pugi::xml_node node, std::string_view name) {
+  if (name == "xmlns" || name.starts_with("xmlns:") || name.find(':') == std::string_view::npos) {
+    return false;
+  }
+  const std::string_view space = NamespaceOf(node, name);
+  return !space.starts_with(kRdf) && !space.starts_with(kXml);
+}
+
+pugi::xml_node FindRdf(pugi::xml_node node, int depth) {
+  if (IsRdf(node, "RDF")) return node;
+  for (const pugi::xml_node child : node.children()) {
+    if (depth >= kDeepest) break;
+    if (const pugi::xml_node found = FindRdf(child, depth + 1)) return found;
+  }
+  return {};
+}
+
+/// A text, or the texts of all fields.
+void TextsOf(pugi::xml_node item, int depth, std::vector<std::string>& texts) {
+  bool fields = false;
+  for (const pugi::xml_attribute attribute : item.attributes()) {
+    if (!IsProperty(item, attribute.name()) && Local(attribute.name()) != "resource") continue;
+    fields = true;
+    texts.emplace_back(attribute.value());
+  }
+  for (const pugi::xml_node child : item.children()) {
+    if (child.type() != pugi::node_element) continue;
+    fields = true;
+    if (depth < kDeepest) TextsOf(child, depth + 1, texts);
+  }
+  if (!fields) texts.emplace_back(item.text().get());
+}
+
+void Keep(XMPProperties& properties, std::string_view name, std::vector<std::string> texts) {
+  const auto known = std::find_if(properties.begin(), properties.end(),
+                                  [&](const auto& property) { return property.first == name; });
+  if (known == properties.end()) {
+    properties.emplace_back(name, std::move(texts));
+  } else {
+    known->second.insert(known->second.end(), texts.begin(), texts.end());
+  }
+}
+
+}  // namespace
+
+bool ReadXMP(std::string_view packet, XMPProperties& properties) {
+  while (!packet.empty() && packet.back() == '\0') packet.remove_suffix(1);
+  pugi::xml_document document;
+  if (!document.load_buffer(packet.data(), packet.size(),
+                            pugi::parse_default | pugi::parse_ws_pcdata_single)) {
+    return false;
+  }
+  const pugi::xml_node rdf = FindRdf(document, 0);
+  if (!rdf) return false;
+  for (const pugi::xml_node description : rdf.children()) {
+    if (description.type() != pugi::node_element) continue;
+    for (const pugi::xml_attribute attribute : description.attributes()) {
+      if (IsProperty(description, attribute.name())) {
+        Keep(properties, attribute.name(), {attribute.value()});
+      }
+    }
+    for (const pugi::xml_node property : description.children()) {
+      if (property.type() != pugi::node_element || !IsProperty(property, property.name())) continue;
+      const pugi::xml_node list = property.find_child(
+          [](pugi::xml_node child) { return child.type() == pugi::node_element; });
+      std::vector<std::string> texts;
+      if (list && (IsRdf(list, "Bag") || IsRdf(list, "Seq") || IsRdf(list, "Alt"))) {
+        for (const pugi::xml_node item : list.children()) {
+          if (item.type() == pugi::node_element) TextsOf(item, 0, texts);
+        }
+      } else {
+        TextsOf(property, 0, texts);
+      }
+      Keep(properties, property.name(), std::move(texts));
+    }
+  }
+  return true;
+}
+
+}  // namespace brivolant
