@@ -37,8 +37,7 @@ inline constexpr LocalizedText kDocumentInfo{"cli.kDocumentInfo", "Show what a d
 inline constexpr LocalizedText kDocumentRender{"cli.kDocumentRender",
                                                "Write a document's finished picture"};
 inline constexpr LocalizedText kFormats{"cli.kFormats", "List the image formats"};
-inline constexpr LocalizedText kMetadata{"cli.kMetadata",
-                                         "Show what photos tell of themselves"};
+inline constexpr LocalizedText kMetadata{"cli.kMetadata", "Show what photos tell of themselves"};
 inline constexpr LocalizedText kThumbnail{"cli.kThumbnail", "Write small copies of images"};
 
 inline constexpr LocalizedText kInput{"cli.kInput", "Images or document packages"};

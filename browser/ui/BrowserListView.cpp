@@ -146,13 +146,14 @@ void BrowserListView::resizeEvent(QResizeEvent*) {
   UpdateScrollBar();
 }
 
-void BrowserListView::paintEvent(QPaintEvent*) {
+void BrowserListView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   const int height = RowHeight();
   const int first = verticalScrollBar()->value() / height;
   const int end = first + viewport()->height() / height + 2;
   for (int row = first; row < end; ++row) {
     const QRect rect = RowRect(row);
+    if (!event->region().intersects(rect)) continue;
     painter.fillRect(rect,
                      row % 2 == 0 ? ifkColors::listRowColorEven() : ifkColors::listRowColorOdd());
     if (row < browser_.Count()) PaintRow(painter, row);

@@ -13,6 +13,8 @@ BrowserView::BrowserView(multiViewFileBrowser& browser)
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setFocusPolicy(Qt::StrongFocus);
   viewport()->setAcceptDrops(true);
+  // All of it is painted: nothing need be filled before.
+  viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 void BrowserView::scrollContentsBy(int, int) {
