@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/core/Jobs.h"
 
+#include <sys/resource.h>
+#include <unistd.h>
+
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <atomic>
@@ -206,6 +209,9 @@ void Jobs::Work() {
   running_->ended = ended.get_future();
   running_->thread =
       std::thread([this, piece, held = running_, ended = std::move(ended)]() mutable {
+        // The window comes first.
+        constexpr int kNice = 5;
+        (void)setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), kNice);
         held->Attempt([&] {
           if (held->job.Work) held->job.Work(held->control);
         });
