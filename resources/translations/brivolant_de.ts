@@ -216,6 +216,54 @@
         <source>Their edits are replaced. Undo brings them back.</source>
         <translation>Ihre Bearbeitung wird ersetzt. Mit „Rückgängig“ kommt sie zurück.</translation>
     </message>
+    <message id="ImageMetaData.kEmpty">
+        <source>File is empty.</source>
+        <translation>Die Datei ist leer.</translation>
+    </message>
+    <message id="ImageMetaData.kNotUnderstood">
+        <source>Unable to understand the data</source>
+        <translation>Die Daten sind nicht zu verstehen.</translation>
+    </message>
+    <message id="ImageMetaData.kUnableToRead">
+        <source>Unable to read file.</source>
+        <translation>Die Datei lässt sich nicht lesen.</translation>
+    </message>
+    <message id="ImageSummaryObject.ColorSpaceBlackWhite">
+        <source>Black &amp; White</source>
+        <translation>Schwarzweiß</translation>
+    </message>
+    <message id="ImageSummaryObject.ColorSpaceCMYK">
+        <source>CMYK</source>
+        <translation>CMYK</translation>
+    </message>
+    <message id="ImageSummaryObject.ColorSpaceDuotone">
+        <source>Duotone</source>
+        <translation>Duplex</translation>
+    </message>
+    <message id="ImageSummaryObject.ColorSpaceGrayScale">
+        <source>Grayscale</source>
+        <translation>Graustufen</translation>
+    </message>
+    <message id="ImageSummaryObject.ColorSpaceIndexed">
+        <source>Indexed Color</source>
+        <translation>Indizierte Farben</translation>
+    </message>
+    <message id="ImageSummaryObject.ColorSpaceLab">
+        <source>Lab</source>
+        <translation>Lab</translation>
+    </message>
+    <message id="ImageSummaryObject.ColorSpaceMultichannel">
+        <source>Multichannel</source>
+        <translation>Mehrkanal</translation>
+    </message>
+    <message id="ImageSummaryObject.ColorSpaceRGB">
+        <source>RGB</source>
+        <translation>RGB</translation>
+    </message>
+    <message id="ImageSummaryObject.ColorSpaceUnknown">
+        <source>Unknown</source>
+        <translation>Unbekannt</translation>
+    </message>
     <message id="ManyEdits.kOpenNow">
         <source>The document "&lt;filename&gt;" is being edited.</source>
         <translation>Das Dokument „&lt;filename&gt;“ wird gerade bearbeitet.</translation>
