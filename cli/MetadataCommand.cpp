@@ -8,6 +8,7 @@
 #include "cli/Support.h"
 #include "cli/Texts.h"
 #include "metadata/ImageMetaData.h"
+#include "platform/values/Numbers.h"
 
 namespace brivolant::cli {
 namespace {
@@ -79,7 +80,7 @@ QJsonArray JFIFToJson(const JFIFDataObject& jfif) {
                             {ToQt("name"), ToQt(name)},
                             {ToQt("type"), static_cast<int>(kLongType)},
                             {ToQt("values"), QJsonArray{value}},
-                            {ToQt("text"), ToQt(std::to_string(value))}});
+                            {ToQt("text"), ToQt(PaddedNumber(value, 1))}});
   }
   return tags;
 }
@@ -142,8 +143,8 @@ void Print(const std::string& file, const ImageMetaData& data) {
   PrintLine(file);
   if (data.ImageSummary && data.ImageSummary->Width > 0) {
     const ImageSummaryObject& summary = *data.ImageSummary;
-    PrintLine("  " + summary.FileFormat + ", " + std::to_string(summary.Width) + " x " +
-              std::to_string(summary.Height) + ", " + summary.ColorSpace);
+    PrintLine("  " + summary.FileFormat + ", " + PaddedNumber(summary.Width, 1) + " x " +
+              PaddedNumber(summary.Height, 1) + ", " + summary.ColorSpace);
   }
   for (const Listed& block : Blocks(data)) {
     if (block.Data == nullptr || block.Data->Count() == 0) continue;
@@ -155,7 +156,7 @@ void Print(const std::string& file, const ImageMetaData& data) {
   if (data.JFIFData) {
     PrintLine("JFIF");
     for (const auto& [name, value] : FieldsOf(*data.JFIFData)) {
-      PrintRow(name, std::to_string(value));
+      PrintRow(name, PaddedNumber(value, 1));
     }
   }
   XMPProperties properties;
