@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the tags of directories show.
 #include <array>
+#include <optional>
 
 #include "metadata/MetadataBlocks.h"
 #include "metadata/TagCatalog.h"
@@ -16,12 +17,10 @@ int FirstByte(const TagValue& value) {
 }
 
 /// "0220" is 2.2.
-std::string VersionText(const TagValue& value) {
+std::optional<double> VersionOf(const TagValue& value) {
   const std::string_view bytes = BytesOf(value);
   if (bytes.size() < 4) return {};
-  const auto number =
-      NumberFromText(std::string(bytes.substr(0, 2)) + "." + std::string(bytes.substr(2, 2)));
-  return number ? Decimals(*number, 2) : std::string();
+  return NumberFromText(std::string(bytes.substr(0, 2)) + "." + std::string(bytes.substr(2, 2)));
 }
 
 std::string ComponentsText(const TagValue& value) {
@@ -96,14 +95,6 @@ std::string ExposureText(const TagValue& value) {
 
 // TIFF.
 
-std::string TIFFDataObject::ReturnTagName(const std::string& tag) const {
-  return TagCatalog::NameOf(TagCatalog::Tiff(), tag);
-}
-
-int TIFFDataObject::ReturnTagType(const std::string& tag) const {
-  return TagCatalog::TypeOf(TagCatalog::Tiff(), tag);
-}
-
 std::string TIFFDataObject::handleStringValue(const std::string& tag, const TagValue& value) const {
   const int number = static_cast<int>(NumberOf(value));
   if (tag == "02BC") return "True";
@@ -130,17 +121,12 @@ std::string TIFFDataObject::handleStringValue(const std::string& tag, const TagV
 
 // Exif.
 
-std::string EXIFDataObject::ReturnTagName(const std::string& tag) const {
-  return TagCatalog::NameOf(TagCatalog::Exif(), tag);
-}
-
-int EXIFDataObject::ReturnTagType(const std::string& tag) const {
-  return TagCatalog::TypeOf(TagCatalog::Exif(), tag);
-}
-
 std::string EXIFDataObject::handleStringValue(const std::string& tag, const TagValue& value) const {
   if (tag == "829A") return OrUnknown(ExposureText(value), value);
-  if (tag == "9000" || tag == "A000") return OrUnknown(VersionText(value), value);
+  if (tag == "9000" || tag == "A000") {
+    const auto version = VersionOf(value);
+    return OrUnknown(version ? Decimals(*version, 2) : std::string(), value);
+  }
   if (tag == "9101") return OrUnknown(ComponentsText(value), value);
   if (tag == "9286") return OrUnknown(CommentText(value), value);
   const int number = static_cast<int>(NumberOf(value));
@@ -161,33 +147,14 @@ std::string EXIFDataObject::handleStringValue(const std::string& tag, const TagV
 
 // Interoperability.
 
-std::string InteroperabilityDataObject::ReturnTagName(const std::string& tag) const {
-  return TagCatalog::NameOf(TagCatalog::Interoperability(), tag);
-}
-
-int InteroperabilityDataObject::ReturnTagType(const std::string& tag) const {
-  return TagCatalog::TypeOf(TagCatalog::Interoperability(), tag);
-}
-
 std::string InteroperabilityDataObject::handleStringValue(const std::string& tag,
                                                           const TagValue& value) const {
   if (tag != "0002") return PlainStringValue(tag, value);
-  const std::string_view bytes = BytesOf(value);
-  if (bytes.size() < 4) return OrUnknown({}, value);
-  const auto number =
-      NumberFromText(std::string(bytes.substr(0, 2)) + "." + std::string(bytes.substr(2, 2)));
-  return OrUnknown(number ? FixedNumber(*number, 2) : std::string(), value);
+  const auto version = VersionOf(value);
+  return OrUnknown(version ? FixedNumber(*version, 2) : std::string(), value);
 }
 
 // GPS.
-
-std::string GPSDataObject::ReturnTagName(const std::string& tag) const {
-  return TagCatalog::NameOf(TagCatalog::Gps(), tag);
-}
-
-int GPSDataObject::ReturnTagType(const std::string& tag) const {
-  return TagCatalog::TypeOf(TagCatalog::Gps(), tag);
-}
 
 std::string GPSDataObject::handleStringValue(const std::string& tag, const TagValue& value) const {
   struct Letter {

@@ -11,40 +11,46 @@ namespace brivolant {
 
 /// A TIFF image file directory: the first one, a thumbnail's, or a sub-directory.
 class TIFFDataObject final : public TiffDataCoreClass {
+ public:
+  TIFFDataObject() : TiffDataCoreClass(TagCatalog::Tiff()) {}
+
  protected:
   std::string handleStringValue(const std::string& tag, const TagValue& value) const override;
-  std::string ReturnTagName(const std::string& tag) const override;
-  int ReturnTagType(const std::string& tag) const override;
 };
 
 /// The Exif directory.
 class EXIFDataObject final : public TiffDataCoreClass {
+ public:
+  EXIFDataObject() : TiffDataCoreClass(TagCatalog::Exif()) {}
+
  protected:
   std::string handleStringValue(const std::string& tag, const TagValue& value) const override;
-  std::string ReturnTagName(const std::string& tag) const override;
-  int ReturnTagType(const std::string& tag) const override;
 };
 
 /// The interoperability directory within the Exif one.
 class InteroperabilityDataObject final : public TiffDataCoreClass {
+ public:
+  InteroperabilityDataObject() : TiffDataCoreClass(TagCatalog::Interoperability()) {}
+
  protected:
   std::string handleStringValue(const std::string& tag, const TagValue& value) const override;
-  std::string ReturnTagName(const std::string& tag) const override;
-  int ReturnTagType(const std::string& tag) const override;
 };
 
 /// The GPS directory.
 class GPSDataObject final : public TiffDataCoreClass {
+ public:
+  GPSDataObject() : TiffDataCoreClass(TagCatalog::Gps()) {}
+
  protected:
   std::string handleStringValue(const std::string& tag, const TagValue& value) const override;
-  std::string ReturnTagName(const std::string& tag) const override;
-  int ReturnTagType(const std::string& tag) const override;
 };
 
 /// The second record of IPTC-IIM; tags are the numbers of its datasets. Of other records the bytes
 /// are kept apart.
 class IPTCDataObject final : public TiffDataCoreClass {
  public:
+  IPTCDataObject() : TiffDataCoreClass(TagCatalog::Iptc()) {}
+
   /// A dataset of another record: marker and number, and its bytes.
   struct Foreign {
     int Record;
@@ -55,7 +61,6 @@ class IPTCDataObject final : public TiffDataCoreClass {
 
  protected:
   std::string handleStringValue(const std::string& tag, const TagValue& value) const override;
-  std::string ReturnTagName(const std::string& tag) const override;
   int ReturnTagType(const std::string& tag) const override;
   void ProcessRawData(std::string_view bytes) override;
 
@@ -66,18 +71,21 @@ class IPTCDataObject final : public TiffDataCoreClass {
 /// Photoshop's image resources that are no block of their own; tags are their identifiers.
 class PhotoshopDataObject final : public TiffDataCoreClass {
  public:
+  PhotoshopDataObject() : TiffDataCoreClass(TagCatalog::Photoshop()) {}
+
   /// 1 to 12; 0 for what says no quality.
   static int convertQualityToInteger(std::string_view bytes);
 
  protected:
   std::string handleStringValue(const std::string& tag, const TagValue& value) const override;
-  std::string ReturnTagName(const std::string& tag) const override;
 };
 
 /// A colour profile; tags are the signatures of its tag table, beside "dmnd" and "dmdd" of its
 /// header.
 class ColorProfileObject final : public TiffDataCoreClass {
  public:
+  ColorProfileObject() : TiffDataCoreClass(TagCatalog::Profile()) {}
+
   /// Reads header and table of RawData.
   void ProcessColorProfile();
 
@@ -96,7 +104,6 @@ class ColorProfileObject final : public TiffDataCoreClass {
 
  protected:
   std::string handleStringValue(const std::string& tag, const TagValue& value) const override;
-  std::string ReturnTagName(const std::string& tag) const override;
   std::string GetDataAsRawData() const override;
 };
 

@@ -28,10 +28,6 @@ std::string Meaning(const std::array<Coded, N>& table, std::string_view code) {
 
 // IPTC.
 
-std::string IPTCDataObject::ReturnTagName(const std::string& tag) const {
-  return TagCatalog::NameOf(TagCatalog::Iptc(), tag);
-}
-
 int IPTCDataObject::ReturnTagType(const std::string&) const {
   return kAsciiType;
 }
@@ -69,10 +65,6 @@ void IPTCDataObject::ProcessRawData(std::string_view bytes) {
 
 // Photoshop.
 
-std::string PhotoshopDataObject::ReturnTagName(const std::string& tag) const {
-  return TagCatalog::NameOf(TagCatalog::Photoshop(), tag);
-}
-
 int PhotoshopDataObject::convertQualityToInteger(std::string_view bytes) {
   if (bytes.size() < 2) return 0;
   BinaryStream stream(bytes);
@@ -102,10 +94,6 @@ std::string PhotoshopDataObject::handleStringValue(const std::string& tag,
 }
 
 // Colour profiles.
-
-std::string ColorProfileObject::ReturnTagName(const std::string& tag) const {
-  return TagCatalog::NameOf(TagCatalog::Profile(), tag);
-}
 
 std::string ColorProfileObject::GetDataAsRawData() const {
   return RawData;

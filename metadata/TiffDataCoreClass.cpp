@@ -79,7 +79,7 @@ std::string TiffDataCoreClass::StringValue(const std::string& tag, const TagValu
 }
 
 std::string TiffDataCoreClass::TagName(const std::string& tag) const {
-  std::string name = ReturnTagName(tag);
+  std::string name = TagCatalog::NameOf(catalog_, tag);
   return name.empty() ? "unknown TagID: \"" + tag + "\"" : name;
 }
 
@@ -122,12 +122,8 @@ std::string TiffDataCoreClass::handleStringValue(const std::string& tag,
   return PlainStringValue(tag, value);
 }
 
-std::string TiffDataCoreClass::ReturnTagName(const std::string&) const {
-  return {};
-}
-
-int TiffDataCoreClass::ReturnTagType(const std::string&) const {
-  return 0;
+int TiffDataCoreClass::ReturnTagType(const std::string& tag) const {
+  return TagCatalog::TypeOf(catalog_, tag);
 }
 
 void TiffDataCoreClass::ProcessRawData(std::string_view) {}

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "metadata/TagCatalog.h"
 #include "metadata/TagValue.h"
 
 namespace brivolant {
@@ -23,7 +25,8 @@ class TiffDataCoreClass {
     std::vector<TagValue> Values;
   };
 
-  TiffDataCoreClass() = default;
+  /// With what a standard says of its tags.
+  explicit TiffDataCoreClass(std::span<const CatalogTag> catalog) : catalog_(catalog) {}
   virtual ~TiffDataCoreClass() = default;
   TiffDataCoreClass(const TiffDataCoreClass&) = delete;
   TiffDataCoreClass& operator=(const TiffDataCoreClass&) = delete;
@@ -59,7 +62,6 @@ class TiffDataCoreClass {
 
  protected:
   virtual std::string handleStringValue(const std::string& tag, const TagValue& value) const;
-  virtual std::string ReturnTagName(const std::string& tag) const;
   virtual int ReturnTagType(const std::string& tag) const;
   virtual void ProcessRawData(std::string_view bytes);
   virtual std::string GetDataAsRawData() const;
@@ -71,6 +73,7 @@ class TiffDataCoreClass {
  private:
   const Entry* Find(const std::string& tag) const;
 
+  std::span<const CatalogTag> catalog_;
   std::vector<Entry> entries_;
   /// Where each tag is in them.
   std::unordered_map<std::string, std::size_t> places_;
