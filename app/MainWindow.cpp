@@ -9,8 +9,7 @@
 
 #include "app/App.h"
 #include "app/ProgressDialog.h"
-#include "app/commands/Menus.h"
-#include "app/commands/Seat.h"
+#include "app/WindowCommands.h"
 #include "app/commands/ToolButtons.h"
 #include "app/core/GlobalApplicationSpecificProperties.h"
 #include "effects/EffectRegistry.h"
@@ -27,15 +26,14 @@ namespace {
 constexpr QSize kSmallest{720, 520};
 constexpr QSize kFirstSize{1180, 780};
 constexpr int kBarHeight = 21;
-constexpr double kSlide = 0.25;
-/// Milliseconds after which a slide has ended, whatever the timer did.
-constexpr int kSlideEnds = 500;
+/// Milliseconds between two looks at edits that are not saved.
+constexpr int kKeepEdits = 3000;
 
 }  // namespace
 
 MainWindow::MainWindow(App& app)
     : app_(app),
-      stage_(new Seat(this)),
+      stage_(new Stage(this)),
       session_(EffectRegistry(), app.Desk(), app.Recovery(), app.Recent()),
       commands_(*this),
       browse_(app.Desk(), session_, commands_, *this, stage_),
@@ -43,7 +41,8 @@ MainWindow::MainWindow(App& app)
       rendering_(session_, *edit_.Pane.MyDisplay, app.Progress()),
       photoWork_(session_.Work(), *this, app.Progress(), true),
       fileWork_(browse_.History.Work(), *this, app.Progress(), false),
-      editsWork_(browse_.Edits.Work(), *this, app.Progress(), false) {
+      editsWork_(browse_.Edits.Work(), *this, app.Progress(), false),
+      unfinished_({&browse_.History.Work(), &browse_.Edits.Work()}, app.Dialogs(), app.Log()) {
   setWindowTitle(QStringLiteral("[*]") +
                  ToQString(GlobalApplicationSpecificProperties::ApplicationName.Text()));
   setMinimumSize(kSmallest);
@@ -51,14 +50,15 @@ MainWindow::MainWindow(App& app)
   setContextMenuPolicy(Qt::NoContextMenu);
   BuildFrame();
   AddCommands();
-  AddToolbarCommands();
-  commands_.Cropping = [this] { return Cropping(); };
-  commands_.Busy = [this] { return session_.Busy(); };
   menu_ = std::make_unique<MainMenuBar>(*this, commands_);
   WindowMenu(&menu_->Submenu("WindowMenu"));
   WireSession();
   WireBrowser();
   session_.Start();
+}
+
+MainWindow::~MainWindow() {
+  WindowMenu(nullptr);
 }
 
 void MainWindow::BuildFrame() {
@@ -82,11 +82,80 @@ void MainWindow::BuildFrame() {
   column->addWidget(stage_, 1);
   column->addWidget(infotext);
   setCentralWidget(content);
-  static_cast<Seat*>(stage_)->Resized = [this] { PlaceSeats(); };
-  edit_.Pane.EditorSeat->hide();
-  settleTimer_.setSingleShot(true);
-  settleTimer_.setInterval(kSlideEnds);
-  connect(&settleTimer_, &QTimer::timeout, this, [this] { Settle(); });
+  stage_->Panes({{browse_.Pane.BrowserSeat, [](QSize stage) { return QRect({}, stage); }},
+                 {edit_.Pane.EditorSeat, [this](QSize stage) { return edit_.Pane.Place(stage); }}});
+}
+
+void MainWindow::AddCommands() {
+  WindowCommands::Add(commands_, *this, *rbToolBar,
+                      {[this] { app_.ShowAboutBox(); }, [this] { app_.ShowPreferences(); },
+                       [this] { BackToBrowser(); }, [this] { SwapDisplay(kEditorPane); },
+                       [this] { return Document() != nullptr; }});
+  commands_.Cropping = [this] { return Cropping(); };
+  commands_.Busy = [this] { return session_.Busy(); };
+}
+
+void MainWindow::UpdateRecentMenu() {
+  WindowCommands::Recent(
+      menu_->Submenu("FileOpenRecent"), app_.RecentItem(),
+      [this](const std::string& path) { app_.OpenRecent(path); },
+      [this] { app_.ClearRecentMenu(); });
+}
+
+// How the parts hear of each other.
+
+void MainWindow::WireSession() {
+  listening_.push_back(session_.Settling.Listen([this] {
+    // A hidden widget is laid out when it is shown, but a preview is made for its size before.
+    stage_->PlacePanes();
+    edit_.Pane.Layout();
+  }));
+  listening_.push_back(session_.Changed.Listen([this] {
+    Modified(session_.Dirty());
+    // Edits may be pasted, and taken back, while the browser is in view.
+    if (DisplayPane != kBrowserPane) return;
+    if (session_.Dirty()) {
+      LastDirty = true;
+    } else if (session_.SameAsSaved()) {
+      LastDirty = false;
+    }
+  }));
+  listening_.push_back(session_.Saved.Listen([this] { LastDirty = session_.Dirty(); }));
+  listening_.push_back(session_.Opened.Listen([this] {
+    LastDirty = session_.Dirty();
+    SwapDisplay(kEditorPane);
+  }));
+  listening_.push_back(
+      session_.Failed.Listen([this](const std::string& message, const std::string& why) {
+        const EditSession::Hold hold(session_);
+        app_.Dialogs().Message(message, why);
+      }));
+  session_.Ask = [this](const Question& question) {
+    const EditSession::Hold hold(session_);
+    return app_.Dialogs().Ask(question);
+  };
+  listening_.push_back(
+      edit_.Photo.FullScreenReady.Listen([this](const Picture& picture, const std::string& title) {
+        browse_.Looks.ShowFullScreen(picture, title);
+      }));
+  listening_.push_back(edit_.Documents.OthersChosen.Listen(
+      [this](const std::vector<FolderItem>& files) { browse_.Browser.ShowFiles(files); }));
+  RecoveryTimer.setInterval(kKeepEdits);
+  connect(&RecoveryTimer, &QTimer::timeout, this, [this] { session_.KeepEdits(); });
+}
+
+void MainWindow::WireBrowser() {
+  listening_.push_back(
+      browse_.Opening.PhotoChosen.Listen([this](const FolderItem& file, const std::string& name) {
+        session_.Work().WhenIdle([this, file, name] {
+          const auto open = [this, file, name] { OpenImage(file, name); };
+          if (!AskToSave(open)) open();
+        });
+      }));
+  browse_.Browser.BringIntoView = [this] { BackToBrowser(); };
+  browse_.Holding(
+      [this]() -> std::shared_ptr<void> { return std::make_shared<EditSession::Hold>(session_); });
+  browse_.Edits.StyleMenu(menu_->Submenu("EditApplyStyle"));
 }
 
 void MainWindow::Open() {
@@ -98,7 +167,7 @@ void MainWindow::Open() {
   Dimensions(preferences.Value("MainWindow.Dimensions", Dimensions()).ToText());
   UpdateRecentMenu();
   browse_.Open();
-  PlaceSeats();
+  stage_->PlacePanes();
   commands_.Refresh();
   RecoveryTimer.start();
   show();
@@ -110,24 +179,6 @@ void MainWindow::Open() {
 
 void MainWindow::Info(const std::string& text) {
   infotext->Text(ToQString(text));
-}
-
-void MainWindow::PlaceSeats() {
-  QWidget& editor = *edit_.Pane.EditorSeat;
-  QWidget& browser = *browse_.Pane.BrowserSeat;
-  if (!AnimationCore::IsAnimated(editor)) editor.setGeometry(edit_.Pane.Place(stage_->size()));
-  if (!AnimationCore::IsAnimated(browser)) browser.setGeometry(stage_->rect());
-}
-
-void MainWindow::Settle() {
-  if (AnimationCore::IsAnimated(*edit_.Pane.EditorSeat) ||
-      AnimationCore::IsAnimated(*browse_.Pane.BrowserSeat)) {
-    settleTimer_.start();
-    return;
-  }
-  edit_.Pane.EditorSeat->setVisible(DisplayPane == kEditorPane);
-  browse_.Pane.BrowserSeat->setVisible(DisplayPane == kBrowserPane);
-  PlaceSeats();
 }
 
 void MainWindow::SwapDisplay(int mode) {
@@ -147,29 +198,8 @@ void MainWindow::SwapDisplay(int mode) {
     session_.SelectStyle(style);
   }
   commands_.Refresh();
-  QWidget& focus = editing ? static_cast<QWidget&>(*MyDisplay) : *imageBrowser;
-  if (mode == old) {
-    Settle();
-    return focus.setFocus();
-  }
-  QWidget& next = editing ? *edit_.Pane.EditorSeat : *browse_.Pane.BrowserSeat;
-  QWidget& last = editing ? *browse_.Pane.BrowserSeat : *edit_.Pane.EditorSeat;
-  const QRect place = editing ? edit_.Pane.Place(stage_->size()) : stage_->rect();
-  // The editor comes from the right and goes there again; the browser lives to its left.
-  const int width = stage_->width();
-  next.setGeometry(place.translated(editing ? width + 2 : -width, 0));
-  next.show();
-  next.raise();
-  using AnimationCore::Animate;
-  using AnimationCore::kKeep;
-  Animate(next, {place.x(), place.y(), place.width(), place.height()}, kSlide);
-  Animate(last, kSlide, editing ? -width : width + 2, kKeep, kKeep, kKeep);
-  focus.setFocus();
-  if (AnimationCore::Period() == 0) {
-    Settle();
-  } else {
-    settleTimer_.start();
-  }
+  stage_->Show(mode);
+  (editing ? static_cast<QWidget*>(MyDisplay) : imageBrowser)->setFocus();
 }
 
 void MainWindow::BackToBrowser() {
@@ -194,7 +224,9 @@ void MainWindow::StorePreferences() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  if (MustWait() || AskToSave([this] { close(); })) return event->ignore();
+  // Not from within the work that ends: the window may be closing just now.
+  const auto later = [this] { QTimer::singleShot(0, this, [this] { close(); }); };
+  if (unfinished_.MustWait(later) || AskToSave([this] { close(); })) return event->ignore();
   AnimationCore::Stop();
   StorePreferences();
   browse_.Looks.Close();

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "app/JobProgress.h"
+#include "app/Stage.h"
+#include "app/UnfinishedWork.h"
 #include "app/browse/BrowserParts.h"
 #include "app/commands/Commands.h"
 #include "app/commands/MainMenuBar.h"
@@ -85,7 +87,7 @@ class MainWindow final : public ifkWindow, private Panes {
 
  private:
   App& app_;
-  QWidget* stage_;
+  Stage* stage_;
   EditSession session_;
   Commands commands_;
   BrowserParts browse_;
@@ -123,8 +125,6 @@ class MainWindow final : public ifkWindow, private Panes {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
-  /// True if one must not end now: files are worked on, and the user would rather wait.
-  bool MustWait();
   void changeEvent(QEvent* event) override;
 
  private:
@@ -134,21 +134,18 @@ class MainWindow final : public ifkWindow, private Panes {
   QWidget& Window() override { return *this; }
 
   void BuildFrame();
+  void AddCommands();
   void WireSession();
   void WireBrowser();
-  void AddCommands();
-  void AddToolbarCommands();
   void BackToBrowser();
-  void PlaceSeats();
-  void Settle();
   void StorePreferences();
 
   std::unique_ptr<MainMenuBar> menu_;
-  QTimer settleTimer_;
   RenderProgress rendering_;
   JobProgress photoWork_;
   JobProgress fileWork_;
   JobProgress editsWork_;
+  UnfinishedWork unfinished_;
   std::vector<Listening> listening_;
 };
 
