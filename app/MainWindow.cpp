@@ -82,8 +82,8 @@ void MainWindow::BuildFrame() {
   column->addWidget(stage_, 1);
   column->addWidget(infotext);
   setCentralWidget(content);
-  stage_->Panes({{browse_.Pane.BrowserSeat, [](QSize stage) { return QRect({}, stage); }},
-                 {edit_.Pane.EditorSeat, [this](QSize stage) { return edit_.Pane.Place(stage); }}});
+  stage_->Take({{browse_.Pane.BrowserSeat, [](QSize stage) { return QRect({}, stage); }},
+                {edit_.Pane.EditorSeat, [this](QSize stage) { return edit_.Pane.Place(stage); }}});
 }
 
 void MainWindow::AddCommands() {
@@ -96,7 +96,7 @@ void MainWindow::AddCommands() {
 }
 
 void MainWindow::UpdateRecentMenu() {
-  WindowCommands::Recent(
+  WindowCommands::FillRecent(
       menu_->Submenu("FileOpenRecent"), app_.RecentItem(),
       [this](const std::string& path) { app_.OpenRecent(path); },
       [this] { app_.ClearRecentMenu(); });
@@ -175,8 +175,6 @@ void MainWindow::Open() {
   activateWindow();
 }
 
-// The stage.
-
 void MainWindow::Info(const std::string& text) {
   infotext->Text(ToQString(text));
 }
@@ -189,8 +187,8 @@ void MainWindow::SwapDisplay(int mode) {
   if (editing) Info(getSimpleImageInfo());
   if (!editing && myColorPanel.PanelVisible()) myColorPanel.HidePanel();
   // What was saved meanwhile shows its new picture.
-  if (!editing && mode != old) imageBrowser->ReloadCurrentView();
-  if (!editing) browse_.Browser.ShowBrowserInfo();
+  if (mode == kBrowserPane && mode != old) imageBrowser->ReloadCurrentView();
+  if (mode == kBrowserPane) browse_.Browser.ShowBrowserInfo();
   // The mark of the photo comes back with it, whatever brought it into view.
   if (editing && mode != old && LastDirty != session_.Dirty()) {
     const int style = session_.StyleSelection();
@@ -211,8 +209,6 @@ void MainWindow::BackToBrowser() {
   if (!AskToSave(go)) go();
 }
 
-// Ending.
-
 void MainWindow::StorePreferences() {
   auto& preferences = app_.Preferences();
   browse_.StorePreferences();
@@ -226,7 +222,12 @@ void MainWindow::StorePreferences() {
 void MainWindow::closeEvent(QCloseEvent* event) {
   // Not from within the work that ends: the window may be closing just now.
   const auto later = [this] { QTimer::singleShot(0, this, [this] { close(); }); };
-  if (unfinished_.MustWait(later) || AskToSave([this] { close(); })) return event->ignore();
+  const auto saved = [this] {
+    unfinished_.AskNoMore();
+    close();
+  };
+  if (unfinished_.MustWait(later) || AskToSave(saved)) return event->ignore();
+  unfinished_.GiveUp();
   AnimationCore::Stop();
   StorePreferences();
   browse_.Looks.Close();

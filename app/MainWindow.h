@@ -145,6 +145,7 @@ class MainWindow final : public ifkWindow, private Panes {
   JobProgress photoWork_;
   JobProgress fileWork_;
   JobProgress editsWork_;
+  /// Below what it looks at: it tells at the end what was not done.
   UnfinishedWork unfinished_;
   std::vector<Listening> listening_;
 };

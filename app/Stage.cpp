@@ -22,7 +22,7 @@ Stage::Stage(QWidget* parent) : QWidget(parent) {
   connect(&settle_, &QTimer::timeout, this, [this] { Settle(); });
 }
 
-void Stage::Panes(std::vector<Pane> panes) {
+void Stage::Take(std::vector<Pane> panes) {
   panes_ = std::move(panes);
   for (std::size_t i = 1; i < panes_.size(); ++i) panes_[i].Widget->hide();
 }
@@ -44,19 +44,24 @@ void Stage::Settle() {
 }
 
 void Stage::Show(int pane) {
-  using AnimationCore::Animate;
-  using AnimationCore::kKeep;
+  const Pane& next = panes_.at(static_cast<std::size_t>(pane));
   const int old = std::exchange(inView_, pane);
   if (old == pane) return Settle();
   const bool toTheRight = pane > old;
-  const Pane& next = panes_.at(static_cast<std::size_t>(pane));
+  const auto slide = [](QWidget& widget, const QRect& to) {
+    AnimationCore::Animate(widget, {to.x(), to.y(), to.width(), to.height()}, kSlide);
+  };
+  // A pane may be wider than the stage.
+  const auto beside = [this](const QRect& place, bool right) {
+    return place.translated(right ? width() + 2 : -(place.x() + place.width()), 0);
+  };
   const QRect place = next.Place(size());
-  next.Widget->setGeometry(place.translated(toTheRight ? width() + 2 : -width(), 0));
+  next.Widget->setGeometry(beside(place, toTheRight));
   next.Widget->show();
   next.Widget->raise();
-  Animate(*next.Widget, {place.x(), place.y(), place.width(), place.height()}, kSlide);
-  Animate(*panes_.at(static_cast<std::size_t>(old)).Widget, kSlide,
-          toTheRight ? -width() : width() + 2, kKeep, kKeep, kKeep);
+  slide(*next.Widget, place);
+  QWidget& last = *panes_.at(static_cast<std::size_t>(old)).Widget;
+  slide(last, beside(last.geometry(), !toTheRight));
   if (AnimationCore::Period() == 0) {
     Settle();
   } else {

@@ -22,7 +22,7 @@ class Stage final : public QWidget {
   explicit Stage(QWidget* parent);
 
   /// The panes from left to right, by whose numbers they are shown; the first is in view. Once.
-  void Panes(std::vector<Pane> panes);
+  void Take(std::vector<Pane> panes);
   /// Puts what does not slide just now into its place.
   void PlacePanes();
   /// Brings a pane into view, at once if nothing slides in this program or it is there already.

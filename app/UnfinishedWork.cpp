@@ -20,7 +20,7 @@ constexpr LocalizedText kWorkGoesOnExplanation{
 constexpr LocalizedText kCloseWhenDone{"MainWindow.kCloseWhenDone", "Close When Done"};
 constexpr LocalizedText kEndNow{"MainWindow.kEndNow", "End Now"};
 
-/// Calls when all of them from the given one on are idle.
+/// Calls when each of them from the given one on has been idle in turn.
 void WhenIdle(const std::vector<Jobs*>& work, std::size_t from, const std::function<void()>& then) {
   if (from == work.size()) return then();
   work[from]->WhenIdle([work, from, then] { WhenIdle(work, from + 1, then); });
@@ -43,15 +43,18 @@ bool UnfinishedWork::MustWait(const std::function<void()>& then) {
   if (std::ranges::all_of(work_, [](const Jobs* work) { return work->Unfinished().empty(); })) {
     return false;
   }
+  if (std::exchange(asked_, false)) return false;
   const Answer answer =
       dialogs_.Ask({kWorkGoesOn.Text(), kWorkGoesOnExplanation.Text(), kCloseWhenDone.Text(),
                     Captions::kCancel.Text(), kEndNow.Text()});
-  if (answer == Answer::kAlternate) {
-    for (Jobs* work : work_) work->CancelAll();
-    return false;
-  }
+  endNow_ = answer == Answer::kAlternate;
   if (answer == Answer::kAction) WhenIdle(work_, 0, then);
-  return true;
+  return !endNow_;
+}
+
+void UnfinishedWork::GiveUp() {
+  if (!endNow_) return;
+  for (Jobs* work : work_) work->CancelAll();
 }
 
 }  // namespace brivolant

@@ -20,14 +20,20 @@ class UnfinishedWork {
   UnfinishedWork(const UnfinishedWork&) = delete;
   UnfinishedWork& operator=(const UnfinishedWork&) = delete;
 
-  /// True if one must not end now: there is work, and the user would rather wait. `then` is called
-  /// when all is done, if that is what was chosen.
+  /// True if one must not end now: there is work, and the user would rather wait. Then `then` is
+  /// called when each has been idle in turn, if that is what was chosen, and asks again.
   bool MustWait(const std::function<void()>& then);
+  /// The next one does not ask: it follows another question, behind this one's "end now".
+  void AskNoMore() { asked_ = endNow_; }
+  /// Nothing speaks against the end any more: what was to end now is cancelled.
+  void GiveUp();
 
  private:
   std::vector<Jobs*> work_;
   Dialogs& dialogs_;
   Log& log_;
+  bool endNow_ = false;
+  bool asked_ = false;
 };
 
 }  // namespace brivolant

@@ -100,9 +100,9 @@ void Add(Commands& commands, ifkWindow& window, QToolBar& toolbar, const Asks& a
   AddOfToolbar(commands, window, toolbar);
 }
 
-void Recent(QMenu& menu, const std::vector<std::string>& paths,
-            const std::function<void(const std::string&)>& open,
-            const std::function<void()>& forget) {
+void FillRecent(QMenu& menu, const std::vector<std::string>& paths,
+                const std::function<void(const std::string&)>& open,
+                const std::function<void()>& forget) {
   menu.clear();
   for (const std::string& path : paths) {
     QString text = ToQString(RecentItems::TextFor(path));

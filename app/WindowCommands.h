@@ -16,7 +16,7 @@ class ifkWindow;
 /// The commands that concern the window and the program, not what a pane shows.
 namespace WindowCommands {
 
-/// What they ask of the program.
+/// What they ask of the program and of the window.
 struct Asks {
   std::function<void()> ShowAboutBox;
   std::function<void()> ShowPreferences;
@@ -30,9 +30,9 @@ void Add(Commands& commands, ifkWindow& window, QToolBar& toolbar, const Asks& a
 
 /// Fills a menu with what was opened last, the newest first. Both hooks run after the menu has
 /// closed, since opening may ask, and fills this menu anew.
-void Recent(QMenu& menu, const std::vector<std::string>& paths,
-            const std::function<void(const std::string&)>& open,
-            const std::function<void()>& forget);
+void FillRecent(QMenu& menu, const std::vector<std::string>& paths,
+                const std::function<void(const std::string&)>& open,
+                const std::function<void()>& forget);
 
 }  // namespace WindowCommands
 }  // namespace brivolant

@@ -3,11 +3,13 @@
 #include <QJsonArray>
 #include <array>
 #include <cmath>
+#include <optional>
 
 #include "cli/Commands.h"
 #include "cli/Support.h"
 #include "cli/Texts.h"
 #include "metadata/ImageMetaData.h"
+#include "metadata/MetadataWriter.h"
 #include "platform/values/Numbers.h"
 
 namespace brivolant::cli {
@@ -16,6 +18,12 @@ namespace {
 struct MetadataOptions {
   std::vector<std::string> inputs;
   bool json = false;
+  std::vector<std::string> set;
+  std::vector<std::string> add;
+  std::vector<std::string> remove;
+  std::string strip;
+
+  bool Writes() const { return !set.empty() || !add.empty() || !remove.empty() || !strip.empty(); }
 };
 
 /// Of a block whose values are bytes though their type says text.
@@ -165,7 +173,61 @@ void Print(const std::string& file, const ImageMetaData& data) {
   for (const auto& [name, texts] : properties) PrintRow(name, EnsureUTF8(Joined(texts)));
 }
 
+/// "TIFF.013B=Text"; of the comment, which has no tags, "Comment=Text".
+std::optional<MetadataChange> ChangeFromText(MetadataChange::Act act, const std::string& text) {
+  const bool removes = act == MetadataChange::Act::kRemove;
+  const std::size_t equals = removes ? text.size() : text.find('=');
+  if (equals == std::string::npos) return {};
+  const std::string name = text.substr(0, equals);
+  const std::size_t dot = std::min(name.find('.'), name.size());
+  const auto block = MetadataBlockNamed(name.substr(0, dot));
+  if (!block) return {};
+  MetadataChange change{act, *block, name.substr(std::min(dot + 1, name.size()))};
+  if (change.Tag.empty() && *block != MetadataBlock::kComment) return {};
+  if (!removes) change.Text = text.substr(equals + 1);
+  return change;
+}
+
+int WriteMetadata(const MetadataOptions& options) {
+  std::vector<MetadataChange> changes;
+  using Act = MetadataChange::Act;
+  for (const auto& [act, texts] :
+       {std::pair(Act::kSet, &options.set), std::pair(Act::kAdd, &options.add),
+        std::pair(Act::kRemove, &options.remove)}) {
+    for (const std::string& text : *texts) {
+      auto change = ChangeFromText(act, text);
+      if (!change) {
+        PrintError(WithPlaceholders(texts::kBadTag.Text(), {{"<text>", text}}));
+        return kWrongUse;
+      }
+      changes.push_back(std::move(*change));
+    }
+  }
+  if (!options.strip.empty() && options.strip != "gps" && options.strip != "all") {
+    PrintError(WithPlaceholders(texts::kBadStrip.Text(), {{"<text>", options.strip}}));
+    return kWrongUse;
+  }
+  int code = kDone;
+  for (const std::string& input : options.inputs) {
+    const FolderItem file(input);
+    std::string error;
+    (void)Guarded(file, error, [&] {
+      if (!options.strip.empty()) {
+        error = MetadataWriter::Write(file, options.strip == "all" ? MetadataWriter::Strip::kAll
+                                                                   : MetadataWriter::Strip::kPlace);
+      }
+      if (error.empty() && !changes.empty()) error = MetadataWriter::Write(file, changes);
+      return true;
+    });
+    if (error.empty()) continue;
+    code = kFileFailed;
+    PrintError(error);
+  }
+  return code;
+}
+
 int RunMetadata(const MetadataOptions& options) {
+  if (options.Writes()) return WriteMetadata(options);
   int code = kDone;
   QJsonArray all;
   for (const std::string& input : options.inputs) {
@@ -198,6 +260,14 @@ void AddMetadataCommand(CLI::App& program, const Common&, Action& action) {
   auto options = std::make_shared<MetadataOptions>();
   command->add_option("FILE", options->inputs, texts::kInput.Text())->required();
   command->add_flag("--json", options->json, texts::kJson.Text());
+  const auto list = [&](const char* name, std::vector<std::string>& into,
+                        const LocalizedText& text) {
+    command->add_option(name, into, text.Text())->expected(1)->take_all();
+  };
+  list("--set", options->set, texts::kMetadataSet);
+  list("--add", options->add, texts::kMetadataAdd);
+  list("--remove", options->remove, texts::kMetadataRemove);
+  command->add_option("--strip", options->strip, texts::kMetadataStrip.Text());
   command->callback([options, &action] { action = [options] { return RunMetadata(*options); }; });
 }
 

@@ -37,7 +37,22 @@ inline constexpr LocalizedText kDocumentInfo{"cli.kDocumentInfo", "Show what a d
 inline constexpr LocalizedText kDocumentRender{"cli.kDocumentRender",
                                                "Write a document's finished picture"};
 inline constexpr LocalizedText kFormats{"cli.kFormats", "List the image formats"};
-inline constexpr LocalizedText kMetadata{"cli.kMetadata", "Show what photos tell of themselves"};
+inline constexpr LocalizedText kMetadata{"cli.kMetadata",
+                                         "Show or change what photos tell of themselves"};
+inline constexpr LocalizedText kMetadataSet{
+    "cli.kMetadataSet", "Set a tag of the files, \"Block.Tag=Value\" (repeatable)"};
+inline constexpr LocalizedText kMetadataAdd{
+    "cli.kMetadataAdd", "Add a value to the list of a tag, \"Block.Tag=Value\" (repeatable)"};
+inline constexpr LocalizedText kMetadataRemove{"cli.kMetadataRemove",
+                                               "Remove a tag, \"Block.Tag\" (repeatable)"};
+inline constexpr LocalizedText kMetadataStrip{
+    "cli.kMetadataStrip", "Remove where the photo was taken, or everything: gps or all"};
+inline constexpr LocalizedText kBadTag{
+    "cli.kBadTag",
+    "\"<text>\" is not of the form \"Block.Tag=Value\"; blocks are TIFF, EXIF, GPS, "
+    "Interoperability, Thumbnail, IPTC, XMP and Comment."};
+inline constexpr LocalizedText kBadStrip{"cli.kBadStrip",
+                                         "\"<text>\" cannot be removed: use gps or all."};
 inline constexpr LocalizedText kThumbnail{"cli.kThumbnail", "Write small copies of images"};
 
 inline constexpr LocalizedText kInput{"cli.kInput", "Images or document packages"};

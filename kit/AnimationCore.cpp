@@ -96,11 +96,15 @@ void Action() {
   auto& tasks = State().tasks;
   // By index: a step may lay windows out, and so start further tasks.
   for (std::size_t i = 0; i < tasks.size(); ++i) tasks[i]->Step();
-  for (std::size_t i = tasks.size(); i-- > 0;) {
-    if (!tasks[i]->Finished()) continue;
+  for (std::size_t i = 0; i < tasks.size();) {
+    if (!tasks[i]->Finished()) {
+      ++i;
+      continue;
+    }
     const std::unique_ptr<AnimationTask> done = std::move(tasks[i]);
     tasks.erase(tasks.begin() + static_cast<std::ptrdiff_t>(i));
-    done->SetRectNow(done->NewRect);
+    // Where another task moves it by now, that one's place counts.
+    if (done->Item() != nullptr && !IsAnimated(*done->Item())) done->SetRectNow(done->NewRect);
   }
 }
 

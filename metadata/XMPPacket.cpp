@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "metadata/MetadataBlocks.h"
+#include "metadata/XMPNodes.h"
 
 namespace brivolant {
 namespace {
@@ -14,8 +15,18 @@ constexpr std::string_view kXml = "http://www.w3.org/XML";
 /// Deeper is no packet.
 constexpr int kDeepest = 64;
 
-/// What a prefix stands for at a node.
-std::string_view NamespaceOf(pugi::xml_node node, std::string_view name) {
+pugi::xml_node FindRdfBelow(pugi::xml_node node, int depth) {
+  if (XMPNodes::IsRdf(node, "RDF")) return node;
+  for (const pugi::xml_node child : node.children()) {
+    if (depth >= kDeepest) break;
+    if (const pugi::xml_node found = FindRdfBelow(child, depth + 1)) return found;
+  }
+  return {};
+}
+
+}  // namespace
+
+std::string_view XMPNodes::NamespaceOf(pugi::xml_node node, std::string_view name) {
   const std::size_t colon = name.find(':');
   const std::string attribute =
       colon == std::string_view::npos ? "xmlns" : "xmlns:" + std::string(name.substr(0, colon));
@@ -25,14 +36,24 @@ std::string_view NamespaceOf(pugi::xml_node node, std::string_view name) {
   return name.starts_with("xml:") ? kXml : std::string_view();
 }
 
-std::string_view Local(std::string_view name) {
+std::string_view XMPNodes::Local(std::string_view name) {
   const std::size_t colon = name.find(':');
   return colon == std::string_view::npos ? name : name.substr(colon + 1);
 }
 
-bool IsRdf(pugi::xml_node node, std::string_view local) {
+bool XMPNodes::IsRdf(pugi::xml_node node, std::string_view local) {
   return Local(node.name()) == local && NamespaceOf(node, node.name()) == kRdf;
 }
+
+pugi::xml_node XMPNodes::FindRdf(pugi::xml_node document) {
+  return FindRdfBelow(document, 0);
+}
+
+namespace {
+
+using XMPNodes::IsRdf;
+using XMPNodes::Local;
+using XMPNodes::NamespaceOf;
 
 /// Not the names of a format, but of somebody's data.
 bool IsProperty(pugi::xml_node node, std::string_view name) {
@@ -41,15 +62,6 @@ bool IsProperty(pugi::xml_node node, std::string_view name) {
   }
   const std::string_view space = NamespaceOf(node, name);
   return !space.starts_with(kRdf) && !space.starts_with(kXml);
-}
-
-pugi::xml_node FindRdf(pugi::xml_node node, int depth) {
-  if (IsRdf(node, "RDF")) return node;
-  for (const pugi::xml_node child : node.children()) {
-    if (depth >= kDeepest) break;
-    if (const pugi::xml_node found = FindRdf(child, depth + 1)) return found;
-  }
-  return {};
 }
 
 /// A text, or the texts of all fields.
@@ -87,7 +99,7 @@ bool ReadXMP(std::string_view packet, XMPProperties& properties) {
                             pugi::parse_default | pugi::parse_ws_pcdata_single)) {
     return false;
   }
-  const pugi::xml_node rdf = FindRdf(document, 0);
+  const pugi::xml_node rdf = XMPNodes::FindRdf(document);
   if (!rdf) return false;
   for (const pugi::xml_node description : rdf.children()) {
     if (description.type() != pugi::node_element) continue;

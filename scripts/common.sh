@@ -11,7 +11,7 @@ build_packages=(
 )
 test_packages=(
   libgtest-dev libgmock-dev locales dbus-daemon shared-mime-info xvfb xauth desktop-file-utils
-  appstream git xdotool
+  appstream git xdotool libimage-exiftool-perl
 )
 check_packages=(clang-format clang-tidy git binutils)
 bench_packages=(

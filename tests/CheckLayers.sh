@@ -82,6 +82,8 @@ while read -r like line; do
   grep -qF "$like:1:$line" <<<"$words" || fail "check-layers does not name $line in $like"
 done <<'CASES'
 app/edit/Probe.cpp #include "app/MainWindow.h"
+app/Stage.cpp #include "app/MainWindow.h"
+app/Stage.cpp #  include "app/MainWindow.h"
 app/edit/Probe.cpp #include "app/App.h"
 app/edit/Probe.cpp QEventLoop wait;
 app/edit/Probe.cpp dialog.exec();

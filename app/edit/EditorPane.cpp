@@ -5,7 +5,7 @@
 #include <QScrollBar>
 
 #include "app/commands/Menus.h"
-#include "app/commands/Seat.h"
+#include "app/edit/Seat.h"
 #include "effects/styles/OneClickWonderStorage.h"
 #include "engine/pictures/BlendEffect.h"
 #include "engine/ui/EditorDisplay.h"

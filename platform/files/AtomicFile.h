@@ -27,6 +27,8 @@ class AtomicFile {
   std::error_code Error() const { return error_; }
   /// Open for writing, owned by this object.
   int Descriptor() const { return descriptor_; }
+  /// The file that grows; nil when it has taken its place.
+  const FolderItem& Working() const { return working_; }
 
   [[nodiscard]] std::error_code Write(std::string_view bytes);
   /// Flushes to the disk and renames over the target.

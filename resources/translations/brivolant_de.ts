@@ -2932,6 +2932,38 @@
         <source>The window can close as soon as all is done. If you end it now, what is done stays, and the rest is left out.</source>
         <translation>Das Fenster kann sich schließen, sobald alles getan ist. Beenden Sie es jetzt, bleibt, was getan ist, und der Rest unterbleibt.</translation>
     </message>
+    <message id="MetadataWriter.kDamaged">
+        <source>The data of &quot;&lt;filename&gt;&quot; cannot be changed: the file is damaged, and more might be lost.</source>
+        <translation>Die Angaben von „&lt;filename&gt;“ lassen sich nicht ändern: Die Datei ist beschädigt, und mehr könnte verloren gehen.</translation>
+    </message>
+    <message id="MetadataWriter.kFailed">
+        <source>The data of &quot;&lt;filename&gt;&quot; could not be written: &lt;reason&gt;.</source>
+        <translation>Die Angaben von „&lt;filename&gt;“ konnten nicht geschrieben werden: &lt;reason&gt;.</translation>
+    </message>
+    <message id="MetadataWriter.kLocked">
+        <source>The data of &quot;&lt;filename&gt;&quot; cannot be changed: the file is locked, or its folder is.</source>
+        <translation>Die Angaben von „&lt;filename&gt;“ lassen sich nicht ändern: Die Datei oder ihr Ordner ist gesperrt.</translation>
+    </message>
+    <message id="MetadataWriter.kNotThis">
+        <source>The tag &lt;tag&gt; of &quot;&lt;filename&gt;&quot; cannot be given this value.</source>
+        <translation>Das Feld &lt;tag&gt; von „&lt;filename&gt;“ kann diesen Wert nicht annehmen.</translation>
+    </message>
+    <message id="MetadataWriter.kNotWritten">
+        <source>The data of &quot;&lt;filename&gt;&quot; cannot be changed: this kind of file is not written.</source>
+        <translation>Die Angaben von „&lt;filename&gt;“ lassen sich nicht ändern: Diese Art Datei wird nicht geschrieben.</translation>
+    </message>
+    <message id="MetadataWriter.kRawNotWritten">
+        <source>The data of &quot;&lt;filename&gt;&quot; cannot be changed: raw files are never written.</source>
+        <translation>Die Angaben von „&lt;filename&gt;“ lassen sich nicht ändern: Rohdateien werden nie geschrieben.</translation>
+    </message>
+    <message id="MetadataWriter.kTooLong">
+        <source>The data of &quot;&lt;filename&gt;&quot; cannot be changed: it would be longer than such a file can hold.</source>
+        <translation>Die Angaben von „&lt;filename&gt;“ lassen sich nicht ändern: Sie würden länger, als eine solche Datei fassen kann.</translation>
+    </message>
+    <message id="MetadataWriter.kWouldLose">
+        <source>The data of &quot;&lt;filename&gt;&quot; was not changed: the tag &lt;tag&gt; would not have survived.</source>
+        <translation>Die Angaben von „&lt;filename&gt;“ wurden nicht geändert: Das Feld &lt;tag&gt; hätte es nicht überstanden.</translation>
+    </message>
     <message id="MainWindow.kCloseWhenDone">
         <source>Close When Done</source>
         <translation>Danach schließen</translation>

@@ -8,8 +8,14 @@
 #include <QScreen>
 #include <QTest>
 #include <QToolBar>
+#include <atomic>
+#include <thread>
 
+#include "Helpers.h"
 #include "WindowHelpers.h"
+#include "app/Stage.h"
+#include "app/UnfinishedWork.h"
+#include "app/core/Jobs.h"
 #include "kit/AnimationCore.h"
 #include "kit/InterfaceKitSupport.h"
 #include "kit/ifkButton.h"
@@ -98,6 +104,124 @@ TEST_F(Animation, KeepsFieldsEndsShortTasksAndForgetsItemsThatGo) {
   AnimationCore::Stop();
   AnimationCore::FPS(10);
   EXPECT_EQ(AnimationCore::FPS(), 0);
+}
+
+// A pane that is called back while it slides out.
+TEST_F(Animation, TheLastMovementOfAnItemCounts) {
+  QWidget parent;
+  QWidget item(&parent);
+  item.setGeometry(0, 0, 10, 10);
+  AnimationCore::Animate(item, {600, 0, 10, 10}, 0.25);
+  for (int i = 0; i < 3; ++i) AnimationCore::Action();
+  AnimationCore::Animate(item, {0, 0, 10, 10}, 0.25);
+  int furthest = 0;
+  while (AnimationCore::IsAnimated(item)) {
+    AnimationCore::Action();
+    furthest = std::max(furthest, item.x());
+  }
+  EXPECT_EQ(item.x(), 0);
+  EXPECT_LE(furthest, 300);
+  // Both in one frame.
+  AnimationCore::Animate(item, {600, 0, 10, 10}, 0.25);
+  AnimationCore::Animate(item, {50, 0, 10, 10}, 0.25);
+  while (AnimationCore::IsAnimated(item)) AnimationCore::Action();
+  EXPECT_EQ(item.x(), 50);
+}
+
+struct StageTest : testing::Test {
+  StageTest() {
+    AnimationCore::Start();
+    stage.resize(400, 300);
+    for (QWidget* pane : {&left, &middle, &right}) {
+      panes.push_back(
+          {pane, [](QSize size) { return QRect(-1, -1, size.width() + 252, size.height()); }});
+    }
+    stage.Take(panes);
+    stage.show();
+    stage.PlacePanes();
+  }
+  ~StageTest() override { AnimationCore::Stop(); }
+  Stage stage{nullptr};
+  QWidget left{&stage};
+  QWidget middle{&stage};
+  QWidget right{&stage};
+  std::vector<Stage::Pane> panes;
+};
+
+TEST_F(StageTest, PanesComeFromTheirSideAndGoThereAgain) {
+  EXPECT_TRUE(left.isVisible());
+  EXPECT_FALSE(middle.isVisible());
+  stage.Show(2);
+  EXPECT_GE(right.x(), stage.width());
+  stage.resize(500, 300);
+  while (AnimationCore::IsAnimated(left)) AnimationCore::Action();
+  EXPECT_LE(left.geometry().right(), 0) << "it is wider than the stage";
+  EXPECT_TRUE(Until([&] { return !left.isVisible(); }));
+  EXPECT_EQ(right.geometry(), QRect(-1, -1, 752, 300));
+  stage.Show(1);
+  EXPECT_LE(middle.geometry().right(), 0);
+  // Called back while it goes.
+  stage.Show(2);
+  EXPECT_TRUE(Until([&] { return !middle.isVisible(); }));
+  EXPECT_TRUE(right.isVisible());
+  EXPECT_EQ(right.geometry(), QRect(-1, -1, 752, 300));
+  EXPECT_THROW(stage.Show(3), std::out_of_range);
+  EXPECT_TRUE(right.isVisible());
+}
+
+struct Ending : testing::Test {
+  Ending() {
+    for (Jobs* jobs : {&files, &edits}) {
+      jobs->Start({jobs == &files ? "Copying" : "Pasting", true,
+                   [this](Jobs::Control& control) {
+                     while (!control.Cancelled() && !released) std::this_thread::yield();
+                   },
+                   [this](Jobs::End end, const std::string&) { ends.push_back(end); }});
+    }
+  }
+  ~Ending() override { released = true; }
+  AnsweringDialogs dialogs;
+  RecordingLog log;
+  std::atomic<bool> released = false;
+  std::vector<Jobs::End> ends;
+  Jobs files;
+  Jobs edits;
+};
+
+TEST_F(Ending, AsksOnceAndCancelsOnlyWhenNothingElseSpeaksAgainstIt) {
+  auto unfinished =
+      std::make_unique<UnfinishedWork>(std::vector<Jobs*>{&files, &edits}, dialogs, log);
+  const auto never = [] { FAIL(); };
+  dialogs.answers = {Answer::kCancel, Answer::kAlternate};
+  EXPECT_TRUE(unfinished->MustWait(never));
+  unfinished->GiveUp();
+  EXPECT_TRUE(files.Busy()) << "the user said nothing of the kind";
+  EXPECT_FALSE(unfinished->MustWait(never));
+  // Another question was asked, a save went by, and the window ends after all.
+  EXPECT_TRUE(files.Busy());
+  unfinished->AskNoMore();
+  EXPECT_FALSE(unfinished->MustWait(never));
+  EXPECT_EQ(dialogs.questions.size(), 2U);
+  unfinished->GiveUp();
+  files.Finish();
+  edits.Finish();
+  EXPECT_THAT(ends, testing::ElementsAre(Jobs::End::kCancelled, Jobs::End::kCancelled));
+  unfinished.reset();
+  EXPECT_THAT(log.lines, testing::IsEmpty());
+}
+
+TEST_F(Ending, WaitsForAllAndTellsWhatAnEndFromOutsideCutShort) {
+  bool called = false;
+  {
+    UnfinishedWork unfinished({&files, &edits}, dialogs, log);
+    dialogs.answers = {Answer::kAction};
+    EXPECT_TRUE(unfinished.MustWait([&] { called = !files.Busy() && !edits.Busy(); }));
+  }
+  EXPECT_THAT(log.lines,
+              testing::ElementsAre(testing::HasSubstr("Copying"), testing::HasSubstr("Pasting")));
+  EXPECT_FALSE(called);
+  released = true;
+  EXPECT_TRUE(Until([&] { return called; }));
 }
 
 TEST(Window, DimensionsAreStrictAndComeBackOnScreen) {

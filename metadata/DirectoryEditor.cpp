@@ -1,0 +1,523 @@
+// SPDX-License-Identifier: MIT
+#include "metadata/DirectoryEditor.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <limits>
+
+#include "metadata/MetadataStream.h"
+
+namespace brivolant {
+namespace {
+
+constexpr std::uint64_t kEntry = 12;
+constexpr std::uint64_t kHeader = 8;
+/// What a maker's file has more of is appended to, never overwritten.
+constexpr std::size_t kMostDirectories = 512;
+constexpr int kDeepest = 16;
+constexpr int kExifLink = 0x8769;
+constexpr int kGpsLink = 0x8825;
+constexpr int kInteropLink = 0xA005;
+constexpr int kSubLink = 0x014A;
+constexpr int kMakerNote = 0x927C;
+
+std::uint64_t RoomOf(std::size_t entries) {
+  return 2 + kEntry * entries + 4;
+}
+
+std::string NumberIn(std::uint64_t value, int size, bool little) {
+  std::string bytes;
+  for (int i = 0; i < size; ++i) {
+    bytes += static_cast<char>(value >> 8 * (little ? i : size - 1 - i));
+  }
+  return bytes;
+}
+
+/// Of four bytes.
+std::uint32_t Offset(std::string_view bytes, bool little) {
+  std::uint32_t value = 0;
+  for (int i = 0; const char c : bytes.substr(0, 4)) {
+    value |= std::uint32_t{static_cast<unsigned char>(c)} << 8 * (little ? i : 3 - i);
+    ++i;
+  }
+  return value;
+}
+
+std::int64_t Whole(double value) {
+  // Of what is no number, as of what a camera could not tell, nothing.
+  if (!std::isfinite(value)) return 0;
+  constexpr double kMost = std::numeric_limits<std::uint32_t>::max();
+  return std::llround(std::clamp(value, -kMost, kMost));
+}
+
+}  // namespace
+
+void DirectoryEditor::Sort(std::vector<Entry>& entries) {
+  // What a camera left empty keeps its place: it has no tag to speak of.
+  std::vector<std::pair<std::size_t, Entry>> empty;
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (SizeOfType(entries[i].type) == 0) empty.emplace_back(i, entries[i]);
+  }
+  std::erase_if(entries, [](const Entry& entry) { return SizeOfType(entry.type) == 0; });
+  std::ranges::stable_sort(entries, {}, &Entry::tag);
+  for (auto& [at, entry] : empty) {
+    entries.insert(entries.begin() + static_cast<std::ptrdiff_t>(std::min(at, entries.size())),
+                   std::move(entry));
+  }
+}
+
+std::string DirectoryEditor::Encoded(int type, const std::vector<TagValue>& values,
+                                     bool littleEndian) {
+  std::string bytes;
+  for (const TagValue& value : values) {
+    if (const auto* text = std::get_if<std::string>(&value)) {
+      bytes += *text;
+      if (type == kAsciiType) bytes += '\0';
+      continue;
+    }
+    const auto number = [&](std::int64_t whole, int size) {
+      bytes += NumberIn(static_cast<std::uint64_t>(whole), size, littleEndian);
+    };
+    const double plain = NumberOf(value);
+    switch (type) {
+      case kRationalType:
+      case kSRationalType: {
+        const auto* fraction = std::get_if<Rational>(&value);
+        number(fraction != nullptr ? Whole(fraction->numerator) : Whole(plain), 4);
+        number(fraction != nullptr ? Whole(fraction->denominator) : 1, 4);
+        break;
+      }
+      case kFloatType:
+        number(std::bit_cast<std::int32_t>(static_cast<float>(plain)), 4);
+        break;
+      case kDoubleType:
+        number(std::bit_cast<std::int64_t>(plain), 8);
+        break;
+      default:
+        number(Whole(plain), std::max(1, SizeOfType(type)));
+        break;
+    }
+  }
+  return bytes;
+}
+
+DirectoryEditor::DirectoryEditor() : good_(true), length_(kHeader) {
+  Listing& first = directories_.at(kFirst);
+  first.there = true;
+  first.changed = true;
+  patches_.push_back({0, "MM" + Number(42, 2) + Number(kHeader, 4)});
+}
+
+DirectoryEditor::DirectoryEditor(MetadataStream& stream)
+    : stream_(&stream), base_(stream.Position()), length_(stream.Remaining()) {
+  const bool little = stream.LittleEndian;
+  ReadStructure(stream);
+  stream.LittleEndian = little;
+}
+
+void DirectoryEditor::ReadStructure(MetadataStream& stream) {
+  const std::string order = stream.Read(2);
+  if (order != "II" && order != "MM") return;
+  stream.LittleEndian = little_ = order == "II";
+  if (stream.ReadUInt16() != 42) return;
+  const std::uint64_t at = stream.ReadUInt32();
+  const auto follow = [&](Directory directory, std::uint64_t offset) {
+    if (offset < kHeader || offset >= length_ || directories_.at(directory).there) return;
+    directories_.at(directory) = ReadListing(stream, offset);
+  };
+  const auto link = [&](Directory from, int tag, Directory to) {
+    if (const Entry* entry = Find(from, tag); entry != nullptr && entry->at == 0) {
+      follow(to, Offset(entry->field, little_));
+    } else if (entry != nullptr) {
+      // Several: the first is known by name.
+      stream.Position(base_ + entry->at);
+      follow(to, stream.ReadUInt32());
+    }
+  };
+  follow(kFirst, at);
+  const Listing& first = directories_.at(kFirst);
+  good_ = first.there && first.whole;
+  if (!good_) return;
+  follow(kThumbnail, first.next);
+  link(kFirst, kExifLink, kExif);
+  link(kFirst, kGpsLink, kGps);
+  link(kFirst, kSubLink, kSub);
+  link(kExif, kInteropLink, kInterop);
+  known_.push_back({0, kHeader});
+  ReadAll(stream, at, 0);
+  std::ranges::sort(known_, {}, &Range::at);
+}
+
+DirectoryEditor::Listing DirectoryEditor::ReadListing(MetadataStream& stream,
+                                                      std::uint64_t at) const {
+  Listing listing;
+  listing.there = true;
+  listing.at = at;
+  stream.Position(base_ + at);
+  const std::size_t count = stream.ReadUInt16();
+  listing.room = RoomOf(count);
+  if (at + listing.room - 4 > length_) {
+    listing.whole = false;
+    return listing;
+  }
+  for (std::size_t i = 0; i < count; ++i) {
+    Entry entry;
+    entry.tag = stream.ReadUInt16();
+    entry.type = stream.ReadUInt16();
+    entry.count = stream.ReadUInt32();
+    entry.field = stream.Read(4);
+    entry.length = std::uint64_t{entry.count} * static_cast<std::uint64_t>(SizeOfType(entry.type));
+    if (entry.length > 4) {
+      entry.at = Offset(entry.field, little_);
+      // What lies beyond the end is nobody's.
+      if (entry.at > length_ || entry.length > length_ - entry.at) entry.length = 0;
+    }
+    listing.entries.push_back(std::move(entry));
+  }
+  // Some cameras end the structure with the last entry.
+  if (at + listing.room > length_) {
+    listing.room -= 4;
+  } else {
+    listing.next = stream.ReadUInt32();
+  }
+  return listing;
+}
+
+void DirectoryEditor::ReadAll(MetadataStream& stream, std::uint64_t at, int depth) {
+  while (at >= kHeader && at < length_) {
+    if (std::ranges::find(read_, at) != read_.end()) return;
+    if (read_.size() >= kMostDirectories || depth > kDeepest) {
+      allKnown_ = false;
+      return;
+    }
+    read_.push_back(at);
+    const Listing listing = ReadListing(stream, at);
+    if (!listing.whole) {
+      allKnown_ = false;
+      return;
+    }
+    known_.push_back({at, listing.room});
+    for (const Entry& entry : listing.entries) {
+      if (entry.at != 0 && entry.length != 0) known_.push_back({entry.at, entry.length});
+      const bool leads = entry.tag == kExifLink || entry.tag == kGpsLink ||
+                         entry.tag == kInteropLink || entry.tag == kSubLink ||
+                         entry.type == kDirectoryType;
+      if (!leads || SizeOfType(entry.type) != 4) continue;
+      if (entry.at == 0) {
+        ReadAll(stream, Offset(entry.field, little_), depth + 1);
+        continue;
+      }
+      for (std::uint64_t i = 0; i < entry.length / 4 && i < kMostDirectories; ++i) {
+        stream.Position(base_ + entry.at + 4 * i);
+        ReadAll(stream, stream.ReadUInt32(), depth + 1);
+      }
+    }
+    KnowPictures(stream, listing);
+    at = listing.next;
+  }
+}
+
+void DirectoryEditor::KnowPictures(MetadataStream& stream, const Listing& listing) {
+  const auto numbers = [&](int tag) {
+    std::vector<std::uint64_t> values;
+    const auto found = std::ranges::find(listing.entries, tag, &Entry::tag);
+    if (found == listing.entries.end()) return values;
+    const std::string bytes = EntryBytes(stream, *found);
+    const auto size = static_cast<std::size_t>(SizeOfType(found->type));
+    if (size != 2 && size != 4) return values;
+    for (std::size_t at = 0; at + size <= bytes.size(); at += size) {
+      std::string four(bytes, at, size);
+      // A short number is the low half of a long one.
+      if (size == 2) four = little_ ? four + std::string(2, '\0') : std::string(2, '\0') + four;
+      values.push_back(Offset(four, little_));
+    }
+    return values;
+  };
+  // Strips, tiles, and the picture of a thumbnail.
+  for (const auto& [offsets, lengths] :
+       {std::pair(0x0111, 0x0117), std::pair(0x0144, 0x0145), std::pair(0x0201, 0x0202)}) {
+    const std::vector<std::uint64_t> places = numbers(offsets);
+    const std::vector<std::uint64_t> sizes = numbers(lengths);
+    for (std::size_t i = 0; i < places.size() && i < sizes.size(); ++i) {
+      if (sizes[i] > 0) known_.push_back({places[i], sizes[i]});
+    }
+  }
+}
+
+const DirectoryEditor::Entry* DirectoryEditor::Find(Directory directory, int tag) const {
+  const std::vector<Entry>& entries = directories_.at(directory).entries;
+  const auto found = std::ranges::find(entries, tag, &Entry::tag);
+  return found == entries.end() ? nullptr : &*found;
+}
+
+int DirectoryEditor::TypeOf(Directory directory, int tag) const {
+  const Entry* entry = Find(directory, tag);
+  return entry == nullptr ? 0 : entry->type;
+}
+
+std::string DirectoryEditor::BytesOf(Directory directory, int tag) const {
+  const Entry* entry = Find(directory, tag);
+  if (entry == nullptr) return {};
+  return entry->changed ? entry->bytes : EntryBytes(*stream_, *entry);
+}
+
+std::string DirectoryEditor::EntryBytes(MetadataStream& stream, const Entry& entry) const {
+  if (entry.at == 0) return entry.field.substr(0, entry.length);
+  stream.Position(base_ + entry.at);
+  return stream.Read(entry.length);
+}
+
+std::vector<int> DirectoryEditor::Tags(Directory directory) const {
+  std::vector<int> tags;
+  for (const Entry& entry : directories_.at(directory).entries) tags.push_back(entry.tag);
+  return tags;
+}
+
+bool DirectoryEditor::Change(Directory directory) {
+  Listing& listing = directories_.at(directory);
+  // Where else a sub-directory is led to from is not known here.
+  if (!listing.whole || directory == kSub) return false;
+  listing.changed = true;
+  if (listing.there) return true;
+  listing.there = true;
+  // Whatever leads to a new directory is made here; where it is comes with its writing.
+  switch (directory) {
+    case kExif:
+      return Set(kFirst, kExifLink, kLongType, Number(0, 4));
+    case kGps:
+      return Set(kFirst, kGpsLink, kLongType, Number(0, 4));
+    case kInterop:
+      return Set(kExif, kInteropLink, kLongType, Number(0, 4));
+    case kThumbnail:
+      return Change(kFirst);
+    default:
+      return directory == kFirst;
+  }
+}
+
+bool DirectoryEditor::Set(Directory directory, int tag, int type, std::string bytes) {
+  if (SizeOfType(type) == 0 || !Change(directory)) return false;
+  std::vector<Entry>& entries = directories_.at(directory).entries;
+  auto found = std::ranges::find(entries, tag, &Entry::tag);
+  if (found == entries.end()) {
+    entries.push_back({});
+    found = std::prev(entries.end());
+    found->tag = tag;
+  }
+  found->type = type;
+  found->count =
+      static_cast<std::uint32_t>(bytes.size() / static_cast<std::size_t>(SizeOfType(type)));
+  found->bytes = std::move(bytes);
+  found->changed = true;
+  // A tag that stands there twice has one value from now on.
+  for (auto other = std::next(found); other != entries.end();) {
+    if (other->tag != tag) {
+      ++other;
+      continue;
+    }
+    Free({other->at, other->length});
+    other = entries.erase(other);
+  }
+  return true;
+}
+
+bool DirectoryEditor::Remove(Directory directory, int tag) {
+  if (Find(directory, tag) == nullptr) return true;
+  if (!Change(directory)) return false;
+  std::erase_if(directories_.at(directory).entries, [&](const Entry& entry) {
+    if (entry.tag != tag) return false;
+    if (entry.at != 0) Free({entry.at, entry.length});
+    return true;
+  });
+  return true;
+}
+
+bool DirectoryEditor::Drop(Directory directory) {
+  Listing& listing = directories_.at(directory);
+  if (!listing.there) return true;
+  if (!listing.whole) return false;
+  for (const int tag : Tags(directory)) {
+    if (!Remove(directory, tag)) return false;
+  }
+  if (listing.at != 0) Free({listing.at, listing.room});
+  if (directory == kThumbnail) directories_.at(kFirst).next = listing.next;
+  listing = {};
+  switch (directory) {
+    case kExif:
+      return Remove(kFirst, kExifLink);
+    case kGps:
+      return Remove(kFirst, kGpsLink);
+    case kInterop:
+      return Remove(kExif, kInteropLink);
+    default:
+      return Change(kFirst);
+  }
+}
+
+// Writing.
+
+std::string DirectoryEditor::Number(std::uint64_t value, int size) const {
+  return NumberIn(value, size, little_);
+}
+
+bool DirectoryEditor::Alone(const Range& range) const {
+  if (!allKnown_) return false;
+  int users = 0;
+  for (const Range& known : known_) {
+    if (known.at >= range.at + range.length) break;
+    if (known.at + known.length > range.at) ++users;
+  }
+  return users <= 1;
+}
+
+void DirectoryEditor::Free(const Range& range) {
+  if (range.at != 0 && range.length != 0 && Alone(range)) freed_.push_back(range);
+}
+
+std::uint64_t DirectoryEditor::Append(std::uint64_t length) {
+  const std::uint64_t at = length_ + length_ % 2;
+  length_ = at + length;
+  return at;
+}
+
+std::uint64_t DirectoryEditor::Place(Entry& entry) {
+  const Range old{entry.at, entry.length};
+  if (old.at != 0 && entry.bytes.size() <= old.length && Alone(old)) {
+    if (entry.bytes.size() < old.length) {
+      patches_.push_back(
+          {old.at + entry.bytes.size(), std::string(old.length - entry.bytes.size(), '\0')});
+    }
+    return old.at;
+  }
+  return Append(entry.bytes.size());
+}
+
+void DirectoryEditor::WriteListing(Directory directory) {
+  Listing& listing = directories_.at(directory);
+  if (!listing.there || !listing.changed) return;
+  Sort(listing.entries);
+  const std::uint64_t room = RoomOf(listing.entries.size());
+  const bool fits = listing.at != 0 && room <= listing.room && Alone({listing.at, listing.room});
+  if (!fits) listing.at = Append(room);
+  for (Entry& entry : listing.entries) {
+    if (!entry.changed) continue;
+    if (entry.bytes.size() <= 4) {
+      entry.field = entry.bytes;
+      entry.field.resize(4);
+      continue;
+    }
+    const std::uint64_t at = Place(entry);
+    entry.field = Number(at, 4);
+    patches_.push_back({at, entry.bytes});
+  }
+  std::string bytes = Number(listing.entries.size(), 2);
+  for (const Entry& entry : listing.entries) {
+    bytes += Number(static_cast<std::uint64_t>(entry.tag), 2) +
+             Number(static_cast<std::uint64_t>(entry.type), 2) + Number(entry.count, 4) +
+             entry.field;
+  }
+  bytes += Number(listing.next, 4);
+  if (fits) bytes.resize(listing.room);
+  patches_.push_back({listing.at, std::move(bytes)});
+}
+
+bool DirectoryEditor::TakeOut(const Range& range) {
+  if (range.at < kHeader || !Alone(range)) return false;
+  const auto same = [&](std::uint64_t at, std::uint64_t length) {
+    return at == range.at && length == range.length;
+  };
+  const auto freed = std::ranges::find_if(
+      freed_, [&](const Range& other) { return same(other.at, other.length); });
+  if (freed != freed_.end()) {
+    freed_.erase(freed);
+    return true;
+  }
+  for (const Directory directory : {kInterop, kExif, kGps, kThumbnail, kFirst}) {
+    Listing& listing = directories_.at(directory);
+    if (!listing.there || !listing.whole) continue;
+    if (same(listing.at, listing.room)) {
+      listing.at = 0;
+      listing.changed = true;
+      return true;
+    }
+    for (Entry& entry : listing.entries) {
+      // Nobody knows from where a maker's offsets count.
+      if (entry.tag == kMakerNote || entry.length == 0 || !same(entry.at, entry.length)) continue;
+      if (!entry.changed) entry.bytes = BytesOf(directory, entry.tag);
+      entry.changed = true;
+      entry.at = 0;
+      listing.changed = true;
+      return true;
+    }
+  }
+  return false;
+}
+
+void DirectoryEditor::Reclaim() {
+  // More than an edit leaves behind may be somebody's after all.
+  constexpr std::uint64_t kMostZeros = 1024;
+  while (stream_ != nullptr && allKnown_) {
+    const auto end = [](const Range& range) { return range.at + range.length; };
+    const auto last = std::ranges::max_element(known_, {}, end);
+    if (last == known_.end() || end(*last) > length_ || length_ - end(*last) > kMostZeros) return;
+    stream_->Position(base_ + end(*last));
+    const std::string gap = stream_->Read(length_ - end(*last));
+    if (gap.find_first_not_of('\0') != std::string::npos || !TakeOut(*last)) return;
+    length_ = last->at;
+    known_.erase(last);
+  }
+}
+
+DirectoryEditor::Result DirectoryEditor::Write() {
+  // What was written last stands at the end, and is written anew there: a file that is edited every
+  // day does not grow every day.
+  Reclaim();
+  const std::uint64_t kept = stream_ == nullptr ? 0 : length_;
+  // A directory that outgrows its place moves, and whatever leads to it changes.
+  for (const Directory directory : {kInterop, kExif, kGps, kThumbnail, kFirst}) {
+    Listing& listing = directories_.at(directory);
+    if (!listing.there || !listing.changed) continue;
+    for (const Entry& entry : listing.entries) {
+      const Range old{entry.at, entry.length};
+      if (entry.changed && (entry.bytes.size() > old.length || entry.bytes.size() <= 4)) Free(old);
+    }
+    const bool fits = listing.at != 0 && RoomOf(listing.entries.size()) <= listing.room &&
+                      Alone({listing.at, listing.room});
+    if (fits) continue;
+    if (listing.at != 0) Free({listing.at, listing.room});
+    if (directory == kInterop) directories_.at(kExif).changed = true;
+    if (directory != kFirst) directories_.at(kFirst).changed = true;
+  }
+  for (const Range& range : freed_) {
+    patches_.push_back({range.at, std::string(range.length, '\0')});
+  }
+  const auto lead = [this](Directory from, int tag, Directory to) {
+    for (Entry& entry : directories_.at(from).entries) {
+      if (entry.tag != tag || !directories_.at(to).changed) continue;
+      entry.field = Number(directories_.at(to).at, 4);
+      entry.changed = false;
+      entry.count = 1;
+    }
+  };
+  WriteListing(kInterop);
+  lead(kExif, kInteropLink, kInterop);
+  WriteListing(kExif);
+  lead(kFirst, kExifLink, kExif);
+  WriteListing(kGps);
+  lead(kFirst, kGpsLink, kGps);
+  WriteListing(kThumbnail);
+  if (directories_.at(kThumbnail).changed) {
+    directories_.at(kFirst).next = static_cast<std::uint32_t>(directories_.at(kThumbnail).at);
+  }
+  WriteListing(kFirst);
+  const Listing& first = directories_.at(kFirst);
+  if (first.changed) {
+    // Some take what lies from the first directory to the end for the most that the next can have.
+    length_ = std::max(length_, first.at + directories_.at(kThumbnail).room);
+    patches_.push_back({4, Number(first.at, 4)});
+  }
+  return {kept, length_, std::move(patches_)};
+}
+
+}  // namespace brivolant

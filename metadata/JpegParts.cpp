@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: MIT
+#include "metadata/JpegParts.h"
+
+#include <algorithm>
+
+#include "metadata/BigEndian.h"
+#include "platform/values/Text.h"
+
+namespace brivolant {
+namespace {
+
+constexpr std::string_view kExifMark("Exif\0\0", 6);
+constexpr std::string_view kXmpMark("http://ns.adobe.com/xap/1.0/\0", 29);
+constexpr std::string_view kPhotoshopMark("Photoshop 3.0\0", 14);
+constexpr std::string_view kMpfMark("MPF\0", 4);
+constexpr std::string_view kProfileMark("ICC_PROFILE\0", 12);
+constexpr std::string_view kJfifMark("JFIF\0", 5);
+constexpr std::string_view kAdobeMark("Adobe", 5);
+/// What a segment holds beside its length.
+constexpr std::size_t kMostPayload = 65533;
+
+std::string Segment(int marker, std::string_view payload) {
+  return BigEndian(0xFF00U | static_cast<unsigned>(marker), 2) + BigEndian(payload.size() + 2, 2) +
+         std::string(payload);
+}
+
+/// Parts of a Photoshop block; the next goes on where the last ended.
+std::string Segments(int marker, std::string_view mark, std::string_view bytes) {
+  std::string all;
+  const std::size_t room = kMostPayload - mark.size();
+  for (std::size_t at = 0; at < bytes.size(); at += room) {
+    all += Segment(marker, std::string(mark).append(bytes.substr(at, room)));
+  }
+  return all;
+}
+
+}  // namespace
+
+JpegParts::JpegParts(MetadataStream& stream) : MetadataParts(stream) {
+  constexpr std::size_t kHead = 32;
+  stream.Position(2);
+  while (true) {
+    Part segment;
+    segment.At = stream.Position();
+    if (stream.ReadUInt8() != 0xFF) break;
+    int marker = 0xFF;
+    while (marker == 0xFF && !stream.EndOfFile()) marker = stream.ReadUInt8();
+    // From here on it is the picture's own.
+    if (marker == 0xDA || marker == 0xD9 || stream.EndOfFile()) {
+      rest_ = segment.At;
+      good_ = marker == 0xDA;
+      break;
+    }
+    if (marker != 0x01 && (marker < 0xD0 || marker > 0xD7)) {
+      const std::uint64_t length = stream.ReadUInt16();
+      if (length < 2 || length - 2 > stream.Remaining()) return;
+      segment.Payload = stream.Position();
+      segment.Length = length - 2;
+      segment.Is = KindOf(marker, stream.Read(std::min<std::uint64_t>(segment.Length, kHead)));
+      stream.Position(segment.Payload + segment.Length);
+    }
+    segment.End = stream.Position();
+    segments_.push_back(segment);
+  }
+  if (good_) ReadBlocks();
+}
+
+JpegParts::Kind JpegParts::KindOf(int marker, std::string_view head) {
+  if (marker == 0xE0) return head.starts_with(kJfifMark) ? Kind::kJfif : Kind::kOtherZero;
+  if (marker == 0xE1 && head.size() >= kExifMark.size() && !exif_ &&
+      EqualIgnoringCase(head.substr(0, kExifMark.size()), kExifMark)) {
+    exif_ = true;
+    return Kind::kExif;
+  }
+  if (marker == 0xE1 && head.starts_with(kXmpMark) && !xmpThere_) {
+    xmpThere_ = true;
+    return Kind::kXmp;
+  }
+  if (marker == 0xE2 && head.starts_with(kMpfMark)) return Kind::kMpf;
+  if (marker == 0xE2 && head.starts_with(kProfileMark)) return Kind::kProfile;
+  if (marker == 0xED && head.starts_with(kPhotoshopMark)) return Kind::kPhotoshop;
+  if (marker == 0xEE && head.starts_with(kAdobeMark)) return Kind::kAdobe;
+  if (marker == 0xFE) return Kind::kComment;
+  return marker >= 0xE0 && marker <= 0xEF ? Kind::kOtherApp : Kind::kPicture;
+}
+
+std::string JpegParts::PayloadOf(const Part& part, std::size_t skipped) {
+  stream_.Position(part.Payload + skipped);
+  return stream_.Read(part.Length - skipped);
+}
+
+void JpegParts::ReadBlocks() {
+  std::string resources;
+  for (const Part& part : segments_) {
+    if (part.Is == Kind::kExif) {
+      structure_ = PayloadOf(part, kExifMark.size());
+      exifStream_ = std::make_unique<MetadataStream>(structure_);
+      tiff_ = std::make_unique<DirectoryEditor>(*exifStream_);
+      good_ = good_ && tiff_->Good();
+    } else if (part.Is == Kind::kXmp) {
+      xmp_ = PayloadOf(part, kXmpMark.size());
+    } else if (part.Is == Kind::kPhotoshop) {
+      resources += PayloadOf(part, kPhotoshopMark.size());
+    }
+  }
+  resources_ = ImageResources(resources);
+}
+
+bool JpegParts::ApplyToComment(const MetadataChange& change) {
+  comment_ = change.What == MetadataChange::Act::kRemove ? std::string()
+                                                         : change.Text.value_or(std::string());
+  return true;
+}
+
+bool JpegParts::StripAll() {
+  std::string orientation;
+  constexpr int kOrientation = 0x0112;
+  if (tiff_) orientation = tiff_->BytesOf(DirectoryEditor::kFirst, kOrientation);
+  const bool little = tiff_ && tiff_->LittleEndian();
+  if (orientation.size() == 2 && little) std::swap(orientation[0], orientation[1]);
+  stripped_ = true;
+  tiff_.reset();
+  resources_ = {};
+  xmp_.clear();
+  // The pixels are turned as they are said to be.
+  if (orientation.size() != 2 || orientation == std::string_view("\0\1", 2)) return true;
+  return Directories().Set(DirectoryEditor::kFirst, kOrientation, kShortType, orientation);
+}
+
+std::string JpegParts::NewOf(Kind kind) {
+  switch (kind) {
+    case Kind::kExif: {
+      if (!tiff_) return {};
+      const std::string bytes = Structure(newStructure_ ? std::string() : structure_);
+      return Segment(0xE1, std::string(kExifMark) + bytes);
+    }
+    case Kind::kXmp:
+      return xmp_.empty() ? std::string() : Segment(0xE1, std::string(kXmpMark) + xmp_);
+    case Kind::kPhotoshop:
+      return Segments(0xED, kPhotoshopMark, resources_.Bytes());
+    case Kind::kComment:
+      return comment_->empty() ? std::string() : Segment(0xFE, *comment_);
+    default:
+      return {};
+  }
+}
+
+bool JpegParts::Changed(Kind kind) const {
+  switch (kind) {
+    case Kind::kExif:
+      return tiffChanged_ || stripped_;
+    case Kind::kXmp:
+      return xmpChanged_ || stripped_;
+    case Kind::kPhotoshop:
+      return resourcesChanged_ || stripped_;
+    case Kind::kComment:
+      return comment_.has_value() || stripped_;
+    default:
+      return stripped_ && kind != Kind::kJfif && kind != Kind::kProfile && kind != Kind::kAdobe &&
+             kind != Kind::kPicture;
+  }
+}
+
+std::optional<FilePlan> JpegParts::Plan() {
+  // A segment's length has 16 bits.
+  if (stripped_ && !comment_) comment_ = std::string();
+  std::map<Kind, std::string> fresh;
+  for (const Kind kind : {Kind::kExif, Kind::kXmp, Kind::kPhotoshop, Kind::kComment}) {
+    if (!Changed(kind)) continue;
+    fresh[kind] = NewOf(kind);
+    if (kind != Kind::kPhotoshop && fresh[kind].size() > kMostPayload + 4) return std::nullopt;
+  }
+  // What changes stands where the first of its kind stood, of comments the last, which is the one
+  // that is shown.
+  std::map<Kind, std::size_t> places;
+  for (std::size_t i = 0; i < segments_.size(); ++i) {
+    const Kind kind = segments_[i].Is;
+    if (kind == Kind::kComment) {
+      places[kind] = i;
+    } else {
+      places.try_emplace(kind, i);
+    }
+  }
+  FilePlan plan;
+  plan.Take(0, 2);
+  std::optional<std::size_t> mpf;
+  std::int64_t beforeMpf = 0;
+  const auto insert = [&](Kind kind) {
+    const auto found = fresh.find(kind);
+    if (found != fresh.end() && !places.contains(kind)) plan.Take(std::move(found->second));
+  };
+  // What is new: an Exif segment behind JFIF's, which comes first, and the others behind it.
+  bool begun = false;
+  bool led = false;
+  const auto insertBefore = [&](Kind kind) {
+    if (!begun && kind != Kind::kJfif && kind != Kind::kOtherZero) {
+      begun = true;
+      insert(Kind::kExif);
+    }
+    if (begun && !led && kind != Kind::kExif && kind != Kind::kXmp) {
+      led = true;
+      for (const Kind other : {Kind::kXmp, Kind::kPhotoshop, Kind::kComment}) insert(other);
+    }
+  };
+  for (std::size_t i = 0; i < segments_.size(); ++i) {
+    const Part& part = segments_[i];
+    insertBefore(part.Is);
+    const bool earlier = part.Is == Kind::kComment && !stripped_ && places[part.Is] != i;
+    if (Changed(part.Is) && !earlier) {
+      if (fresh.contains(part.Is) && places[part.Is] == i) plan.Take(fresh[part.Is]);
+    } else if (part.Is == Kind::kMpf && !mpf) {
+      beforeMpf = static_cast<std::int64_t>(plan.Length) - static_cast<std::int64_t>(part.At);
+      stream_.Position(part.At);
+      plan.Take(stream_.Read(part.End - part.At));
+      mpf = plan.Pieces.size() - 1;
+    } else {
+      plan.Take(part.At, part.End - part.At);
+    }
+  }
+  insertBefore(Kind::kPicture);
+  const auto moved = static_cast<std::int64_t>(plan.Length) - static_cast<std::int64_t>(rest_);
+  const std::uint64_t end = stripped_ ? EndOfPicture() : stream_.Length();
+  plan.Take(rest_, end - rest_);
+  if (mpf) CorrectPictures(plan.Pieces[*mpf].Bytes, beforeMpf, moved);
+  return plan;
+}
+
+void JpegParts::CorrectPictures(std::string& segment, std::int64_t before, std::int64_t moved) {
+  constexpr std::size_t kStructure = 8;
+  constexpr int kPictures = 0xB002;
+  constexpr std::size_t kRow = 16;
+  const auto read = [&](std::size_t at, int size, bool little) {
+    std::uint64_t value = 0;
+    for (int k = 0; k < size; ++k) {
+      const auto place = at + static_cast<std::size_t>(k);
+      const std::uint64_t byte =
+          place < segment.size() ? static_cast<unsigned char>(segment[place]) : 0;
+      value |= byte << 8 * (little ? k : size - 1 - k);
+    }
+    return value;
+  };
+  const auto shift = [&](std::size_t at, std::int64_t by, bool little) {
+    const auto value = static_cast<std::int64_t>(read(at, 4, little)) + by;
+    std::string bytes = BigEndian(static_cast<std::uint64_t>(value), 4);
+    if (little) std::ranges::reverse(bytes);
+    if (at + 4 <= segment.size()) segment.replace(at, 4, bytes);
+  };
+  const bool little = segment.compare(kStructure, 2, "II") == 0;
+  const std::size_t directory = kStructure + read(kStructure + 4, 4, little);
+  const std::uint64_t count = read(directory, 2, little);
+  for (std::uint64_t e = 0; e < count; ++e) {
+    const std::size_t entry = directory + 2 + 12 * e;
+    if (entry + 12 > segment.size()) return;
+    if (read(entry, 2, little) != kPictures) continue;
+    const std::size_t length = read(entry + 4, 4, little);
+    const std::size_t rows = kStructure + read(entry + 8, 4, little);
+    if (rows > segment.size() || length > segment.size() - rows) return;
+    for (std::size_t row = 0; row + kRow <= length; row += kRow) {
+      // The first is this picture itself, which has become longer; the others stand behind it.
+      const bool self = read(rows + row + 8, 4, little) == 0;
+      if (self && row == 0) shift(rows + row + 4, moved, little);
+      if (!self) shift(rows + row + 8, moved - before, little);
+    }
+  }
+}
+
+std::uint64_t JpegParts::EndOfPicture() {
+  stream_.Position(rest_);
+  while (stream_.Remaining() >= 2) {
+    if (stream_.ReadUInt8() != 0xFF) continue;
+    int marker = 0xFF;
+    while (marker == 0xFF && !stream_.EndOfFile()) marker = stream_.ReadUInt8();
+    if (marker == 0xD9) return stream_.Position();
+    // Within a scan there are bytes that look like a marker, and marks to start anew at.
+    if (marker == 0 || (marker >= 0xD0 && marker <= 0xD7)) continue;
+    const std::uint64_t begin = stream_.Position();
+    stream_.Position(begin + stream_.ReadUInt16());
+  }
+  return stream_.Length();
+}
+
+}  // namespace brivolant

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "metadata/DirectoryEditor.h"
+#include "metadata/ImageResources.h"
+#include "metadata/MetadataChange.h"
+#include "metadata/MetadataStream.h"
+
+namespace brivolant {
+
+/// A run of bytes of a new file: of the old one, or its own.
+struct FilePiece {
+  std::uint64_t From = 0;
+  std::uint64_t Length = 0;
+  std::string Bytes{};
+};
+/// A new file: pieces one behind another, and then what of them is overwritten.
+struct FilePlan {
+  std::vector<FilePiece> Pieces;
+  std::vector<BytePatch> Patches;
+  /// What lies between the pieces and this is zero.
+  std::uint64_t Length = 0;
+
+  void Take(std::uint64_t from, std::uint64_t length);
+  void Take(std::string bytes);
+};
+
+/// What of a file can be changed, in the form in which it can. What a kind of file does not hold
+/// yet is made when it is needed.
+class MetadataParts {
+ public:
+  virtual ~MetadataParts() = default;
+
+  /// By what the file begins with; null for a kind that is not written, or what makes no sense.
+  static std::unique_ptr<MetadataParts> Of(MetadataStream& stream);
+
+  /// False for what this file cannot hold.
+  [[nodiscard]] bool Apply(const MetadataChange& change);
+  /// Takes out where the photo was taken.
+  [[nodiscard]] bool StripPlace();
+  /// Takes out all that does not say how the pixels are to be shown.
+  [[nodiscard]] virtual bool StripAll() = 0;
+  /// The new file; nothing if what was asked for does not fit.
+  virtual std::optional<FilePlan> Plan() = 0;
+
+ protected:
+  explicit MetadataParts(MetadataStream& stream) : stream_(stream) {}
+
+  /// A structure is made where there is none.
+  DirectoryEditor& Directories();
+  virtual bool ApplyToComment(const MetadataChange&) { return false; }
+  virtual std::string IPTC() const { return std::string(resources_.Data(ImageResources::kIptc)); }
+  virtual bool IPTC(std::string bytes);
+  /// The new structure; empty if it would not fit its offsets.
+  std::string Structure(const std::string& old);
+
+  MetadataStream& stream_;
+  /// Null as long as the file has none.
+  std::unique_ptr<DirectoryEditor> tiff_;
+  bool tiffChanged_ = false;
+  ImageResources resources_;
+  bool resourcesChanged_ = false;
+  std::string xmp_;
+  bool xmpChanged_ = false;
+  /// Without a file whose pixels it describes.
+  bool newStructure_ = false;
+
+ private:
+  bool ApplyToDirectory(const MetadataChange& change, DirectoryEditor::Directory directory);
+  bool ApplyToIPTC(const MetadataChange& change);
+  bool ApplyToXMP(const MetadataChange& change);
+  bool Complete(DirectoryEditor::Directory directory, bool wasThere);
+};
+
+}  // namespace brivolant

@@ -1,0 +1,325 @@
+// SPDX-License-Identifier: MIT
+#include "metadata/MetadataWriter.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <functional>
+#include <memory>
+#include <set>
+#include <system_error>
+
+#include "metadata/ImageMetaData.h"
+#include "metadata/JpegParts.h"
+#include "metadata/TiffParts.h"
+#include "platform/codecs/RawExtensions.h"
+#include "platform/files/AtomicFile.h"
+
+namespace brivolant {
+
+std::unique_ptr<MetadataParts> MetadataParts::Of(MetadataStream& stream) {
+  const auto good = [](auto parts) -> std::unique_ptr<MetadataParts> {
+    if (!parts->Good()) return nullptr;
+    return parts;
+  };
+  stream.Position(0);
+  const std::string mark = stream.Read(4);
+  if (mark.starts_with("\xFF\xD8")) return good(std::make_unique<JpegParts>(stream));
+  if (mark == "8BPS") return good(std::make_unique<PhotoshopParts>(stream));
+  return good(std::make_unique<TiffParts>(stream));
+}
+
+namespace MetadataWriter {
+namespace {
+
+std::string Told(const LocalizedText& text, const FolderItem& file, const std::string& tag = {}) {
+  return WithPlaceholders(text.Text(), {{"<filename>", file.DisplayName()}, {"<tag>", tag}});
+}
+
+std::string Failed(const FolderItem& file, const std::error_code& error) {
+  if (error == std::errc::permission_denied || error == std::errc::read_only_file_system ||
+      error == std::errc::operation_not_permitted) {
+    return Told(kLocked, file);
+  }
+  return WithPlaceholders(kFailed.Text(),
+                          {{"<filename>", file.DisplayName()}, {"<reason>", error.message()}});
+}
+
+/// A kind of file that can be written; else why not.
+std::string Refusal(const FolderItem& file, MetadataStream& stream) {
+  const std::string name = LowerCase(file.Name());
+  const std::size_t dot = name.rfind('.');
+  const std::string extension = dot == std::string::npos ? std::string() : name.substr(dot + 1);
+  if (std::ranges::find(kRawExtensions, extension) != kRawExtensions.end()) {
+    return Told(kRawNotWritten, file);
+  }
+  stream.Position(0);
+  const std::string mark = stream.Read(4);
+  const bool known = mark.starts_with("\xFF\xD8") || mark == "8BPS" ||
+                     mark == std::string_view("II\x2A\0", 4) ||
+                     mark == std::string_view("MM\0\x2A", 4);
+  return known ? std::string() : Told(kNotWritten, file);
+}
+
+// Comparing.
+
+struct Listed {
+  std::string_view Name;
+  const TiffDataCoreClass* Data;
+};
+
+std::vector<Listed> Blocks(const ImageMetaData& data) {
+  return {{"TIFF", data.TIFFData.get()},
+          {"EXIF", data.ExifData.get()},
+          {"GPS", data.GPSData.get()},
+          {"Interoperability", data.Interoperability.get()},
+          {"SubIFD", data.SubIFD.get()},
+          {"Thumbnail", data.Thumbnail ? data.Thumbnail->TIFFData.get() : nullptr},
+          {"IPTC", data.IPTCData.get()},
+          {"Photoshop", data.Photoshop.get()},
+          {"ICC", data.ColorProfile.get()}};
+}
+
+bool Same(std::string_view block, const std::vector<TagValue>& before,
+          const std::vector<TagValue>& after) {
+  if (before == after) return true;
+  // Text of the record may have become UTF-8.
+  if (block != "IPTC" || before.size() != after.size()) return false;
+  for (std::size_t i = 0; i < before.size(); ++i) {
+    if (TextOf(before[i]) != TextOf(after[i])) return false;
+  }
+  return true;
+}
+
+/// A tag that was there, that nobody asked to change, and that is another now; empty if none.
+std::string Lost(const ImageMetaData& before, const ImageMetaData& after,
+                 const std::set<std::string>& asked) {
+  // A digest of the record, and the packet, which is compared by its properties.
+  static const std::set<std::string> kFollow{"Photoshop.0425", "Photoshop.0424", "TIFF.02BC"};
+  const std::vector<Listed> old = Blocks(before);
+  const std::vector<Listed> now = Blocks(after);
+  for (std::size_t i = 0; i < old.size(); ++i) {
+    if (old[i].Data == nullptr) continue;
+    for (const auto& entry : old[i].Data->AllData()) {
+      const std::string name = std::string(old[i].Name) + "." + entry.Tag;
+      if (asked.contains(name) || kFollow.contains(name)) continue;
+      const TiffDataCoreClass* block = now[i].Data;
+      bool kept = false;
+      if (block != nullptr) {
+        for (const auto& other : block->AllData()) {
+          if (other.Tag == entry.Tag) kept = Same(old[i].Name, entry.Values, other.Values);
+        }
+      }
+      if (!kept) return name;
+    }
+  }
+  XMPProperties held;
+  XMPProperties holds;
+  if (before.XMP != after.XMP && ReadXMP(before.XMP, held)) {
+    if (!ReadXMP(after.XMP, holds)) return "XMP";
+    for (const auto& property : held) {
+      const std::string name = "XMP." + property.first;
+      if (!asked.contains(name) && std::ranges::find(holds, property) == holds.end()) return name;
+    }
+  }
+  const auto summary = [](const ImageMetaData& data) {
+    return std::tuple(data.ImageSummary->Width, data.ImageSummary->Height,
+                      data.ImageSummary->Depth);
+  };
+  if (summary(before) != summary(after)) return "TIFF.0100";
+  return {};
+}
+
+// Writing.
+
+std::error_code LastError() {
+  return {errno, std::generic_category()};
+}
+
+std::error_code CopyRange(int from, int to, std::uint64_t at, std::uint64_t length) {
+  auto offset = static_cast<loff_t>(at);
+  while (length > 0) {
+    const ssize_t copied = copy_file_range(from, &offset, to, nullptr, length, 0);
+    if (copied > 0) {
+      length -= static_cast<std::uint64_t>(copied);
+      continue;
+    }
+    if (copied < 0 && errno == EINTR) continue;
+    break;
+  }
+  // Where the system cannot, by hand.
+  constexpr std::size_t kPart = std::size_t{1} << 18;
+  std::string part;
+  while (length > 0) {
+    part.resize(std::min<std::uint64_t>(length, kPart));
+    const ssize_t got = pread(from, part.data(), part.size(), offset);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return LastError();
+    // The file became shorter beneath us.
+    if (got == 0) return std::make_error_code(std::errc::io_error);
+    for (ssize_t done = 0; done < got;) {
+      const ssize_t put = write(to, part.data() + done, static_cast<std::size_t>(got - done));
+      if (put < 0 && errno == EINTR) continue;
+      if (put <= 0) return LastError();
+      done += put;
+    }
+    offset += got;
+    length -= static_cast<std::uint64_t>(got);
+  }
+  return {};
+}
+
+std::error_code Fill(int from, AtomicFile& to, const FilePlan& plan) {
+  for (const FilePiece& piece : plan.Pieces) {
+    const std::error_code error = piece.Bytes.empty()
+                                      ? CopyRange(from, to.Descriptor(), piece.From, piece.Length)
+                                      : to.Write(piece.Bytes);
+    if (error) return error;
+  }
+  if (ftruncate(to.Descriptor(), static_cast<off_t>(plan.Length)) != 0) return LastError();
+  for (const BytePatch& patch : plan.Patches) {
+    for (std::size_t done = 0; done < patch.Bytes.size();) {
+      const ssize_t put = pwrite(to.Descriptor(), patch.Bytes.data() + done,
+                                 patch.Bytes.size() - done, static_cast<off_t>(patch.At + done));
+      if (put < 0 && errno == EINTR) continue;
+      if (put <= 0) return LastError();
+      done += static_cast<std::size_t>(put);
+    }
+  }
+  return {};
+}
+
+/// Who owns the file, and what else the system keeps of it, as far as it lets us.
+void KeepOwner(int from, int to, const struct stat& status) {
+  if (fchown(to, status.st_uid, status.st_gid) != 0 &&
+      fchown(to, static_cast<uid_t>(-1), status.st_gid) != 0) {
+    // Not ours to give away.
+  }
+  std::string names(std::size_t{1} << 16, '\0');
+  const ssize_t length = flistxattr(from, names.data(), names.size());
+  if (length <= 0) return;
+  names.resize(static_cast<std::size_t>(length));
+  std::string value(std::size_t{1} << 16, '\0');
+  for (const std::string_view name : Split(names, '\0')) {
+    if (name.empty()) continue;
+    const std::string text(name);
+    const ssize_t size = fgetxattr(from, text.c_str(), value.data(), value.size());
+    if (size >= 0)
+      (void)fsetxattr(to, text.c_str(), value.data(), static_cast<std::size_t>(size), 0);
+  }
+}
+
+using Change = std::function<std::string(MetadataParts&)>;
+
+/// `lost` says what of the old file the new one does not hold.
+std::string Rewrite(
+    const FolderItem& file, const Change& change,
+    const std::function<std::string(const ImageMetaData&, const ImageMetaData&)>& lost) {
+  ImageMetaData before;
+  before.ReadFile(file);
+  MetadataStream stream(file);
+  if (!stream.IsOpen()) {
+    return Failed(file, std::make_error_code(std::errc::no_such_file_or_directory));
+  }
+  if (std::string refusal = Refusal(file, stream); !refusal.empty()) return refusal;
+  const auto parts = MetadataParts::Of(stream);
+  if (!parts) {
+    const bool raw = before.TIFFData && before.TIFFData->hasKey("C612");
+    return Told(raw ? kRawNotWritten : kDamaged, file);
+  }
+  if (std::string refusal = change(*parts); !refusal.empty()) return refusal;
+  const auto plan = parts->Plan();
+  if (!plan) return Told(kTooLong, file);
+  struct stat status {};
+  const int from = open(file.Path().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  if (from < 0) return Failed(file, LastError());
+  const std::unique_ptr<const int, void (*)(const int*)> closing(&from,
+                                                                 [](const int* d) { close(*d); });
+  if (fstat(from, &status) != 0) return Failed(file, LastError());
+  // Replacing it would be possible all the same, but whoever locked it meant it.
+  if ((status.st_mode & S_IWUSR) == 0 || access(file.Path().c_str(), W_OK) != 0) {
+    return Told(kLocked, file);
+  }
+  AtomicFile written(file);
+  if (written.Error()) return Failed(file, written.Error());
+  if (const std::error_code error = Fill(from, written, *plan)) return Failed(file, error);
+  ImageMetaData after;
+  after.ReadFile(written.Working());
+  if (const std::string tag = lost(before, after); !tag.empty()) {
+    return Told(kWouldLose, file, tag);
+  }
+  struct stat now {};
+  if (stat(file.Path().c_str(), &now) != 0 || now.st_ino != status.st_ino ||
+      now.st_size != status.st_size || now.st_mtim.tv_sec != status.st_mtim.tv_sec ||
+      now.st_mtim.tv_nsec != status.st_mtim.tv_nsec) {
+    // Somebody else has written it meanwhile.
+    return Failed(file, std::make_error_code(std::errc::resource_unavailable_try_again));
+  }
+  KeepOwner(from, written.Descriptor(), status);
+  if (const std::error_code error = written.Commit()) return Failed(file, error);
+  return {};
+}
+
+constexpr std::string_view NameOf(MetadataBlock block) {
+  switch (block) {
+    case MetadataBlock::kTiff:
+      return "TIFF";
+    case MetadataBlock::kExif:
+      return "EXIF";
+    case MetadataBlock::kGps:
+      return "GPS";
+    case MetadataBlock::kInterop:
+      return "Interoperability";
+    case MetadataBlock::kThumbnail:
+      return "Thumbnail";
+    case MetadataBlock::kIptc:
+      return "IPTC";
+    case MetadataBlock::kXmp:
+      return "XMP";
+    default:
+      return "Comment";
+  }
+}
+
+}  // namespace
+
+std::string Write(const FolderItem& file, std::span<const MetadataChange> changes) {
+  std::set<std::string> asked;
+  for (const MetadataChange& change : changes) {
+    asked.insert(std::string(NameOf(change.Block)) + "." + change.Tag);
+  }
+  return Rewrite(
+      file,
+      [&](MetadataParts& parts) {
+        for (const MetadataChange& change : changes) {
+          if (parts.Apply(change)) continue;
+          return Told(kNotThis, file, std::string(NameOf(change.Block)) + "." + change.Tag);
+        }
+        return std::string();
+      },
+      [&](const ImageMetaData& before, const ImageMetaData& after) {
+        return Lost(before, after, asked);
+      });
+}
+
+std::string Write(const FolderItem& file, Strip strip) {
+  return Rewrite(
+      file,
+      [&](MetadataParts& parts) {
+        const bool done = strip == Strip::kAll ? parts.StripAll() : parts.StripPlace();
+        return done ? std::string() : Told(kDamaged, file);
+      },
+      [&](const ImageMetaData& before, const ImageMetaData& after) {
+        const auto size = [](const ImageMetaData& data) {
+          return std::pair(data.ImageSummary->Width, data.ImageSummary->Height);
+        };
+        return size(before) == size(after) ? std::string() : std::string("TIFF.0100");
+      });
+}
+
+}  // namespace MetadataWriter
+}  // namespace brivolant

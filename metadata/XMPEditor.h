@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brivolant {
+
+/// Changes properties of an XMP packet and keeps all else of it as it stands.
+namespace XMPEditor {
+
+/// Gives a property, "prefix:name", these texts; with none of them it goes. An empty packet is
+/// made. False, and the packet is as it was, if it is no XML with RDF in it, or if nobody knows
+/// what the prefix stands for.
+[[nodiscard]] bool Set(std::string& packet, std::string_view property,
+                       const std::vector<std::string>& texts);
+/// Takes out all properties of which the local name begins so, such as "GPS", of known and unknown
+/// namespaces, also within structures.
+[[nodiscard]] bool RemoveLike(std::string& packet, const std::vector<std::string_view>& beginnings);
+
+}  // namespace XMPEditor
+
+}  // namespace brivolant

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <pugixml.hpp>
+#include <string_view>
+
+namespace brivolant {
+
+/// What the reader and the editor of XMP packets ask of XML.
+namespace XMPNodes {
+
+/// What a prefix stands for at a node; empty for what stands for nothing.
+std::string_view NamespaceOf(pugi::xml_node node, std::string_view name);
+/// The name without its prefix.
+std::string_view Local(std::string_view name);
+bool IsRdf(pugi::xml_node node, std::string_view local);
+/// The RDF of a document; null if there is none.
+pugi::xml_node FindRdf(pugi::xml_node document);
+
+}  // namespace XMPNodes
+
+}  // namespace brivolant
