@@ -149,6 +149,7 @@ void AddDocumentCommand(CLI::App& program, const Common& common, Action& action)
   render->add_option("PACKAGE", options->package, texts::kPackage.Text())->required();
   render->add_option("-o,--output", options->file, texts::kOutput.Text())->required();
   render->add_flag("--strict", options->output.strict, texts::kStrict.Text());
+  AddMetadataOption(*render, options->output);
   render->add_option("--quality", options->output.quality, texts::kQuality.Text())
       ->check(CLI::Range(1, 100));
   render->callback([options, render, &common, &action] {

@@ -9,7 +9,9 @@
 #include "cli/Support.h"
 #include "cli/Texts.h"
 #include "metadata/ImageMetaData.h"
+#include "metadata/MetadataCopy.h"
 #include "metadata/MetadataWriter.h"
+#include "platform/codecs/ImageCodecs.h"
 #include "platform/values/Numbers.h"
 
 namespace brivolant::cli {
@@ -22,8 +24,11 @@ struct MetadataOptions {
   std::vector<std::string> add;
   std::vector<std::string> remove;
   std::string strip;
+  std::string from;
 
-  bool Writes() const { return !set.empty() || !add.empty() || !remove.empty() || !strip.empty(); }
+  bool Writes() const {
+    return !set.empty() || !add.empty() || !remove.empty() || !strip.empty() || !from.empty();
+  }
 };
 
 /// Of a block whose values are bytes though their type says text.
@@ -188,6 +193,22 @@ std::optional<MetadataChange> ChangeFromText(MetadataChange::Act act, const std:
   return change;
 }
 
+/// Of a file that is there already: it keeps its size and how it is turned.
+std::string CopyInto(const FolderItem& file, const FolderItem& from) {
+  if (!from.Exists()) return texts::Of(codecTexts::kMissing, from.DisplayName());
+  ImageMetaData data;
+  data.ReadFile(file);
+  MetadataCopy::Facts facts;
+  if (data.ImageSummary) {
+    facts.Width = static_cast<int>(data.ImageSummary->Width);
+    facts.Height = static_cast<int>(data.ImageSummary->Height);
+  }
+  const double turned =
+      data.TIFFData ? NumberOf(data.TIFFData->Lookup("0112", TagValue(1U), 1)) : 1;
+  if (turned >= 1 && turned <= 8) facts.Orientation = static_cast<int>(turned);
+  return MetadataCopy(from, MetadataCopy::Rule::kAll).Into(file, facts);
+}
+
 int WriteMetadata(const MetadataOptions& options) {
   std::vector<MetadataChange> changes;
   using Act = MetadataChange::Act;
@@ -216,6 +237,7 @@ int WriteMetadata(const MetadataOptions& options) {
         error = MetadataWriter::Write(file, options.strip == "all" ? MetadataWriter::Strip::kAll
                                                                    : MetadataWriter::Strip::kPlace);
       }
+      if (error.empty() && !options.from.empty()) error = CopyInto(file, FolderItem(options.from));
       if (error.empty() && !changes.empty()) error = MetadataWriter::Write(file, changes);
       return true;
     });
@@ -267,6 +289,7 @@ void AddMetadataCommand(CLI::App& program, const Common&, Action& action) {
   list("--set", options->set, texts::kMetadataSet);
   list("--add", options->add, texts::kMetadataAdd);
   list("--remove", options->remove, texts::kMetadataRemove);
+  command->add_option("--copy-from", options->from, texts::kMetadataFrom.Text());
   command->add_option("--strip", options->strip, texts::kMetadataStrip.Text());
   command->callback([options, &action] { action = [options] { return RunMetadata(*options); }; });
 }

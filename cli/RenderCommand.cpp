@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 #include <charconv>
 #include <chrono>
+#include <map>
 
 #include "cli/Commands.h"
 #include "cli/Outputs.h"
@@ -10,6 +11,7 @@
 #include "cli/Texts.h"
 #include "effects/EffectRegistry.h"
 #include "engine/pictures/SharedPictureEffects.h"
+#include "export/CarryMetadata.h"
 #include "files/FolderitemExtensions.h"
 #include "formats/FileTypes.h"
 #include "formats/ImageFile.h"
@@ -32,6 +34,15 @@ std::string FormatOf(const FolderItem& file) {
     if (FolderitemExtensions::isFileType(file, type)) return std::string(type->Identifier);
   }
   return {};
+}
+
+void AddMetadataOption(CLI::App& command, OutputOptions& options) {
+  using enum MetadataCopy::Rule;
+  const std::map<std::string, MetadataCopy::Rule> rules{
+      {"all", kAll}, {"without-place", kWithoutPlace}, {"none", kNone}};
+  command.add_option("--metadata", options.metadata, texts::kCarried.Text())
+      ->option_text("all|without-place|none")
+      ->transform(CLI::CheckedTransformer(rules, CLI::ignore_case));
 }
 
 bool OpenInput(const FolderItem& input, BrivolantDocument& document,
@@ -87,6 +98,11 @@ bool RenderFile(const FolderItem& input, const FolderItem& output, const EditOpt
   }
   const bool saved = file.SaveUnderThisName();
   error = file.LastError;
+  if (saved &&
+      !CarryMetadata(document.originalImageFile, output, file.FileType, options.metadata,
+                     file.FirstImage()->Picture(), worker.services.UserDetails.CreatedWith())) {
+    PrintError(texts::Of(kDataLeftBehind, output.DisplayName()));
+  }
   times.encode = Since(clock);
   return saved;
 }
@@ -221,6 +237,7 @@ void DeclareRender(CLI::App& command, const std::shared_ptr<RenderOptions>& opti
   options->edits.Declare(command);
   command.add_option("--save-style", options->saveStyle, texts::kSaveStyle.Text());
   command.add_option("--fit", options->fit, texts::kFit.Text());
+  AddMetadataOption(command, options->output);
   command.add_option("--quality", options->output.quality, texts::kQuality.Text())
       ->check(CLI::Range(1, 100));
   command.add_flag("--strict", options->output.strict, texts::kStrict.Text());

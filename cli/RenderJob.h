@@ -6,6 +6,11 @@
 
 #include "cli/EditOptions.h"
 #include "cli/Support.h"
+#include "metadata/MetadataCopy.h"
+
+namespace CLI {
+class App;
+}
 
 namespace brivolant::cli {
 
@@ -24,8 +29,12 @@ struct OutputOptions {
   int quality = 90;
   /// Damaged images are refused.
   bool strict = false;
+  /// What of the photo's data goes along.
+  MetadataCopy::Rule metadata = MetadataCopy::Rule::kAll;
 };
 
+/// Adds the option that chooses what of the photo's data goes along.
+void AddMetadataOption(CLI::App& command, OutputOptions& options);
 /// Loads an image or a document into `document` and `processor`. False and a sentence in `error` on
 /// failure.
 [[nodiscard]] bool OpenInput(const FolderItem& input, BrivolantDocument& document,

@@ -47,6 +47,10 @@ inline constexpr LocalizedText kMetadataRemove{"cli.kMetadataRemove",
                                                "Remove a tag, \"Block.Tag\" (repeatable)"};
 inline constexpr LocalizedText kMetadataStrip{
     "cli.kMetadataStrip", "Remove where the photo was taken, or everything: gps or all"};
+inline constexpr LocalizedText kMetadataFrom{
+    "cli.kMetadataFrom", "Take what this photo tells of itself, in place of what the files do"};
+inline constexpr LocalizedText kCarried{
+    "cli.kCarried", "What of the photo's own data goes along: all, without-place or none"};
 inline constexpr LocalizedText kBadTag{
     "cli.kBadTag",
     "\"<text>\" is not of the form \"Block.Tag=Value\"; blocks are TIFF, EXIF, GPS, "

@@ -5,6 +5,7 @@
 
 #include "effects/EffectRegistry.h"
 #include "engine/brivolantProcessorLite.h"
+#include "export/CarryMetadata.h"
 #include "files/FolderitemExtensions.h"
 #include "platform/codecs/ImageCodecs.h"
 #include "platform/files/ExclusiveMove.h"
@@ -45,7 +46,13 @@ Outcome Run(const Job& job, const Services& services, const std::function<bool(d
   const std::array<EncodeImage, 1> images{{{result, job.Quality}}};
   error = EncodeImageFile(working, job.Type, images);
   if (!error.empty()) return Outcome::kFailed;
+  const bool carried =
+      job.Photo.IsNil() || CarryMetadata(job.Photo, working, job.Type, job.Metadata, result,
+                                         services.UserDetails.CreatedWith());
   const auto lacks = [&] {
+    if (!carried) {
+      error = WithPlaceholders(kDataLeftBehind.Text(), {{"<filename>", job.File.DisplayName()}});
+    }
     for (const std::string& warning : processor.Warnings()) {
       error += (error.empty() ? "" : " ") + warning;
     }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "formats/PastedFiles.h"
+#include "metadata/MetadataCopy.h"
 #include "platform/files/FolderItem.h"
 #include "platform/pictures/Picture.h"
 #include "platform/services/Services.h"
@@ -28,6 +29,9 @@ struct Job {
   std::string Type;
   /// 0 to 1.
   double Quality = 0.75;
+  /// The photo whose data goes along; nil for none.
+  FolderItem Photo{};
+  MetadataCopy::Rule Metadata = MetadataCopy::Rule::kAll;
 };
 
 enum class Outcome { kDone, kCancelled, kFailed };

@@ -102,34 +102,50 @@ std::string DirectoryEditor::Encoded(int type, const std::vector<TagValue>& valu
   return bytes;
 }
 
-DirectoryEditor::DirectoryEditor() : good_(true), length_(kHeader) {
+std::string DirectoryEditor::Swapped(int type, std::string bytes) {
+  const bool fraction = type == kRationalType || type == kSRationalType;
+  const auto size = static_cast<std::size_t>(fraction ? 4 : std::max(1, SizeOfType(type)));
+  for (std::size_t at = 0; at + size <= bytes.size(); at += size) {
+    std::reverse(bytes.begin() + static_cast<std::ptrdiff_t>(at),
+                 bytes.begin() + static_cast<std::ptrdiff_t>(at + size));
+  }
+  return bytes;
+}
+
+DirectoryEditor::DirectoryEditor(bool littleEndian)
+    : good_(true), little_(littleEndian), length_(kHeader) {
   Listing& first = directories_.at(kFirst);
   first.there = true;
   first.changed = true;
-  patches_.push_back({0, "MM" + Number(42, 2) + Number(kHeader, 4)});
+  patches_.push_back({0, (little_ ? "II" : "MM") + Number(42, 2) + Number(kHeader, 4)});
 }
 
-DirectoryEditor::DirectoryEditor(MetadataStream& stream)
+DirectoryEditor::DirectoryEditor(MetadataStream& stream, bool alsoRaw)
     : stream_(&stream), base_(stream.Position()), length_(stream.Remaining()) {
   const bool little = stream.LittleEndian;
-  ReadStructure(stream);
+  ReadStructure(stream, alsoRaw);
   stream.LittleEndian = little;
 }
 
-void DirectoryEditor::ReadStructure(MetadataStream& stream) {
+void DirectoryEditor::ReadStructure(MetadataStream& stream, bool alsoRaw) {
   const std::string order = stream.Read(2);
   if (order != "II" && order != "MM") return;
   stream.LittleEndian = little_ = order == "II";
-  if (stream.ReadUInt16() != 42) return;
+  constexpr std::array kMakersMarks{0x0055, 0x4F52, 0x5352};
+  const int mark = stream.ReadUInt16();
+  const bool raw = std::ranges::find(kMakersMarks, mark) != kMakersMarks.end();
+  if (mark != 42 && !(raw && alsoRaw)) return;
   const std::uint64_t at = stream.ReadUInt32();
   const auto follow = [&](Directory directory, std::uint64_t offset) {
     if (offset < kHeader || offset >= length_ || directories_.at(directory).there) return;
     directories_.at(directory) = ReadListing(stream, offset);
   };
   const auto link = [&](Directory from, int tag, Directory to) {
-    if (const Entry* entry = Find(from, tag); entry != nullptr && entry->at == 0) {
+    const Entry* entry = Find(from, tag);
+    if (entry == nullptr || SizeOfType(entry->type) != 4) return;
+    if (entry->at == 0) {
       follow(to, Offset(entry->field, little_));
-    } else if (entry != nullptr) {
+    } else {
       // Several: the first is known by name.
       stream.Position(base_ + entry->at);
       follow(to, stream.ReadUInt32());
@@ -355,6 +371,42 @@ bool DirectoryEditor::Drop(Directory directory) {
   }
 }
 
+bool DirectoryEditor::SetAt(Directory directory, int tag, int type, std::string bytes,
+                            std::uint64_t at) {
+  if (stream_ != nullptr || at < length_ || bytes.size() <= 4) return false;
+  const std::size_t length = bytes.size();
+  if (!Set(directory, tag, type, {})) return false;
+  Entry& entry = *std::ranges::find(directories_.at(directory).entries, tag, &Entry::tag);
+  entry.count = static_cast<std::uint32_t>(length / static_cast<std::size_t>(SizeOfType(type)));
+  entry.field = Number(at, 4);
+  entry.at = at;
+  entry.length = length;
+  entry.changed = false;
+  length_ = at + length;
+  patches_.push_back({at, std::move(bytes)});
+  return true;
+}
+
+std::uint64_t DirectoryEditor::PlaceOf(Directory directory, int tag) const {
+  const Entry* entry = Find(directory, tag);
+  return entry == nullptr ? 0 : entry->at;
+}
+
+bool DirectoryEditor::Thumbnail(std::string jpeg) {
+  constexpr int kJpeg = 6;
+  constexpr int kInch = 2;
+  const auto number = [&](int tag, std::uint64_t value, int type) {
+    return Set(kThumbnail, tag, type, Number(value, SizeOfType(type)));
+  };
+  const std::string resolution = Number(72, 4) + Number(1, 4);
+  const std::size_t size = jpeg.size();
+  thumbnail_ = std::move(jpeg);
+  return Drop(kThumbnail) && number(0x0103, kJpeg, kShortType) && number(0x0112, 1, kShortType) &&
+         Set(kThumbnail, 0x011A, kRationalType, resolution) &&
+         Set(kThumbnail, 0x011B, kRationalType, resolution) && number(0x0128, kInch, kShortType) &&
+         number(0x0201, 0, kLongType) && number(0x0202, size, kLongType);
+}
+
 // Writing.
 
 std::string DirectoryEditor::Number(std::uint64_t value, int size) const {
@@ -506,6 +558,13 @@ DirectoryEditor::Result DirectoryEditor::Write() {
   lead(kFirst, kExifLink, kExif);
   WriteListing(kGps);
   lead(kFirst, kGpsLink, kGps);
+  if (!thumbnail_.empty()) {
+    const std::uint64_t at = Append(thumbnail_.size());
+    patches_.push_back({at, thumbnail_});
+    for (Entry& entry : directories_.at(kThumbnail).entries) {
+      if (entry.tag == 0x0201) entry.bytes = Number(at, 4);
+    }
+  }
   WriteListing(kThumbnail);
   if (directories_.at(kThumbnail).changed) {
     directories_.at(kFirst).next = static_cast<std::uint32_t>(directories_.at(kThumbnail).at);
@@ -514,7 +573,8 @@ DirectoryEditor::Result DirectoryEditor::Write() {
   const Listing& first = directories_.at(kFirst);
   if (first.changed) {
     // Some take what lies from the first directory to the end for the most that the next can have.
-    length_ = std::max(length_, first.at + directories_.at(kThumbnail).room);
+    const Listing& next = directories_.at(kThumbnail);
+    if (next.there && next.whole) length_ = std::max(length_, first.at + next.room);
     patches_.push_back({4, Number(first.at, 4)});
   }
   return {kept, length_, std::move(patches_)};

@@ -28,11 +28,12 @@ class DirectoryEditor {
  public:
   enum Directory { kFirst, kThumbnail, kExif, kGps, kInterop, kSub, kDirectories };
 
-  /// A new structure, big-endian.
-  DirectoryEditor();
+  /// A new structure, in big-endian order unless told otherwise.
+  explicit DirectoryEditor(bool littleEndian = false);
   /// Reads the directories of a structure from the stream's position on; its offsets count from
-  /// there. Good() is false if the first of them makes no sense.
-  explicit DirectoryEditor(MetadataStream& stream);
+  /// there. Good() is false if the first of them makes no sense, or if it is a raw file's with a
+  /// mark of its maker, unless that is wanted.
+  explicit DirectoryEditor(MetadataStream& stream, bool alsoRaw = false);
 
   bool Good() const { return good_; }
   bool LittleEndian() const { return little_; }
@@ -51,6 +52,15 @@ class DirectoryEditor {
   /// Takes out a directory with all its values; what follows a thumbnail's stays.
   [[nodiscard]] bool Drop(Directory directory);
 
+  /// A value of a new structure that stands at an offset, since what is in it counts from there.
+  /// False if something stands there; what comes later stands behind it.
+  [[nodiscard]] bool SetAt(Directory directory, int tag, int type, std::string bytes,
+                           std::uint64_t at);
+  /// Where a value stands; 0 for one within its entry.
+  std::uint64_t PlaceOf(Directory directory, int tag) const;
+  /// The small picture that a structure holds, a JPEG, in place of what there was.
+  [[nodiscard]] bool Thumbnail(std::string jpeg);
+
   /// What makes the structure what was asked for: so many bytes of the old one, zeros up to the new
   /// length, and what is written over them.
   struct Result {
@@ -62,6 +72,8 @@ class DirectoryEditor {
 
   /// Values as bytes of a type, in an order.
   static std::string Encoded(int type, const std::vector<TagValue>& values, bool littleEndian);
+  /// Bytes of a type in the other order.
+  static std::string Swapped(int type, std::string bytes);
 
  private:
   struct Entry {
@@ -93,7 +105,7 @@ class DirectoryEditor {
   };
 
   static void Sort(std::vector<Entry>& entries);
-  void ReadStructure(MetadataStream& stream);
+  void ReadStructure(MetadataStream& stream, bool alsoRaw);
   Listing ReadListing(MetadataStream& stream, std::uint64_t at) const;
   void ReadAll(MetadataStream& stream, std::uint64_t at, int depth);
   void KnowPictures(MetadataStream& stream, const Listing& listing);
@@ -111,6 +123,7 @@ class DirectoryEditor {
   void WriteListing(Directory directory);
   std::string Number(std::uint64_t value, int size) const;
 
+  std::string thumbnail_;
   bool good_ = false;
   bool little_ = false;
   MetadataStream* stream_ = nullptr;

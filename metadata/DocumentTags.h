@@ -21,8 +21,8 @@ struct DocumentTags {
   int VerticalResolution = 72;
 };
 
-/// Writes the tags into a JPEG that has just been made. The encoder has already written the
-/// resolution; the TIFF block joins with the metadata writer, and this is its one way in.
+/// Writes the tags into a JPEG that has just been made, beside the resolution that its encoder has
+/// written. False if it cannot be done; the JPEG is then as it was.
 [[nodiscard]] bool WriteDocumentTags(const FolderItem& jpeg, const DocumentTags& tags);
 
 }  // namespace brivolant

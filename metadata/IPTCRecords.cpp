@@ -105,6 +105,11 @@ void IPTCRecords::Add(int dataset, const std::string& text) {
   Declare();
 }
 
+void IPTCRecords::RemovePlace() {
+  // City, part of it, province, country by code and by name, and the place that is spoken of.
+  for (const int dataset : {90, 92, 95, 100, 101, 26, 27}) Set(dataset, {});
+}
+
 std::string IPTCRecords::Bytes() const {
   std::string bytes;
   for (const Dataset& dataset : datasets_) {

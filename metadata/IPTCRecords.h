@@ -19,6 +19,8 @@ class IPTCRecords {
   /// where the first of them stood.
   void Set(int dataset, const std::vector<std::string>& texts);
   void Add(int dataset, const std::string& text);
+  /// Takes out where the photo was taken.
+  void RemovePlace();
   std::string Bytes() const;
 
  private:

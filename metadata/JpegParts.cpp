@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "metadata/BigEndian.h"
+#include "metadata/TagValue.h"
 #include "platform/values/Text.h"
 
 namespace brivolant {
@@ -125,6 +126,46 @@ bool JpegParts::StripAll() {
   // The pixels are turned as they are said to be.
   if (orientation.size() != 2 || orientation == std::string_view("\0\1", 2)) return true;
   return Directories().Set(DirectoryEditor::kFirst, kOrientation, kShortType, orientation);
+}
+
+std::string JpegParts::Comment() {
+  std::string comment;
+  for (const Part& part : segments_) {
+    if (part.Is == Kind::kComment) comment = PlainText(PayloadOf(part, 0));
+  }
+  return comment;
+}
+
+bool JpegParts::Take(CarriedData data) {
+  // The resolution stands in JFIF's segment already, and one says what the other says.
+  constexpr std::size_t kUnits = 7;
+  constexpr std::size_t kDensity = 8;
+  for (const Part& part : segments_) {
+    if (part.Is != Kind::kJfif || !data.Tiff) continue;
+    const std::string jfif = PayloadOf(part, 0);
+    if (jfif.size() < kDensity + 4 || jfif[kUnits] < 1 || jfif[kUnits] > 2) break;
+    const bool little = data.Tiff->LittleEndian();
+    const auto set = [&](int tag, int type, const std::string& big) {
+      return data.Tiff->Set(DirectoryEditor::kFirst, tag, type,
+                            little ? DirectoryEditor::Swapped(type, big) : big);
+    };
+    const auto density = [&](std::size_t at) {
+      return std::string(2, '\0') + jfif.substr(at, 2) + BigEndian(1, 4);
+    };
+    if (!set(0x011A, kRationalType, density(kDensity)) ||
+        !set(0x011B, kRationalType, density(kDensity + 2)) ||
+        !set(0x0128, kShortType, BigEndian(static_cast<std::uint64_t>(jfif[kUnits]) + 1, 2))) {
+      return false;
+    }
+    break;
+  }
+  if (data.Tiff && !data.Tiff->Tags(DirectoryEditor::kFirst).empty() &&
+      !TakeStructure(std::move(data.Tiff))) {
+    return false;
+  }
+  if (!data.Comment.empty()) comment_ = std::move(data.Comment);
+  if (!data.XMP.empty()) XMP(std::move(data.XMP));
+  return data.IPTC.empty() || IPTC(std::move(data.IPTC));
 }
 
 std::string JpegParts::NewOf(Kind kind) {

@@ -21,6 +21,8 @@ class JpegParts final : public MetadataParts {
   /// The segments make sense, and so does the structure among them.
   bool Good() const { return good_; }
   bool StripAll() override;
+  std::string Comment() override;
+  bool Take(CarriedData data) override;
   std::optional<FilePlan> Plan() override;
 
  protected:

@@ -23,8 +23,7 @@ struct Wanted {
   std::string_view Bytes;
 };
 
-/// What Exif 2.3 demands of a directory of its own; of several bytes big-endian, since only new
-/// structures get the first of them.
+/// What Exif 2.3 demands of a directory of its own; big-endian.
 constexpr std::array kWanted{
     Wanted{DirectoryEditor::kFirst, 0x011A, kRationalType, {"\0\0\0\110\0\0\0\1", 8}},
     Wanted{DirectoryEditor::kFirst, 0x011B, kRationalType, {"\0\0\0\110\0\0\0\1", 8}},
@@ -201,7 +200,9 @@ bool MetadataParts::Complete(Directory directory, bool wasThere) {
   DirectoryEditor& editor = *tiff_;
   const auto want = [&](const Wanted& wanted) {
     if (editor.Has(wanted.Where, wanted.Tag)) return true;
-    return editor.Set(wanted.Where, wanted.Tag, wanted.Type, std::string(wanted.Bytes));
+    std::string bytes(wanted.Bytes);
+    if (editor.LittleEndian()) bytes = DirectoryEditor::Swapped(wanted.Type, std::move(bytes));
+    return editor.Set(wanted.Where, wanted.Tag, wanted.Type, std::move(bytes));
   };
   for (const Wanted& wanted : kWanted) {
     const bool first = wanted.Where == DirectoryEditor::kFirst && newStructure_;
@@ -265,19 +266,25 @@ bool MetadataParts::StripPlace() {
   if (tiff_ && tiff_->Has(DirectoryEditor::kGps) && !Directories().Drop(DirectoryEditor::kGps)) {
     return false;
   }
-  // City, part of it, province, and country by code and by name.
-  constexpr std::array kPlaces{90, 92, 95, 100, 101, 26, 27};
   const std::string old = IPTC();
   IPTCRecords records(old);
-  for (const int dataset : kPlaces) records.Set(dataset, {});
+  records.RemovePlace();
   if (records.Bytes() != old && !IPTC(records.Bytes())) return false;
   const std::string packet = xmp_;
-  if (!XMPEditor::RemoveLike(xmp_, {"GPS", "City", "State", "Country", "Location", "Sublocation",
-                                    "Province", "geo"})) {
+  if (!XMPEditor::RemoveLike(xmp_, {kPlaces.begin(), kPlaces.end()})) {
     return false;
   }
   xmpChanged_ = xmpChanged_ || xmp_ != packet;
   return true;
+}
+
+bool MetadataParts::TakeStructure(std::unique_ptr<DirectoryEditor> structure) {
+  if (!structure || structure->Tags(DirectoryEditor::kFirst).empty()) return false;
+  tiff_ = std::move(structure);
+  tiffChanged_ = newStructure_ = true;
+  return (!tiff_->Has(DirectoryEditor::kExif) || Complete(DirectoryEditor::kExif, false)) &&
+         (!tiff_->Has(DirectoryEditor::kGps) || Complete(DirectoryEditor::kGps, false)) &&
+         Complete(DirectoryEditor::kFirst, false);
 }
 
 std::string MetadataParts::Structure(const std::string& old) {

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "metadata/DirectoryEditor.h"
@@ -30,11 +33,24 @@ struct FilePlan {
   void Take(std::string bytes);
 };
 
+/// What goes along with a copy, in the form of no file.
+struct CarriedData {
+  /// Null for nothing. Its values are in its own order.
+  std::unique_ptr<DirectoryEditor> Tiff;
+  std::string XMP;
+  std::string IPTC;
+  std::string Comment;
+};
+
 /// What of a file can be changed, in the form in which it can. What a kind of file does not hold
 /// yet is made when it is needed.
 class MetadataParts {
  public:
   virtual ~MetadataParts() = default;
+
+  /// Beginnings of the names of XMP properties that say where.
+  static constexpr std::array<std::string_view, 8> kPlaces{
+      "GPS", "City", "State", "Country", "Location", "Sublocation", "Province", "geo"};
 
   /// By what the file begins with; null for a kind that is not written, or what makes no sense.
   static std::unique_ptr<MetadataParts> Of(MetadataStream& stream);
@@ -45,6 +61,14 @@ class MetadataParts {
   [[nodiscard]] bool StripPlace();
   /// Takes out all that does not say how the pixels are to be shown.
   [[nodiscard]] virtual bool StripAll() = 0;
+  /// What the file holds of a structure; null where there is none.
+  const DirectoryEditor* Held() const { return tiff_.get(); }
+  const std::string& XMP() const { return xmp_; }
+  virtual std::string IPTC() const { return std::string(resources_.Data(ImageResources::kIptc)); }
+  /// What a JPEG says beside.
+  virtual std::string Comment() { return {}; }
+  /// Takes all that another file tells of itself.
+  [[nodiscard]] virtual bool Take(CarriedData data) = 0;
   /// The new file; nothing if what was asked for does not fit.
   virtual std::optional<FilePlan> Plan() = 0;
 
@@ -54,8 +78,15 @@ class MetadataParts {
   /// A structure is made where there is none.
   DirectoryEditor& Directories();
   virtual bool ApplyToComment(const MetadataChange&) { return false; }
-  virtual std::string IPTC() const { return std::string(resources_.Data(ImageResources::kIptc)); }
   virtual bool IPTC(std::string bytes);
+  void XMP(std::string packet) {
+    xmp_ = std::move(packet);
+    xmpChanged_ = true;
+  }
+  /// What the standards want beside what was set. False if it cannot be.
+  bool Complete(DirectoryEditor::Directory directory, bool wasThere);
+  /// What a structure of its own is made of; false if there is nothing in it.
+  bool TakeStructure(std::unique_ptr<DirectoryEditor> structure);
   /// The new structure; empty if it would not fit its offsets.
   std::string Structure(const std::string& old);
 
@@ -74,7 +105,6 @@ class MetadataParts {
   bool ApplyToDirectory(const MetadataChange& change, DirectoryEditor::Directory directory);
   bool ApplyToIPTC(const MetadataChange& change);
   bool ApplyToXMP(const MetadataChange& change);
-  bool Complete(DirectoryEditor::Directory directory, bool wasThere);
 };
 
 }  // namespace brivolant

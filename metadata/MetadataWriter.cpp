@@ -306,6 +306,27 @@ std::string Write(const FolderItem& file, std::span<const MetadataChange> change
       });
 }
 
+namespace {
+
+/// Nothing of the old file need be there but the picture.
+std::string LostPicture(const ImageMetaData& before, const ImageMetaData& after) {
+  const auto size = [](const ImageMetaData& data) {
+    return std::pair(data.ImageSummary->Width, data.ImageSummary->Height);
+  };
+  return size(before) == size(after) ? std::string() : std::string("TIFF.0100");
+}
+
+}  // namespace
+
+std::string Take(const FolderItem& file, CarriedData data) {
+  return Rewrite(
+      file,
+      [&](MetadataParts& parts) {
+        return parts.Take(std::move(data)) ? std::string() : Told(kDamaged, file);
+      },
+      LostPicture);
+}
+
 std::string Write(const FolderItem& file, Strip strip) {
   return Rewrite(
       file,
@@ -313,12 +334,7 @@ std::string Write(const FolderItem& file, Strip strip) {
         const bool done = strip == Strip::kAll ? parts.StripAll() : parts.StripPlace();
         return done ? std::string() : Told(kDamaged, file);
       },
-      [&](const ImageMetaData& before, const ImageMetaData& after) {
-        const auto size = [](const ImageMetaData& data) {
-          return std::pair(data.ImageSummary->Width, data.ImageSummary->Height);
-        };
-        return size(before) == size(after) ? std::string() : std::string("TIFF.0100");
-      });
+      LostPicture);
 }
 
 }  // namespace MetadataWriter

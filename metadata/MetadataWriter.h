@@ -10,6 +10,8 @@
 
 namespace brivolant {
 
+struct CarriedData;
+
 /// Writes metadata into JPEG, TIFF and Photoshop files, as a whole or not at all: a file grows
 /// beside, is read again and compared, and takes the place of the old one. Pixels, maker notes and
 /// whatever else was not asked for stay as they are, byte for byte. Raw files are never written.
@@ -49,6 +51,8 @@ enum class Strip {
 /// which is then as it was.
 [[nodiscard]] std::string Write(const FolderItem& file, std::span<const MetadataChange> changes);
 [[nodiscard]] std::string Write(const FolderItem& file, Strip strip);
+/// Takes what another file tells of itself in place of what this one does.
+[[nodiscard]] std::string Take(const FolderItem& file, CarriedData data);
 
 }  // namespace MetadataWriter
 

@@ -74,6 +74,27 @@ bool TiffParts::StripAll() {
   return true;
 }
 
+bool TiffParts::Take(CarriedData data) {
+  // A maker's note counts from a place that the pixels have here.
+  constexpr int kMakerNote = 0x927C;
+  if (data.Tiff) {
+    const bool swap = data.Tiff->LittleEndian() != tiff_->LittleEndian();
+    for (const auto directory :
+         {kFirst, DirectoryEditor::kExif, DirectoryEditor::kGps, DirectoryEditor::kInterop}) {
+      for (const int tag : data.Tiff->Tags(directory)) {
+        if (tag == kMakerNote || tag == 0x8769 || tag == 0x8825 || tag == 0xA005) continue;
+        const int type = data.Tiff->TypeOf(directory, tag);
+        std::string bytes = data.Tiff->BytesOf(directory, tag);
+        if (swap) bytes = DirectoryEditor::Swapped(type, std::move(bytes));
+        if (!tiff_->Set(directory, tag, type, std::move(bytes))) return false;
+        tiffChanged_ = true;
+      }
+    }
+  }
+  if (!data.XMP.empty()) XMP(std::move(data.XMP));
+  return data.IPTC.empty() || IPTC(std::move(data.IPTC));
+}
+
 std::optional<FilePlan> TiffParts::Plan() {
   const auto put = [this](int tag, int type, std::string bytes) {
     tiffChanged_ = true;
@@ -138,6 +159,14 @@ bool PhotoshopParts::StripAll() {
   // Older forms of Exif data, a caption, an address, and the like.
   for (const int id : {0x03F0, 0x040B, 0x0423, 0x0421, 0x0435, 0x0BB7}) resources_.Remove(id);
   return true;
+}
+
+bool PhotoshopParts::Take(CarriedData data) {
+  if (data.Tiff && !data.Tiff->Tags(kFirst).empty() && !TakeStructure(std::move(data.Tiff))) {
+    return false;
+  }
+  if (!data.XMP.empty()) XMP(std::move(data.XMP));
+  return data.IPTC.empty() || IPTC(std::move(data.IPTC));
 }
 
 std::optional<FilePlan> PhotoshopParts::Plan() {

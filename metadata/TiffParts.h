@@ -16,10 +16,11 @@ class TiffParts final : public MetadataParts {
   /// A structure that makes sense, and is no camera's raw file.
   bool Good() const;
   bool StripAll() override;
+  std::string IPTC() const override { return iptc_; }
+  bool Take(CarriedData data) override;
   std::optional<FilePlan> Plan() override;
 
  protected:
-  std::string IPTC() const override { return iptc_; }
   bool IPTC(std::string bytes) override;
 
  private:
@@ -34,6 +35,7 @@ class PhotoshopParts final : public MetadataParts {
 
   bool Good() const { return good_; }
   bool StripAll() override;
+  bool Take(CarriedData data) override;
   std::optional<FilePlan> Plan() override;
 
  private:

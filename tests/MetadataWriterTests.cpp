@@ -12,6 +12,7 @@
 #include "Helpers.h"
 #include "MetadataFiles.h"
 #include "metadata/ImageMetaData.h"
+#include "metadata/MetadataCopy.h"
 #include "metadata/MetadataWriter.h"
 #include "metadata/XMPEditor.h"
 
@@ -357,6 +358,76 @@ TEST_F(Writing, TakesThePlaceOutWhereverItIsTold) {
   EXPECT_THAT(Content(file), testing::EndsWith("\xFF\xD9")) << "and nothing behind the picture";
 }
 
+TEST_F(Writing, WhatAPhotoTellsGoesAlongWithACopy) {
+  for (const bool little : {false, true}) {
+    const FolderItem photo = folder.Write(
+        "photo.jpg", "\xFF\xD8" +
+                         Files::Segment(0xE1, std::string(kExifMark) + WithMakerNote({little})) +
+                         Jfif() + Rest());
+    Change(photo, {kArtist,
+                   {Act::kSet, kTiff, "0112", "6"},
+                   {Act::kSet, kGps, "0002", "51 30 26.4"},
+                   {Act::kAdd, kIptc, "25", "one"},
+                   {Act::kSet, kIptc, "90", "Gotham"},
+                   {Act::kSet, kXmp, "tiff:Orientation", "6"},
+                   {Act::kSet, kXmp, "xmp:Rating", "3"},
+                   {Act::kSet, kXmp, "photoshop:City", "Gotham"},
+                   {Act::kSet, kComment, "", "said"}});
+    const std::string bare = "\xFF\xD8" + Jfif() + Rest();
+    const MetadataCopy::Facts facts{40, 30, 1, "Ours", {}, "\xC2\xA9 Ada", std::string(50, 's')};
+    const FolderItem copy = folder.Write("copy.jpg", bare);
+    EXPECT_EQ(MetadataCopy(photo, MetadataCopy::Rule::kAll).Into(copy, facts), "");
+    auto data = Read(copy);
+    EXPECT_EQ(data->LittleEndian, little);
+    const auto noteAt = [&](const FolderItem& file) {
+      const std::string bytes = Content(file);
+      return bytes.find("note of a maker") - bytes.find(kExifMark);
+    };
+    EXPECT_EQ(noteAt(copy), noteAt(photo)) << "offsets in it count from the structure's begin";
+    EXPECT_EQ(data->TIFFData->StringValue("010F"), "Maker");
+    EXPECT_EQ(data->TIFFData->StringValue("013B"), "Anna Beispiel");
+    EXPECT_EQ(data->TIFFData->StringValue("8298"), "\xC2\xA9 Ada");
+    EXPECT_EQ(data->TIFFData->StringValue("0131"), "Ours");
+    EXPECT_EQ(NumberOf(data->TIFFData->Value("0112", 1)), 1);
+    EXPECT_EQ(data->TIFFData->StringValue("011A"), "72") << "as its JFIF segment says";
+    EXPECT_EQ(NumberOf(data->ExifData->Value("A002", 1)), 40);
+    EXPECT_EQ(data->GPSData->StringValue("0002"), "[51, 30, 26.4]");
+    EXPECT_EQ(data->IPTCData->StringValue("25"), "one");
+    EXPECT_EQ(data->IPTCData->StringValue("116"), "\xC2\xA9 Ada");
+    EXPECT_EQ(data->JPEGComment, "said");
+    EXPECT_EQ(NumberOf(data->Thumbnail->TIFFData->Value("0202", 1)), 50);
+    EXPECT_THAT(Content(copy), HasSubstr(std::string(50, 's')));
+    XMPProperties properties;
+    ASSERT_TRUE(ReadXMP(data->XMP, properties));
+    EXPECT_THAT(properties, testing::Contains(testing::Pair("tiff:Orientation", ElementsAre("1"))));
+    EXPECT_THAT(properties, testing::Contains(testing::Pair("xmp:Rating", ElementsAre("3"))));
+    EXPECT_TRUE(Content(copy).ends_with(Rest()));
+    // A TIFF has an order of its own.
+    const Files other{!little};
+    const FolderItem tiff = folder.Write(
+        "copy.tif", other.Header() + other.Directory(8, {{0x0100, 3, 1, other.Number(40, 2)},
+                                                         {0x0101, 3, 1, other.Number(30, 2)}}));
+    EXPECT_EQ(MetadataCopy(photo, MetadataCopy::Rule::kAll).Into(tiff, facts), "");
+    data = Read(tiff);
+    EXPECT_EQ(NumberOf(data->TIFFData->Value("0100", 1)), 40);
+    EXPECT_EQ(data->ExifData->StringValue("8827"), "200");
+    EXPECT_EQ(data->GPSData->StringValue("0002"), "[51, 30, 26.4]");
+    EXPECT_EQ(data->IPTCData->StringValue("25"), "one");
+    // Without place, and without anything.
+    folder.Write("copy.jpg", bare);
+    EXPECT_EQ(MetadataCopy(photo, MetadataCopy::Rule::kWithoutPlace).Into(copy, facts), "");
+    data = Read(copy);
+    EXPECT_EQ(data->GPSData, nullptr);
+    EXPECT_EQ(data->ExifData->StringValue("8827"), "200");
+    for (const char* gone : {"Gotham", "note of a maker"}) {
+      EXPECT_THAT(Content(copy), Not(HasSubstr(gone)));
+    }
+    folder.Write("copy.jpg", bare);
+    EXPECT_EQ(MetadataCopy(photo, MetadataCopy::Rule::kNone).Into(copy, {}), "");
+    EXPECT_EQ(Content(copy), bare);
+  }
+}
+
 TEST_F(Writing, RefusesWhatItWouldHarm) {
   const Files files{false};
   Refused(folder.Write("a.nef", files.Tiff()), kArtist, "raw");
@@ -407,6 +478,35 @@ TEST_F(CommandLine, MetadataIsChangedInPlace) {
     EXPECT_EQ(run.code, 2);
     EXPECT_THAT(run.err, HasSubstr(wrong.back()));
   }
+}
+
+TEST_F(CommandLine, WhatIsRenderedTellsWhatThePhotoTold) {
+  const std::string photo = Path("told.jpg");
+  std::string error;
+  ASSERT_TRUE(ImageIO::SaveAsJPEG(FolderItem(photo), TestPicture(300, 200, 1), 1, error));
+  ASSERT_EQ(Cli({"metadata", "--set", "EXIF.8827=200", "--set", "TIFF.0112=6", "--set",
+                 "GPS.0002=51 30 26.4", "--add", "IPTC.25=one", photo})
+                .code,
+            0);
+  for (const char* name : {"out.jpg", "out.tif"}) {
+    const std::string out = Path(name);
+    ASSERT_EQ(Cli({"render", photo, "-o", out}).code, 0);
+    const std::string told = Cli({"metadata", out}).out;
+    EXPECT_THAT(told, HasSubstr("ISO Speed Ratings: 200"));
+    EXPECT_THAT(told, HasSubstr("  Keywords: one\n"));
+    EXPECT_THAT(told, HasSubstr("Latitude: [51, 30, 26.4]"));
+    EXPECT_THAT(told, Not(HasSubstr("90 deg"))) << "it was turned upright";
+    ASSERT_EQ(Cli({"render", "--metadata", "without-place", photo, "-o", out}).code, 0);
+    EXPECT_THAT(Cli({"metadata", out}).out, Not(HasSubstr("Latitude")));
+    ASSERT_EQ(Cli({"render", "--metadata", "none", photo, "-o", out}).code, 0);
+    EXPECT_THAT(Cli({"metadata", out}).out, Not(HasSubstr("ISO")));
+    // In place, how it is turned stays.
+    ASSERT_EQ(Cli({"metadata", "--copy-from", photo, out}).code, 0);
+    EXPECT_THAT(Cli({"metadata", out}).out, HasSubstr("ISO Speed Ratings: 200"));
+    EXPECT_THAT(Cli({"metadata", out}).out, Not(HasSubstr("90 deg")));
+  }
+  EXPECT_EQ(Cli({"metadata", "--copy-from", Path("none.jpg"), Path("out.jpg")}).code, 1);
+  EXPECT_EQ(Cli({"render", "--metadata", "some", photo, "-o", Path("out.jpg")}).code, 2);
 }
 
 }  // namespace

@@ -2932,6 +2932,10 @@
         <source>The window can close as soon as all is done. If you end it now, what is done stays, and the rest is left out.</source>
         <translation>Das Fenster kann sich schließen, sobald alles getan ist. Beenden Sie es jetzt, bleibt, was getan ist, und der Rest unterbleibt.</translation>
     </message>
+    <message id="CarryMetadata.kDataLeftBehind">
+        <source>The copy &quot;&lt;filename&gt;&quot; is complete, but what the photo tells of itself could not go along.</source>
+        <translation>Die Kopie „&lt;filename&gt;“ ist vollständig, doch was das Foto von sich erzählt, konnte nicht mitgehen.</translation>
+    </message>
     <message id="MetadataWriter.kDamaged">
         <source>The data of &quot;&lt;filename&gt;&quot; cannot be changed: the file is damaged, and more might be lost.</source>
         <translation>Die Angaben von „&lt;filename&gt;“ lassen sich nicht ändern: Die Datei ist beschädigt, und mehr könnte verloren gehen.</translation>
