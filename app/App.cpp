@@ -25,7 +25,9 @@
 #include "kit/AnimationCore.h"
 #include "kit/Appearance.h"
 #include "kit/SvgIcon.h"
+#include "metadata/MetadataFields.h"
 #include "platform/services/SharedFolders.h"
+#include "platform/values/Text.h"
 
 namespace brivolant {
 namespace {
@@ -152,6 +154,12 @@ void App::SaveUserDetails() {
   preferences_->Assign("usersFullName", usersFullName);
   preferences_->Assign("userTagImages", userTagImages);
   preferences_->SynchronizeSoon();
+}
+
+std::string App::TagImageFile(const FolderItem& file) const {
+  if (!userTagImages) return {};
+  const std::string creator(Trim(usersFullName + "  " + usersContactLink));
+  return StampImage(file, creator, usersCopyright, CreatedWithString());
 }
 
 void App::Close() {

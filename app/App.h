@@ -96,6 +96,9 @@ class App final : public UserDetails {
   const std::vector<std::string>& RecentItem() const { return recent_->RecentItem(); }
   void BringToFront();
   void SaveUserDetails();
+  /// Stamps a picture that leaves the program with the user's name, link and copyright, if the user
+  /// wants that. Empty, or the sentence why it could not be done.
+  [[nodiscard]] std::string TagImageFile(const FolderItem& file) const;
   std::string CreatedWithString() const;
   void ShowAboutBox();
   void ShowPreferences();

@@ -8,9 +8,12 @@
 #include "files/FolderitemExtensions.h"
 #include "formats/ImageFile.h"
 #include "formats/iconObjectExtensions.h"
+#include "metadata/ImageMetaData.h"
+#include "metadata/PhotoFacts.h"
 #include "platform/codecs/Cancellation.h"
 #include "platform/codecs/ImageCodecs.h"
 #include "platform/values/Captions.h"
+#include "platform/values/Text.h"
 
 namespace brivolant {
 namespace {
@@ -25,6 +28,20 @@ std::string KindOf(const FolderItem& file, const ImageSource& source) {
   return kind.empty() ? FolderitemExtensions::Kind(file) : kind;
 }
 
+/// What the photo itself says: its caption in place of its name, when it was taken, whose it is.
+void AddTold(std::vector<std::string>& lines, const FolderItem& file) {
+  ImageMetaData data;
+  data.ReadFile(file);
+  const PhotoFacts facts = PhotoFacts::Of(data);
+  constexpr const char* kCaption = "120";
+  if (data.IPTCData && data.IPTCData->hasKey(kCaption)) {
+    const std::string caption = TextOf(data.IPTCData->Value(kCaption, 1));
+    if (!Trim(caption).empty()) lines.front() = caption;
+  }
+  FilePreviewer::AddTaken(lines, facts.Taken, Date::Now());
+  if (!facts.Copyright.empty()) lines.push_back(facts.Copyright);
+}
+
 }  // namespace
 
 void FilePreviewer::AddSize(std::vector<std::string>& lines, const std::string& kind, int width,
@@ -34,6 +51,12 @@ void FilePreviewer::AddSize(std::vector<std::string>& lines, const std::string& 
   constexpr int kDotsPerInch = 300;
   lines.push_back(kRecommendPrintSize.Text() + " " +
                   SharedPictureEffects::PrintSize(width, height, 0, false, kDotsPerInch, false));
+}
+
+void FilePreviewer::AddTaken(std::vector<std::string>& lines, const std::optional<Date>& taken,
+                             const Date& now) {
+  if (!taken) return;
+  lines.push_back(kTaken.Text() + FolderitemExtensions::RelativeDateTime(*taken, now));
 }
 
 void FilePreviewer::AddMaker(std::vector<std::string>& lines, const std::string& creator,
@@ -67,6 +90,7 @@ FilePreview FilePreviewer::Of(const FolderItem& file, int longest, bool lines) c
         const int width = turned ? properties.value->Height : properties.value->Width;
         const int height = turned ? properties.value->Width : properties.value->Height;
         AddSize(preview.Lines, KindOf(file, **source.value), width, height);
+        AddTold(preview.Lines, file);
         return preview;
       }
     }

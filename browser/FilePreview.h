@@ -33,6 +33,7 @@ class FilePreviewer {
   static constexpr LocalizedText kRecommendPrintSize{"SharedPictureEffects.kRecommendPrintSize",
                                                      "Recommended Print Size:"};
   static constexpr LocalizedText kCreated{"multiViewFileBrowser.kCreated", "Created: "};
+  static constexpr LocalizedText kTaken{"multiViewFileBrowser.kTaken", "Taken: "};
 
   /// The preview of a file of the program's own kinds; nothing for any other file. The lines are
   /// left out unless they are asked for.
@@ -44,6 +45,9 @@ class FilePreviewer {
   /// "JPEG image, 12.0 Megapixel (4000 x 3000)" and the print size.
   static void AddSize(std::vector<std::string>& lines, const std::string& kind, int width,
                       int height);
+  /// When a photo was taken; nothing if it does not tell.
+  static void AddTaken(std::vector<std::string>& lines, const std::optional<Date>& taken,
+                       const Date& now);
   /// Maker and link, then the day; of files that say who made them.
   static void AddMaker(std::vector<std::string>& lines, const std::string& creator,
                        const std::string& link, const Date& created, const Date& now);

@@ -10,9 +10,11 @@
 #include "cli/Texts.h"
 #include "metadata/ImageMetaData.h"
 #include "metadata/MetadataCopy.h"
+#include "metadata/MetadataFields.h"
 #include "metadata/MetadataWriter.h"
 #include "platform/codecs/ImageCodecs.h"
 #include "platform/values/Numbers.h"
+#include "platform/values/Text.h"
 
 namespace brivolant::cli {
 namespace {
@@ -209,13 +211,55 @@ std::string CopyInto(const FolderItem& file, const FolderItem& from) {
   return MetadataCopy(from, MetadataCopy::Rule::kAll).Into(file, facts);
 }
 
+/// "creator=Ada": what stands in several places of a file. Several keywords have commas between.
+struct FieldText {
+  MetadataField Field;
+  std::vector<std::string> Texts;
+};
+std::optional<FieldText> FieldFromText(const std::string& text) {
+  const std::size_t equals = text.find('=');
+  const auto field = MetadataFieldNamed(text.substr(0, equals));
+  if (!field || equals == std::string::npos) return {};
+  FieldText result{*field, {}};
+  const std::string value = text.substr(equals + 1);
+  if (*field != MetadataField::kKeywords) {
+    if (!value.empty()) result.Texts.push_back(value);
+    return result;
+  }
+  for (const std::string_view word : Split(value, ',')) {
+    if (!Trim(word).empty()) result.Texts.emplace_back(Trim(word));
+  }
+  return result;
+}
+
+/// Empty, or the sentence why not.
+std::string SetFields(const FolderItem& file, const std::vector<FieldText>& fields) {
+  ImageMetaData held;
+  held.ReadFile(file);
+  std::vector<MetadataChange> all;
+  for (const FieldText& field : fields) {
+    const auto changes = ChangesOf(field.Field, field.Texts, held);
+    if (!changes) {
+      return WithPlaceholders(MetadataWriter::kNotThis.Text(),
+                              {{"<filename>", file.DisplayName()}, {"<tag>", field.Texts.front()}});
+    }
+    all.insert(all.end(), changes->begin(), changes->end());
+  }
+  return all.empty() ? std::string() : MetadataWriter::Write(file, all);
+}
+
 int WriteMetadata(const MetadataOptions& options) {
   std::vector<MetadataChange> changes;
+  std::vector<FieldText> fields;
   using Act = MetadataChange::Act;
   for (const auto& [act, texts] :
        {std::pair(Act::kSet, &options.set), std::pair(Act::kAdd, &options.add),
         std::pair(Act::kRemove, &options.remove)}) {
     for (const std::string& text : *texts) {
+      if (auto field = act == Act::kSet ? FieldFromText(text) : std::nullopt) {
+        fields.push_back(std::move(*field));
+        continue;
+      }
       auto change = ChangeFromText(act, text);
       if (!change) {
         PrintError(WithPlaceholders(texts::kBadTag.Text(), {{"<text>", text}}));
@@ -238,6 +282,7 @@ int WriteMetadata(const MetadataOptions& options) {
                                                                    : MetadataWriter::Strip::kPlace);
       }
       if (error.empty() && !options.from.empty()) error = CopyInto(file, FolderItem(options.from));
+      if (error.empty() && !fields.empty()) error = SetFields(file, fields);
       if (error.empty() && !changes.empty()) error = MetadataWriter::Write(file, changes);
       return true;
     });

@@ -40,7 +40,9 @@ inline constexpr LocalizedText kFormats{"cli.kFormats", "List the image formats"
 inline constexpr LocalizedText kMetadata{"cli.kMetadata",
                                          "Show or change what photos tell of themselves"};
 inline constexpr LocalizedText kMetadataSet{
-    "cli.kMetadataSet", "Set a tag of the files, \"Block.Tag=Value\" (repeatable)"};
+    "cli.kMetadataSet",
+    "Set a tag of the files, \"Block.Tag=Value\", or what stands in several places: title, "
+    "description, creator, copyright, keywords, rating, taken, city, state, country (repeatable)"};
 inline constexpr LocalizedText kMetadataAdd{
     "cli.kMetadataAdd", "Add a value to the list of a tag, \"Block.Tag=Value\" (repeatable)"};
 inline constexpr LocalizedText kMetadataRemove{"cli.kMetadataRemove",

@@ -13,7 +13,9 @@
 #include "MetadataFiles.h"
 #include "metadata/ImageMetaData.h"
 #include "metadata/MetadataCopy.h"
+#include "metadata/MetadataFields.h"
 #include "metadata/MetadataWriter.h"
+#include "metadata/PhotoFacts.h"
 #include "metadata/XMPEditor.h"
 
 namespace brivolant::test {
@@ -428,6 +430,90 @@ TEST_F(Writing, WhatAPhotoTellsGoesAlongWithACopy) {
   }
 }
 
+TEST_F(Writing, FactsOfAPhotoComeFromWhicheverPlaceTellsThem) {
+  const FolderItem file = Jpeg(Jfif());
+  Change(file, {{Act::kSet, kXmp, "dc:title", "of XMP"},
+                {Act::kSet, kXmp, "dc:creator", "of XMP"},
+                {Act::kAdd, kXmp, "dc:subject", "one"},
+                {Act::kAdd, kXmp, "dc:subject", "two"},
+                {Act::kSet, kXmp, "xmp:CreateDate", "2020-01-02T03:04:05"}});
+  PhotoFacts facts = PhotoFacts::Of(file);
+  EXPECT_EQ(facts.Title, "of XMP");
+  EXPECT_EQ(facts.Creator, "of XMP");
+  EXPECT_THAT(facts.Keywords, ElementsAre("one", "two"));
+  EXPECT_EQ(facts.Taken, (Date{2020, 1, 2, 3, 4, 5}));
+  EXPECT_EQ(facts.Camera + facts.Exposure, "");
+  Change(file, {kArtist,
+                {Act::kSet, kIptc, "5", "of IPTC"},
+                {Act::kAdd, kIptc, "25", "three"},
+                {Act::kSet, kTiff, "010F", "NIKON CORPORATION"},
+                {Act::kSet, kTiff, "0110", "NIKON D70"},
+                {Act::kSet, kExif, "829A", "1/250"},
+                {Act::kSet, kExif, "829D", "5.6"},
+                {Act::kSet, kExif, "8827", "200"},
+                {Act::kSet, kExif, "A434", "A lens"},
+                {Act::kSet, kExif, "9003", "2008:10:22 16:28:39"}});
+  facts = PhotoFacts::Of(file);
+  EXPECT_EQ(facts.Title, "of IPTC");
+  EXPECT_EQ(facts.Creator, "Anna Beispiel");
+  EXPECT_THAT(facts.Keywords, ElementsAre("three"));
+  EXPECT_EQ(facts.Camera, "NIKON D70");
+  EXPECT_EQ(facts.Lens, "A lens");
+  EXPECT_EQ(facts.Exposure, "1/250 s, f/5.6, ISO 200");
+  EXPECT_EQ(facts.Taken, (Date{2008, 10, 22, 16, 28, 39}));
+  for (const char* none : {"", "    :  :     :  :  ", "0000:00:00 00:00:00", "2020:13:01 00:00:00",
+                           "2020:02:30 00:00:00", "yesterday at noon"}) {
+    EXPECT_EQ(DateFromExif(none), std::nullopt) << none;
+  }
+  EXPECT_EQ(DateFromExif("2020:02:29"), (Date{2020, 2, 29, 0, 0, 0}));
+}
+
+TEST_F(Writing, OneValueIsOneTruthInEveryPlaceThatTellsIt) {
+  const FolderItem file = Jpeg(Jfif());
+  const auto set = [&](MetadataField field, const std::vector<std::string>& texts) {
+    const auto changes = ChangesOf(field, texts, *Read(file));
+    ASSERT_TRUE(changes);
+    Change(file, *changes);
+  };
+  // Places that say nothing stay silent, but for the field's own.
+  set(MetadataField::kCreator, {"Ada"});
+  EXPECT_EQ(Read(file)->IPTCData, nullptr);
+  Change(file, {{Act::kSet, kIptc, "80", "Anna"},
+                {Act::kSet, kTiff, "9C9D", "Anna"},
+                {Act::kAdd, kIptc, "25", "old"},
+                {Act::kSet, kTiff, "9C9E", "old"},
+                {Act::kSet, kIptc, "55", "20000101"},
+                {Act::kSet, kIptc, "60", "000000"}});
+  set(MetadataField::kCreator, {"Gr\xC3\xA4"
+                                "fin"});
+  set(MetadataField::kKeywords, {"one", "two"});
+  set(MetadataField::kTaken, {"2008-10-22 16:28:39"});
+  set(MetadataField::kRating, {"4"});
+  const auto data = Read(file);
+  XMPProperties xmp;
+  ASSERT_TRUE(ReadXMP(data->XMP, xmp));
+  const std::string name =
+      "Gr\xC3\xA4"
+      "fin";
+  EXPECT_EQ(data->TIFFData->StringValue("013B"), name);
+  EXPECT_EQ(data->TIFFData->StringValue("9C9D"), name);
+  EXPECT_EQ(data->IPTCData->StringValue("80"), name);
+  EXPECT_THAT(xmp, testing::Contains(testing::Pair("dc:creator", ElementsAre(name))));
+  EXPECT_EQ(data->IPTCData->StringValue("25"), "[one, two]");
+  EXPECT_EQ(data->TIFFData->StringValue("9C9E"), "one;two");
+  EXPECT_THAT(xmp, testing::Contains(testing::Pair("dc:subject", ElementsAre("one", "two"))));
+  EXPECT_EQ(data->ExifData->StringValue("9003"), "2008:10:22 16:28:39");
+  EXPECT_EQ(data->IPTCData->StringValue("55") + data->IPTCData->StringValue("60"),
+            "20081022162839");
+  EXPECT_THAT(xmp, testing::Contains(
+                       testing::Pair("photoshop:DateCreated", ElementsAre("2008-10-22T16:28:39"))));
+  set(MetadataField::kKeywords, {});
+  EXPECT_FALSE(Read(file)->IPTCData->hasKey("25"));
+  EXPECT_THAT(PhotoFacts::Of(file).Keywords, testing::IsEmpty());
+  EXPECT_FALSE(ChangesOf(MetadataField::kTaken, {"2008-13-22 16:28:39"}, *data));
+  EXPECT_FALSE(ChangesOf(MetadataField::kRating, {"6"}, *data));
+}
+
 TEST_F(Writing, RefusesWhatItWouldHarm) {
   const Files files{false};
   Refused(folder.Write("a.nef", files.Tiff()), kArtist, "raw");
@@ -466,6 +552,15 @@ TEST_F(CommandLine, MetadataIsChangedInPlace) {
   EXPECT_THAT(run.out, HasSubstr("  Artist: Anna = Beispiel\n"));
   EXPECT_THAT(run.out, HasSubstr("  Keywords: [one, two]\n"));
   EXPECT_THAT(run.out, Not(HasSubstr("Maker")));
+  EXPECT_EQ(Cli({"metadata", "--set", "creator=Ada", "--set", "keywords=sea, sand", photo}).code,
+            0);
+  run = Cli({"metadata", photo});
+  EXPECT_THAT(run.out, HasSubstr("  Artist: Ada\n"));
+  EXPECT_THAT(run.out, HasSubstr("  Keywords: [sea, sand]\n"));
+  EXPECT_THAT(run.out, HasSubstr("  dc:creator: Ada\n"));
+  run = Cli({"metadata", "--set", "taken=yesterday", photo});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_THAT(run.err, HasSubstr("photo.tif"));
   EXPECT_EQ(Cli({"metadata", "--strip", "gps", photo}).code, 0);
   EXPECT_THAT(Cli({"metadata", photo}).out, Not(HasSubstr("GPS\n")));
   for (const std::vector<std::string>& wrong : {std::vector<std::string>{"--set", "TIFF.013B"},

@@ -8,6 +8,7 @@
 #include "files/FolderitemExtensions.h"
 #include "formats/BrivolantDocument.h"
 #include "formats/FileTypes.h"
+#include "metadata/PhotoFacts.h"
 #include "platform/codecs/ImageCodecs.h"
 
 namespace brivolant {
@@ -48,6 +49,9 @@ FilePreview OfDocument(const FolderItem& file, int longest, bool lines) {
       FilePreviewer::AddSize(preview.Lines, BrivolantPhotosDocument.Name.Text(), size.value->Width,
                              size.value->Height);
     }
+  }
+  if (original) {
+    FilePreviewer::AddTaken(preview.Lines, PhotoFacts::Of(original).Taken, Date::Now());
   }
   if (!document.Copyright.empty()) preview.Lines.push_back(document.Copyright);
   return preview;

@@ -3036,6 +3036,10 @@
         <source>Recommended Print Size:</source>
         <translation>Empfohlene Druckgröße:</translation>
     </message>
+    <message id="multiViewFileBrowser.kTaken">
+        <source>Taken: </source>
+        <translation>Aufgenommen: </translation>
+    </message>
     <message id="multiViewFileBrowser.kCreated">
         <source>Created: </source>
         <translation>Erstellt: </translation>

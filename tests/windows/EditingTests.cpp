@@ -13,6 +13,9 @@
 #include "effects/styles/OneClickWonderStorage.h"
 #include "kit/ifkSegmentView.h"
 #include "kit/templateSelector.h"
+#include "metadata/ImageMetaData.h"
+#include "metadata/MetadataWriter.h"
+#include "metadata/PhotoFacts.h"
 
 namespace brivolant::test {
 namespace {
@@ -30,6 +33,45 @@ void UndoOne(Program& program) {
   program.Choose("RotateAndFlipFlipHorizontally");
   program.Choose("EditUndo");
   ASSERT_TRUE(program.Window().UndoGizmo.RedoAvailable());
+}
+
+TEST(Copies, CarryWhatThePhotoToldAndAreStampedForOthers) {
+  Program program;
+  const FolderItem photo = program.Photo("told.jpg", 300, 200);
+  using enum MetadataBlock;
+  using Act = MetadataChange::Act;
+  const std::vector<MetadataChange> changes{{Act::kSet, kExif, "8827", "200"},
+                                            {Act::kSet, kTiff, "0112", "6"},
+                                            {Act::kSet, kIptc, "80", "Anna"}};
+  ASSERT_EQ(MetadataWriter::Write(photo, changes), "");
+  program.OpenPhoto(photo);
+  const FolderItem copy = photo.Parent().Child("copy.jpg");
+  program.fileDialogs.files = {copy};
+  program.Choose("FileSaveACopyAs");
+  program.Finish();
+  ASSERT_TRUE(copy.Exists());
+  ImageMetaData data;
+  data.ReadFile(copy);
+  EXPECT_EQ(data.ExifData->StringValue("8827"), "200");
+  EXPECT_EQ(NumberOf(data.TIFFData->Value("0112", 1)), 1);
+  EXPECT_EQ(NumberOf(data.ExifData->Value("A002", 1)), 200);
+  EXPECT_TRUE(data.Thumbnail->TIFFData->hasKey("0202"));
+  EXPECT_THAT(data.TIFFData->StringValue("0131"), testing::StartsWith("Brivolant Photos"));
+  // For others, with what the user wants to be known by; what is empty leaves what stands.
+  program.app->usersFullName = "Ada Lens";
+  program.app->usersContactLink = "";
+  program.app->usersCopyright = "";
+  EXPECT_EQ(program.app->TagImageFile(copy), "");
+  const PhotoFacts facts = PhotoFacts::Of(copy);
+  EXPECT_EQ(facts.Creator, "Ada Lens");
+  ImageMetaData stamped;
+  stamped.ReadFile(copy);
+  EXPECT_EQ(stamped.IPTCData->StringValue("80"), "Ada Lens") << "one truth";
+  EXPECT_EQ(stamped.TIFFData->StringValue("9C9D"), "Ada Lens");
+  program.app->userTagImages = false;
+  program.app->usersFullName = "Nobody";
+  EXPECT_EQ(program.app->TagImageFile(copy), "");
+  EXPECT_EQ(PhotoFacts::Of(copy).Creator, "Ada Lens");
 }
 
 TEST(Arriving, FilesWaitWhileAQuestionIsOpen) {

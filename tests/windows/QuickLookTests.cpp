@@ -15,6 +15,7 @@
 #include "browser/ui/ColumnPreview.h"
 #include "effects/styles/OneClickWonder.h"
 #include "kit/ifkSplitter.h"
+#include "metadata/MetadataWriter.h"
 #include "platform/codecs/ImageCodecs.h"
 #include "platform/files/BinaryStream.h"
 
@@ -22,6 +23,24 @@ namespace brivolant::test {
 namespace {
 
 using testing::ElementsAre;
+
+TEST(Columns, TellWhatThePhotoTellsOfItself) {
+  const EnglishNumbers english;
+  Browsing program({"a.jpg"});
+  using enum MetadataBlock;
+  using Act = MetadataChange::Act;
+  const std::vector<MetadataChange> changes{{Act::kSet, kExif, "9003", "2008:10:22 16:28:39"},
+                                            {Act::kSet, kIptc, "120", "On the beach"},
+                                            {Act::kSet, kTiff, "8298", "\xC2\xA9 Ada"}};
+  ASSERT_EQ(MetadataWriter::Write(program.Pictures().Child("a.jpg"), changes), "");
+  ASSERT_TRUE(program.Shows({"a.jpg"}));
+  program.Choose("ViewAsColumns");
+  Click(program.Grid(), program.Cell(0));
+  ExpectSoon([&] { return program.Browser().previewCanvas().columnPreviewDisplayData(); },
+             ElementsAre("On the beach", testing::_, testing::_,
+                         testing::AllOf(testing::StartsWith("Taken: "), testing::HasSubstr("10/22/08")),
+                         "\xC2\xA9 Ada"));
+}
 
 TEST(Columns, ShowWhatIsSelectedWithLinesThatCanBeHidden) {
   const EnglishNumbers english;
