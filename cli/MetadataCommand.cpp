@@ -208,19 +208,23 @@ std::string CopyInto(const FolderItem& file, const FolderItem& from) {
   const double turned =
       data.TIFFData ? NumberOf(data.TIFFData->Lookup("0112", TagValue(1U), 1)) : 1;
   if (turned >= 1 && turned <= 8) facts.Orientation = static_cast<int>(turned);
-  return MetadataCopy(from, MetadataCopy::Rule::kAll).Into(file, facts);
+  facts.SRGB = false;
+  const MetadataCopy copy(from, MetadataCopy::Rule::kAll);
+  if (!copy.Good()) return texts::Of(codecTexts::kUnreadable, from.DisplayName());
+  return copy.Into(file, facts);
 }
 
 /// "creator=Ada": what stands in several places of a file. Several keywords have commas between.
 struct FieldText {
   MetadataField Field;
+  std::string Name;
   std::vector<std::string> Texts;
 };
 std::optional<FieldText> FieldFromText(const std::string& text) {
   const std::size_t equals = text.find('=');
   const auto field = MetadataFieldNamed(text.substr(0, equals));
   if (!field || equals == std::string::npos) return {};
-  FieldText result{*field, {}};
+  FieldText result{*field, text.substr(0, equals), {}};
   const std::string value = text.substr(equals + 1);
   if (*field != MetadataField::kKeywords) {
     if (!value.empty()) result.Texts.push_back(value);
@@ -241,7 +245,7 @@ std::string SetFields(const FolderItem& file, const std::vector<FieldText>& fiel
     const auto changes = ChangesOf(field.Field, field.Texts, held);
     if (!changes) {
       return WithPlaceholders(MetadataWriter::kNotThis.Text(),
-                              {{"<filename>", file.DisplayName()}, {"<tag>", field.Texts.front()}});
+                              {{"<filename>", file.DisplayName()}, {"<tag>", field.Name}});
     }
     all.insert(all.end(), changes->begin(), changes->end());
   }

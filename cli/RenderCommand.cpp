@@ -99,7 +99,7 @@ bool RenderFile(const FolderItem& input, const FolderItem& output, const EditOpt
   const bool saved = file.SaveUnderThisName();
   error = file.LastError;
   if (saved &&
-      !CarryMetadata(document.originalImageFile, output, file.FileType, options.metadata,
+      !CarryMetadata(document.OriginalSource(), output, file.FileType, options.metadata,
                      file.FirstImage()->Picture(), worker.services.UserDetails.CreatedWith())) {
     PrintError(texts::Of(kDataLeftBehind, output.DisplayName()));
   }

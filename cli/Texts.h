@@ -50,7 +50,7 @@ inline constexpr LocalizedText kMetadataRemove{"cli.kMetadataRemove",
 inline constexpr LocalizedText kMetadataStrip{
     "cli.kMetadataStrip", "Remove where the photo was taken, or everything: gps or all"};
 inline constexpr LocalizedText kMetadataFrom{
-    "cli.kMetadataFrom", "Take what this photo tells of itself, in place of what the files do"};
+    "cli.kMetadataFrom", "Take what this photo tells of itself; what it does not tell stays"};
 inline constexpr LocalizedText kCarried{
     "cli.kCarried", "What of the photo's own data goes along: all, without-place or none"};
 inline constexpr LocalizedText kBadTag{

@@ -19,7 +19,10 @@ bool CarryMetadata(const FolderItem& photo, const FolderItem& file, std::string_
     facts.Thumbnail = EncodeJpegBytes({SharedPictureEffects::Scale(
         picture, kLongest, kLongest, SharedPictureEffects::kScaleToFit)});
   }
-  return MetadataCopy(photo, rule).Into(file, facts).empty();
+  const MetadataCopy copy(photo, rule);
+  // One whose data nobody here can read leaves it behind.
+  const bool told = photo.IsNil() || copy.Good();
+  return copy.Into(file, facts).empty() && told;
 }
 
 }  // namespace brivolant

@@ -46,9 +46,8 @@ Outcome Run(const Job& job, const Services& services, const std::function<bool(d
   const std::array<EncodeImage, 1> images{{{result, job.Quality}}};
   error = EncodeImageFile(working, job.Type, images);
   if (!error.empty()) return Outcome::kFailed;
-  const bool carried =
-      job.Photo.IsNil() || CarryMetadata(job.Photo, working, job.Type, job.Metadata, result,
-                                         services.UserDetails.CreatedWith());
+  const bool carried = CarryMetadata(job.Photo, working, job.Type, job.Metadata, result,
+                                     services.UserDetails.CreatedWith());
   const auto lacks = [&] {
     if (!carried) {
       error = WithPlaceholders(kDataLeftBehind.Text(), {{"<filename>", job.File.DisplayName()}});

@@ -154,6 +154,8 @@ class BrivolantDocument {
   /// sentence why not: a damaged original may be read better one day, so it is never replaced by
   /// what came of it.
   std::string WhyNotWriteTo(const FolderItem& file) const;
+  /// Where the original's own bytes can be had; nil if nowhere any more.
+  FolderItem OriginalSource() const;
   /// Version read or last written.
   int FileDataVersion = 0;
 
@@ -164,8 +166,6 @@ class BrivolantDocument {
   FolderItem OriginalFile() const;
   /// The original as HoldFiles keeps it, or nil.
   FolderItem HeldOriginal() const;
-  /// Where the original's own bytes can be had; nil if nowhere any more.
-  FolderItem OriginalSource() const;
   /// Reads the original into its place. False, and lastErrorMessage says why, on failure.
   bool ReadOriginal(const FolderItem& file);
 

@@ -138,7 +138,8 @@ void DirectoryEditor::ReadStructure(MetadataStream& stream, bool alsoRaw) {
   const std::uint64_t at = stream.ReadUInt32();
   const auto follow = [&](Directory directory, std::uint64_t offset) {
     if (offset < kHeader || offset >= length_ || directories_.at(directory).there) return;
-    directories_.at(directory) = ReadListing(stream, offset);
+    const bool chained = directory == kFirst || directory == kThumbnail || directory == kSub;
+    directories_.at(directory) = ReadListing(stream, offset, chained);
   };
   const auto link = [&](Directory from, int tag, Directory to) {
     const Entry* entry = Find(from, tag);
@@ -160,13 +161,13 @@ void DirectoryEditor::ReadStructure(MetadataStream& stream, bool alsoRaw) {
   link(kFirst, kGpsLink, kGps);
   link(kFirst, kSubLink, kSub);
   link(kExif, kInteropLink, kInterop);
-  known_.push_back({0, kHeader});
-  ReadAll(stream, at, 0);
+  Know(0, kHeader);
+  ReadAll(stream, at, 0, true);
   std::ranges::sort(known_, {}, &Range::at);
 }
 
-DirectoryEditor::Listing DirectoryEditor::ReadListing(MetadataStream& stream,
-                                                      std::uint64_t at) const {
+DirectoryEditor::Listing DirectoryEditor::ReadListing(MetadataStream& stream, std::uint64_t at,
+                                                      bool chained) const {
   Listing listing;
   listing.there = true;
   listing.at = at;
@@ -197,36 +198,57 @@ DirectoryEditor::Listing DirectoryEditor::ReadListing(MetadataStream& stream,
   } else {
     listing.next = stream.ReadUInt32();
   }
+  // Nothing follows an Exif or a GPS directory; some leave out the field that would say so.
+  if (!chained && listing.next != 0) {
+    listing.room -= 4;
+    listing.next = 0;
+  }
   return listing;
 }
 
-void DirectoryEditor::ReadAll(MetadataStream& stream, std::uint64_t at, int depth) {
+void DirectoryEditor::Know(std::uint64_t at, std::uint64_t length) {
+  // Whoever has more of them is appended to, never overwritten.
+  constexpr std::size_t kMost = std::size_t{1} << 20;
+  if (known_.size() < kMost) {
+    known_.push_back({at, length});
+  } else {
+    allKnown_ = false;
+  }
+}
+
+void DirectoryEditor::ReadAll(MetadataStream& stream, std::uint64_t at, int depth, bool chained) {
   while (at >= kHeader && at < length_) {
-    if (std::ranges::find(read_, at) != read_.end()) return;
+    if (std::ranges::find(read_, at) != read_.end()) {
+      // Two places lead here, and one of them would be left behind if it moved.
+      allKnown_ = false;
+      return;
+    }
     if (read_.size() >= kMostDirectories || depth > kDeepest) {
       allKnown_ = false;
       return;
     }
     read_.push_back(at);
-    const Listing listing = ReadListing(stream, at);
+    const Listing listing = ReadListing(stream, at, chained);
     if (!listing.whole) {
       allKnown_ = false;
       return;
     }
-    known_.push_back({at, listing.room});
+    Know(at, listing.room);
     for (const Entry& entry : listing.entries) {
-      if (entry.at != 0 && entry.length != 0) known_.push_back({entry.at, entry.length});
+      if (entry.at != 0 && entry.length != 0) Know(entry.at, entry.length);
       const bool leads = entry.tag == kExifLink || entry.tag == kGpsLink ||
                          entry.tag == kInteropLink || entry.tag == kSubLink ||
                          entry.type == kDirectoryType;
       if (!leads || SizeOfType(entry.type) != 4) continue;
+      morePlaces_ = morePlaces_ || (entry.tag == kGpsLink && at != directories_.at(kFirst).at);
+      const bool goesOn = entry.tag == kSubLink;
       if (entry.at == 0) {
-        ReadAll(stream, Offset(entry.field, little_), depth + 1);
+        ReadAll(stream, Offset(entry.field, little_), depth + 1, goesOn);
         continue;
       }
       for (std::uint64_t i = 0; i < entry.length / 4 && i < kMostDirectories; ++i) {
         stream.Position(base_ + entry.at + 4 * i);
-        ReadAll(stream, stream.ReadUInt32(), depth + 1);
+        ReadAll(stream, stream.ReadUInt32(), depth + 1, goesOn);
       }
     }
     KnowPictures(stream, listing);
@@ -242,21 +264,30 @@ void DirectoryEditor::KnowPictures(MetadataStream& stream, const Listing& listin
     const std::string bytes = EntryBytes(stream, *found);
     const auto size = static_cast<std::size_t>(SizeOfType(found->type));
     if (size != 2 && size != 4) return values;
+    values.reserve(bytes.size() / size);
     for (std::size_t at = 0; at + size <= bytes.size(); at += size) {
       std::string four(bytes, at, size);
       // A short number is the low half of a long one.
-      if (size == 2) four = little_ ? four + std::string(2, '\0') : std::string(2, '\0') + four;
+      four.insert(little_ ? four.size() : 0, 4 - size, '\0');
       values.push_back(Offset(four, little_));
     }
     return values;
   };
+  constexpr std::array kMosaics{0x8023U, 0x884CU};
+  const auto photometric = numbers(0x0106);
+  raw_ =
+      raw_ || std::ranges::find(listing.entries, 0xC612, &Entry::tag) != listing.entries.end() ||
+      (!photometric.empty() && std::ranges::find(kMosaics, photometric.front()) != kMosaics.end());
   // Strips, tiles, and the picture of a thumbnail.
   for (const auto& [offsets, lengths] :
        {std::pair(0x0111, 0x0117), std::pair(0x0144, 0x0145), std::pair(0x0201, 0x0202)}) {
     const std::vector<std::uint64_t> places = numbers(offsets);
     const std::vector<std::uint64_t> sizes = numbers(lengths);
+    // Pixels of an unknown length may lie anywhere.
+    if (places.size() != sizes.size()) allKnown_ = false;
     for (std::size_t i = 0; i < places.size() && i < sizes.size(); ++i) {
-      if (sizes[i] > 0) known_.push_back({places[i], sizes[i]});
+      if (sizes[i] == 0) allKnown_ = false;
+      Know(places[i], sizes[i]);
     }
   }
 }
@@ -387,6 +418,12 @@ bool DirectoryEditor::SetAt(Directory directory, int tag, int type, std::string 
   return true;
 }
 
+std::uint64_t DirectoryEditor::LengthOf(Directory directory, int tag) const {
+  const Entry* entry = Find(directory, tag);
+  if (entry == nullptr) return 0;
+  return entry->changed ? entry->bytes.size() : entry->length;
+}
+
 std::uint64_t DirectoryEditor::PlaceOf(Directory directory, int tag) const {
   const Entry* entry = Find(directory, tag);
   return entry == nullptr ? 0 : entry->at;
@@ -424,7 +461,12 @@ bool DirectoryEditor::Alone(const Range& range) const {
 }
 
 void DirectoryEditor::Free(const Range& range) {
-  if (range.at != 0 && range.length != 0 && Alone(range)) freed_.push_back(range);
+  if (range.at == 0 || range.length == 0) return;
+  if (Alone(range)) {
+    freed_.push_back(range);
+  } else {
+    left_ = true;
+  }
 }
 
 std::uint64_t DirectoryEditor::Append(std::uint64_t length) {
@@ -496,7 +538,7 @@ bool DirectoryEditor::TakeOut(const Range& range) {
     for (Entry& entry : listing.entries) {
       // Nobody knows from where a maker's offsets count.
       if (entry.tag == kMakerNote || entry.length == 0 || !same(entry.at, entry.length)) continue;
-      if (!entry.changed) entry.bytes = BytesOf(directory, entry.tag);
+      if (!entry.changed) entry.bytes = EntryBytes(*stream_, entry);
       entry.changed = true;
       entry.at = 0;
       listing.changed = true;

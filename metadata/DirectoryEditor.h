@@ -36,6 +36,12 @@ class DirectoryEditor {
   explicit DirectoryEditor(MetadataStream& stream, bool alsoRaw = false);
 
   bool Good() const { return good_; }
+  /// One of the directories says that it holds a sensor's own data.
+  bool Raw() const { return raw_; }
+  /// Another directory than the first tells a place too.
+  bool MorePlaces() const { return morePlaces_; }
+  /// Something that was taken out is still among the bytes, since something else lies there too.
+  bool Left() const { return left_; }
   bool LittleEndian() const { return little_; }
   bool Has(Directory directory) const { return directories_.at(directory).there; }
   bool Has(Directory directory, int tag) const { return Find(directory, tag) != nullptr; }
@@ -56,6 +62,7 @@ class DirectoryEditor {
   /// False if something stands there; what comes later stands behind it.
   [[nodiscard]] bool SetAt(Directory directory, int tag, int type, std::string bytes,
                            std::uint64_t at);
+  std::uint64_t LengthOf(Directory directory, int tag) const;
   /// Where a value stands; 0 for one within its entry.
   std::uint64_t PlaceOf(Directory directory, int tag) const;
   /// The small picture that a structure holds, a JPEG, in place of what there was.
@@ -106,8 +113,10 @@ class DirectoryEditor {
 
   static void Sort(std::vector<Entry>& entries);
   void ReadStructure(MetadataStream& stream, bool alsoRaw);
-  Listing ReadListing(MetadataStream& stream, std::uint64_t at) const;
-  void ReadAll(MetadataStream& stream, std::uint64_t at, int depth);
+  /// `chained`: another of its kind may follow.
+  Listing ReadListing(MetadataStream& stream, std::uint64_t at, bool chained) const;
+  void ReadAll(MetadataStream& stream, std::uint64_t at, int depth, bool chained);
+  void Know(std::uint64_t at, std::uint64_t length);
   void KnowPictures(MetadataStream& stream, const Listing& listing);
   std::string EntryBytes(MetadataStream& stream, const Entry& entry) const;
   const Entry* Find(Directory directory, int tag) const;
@@ -133,6 +142,9 @@ class DirectoryEditor {
   /// Everything that is known to lie in the structure, sorted; with what lies there twice.
   std::vector<Range> known_;
   bool allKnown_ = true;
+  bool raw_ = false;
+  bool left_ = false;
+  bool morePlaces_ = false;
   std::vector<std::uint64_t> read_;
   std::vector<Range> freed_;
   std::vector<BytePatch> patches_;

@@ -162,9 +162,13 @@ bool ImageMetaData::ReadEntries(MetadataStream& stream, Block block, int count,
     std::uint64_t at = stream.Position();
     if (bytes > 4) at = TIFFHeaderOffSet + stream.ReadUInt32();
     stream.Position(at);
+    constexpr std::uint64_t kFree = std::uint64_t{1} << 20;
     if (at > stream.Length() || bytes > stream.Remaining()) {
       AppendToStringResult("Tag " + tag + " lies beyond the end of the file.");
+    } else if (taken_ + bytes > 2 * stream.Length() + kFree) {
+      AppendToStringResult("Tag " + tag + " is more than a file of this length can tell.");
     } else {
+      taken_ += bytes;
       std::vector<TagValue> values = Values(type, stream.Read(bytes), stream.LittleEndian);
       if (!TakeLink(stream, block, tag, values, at, bytes, links)) {
         data.AddData(tag, type, std::move(values));

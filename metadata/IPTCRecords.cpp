@@ -40,11 +40,18 @@ IPTCRecords::IPTCRecords(std::string_view bytes) {
     std::size_t length = stream.ReadUInt16();
     if ((length & kExtended) != 0) {
       const std::size_t count = length & kLongestPlain;
-      if (count > 4) return;
+      if (count > 4) {
+        whole_ = false;
+        return;
+      }
       length = 0;
       for (std::size_t i = 0; i < count; ++i) length = length << 8 | stream.ReadUInt8();
     }
     std::string value(stream.ReadUpTo(length));
+    // Another encoding is declared by which nobody here can read; none is taken for what texts are.
+    if (record == kEnvelope && number == kCharacterSet && value != kUtf8 && !value.empty()) {
+      whole_ = false;
+    }
     // One that ends before its length is written with the length that it has.
     std::string raw(value.size() == length ? bytes.substr(begin, stream.Position() - begin)
                                            : std::string_view());

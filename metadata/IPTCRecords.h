@@ -14,6 +14,9 @@ class IPTCRecords {
   IPTCRecords() = default;
   explicit IPTCRecords(std::string_view bytes);
 
+  /// All of the bytes were datasets, and their texts are in an encoding that is known here: nothing
+  /// would be lost by writing them anew.
+  bool Whole() const { return whole_; }
   bool Empty() const { return datasets_.empty(); }
   /// Texts of a dataset of the second record; those that were there go, and the new ones stand
   /// where the first of them stood.
@@ -38,6 +41,7 @@ class IPTCRecords {
   std::size_t PlaceOf(int record, int number) const;
 
   std::vector<Dataset> datasets_;
+  bool whole_ = true;
 };
 
 }  // namespace brivolant

@@ -125,6 +125,8 @@ class ImageMetaData {
 
   /// Directories that were read, by offset: one that leads back to another is not read again.
   std::set<std::uint64_t> visited_;
+  /// Bytes of values that were read: many tags may lead to the same ones.
+  std::uint64_t taken_ = 0;
   /// Parts of a profile by their number, and of Photoshop's resources in order.
   std::vector<std::pair<int, std::string>> profileParts_;
   std::string resources_;

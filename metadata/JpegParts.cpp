@@ -2,6 +2,7 @@
 #include "metadata/JpegParts.h"
 
 #include <algorithm>
+#include <array>
 
 #include "metadata/BigEndian.h"
 #include "metadata/TagValue.h"
@@ -61,7 +62,13 @@ JpegParts::JpegParts(MetadataStream& stream) : MetadataParts(stream) {
       stream.Position(segment.Payload + segment.Length);
     }
     segment.End = stream.Position();
-    segments_.push_back(segment);
+    // What is the picture's own needs no telling apart.
+    if (!segments_.empty() && segment.Is == Kind::kPicture &&
+        segments_.back().Is == Kind::kPicture) {
+      segments_.back().End = segment.End;
+    } else {
+      segments_.push_back(segment);
+    }
   }
   if (good_) ReadBlocks();
 }
@@ -76,6 +83,11 @@ JpegParts::Kind JpegParts::KindOf(int marker, std::string_view head) {
   if (marker == 0xE1 && head.starts_with(kXmpMark) && !xmpThere_) {
     xmpThere_ = true;
     return Kind::kXmp;
+  }
+  // Second ones, and what of a packet did not fit into the first.
+  if (marker == 0xE1 && (head.starts_with("http://ns.adobe.com/x") ||
+                         EqualIgnoringCase(head.substr(0, 4), kExifMark.substr(0, 4)))) {
+    return Kind::kFurther;
   }
   if (marker == 0xE2 && head.starts_with(kMpfMark)) return Kind::kMpf;
   if (marker == 0xE2 && head.starts_with(kProfileMark)) return Kind::kProfile;
@@ -114,18 +126,29 @@ bool JpegParts::ApplyToComment(const MetadataChange& change) {
 }
 
 bool JpegParts::StripAll() {
-  std::string orientation;
-  constexpr int kOrientation = 0x0112;
-  if (tiff_) orientation = tiff_->BytesOf(DirectoryEditor::kFirst, kOrientation);
-  const bool little = tiff_ && tiff_->LittleEndian();
-  if (orientation.size() == 2 && little) std::swap(orientation[0], orientation[1]);
+  // How the pixels are turned, how large they are on paper, and what their colours mean where no
+  // profile says it.
+  struct Kept {
+    DirectoryEditor::Directory Where;
+    int Tag;
+  };
+  static constexpr std::array kKept{
+      Kept{DirectoryEditor::kFirst, 0x0112}, Kept{DirectoryEditor::kFirst, 0x011A},
+      Kept{DirectoryEditor::kFirst, 0x011B}, Kept{DirectoryEditor::kFirst, 0x0128},
+      Kept{DirectoryEditor::kExif, 0xA001},  Kept{DirectoryEditor::kInterop, 0x0001}};
+  const auto old = std::move(tiff_);
   stripped_ = true;
-  tiff_.reset();
   resources_ = {};
   xmp_.clear();
-  // The pixels are turned as they are said to be.
-  if (orientation.size() != 2 || orientation == std::string_view("\0\1", 2)) return true;
-  return Directories().Set(DirectoryEditor::kFirst, kOrientation, kShortType, orientation);
+  if (!old) return true;
+  auto bare = std::make_unique<DirectoryEditor>(old->LittleEndian());
+  for (const Kept& kept : kKept) {
+    const int type = old->TypeOf(kept.Where, kept.Tag);
+    if (SizeOfType(type) == 0) continue;
+    if (!bare->Set(kept.Where, kept.Tag, type, old->BytesOf(kept.Where, kept.Tag))) return false;
+  }
+  if (!bare->Tags(DirectoryEditor::kFirst).empty()) return TakeStructure(std::move(bare));
+  return true;
 }
 
 std::string JpegParts::Comment() {
@@ -196,6 +219,8 @@ bool JpegParts::Changed(Kind kind) const {
       return resourcesChanged_ || stripped_;
     case Kind::kComment:
       return comment_.has_value() || stripped_;
+    case Kind::kFurther:
+      return stripped_ || placeStripped_;
     default:
       return stripped_ && kind != Kind::kJfif && kind != Kind::kProfile && kind != Kind::kAdobe &&
              kind != Kind::kPicture;
@@ -226,6 +251,7 @@ std::optional<FilePlan> JpegParts::Plan() {
   plan.Take(0, 2);
   std::optional<std::size_t> mpf;
   std::int64_t beforeMpf = 0;
+  std::size_t structure = 0;
   const auto insert = [&](Kind kind) {
     const auto found = fresh.find(kind);
     if (found != fresh.end() && !places.contains(kind)) plan.Take(std::move(found->second));
@@ -254,6 +280,7 @@ std::optional<FilePlan> JpegParts::Plan() {
       stream_.Position(part.At);
       plan.Take(stream_.Read(part.End - part.At));
       mpf = plan.Pieces.size() - 1;
+      structure = part.Payload - part.At + kMpfMark.size();
     } else {
       plan.Take(part.At, part.End - part.At);
     }
@@ -262,12 +289,28 @@ std::optional<FilePlan> JpegParts::Plan() {
   const auto moved = static_cast<std::int64_t>(plan.Length) - static_cast<std::int64_t>(rest_);
   const std::uint64_t end = stripped_ ? EndOfPicture() : stream_.Length();
   plan.Take(rest_, end - rest_);
-  if (mpf) CorrectPictures(plan.Pieces[*mpf].Bytes, beforeMpf, moved);
+  if (mpf) CorrectPictures(plan.Pieces[*mpf].Bytes, structure, beforeMpf, moved);
   return plan;
 }
 
-void JpegParts::CorrectPictures(std::string& segment, std::int64_t before, std::int64_t moved) {
-  constexpr std::size_t kStructure = 8;
+bool JpegParts::HoldsMorePictures() {
+  const bool several =
+      std::ranges::any_of(segments_, [](const Part& part) { return part.Is == Kind::kMpf; });
+  if (!several) return false;
+  constexpr std::uint64_t kPart = std::uint64_t{1} << 20;
+  std::string window;
+  stream_.Position(EndOfPicture());
+  while (!stream_.EndOfFile()) {
+    // A mark may lie across two parts.
+    window = window.substr(window.size() - std::min(window.size(), kExifMark.size())) +
+             stream_.Read(kPart);
+    if (window.find(kExifMark) != std::string::npos) return true;
+  }
+  return false;
+}
+
+void JpegParts::CorrectPictures(std::string& segment, std::size_t structure, std::int64_t before,
+                                std::int64_t moved) {
   constexpr int kPictures = 0xB002;
   constexpr std::size_t kRow = 16;
   const auto read = [&](std::size_t at, int size, bool little) {
@@ -286,15 +329,15 @@ void JpegParts::CorrectPictures(std::string& segment, std::int64_t before, std::
     if (little) std::ranges::reverse(bytes);
     if (at + 4 <= segment.size()) segment.replace(at, 4, bytes);
   };
-  const bool little = segment.compare(kStructure, 2, "II") == 0;
-  const std::size_t directory = kStructure + read(kStructure + 4, 4, little);
+  const bool little = segment.compare(structure, 2, "II") == 0;
+  const std::size_t directory = structure + read(structure + 4, 4, little);
   const std::uint64_t count = read(directory, 2, little);
   for (std::uint64_t e = 0; e < count; ++e) {
     const std::size_t entry = directory + 2 + 12 * e;
     if (entry + 12 > segment.size()) return;
     if (read(entry, 2, little) != kPictures) continue;
     const std::size_t length = read(entry + 4, 4, little);
-    const std::size_t rows = kStructure + read(entry + 8, 4, little);
+    const std::size_t rows = structure + read(entry + 8, 4, little);
     if (rows > segment.size() || length > segment.size() - rows) return;
     for (std::size_t row = 0; row + kRow <= length; row += kRow) {
       // The first is this picture itself, which has become longer; the others stand behind it.

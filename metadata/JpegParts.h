@@ -23,10 +23,12 @@ class JpegParts final : public MetadataParts {
   bool StripAll() override;
   std::string Comment() override;
   bool Take(CarriedData data) override;
+  bool HoldsMorePictures() override;
   std::optional<FilePlan> Plan() override;
 
  protected:
   bool ApplyToComment(const MetadataChange& change) override;
+  void StripFurther() override { placeStripped_ = true; }
 
  private:
   /// In the order in which new ones are written.
@@ -40,6 +42,7 @@ class JpegParts final : public MetadataParts {
     kMpf,
     kProfile,
     kAdobe,
+    kFurther,
     kOtherApp,
     kPicture
   };
@@ -57,11 +60,13 @@ class JpegParts final : public MetadataParts {
   bool Changed(Kind kind) const;
   std::string NewOf(Kind kind);
   /// Other pictures stand behind this one, at distances from a mark in it.
-  static void CorrectPictures(std::string& segment, std::int64_t before, std::int64_t moved);
+  static void CorrectPictures(std::string& segment, std::size_t structure, std::int64_t before,
+                              std::int64_t moved);
   std::uint64_t EndOfPicture();
 
   bool good_ = false;
   bool stripped_ = false;
+  bool placeStripped_ = false;
   bool exif_ = false;
   bool xmpThere_ = false;
   std::vector<Part> segments_;

@@ -28,10 +28,10 @@ constexpr std::uint64_t kMostStructure = 60000;
 /// A tag of the first directory that describes pixels, or leads to other data. What cameras and
 /// surveyors add to it is of the sensor, or of the grid of pixels.
 bool OfPixels(int tag) {
-  constexpr std::array kTags{0x0131, 0x011A, 0x011B, 0x0128, 0x02BC, 0x0153, 0x013D,
-                             0x013E, 0x013F, 0x015B, 0x828D, 0x828E, 0x828F, 0x830E,
-                             0x83BB, 0x8480, 0x8482, 0x85D8, 0x8649, 0x8769, 0x8773,
-                             0x87AF, 0x87B0, 0x87B1, 0x8825, 0x9216, 0x9217, 0xA005};
+  constexpr std::array kTags{0x011A, 0x011B, 0x0128, 0x02BC, 0x0153, 0x013D, 0x013E,
+                             0x013F, 0x015B, 0x828D, 0x828E, 0x828F, 0x830E, 0x83BB,
+                             0x8480, 0x8482, 0x85D8, 0x8649, 0x8769, 0x8773, 0x87AF,
+                             0x87B0, 0x87B1, 0x8825, 0x9216, 0x9217, 0xA005};
   const auto within = [tag](int first, int last) { return tag >= first && tag <= last; };
   // Titles, what made it, when and by whom.
   if (within(0x010D, 0x0110) || within(0x0131, 0x0132) || within(0x013B, 0x013C)) return false;
@@ -81,6 +81,15 @@ MetadataCopy::MetadataCopy(const FolderItem& photo, Rule rule)
 
 MetadataCopy::~MetadataCopy() = default;
 
+bool MetadataCopy::Good() const {
+  if (photo_->tiff != nullptr || photo_->parts) return true;
+  MetadataStream& stream = photo_->stream;
+  if (!stream.IsOpen()) return false;
+  stream.Position(0);
+  const std::string mark = stream.Read(4);
+  return mark == "\x89PNG" || mark == "GIF8" || mark.starts_with("BM");
+}
+
 bool MetadataCopy::Takes(std::string_view type) {
   return type == "public.jpeg" || type == "public.tiff" || type == "com.adobe.photoshop-image";
 }
@@ -115,9 +124,10 @@ std::unique_ptr<DirectoryEditor> Structure(const DirectoryEditor* held, Metadata
         if (SizeOfType(type) == 0 || tag == kMakerNote) continue;
         if (directory == kFirst && OfPixels(tag)) continue;
         if (directory == kExif && OfExifPixels(tag)) continue;
+        if (held->LengthOf(directory, tag) > kMostStructure / 2) continue;
         std::string bytes = held->BytesOf(directory, tag);
-        // What lies beyond the end, and what is longer than any text or number.
-        if (bytes.empty() || bytes.size() > kMostStructure / 2) continue;
+        // What lies beyond the end.
+        if (bytes.empty()) continue;
         set(directory, tag, type, std::move(bytes));
       }
     }
@@ -131,7 +141,10 @@ std::unique_ptr<DirectoryEditor> Structure(const DirectoryEditor* held, Metadata
   if (copy->Has(kExif) && facts.Width > 0) {
     set(kExif, 0xA002, kLongType, number(static_cast<std::uint32_t>(facts.Width), kLongType));
     set(kExif, 0xA003, kLongType, number(static_cast<std::uint32_t>(facts.Height), kLongType));
-    set(kExif, 0xA001, kShortType, number(1, kShortType));
+    if (facts.SRGB) set(kExif, 0xA001, kShortType, number(1, kShortType));
+  }
+  if (facts.SRGB && copy->Has(kInterop, 0x0001)) {
+    set(kInterop, 0x0001, kAsciiType, std::string("R98\0", 4));
   }
   set(kFirst, kOrientation, kShortType,
       number(static_cast<std::uint32_t>(facts.Orientation), kShortType));
@@ -144,10 +157,13 @@ std::unique_ptr<DirectoryEditor> Structure(const DirectoryEditor* held, Metadata
 /// The packet without what describes the photo's own pixels.
 std::string Packet(std::string packet, MetadataCopy::Rule rule, const MetadataCopy::Facts& facts) {
   if (packet.empty()) return {};
-  std::vector<std::string_view> gone{"ImageWidth",          "ImageLength",     "BitsPerSample",
-                                     "Compression",         "Photometric",     "SamplesPerPixel",
-                                     "PlanarConfiguration", "PixelXDimension", "PixelYDimension",
-                                     "Thumbnails",          "HasExtendedXMP"};
+  std::vector<std::string_view> gone{
+      "ImageWidth",      "ImageLength",     "BitsPerSample",       "Compression",
+      "Photometric",     "SamplesPerPixel", "PlanarConfiguration", "PixelXDimension",
+      "PixelYDimension", "Thumbnails",      "HasExtendedXMP",      "MotionPhoto",
+      "MicroVideo",      "Regions",         "CFAPattern",          "XResolution",
+      "YResolution",     "ResolutionUnit",  "ICCProfile",          "ColorSpace",
+      "GPano:",          "hdrgm:",          "Container:",          "crs:"};
   if (rule == MetadataCopy::Rule::kWithoutPlace) {
     gone.insert(gone.end(), MetadataParts::kPlaces.begin(), MetadataParts::kPlaces.end());
   }
@@ -186,23 +202,24 @@ std::string Records(const std::string& bytes, MetadataCopy::Rule rule,
 
 std::string MetadataCopy::Into(const FolderItem& file, const Facts& facts) const {
   if (rule_ == Rule::kNone) return {};
-  const auto write = [&](const Facts& said, bool note) {
+  const auto write = [&](const Facts& said, bool note, bool packet) {
     CarriedData data;
     data.Tiff = Structure(photo_->tiff, rule_, said, note);
     if (!data.Tiff) {
       return WithPlaceholders(MetadataWriter::kTooLong.Text(),
                               {{"<filename>", file.DisplayName()}});
     }
-    data.XMP = Packet(photo_->XMP(), rule_, said);
+    if (packet) data.XMP = Packet(photo_->XMP(), rule_, said);
     data.IPTC = Records(photo_->IPTC(), rule_, said);
     if (photo_->parts) data.Comment = photo_->parts->Comment();
     return MetadataWriter::Take(file, std::move(data));
   };
-  if (write(facts, true).empty()) return {};
-  // The rest may fit where a maker's note and a small picture do not.
+  if (write(facts, true, true).empty()) return {};
+  // The rest may fit where a maker's note, a small picture and a long packet do not.
   Facts less = facts;
   less.Thumbnail.clear();
-  return write(less, false);
+  if (write(less, false, true).empty()) return {};
+  return write(less, false, false);
 }
 
 }  // namespace brivolant

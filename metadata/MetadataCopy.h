@@ -34,6 +34,8 @@ class MetadataCopy {
     std::string Copyright{};
     /// A JPEG no side of which is longer than 160; empty for none.
     std::string Thumbnail{};
+    /// The colours are sRGB's.
+    bool SRGB = true;
   };
 
   /// Reads what the photo tells. One that cannot be read, or tells nothing, carries nothing.
@@ -42,8 +44,11 @@ class MetadataCopy {
   MetadataCopy(const MetadataCopy&) = delete;
   MetadataCopy& operator=(const MetadataCopy&) = delete;
 
-  /// Writes it into a JPEG, a TIFF or a Photoshop file, in place of what that says. Empty if it is
-  /// done, or else one sentence that names the file, which is then as it was.
+  /// There was something to read. Pictures of formats that tell nothing here count as well, as long
+  /// as they usually have nothing to tell.
+  bool Good() const;
+  /// Writes it into a JPEG, a TIFF or a Photoshop file; what the photo does not tell stays. Empty
+  /// if it is done, or else one sentence that names the file, which is then as it was.
   [[nodiscard]] std::string Into(const FolderItem& file, const Facts& facts) const;
   /// A type of file that can take it, by its identifier, such as "public.jpeg".
   static bool Takes(std::string_view type);

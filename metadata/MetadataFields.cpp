@@ -148,7 +148,12 @@ std::optional<std::vector<MetadataChange>> ChangesOf(MetadataField field,
   std::vector<MetadataChange> changes;
   for (const Place& place : kPlaces) {
     if (place.Field != field || (!place.Always && !Says(held, place))) continue;
-    const std::vector<std::string> written = Written(place, texts);
+    std::vector<std::string> written = Written(place, texts);
+    // Windows knows no rejected photos.
+    if (field == kRating && place.Block == MetadataBlock::kTiff && !texts.empty() &&
+        texts.front().starts_with('-')) {
+      written.clear();
+    }
     // A list is emptied first, and then filled in order.
     if (written.size() != 1) changes.push_back({Act::kRemove, place.Block, place.Tag});
     for (const std::string& text : written) {

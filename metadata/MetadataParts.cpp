@@ -227,6 +227,7 @@ bool MetadataParts::ApplyToIPTC(const MetadataChange& change) {
   if (change.Tag.empty() || dataset < 1 || dataset > kLast) return false;
   const std::string old = IPTC();
   IPTCRecords records(old);
+  if (!records.Whole()) return false;
   if (change.What == MetadataChange::Act::kAdd && change.Text) {
     records.Add(dataset, EnsureUTF8(*change.Text));
   } else if (change.What == MetadataChange::Act::kSet && change.Text) {
@@ -263,18 +264,23 @@ bool MetadataParts::ApplyToXMP(const MetadataChange& change) {
 }
 
 bool MetadataParts::StripPlace() {
-  if (tiff_ && tiff_->Has(DirectoryEditor::kGps) && !Directories().Drop(DirectoryEditor::kGps)) {
+  if (tiff_ && tiff_->Has(DirectoryEditor::kGps) &&
+      (!Directories().Drop(DirectoryEditor::kGps) || tiff_->Left())) {
     return false;
   }
+  const auto without = [](const std::string& bytes) {
+    IPTCRecords records(bytes);
+    records.RemovePlace();
+    return records.Bytes();
+  };
   const std::string old = IPTC();
-  IPTCRecords records(old);
-  records.RemovePlace();
-  if (records.Bytes() != old && !IPTC(records.Bytes())) return false;
+  if (const std::string now = without(old); now != old && !IPTC(now)) return false;
+  const std::string held(resources_.Data(ImageResources::kIptc));
+  if (const std::string now = without(held); now != held && !MetadataParts::IPTC(now)) return false;
   const std::string packet = xmp_;
-  if (!XMPEditor::RemoveLike(xmp_, {kPlaces.begin(), kPlaces.end()})) {
-    return false;
-  }
+  if (!XMPEditor::RemoveLike(xmp_, {kPlaces.begin(), kPlaces.end()})) return false;
   xmpChanged_ = xmpChanged_ || xmp_ != packet;
+  StripFurther();
   return true;
 }
 

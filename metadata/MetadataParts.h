@@ -48,17 +48,19 @@ class MetadataParts {
  public:
   virtual ~MetadataParts() = default;
 
-  /// Beginnings of the names of XMP properties that say where.
+  /// Beginnings of the names of XMP properties that say where, or a prefix.
   static constexpr std::array<std::string_view, 8> kPlaces{
-      "GPS", "City", "State", "Country", "Location", "Sublocation", "Province", "geo"};
+      "GPS", "City", "State", "Country", "Location", "Sublocation", "Province", "geo:"};
 
   /// By what the file begins with; null for a kind that is not written, or what makes no sense.
   static std::unique_ptr<MetadataParts> Of(MetadataStream& stream);
 
   /// False for what this file cannot hold.
   [[nodiscard]] bool Apply(const MetadataChange& change);
-  /// Takes out where the photo was taken.
+  /// Takes out where the photo was taken. False if some of it would stay among the bytes.
   [[nodiscard]] bool StripPlace();
+  /// Other pictures stand behind this one and may tell the same.
+  virtual bool HoldsMorePictures() { return false; }
   /// Takes out all that does not say how the pixels are to be shown.
   [[nodiscard]] virtual bool StripAll() = 0;
   /// What the file holds of a structure; null where there is none.
@@ -77,6 +79,8 @@ class MetadataParts {
 
   /// A structure is made where there is none.
   DirectoryEditor& Directories();
+  /// Second blocks of a kind, which nobody reads here, but others may.
+  virtual void StripFurther() {}
   virtual bool ApplyToComment(const MetadataChange&) { return false; }
   virtual bool IPTC(std::string bytes);
   void XMP(std::string packet) {

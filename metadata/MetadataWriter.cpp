@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cmath>
 #include <functional>
 #include <memory>
 #include <set>
@@ -84,9 +85,19 @@ std::vector<Listed> Blocks(const ImageMetaData& data) {
           {"ICC", data.ColorProfile.get()}};
 }
 
+/// What is no number is none afterwards too.
+bool SameValue(const TagValue& a, const TagValue& b) {
+  const auto none = [](const TagValue& value) {
+    const auto* single = std::get_if<float>(&value);
+    const auto* twice = std::get_if<double>(&value);
+    return (single != nullptr && std::isnan(*single)) || (twice != nullptr && std::isnan(*twice));
+  };
+  return a == b || (a.index() == b.index() && none(a) && none(b));
+}
+
 bool Same(std::string_view block, const std::vector<TagValue>& before,
           const std::vector<TagValue>& after) {
-  if (before == after) return true;
+  if (std::ranges::equal(before, after, SameValue)) return true;
   // Text of the record may have become UTF-8.
   if (block != "IPTC" || before.size() != after.size()) return false;
   for (std::size_t i = 0; i < before.size(); ++i) {
@@ -105,7 +116,7 @@ std::string Lost(const ImageMetaData& before, const ImageMetaData& after,
   for (std::size_t i = 0; i < old.size(); ++i) {
     if (old[i].Data == nullptr) continue;
     for (const auto& entry : old[i].Data->AllData()) {
-      const std::string name = std::string(old[i].Name) + "." + entry.Tag;
+      std::string name = std::string(old[i].Name) + "." + entry.Tag;
       if (asked.contains(name) || kFollow.contains(name)) continue;
       const TiffDataCoreClass* block = now[i].Data;
       bool kept = false;
@@ -121,10 +132,31 @@ std::string Lost(const ImageMetaData& before, const ImageMetaData& after,
   XMPProperties holds;
   if (before.XMP != after.XMP && ReadXMP(before.XMP, held)) {
     if (!ReadXMP(after.XMP, holds)) return "XMP";
+    // Under whatever prefix.
+    const auto local = [](std::string_view name) { return name.substr(name.find(':') + 1); };
+    const auto wanted = [&](const std::string& property) {
+      return std::ranges::any_of(asked, [&](const std::string& name) {
+        return name.starts_with("XMP.") && local(name) == local(property);
+      });
+    };
     for (const auto& property : held) {
-      const std::string name = "XMP." + property.first;
-      if (!asked.contains(name) && std::ranges::find(holds, property) == holds.end()) return name;
+      if (wanted(property.first) || std::ranges::find(holds, property) != holds.end()) continue;
+      return "XMP." + property.first;
     }
+  }
+  const auto others = [](const ImageMetaData& data) {
+    // Which encoding is declared follows what is written.
+    constexpr int kCharacterSet = 90;
+    std::vector<std::string> bytes;
+    if (!data.IPTCData) return bytes;
+    for (const auto& other : data.IPTCData->OtherRecords()) {
+      if (other.Record != 1 || other.Dataset != kCharacterSet) bytes.push_back(other.Bytes);
+    }
+    return bytes;
+  };
+  const std::vector<std::string> kept = others(after);
+  for (const std::string& bytes : others(before)) {
+    if (std::ranges::find(kept, bytes) == kept.end()) return "IPTC";
   }
   const auto summary = [](const ImageMetaData& data) {
     return std::tuple(data.ImageSummary->Width, data.ImageSummary->Height,
@@ -219,12 +251,17 @@ using Change = std::function<std::string(MetadataParts&)>;
 std::string Rewrite(
     const FolderItem& file, const Change& change,
     const std::function<std::string(const ImageMetaData&, const ImageMetaData&)>& lost) {
+  // Once and for all: what is read, copied and replaced is this file, or nothing is replaced.
+  const int from = open(file.Path().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  if (from < 0) return Failed(file, LastError());
+  const std::unique_ptr<const int, void (*)(const int*)> closing(&from,
+                                                                 [](const int* d) { close(*d); });
+  struct stat status {};
+  if (fstat(from, &status) != 0) return Failed(file, LastError());
   ImageMetaData before;
   before.ReadFile(file);
   MetadataStream stream(file);
-  if (!stream.IsOpen()) {
-    return Failed(file, std::make_error_code(std::errc::no_such_file_or_directory));
-  }
+  if (!stream.IsOpen() || !before.ImageSummary) return Told(kNotWritten, file);
   if (std::string refusal = Refusal(file, stream); !refusal.empty()) return refusal;
   const auto parts = MetadataParts::Of(stream);
   if (!parts) {
@@ -234,12 +271,6 @@ std::string Rewrite(
   if (std::string refusal = change(*parts); !refusal.empty()) return refusal;
   const auto plan = parts->Plan();
   if (!plan) return Told(kTooLong, file);
-  struct stat status {};
-  const int from = open(file.Path().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-  if (from < 0) return Failed(file, LastError());
-  const std::unique_ptr<const int, void (*)(const int*)> closing(&from,
-                                                                 [](const int* d) { close(*d); });
-  if (fstat(from, &status) != 0) return Failed(file, LastError());
   // Replacing it would be possible all the same, but whoever locked it meant it.
   if ((status.st_mode & S_IWUSR) == 0 || access(file.Path().c_str(), W_OK) != 0) {
     return Told(kLocked, file);
@@ -249,6 +280,7 @@ std::string Rewrite(
   if (const std::error_code error = Fill(from, written, *plan)) return Failed(file, error);
   ImageMetaData after;
   after.ReadFile(written.Working());
+  if (!after.ImageSummary) return Told(kWouldLose, file, "TIFF.0100");
   if (const std::string tag = lost(before, after); !tag.empty()) {
     return Told(kWouldLose, file, tag);
   }
@@ -290,7 +322,16 @@ constexpr std::string_view NameOf(MetadataBlock block) {
 std::string Write(const FolderItem& file, std::span<const MetadataChange> changes) {
   std::set<std::string> asked;
   for (const MetadataChange& change : changes) {
-    asked.insert(std::string(NameOf(change.Block)) + "." + change.Tag);
+    // As the file's own tags are spelled.
+    std::string tag = change.Tag;
+    if (change.Block == MetadataBlock::kIptc) {
+      tag.erase(0, std::min(tag.find_first_not_of('0'), tag.size()));
+    } else if (change.Block != MetadataBlock::kXmp) {
+      std::ranges::transform(tag, tag.begin(), [](char c) {
+        return c >= 'a' && c <= 'f' ? static_cast<char>(c - 'a' + 'A') : c;
+      });
+    }
+    asked.insert(std::string(NameOf(change.Block)) + "." + tag);
   }
   return Rewrite(
       file,
@@ -331,10 +372,15 @@ std::string Write(const FolderItem& file, Strip strip) {
   return Rewrite(
       file,
       [&](MetadataParts& parts) {
+        if (strip == Strip::kPlace && parts.HoldsMorePictures()) return Told(kMorePictures, file);
         const bool done = strip == Strip::kAll ? parts.StripAll() : parts.StripPlace();
         return done ? std::string() : Told(kDamaged, file);
       },
-      LostPicture);
+      [](const ImageMetaData& before, const ImageMetaData& after) {
+        // Wherever else it was led to.
+        if (after.GPSData) return std::string("GPS");
+        return LostPicture(before, after);
+      });
 }
 
 }  // namespace MetadataWriter

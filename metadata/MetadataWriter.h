@@ -34,6 +34,10 @@ inline constexpr LocalizedText kTooLong{
 inline constexpr LocalizedText kWouldLose{
     "MetadataWriter.kWouldLose",
     "The data of \"<filename>\" was not changed: the tag <tag> would not have survived."};
+inline constexpr LocalizedText kMorePictures{"MetadataWriter.kMorePictures",
+                                             "The place was not taken out of \"<filename>\": "
+                                             "behind its picture the file holds others, which "
+                                             "may tell it too."};
 inline constexpr LocalizedText kLocked{
     "MetadataWriter.kLocked",
     "The data of \"<filename>\" cannot be changed: the file is locked, or its folder is."};

@@ -51,7 +51,7 @@ std::string ExposureOf(const EXIFDataObject* exif) {
   if (const double seconds = NumberIn(exif, "829A"); seconds > 0) {
     // Short times are known by their reciprocals.
     constexpr double kLong = 0.4;
-    add((seconds < kLong ? "1/" + FixedNumber(1 / seconds, 0) : PaddedNumber(seconds, 1)) + " s");
+    add((seconds < kLong ? "1/" + FixedNumber(1 / seconds, 0) : Decimals(seconds, 1)) + " s");
   }
   if (const double aperture = NumberIn(exif, "829D"); aperture > 0) {
     add("f/" + FixedNumber(aperture, aperture < 10 ? 1 : 0));

@@ -12,8 +12,6 @@ namespace {
 constexpr int kXmpTag = 0x02BC;
 constexpr int kIptcTag = 0x83BB;
 constexpr int kResourcesTag = 0x8649;
-constexpr int kDngVersion = 0xC612;
-constexpr int kPhotometric = 0x0106;
 constexpr auto kFirst = DirectoryEditor::kFirst;
 
 }  // namespace
@@ -31,24 +29,24 @@ TiffParts::TiffParts(MetadataStream& stream) : MetadataParts(stream) {
 }
 
 bool TiffParts::Good() const {
-  if (!tiff_->Good() || tiff_->Has(kFirst, kDngVersion)) return false;
   // Of a mosaic of colours, or linear light: nothing but a raw file has them.
-  for (const auto directory : {kFirst, DirectoryEditor::kSub}) {
-    const std::string value = tiff_->BytesOf(directory, kPhotometric);
-    if (value == std::string_view("\x80\x23") || value == std::string_view("\x23\x80") ||
-        value == std::string_view("\x88\x4C") || value == std::string_view("\x4C\x88")) {
-      return false;
-    }
-  }
-  return true;
+  return tiff_->Good() && !tiff_->Raw();
 }
 
 bool TiffParts::IPTC(std::string bytes) {
-  if (bytes == iptc_) return true;
+  if (bytes == iptc_ && bytes == resources_.Data(ImageResources::kIptc)) return true;
   iptc_ = std::move(bytes);
   iptcChanged_ = true;
   // Where both places hold it, both say the same.
   return !resources_.Has(ImageResources::kIptc) || MetadataParts::IPTC(iptc_);
+}
+
+void TiffParts::StripFurther() {
+  for (const int id : {ImageResources::kExif, ImageResources::kXmp}) {
+    if (!resources_.Has(id)) continue;
+    resources_.Remove(id);
+    resourcesChanged_ = true;
+  }
 }
 
 bool TiffParts::StripAll() {

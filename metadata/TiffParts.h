@@ -18,10 +18,12 @@ class TiffParts final : public MetadataParts {
   bool StripAll() override;
   std::string IPTC() const override { return iptc_; }
   bool Take(CarriedData data) override;
+  bool HoldsMorePictures() override { return tiff_->MorePlaces(); }
   std::optional<FilePlan> Plan() override;
 
  protected:
   bool IPTC(std::string bytes) override;
+  void StripFurther() override;
 
  private:
   std::string iptc_;

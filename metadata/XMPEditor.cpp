@@ -82,7 +82,7 @@ const char* ContainerOf(std::string_view space, std::string_view local) {
 }
 
 bool Load(pugi::xml_document& document, std::string_view packet) {
-  while (!packet.empty() && packet.back() == '\0') packet.remove_suffix(1);
+  packet = XMPNodes::WithoutZeros(packet);
   // All of it stays, also the blanks that pad the packet.
   return document.load_buffer(packet.data(), packet.size(),
                               pugi::parse_full | pugi::parse_ws_pcdata | pugi::parse_fragment);
@@ -182,7 +182,14 @@ void Fill(pugi::xml_node property, const std::string& rdf, const char* container
     item.append_child(pugi::node_pcdata).set_value(texts.front().c_str());
     return;
   }
+  // What stands there in another form, as fields or a resource, is no text.
   property.remove_children();
+  for (auto attribute = property.first_attribute(); attribute;) {
+    const auto next = attribute.next_attribute();
+    const std::string_view name = attribute.name();
+    if (name != "xml:lang" && !name.starts_with("xmlns")) property.remove_attribute(attribute);
+    attribute = next;
+  }
   if (container == nullptr) {
     property.append_child(pugi::node_pcdata).set_value(texts.front().c_str());
     return;
@@ -211,8 +218,11 @@ std::string XmlText(const std::string& text) {
   return result;
 }
 
-bool Like(std::string_view local, const std::vector<std::string_view>& beginnings) {
-  return std::ranges::any_of(beginnings, [&](auto start) { return local.starts_with(start); });
+bool Like(std::string_view name, const std::vector<std::string_view>& beginnings) {
+  return std::ranges::any_of(beginnings, [&](std::string_view start) {
+    const std::string_view compared = start.ends_with(':') ? name : Local(name);
+    return EqualIgnoringCase(compared.substr(0, start.size()), start);
+  });
 }
 
 void RemoveBelow(pugi::xml_node node, const std::vector<std::string_view>& beginnings, int depth) {
@@ -220,7 +230,7 @@ void RemoveBelow(pugi::xml_node node, const std::vector<std::string_view>& begin
   for (auto attribute = node.first_attribute(); attribute;) {
     const auto next = attribute.next_attribute();
     const std::string_view name = attribute.name();
-    if (!name.starts_with("xmlns") && Like(Local(name), beginnings)) {
+    if (!name.starts_with("xmlns") && Like(name, beginnings)) {
       node.remove_attribute(attribute);
     }
     attribute = next;
@@ -228,7 +238,7 @@ void RemoveBelow(pugi::xml_node node, const std::vector<std::string_view>& begin
   for (auto child = node.first_child(); child;) {
     const auto next = child.next_sibling();
     if (child.type() == pugi::node_element) {
-      if (Like(Local(child.name()), beginnings)) {
+      if (Like(child.name(), beginnings)) {
         node.remove_child(child);
       } else if (depth < kDeepest) {
         RemoveBelow(child, beginnings, depth + 1);
@@ -246,6 +256,7 @@ bool Set(std::string& packet, std::string_view property, const std::vector<std::
   const std::string_view local = property.substr(std::min(colon + 1, property.size()));
   if (!IsName(prefix) || !IsName(local)) return false;
   std::vector<std::string> texts;
+  texts.reserve(written.size());
   for (const std::string& text : written) texts.push_back(XmlText(text));
   if (packet.empty() && texts.empty()) return true;
   pugi::xml_document document;

@@ -15,8 +15,9 @@ namespace XMPEditor {
 /// what the prefix stands for.
 [[nodiscard]] bool Set(std::string& packet, std::string_view property,
                        const std::vector<std::string>& texts);
-/// Takes out all properties of which the local name begins so, such as "GPS", of known and unknown
-/// namespaces, also within structures.
+/// Takes out all properties of which the local name begins so, such as "GPS", in capitals or not,
+/// of known and unknown namespaces, also within structures; with a colon at its end, all of a
+/// prefix.
 [[nodiscard]] bool RemoveLike(std::string& packet, const std::vector<std::string_view>& beginnings);
 
 }  // namespace XMPEditor

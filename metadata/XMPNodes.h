@@ -9,6 +9,8 @@ namespace brivolant {
 /// What the reader and the editor of XMP packets ask of XML.
 namespace XMPNodes {
 
+/// A packet without the zeros that pad it; of what is written in units of two bytes, whole ones.
+std::string_view WithoutZeros(std::string_view packet);
 /// What a prefix stands for at a node; empty for what stands for nothing.
 std::string_view NamespaceOf(pugi::xml_node node, std::string_view name);
 /// The name without its prefix.

@@ -26,6 +26,15 @@ pugi::xml_node FindRdfBelow(pugi::xml_node node, int depth) {
 
 }  // namespace
 
+std::string_view XMPNodes::WithoutZeros(std::string_view packet) {
+  const std::size_t size = packet.size();
+  while (!packet.empty() && packet.back() == '\0') packet.remove_suffix(1);
+  const bool pairs =
+      packet.starts_with("\xFF\xFE") || packet.starts_with(std::string_view("<\0", 2));
+  if (!pairs || packet.size() % 2 == 0 || packet.size() == size) return packet;
+  return {packet.data(), packet.size() + 1};
+}
+
 std::string_view XMPNodes::NamespaceOf(pugi::xml_node node, std::string_view name) {
   const std::size_t colon = name.find(':');
   const std::string attribute =
@@ -93,7 +102,7 @@ void Keep(XMPProperties& properties, std::string_view name, std::vector<std::str
 }  // namespace
 
 bool ReadXMP(std::string_view packet, XMPProperties& properties) {
-  while (!packet.empty() && packet.back() == '\0') packet.remove_suffix(1);
+  packet = XMPNodes::WithoutZeros(packet);
   pugi::xml_document document;
   if (!document.load_buffer(packet.data(), packet.size(),
                             pugi::parse_default | pugi::parse_ws_pcdata_single)) {

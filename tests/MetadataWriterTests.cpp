@@ -44,7 +44,7 @@ struct Writing : testing::Test {
            Files::Segment(0xC0, Files::Big(8, 1) + Files::Big(30, 2) + Files::Big(40, 2) +
                                     Files::Big(3, 1) + std::string(9, '\0')) +
            Files::Segment(0xDA, "scan") +
-           std::string("\xFF\0 scanned \xFF\xD9 and what stands behind", 37);
+           std::string("\xFF\0 scanned \xFF\xD9 and what stands behind", 36);
   }
   FolderItem Jpeg(const std::string& segments) {
     return folder.Write("a.jpg", "\xFF\xD8" + segments + Rest());
@@ -514,11 +514,63 @@ TEST_F(Writing, OneValueIsOneTruthInEveryPlaceThatTellsIt) {
   EXPECT_FALSE(ChangesOf(MetadataField::kRating, {"6"}, *data));
 }
 
+TEST_F(Writing, LeavesWhatTwoPlacesLeadTo) {
+  // Two pages with one Exif directory, which is the last thing in the file.
+  const Files files{true};
+  constexpr std::uint32_t kSecondAt = 80;
+  constexpr std::uint32_t kExifAt = 140;
+  const MetadataFiles::Tag link{0x8769, 4, 1, files.Number(kExifAt, 4)};
+  std::string bytes =
+      files.Header() + files.Directory(8, {{0x0100, 3, 1, files.Number(5, 2)}, link}, kSecondAt);
+  bytes.resize(kSecondAt);
+  bytes += files.Directory(kSecondAt, {{0x0100, 3, 1, files.Number(7, 2)}, link});
+  bytes.resize(kExifAt);
+  bytes += files.Directory(kExifAt, {{0x8827, 3, 1, files.Number(200, 2)}});
+  const FolderItem file = folder.Write("a.tif", bytes);
+  Change(file, {kArtist, {Act::kSet, kExif, "A434", "A lens"}});
+  EXPECT_EQ(Read(file)->ExifData->StringValue("A434"), "A lens");
+  EXPECT_EQ(Content(file).substr(kSecondAt, bytes.size() - kSecondAt), bytes.substr(kSecondAt));
+  // Black pixels of a length that nobody tells are no gap at the end.
+  std::string black = files.Header() + files.Directory(8, {{0x0100, 3, 1, files.Number(64, 2)},
+                                                           {0x0111, 4, 1, files.Number(50, 4)}});
+  black.resize(50 + 512);
+  const FolderItem old = folder.Write("old.tif", black);
+  Change(old, {kArtist});
+  EXPECT_EQ(Content(old).substr(50, 512), std::string(512, '\0'));
+  EXPECT_EQ(Read(old)->TIFFData->StringValue("0111"), "50");
+}
+
+TEST_F(Writing, ChangesPropertiesOfOlderPacketsAndOfResources) {
+  const std::string packet =
+      "<x:xmpmeta xmlns:x='adobe:ns:meta/'><r:RDF "
+      "xmlns:r='http://www.w3.org/1999/02/22-rdf-syntax-ns#'><r:Description r:about='' "
+      "xmlns:xap='http://ns.adobe.com/xap/1.0/' xmlns:drone='urn:drone' "
+      "xmlns:xmpRights='http://ns.adobe.com/xap/1.0/rights/' xap:Rating='3' "
+      "drone:GpsLatitude='48.1'><xmpRights:WebStatement r:resource='http://old.example'/>"
+      "<geo:lat xmlns:geo='http://www.w3.org/2003/01/geo/wgs84_pos#'>48.2</geo:lat>"
+      "</r:Description></r:RDF></x:xmpmeta>";
+  const FolderItem file =
+      Jpeg(Files::Segment(0xE1, std::string("http://ns.adobe.com/xap/1.0/\0", 29) + packet) +
+           Files::Segment(0xE1, "http://ns.adobe.com/xmp/extension/ and more of Gotham"));
+  Change(file, {{Act::kSet, kXmp, "xmp:Rating", "5"},
+                {Act::kSet, kXmp, "xmpRights:WebStatement", "http://new.example"}});
+  XMPProperties properties;
+  ASSERT_TRUE(ReadXMP(Read(file)->XMP, properties));
+  EXPECT_THAT(properties, testing::Contains(testing::Pair("xmp:Rating", ElementsAre("5"))));
+  EXPECT_THAT(properties, testing::Contains(testing::Pair("xmpRights:WebStatement",
+                                                          ElementsAre("http://new.example"))));
+  EXPECT_EQ(MetadataWriter::Write(file, MetadataWriter::Strip::kPlace), "");
+  for (const char* gone : {"48.1", "48.2", "Gotham"}) {
+    EXPECT_THAT(Content(file), Not(HasSubstr(gone)));
+  }
+}
+
 TEST_F(Writing, RefusesWhatItWouldHarm) {
   const Files files{false};
   Refused(folder.Write("a.nef", files.Tiff()), kArtist, "raw");
   Refused(
-      folder.Write("dng.tif", files.Header() + files.Directory(8, {{0xC612, 1, 4, "\1\4\0\0"}})),
+      folder.Write("dng.tif", files.Header() +
+                                  files.Directory(8, {{0xC612, 1, 4, std::string("\1\4\0\0", 4)}})),
       kArtist, "raw");
   Refused(folder.Write("a.png", "\x89PNG\r\n\x1A\n..."), kArtist, "kind");
   Refused(folder.Write("cut.jpg", "\xFF\xD8" + Files::Segment(0xE1, "..").substr(0, 3)), kArtist,
@@ -534,6 +586,14 @@ TEST_F(Writing, RefusesWhatItWouldHarm) {
   Refused(file, {Act::kSet, kExif, "9003", "yesterday"}, "EXIF.9003");
   Refused(file, {Act::kSet, kExif, "829A", "1/0"}, "EXIF.829A");
   Refused(file, {Act::kSet, kIptc, "256", "a"}, "IPTC.256");
+  const FolderItem declared = folder.Write(
+      "declared.jpg",
+      "\xFF\xD8" +
+          Files::Segment(0xED, std::string(kPhotoshopMark) +
+                                   Files::Resource(0x0404, Files::Dataset(1, 90, "\x1B-B") +
+                                                               Files::Dataset(2, 25, "\xE8"))) +
+          Rest());
+  Refused(declared, {Act::kAdd, kIptc, "25", "a"}, "IPTC.25");
   Refused(file, {Act::kSet, kTiff, "010E", std::string(70000, 'x')}, "longer");
   ASSERT_EQ(chmod(file.Path().c_str(), 0444), 0);
   Refused(file, kArtist, "locked");
@@ -601,6 +661,10 @@ TEST_F(CommandLine, WhatIsRenderedTellsWhatThePhotoTold) {
     EXPECT_THAT(Cli({"metadata", out}).out, Not(HasSubstr("90 deg")));
   }
   EXPECT_EQ(Cli({"metadata", "--copy-from", Path("none.jpg"), Path("out.jpg")}).code, 1);
+  folder.Write("nothing.jpg", "nothing");
+  const std::string before = Cli({"metadata", Path("out.jpg")}).out;
+  EXPECT_EQ(Cli({"metadata", "--copy-from", Path("nothing.jpg"), Path("out.jpg")}).code, 1);
+  EXPECT_EQ(Cli({"metadata", Path("out.jpg")}).out, before);
   EXPECT_EQ(Cli({"render", "--metadata", "some", photo, "-o", Path("out.jpg")}).code, 2);
 }
 

@@ -31,7 +31,7 @@ void EditSession::SaveCopy(const FolderItem& file, const std::string& type, doub
          if (!error->empty()) return;
          copy->Source = source->Image();
          copy->Pasted = source->PastedImages();
-         copy->Photo = source->originalImageFile;
+         copy->Photo = source->OriginalSource();
          *outcome = SaveAsCopy::Run(
              *copy, worker_->All(), [&](double done) { return control.Progress(done); }, *error);
        },

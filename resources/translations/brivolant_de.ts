@@ -2948,6 +2948,10 @@
         <source>The data of &quot;&lt;filename&gt;&quot; cannot be changed: the file is locked, or its folder is.</source>
         <translation>Die Angaben von „&lt;filename&gt;“ lassen sich nicht ändern: Die Datei oder ihr Ordner ist gesperrt.</translation>
     </message>
+    <message id="MetadataWriter.kMorePictures">
+        <source>The place was not taken out of &quot;&lt;filename&gt;&quot;: behind its picture the file holds others, which may tell it too.</source>
+        <translation>Der Ort wurde nicht aus „&lt;filename&gt;“ entfernt: Hinter ihrem Bild enthält die Datei weitere, die ihn ebenfalls nennen können.</translation>
+    </message>
     <message id="MetadataWriter.kNotThis">
         <source>The tag &lt;tag&gt; of &quot;&lt;filename&gt;&quot; cannot be given this value.</source>
         <translation>Das Feld &lt;tag&gt; von „&lt;filename&gt;“ kann diesen Wert nicht annehmen.</translation>

@@ -57,6 +57,19 @@ TEST(Copies, CarryWhatThePhotoToldAndAreStampedForOthers) {
   EXPECT_EQ(NumberOf(data.ExifData->Value("A002", 1)), 200);
   EXPECT_TRUE(data.Thumbnail->TIFFData->hasKey("0202"));
   EXPECT_THAT(data.TIFFData->StringValue("0131"), testing::StartsWith("Brivolant Photos"));
+  // A document tells what its original told.
+  program.fileDialogs.files = {photo.Parent().Child("kept.brvPhoto")};
+  program.Choose("RotateAndFlipRotate90");
+  program.Choose("FileSave");
+  program.Finish();
+  program.OpenPhoto(photo.Parent().Child("kept.brvPhoto"));
+  program.fileDialogs.files = {photo.Parent().Child("again.jpg")};
+  program.Choose("FileSaveACopyAs");
+  program.Finish();
+  ImageMetaData again;
+  again.ReadFile(photo.Parent().Child("again.jpg"));
+  ASSERT_NE(again.ExifData, nullptr);
+  EXPECT_EQ(again.ExifData->StringValue("8827"), "200");
   // For others, with what the user wants to be known by; what is empty leaves what stands.
   program.app->usersFullName = "Ada Lens";
   program.app->usersContactLink = "";
