@@ -36,10 +36,11 @@ TEST(Columns, TellWhatThePhotoTellsOfItself) {
   ASSERT_TRUE(program.Shows({"a.jpg"}));
   program.Choose("ViewAsColumns");
   Click(program.Grid(), program.Cell(0));
-  ExpectSoon([&] { return program.Browser().previewCanvas().columnPreviewDisplayData(); },
-             ElementsAre("On the beach", testing::_, testing::_,
-                         testing::AllOf(testing::StartsWith("Taken: "), testing::HasSubstr("10/22/08")),
-                         "\xC2\xA9 Ada"));
+  ExpectSoon(
+      [&] { return program.Browser().previewCanvas().columnPreviewDisplayData(); },
+      ElementsAre("On the beach", testing::_, testing::_,
+                  testing::AllOf(testing::StartsWith("Taken: "), testing::HasSubstr("10/22/08")),
+                  "\xC2\xA9 Ada"));
 }
 
 TEST(Columns, ShowWhatIsSelectedWithLinesThatCanBeHidden) {
