@@ -43,15 +43,15 @@ struct Listed {
 };
 
 std::vector<Listed> Blocks(const ImageMetaData& data) {
-  return {{"TIFF", data.TIFFData.get()},
-          {"EXIF", data.ExifData.get()},
-          {"GPS", data.GPSData.get()},
-          {"Interoperability", data.Interoperability.get()},
-          {"SubIFD", data.SubIFD.get()},
-          {"Thumbnail", data.Thumbnail ? data.Thumbnail->TIFFData.get() : nullptr},
-          {"IPTC", data.IPTCData.get(), Form::kText},
-          {"Photoshop", data.Photoshop.get(), Form::kBytes},
-          {"ICC", data.ColorProfile.get(), Form::kBytes}};
+  std::vector<Listed> blocks;
+  for (const auto& [name, block] : data.Blocks()) {
+    const bool bytes = name == "Photoshop" || name == "ICC";
+    blocks.push_back({name, block,
+                      name == "IPTC" ? Form::kText
+                      : bytes        ? Form::kBytes
+                                     : Form::kTyped});
+  }
+  return blocks;
 }
 
 std::array<std::pair<const char*, int>, 6> FieldsOf(const JFIFDataObject& jfif) {

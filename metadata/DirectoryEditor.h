@@ -123,6 +123,8 @@ class DirectoryEditor {
   bool Change(Directory directory);
   void Free(const Range& range);
   bool Alone(const Range& range) const;
+  /// It can stay where it is.
+  bool Fits(const Listing& listing) const;
   /// Of what lies there alone and can be written anew elsewhere, the bytes; false if there is more.
   bool TakeOut(const Range& range);
   void Reclaim();

@@ -17,7 +17,14 @@ class IPTCRecords {
   /// All of the bytes were datasets, and their texts are in an encoding that is known here: nothing
   /// would be lost by writing them anew.
   bool Whole() const { return whole_; }
-  bool Empty() const { return datasets_.empty(); }
+  struct Dataset {
+    int record;
+    int number;
+    std::string value;
+    /// As it stood, with its length in the form that it had; empty for what is new.
+    std::string raw;
+  };
+  const std::vector<Dataset>& Datasets() const { return datasets_; }
   /// Texts of a dataset of the second record; those that were there go, and the new ones stand
   /// where the first of them stood.
   void Set(int dataset, const std::vector<std::string>& texts);
@@ -27,14 +34,6 @@ class IPTCRecords {
   std::string Bytes() const;
 
  private:
-  struct Dataset {
-    int record;
-    int number;
-    std::string value;
-    /// As it stood, with its length in the form that it had; empty for what is new.
-    std::string raw;
-  };
-
   void Declare();
   void Insert(std::size_t at, int record, int number, std::string value);
   /// Where a dataset of a record belongs: behind those up to its number.

@@ -4,18 +4,16 @@
 #include <algorithm>
 #include <array>
 
+#include "metadata/JpegMarks.h"
 #include "metadata/MetadataStream.h"
 #include "platform/files/BinaryStream.h"
 
 namespace brivolant {
 namespace {
 
+using namespace JpegMarks;
+
 constexpr std::uint16_t kStart = 0xFFD8;
-constexpr std::string_view kExifMark("Exif\0\0", 6);
-constexpr std::string_view kXmpMark("http://ns.adobe.com/xap/1.0/\0", 29);
-constexpr std::string_view kPhotoshopMark("Photoshop 3.0\0", 14);
-constexpr std::string_view kProfileMark("ICC_PROFILE\0", 12);
-constexpr std::string_view kJfifMark("JFIF\0", 5);
 
 bool BeginsLike(std::string_view bytes, std::string_view mark) {
   return bytes.size() >= mark.size() && EqualIgnoringCase(bytes.substr(0, mark.size()), mark);
@@ -30,6 +28,15 @@ double ImageSummaryObject::Megapixel() const {
 
 ImageMetaData::ImageMetaData() = default;
 ImageMetaData::~ImageMetaData() = default;
+
+std::vector<ImageMetaData::NamedBlock> ImageMetaData::Blocks() const {
+  return {
+      {"TIFF", TIFFData.get()},   {"EXIF", ExifData.get()},
+      {"GPS", GPSData.get()},     {"Interoperability", Interoperability.get()},
+      {"SubIFD", SubIFD.get()},   {"Thumbnail", Thumbnail ? Thumbnail->TIFFData.get() : nullptr},
+      {"IPTC", IPTCData.get()},   {"Photoshop", Photoshop.get()},
+      {"ICC", ColorProfile.get()}};
+}
 
 void ImageMetaData::ErrorOccured(int id, const LocalizedText& message) {
   ErrorID = id;

@@ -76,6 +76,13 @@ class ImageMetaData {
   /// With `stopAfterTIFF` no more than the first TIFF structure is read.
   void ReadFile(const FolderItem& file, bool stopAfterTIFF = false);
 
+  /// A block by the name under which it is known outside; null for what the file does not hold.
+  struct NamedBlock {
+    std::string_view Name;
+    const TiffDataCoreClass* Data;
+  };
+  std::vector<NamedBlock> Blocks() const;
+
   FolderItem MyFile;
   int ErrorID = -1;
   std::string ErrorMessage;

@@ -15,7 +15,6 @@ class ImageResources {
 
   /// All of the bytes were resources.
   bool Whole() const { return whole_; }
-  bool Empty() const { return resources_.empty(); }
   bool Has(int id) const { return Find(id) != nullptr; }
   std::string_view Data(int id) const;
   void Set(int id, std::string data);

@@ -5,18 +5,16 @@
 #include <array>
 
 #include "metadata/BigEndian.h"
+#include "metadata/JpegMarks.h"
 #include "metadata/TagValue.h"
 #include "platform/values/Text.h"
 
 namespace brivolant {
 namespace {
 
-constexpr std::string_view kExifMark("Exif\0\0", 6);
-constexpr std::string_view kXmpMark("http://ns.adobe.com/xap/1.0/\0", 29);
-constexpr std::string_view kPhotoshopMark("Photoshop 3.0\0", 14);
+using namespace JpegMarks;
+
 constexpr std::string_view kMpfMark("MPF\0", 4);
-constexpr std::string_view kProfileMark("ICC_PROFILE\0", 12);
-constexpr std::string_view kJfifMark("JFIF\0", 5);
 constexpr std::string_view kAdobeMark("Adobe", 5);
 /// What a segment holds beside its length.
 constexpr std::size_t kMostPayload = 65533;
@@ -147,8 +145,7 @@ bool JpegParts::StripAll() {
     if (SizeOfType(type) == 0) continue;
     if (!bare->Set(kept.Where, kept.Tag, type, old->BytesOf(kept.Where, kept.Tag))) return false;
   }
-  if (!bare->Tags(DirectoryEditor::kFirst).empty()) return TakeStructure(std::move(bare));
-  return true;
+  return TakeStructure(std::move(bare));
 }
 
 std::string JpegParts::Comment() {
@@ -182,13 +179,9 @@ bool JpegParts::Take(CarriedData data) {
     }
     break;
   }
-  if (data.Tiff && !data.Tiff->Tags(DirectoryEditor::kFirst).empty() &&
-      !TakeStructure(std::move(data.Tiff))) {
-    return false;
-  }
+  if (!TakeStructure(std::move(data.Tiff))) return false;
   if (!data.Comment.empty()) comment_ = std::move(data.Comment);
-  if (!data.XMP.empty()) XMP(std::move(data.XMP));
-  return data.IPTC.empty() || IPTC(std::move(data.IPTC));
+  return TakeTexts(data);
 }
 
 std::string JpegParts::NewOf(Kind kind) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "metadata/MetadataChange.h"
 
+#include <QByteArray>
 #include <QString>
 #include <algorithm>
 #include <array>
@@ -32,21 +33,11 @@ std::vector<std::string> Words(std::string_view text) {
 }
 
 std::optional<std::string> BytesFromHex(std::string_view text) {
-  const auto digit = [](char c) {
-    return c >= '0' && c <= '9'   ? c - '0'
-           : c >= 'A' && c <= 'F' ? c - 'A' + 10
-           : c >= 'a' && c <= 'f' ? c - 'a' + 10
-                                  : -1;
-  };
-  if (text.size() % 2 != 0) return {};
-  std::string bytes;
-  for (std::size_t i = 0; i < text.size(); i += 2) {
-    const int high = digit(text[i]);
-    const int low = digit(text[i + 1]);
-    if (high < 0 || low < 0) return {};
-    bytes += static_cast<char>(high * 16 + low);
-  }
-  return bytes;
+  const QByteArray written = QByteArray::fromRawData(text.data(), std::ssize(text));
+  QByteArray bytes = QByteArray::fromHex(written);
+  // What is no digit is passed over there.
+  if (bytes.toHex() != written.toLower()) return {};
+  return bytes.toStdString();
 }
 
 /// The nearest fraction with a denominator that decimals have.

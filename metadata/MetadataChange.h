@@ -24,8 +24,6 @@ struct MetadataChange {
   /// "0.004") with blanks or commas between them, bytes in hexadecimal, texts as they are. Nothing
   /// to remove.
   std::optional<std::string> Text{};
-
-  friend bool operator==(const MetadataChange&, const MetadataChange&) = default;
 };
 
 /// Bytes of a tag of a directory, as its type keeps what a user wrote; nothing if it is none, or

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "metadata/DirectoryLayout.h"
 #include "metadata/IPTCRecords.h"
 #include "metadata/MetadataBlocks.h"
 #include "metadata/MetadataParts.h"
@@ -14,13 +15,14 @@
 namespace brivolant {
 namespace {
 
+using DirectoryLayout::kMakerNote;
+
 using Directory = DirectoryEditor::Directory;
 
 constexpr auto kFirst = DirectoryEditor::kFirst;
 constexpr auto kExif = DirectoryEditor::kExif;
 constexpr auto kGps = DirectoryEditor::kGps;
 constexpr auto kInterop = DirectoryEditor::kInterop;
-constexpr int kMakerNote = 0x927C;
 constexpr int kOrientation = 0x0112;
 /// Longer than this it does not fit into a segment of a JPEG beside what else there is.
 constexpr std::uint64_t kMostStructure = 60000;

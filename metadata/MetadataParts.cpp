@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <utility>
 
 #include "metadata/IPTCRecords.h"
@@ -50,16 +51,10 @@ constexpr std::array<std::pair<int, Wanted>, 8> kReferences{
 
 std::optional<int> TagNumber(std::string_view text) {
   if (text.size() != 4) return {};
-  int number = 0;
-  for (const char c : text) {
-    const int digit = c >= '0' && c <= '9'   ? c - '0'
-                      : c >= 'A' && c <= 'F' ? c - 'A' + 10
-                      : c >= 'a' && c <= 'f' ? c - 'a' + 10
-                                             : -1;
-    if (digit < 0) return {};
-    number = number * 16 + digit;
-  }
-  return number;
+  unsigned number = 0;
+  const auto end = text.data() + text.size();
+  if (std::from_chars(text.data(), end, number, 16).ptr != end) return {};
+  return static_cast<int>(number);
 }
 
 /// What leads elsewhere, or is of the pixels: a text cannot change it.
@@ -284,8 +279,13 @@ bool MetadataParts::StripPlace() {
   return true;
 }
 
+bool MetadataParts::TakeTexts(CarriedData& data) {
+  if (!data.XMP.empty()) XMP(std::move(data.XMP));
+  return data.IPTC.empty() || IPTC(std::move(data.IPTC));
+}
+
 bool MetadataParts::TakeStructure(std::unique_ptr<DirectoryEditor> structure) {
-  if (!structure || structure->Tags(DirectoryEditor::kFirst).empty()) return false;
+  if (!structure || structure->Tags(DirectoryEditor::kFirst).empty()) return true;
   tiff_ = std::move(structure);
   tiffChanged_ = newStructure_ = true;
   return (!tiff_->Has(DirectoryEditor::kExif) || Complete(DirectoryEditor::kExif, false)) &&

@@ -89,8 +89,10 @@ class MetadataParts {
   }
   /// What the standards want beside what was set. False if it cannot be.
   bool Complete(DirectoryEditor::Directory directory, bool wasThere);
-  /// What a structure of its own is made of; false if there is nothing in it.
+  /// What a structure of its own is made of; nothing changes if there is nothing in it.
   bool TakeStructure(std::unique_ptr<DirectoryEditor> structure);
+  /// Packet and records; what is empty leaves what stands.
+  bool TakeTexts(CarriedData& data);
   /// The new structure; empty if it would not fit its offsets.
   std::string Structure(const std::string& old);
 

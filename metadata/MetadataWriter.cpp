@@ -68,23 +68,6 @@ std::string Refusal(const FolderItem& file, MetadataStream& stream) {
 
 // Comparing.
 
-struct Listed {
-  std::string_view Name;
-  const TiffDataCoreClass* Data;
-};
-
-std::vector<Listed> Blocks(const ImageMetaData& data) {
-  return {{"TIFF", data.TIFFData.get()},
-          {"EXIF", data.ExifData.get()},
-          {"GPS", data.GPSData.get()},
-          {"Interoperability", data.Interoperability.get()},
-          {"SubIFD", data.SubIFD.get()},
-          {"Thumbnail", data.Thumbnail ? data.Thumbnail->TIFFData.get() : nullptr},
-          {"IPTC", data.IPTCData.get()},
-          {"Photoshop", data.Photoshop.get()},
-          {"ICC", data.ColorProfile.get()}};
-}
-
 /// What is no number is none afterwards too.
 bool SameValue(const TagValue& a, const TagValue& b) {
   const auto none = [](const TagValue& value) {
@@ -111,8 +94,8 @@ std::string Lost(const ImageMetaData& before, const ImageMetaData& after,
                  const std::set<std::string>& asked) {
   // A digest of the record, and the packet, which is compared by its properties.
   static const std::set<std::string> kFollow{"Photoshop.0425", "Photoshop.0424", "TIFF.02BC"};
-  const std::vector<Listed> old = Blocks(before);
-  const std::vector<Listed> now = Blocks(after);
+  const auto old = before.Blocks();
+  const auto now = after.Blocks();
   for (std::size_t i = 0; i < old.size(); ++i) {
     if (old[i].Data == nullptr) continue;
     for (const auto& entry : old[i].Data->AllData()) {

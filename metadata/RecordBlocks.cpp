@@ -2,6 +2,7 @@
 // Blocks that are read from bytes of their own: IPTC, Photoshop's resources, colour profiles.
 #include <array>
 
+#include "metadata/IPTCRecords.h"
 #include "metadata/MetadataBlocks.h"
 #include "metadata/TagCatalog.h"
 #include "platform/files/BinaryStream.h"
@@ -37,28 +38,13 @@ std::string IPTCDataObject::handleStringValue(const std::string&, const TagValue
 }
 
 void IPTCDataObject::ProcessRawData(std::string_view bytes) {
-  constexpr std::uint8_t kMark = 0x1C;
   constexpr int kApplicationRecord = 2;
-  constexpr std::uint16_t kExtended = 0x8000;
-  BinaryStream stream(bytes);
-  while (stream.Remaining() >= 5) {
-    // What pads the data to an even length is passed over.
-    if (stream.ReadUInt8() != kMark) continue;
-    const int record = stream.ReadUInt8();
-    const int dataset = stream.ReadUInt8();
-    std::size_t length = stream.ReadUInt16();
-    if ((length & kExtended) != 0) {
-      // The length of the length.
-      const std::size_t count = length & 0x7FFF;
-      if (count > 4) return;
-      length = 0;
-      for (std::size_t i = 0; i < count; ++i) length = length << 8 | stream.ReadUInt8();
-    }
-    std::string value(stream.ReadUpTo(length));
-    if (record != kApplicationRecord || dataset == 0) {
-      others_.push_back({record, dataset, std::move(value)});
+  const IPTCRecords records(bytes);
+  for (const auto& [record, number, value, raw] : records.Datasets()) {
+    if (record != kApplicationRecord || number == 0) {
+      others_.push_back({record, number, value});
     } else {
-      AddData(std::to_string(dataset), kAsciiType, TagValue(std::move(value)));
+      AddData(std::to_string(number), kAsciiType, TagValue(value));
     }
   }
 }

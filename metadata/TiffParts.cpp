@@ -5,9 +5,12 @@
 #include <array>
 
 #include "metadata/BigEndian.h"
+#include "metadata/DirectoryLayout.h"
 
 namespace brivolant {
 namespace {
+
+using namespace DirectoryLayout;
 
 constexpr int kXmpTag = 0x02BC;
 constexpr int kIptcTag = 0x83BB;
@@ -74,13 +77,13 @@ bool TiffParts::StripAll() {
 
 bool TiffParts::Take(CarriedData data) {
   // A maker's note counts from a place that the pixels have here.
-  constexpr int kMakerNote = 0x927C;
   if (data.Tiff) {
     const bool swap = data.Tiff->LittleEndian() != tiff_->LittleEndian();
     for (const auto directory :
          {kFirst, DirectoryEditor::kExif, DirectoryEditor::kGps, DirectoryEditor::kInterop}) {
       for (const int tag : data.Tiff->Tags(directory)) {
-        if (tag == kMakerNote || tag == 0x8769 || tag == 0x8825 || tag == 0xA005) continue;
+        if (tag == kMakerNote || tag == kExifLink || tag == kGpsLink || tag == kInteropLink)
+          continue;
         const int type = data.Tiff->TypeOf(directory, tag);
         std::string bytes = data.Tiff->BytesOf(directory, tag);
         if (swap) bytes = DirectoryEditor::Swapped(type, std::move(bytes));
@@ -89,8 +92,7 @@ bool TiffParts::Take(CarriedData data) {
       }
     }
   }
-  if (!data.XMP.empty()) XMP(std::move(data.XMP));
-  return data.IPTC.empty() || IPTC(std::move(data.IPTC));
+  return TakeTexts(data);
 }
 
 std::optional<FilePlan> TiffParts::Plan() {
@@ -160,11 +162,7 @@ bool PhotoshopParts::StripAll() {
 }
 
 bool PhotoshopParts::Take(CarriedData data) {
-  if (data.Tiff && !data.Tiff->Tags(kFirst).empty() && !TakeStructure(std::move(data.Tiff))) {
-    return false;
-  }
-  if (!data.XMP.empty()) XMP(std::move(data.XMP));
-  return data.IPTC.empty() || IPTC(std::move(data.IPTC));
+  return TakeStructure(std::move(data.Tiff)) && TakeTexts(data);
 }
 
 std::optional<FilePlan> PhotoshopParts::Plan() {
