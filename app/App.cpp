@@ -13,9 +13,11 @@
 #include "app/MainWindow.h"
 #include "app/PreferencesWindow.h"
 #include "app/ProgressDialog.h"
+#include "app/browse/OwnPreviews.h"
 #include "app/core/ApplicationServices.h"
 #include "app/core/GlobalApplicationSpecificProperties.h"
 #include "app/core/WorkerServices.h"
+#include "app/info/InfoWindows.h"
 #include "browser/SideBarItem.h"
 #include "engine/ui/EffectStackEditor.h"
 #include "files/FolderitemExtensions.h"
@@ -101,6 +103,7 @@ bool App::Open(bool openingScreen) {
   if (!SendViaEmail) SendViaEmail = brivolant::SendViaEmail;
   MakeDesk();
   window_ = std::make_unique<MainWindow>(*this);
+  info_ = std::make_unique<InfoWindows>(*desk_, NewFilePreviewer(), *window_);
   recent_->UpdateRecentMenu = [this] { window_->UpdateRecentMenu(); };
   ownDialogs_.Window(window_.get());
   ownFileDialogs_.Window(window_.get());
@@ -135,7 +138,10 @@ void App::MakeDesk() {
         usersContactLink = link;
         SaveUserDetails();
       },
-      [this] { return myComputer(); }, [this](bool open) { QuickLookOpen = open; }});
+      [this] { return myComputer(); }, [this](bool open) { QuickLookOpen = open; },
+      [this](const std::vector<FolderItem>& files) {
+        if (info_) info_->Show(files);
+      }});
 }
 
 void App::ReadUserDetails() {
@@ -165,6 +171,7 @@ std::string App::TagImageFile(const FolderItem& file) const {
 void App::Close() {
   preferencesWindow_.reset();
   about_.reset();
+  info_.reset();
   window_.reset();
   // Not before: the window's end waits for edits that are being written.
   if (recovery_ && !keeps_) recovery_->Forget();
@@ -350,6 +357,10 @@ void App::BringToFront() {
   window_->show();
   window_->raise();
   window_->activateWindow();
+}
+
+bool App::InfoMustWait(const std::function<void()>& then) {
+  return info_ && info_->MustWait(then);
 }
 
 std::string App::CreatedWithString() const {

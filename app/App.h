@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -24,6 +25,7 @@ namespace brivolant {
 class browserItemCollection;
 
 class AboutBox;
+class InfoWindows;
 class MainWindow;
 class PreferencesWindow;
 class ProgressDialog;
@@ -164,6 +166,10 @@ class App final : public UserDetails {
   /// Null before Open.
   MainWindow* Window() { return window_.get(); }
   PreferencesWindow* PreferencesShown() { return preferencesWindow_.get(); }
+  /// See InfoWindows::MustWait.
+  bool InfoMustWait(const std::function<void()>& then);
+  /// Null before Open.
+  InfoWindows* Info() { return info_.get(); }
   AboutBox* AboutShown() { return about_.get(); }
 
  private:
@@ -209,6 +215,7 @@ class App final : public UserDetails {
   std::unique_ptr<MainWindow> window_;
   std::unique_ptr<PreferencesWindow> preferencesWindow_;
   std::unique_ptr<AboutBox> about_;
+  std::unique_ptr<InfoWindows> info_;
 };
 
 }  // namespace brivolant

@@ -8,7 +8,6 @@
 #include <QVBoxLayout>
 
 #include "app/App.h"
-#include "app/ProgressDialog.h"
 #include "app/WindowCommands.h"
 #include "app/commands/ToolButtons.h"
 #include "app/core/GlobalApplicationSpecificProperties.h"
@@ -226,7 +225,9 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     unfinished_.AskNoMore();
     close();
   };
-  if (unfinished_.MustWait(later) || AskToSave(saved)) return event->ignore();
+  if (unfinished_.MustWait(later) || app_.InfoMustWait(later) || AskToSave(saved)) {
+    return event->ignore();
+  }
   unfinished_.GiveUp();
   AnimationCore::Stop();
   StorePreferences();

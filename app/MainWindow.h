@@ -75,6 +75,7 @@ class MainWindow final : public ifkWindow, private Panes {
   Jobs& FileWork() { return browse_.History.Work(); }
   Jobs& Looking() { return browse_.Opening.Looking(); }
   EditsController& Edits() { return browse_.Edits; }
+  InfoController& Infos() { return browse_.Info; }
   MainMenuBar& Menu() { return *menu_; }
   CropEditor* Cropper() { return &edit_.Crop.Editor(); }
   QuickLookWindow* FullScreen() { return browse_.Looks.FullScreen(); }

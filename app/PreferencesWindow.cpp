@@ -11,6 +11,7 @@
 
 #include "app/App.h"
 #include "app/browse/LibraryController.h"
+#include "app/session/EditSession.h"
 #include "kit/InterfaceKitSupport.h"
 #include "kit/ifkButton.h"
 
@@ -33,7 +34,8 @@ PreferencesWindow::PreferencesWindow(App& app, QWidget* parent)
       eMailApp_(new QComboBox),
       updateCheck_(new QComboBox),
       appearance_(new QComboBox),
-      photoLibrary_(new QComboBox) {
+      photoLibrary_(new QComboBox),
+      copiesCarry_(new QComboBox) {
   setWindowTitle(Shown(kWindowTitle));
   setWindowModality(Qt::NonModal);
   auto* content = new QWidget(this);
@@ -70,8 +72,12 @@ PreferencesWindow::PreferencesWindow(App& app, QWidget* parent)
   }
   form->addRow(Shown(kAppearance), appearance_);
   form->addRow(Shown(kPhotoLibrary), photoLibrary_);
+  for (const LocalizedText& text : {kCarryAll, kCarryWithoutPlace, kCarryNone}) {
+    copiesCarry_->addItem(Shown(text));
+  }
+  form->addRow(Shown(kCopiesCarry), copiesCarry_);
   setCentralWidget(content);
-  for (QComboBox* choice : {eMailApp_, updateCheck_, appearance_, photoLibrary_}) {
+  for (QComboBox* choice : {eMailApp_, updateCheck_, appearance_, photoLibrary_, copiesCarry_}) {
     choice->setMinimumHeight(kFieldHeight);
   }
   for (QLabel* label : content->findChildren<QLabel*>()) label->setMinimumHeight(kFieldHeight);
@@ -83,6 +89,10 @@ PreferencesWindow::PreferencesWindow(App& app, QWidget* parent)
       std::max(eMailApp_->findText(ToQString(app.usersEmailApp), Qt::MatchExactly), 0));
   updateCheck_->setCurrentIndex(app.UpdateCheckPeriod());
   appearance_->setCurrentIndex(app.AppearanceChoice());
+  copiesCarry_->setCurrentIndex(
+      std::clamp(app.Preferences().Value(EditSession::kCopiesCarry, 0).ToInt(), 0, 2));
+  connect(copiesCarry_, &QComboBox::activated, this,
+          [this](int index) { app_.Preferences().Assign(EditSession::kCopiesCarry, index); });
   connect(eMailApp_, &QComboBox::currentTextChanged, this,
           [this](const QString& name) { app_.usersEmailApp = name.toStdString(); });
   FillPhotoLibrary();

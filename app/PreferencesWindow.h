@@ -43,6 +43,12 @@ class PreferencesWindow final : public ifkWindow {
                                                      "Choose the File of a Photo Library"};
   static constexpr LocalizedText kLibraryFile{"PreferencesWindow.kLibraryFile",
                                               "Photo library (AlbumData.xml)"};
+  static constexpr LocalizedText kCopiesCarry{"PreferencesWindow.kCopiesCarry", "Copies Tell:"};
+  static constexpr LocalizedText kCarryAll{"PreferencesWindow.kCarryAll",
+                                           "All that the photo tells"};
+  static constexpr LocalizedText kCarryWithoutPlace{"PreferencesWindow.kCarryWithoutPlace",
+                                                    "All but where it was taken"};
+  static constexpr LocalizedText kCarryNone{"PreferencesWindow.kCarryNone", "Nothing"};
   static constexpr LocalizedText kCopyRightHelp{"PreferencesWindow.kCopyRightHelp",
                                                 "Puts \xC2\xA9 at the caret"};
 
@@ -56,6 +62,8 @@ class PreferencesWindow final : public ifkWindow {
   QComboBox& eMailApp() { return *eMailApp_; }
   QComboBox& updateCheck() { return *updateCheck_; }
   QComboBox& appearance() { return *appearance_; }
+  /// All, all but the place, nothing.
+  QComboBox& copiesCarry() { return *copiesCarry_; }
   /// As found, then the chosen file if there is one, then choosing one.
   QComboBox& photoLibrary() { return *photoLibrary_; }
 
@@ -77,6 +85,7 @@ class PreferencesWindow final : public ifkWindow {
   QComboBox* updateCheck_;
   QComboBox* appearance_;
   QComboBox* photoLibrary_;
+  QComboBox* copiesCarry_;
 };
 
 }  // namespace brivolant

@@ -50,6 +50,12 @@ std::int64_t TimeOf(const BrowserPayload& payload) {
   return item != nullptr && item->Facts ? item->Facts->Modified : 0;
 }
 
+/// Photos that do not tell stand where they were last changed.
+std::int64_t TakenOf(const BrowserPayload& payload) {
+  const browserItem* item = ItemOf(payload);
+  return item != nullptr && item->Taken.value_or(0) != 0 ? *item->Taken : TimeOf(payload);
+}
+
 std::uint64_t SizeOf(const BrowserPayload& payload) {
   if (const auto* roll = std::get_if<std::shared_ptr<iPhotoRoll>>(&payload)) {
     return static_cast<std::uint64_t>((*roll)->Count());
@@ -177,9 +183,10 @@ bool BrowserRows::Before(const Row& a, const Row& b, int column, bool descending
     const std::uint64_t sizeA = SizeOf(a.tag);
     const std::uint64_t sizeB = SizeOf(b.tag);
     order = sizeA < sizeB ? -1 : sizeA > sizeB ? 1 : 0;
-  } else if (column == kDateColumn) {
-    const std::int64_t timeA = TimeOf(a.tag);
-    const std::int64_t timeB = TimeOf(b.tag);
+  } else if (column == kDateColumn || column == kTakenColumn) {
+    const auto time = column == kDateColumn ? TimeOf : TakenOf;
+    const std::int64_t timeA = time(a.tag);
+    const std::int64_t timeB = time(b.tag);
     order = timeA < timeB ? -1 : timeA > timeB ? 1 : 0;
   } else if (column == kNameColumn) {
     order = byName();

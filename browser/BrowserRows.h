@@ -25,7 +25,16 @@ class BrowserRows {
   static constexpr LocalizedText kitem{"multiViewFileBrowser.kitem", "Item"};
   static constexpr LocalizedText kItems{"multiViewFileBrowser.kItems", "Items"};
 
-  enum Column { kNameColumn = 0, kKindColumn = 1, kSizeColumn = 2, kDateColumn = 3 };
+  static constexpr LocalizedText kTakenDate{"multiViewFileBrowser.kTakenDate", "Date Taken"};
+
+  /// The last is an order, and no column of a list.
+  enum Column {
+    kNameColumn = 0,
+    kKindColumn = 1,
+    kSizeColumn = 2,
+    kDateColumn = 3,
+    kTakenColumn = 4
+  };
 
   struct Row {
     BrowserPayload tag;

@@ -14,6 +14,7 @@
 #include <mutex>
 
 #include "browser/DiskThreads.h"
+#include "browser/PhotoFactsCache.h"
 #include "files/FolderitemExtensions.h"
 #include "files/NaturalOrder.h"
 #include "files/VolumeItem.h"
@@ -134,6 +135,15 @@ void FolderLister::Read(
     const std::function<bool(std::vector<BrowserRows::Row> rows, bool done)>& part) {
   const std::unique_ptr<DIR, CloseFolder> open(opendir(folder.Path().c_str()));
   std::vector<BrowserRows::Row> rows;
+  const auto sort = [&] {
+    if (order.column == BrowserRows::kTakenColumn && order.facts) {
+      std::vector<std::shared_ptr<browserItem>> items;
+      items.reserve(rows.size());
+      for (const auto& row : rows) items.push_back(std::get<std::shared_ptr<browserItem>>(row.tag));
+      order.facts->FillTaken(folder, items, [&] { return part({}, false); });
+    }
+    BrowserRows::Sort(rows, order.column, order.descending);
+  };
   if (open) {
     const NaturalOrder natural;
     const int descriptor = dirfd(open.get());
@@ -152,12 +162,12 @@ void FolderLister::Read(
       rows.push_back({std::move(item), false, std::move(key)});
       if (rows.size() % kLook == 0 && !part({}, false)) return;
       if (since.elapsed() < kPart) continue;
-      BrowserRows::Sort(rows, order.column, order.descending);
+      sort();
       if (!part(std::exchange(rows, {}), false)) return;
       since.restart();
     }
   }
-  BrowserRows::Sort(rows, order.column, order.descending);
+  sort();
   (void)part(std::move(rows), true);
 }
 

@@ -11,6 +11,8 @@
 
 namespace brivolant {
 
+class PhotoFactsCache;
+
 /// Lists a folder on another thread and hands its rows over in their order: at once if it is
 /// quick, in a few parts if it is not.
 class FolderLister final : public QObject {
@@ -24,6 +26,8 @@ class FolderLister final : public QObject {
     bool hiddenToo = false;
     /// Files of the program's own kind that are folders.
     std::string documentExtension;
+    /// What photos tell, for an order by the moments at which they were taken.
+    std::shared_ptr<PhotoFactsCache> facts = nullptr;
   };
   /// Lists, after whatever was being listed is given up. Waits at most `patience` milliseconds
   /// for a quick end, so that small folders appear without a flicker.

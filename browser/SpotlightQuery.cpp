@@ -22,6 +22,7 @@
 #include <unordered_set>
 
 #include "browser/FolderLister.h"
+#include "browser/PhotoFactsCache.h"
 #include "browser/SearchIndex.h"
 #include "browser/SearchText.h"
 #include "files/FolderitemExtensions.h"
@@ -71,6 +72,7 @@ struct SpotlightQuery::Work : std::enable_shared_from_this<Work> {
   MountTable table;
   std::chrono::milliseconds patience{0};
   std::function<void(const std::string&)> entering;
+  std::shared_ptr<PhotoFactsCache> facts;
   /// Given up: nothing is reported. Finished: what there is is reported.
   std::atomic<bool> ended = false;
   std::atomic<bool> finished = false;
@@ -158,6 +160,7 @@ void SpotlightQuery::Run() {
   work_->owner = this;
   work_->threads = threads_;
   work_->documentExtension = DocumentExtension;
+  work_->facts = Facts;
   work_->table = Mounts.value_or(MountTable::Now());
   work_->patience = Patience;
   work_->entering = Entering;
@@ -323,14 +326,14 @@ void SpotlightQuery::AskIndexes(const std::shared_ptr<Work>& work) {
     --of.asking;
     of.changed.notify_all();
   };
-  const auto add = [&](const std::vector<FolderItem>& files) {
+  const auto add = [&](const std::vector<FolderItem>& files, bool byName = true) {
     for (const FolderItem& file : files) {
       if (!work->Wanted()) return;
       const std::string path = file.ShellPath();
       const std::string name = file.Name();
       const bool within = std::any_of(work->roots.begin(), work->roots.end(),
                                       [&](const auto& root) { return Within(path, root); });
-      if (!within || !work->text.In(name)) continue;
+      if (!within || (byName && !work->text.In(name))) continue;
       const Mount* mount = work->table.Of(file);
       if (mount == nullptr || !mount->Apart()) {
         look(*work, file);
@@ -347,6 +350,7 @@ void SpotlightQuery::AskIndexes(const std::shared_ptr<Work>& work) {
       });
     }
   };
+  if (work->facts) add(work->facts->Find(work->query), false);
   if (const auto files = SearchIndex::AskLocalSearch(work->query, work->ended)) add(*files);
   if (work->Wanted()) add(SearchIndex::AskBaloo(work->query));
   end(*work);

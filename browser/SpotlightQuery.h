@@ -16,6 +16,8 @@
 
 namespace brivolant {
 
+class PhotoFactsCache;
+
 /// One hit of a search.
 class SpotlightItem {
  public:
@@ -46,6 +48,8 @@ class SpotlightQuery final : public QObject {
   std::optional<MountTable> Mounts;
   /// What is still searched once the disks of this machine are done may be silent for so long.
   std::chrono::milliseconds Patience{6000};
+  /// Photos of which title or keywords hold the text are hits too, as far as they were read.
+  std::shared_ptr<PhotoFactsCache> Facts;
   /// Called on a searching thread before it goes into a folder, which may take for ever.
   std::function<void(const std::string& folder)> Entering;
   /// Extension of the program's documents, which are folders that count as images.

@@ -64,6 +64,11 @@ class browserItem {
   Wrapped item;
   /// Known of a file that was listed.
   std::optional<FileFacts> Facts;
+  /// When the photo was taken, in seconds of the Unix epoch; 0 if it does not tell, nothing as long
+  /// as nobody asked.
+  std::optional<std::int64_t> Taken;
+  /// Camera, lens and exposure; nothing as long as nobody asked. Only the main thread writes it.
+  std::optional<std::string> Shot;
   /// Of a volume.
   VolumeFacts Volume;
   /// Names of the icon in the desktop's theme; empty while unknown or once there is a thumbnail.

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <optional>
 
+#include "app/session/FileInfo.h"
 #include "cli/Commands.h"
 #include "cli/Support.h"
 #include "cli/Texts.h"
@@ -150,34 +151,16 @@ QJsonObject ToJson(const std::string& file, const ImageMetaData& data) {
   return result;
 }
 
-void PrintRow(const std::string& name, const std::string& text) {
-  PrintLine("  " + name + ": " + text);
-}
-
-void Print(const std::string& file, const ImageMetaData& data) {
+/// What the window of a file shows.
+void Print(const std::string& file) {
   PrintLine(file);
-  if (data.ImageSummary && data.ImageSummary->Width > 0) {
-    const ImageSummaryObject& summary = *data.ImageSummary;
-    PrintLine("  " + summary.FileFormat + ", " + PaddedNumber(summary.Width, 1) + " x " +
-              PaddedNumber(summary.Height, 1) + ", " + summary.ColorSpace);
-  }
-  for (const Listed& block : Blocks(data)) {
-    if (block.Data == nullptr || block.Data->Count() == 0) continue;
-    PrintLine(std::string(block.Name));
-    for (const auto& entry : block.Data->AllData()) {
-      PrintRow(block.Data->TagName(entry.Tag), block.Data->StringValue(entry.Tag));
+  for (const MetadataSection& section : FileInfo::Read(FolderItem(file))->Sections(false)) {
+    if (section.Rows.empty()) continue;
+    PrintLine(section.Label);
+    for (const MetadataRow& row : section.Rows) {
+      PrintLine("  " + row.Label + (row.Label.empty() ? "" : " ") + EnsureUTF8(row.Value));
     }
   }
-  if (data.JFIFData) {
-    PrintLine("JFIF");
-    for (const auto& [name, value] : FieldsOf(*data.JFIFData)) {
-      PrintRow(name, PaddedNumber(value, 1));
-    }
-  }
-  XMPProperties properties;
-  if (data.XMP.empty() || !ReadXMP(data.XMP, properties)) return;
-  PrintLine("XMP");
-  for (const auto& [name, texts] : properties) PrintRow(name, EnsureUTF8(Joined(texts)));
 }
 
 /// "TIFF.013B=Text"; of the comment, which has no tags, "Comment=Text".
@@ -317,7 +300,7 @@ int RunMetadata(const MetadataOptions& options) {
     if (options.json) {
       all.append(ToJson(input, data));
     } else if (done) {
-      Print(input, data);
+      Print(input);
     }
   }
   if (options.json) PrintJson(all, true);

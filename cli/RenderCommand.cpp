@@ -100,7 +100,8 @@ bool RenderFile(const FolderItem& input, const FolderItem& output, const EditOpt
   error = file.LastError;
   if (saved &&
       !CarryMetadata(document.OriginalSource(), output, file.FileType, options.metadata,
-                     file.FirstImage()->Picture(), worker.services.UserDetails.CreatedWith())) {
+                     file.FirstImage()->Picture(), worker.services.UserDetails.CreatedWith(),
+                     document.MetadataPacket())) {
     PrintError(texts::Of(kDataLeftBehind, output.DisplayName()));
   }
   times.encode = Since(clock);

@@ -7,7 +7,8 @@
 namespace brivolant {
 
 bool CarryMetadata(const FolderItem& photo, const FolderItem& file, std::string_view type,
-                   MetadataCopy::Rule rule, const Picture& picture, const std::string& software) {
+                   MetadataCopy::Rule rule, const Picture& picture, const std::string& software,
+                   const std::string& packet) {
   // What Exif's own small pictures are.
   constexpr int kLongest = 160;
   if (rule == MetadataCopy::Rule::kNone || !MetadataCopy::Takes(type)) return true;
@@ -19,7 +20,7 @@ bool CarryMetadata(const FolderItem& photo, const FolderItem& file, std::string_
     facts.Thumbnail = EncodeJpegBytes({SharedPictureEffects::Scale(
         picture, kLongest, kLongest, SharedPictureEffects::kScaleToFit)});
   }
-  const MetadataCopy copy(photo, rule);
+  const MetadataCopy copy(photo, rule, packet);
   // One whose data nobody here can read leaves it behind.
   const bool told = photo.IsNil() || copy.Good();
   return copy.Into(file, facts).empty() && told;

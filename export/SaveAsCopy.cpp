@@ -47,7 +47,7 @@ Outcome Run(const Job& job, const Services& services, const std::function<bool(d
   error = EncodeImageFile(working, job.Type, images);
   if (!error.empty()) return Outcome::kFailed;
   const bool carried = CarryMetadata(job.Photo, working, job.Type, job.Metadata, result,
-                                     services.UserDetails.CreatedWith());
+                                     services.UserDetails.CreatedWith(), job.Packet);
   const auto lacks = [&] {
     if (!carried) {
       error = WithPlaceholders(kDataLeftBehind.Text(), {{"<filename>", job.File.DisplayName()}});

@@ -31,6 +31,8 @@ struct Job {
   double Quality = 0.75;
   /// The photo whose data goes along; nil for none.
   FolderItem Photo{};
+  /// What its owner says of it in the document.
+  std::string Packet{};
   MetadataCopy::Rule Metadata = MetadataCopy::Rule::kAll;
 };
 

@@ -76,6 +76,7 @@ void BrivolantDocument::TakeOver(const BrivolantDocument& saved) {
   FileDataVersion = saved.FileDataVersion;
   session_ = saved.session_;
   heldOriginal_ = saved.heldOriginal_;
+  heldPacket_ = saved.heldPacket_;
   listed_ = saved.listed_;
   stateOnDisk_ = saved.stateOnDisk_;
   savedStyle_ = saved.savedStyle_;
@@ -121,6 +122,17 @@ FolderItem BrivolantDocument::OriginalFile() const {
   const FolderItem& package = File ? File : tFile;
   if (OriginalImageID.empty()) return package.Directory() ? FolderItem() : package;
   return IsPlainName(OriginalImageID) ? package.Child(OriginalImageID) : FolderItem();
+}
+
+std::string BrivolantDocument::MetadataPacket() const {
+  // The window of a file's data writes it while the document is open.
+  for (const FolderItem& package : {File, tFile}) {
+    if (!package.IsNil() && package.Exists()) {
+      constexpr std::uint64_t kMost = std::uint64_t{1} << 24;
+      return ReadFile(package.Child(kMetadataName), kMost).value_or(std::string());
+    }
+  }
+  return heldPacket_;
 }
 
 FolderItem BrivolantDocument::OriginalSource() const {

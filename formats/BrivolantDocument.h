@@ -29,6 +29,8 @@ class BrivolantDocument {
   static constexpr std::string_view kSettingsName = "Settings";
   static constexpr std::string_view kThumbnailName = "Thumbnail.jpg";
   static constexpr std::string_view kMidSizePreviewName = "MidSizePreview.jpg";
+  /// What the owner says of the photo, as XMP: the original is never written.
+  static constexpr std::string_view kMetadataName = "Metadata.xmp";
   /// The version of every file written.
   static constexpr int kVersion = 4;
 
@@ -92,6 +94,9 @@ class BrivolantDocument {
   ImageGeometry Geometry() const;
   /// True if the rotation exchanges width and height.
   bool QuarterTurned() const { return Geometry().QuarterTurned(); }
+
+  /// What the owner says of the photo, an XMP packet; empty for nothing.
+  std::string MetadataPacket() const;
 
   /// An image that was pasted into the document, nil if there is none of that name.
   FolderItem PastedImage(std::string_view name) const;
@@ -182,6 +187,7 @@ class BrivolantDocument {
   bool SaveAs(const FolderItem& place, bool replaces);
   bool PutInPlace(const FolderItem& package, const FolderItem& target, bool replaces) const;
   bool WriteOriginal(const FolderItem& package);
+  bool WriteMetadata(const FolderItem& package) const;
   bool WriteWhatWasRead(const FolderItem& package);
   /// Remembers what stands at File now.
   void Written();
@@ -218,6 +224,8 @@ class BrivolantDocument {
   KeptPicture heldOriginal_;
   /// What originalImageFile was when it was read.
   std::string originalState_;
+  /// The packet as the package held it when it was last within reach.
+  std::string heldPacket_;
   /// What a package's folder held.
   struct Listing {
     FolderItem File;

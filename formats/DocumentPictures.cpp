@@ -93,6 +93,7 @@ BrivolantDocument::KeptPicture BrivolantDocument::Hold(std::string_view name,
 }
 
 void BrivolantDocument::HoldFiles() {
+  heldPacket_ = MetadataPacket();
   if (!heldOriginal_) {
     const FolderItem original = OriginalFile();
     heldOriginal_ = Hold(original.Name(), original);

@@ -226,7 +226,8 @@ bool IsFreeName(std::string_view name, std::string_view originalImageID) {
   if (!IsPlainName(name) || EqualIgnoringCase(name, originalImageID)) return false;
   for (const std::string_view own :
        {std::string_view("Contents"), BrivolantDocument::kSettingsName,
-        BrivolantDocument::kThumbnailName, BrivolantDocument::kMidSizePreviewName}) {
+        BrivolantDocument::kThumbnailName, BrivolantDocument::kMidSizePreviewName,
+        BrivolantDocument::kMetadataName}) {
     if (EqualIgnoringCase(name, own)) return false;
   }
   return true;

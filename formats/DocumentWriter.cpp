@@ -207,7 +207,13 @@ bool BrivolantDocument::FillPackage(const FolderItem& package) {
   const std::string mark = std::string(InternalFileTypes::BrivolantPhotosDocument.MacType) +
                            std::string(InternalFileTypes::kCreator);
   return !WriteFileAtomically(contents.Child("PkgInfo"), mark) && WriteOriginal(package) &&
-         WritePictures(package) && WriteSettings(package) && WritePreviews(package);
+         WriteMetadata(package) && WritePictures(package) && WriteSettings(package) &&
+         WritePreviews(package);
+}
+
+bool BrivolantDocument::WriteMetadata(const FolderItem& package) const {
+  const std::string packet = MetadataPacket();
+  return packet.empty() || !WriteFileAtomically(package.Child(kMetadataName), packet);
 }
 
 bool BrivolantDocument::KnowOriginal(const FolderItem& package) {

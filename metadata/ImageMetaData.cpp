@@ -6,6 +6,7 @@
 
 #include "metadata/JpegMarks.h"
 #include "metadata/MetadataStream.h"
+#include "platform/codecs/EmbeddedData.h"
 #include "platform/files/BinaryStream.h"
 
 namespace brivolant {
@@ -63,13 +64,14 @@ void ImageMetaData::ReadFile(const FolderItem& file, bool stopAfterTIFF) {
     ReadPSD(stream);
   } else if (mark == 0x4D4D || mark == 0x4949) {
     if (ReadTIFF(stream)) Summarize();
-  } else {
+  } else if (!ReadEmbedded(file)) {
     ErrorOccured(2, kNotUnderstood);
   }
   if (!resources_.empty()) ReadPhotoshopBlock(resources_);
   if (XMP.empty() && TIFFData && TIFFData->hasKey("02BC")) {
     XMP = std::string(BytesOf(TIFFData->Value("02BC", 1)));
   }
+  if (!stopAfterTIFF) ProcessXMPData();
 }
 
 // JPEG.
@@ -120,6 +122,10 @@ void ImageMetaData::ReadJPEG(MetadataStream& stream, bool stopAfterTIFF) {
         if (bytes.starts_with(kPhotoshopMark)) resources_ += bytes.substr(kPhotoshopMark.size());
         break;
       }
+      case 0xEE:
+        DCT = std::make_unique<DCTProfileObject>();
+        DCT->fromRawData(stream.Read(payload));
+        break;
       case 0xFE:
         JPEGComment = PlainText(stream.Read(payload));
         break;
@@ -265,6 +271,40 @@ void ImageMetaData::ReadPhotoshopBlock(std::string_view bytes) {
       Photoshop->AddData(id, 0, TagValue(std::move(data)));
     }
   }
+}
+
+// Other formats.
+
+bool ImageMetaData::ReadEmbedded(const FolderItem& file) {
+  Embedded = ReadEmbeddedData(file);
+  if (!Embedded) return false;
+  if (!Embedded->Preview.empty()) {
+    // What a raw file's own preview tells is what can be read of it.
+    MetadataStream preview(Embedded->Preview);
+    ReadJPEG(preview, false);
+    ImageSummary->DPI = 0;
+  }
+  ImageSummary->FileFormat = Embedded->Format;
+  ImageSummary->Width = static_cast<std::uint32_t>(Embedded->Width);
+  ImageSummary->Height = static_cast<std::uint32_t>(Embedded->Height);
+  ImageSummary->Depth = Embedded->BitsPerComponent;
+  ImageSummary->ColorSpace = (Embedded->Channels == 4   ? ImageSummaryObject::ColorSpaceCMYK
+                              : Embedded->Channels == 1 ? ImageSummaryObject::ColorSpaceGrayScale
+                                                        : ImageSummaryObject::ColorSpaceRGB)
+                                 .Text();
+  if (!Embedded->Exif.empty() && !TIFFData) {
+    MetadataStream exif(Embedded->Exif);
+    visited_.clear();
+    (void)ReadTIFF(exif);
+  }
+  if (!Embedded->IPTC.empty()) {
+    // Some formats wrap the records into Photoshop's resources.
+    Embedded->IPTC.starts_with("8BIM") ? ReadPhotoshopBlock(Embedded->IPTC)
+                                       : TakeIPTC(Embedded->IPTC);
+  }
+  if (XMP.empty()) XMP = Embedded->XMP;
+  if (!Embedded->Profile.empty()) TakeProfile("In the file", Embedded->Profile);
+  return true;
 }
 
 // A summary of a TIFF.

@@ -9,12 +9,14 @@
 #include <vector>
 
 #include "metadata/MetadataBlocks.h"
+#include "metadata/MetadataChange.h"
 #include "platform/files/FolderItem.h"
 #include "platform/values/Text.h"
 
 namespace brivolant {
 
 class MetadataStream;
+struct EmbeddedData;
 
 /// The short description of a picture.
 class ImageSummaryObject {
@@ -76,6 +78,10 @@ class ImageMetaData {
   /// With `stopAfterTIFF` no more than the first TIFF structure is read.
   void ReadFile(const FolderItem& file, bool stopAfterTIFF = false);
 
+  /// Maps the packet's properties to the tags that mean the same, by their namespaces; with `data`,
+  /// a packet in place of the present one.
+  void ProcessXMPData(const std::string& data = {});
+
   /// A block by the name under which it is known outside; null for what the file does not hold.
   struct NamedBlock {
     std::string_view Name;
@@ -98,8 +104,21 @@ class ImageMetaData {
   std::unique_ptr<IPTCDataObject> IPTCData;
   std::unique_ptr<PhotoshopDataObject> Photoshop;
   std::unique_ptr<ColorProfileObject> ColorProfile;
+  std::unique_ptr<DCTProfileObject> DCT;
   /// The packet as it stands in the file.
   std::string XMP;
+  /// The packet is kept beside the file, and newer than what the file says.
+  bool PacketFirst = false;
+  /// A tag for which the packet has texts, whether or not its block holds it: what is shown and
+  /// found, but no part of the block.
+  struct MappedText {
+    MetadataBlock Block;
+    std::string Tag;
+    std::vector<std::string> Texts;
+  };
+  std::vector<MappedText> MappedXMP;
+  /// Of formats that are read by their codecs: the bytes that these have handed over.
+  std::shared_ptr<const EmbeddedData> Embedded;
   /// Where the TIFF structure begins, from which its offsets count, and its byte order.
   std::uint64_t TIFFHeaderOffSet = 0;
   bool LittleEndian = false;
@@ -115,6 +134,8 @@ class ImageMetaData {
   void ReadAPP2(MetadataStream& stream, std::uint64_t length);
   void ReadFrame(MetadataStream& stream);
   void ReadPSD(MetadataStream& stream);
+  /// False for what no codec knows.
+  bool ReadEmbedded(const FolderItem& file);
   /// False if there is no TIFF structure at the position.
   bool ReadTIFF(MetadataStream& stream);
   /// True if reading must stop altogether.

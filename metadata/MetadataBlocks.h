@@ -118,11 +118,31 @@ struct JFIFDataObject {
   int Ythumbnail = 0;
 };
 
+/// What the encoder of a JPEG says of its transform, in an APP14 segment.
+struct DCTProfileObject {
+  int Version = 0;
+  int EncoderUsed = 0;
+  int Flags = 0;
+  /// 0 none, 1 YCbCr, 2 YCCK.
+  int ColorTransformationCode = 0;
+  /// Who wrote it.
+  std::string Kind;
+  std::string rawData;
+
+  /// What is shorter than its numbers leaves them 0.
+  void fromRawData(std::string bytes);
+  const std::string& asRawData() const { return rawData; }
+};
+
 /// The properties of an XMP packet: "prefix:name" and their texts, in order. Of structures the
 /// texts of their fields.
 using XMPProperties = std::vector<std::pair<std::string, std::vector<std::string>>>;
 
+/// Which prefixes the names of properties have: those of the packet, or those that their namespaces
+/// usually have.
+enum class XMPNames { kAsWritten, kUsual };
 /// False if it is no XML with RDF in it.
-bool ReadXMP(std::string_view packet, XMPProperties& properties);
+bool ReadXMP(std::string_view packet, XMPProperties& properties,
+             XMPNames names = XMPNames::kAsWritten);
 
 }  // namespace brivolant

@@ -6,10 +6,16 @@
 
 #include "metadata/DirectoryLayout.h"
 #include "metadata/IPTCRecords.h"
+#include "metadata/ImageMetaData.h"
 #include "metadata/MetadataBlocks.h"
+#include "metadata/MetadataDraft.h"
+#include "metadata/MetadataFields.h"
 #include "metadata/MetadataParts.h"
 #include "metadata/MetadataWriter.h"
+#include "metadata/PhotoFacts.h"
+#include "metadata/Sidecar.h"
 #include "metadata/XMPEditor.h"
+#include "platform/codecs/EmbeddedData.h"
 #include "platform/values/Numbers.h"
 
 namespace brivolant {
@@ -52,7 +58,14 @@ bool OfExifPixels(int tag) {
 
 /// The photo as it was opened: what is copied is read from it.
 struct MetadataCopy::Photo {
-  explicit Photo(const FolderItem& file) : stream(file) {
+  Photo(const FolderItem& file, const std::string& packet) : stream(file) {
+    told.ReadFile(file);
+    if (packet.empty()) {
+      Sidecar::ReadInto(told);
+    } else {
+      told.ProcessXMPData(packet);
+      told.PacketFirst = true;
+    }
     if (!stream.IsOpen()) return;
     parts = MetadataParts::Of(stream);
     if (parts) {
@@ -63,28 +76,70 @@ struct MetadataCopy::Photo {
     stream.Position(0);
     raw = std::make_unique<DirectoryEditor>(stream, true);
     if (raw->Good()) tiff = raw.get();
+    if (tiff != nullptr) return;
+    // Of other formats what their codecs hand over.
+    embedded = told.Embedded;
+    if (!embedded || embedded->Exif.empty()) return;
+    structure = std::make_unique<MetadataStream>(embedded->Exif);
+    raw = std::make_unique<DirectoryEditor>(*structure, true);
+    if (raw->Good()) tiff = raw.get();
   }
   std::string XMP() const {
-    if (parts) return parts->XMP();
-    return tiff == nullptr ? std::string() : tiff->BytesOf(kFirst, 0x02BC);
+    if (parts && !told.PacketFirst && !parts->XMP().empty()) return parts->XMP();
+    return told.XMP;
   }
   std::string IPTC() const {
     if (parts) return parts->IPTC();
+    if (embedded) return embedded->IPTC;
     return tiff == nullptr ? std::string() : tiff->BytesOf(kFirst, 0x83BB);
   }
+  /// What the owner says beside the photo, as changes of what it tells.
+  std::vector<MetadataChange> Said(Rule rule) const;
+
+  ImageMetaData told;
   MetadataStream stream;
+  std::shared_ptr<const EmbeddedData> embedded;
+  std::unique_ptr<MetadataStream> structure;
   std::unique_ptr<MetadataParts> parts;
   std::unique_ptr<DirectoryEditor> raw;
   const DirectoryEditor* tiff = nullptr;
 };
 
-MetadataCopy::MetadataCopy(const FolderItem& photo, Rule rule)
-    : photo_(std::make_unique<Photo>(photo)), rule_(rule) {}
+std::vector<MetadataChange> MetadataCopy::Photo::Said(Rule rule) const {
+  using enum MetadataField;
+  std::vector<MetadataChange> all;
+  if (!told.PacketFirst) return all;
+  const MetadataDraft draft(told, true);
+  const PhotoFacts facts = PhotoFacts::Of(told);
+  for (const MetadataField field : {kTitle, kDescription, kCreator, kCopyright, kKeywords, kRating,
+                                    kTaken, kCity, kState, kCountry, kPosition}) {
+    const bool place = field == kCity || field == kState || field == kCountry || field == kPosition;
+    if (place && rule == Rule::kWithoutPlace) continue;
+    std::vector<std::string> texts;
+    for (const auto& [block, tag] : PlacesOf(field)) {
+      if (block == MetadataBlock::kXmp && texts.empty()) texts = draft.Texts(block, tag);
+    }
+    if (texts.empty()) continue;
+    if (field == kTaken && facts.Taken) texts = {facts.Taken->Text()};
+    if (field == kPosition) texts = {facts.Where ? TextOf(*facts.Where) : std::string()};
+    const bool list = field == kCreator || field == kKeywords;
+    if (!list) texts.resize(1);
+    const auto changes = ChangesOf(field, texts, told);
+    if (!changes) continue;
+    std::ranges::copy_if(*changes, std::back_inserter(all), [](const MetadataChange& change) {
+      return change.Block != MetadataBlock::kXmp;
+    });
+  }
+  return all;
+}
+
+MetadataCopy::MetadataCopy(const FolderItem& photo, Rule rule, const std::string& packet)
+    : photo_(std::make_unique<Photo>(photo, packet)), rule_(rule) {}
 
 MetadataCopy::~MetadataCopy() = default;
 
 bool MetadataCopy::Good() const {
-  if (photo_->tiff != nullptr || photo_->parts) return true;
+  if (photo_->tiff != nullptr || photo_->parts || photo_->embedded) return true;
   MetadataStream& stream = photo_->stream;
   if (!stream.IsOpen()) return false;
   stream.Position(0);
@@ -204,6 +259,7 @@ std::string Records(const std::string& bytes, MetadataCopy::Rule rule,
 
 std::string MetadataCopy::Into(const FolderItem& file, const Facts& facts) const {
   if (rule_ == Rule::kNone) return {};
+  static const std::vector<MetadataChange> kNothing;
   const auto write = [&](const Facts& said, bool note, bool packet) {
     CarriedData data;
     data.Tiff = Structure(photo_->tiff, rule_, said, note);
@@ -214,7 +270,7 @@ std::string MetadataCopy::Into(const FolderItem& file, const Facts& facts) const
     if (packet) data.XMP = Packet(photo_->XMP(), rule_, said);
     data.IPTC = Records(photo_->IPTC(), rule_, said);
     if (photo_->parts) data.Comment = photo_->parts->Comment();
-    return MetadataWriter::Take(file, std::move(data));
+    return MetadataWriter::Take(file, std::move(data), packet ? photo_->Said(rule_) : kNothing);
   };
   if (write(facts, true, true).empty()) return {};
   // The rest may fit where a maker's note, a small picture and a long packet do not.

@@ -38,8 +38,9 @@ class MetadataCopy {
     bool SRGB = true;
   };
 
-  /// Reads what the photo tells. One that cannot be read, or tells nothing, carries nothing.
-  MetadataCopy(const FolderItem& photo, Rule rule);
+  /// Reads what the photo tells. One that cannot be read, or tells nothing, carries nothing. What
+  /// its owner says of it goes before what it tells: `packet`, or what is kept beside the photo.
+  MetadataCopy(const FolderItem& photo, Rule rule, const std::string& packet = {});
   ~MetadataCopy();
   MetadataCopy(const MetadataCopy&) = delete;
   MetadataCopy& operator=(const MetadataCopy&) = delete;

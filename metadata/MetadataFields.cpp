@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 #include "metadata/ImageMetaData.h"
@@ -17,7 +18,19 @@ using enum MetadataField;
 using Act = MetadataChange::Act;
 
 /// How a place writes what a field holds.
-enum class Form { kText, kJoined, kDay, kTime, kPacket };
+enum class Form {
+  kText,
+  kJoined,
+  kDay,
+  kTime,
+  kPacket,
+  kNorth,
+  kLatitude,
+  kEast,
+  kLongitude,
+  kPacketLatitude,
+  kPacketLongitude
+};
 
 struct Place {
   MetadataField Field;
@@ -38,10 +51,10 @@ constexpr std::array kPlaces{
     Place{kDescription, MetadataBlock::kXmp, "dc:description", true},
     Place{kDescription, MetadataBlock::kIptc, "120", false},
     Place{kDescription, MetadataBlock::kTiff, "9C9C", false},
-    Place{kCreator, MetadataBlock::kTiff, "013B", true},
+    Place{kCreator, MetadataBlock::kTiff, "013B", true, Form::kJoined},
     Place{kCreator, MetadataBlock::kXmp, "dc:creator", true},
     Place{kCreator, MetadataBlock::kIptc, "80", false},
-    Place{kCreator, MetadataBlock::kTiff, "9C9D", false},
+    Place{kCreator, MetadataBlock::kTiff, "9C9D", false, Form::kJoined},
     Place{kCopyright, MetadataBlock::kTiff, "8298", true},
     Place{kCopyright, MetadataBlock::kXmp, "dc:rights", true},
     Place{kCopyright, MetadataBlock::kIptc, "116", false},
@@ -59,29 +72,42 @@ constexpr std::array kPlaces{
     Place{kState, MetadataBlock::kXmp, "photoshop:State", true},
     Place{kState, MetadataBlock::kIptc, "95", false},
     Place{kCountry, MetadataBlock::kXmp, "photoshop:Country", true},
-    Place{kCountry, MetadataBlock::kIptc, "101", false}};
+    Place{kCountry, MetadataBlock::kIptc, "101", false},
+    Place{kPosition, MetadataBlock::kGps, "0001", true, Form::kNorth},
+    Place{kPosition, MetadataBlock::kGps, "0002", true, Form::kLatitude},
+    Place{kPosition, MetadataBlock::kGps, "0003", true, Form::kEast},
+    Place{kPosition, MetadataBlock::kGps, "0004", true, Form::kLongitude},
+    Place{kPosition, MetadataBlock::kXmp, "exif:GPSLatitude", false, Form::kPacketLatitude},
+    Place{kPosition, MetadataBlock::kXmp, "exif:GPSLongitude", false, Form::kPacketLongitude}};
 
-bool Says(const ImageMetaData& held, const Place& place) {
-  const TiffDataCoreClass* block = nullptr;
-  switch (place.Block) {
+bool Says(const ImageMetaData& held, MetadataBlock block, const std::string& tag) {
+  const auto has = [&](const TiffDataCoreClass* data) {
+    return data != nullptr && data->hasKey(tag);
+  };
+  switch (block) {
     case MetadataBlock::kTiff:
-      block = held.TIFFData.get();
-      break;
+      return has(held.TIFFData.get());
     case MetadataBlock::kExif:
-      block = held.ExifData.get();
-      break;
+      return has(held.ExifData.get());
+    case MetadataBlock::kGps:
+      return has(held.GPSData.get());
     case MetadataBlock::kIptc:
-      block = held.IPTCData.get();
-      break;
+      return has(held.IPTCData.get());
+    case MetadataBlock::kXmp: {
+      XMPProperties properties;
+      return !held.XMP.empty() && ReadXMP(held.XMP, properties, XMPNames::kUsual) &&
+             std::ranges::any_of(properties, [&](const auto& said) { return said.first == tag; });
+    }
     default:
       return false;
   }
-  return block != nullptr && block->hasKey(place.Tag);
 }
 
-std::string Joined(const std::vector<std::string>& texts) {
+/// Windows has no blanks between its keywords.
+std::string Joined(const std::vector<std::string>& texts, const Place& place) {
+  const char* between = place.Field == kCreator ? "; " : ";";
   std::string joined;
-  for (const std::string& text : texts) joined += (joined.empty() ? "" : ";") + text;
+  for (const std::string& text : texts) joined += (joined.empty() ? "" : between) + text;
   return joined;
 }
 
@@ -89,10 +115,47 @@ std::string Digits(int number, int digits) {
   return PaddedNumber(number, digits);
 }
 
+/// Degrees and minutes, and of Exif's three numbers the seconds.
+std::string Angle(double degrees, bool packet) {
+  // In the finest unit first, so that no seconds are rounded to sixty.
+  constexpr double kParts = 10000;
+  constexpr double kMinute = 60;
+  const double parts = std::round(std::abs(degrees) * kMinute * kMinute * kParts);
+  const double minute = kMinute * kParts;
+  const double whole = std::floor(parts / (minute * kMinute));
+  const double rest = parts - whole * minute * kMinute;
+  if (packet) return FixedNumber(whole, 0) + "," + FixedNumber(rest / minute, 6);
+  const double minutes = std::floor(rest / minute);
+  return FixedNumber(whole, 0) + " " + FixedNumber(minutes, 0) + " " +
+         FixedNumber((rest - minutes * minute) / kParts, 4);
+}
+
+std::string PositionAs(Form form, const Position& position) {
+  const std::string north = position.Latitude < 0 ? "S" : "N";
+  const std::string east = position.Longitude < 0 ? "W" : "E";
+  switch (form) {
+    case Form::kNorth:
+      return north;
+    case Form::kEast:
+      return east;
+    case Form::kLatitude:
+      return Angle(position.Latitude, false);
+    case Form::kLongitude:
+      return Angle(position.Longitude, false);
+    case Form::kPacketLatitude:
+      return Angle(position.Latitude, true) + north;
+    default:
+      return Angle(position.Longitude, true) + east;
+  }
+}
+
 /// One field's texts as a place writes them.
 std::vector<std::string> Written(const Place& place, const std::vector<std::string>& texts) {
   if (texts.empty()) return {};
-  if (place.As == Form::kJoined) return {Joined(texts)};
+  if (place.As == Form::kJoined) return {Joined(texts, place)};
+  if (place.Field == kPosition) {
+    return {PositionAs(place.As, PositionFromText(texts.front()).value_or(Position()))};
+  }
   if (place.Field != kTaken) return texts;
   const Date date = DateFromExif(texts.front()).value_or(Date());
   const auto day = [&](const char* between) {
@@ -117,7 +180,7 @@ std::vector<std::string> Written(const Place& place, const std::vector<std::stri
 }  // namespace
 
 std::optional<MetadataField> MetadataFieldNamed(std::string_view name) {
-  static constexpr std::array<std::pair<std::string_view, MetadataField>, 10> kNames{
+  static constexpr std::array<std::pair<std::string_view, MetadataField>, 11> kNames{
       {{"title", kTitle},
        {"description", kDescription},
        {"creator", kCreator},
@@ -127,16 +190,101 @@ std::optional<MetadataField> MetadataFieldNamed(std::string_view name) {
        {"taken", kTaken},
        {"city", kCity},
        {"state", kState},
-       {"country", kCountry}}};
+       {"country", kCountry},
+       {"position", kPosition}}};
   for (const auto& [known, field] : kNames) {
     if (known == name) return field;
   }
   return {};
 }
 
+std::optional<MetadataField> FieldOf(MetadataBlock block, std::string_view tag) {
+  for (const Place& place : kPlaces) {
+    if (place.Block != block || place.Tag != tag || place.Field == kPosition) continue;
+    const bool part = place.As == Form::kDay || place.As == Form::kTime ||
+                      (place.As == Form::kJoined && place.Field == kKeywords);
+    if (!part) return place.Field;
+  }
+  return {};
+}
+
+std::vector<std::pair<MetadataBlock, std::string>> PlacesOf(MetadataField field) {
+  std::vector<std::pair<MetadataBlock, std::string>> places;
+  for (const Place& place : kPlaces) {
+    if (place.Field == field) places.emplace_back(place.Block, place.Tag);
+  }
+  return places;
+}
+
+std::optional<Position> PositionFromText(std::string_view text) {
+  std::vector<std::string> words;
+  std::string word;
+  const bool semicolon = text.find(';') != std::string_view::npos;
+  const auto close = [&] {
+    // What stood behind the first number of two.
+    while (!word.empty() && word.back() == ',') word.pop_back();
+    const bool letter =
+        word.size() == 1 && std::string_view("NSEWnsew").find(word[0]) != std::string_view::npos;
+    if (letter && !words.empty()) {
+      words.back() += std::exchange(word, {});
+      return;
+    }
+    if (!word.empty()) words.push_back(std::exchange(word, {}));
+  };
+  for (const char c : text) {
+    const bool blank = c == ' ' || c == '\t';
+    if (semicolon ? c == ';' : blank) {
+      close();
+    } else if (!blank) {
+      word += c;
+    }
+  }
+  close();
+  if (words.size() == 1) {
+    // One comma between two numbers with points, or with none.
+    const std::string all = words.front();
+    const std::size_t comma = all.find(',');
+    if (comma == std::string::npos || all.find(',', comma + 1) != std::string::npos) return {};
+    words = {all.substr(0, comma), all.substr(comma + 1)};
+  }
+  constexpr std::size_t kTwo = 2;
+  if (words.size() != kTwo) return {};
+  Position position;
+  for (std::size_t i = 0; i < kTwo; ++i) {
+    std::string& number = words[i];
+    double sign = 1;
+    if (!number.empty() && std::string_view("NSEWnsew").find(number.back()) != std::string::npos) {
+      const char letter = static_cast<char>(number.back() & ~0x20);
+      if ((i == 0) != (letter == 'N' || letter == 'S')) return {};
+      if (letter == 'S' || letter == 'W') sign = -1;
+      number.pop_back();
+    }
+    std::ranges::replace(number, ',', '.');
+    const auto degrees = NumberFromText(number);
+    const double most = i == 0 ? 90 : 180;
+    if (!degrees || !std::isfinite(*degrees) || std::abs(*degrees) > most) return {};
+    (i == 0 ? position.Latitude : position.Longitude) = sign * *degrees;
+  }
+  return position;
+}
+
+std::string TextOf(const Position& position) {
+  constexpr int kDecimals = 6;
+  return FixedNumber(position.Latitude, kDecimals) + ", " +
+         FixedNumber(position.Longitude, kDecimals);
+}
+
 std::optional<std::vector<MetadataChange>> ChangesOf(MetadataField field,
                                                      const std::vector<std::string>& texts,
                                                      const ImageMetaData& held) {
+  return ChangesOf(field, texts, [&held](MetadataBlock block, const std::string& tag) {
+    return Says(held, block, tag);
+  });
+}
+
+std::optional<std::vector<MetadataChange>> ChangesOf(MetadataField field,
+                                                     const std::vector<std::string>& texts,
+                                                     const SaysSomething& says) {
   constexpr std::size_t kMoment = 19;
   if (field == kTaken && !texts.empty()) {
     if (texts.front().size() != kMoment || !DateFromExif(texts.front())) return {};
@@ -145,9 +293,10 @@ std::optional<std::vector<MetadataChange>> ChangesOf(MetadataField field,
     const auto rating = NumberFromText(texts.front());
     if (!rating || *rating < -1 || *rating > 5) return {};
   }
+  if (field == kPosition && !texts.empty() && !PositionFromText(texts.front())) return {};
   std::vector<MetadataChange> changes;
   for (const Place& place : kPlaces) {
-    if (place.Field != field || (!place.Always && !Says(held, place))) continue;
+    if (place.Field != field || (!place.Always && !says(place.Block, place.Tag))) continue;
     std::vector<std::string> written = Written(place, texts);
     // Windows knows no rejected photos.
     if (field == kRating && place.Block == MetadataBlock::kTiff && !texts.empty() &&

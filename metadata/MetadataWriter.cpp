@@ -302,6 +302,11 @@ constexpr std::string_view NameOf(MetadataBlock block) {
 
 }  // namespace
 
+std::string WhyNotWritten(const FolderItem& file) {
+  MetadataStream stream(file);
+  return stream.IsOpen() ? Refusal(file, stream) : Told(kNotWritten, file);
+}
+
 std::string Write(const FolderItem& file, std::span<const MetadataChange> changes) {
   std::set<std::string> asked;
   for (const MetadataChange& change : changes) {
@@ -342,11 +347,16 @@ std::string LostPicture(const ImageMetaData& before, const ImageMetaData& after)
 
 }  // namespace
 
-std::string Take(const FolderItem& file, CarriedData data) {
+std::string Take(const FolderItem& file, CarriedData data,
+                 std::span<const MetadataChange> changes) {
   return Rewrite(
       file,
       [&](MetadataParts& parts) {
-        return parts.Take(std::move(data)) ? std::string() : Told(kDamaged, file);
+        const bool done = parts.Take(std::move(data)) &&
+                          std::ranges::all_of(changes, [&](const MetadataChange& change) {
+                            return parts.Apply(change);
+                          });
+        return done ? std::string() : Told(kDamaged, file);
       },
       LostPicture);
 }

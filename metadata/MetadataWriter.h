@@ -51,12 +51,17 @@ enum class Strip {
   kAll
 };
 
+/// Why this kind of file is not written, in a sentence; empty if it is.
+std::string WhyNotWritten(const FolderItem& file);
+
 /// Makes all changes, or none. Empty if it is done, or else one sentence that names the file,
 /// which is then as it was.
 [[nodiscard]] std::string Write(const FolderItem& file, std::span<const MetadataChange> changes);
 [[nodiscard]] std::string Write(const FolderItem& file, Strip strip);
-/// Takes what another file tells of itself in place of what this one does.
-[[nodiscard]] std::string Take(const FolderItem& file, CarriedData data);
+/// Takes what another file tells of itself in place of what this one does, and then makes changes
+/// of it.
+[[nodiscard]] std::string Take(const FolderItem& file, CarriedData data,
+                               std::span<const MetadataChange> changes = {});
 
 }  // namespace MetadataWriter
 

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "metadata/ImageMetaData.h"
+#include "metadata/Sidecar.h"
 #include "platform/values/Numbers.h"
 #include "platform/values/Text.h"
 
@@ -61,6 +62,45 @@ std::string ExposureOf(const EXIFDataObject* exif) {
   return text;
 }
 
+std::optional<double> Angle(const TiffDataCoreClass& gps, const char* reference, const char* tag,
+                            double most) {
+  if (!gps.hasKey(tag)) return {};
+  double degrees = 0;
+  double unit = 1;
+  for (int i = 1; i <= std::min(gps.ValueCount(tag), 3); ++i) {
+    degrees += NumberOf(gps.Value(tag, i)) * unit;
+    unit /= 60;
+  }
+  if (!std::isfinite(degrees) || degrees < 0 || degrees > most) return {};
+  const std::string letter = TextIn(&gps, reference);
+  return letter.starts_with('S') || letter.starts_with('W') ? -degrees : degrees;
+}
+
+std::optional<Position> PositionIn(const TiffDataCoreClass* gps) {
+  if (gps == nullptr) return {};
+  const auto north = Angle(*gps, "0001", "0002", 90);
+  const auto east = Angle(*gps, "0003", "0004", 180);
+  if (!north || !east) return {};
+  return Position{*north, *east};
+}
+
+/// "51,30.44N" or "51,30,26N", as packets say it.
+std::optional<double> AngleFromText(std::string text, double most) {
+  if (text.empty()) return {};
+  const char letter = text.back();
+  text.pop_back();
+  double degrees = 0;
+  double unit = 1;
+  for (const std::string_view part : Split(text, ',')) {
+    const auto number = NumberFromText(part);
+    if (!number) return {};
+    degrees += *number * unit;
+    unit /= 60;
+  }
+  if (!std::isfinite(degrees) || degrees < 0 || degrees > most) return {};
+  return letter == 'S' || letter == 'W' ? -degrees : degrees;
+}
+
 }  // namespace
 
 std::optional<Date> DateFromExif(std::string_view text) {
@@ -86,39 +126,57 @@ std::optional<Date> DateFromExif(std::string_view text) {
 PhotoFacts PhotoFacts::Of(const ImageMetaData& data) {
   PhotoFacts facts;
   XMPProperties xmp;
-  if (!data.XMP.empty()) (void)ReadXMP(data.XMP, xmp);
+  if (!data.XMP.empty()) (void)ReadXMP(data.XMP, xmp, XMPNames::kUsual);
   const TIFFDataObject* tiff = data.TIFFData.get();
   const EXIFDataObject* exif = data.ExifData.get();
   const IPTCDataObject* iptc = data.IPTCData.get();
-  facts.Title = First({TextIn(iptc, "5"), TextIn(xmp, "dc:title"), TextIn(tiff, "010D")});
-  facts.Caption = First({TextIn(tiff, "010E"), TextIn(iptc, "120"), TextIn(xmp, "dc:description")});
-  facts.Creator = First({TextIn(tiff, "013B"), TextIn(iptc, "80"), TextIn(xmp, "dc:creator")});
-  facts.Copyright = First({TextIn(iptc, "116"), TextIn(tiff, "8298"), TextIn(xmp, "dc:rights")});
-  if (iptc != nullptr) {
-    for (int i = 1; i <= iptc->ValueCount("25"); ++i) {
-      facts.Keywords.push_back(TextOf(iptc->Value("25", i)));
-    }
+  // What an owner has said beside the file is newer than what the file says.
+  const auto first = [&](std::initializer_list<std::string> held, const char* property) {
+    const std::string said = TextIn(xmp, property);
+    const std::string told = First(held);
+    return data.PacketFirst ? First({said, told}) : First({told, said});
+  };
+  facts.Title = first({TextIn(iptc, "5")}, "dc:title");
+  if (facts.Title.empty()) facts.Title = TextIn(tiff, "010D");
+  facts.Caption = first({TextIn(tiff, "010E"), TextIn(iptc, "120")}, "dc:description");
+  facts.Creator = first({TextIn(tiff, "013B"), TextIn(iptc, "80")}, "dc:creator");
+  facts.Copyright = first({TextIn(iptc, "116"), TextIn(tiff, "8298")}, "dc:rights");
+  std::vector<std::string> words;
+  for (const auto& [name, texts] : xmp) {
+    if (name == "dc:subject") words = texts;
   }
-  if (facts.Keywords.empty()) {
-    for (const auto& [name, texts] : xmp) {
-      if (name == "dc:subject") facts.Keywords = texts;
-    }
+  if (iptc != nullptr && (words.empty() || !data.PacketFirst)) {
+    std::vector<std::string> held;
+    for (int i = 1; i <= iptc->ValueCount("25"); ++i) held.push_back(TextOf(iptc->Value("25", i)));
+    if (!held.empty()) words = std::move(held);
   }
+  facts.Keywords = std::move(words);
   facts.Camera = CameraOf(TextIn(tiff, "010F"), TextIn(tiff, "0110"));
   facts.Lens =
       First({TextIn(exif, "A434"), TextIn(xmp, "aux:Lens"), TextIn(xmp, "exifEX:LensModel")});
   facts.Exposure = ExposureOf(exif);
+  const std::string created = TextIn(xmp, "photoshop:DateCreated");
   for (const auto& text :
-       {TextIn(exif, "9003"), TextIn(exif, "9004"), TextIn(xmp, "photoshop:DateCreated"),
-        TextIn(xmp, "xmp:CreateDate"), TextIn(tiff, "0132")}) {
+       {data.PacketFirst ? created : std::string(), TextIn(exif, "9003"), TextIn(exif, "9004"),
+        created, TextIn(xmp, "xmp:CreateDate"), TextIn(tiff, "0132")}) {
     if (!facts.Taken) facts.Taken = DateFromExif(text);
   }
+  facts.Where = PositionIn(data.GPSData.get());
+  if (!facts.Where || data.PacketFirst) {
+    const auto north = AngleFromText(TextIn(xmp, "exif:GPSLatitude"), 90);
+    const auto east = AngleFromText(TextIn(xmp, "exif:GPSLongitude"), 180);
+    if (north && east) facts.Where = Position{*north, *east};
+  }
+  const auto stars = NumberFromText(TextIn(xmp, "xmp:Rating"));
+  const double rating = stars ? *stars : NumberIn(tiff, "4746");
+  if (rating >= -1 && rating <= 5) facts.Rating = static_cast<int>(rating);
   return facts;
 }
 
 PhotoFacts PhotoFacts::Of(const FolderItem& file) {
   ImageMetaData data;
   data.ReadFile(file);
+  Sidecar::ReadInto(data);
   return Of(data);
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "metadata/MetadataFields.h"
 #include "platform/files/FolderItem.h"
 #include "platform/values/Date.h"
 
@@ -14,7 +15,7 @@ class ImageMetaData;
 
 /// The few things that people look for in what a photo tells. Of several places that say the same,
 /// descriptions, creators and moments are Exif's first, titles, keywords and copyrights IPTC's, and
-/// XMP's where neither says it.
+/// XMP's where neither says it. What is kept beside a file that is never written comes before all.
 struct PhotoFacts {
   std::string Title;
   std::string Caption;
@@ -27,6 +28,9 @@ struct PhotoFacts {
   /// "1/250 s, f/5.6, ISO 200, 35 mm": what of it there is.
   std::string Exposure;
   std::optional<Date> Taken;
+  std::optional<Position> Where;
+  /// -1 to 5; 0 for none.
+  int Rating = 0;
 
   /// Of what was read.
   static PhotoFacts Of(const ImageMetaData& data);

@@ -85,6 +85,17 @@ std::string ColorProfileObject::GetDataAsRawData() const {
   return RawData;
 }
 
+void DCTProfileObject::fromRawData(std::string bytes) {
+  constexpr std::size_t kKind = 5;
+  rawData = std::move(bytes);
+  BinaryStream stream(rawData);
+  Kind = PlainText(stream.ReadUpTo(kKind));
+  Version = stream.ReadUInt16();
+  EncoderUsed = stream.ReadUInt16();
+  Flags = stream.ReadUInt16();
+  ColorTransformationCode = stream.ReadUInt8();
+}
+
 void ColorProfileObject::ProcessColorProfile() {
   constexpr std::size_t kHeader = 128;
   constexpr std::size_t kEntry = 12;

@@ -14,29 +14,7 @@ namespace {
 using XMPNodes::IsRdf;
 using XMPNodes::Local;
 using XMPNodes::NamespaceOf;
-
-struct Namespace {
-  std::string_view Prefix;
-  std::string_view Name;
-};
-
-/// The namespaces of photos, each by the prefixes of both generations.
-constexpr std::array kNamespaces{
-    Namespace{"dc", "http://purl.org/dc/elements/1.1/"},
-    Namespace{"xmp", "http://ns.adobe.com/xap/1.0/"},
-    Namespace{"xap", "http://ns.adobe.com/xap/1.0/"},
-    Namespace{"xmpMM", "http://ns.adobe.com/xap/1.0/mm/"},
-    Namespace{"xapMM", "http://ns.adobe.com/xap/1.0/mm/"},
-    Namespace{"xmpRights", "http://ns.adobe.com/xap/1.0/rights/"},
-    Namespace{"xapRights", "http://ns.adobe.com/xap/1.0/rights/"},
-    Namespace{"photoshop", "http://ns.adobe.com/photoshop/1.0/"},
-    Namespace{"tiff", "http://ns.adobe.com/tiff/1.0/"},
-    Namespace{"exif", "http://ns.adobe.com/exif/1.0/"},
-    Namespace{"exifEX", "http://cipa.jp/exif/1.0/"},
-    Namespace{"aux", "http://ns.adobe.com/exif/1.0/aux/"},
-    Namespace{"Iptc4xmpCore", "http://iptc.org/std/Iptc4xmpCore/1.0/xmlns/"},
-    Namespace{"Iptc4xmpExt", "http://iptc.org/std/Iptc4xmpExt/2008-02-29/"},
-    Namespace{"lr", "http://ns.adobe.com/lightroom/1.0/"}};
+using XMPNodes::NamespaceOfPrefix;
 
 constexpr std::string_view kEmpty =
     "<?xpacket begin=\"\xEF\xBB\xBF\" id=\"W5M0MpCehiHzreSzNTczkc9d\"?>\n"
@@ -75,8 +53,7 @@ const char* ContainerOf(std::string_view space, std::string_view local) {
                                     Row{"lr", "hierarchicalSubject", "Bag"}};
   for (const Row& row : kRows) {
     if (row.Local != local) continue;
-    const auto known = std::ranges::find(kNamespaces, row.Prefix, &Namespace::Prefix);
-    if (known->Name == space) return row.Container;
+    if (NamespaceOfPrefix(row.Prefix) == space) return row.Container;
   }
   return nullptr;
 }
@@ -263,11 +240,8 @@ bool Set(std::string& packet, std::string_view property, const std::vector<std::
   if (!Load(document, packet.empty() ? kEmpty : std::string_view(packet))) return false;
   pugi::xml_node rdf = XMPNodes::FindRdf(document);
   if (!rdf) return false;
-  std::string space;
-  if (const auto known = std::ranges::find(kNamespaces, prefix, &Namespace::Prefix);
-      known != kNamespaces.end()) {
-    space = known->Name;
-  } else {
+  std::string space(NamespaceOfPrefix(prefix));
+  if (space.empty()) {
     for (const pugi::xml_node description : rdf.children()) {
       if (space.empty()) space = NamespaceOf(description, property);
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <pugixml.hpp>
+#include <string>
 #include <string_view>
 
 namespace brivolant {
@@ -16,6 +17,10 @@ std::string_view NamespaceOf(pugi::xml_node node, std::string_view name);
 /// The name without its prefix.
 std::string_view Local(std::string_view name);
 bool IsRdf(pugi::xml_node node, std::string_view local);
+/// Of the namespaces of photos: by their prefix, of either generation; empty for what is none.
+std::string_view NamespaceOfPrefix(std::string_view prefix);
+/// A name with the prefix that its namespace usually has; as it is, if nobody knows it.
+std::string UsualName(pugi::xml_node node, std::string_view name);
 /// The RDF of a document; null if there is none.
 pugi::xml_node FindRdf(pugi::xml_node document);
 

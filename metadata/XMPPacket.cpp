@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The properties of an XMP packet.
 #include <algorithm>
+#include <array>
 #include <pugixml.hpp>
 #include <string_view>
 
@@ -14,6 +15,29 @@ constexpr std::string_view kRdf = "http://www.w3.org/1999/02/22-rdf-syntax-ns#";
 constexpr std::string_view kXml = "http://www.w3.org/XML";
 /// Deeper is no packet.
 constexpr int kDeepest = 64;
+
+struct Namespace {
+  std::string_view Prefix;
+  std::string_view Name;
+};
+
+/// The namespaces of photos, each by the prefixes of both generations, the usual one first.
+constexpr std::array kNamespaces{
+    Namespace{"dc", "http://purl.org/dc/elements/1.1/"},
+    Namespace{"xmp", "http://ns.adobe.com/xap/1.0/"},
+    Namespace{"xap", "http://ns.adobe.com/xap/1.0/"},
+    Namespace{"xmpMM", "http://ns.adobe.com/xap/1.0/mm/"},
+    Namespace{"xapMM", "http://ns.adobe.com/xap/1.0/mm/"},
+    Namespace{"xmpRights", "http://ns.adobe.com/xap/1.0/rights/"},
+    Namespace{"xapRights", "http://ns.adobe.com/xap/1.0/rights/"},
+    Namespace{"photoshop", "http://ns.adobe.com/photoshop/1.0/"},
+    Namespace{"tiff", "http://ns.adobe.com/tiff/1.0/"},
+    Namespace{"exif", "http://ns.adobe.com/exif/1.0/"},
+    Namespace{"exifEX", "http://cipa.jp/exif/1.0/"},
+    Namespace{"aux", "http://ns.adobe.com/exif/1.0/aux/"},
+    Namespace{"Iptc4xmpCore", "http://iptc.org/std/Iptc4xmpCore/1.0/xmlns/"},
+    Namespace{"Iptc4xmpExt", "http://iptc.org/std/Iptc4xmpExt/2008-02-29/"},
+    Namespace{"lr", "http://ns.adobe.com/lightroom/1.0/"}};
 
 pugi::xml_node FindRdfBelow(pugi::xml_node node, int depth) {
   if (XMPNodes::IsRdf(node, "RDF")) return node;
@@ -52,6 +76,17 @@ std::string_view XMPNodes::Local(std::string_view name) {
 
 bool XMPNodes::IsRdf(pugi::xml_node node, std::string_view local) {
   return Local(node.name()) == local && NamespaceOf(node, node.name()) == kRdf;
+}
+
+std::string_view XMPNodes::NamespaceOfPrefix(std::string_view prefix) {
+  const auto known = std::ranges::find(kNamespaces, prefix, &Namespace::Prefix);
+  return known == kNamespaces.end() ? std::string_view() : known->Name;
+}
+
+std::string XMPNodes::UsualName(pugi::xml_node node, std::string_view name) {
+  const auto known = std::ranges::find(kNamespaces, NamespaceOf(node, name), &Namespace::Name);
+  if (known == kNamespaces.end()) return std::string(name);
+  return std::string(known->Prefix) + ":" + std::string(Local(name));
 }
 
 pugi::xml_node XMPNodes::FindRdf(pugi::xml_node document) {
@@ -101,7 +136,10 @@ void Keep(XMPProperties& properties, std::string_view name, std::vector<std::str
 
 }  // namespace
 
-bool ReadXMP(std::string_view packet, XMPProperties& properties) {
+bool ReadXMP(std::string_view packet, XMPProperties& properties, XMPNames names) {
+  const auto named = [names](pugi::xml_node node, const char* name) {
+    return names == XMPNames::kUsual ? XMPNodes::UsualName(node, name) : std::string(name);
+  };
   packet = XMPNodes::WithoutZeros(packet);
   pugi::xml_document document;
   if (!document.load_buffer(packet.data(), packet.size(),
@@ -114,7 +152,7 @@ bool ReadXMP(std::string_view packet, XMPProperties& properties) {
     if (description.type() != pugi::node_element) continue;
     for (const pugi::xml_attribute attribute : description.attributes()) {
       if (IsProperty(description, attribute.name())) {
-        Keep(properties, attribute.name(), {attribute.value()});
+        Keep(properties, named(description, attribute.name()), {attribute.value()});
       }
     }
     for (const pugi::xml_node property : description.children()) {
@@ -129,7 +167,7 @@ bool ReadXMP(std::string_view packet, XMPProperties& properties) {
       } else {
         TextsOf(property, 0, texts);
       }
-      Keep(properties, property.name(), std::move(texts));
+      Keep(properties, named(property, property.name()), std::move(texts));
     }
   }
   return true;

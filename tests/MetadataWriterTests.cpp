@@ -375,13 +375,13 @@ TEST_F(CommandLine, MetadataIsChangedInPlace) {
   EXPECT_EQ(run.out, "");
   run = Cli({"metadata", photo});
   EXPECT_THAT(run.out, HasSubstr("  Artist: Anna = Beispiel\n"));
-  EXPECT_THAT(run.out, HasSubstr("  Keywords: [one, two]\n"));
+  EXPECT_THAT(run.out, HasSubstr("  Keywords: one\n  Keywords: two\n"));
   EXPECT_THAT(run.out, Not(HasSubstr("Maker")));
   EXPECT_EQ(Cli({"metadata", "--set", "creator=Ada", "--set", "keywords=sea, sand", photo}).code,
             0);
   run = Cli({"metadata", photo});
   EXPECT_THAT(run.out, HasSubstr("  Artist: Ada\n"));
-  EXPECT_THAT(run.out, HasSubstr("  Keywords: [sea, sand]\n"));
+  EXPECT_THAT(run.out, HasSubstr("  Keywords: sea\n  Keywords: sand\n"));
   EXPECT_THAT(run.out, HasSubstr("  dc:creator: Ada\n"));
   run = Cli({"metadata", "--set", "taken=yesterday", photo});
   EXPECT_EQ(run.code, 1);

@@ -7,6 +7,7 @@
 
 #include "app/browse/OwnPreviews.h"
 #include "app/commands/Menus.h"
+#include "browser/PhotoFactsCache.h"
 #include "browser/ui/Sidebar.h"
 #include "formats/FileTypes.h"
 #include "kit/InterfaceKitSupport.h"
@@ -40,6 +41,7 @@ BrowserPane::BrowserPane(QWidget* stage) {
   auto* part = new QWidget(split);
   BuildBar(part);
   imageBrowser = new multiViewFileBrowser(NewThumbnailMaker(), NewFilePreviewer(), part);
+  imageBrowser->Facts = std::make_shared<PhotoFactsCache>(PhotoFactsCache::DefaultFile());
   imageBrowser->DocumentExtension =
       std::string(InternalFileTypes::BrivolantPhotosDocument.Extensions);
   Column->addWidget(imageBrowser, 1);

@@ -16,6 +16,7 @@ BrowserParts::BrowserParts(const Desk& desk, EditSession& session, Commands& com
       Files(desk, session, commands, Pane, History),
       Copies(desk, commands, Pane, History),
       Edits(desk, session, commands, Pane, History),
+      Info(desk, commands, Pane, History),
       Sections(desk, Pane, Browser),
       Devices(desk, Pane, Sections),
       Places(desk, commands, Pane, Sections),

@@ -12,6 +12,7 @@
 #include "app/browse/EditsController.h"
 #include "app/browse/FileController.h"
 #include "app/browse/FileHistory.h"
+#include "app/browse/InfoController.h"
 #include "app/browse/LibraryController.h"
 #include "app/browse/OpeningController.h"
 #include "app/browse/PathController.h"
@@ -46,6 +47,7 @@ struct BrowserParts {
   FileController Files;
   CopyController Copies;
   EditsController Edits;
+  InfoController Info;
   SidebarController Sections;
   DevicesController Devices;
   PlacesController Places;

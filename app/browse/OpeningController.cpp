@@ -160,6 +160,8 @@ bool OpeningController::FillMenu(QMenu& menu) {
     add("FileRename", kIfEnabled);
     add("FileMoveToTrash");
     menu.addSeparator();
+    add("FileGetInfo");
+    add("FileEditInfo");
     add("FileAddToFavorites");
     add("FileAddToSideBar");
     add("FileQuickLook");
@@ -167,6 +169,12 @@ bool OpeningController::FillMenu(QMenu& menu) {
     menu.addSeparator();
   } else if (count > 1) {
     add("FileMoveToTrash");
+    menu.addSeparator();
+    add("FileGetInfo");
+    add("FileEditInfo");
+    menu.addSeparator();
+  } else {
+    add("FileGetInfo");
     menu.addSeparator();
   }
   if (count > 0) add("EditCopy");
@@ -179,8 +187,8 @@ bool OpeningController::FillMenu(QMenu& menu) {
   if (count == 0) {
     if (!menu.isEmpty()) menu.addSeparator();
     QMenu* sort = menu.addMenu(Shown(Menus::kViewSortBy));
-    for (const char* name :
-         {"ViewSortByName", "ViewSortByKind", "ViewSortBySize", "ViewSortByDate"}) {
+    for (const char* name : {"ViewSortByName", "ViewSortByKind", "ViewSortBySize", "ViewSortByDate",
+                             "ViewSortByTaken"}) {
       sort->addAction(&commands_.Action(name));
     }
     sort->addSeparator();

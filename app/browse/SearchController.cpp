@@ -95,6 +95,7 @@ void SearchController::WireField() {
 void SearchController::WireQuery() {
   mySpotlightSearch.DocumentExtension =
       std::string(InternalFileTypes::BrivolantPhotosDocument.Extensions);
+  mySpotlightSearch.Facts = pane_.imageBrowser->Facts;
   mySpotlightSearch.Completed = [this] { Completed(); };
   mySpotlightSearch.Progress = [this](const std::string& folder, int found) {
     const QString text = ToQString(WithPlaceholders(

@@ -4,6 +4,7 @@
 #include <QMenu>
 
 #include "app/browse/BrowserPane.h"
+#include "app/commands/Menus.h"
 #include "browser/ui/Sidebar.h"
 #include "kit/InterfaceKitSupport.h"
 
@@ -68,6 +69,11 @@ void SidebarController::WireMenu() {
       menu.addAction(Shown(kOpenEnclosingFolder), &bar_, [this, open = *folder] {
         if (const FolderItem parent = open.Parent()) browser_.DisplayContainer(parent);
       });
+      menu.addSeparator();
+    }
+    if (folder != nullptr) {
+      menu.addAction(Shown(Menus::kFileGetInfo), &bar_,
+                     [this, file = *folder] { desk_.ShowInfo({file}); });
       menu.addSeparator();
     }
     menu.addAction(Shown(kRemoveFromSidebar), &bar_,

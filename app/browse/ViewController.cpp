@@ -65,7 +65,7 @@ void ViewController::Restore() {
   pane_.imageBrowser->IconSizes(icons, rows);
   pane_.imageBrowser->Mode(mode);
   pane_.imageBrowser->Sort(std::clamp<int>(preferences.Value("imageBrowser.sortColumn", 0).ToInt(),
-                                           BrowserRows::kNameColumn, BrowserRows::kDateColumn),
+                                           BrowserRows::kNameColumn, BrowserRows::kTakenColumn),
                            preferences.Value("imageBrowser.sortDescending", false).ToBool());
   ModeChanged();
 }
@@ -132,10 +132,12 @@ void ViewController::AddOrders() {
     const LocalizedText& text;
     int column;
   };
-  for (const Order& order : {Order{"ViewSortByName", BrowserRows::kName, BrowserRows::kNameColumn},
-                             {"ViewSortByKind", BrowserRows::kKind, BrowserRows::kKindColumn},
-                             {"ViewSortBySize", BrowserRows::kFileSize, BrowserRows::kSizeColumn},
-                             {"ViewSortByDate", BrowserRows::kModDate, BrowserRows::kDateColumn}}) {
+  for (const Order& order :
+       {Order{"ViewSortByName", BrowserRows::kName, BrowserRows::kNameColumn},
+        {"ViewSortByKind", BrowserRows::kKind, BrowserRows::kKindColumn},
+        {"ViewSortBySize", BrowserRows::kFileSize, BrowserRows::kSizeColumn},
+        {"ViewSortByDate", BrowserRows::kModDate, BrowserRows::kDateColumn},
+        {"ViewSortByTaken", BrowserRows::kTakenDate, BrowserRows::kTakenColumn}}) {
     commands_.Add(
         {{order.name, &order.text, "", kInBrowser, [this, column = order.column] { Sort(column); },
           nullptr,

@@ -35,6 +35,8 @@ constexpr MenuEntry kFile[] = {
     kSeparator,
     {"FileShareVia", kShare, true},
     kSeparator,
+    {"FileGetInfo"},
+    {"FileEditInfo"},
     {"FileAddToFavorites"},
     {"FileQuickLook"},
     {"FileShowOriginal"},
@@ -82,8 +84,8 @@ constexpr MenuEntry kCustomize[] = {
 };
 
 constexpr MenuEntry kSortBy[] = {
-    {"ViewSortByName"}, {"ViewSortByKind"}, {"ViewSortBySize"},
-    {"ViewSortByDate"}, kSeparator,         {"ViewSortDescending"},
+    {"ViewSortByName"},  {"ViewSortByKind"}, {"ViewSortBySize"},     {"ViewSortByDate"},
+    {"ViewSortByTaken"}, kSeparator,         {"ViewSortDescending"},
 };
 
 constexpr MenuEntry kView[] = {

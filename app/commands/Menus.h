@@ -29,6 +29,8 @@ inline constexpr LocalizedText kFileRestoreToOriginal{"Menus.kFileRestoreToOrigi
 inline constexpr LocalizedText kFileRestoreToOriginalBalloonHelp{
     "Menus.kFileRestoreToOriginalBalloonHelp",
     "Takes back all changes and shows the photo as it was taken."};
+inline constexpr LocalizedText kFileGetInfo{"Menus.kFileGetInfo", "Get &Info..."};
+inline constexpr LocalizedText kFileEditInfo{"Menus.kFileEditInfo", "Edit Info..."};
 inline constexpr LocalizedText kQuickLook{"Menus.kQuickLook", "Quick Look"};
 inline constexpr LocalizedText kFileShowOriginal{"Menus.kFileShowOriginal", "Show Original"};
 inline constexpr LocalizedText kFileShowInFinder{"Menus.kFileShowInFinder", "Show In Finder"};

@@ -24,6 +24,9 @@ constexpr LocalizedText kEditorHelp{
     "Opens the selected images in the editor, where effects can be applied to the photo."};
 constexpr LocalizedText kOpen{"ToolButtons.kOpen", "Open"};
 constexpr LocalizedText kOpenHelp{"ToolButtons.kOpenHelp", "Choose a photo to edit."};
+constexpr LocalizedText kInfo{"ToolButtons.kInfo", "Get Info"};
+constexpr LocalizedText kInfoHelp{"ToolButtons.kInfoHelp",
+                                  "Displays information about the selected file."};
 constexpr LocalizedText kFavoritesAddHelp{"ToolButtons.kFavoritesAddHelp",
                                           "Adds the selected files/folders to your favorites."};
 constexpr LocalizedText kQuickLookHelp{"ToolButtons.kQuickLookHelp",
@@ -140,6 +143,11 @@ const ToolItem& QuickLook() {
                                  &kQuickLookHelp, "QuickLook", "FileQuickLook"};
   return item;
 }
+const ToolItem& Info() {
+  static constexpr ToolItem item{"com.quillmere.brivolantPhotos.getInfo", &kInfo, &kInfoHelp,
+                                 "info", "FileGetInfo"};
+  return item;
+}
 const ToolItem& FavoritesAdd() {
   static constexpr ToolItem item{"com.quillmere.brivolantPhotos.favoritesAdd",
                                  &Menus::kFileAddToFavorites, &kFavoritesAddHelp, "Favorites",
@@ -220,7 +228,7 @@ void Build(QToolBar& toolbar, int mode, bool document, Commands& commands) {
   }
   add({&Quillmere()});
   AddSpace(toolbar, true);
-  add({&Open(), &QuickLook(), &FavoritesAdd()});
+  add({&Open(), &QuickLook(), &Info(), &FavoritesAdd()});
   AddSpace(toolbar, true);
   if (!document) return;
   add({&Editor()});

@@ -35,6 +35,7 @@ const ToolItem& Browser();
 const ToolItem& Editor();
 const ToolItem& Open();
 const ToolItem& QuickLook();
+const ToolItem& Info();
 const ToolItem& FavoritesAdd();
 const ToolItem& Save();
 const ToolItem& SaveCopy();

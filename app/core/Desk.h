@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/services/Preferences.h"
 #include "platform/services/Services.h"
@@ -36,6 +37,8 @@ struct Desk {
   std::function<std::shared_ptr<browserItemCollection>()> Computer;
   /// Quick look was opened or closed.
   std::function<void(bool open)> QuickLookOpen;
+  /// Opens a window for each file, which shows what is known of it.
+  std::function<void(const std::vector<FolderItem>& files)> ShowInfo;
 };
 
 }  // namespace brivolant

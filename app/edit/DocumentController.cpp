@@ -61,7 +61,16 @@ void DocumentController::AddCommands(Commands& commands) {
        [this] { return Editing() && session_.Dirty(); }},
       {"FileSaveACopyAs", &kFileSaveCopyAs, "Ctrl+Shift+S", kInEditor, [this] { SaveACopyAs(); },
        editing},
+      {"FileGetInfo", &kFileGetInfo, "Ctrl+I", kInEditor, [this] { desk_.ShowInfo({ShownFile()}); },
+       [this] { return Editing() && ShownFile(); }},
   });
+}
+
+FolderItem DocumentController::ShownFile() const {
+  const BrivolantDocument* document = session_.Document();
+  if (document == nullptr) return {};
+  // Until it is saved it is the photo that it was made of.
+  return document->tFile ? document->originalImageFile : document->File;
 }
 
 std::vector<FolderItem> DocumentController::ChoosePhotos(const LocalizedText& title) {

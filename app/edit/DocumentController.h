@@ -60,6 +60,8 @@ class DocumentController {
   void AddCommands(Commands& commands);
   void NewFromClipboard();
   FolderItem AskWhereToSave();
+  /// Nil for a photo that was pasted.
+  FolderItem ShownFile() const;
   bool Editing() const { return session_.Document() != nullptr; }
 
   Desk desk_;

@@ -110,6 +110,9 @@ class EditSession {
   void Save(const FolderItem& place, std::function<void(bool saved)> then);
   /// Writes the finished picture; `type` is the identifier of a writable kind, `quality` 0 to 1.
   void SaveCopy(const FolderItem& file, const std::string& type, double quality);
+  /// Of the preferences: what copies carry of what the photo tells. 0 all, 1 all but where it was
+  /// taken, 2 nothing.
+  static constexpr const char* kCopiesCarry = "Copies.metadata";
   /// Renders the photo to be seen in a box of pixels.
   void RenderFor(int width, int height, std::function<void(const Picture&)> then);
   /// True if the document's own package lies in an item, or is it.

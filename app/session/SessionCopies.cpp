@@ -17,6 +17,9 @@ void EditSession::SaveCopy(const FolderItem& file, const std::string& type, doub
   copy->File = file;
   copy->Type = type;
   copy->Quality = quality;
+  const int rule = desk_.Preferences.Value(kCopiesCarry, 0).ToInt();
+  using enum MetadataCopy::Rule;
+  copy->Metadata = rule == 1 ? kWithoutPlace : rule == 2 ? kNone : kAll;
   const auto error = std::make_shared<std::string>();
   const auto outcome = std::make_shared<SaveAsCopy::Outcome>(SaveAsCopy::Outcome::kFailed);
   jobs_.Start(
@@ -32,6 +35,7 @@ void EditSession::SaveCopy(const FolderItem& file, const std::string& type, doub
          copy->Source = source->Image();
          copy->Pasted = source->PastedImages();
          copy->Photo = source->OriginalSource();
+         copy->Packet = source->MetadataPacket();
          *outcome = SaveAsCopy::Run(
              *copy, worker_->All(), [&](double done) { return control.Progress(done); }, *error);
        },

@@ -24,7 +24,14 @@ void BrowserView::scrollContentsBy(int, int) {
 bool BrowserView::viewportEvent(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
   const auto* help = static_cast<QHelpEvent*>(event);
-  QToolTip::showText(help->globalPos(), browser_.TipOf(RowAtPoint(help->pos())), this);
+  const int row = RowAtPoint(help->pos());
+  // Camera and lens may have to be read first.
+  browser_.ShotKnown = [this, row, at = help->globalPos()](const auto& item) {
+    const bool still = QToolTip::isVisible() && row >= 0 && row < browser_.Count() &&
+                       browser_.Rows().Item(row) == item;
+    if (still) QToolTip::showText(at, browser_.TipOf(row), this);
+  };
+  QToolTip::showText(help->globalPos(), browser_.TipOf(row), this);
   return true;
 }
 

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "browser/ui/multiViewFileBrowser.h"
 
+#include <QApplication>
+#include <QPointer>
 #include <QScrollBar>
 #include <algorithm>
 
+#include "browser/DiskThreads.h"
 #include "browser/FolderWatch.h"
+#include "browser/PhotoFactsCache.h"
 #include "browser/SearchText.h"
 #include "browser/ui/BrowserViews.h"
 #include "browser/ui/ColumnPreview.h"
@@ -224,7 +228,7 @@ void multiViewFileBrowser::DisplayItem(const Container& value,
   if (folder) {
     // What was silent once is not waited for again.
     lister_.List(folder,
-                 {rows_.SortColumn(), rows_.Descending(), showInvisibles, DocumentExtension},
+                 {rows_.SortColumn(), rows_.Descending(), showInvisibles, DocumentExtension, Facts},
                  found ? FolderLister::kPatience : 0);
     if (Listing() && !reloading_ && ListChanged) ListChanged();
     Update();
@@ -372,7 +376,26 @@ std::string multiViewFileBrowser::TextOfNothing() const {
   return (closed ? kUnreadableFolder : kEmptyFolder).Text();
 }
 
-QString multiViewFileBrowser::TipOf(int row) const {
+void multiViewFileBrowser::AskShot(const std::shared_ptr<browserItem>& item) {
+  const bool plain = item->Facts && item->Facts->Is == FileFacts::kPlain;
+  if (!Facts || !plain || !FolderitemExtensions::NamesPicture(item->File().Name())) return;
+  // Once, whatever comes of it: a disk that is away is not asked at every move of the mouse.
+  item->Shot = std::string();
+  const auto told = std::make_shared<std::string>();
+  DiskThreads::Run(item->File(),
+                   [item, told, facts = Facts, list = QPointer<multiViewFileBrowser>(this)] {
+                     *told = facts->Of(item->File()).Shot;
+                     QMetaObject::invokeMethod(
+                         qApp,
+                         [item, told, list] {
+                           item->Shot = *told;
+                           if (list && list->ShotKnown) list->ShotKnown(item);
+                         },
+                         Qt::QueuedConnection);
+                   });
+}
+
+QString multiViewFileBrowser::TipOf(int row) {
   if (row < 0) return {};
   const AccessibleItem item = DescribeRow(row, {});
   QStringList lines{item.Name};
@@ -381,6 +404,11 @@ QString multiViewFileBrowser::TipOf(int row) const {
   // In a folder one knows where one is.
   if (file && CurrentFolder().IsNil()) lines << ToQString(EnsureUTF8(file.Parent().ShellPath()));
   if (!item.Description.isEmpty()) lines << item.Description;
+  if (entry && entry->Shot) {
+    if (!entry->Shot->empty()) lines << ToQString(EnsureUTF8(*entry->Shot));
+  } else if (entry && file) {
+    AskShot(entry);
+  }
   return lines.join(QLatin1Char('\n'));
 }
 
@@ -492,6 +520,10 @@ void multiViewFileBrowser::Sort(int column, bool descending) {
   const bool changed = column != rows_.SortColumn() || descending != rows_.Descending();
   EndRename(false);
   rows_.Sort(column, descending);
+  // The moments are read beside the window, with the folder.
+  if (changed && column == BrowserRows::kTakenColumn && !CurrentFolder().IsNil()) {
+    ReloadCurrentView();
+  }
   list_->ShowOrder(column, descending);
   if (ListIndex() >= 0) ScrollTo(ListIndex());
   Update();

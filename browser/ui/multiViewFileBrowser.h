@@ -79,6 +79,10 @@ class multiViewFileBrowser final : public QWidget {
   std::string TextOfNothing() const;
   /// Extension of the program's documents, which are folders that are shown as files.
   std::string DocumentExtension;
+  /// What photos tell; without it there is no order by it, and tips do not show it.
+  std::shared_ptr<PhotoFactsCache> Facts;
+  /// A tip can say more now.
+  std::function<void(const std::shared_ptr<browserItem>& item)> ShotKnown;
 
   const Container& currentView() const { return currentView_; }
   /// The folder on show, or nil.
@@ -180,7 +184,8 @@ class multiViewFileBrowser final : public QWidget {
   /// A row as assistive tools are told of it: name, kind, size and date.
   AccessibleItem DescribeRow(int row, const QRect& place) const;
   /// What a tool tip says of a row: the whole name, where it is, and its facts.
-  QString TipOf(int row) const;
+  QString TipOf(int row);
+  void AskShot(const std::shared_ptr<browserItem>& item);
   /// The rows that a view shows now: their thumbnails come first.
   void RowsInView(int first, int end);
   /// Where a drop at a row goes: its folder, else the folder on show; nil if it cannot take any.

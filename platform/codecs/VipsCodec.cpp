@@ -1,7 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -41,27 +38,6 @@ constexpr std::array<LoaderType, 6> kExtensionTypes{{{".bmp", "com.microsoft.bmp
                                                      {".pict", "com.apple.pict"},
                                                      {".sgi", "com.sgi.sgi-image"},
                                                      {".tga", "com.truevision.tga-image"}}};
-
-/// A path that the libraries take as it stands: they read options from square brackets and numbers
-/// from percent signs, so a name with such is reached over its descriptor.
-class PlainPath {
- public:
-  explicit PlainPath(const FolderItem& file) : path_(file.ShellPath()) {
-    if (path_.find_first_of("[%") == std::string::npos) return;
-    descriptor_ = open(path_.c_str(), O_RDONLY | O_CLOEXEC);
-    path_ = "/proc/self/fd/" + std::to_string(descriptor_);
-  }
-  ~PlainPath() {
-    if (descriptor_ >= 0) close(descriptor_);
-  }
-  PlainPath(const PlainPath&) = delete;
-  PlainPath& operator=(const PlainPath&) = delete;
-  const char* Get() const { return path_.c_str(); }
-
- private:
-  std::string path_;
-  int descriptor_ = -1;
-};
 
 /// `tolerant` passes over what is wrong with the pixels, as far as the loader can.
 Image Load(const PlainPath& path, int page, bool tolerant) {

@@ -188,6 +188,114 @@
         <source>Crop</source>
         <translation>Zuschneiden</translation>
     </message>
+    <message id="EditInfoSheet.kBeside">
+        <source>Photos of kinds that are never written keep it beside them, in files ending with ".xmp".</source>
+        <translation>Bei Fotos, die selbst nie geschrieben werden, steht es daneben in Dateien mit der Endung „.xmp“.</translation>
+    </message>
+    <message id="EditInfoSheet.kCity">
+        <source>City:</source>
+        <translation>Ort:</translation>
+    </message>
+    <message id="EditInfoSheet.kCopyright">
+        <source>Copyright:</source>
+        <translation>Copyright:</translation>
+    </message>
+    <message id="EditInfoSheet.kCountry">
+        <source>Country:</source>
+        <translation>Land:</translation>
+    </message>
+    <message id="EditInfoSheet.kCreator">
+        <source>Creator:</source>
+        <translation>Urheber:</translation>
+    </message>
+    <message id="EditInfoSheet.kDays">
+        <source> days</source>
+        <translation> Tage</translation>
+    </message>
+    <message id="EditInfoSheet.kDescription">
+        <source>Description:</source>
+        <translation>Beschreibung:</translation>
+    </message>
+    <message id="EditInfoSheet.kDiffering">
+        <source>Different values</source>
+        <translation>Verschiedene Werte</translation>
+    </message>
+    <message id="EditInfoSheet.kHours">
+        <source> hours</source>
+        <translation> Stunden</translation>
+    </message>
+    <message id="EditInfoSheet.kKeywords">
+        <source>Keywords:</source>
+        <translation>Schlagwörter:</translation>
+    </message>
+    <message id="EditInfoSheet.kMinutes">
+        <source> minutes</source>
+        <translation> Minuten</translation>
+    </message>
+    <message id="EditInfoSheet.kNoPlace">
+        <source>The position is no place on Earth. Please enter latitude and longitude.</source>
+        <translation>Die Position ist kein Ort auf der Erde. Bitte geben Sie Breite und Länge ein.</translation>
+    </message>
+    <message id="EditInfoSheet.kNoRating">
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message id="EditInfoSheet.kPosition">
+        <source>Position:</source>
+        <translation>Position:</translation>
+    </message>
+    <message id="EditInfoSheet.kPositionHelp">
+        <source>Latitude, longitude: 52.5163, 13.3777</source>
+        <translation>Breite, Länge: 52.5163, 13.3777</translation>
+    </message>
+    <message id="EditInfoSheet.kRating">
+        <source>Rating:</source>
+        <translation>Bewertung:</translation>
+    </message>
+    <message id="EditInfoSheet.kRejected">
+        <source>Rejected</source>
+        <translation>Abgelehnt</translation>
+    </message>
+    <message id="EditInfoSheet.kSeconds">
+        <source> seconds</source>
+        <translation> Sekunden</translation>
+    </message>
+    <message id="EditInfoSheet.kState">
+        <source>State or Province:</source>
+        <translation>Bundesland oder Provinz:</translation>
+    </message>
+    <message id="EditInfoSheet.kTaken">
+        <source>Date Taken:</source>
+        <translation>Aufnahmedatum:</translation>
+    </message>
+    <message id="EditInfoSheet.kTakenLeave">
+        <source>Leave as it is</source>
+        <translation>Lassen, wie es ist</translation>
+    </message>
+    <message id="EditInfoSheet.kTakenSet">
+        <source>Set to</source>
+        <translation>Setzen auf</translation>
+    </message>
+    <message id="EditInfoSheet.kTakenShift">
+        <source>Shift by</source>
+        <translation>Verschieben um</translation>
+    </message>
+    <message id="EditInfoSheet.kTitle">
+        <source>Title:</source>
+        <translation>Titel:</translation>
+    </message>
+    <message id="EditInfoSheet.kTitleMany">
+        <source>Edit Info of &lt;count&gt; Photos</source>
+        <translation>Angaben zu &lt;count&gt; Fotos</translation>
+    </message>
+    <message id="EditInfoSheet.kTitleOne">
+        <source>Edit Info of "&lt;filename&gt;"</source>
+        <translation>Angaben zu „&lt;filename&gt;“</translation>
+    </message>
+    <message id="EditInfoSheet.kWordsHelp">
+        <source>Keywords of all photos, with commas between</source>
+        <translation>Schlagwörter aller Fotos, durch Kommas getrennt</translation>
+    </message>
     <message id="EditSession.kNotSavedThere">
         <source>The photo "&lt;filename&gt;" could not be saved in its own place.</source>
         <translation>Das Foto „&lt;filename&gt;“ ließ sich nicht an seinem Ort sichern.</translation>
@@ -215,6 +323,54 @@
     <message id="EditsController.kHaveEditsExplanation">
         <source>Their edits are replaced. Undo brings them back.</source>
         <translation>Ihre Bearbeitung wird ersetzt. Mit „Rückgängig“ kommt sie zurück.</translation>
+    </message>
+    <message id="FloatingMetaData.kAdd">
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message id="FloatingMetaData.kAddHelp">
+        <source>Adds a tag that the file does not have yet</source>
+        <translation>Fügt ein Feld hinzu, das die Datei noch nicht hat</translation>
+    </message>
+    <message id="FloatingMetaData.kAsk">
+        <source>Do you want to save what you have changed of "&lt;filename&gt;"?</source>
+        <translation>Möchten Sie sichern, was Sie an „&lt;filename&gt;“ geändert haben?</translation>
+    </message>
+    <message id="FloatingMetaData.kAskExplanation">
+        <source>Otherwise your changes are lost.</source>
+        <translation>Sonst gehen Ihre Änderungen verloren.</translation>
+    </message>
+    <message id="FloatingMetaData.kBeside">
+        <source>This kind of file is never written. What you enter is kept beside it, in "&lt;filename&gt;".</source>
+        <translation>Dateien dieser Art werden nie geschrieben. Was Sie eingeben, steht daneben in „&lt;filename&gt;“.</translation>
+    </message>
+    <message id="FloatingMetaData.kFilter">
+        <source>Filter</source>
+        <translation>Filtern</translation>
+    </message>
+    <message id="FloatingMetaData.kInDocument">
+        <source>The original photo stays as it is. What you enter is kept in the document, and goes along with every copy.</source>
+        <translation>Das Originalfoto bleibt, wie es ist. Was Sie eingeben, steht im Dokument und geht mit jeder Kopie mit.</translation>
+    </message>
+    <message id="FloatingMetaData.kReading">
+        <source>Reading...</source>
+        <translation>Wird gelesen …</translation>
+    </message>
+    <message id="FloatingMetaData.kRedoHelp">
+        <source>Makes the change again</source>
+        <translation>Macht die Änderung noch einmal</translation>
+    </message>
+    <message id="FloatingMetaData.kSaving">
+        <source>Saving the data...</source>
+        <translation>Die Daten werden gesichert …</translation>
+    </message>
+    <message id="FloatingMetaData.kUndoHelp">
+        <source>Takes back the last change</source>
+        <translation>Nimmt die letzte Änderung zurück</translation>
+    </message>
+    <message id="FloatingMetaData.kWindowTitle">
+        <source>&lt;fileName&gt; Info</source>
+        <translation>Informationen zu &lt;fileName&gt;</translation>
     </message>
     <message id="ImageMetaData.kEmpty">
         <source>File is empty.</source>
@@ -263,6 +419,18 @@
     <message id="ImageSummaryObject.ColorSpaceUnknown">
         <source>Unknown</source>
         <translation>Unbekannt</translation>
+    </message>
+    <message id="InfoController.kEditInfo">
+        <source>Edit Info</source>
+        <translation>Angaben ändern</translation>
+    </message>
+    <message id="InfoController.kNotGiven">
+        <source>Not all photos could be changed.</source>
+        <translation>Nicht alle Fotos konnten geändert werden.</translation>
+    </message>
+    <message id="InfoController.kNotTakenBack">
+        <source>Not everything could be taken back.</source>
+        <translation>Nicht alles konnte zurückgenommen werden.</translation>
     </message>
     <message id="ManyEdits.kOpenNow">
         <source>The document "&lt;filename&gt;" is being edited.</source>
@@ -1496,6 +1664,14 @@
         <source>A picture that lies over the photo "&lt;filename&gt;" could not be copied.</source>
         <translation>Ein Bild, das über dem Foto „&lt;filename&gt;“ liegt, ließ sich nicht kopieren.</translation>
     </message>
+    <message id="ManyInfos.kNothingKept">
+        <source>The data of "&lt;filename&gt;" cannot be changed: it is no photo.</source>
+        <translation>Die Daten von „&lt;filename&gt;“ lassen sich nicht ändern: Es ist kein Foto.</translation>
+    </message>
+    <message id="ManyInfos.kWriting">
+        <source>Writing the data of the photos...</source>
+        <translation>Die Daten der Fotos werden geschrieben …</translation>
+    </message>
     <message id="Menus.EditMenu">
         <source>&amp;Edit</source>
         <translation>&amp;Bearbeiten</translation>
@@ -1583,6 +1759,14 @@
     <message id="Menus.kFileClose">
         <source>&amp;Close Window</source>
         <translation>Fenster s&amp;chließen</translation>
+    </message>
+    <message id="Menus.kFileEditInfo">
+        <source>Edit Info...</source>
+        <translation>Angaben ändern …</translation>
+    </message>
+    <message id="Menus.kFileGetInfo">
+        <source>Get &amp;Info...</source>
+        <translation>&amp;Informationen …</translation>
     </message>
     <message id="Menus.kFileNewFromClipboard">
         <source>New From Clipboard</source>
@@ -1708,6 +1892,238 @@
         <source>Zoom</source>
         <translation>Zoomen</translation>
     </message>
+    <message id="MetaDataBrowser.kAddIptc">
+        <source>Add IPTC Block</source>
+        <translation>IPTC-Block hinzufügen</translation>
+    </message>
+    <message id="MetaDataBrowser.kAddTiff">
+        <source>Add TIFF Block</source>
+        <translation>TIFF-Block hinzufügen</translation>
+    </message>
+    <message id="MetaDataBrowser.kAspectRatio">
+        <source>Aspect Ratio:</source>
+        <translation>Seitenverhältnis:</translation>
+    </message>
+    <message id="MetaDataBrowser.kAt">
+        <source> at </source>
+        <translation> bei </translation>
+    </message>
+    <message id="MetaDataBrowser.kBit">
+        <source>-Bit </source>
+        <translation>-Bit </translation>
+    </message>
+    <message id="MetaDataBrowser.kBytes">
+        <source> bytes)</source>
+        <translation> Bytes)</translation>
+    </message>
+    <message id="MetaDataBrowser.kColors">
+        <source>Colors:</source>
+        <translation>Farben:</translation>
+    </message>
+    <message id="MetaDataBrowser.kComment">
+        <source>Comment:</source>
+        <translation>Kommentar:</translation>
+    </message>
+    <message id="MetaDataBrowser.kCommentSection">
+        <source>JPEG Comment:</source>
+        <translation>JPEG-Kommentar:</translation>
+    </message>
+    <message id="MetaDataBrowser.kContactLink">
+        <source>Contact Link:</source>
+        <translation>Kontakt-Adresse:</translation>
+    </message>
+    <message id="MetaDataBrowser.kCopyRow">
+        <source>Copy Name and Value</source>
+        <translation>Name und Wert kopieren</translation>
+    </message>
+    <message id="MetaDataBrowser.kCopyValue">
+        <source>Copy Value</source>
+        <translation>Wert kopieren</translation>
+    </message>
+    <message id="MetaDataBrowser.kCopyright">
+        <source>Copyright:</source>
+        <translation>Copyright:</translation>
+    </message>
+    <message id="MetaDataBrowser.kCreated">
+        <source>Created:</source>
+        <translation>Erstellt:</translation>
+    </message>
+    <message id="MetaDataBrowser.kCreatedBy">
+        <source>Created By:</source>
+        <translation>Erstellt von:</translation>
+    </message>
+    <message id="MetaDataBrowser.kDPI">
+        <source> DPI</source>
+        <translation> DPI</translation>
+    </message>
+    <message id="MetaDataBrowser.kDctSection">
+        <source>DCT Profile:</source>
+        <translation>DCT-Profil:</translation>
+    </message>
+    <message id="MetaDataBrowser.kDimensions">
+        <source>Dimensions:</source>
+        <translation>Abmessungen:</translation>
+    </message>
+    <message id="MetaDataBrowser.kEdit">
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message id="MetaDataBrowser.kEncoder">
+        <source>Encoder:</source>
+        <translation>Kodierer:</translation>
+    </message>
+    <message id="MetaDataBrowser.kFileComment">
+        <source>Comment:</source>
+        <translation>Kommentar:</translation>
+    </message>
+    <message id="MetaDataBrowser.kFileKind">
+        <source>Kind:</source>
+        <translation>Art:</translation>
+    </message>
+    <message id="MetaDataBrowser.kFileSection">
+        <source>File Information</source>
+        <translation>Datei</translation>
+    </message>
+    <message id="MetaDataBrowser.kFlags">
+        <source>Flags:</source>
+        <translation>Merkmale:</translation>
+    </message>
+    <message id="MetaDataBrowser.kFormat">
+        <source>Format:</source>
+        <translation>Format:</translation>
+    </message>
+    <message id="MetaDataBrowser.kFromPacket">
+        <source>Said by the XMP data of the file, not by this block.</source>
+        <translation>Sagen die XMP-Daten der Datei, nicht dieser Block.</translation>
+    </message>
+    <message id="MetaDataBrowser.kFullName">
+        <source>Full Name:</source>
+        <translation>Voller Name:</translation>
+    </message>
+    <message id="MetaDataBrowser.kInteropSection">
+        <source>Interoperability:</source>
+        <translation>Interoperability:</translation>
+    </message>
+    <message id="MetaDataBrowser.kIptcTags">
+        <source>IPTC Tags</source>
+        <translation>IPTC-Felder</translation>
+    </message>
+    <message id="MetaDataBrowser.kKind">
+        <source>Kind:</source>
+        <translation>Art:</translation>
+    </message>
+    <message id="MetaDataBrowser.kList">
+        <source>Data of the file</source>
+        <translation>Daten der Datei</translation>
+    </message>
+    <message id="MetaDataBrowser.kMegapixel">
+        <source> Megapixel</source>
+        <translation> Megapixel</translation>
+    </message>
+    <message id="MetaDataBrowser.kMegapixels">
+        <source> Megapixels</source>
+        <translation> Megapixel</translation>
+    </message>
+    <message id="MetaDataBrowser.kModified">
+        <source>Modified:</source>
+        <translation>Geändert:</translation>
+    </message>
+    <message id="MetaDataBrowser.kName">
+        <source>Name:</source>
+        <translation>Name:</translation>
+    </message>
+    <message id="MetaDataBrowser.kNotTaken">
+        <source>"&lt;text&gt;" cannot stand in "&lt;name&gt;".</source>
+        <translation>„&lt;text&gt;“ kann nicht in „&lt;name&gt;“ stehen.</translation>
+    </message>
+    <message id="MetaDataBrowser.kOnDisk">
+        <source> on disk (</source>
+        <translation> auf der Festplatte (</translation>
+    </message>
+    <message id="MetaDataBrowser.kOriginal">
+        <source>Original:</source>
+        <translation>Original:</translation>
+    </message>
+    <message id="MetaDataBrowser.kPacketDiffers">
+        <source>The XMP data of the file says: &lt;text&gt;</source>
+        <translation>Die XMP-Daten der Datei sagen: &lt;text&gt;</translation>
+    </message>
+    <message id="MetaDataBrowser.kPhotoshopSection">
+        <source>Photoshop® Data</source>
+        <translation>Photoshop®-Daten</translation>
+    </message>
+    <message id="MetaDataBrowser.kPosition">
+        <source>Position:</source>
+        <translation>Position:</translation>
+    </message>
+    <message id="MetaDataBrowser.kPreview">
+        <source>Preview</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message id="MetaDataBrowser.kProfile">
+        <source>Profile:</source>
+        <translation>Profil:</translation>
+    </message>
+    <message id="MetaDataBrowser.kProfileSection">
+        <source>Color Profile:</source>
+        <translation>Farbprofil:</translation>
+    </message>
+    <message id="MetaDataBrowser.kRemove">
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message id="MetaDataBrowser.kShowOnMap">
+        <source>Show on Map</source>
+        <translation>Auf der Karte zeigen</translation>
+    </message>
+    <message id="MetaDataBrowser.kSize">
+        <source>Size:</source>
+        <translation>Größe:</translation>
+    </message>
+    <message id="MetaDataBrowser.kSoftware">
+        <source>Software: </source>
+        <translation>Programm: </translation>
+    </message>
+    <message id="MetaDataBrowser.kSummarySection">
+        <source>Image Summary</source>
+        <translation>Bild</translation>
+    </message>
+    <message id="MetaDataBrowser.kTiffTags">
+        <source>TIFF Tags</source>
+        <translation>TIFF-Felder</translation>
+    </message>
+    <message id="MetaDataBrowser.kTransformation">
+        <source>ColorTransformationCode:</source>
+        <translation>ColorTransformationCode:</translation>
+    </message>
+    <message id="MetaDataBrowser.kUnits">
+        <source>Units:</source>
+        <translation>Einheiten:</translation>
+    </message>
+    <message id="MetaDataBrowser.kVersion">
+        <source>Version:</source>
+        <translation>Version:</translation>
+    </message>
+    <message id="MetaDataBrowser.kWhere">
+        <source>Where:</source>
+        <translation>Ort:</translation>
+    </message>
+    <message id="MetaDataBrowser.kXdensity">
+        <source>Xdensity:</source>
+        <translation>Xdensity:</translation>
+    </message>
+    <message id="MetaDataBrowser.kXthumbnail">
+        <source>Xthumbnail:</source>
+        <translation>Xthumbnail:</translation>
+    </message>
+    <message id="MetaDataBrowser.kYdensity">
+        <source>Ydensity:</source>
+        <translation>Ydensity:</translation>
+    </message>
+    <message id="MetaDataBrowser.kYthumbnail">
+        <source>Ythumbnail:</source>
+        <translation>Ythumbnail:</translation>
+    </message>
     <message id="PasteEditsSheet.kAlso">
         <source>Also paste:</source>
         <translation>Auch einsetzen:</translation>
@@ -1820,6 +2236,18 @@
         <source>Appearance:</source>
         <translation>Erscheinungsbild:</translation>
     </message>
+    <message id="PreferencesWindow.kCarryAll">
+        <source>All that the photo tells</source>
+        <translation>Alles, was das Foto sagt</translation>
+    </message>
+    <message id="PreferencesWindow.kCarryNone">
+        <source>Nothing</source>
+        <translation>Nichts</translation>
+    </message>
+    <message id="PreferencesWindow.kCarryWithoutPlace">
+        <source>All but where it was taken</source>
+        <translation>Alles außer dem Aufnahmeort</translation>
+    </message>
     <message id="PreferencesWindow.kCheckForUpdate">
         <source>Check For Update:</source>
         <translation>Nach Updates suchen:</translation>
@@ -1827,6 +2255,10 @@
     <message id="PreferencesWindow.kContactLink">
         <source>Contact Link:</source>
         <translation>Kontaktadresse:</translation>
+    </message>
+    <message id="PreferencesWindow.kCopiesCarry">
+        <source>Copies Tell:</source>
+        <translation>Kopien sagen:</translation>
     </message>
     <message id="PreferencesWindow.kCopyRight">
         <source>Copyright:</source>
@@ -1912,6 +2344,14 @@
         <source>Show Colors</source>
         <translation>Farben einblenden</translation>
     </message>
+    <message id="Sidecar.kDamaged">
+        <source>The file "&lt;filename&gt;" was not changed: what it holds is no metadata that can be read.</source>
+        <translation>Die Datei „&lt;filename&gt;“ wurde nicht geändert: Was in ihr steht, lässt sich nicht lesen.</translation>
+    </message>
+    <message id="Sidecar.kFailed">
+        <source>The file "&lt;filename&gt;" could not be written: &lt;reason&gt;.</source>
+        <translation>Die Datei „&lt;filename&gt;“ konnte nicht geschrieben werden: &lt;reason&gt;.</translation>
+    </message>
     <message id="SingleInstance.kDoesNotAnswer">
         <source>Brivolant Photos is running already and does not answer (process &lt;process&gt;).</source>
         <translation>Brivolant Photos läuft bereits und antwortet nicht (Prozess &lt;process&gt;).</translation>
@@ -1955,6 +2395,14 @@
     <message id="ToolButtons.kEditorHelp">
         <source>Opens the selected images in the editor, where effects can be applied to the photo.</source>
         <translation>Öffnet die ausgewählten Bilder im Editor, wo Effekte auf sie angewendet werden.</translation>
+    </message>
+    <message id="ToolButtons.kInfo">
+        <source>Get Info</source>
+        <translation>Informationen</translation>
+    </message>
+    <message id="ToolButtons.kInfoHelp">
+        <source>Displays information about the selected file.</source>
+        <translation>Zeigt Informationen über die ausgewählte Datei.</translation>
     </message>
     <message id="ToolButtons.kOpen">
         <source>Open</source>
@@ -2023,6 +2471,10 @@
     <message id="ifkStaticText.kLinksTo">
         <source>Links to "&lt;url&gt;"</source>
         <translation>Führt zu „&lt;url&gt;“</translation>
+    </message>
+    <message id="multiViewFileBrowser.kTakenDate">
+        <source>Date Taken</source>
+        <translation>Aufnahmedatum</translation>
     </message>
     <message id="otherSharedComponents.kDefaultPhotoDirectoryName">
         <source>My Brivolant Photos</source>

@@ -1,0 +1,598 @@
+// SPDX-License-Identifier: MIT
+#include "app/info/MetaDataBrowser.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <array>
+
+#include "kit/InterfaceKitSupport.h"
+#include "kit/ifkColors.h"
+
+namespace brivolant {
+namespace {
+
+using Sections = MetadataSection;
+
+constexpr int kLabelShare = 40;
+constexpr int kRowPadding = 5;
+constexpr int kPreviewHeight = 160;
+constexpr int kPreviewMargin = 8;
+constexpr int kTagRole = Qt::UserRole;
+constexpr int kIndexRole = Qt::UserRole + 1;
+constexpr int kTextRole = Qt::UserRole + 2;
+/// The section's number, of its own row.
+constexpr int kSectionRole = Qt::UserRole + 3;
+constexpr int kMappedRole = Qt::UserRole + 4;
+
+/// In the order in which settings hold them.
+constexpr std::array kStored{
+    Sections::kSummary, Sections::kPreview, Sections::kProfile, Sections::kDct,
+    Sections::kExif,    Sections::kFile,    Sections::kGps,     Sections::kInteroperability,
+    Sections::kIptc,    Sections::kJfif,    Sections::kComment, Sections::kPhotoshop,
+    Sections::kSubIfd,  Sections::kTiff,    Sections::kProgram};
+
+struct Offered {
+  const char* Tag;
+  const char* Name;
+};
+constexpr std::array kTiffOffers{Offered{"013B", "Artist"},         Offered{"8298", "Copyright"},
+                                 Offered{"013C", "Host Computer"},  Offered{"010E", "Description"},
+                                 Offered{"010F", "Device Make"},    Offered{"0110", "Device Model"},
+                                 Offered{"010D", "Document Name"},  Offered{"011D", "Page Name"},
+                                 Offered{"EDED", "Originating URL"}};
+constexpr std::array kIptcOffers{Offered{"80", "Byline"},
+                                 Offered{"85", "Byline Title"},
+                                 Offered{"90", "City"},
+                                 Offered{"92", "Sub Location"},
+                                 Offered{"95", "Province/State"},
+                                 Offered{"100", "Country Code"},
+                                 Offered{"101", "Country Name"},
+                                 Offered{"105", "Headline"},
+                                 Offered{"110", "Credit"},
+                                 Offered{"115", "Source"},
+                                 Offered{"116", "Copyright String"},
+                                 Offered{"118", "Contact"},
+                                 Offered{"120", "Caption"},
+                                 Offered{"121", "Local Caption"},
+                                 Offered{"122", "Caption Writer"},
+                                 Offered{"3", "Object TypeReference"},
+                                 Offered{"4", "Object Attribute Reference"},
+                                 Offered{"5", "Object Name"},
+                                 Offered{"7", "Edit Status"},
+                                 Offered{"8", "Editorial Update"},
+                                 Offered{"10", "Priority"},
+                                 Offered{"12", "Subject Reference"},
+                                 Offered{"15", "Category"},
+                                 Offered{"20", "Supplemental Category"},
+                                 Offered{"22", "Fixture Identifier"},
+                                 Offered{"25", "Keywords"},
+                                 Offered{"26", "Content Location Code"},
+                                 Offered{"27", "Content Location Name"},
+                                 Offered{"30", "Release Date"},
+                                 Offered{"35", "Release Time"},
+                                 Offered{"37", "Expiration Date"},
+                                 Offered{"38", "Expiration Time"},
+                                 Offered{"40", "Special Instructions"},
+                                 Offered{"42", "Action Advised"},
+                                 Offered{"45", "Reference Service"},
+                                 Offered{"47", "Reference Date"},
+                                 Offered{"50", "Reference Number"},
+                                 Offered{"55", "Created Date"},
+                                 Offered{"60", "Created Time"},
+                                 Offered{"62", "Digital Creation Date"},
+                                 Offered{"63", "Digital Creation Time"},
+                                 Offered{"65", "Originating Program"},
+                                 Offered{"70", "Program Version"},
+                                 Offered{"75", "Object Cycle"},
+                                 Offered{"103", "Original Transmission reference"},
+                                 Offered{"125", "Rasterized Caption"},
+                                 Offered{"130", "Image Type"},
+                                 Offered{"131", "Image Orientation"},
+                                 Offered{"135", "Language Identifier"},
+                                 Offered{"150", "Content Preview"},
+                                 Offered{"151", "Audio Sampling Rate"},
+                                 Offered{"152", "Audio Sampling Resolution"},
+                                 Offered{"153", "Audio Duration"},
+                                 Offered{"154", "Audio Outcue"},
+                                 Offered{"184", "Job ID"},
+                                 Offered{"185", "Master Document ID"},
+                                 Offered{"186", "Short Document ID"},
+                                 Offered{"187", "Unique Document ID"},
+                                 Offered{"188", "Owner ID"},
+                                 Offered{"200", "Obj Data Preview File Format"},
+                                 Offered{"201", "Obj Data Preview File Format Ver"},
+                                 Offered{"202", "Obj Data Preview Data"},
+                                 Offered{"225", "Classify State"},
+                                 Offered{"228", "Similarity Index"},
+                                 Offered{"230", "Document Notes"},
+                                 Offered{"231", "Document History"},
+                                 Offered{"232", "EXIF Camera Info"}};
+
+/// Where the rows of a section are written.
+std::optional<MetadataBlock> BlockOfSection(int section) {
+  for (const MetadataBlock block :
+       {MetadataBlock::kTiff, MetadataBlock::kExif, MetadataBlock::kGps, MetadataBlock::kInterop,
+        MetadataBlock::kIptc, MetadataBlock::kXmp, MetadataBlock::kComment}) {
+    if (EmptySection(block).Is == section) return block;
+  }
+  return {};
+}
+
+constexpr std::string_view kTiffMark = "TIF";
+constexpr std::string_view kIptcMark = "IPT";
+
+}  // namespace
+
+/// Paints sections, fields and the picture, and hands what was typed to the list.
+class MetaDataBrowser::Delegate final : public QStyledItemDelegate {
+ public:
+  explicit Delegate(MetaDataBrowser& list) : QStyledItemDelegate(&list), list_(list) {}
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const QSize size = QStyledItemDelegate::sizeHint(option, index);
+    if (IsPreview(index)) return {size.width(), kPreviewHeight + 2 * kPreviewMargin};
+    return {size.width(), option.fontMetrics.height() + kRowPadding};
+  }
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    if (IsPreview(index)) return;
+    QStyleOptionViewItem row = option;
+    const QTreeWidgetItem* item = list_.itemFromIndex(index);
+    if (!index.parent().isValid()) {
+      row.font.setBold(true);
+    } else if (index.column() == 0) {
+      row.palette.setColor(QPalette::Text, row.palette.color(QPalette::PlaceholderText));
+    } else if (list_.Editable(item)) {
+      painter->save();
+      painter->setRenderHint(QPainter::Antialiasing);
+      painter->setPen(QPen(ifkColors::FrameInactive(), 1));
+      painter->setBrush(row.palette.base());
+      painter->drawRoundedRect(QRectF(option.rect).adjusted(0.5, 1.5, -3.5, -1.5), 3, 3);
+      painter->restore();
+    }
+    if (item->data(0, kMappedRole).toBool()) row.font.setItalic(true);
+    QStyledItemDelegate::paint(painter, row, index);
+  }
+
+  QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                        const QModelIndex& index) const override {
+    const QTreeWidgetItem* item = list_.itemFromIndex(index);
+    if (index.column() != 1 || !list_.Editable(item)) return nullptr;
+    auto* edit = new QLineEdit(parent);
+    edit->setAccessibleName(item->text(0));
+    return edit;
+  }
+
+  void setEditorData(QWidget* editor, const QModelIndex& index) const override {
+    qobject_cast<QLineEdit*>(editor)->setText(PlainText(index));
+  }
+
+  void setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const override {
+    const QString text = qobject_cast<QLineEdit*>(editor)->text();
+    if (text == PlainText(index)) return;
+    list_.EditedSoon(*list_.itemFromIndex(index), text);
+  }
+
+ private:
+  /// Without the mark of a difference.
+  static QString PlainText(const QModelIndex& index) {
+    const QVariant plain = index.data(Qt::UserRole);
+    return plain.isValid() ? plain.toString() : index.data(Qt::DisplayRole).toString();
+  }
+  static bool IsPreview(const QModelIndex& index) {
+    return index.parent().isValid() &&
+           index.parent().siblingAtColumn(0).data(kSectionRole).toInt() == Sections::kPreview;
+  }
+  MetaDataBrowser& list_;
+};
+
+MetaDataBrowser::MetaDataBrowser(Log& log, QWidget* parent) : QTreeWidget(parent), log_(log) {
+  setColumnCount(2);
+  setHeaderHidden(true);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollMode(ScrollPerPixel);
+  setSelectionMode(ExtendedSelection);
+  setEditTriggers(EditKeyPressed | SelectedClicked | DoubleClicked);
+  setIndentation(14);
+  setRootIsDecorated(true);
+  setExpandsOnDoubleClick(false);
+  setUniformRowHeights(false);
+  setTextElideMode(Qt::ElideRight);
+  setFrameShape(QFrame::NoFrame);
+  header()->setStretchLastSection(false);
+  header()->setSectionResizeMode(QHeaderView::Fixed);
+  header()->setMinimumSectionSize(40);
+  setAccessibleName(Shown(kList));
+  setItemDelegate(new Delegate(*this));
+  QFont small = font();
+  small.setPointSizeF(small.pointSizeF() * 0.95);
+  setFont(small);
+  for (const int section : kStored) open_[section] = true;
+  open_[Sections::kXmp] = true;
+  // What fills windows, and few look for.
+  for (const int section : {Sections::kPhotoshop, Sections::kSubIfd, Sections::kDct,
+                            Sections::kInteroperability, Sections::kJfif}) {
+    open_[section] = false;
+  }
+  const auto keep = [this](QTreeWidgetItem* item, bool open) {
+    if (!filling_ && filter_.isEmpty()) open_[item->data(0, kSectionRole).toInt()] = open;
+  };
+  connect(this, &QTreeWidget::itemExpanded, this, [keep](QTreeWidgetItem* i) { keep(i, true); });
+  connect(this, &QTreeWidget::itemCollapsed, this, [keep](QTreeWidgetItem* i) { keep(i, false); });
+  connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item, int column) {
+    if (item->parent() == nullptr) {
+      item->setExpanded(!item->isExpanded());
+    } else if (column == 1) {
+      Open(*item);
+    }
+  });
+  connect(this, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item, int) {
+    if (IsPosition(item)) Open(*item);
+  });
+}
+
+void MetaDataBrowser::Open(const QTreeWidgetItem& item) {
+  if (Editable(&item)) {
+    editItem(const_cast<QTreeWidgetItem*>(&item), 1);
+  } else if (IsPosition(&item) && OpenAddress) {
+    OpenAddress(MapAddress(*info_->Facts().Where));
+  }
+}
+
+bool MetaDataBrowser::IsPosition(const QTreeWidgetItem* item) const {
+  return item != nullptr && info_ && info_->Facts().Where &&
+         item->text(0) == Shown(FileInfo::kPosition);
+}
+
+bool MetaDataBrowser::Editable(const QTreeWidgetItem* item) const {
+  return item != nullptr && item->data(0, kTextRole).toBool();
+}
+
+void MetaDataBrowser::Display(std::shared_ptr<FileInfo> info) {
+  info_ = std::move(info);
+  if (info_) info_->Draft().Changed = [this] { Fill(); };
+  Fill();
+}
+
+void MetaDataBrowser::Preview(const QImage& picture) {
+  preview_ = picture;
+  if (QTreeWidgetItem* section = Section(Sections::kPreview)) {
+    section->setHidden(preview_.isNull() || !filter_.isEmpty());
+  }
+  viewport()->update();
+}
+
+void MetaDataBrowser::Fill() {
+  const Key key = currentItem() == nullptr ? Key() : KeyOf(*currentItem());
+  const int scrolled = verticalScrollBar()->value();
+  filling_ = true;
+  setUpdatesEnabled(false);
+  clear();
+  if (info_) {
+    QList<QTreeWidgetItem*> all;
+    const auto folder = [&](int number, const QString& label) {
+      auto* item = new QTreeWidgetItem({label});
+      item->setData(0, kSectionRole, number);
+      item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+      all << item;
+      return item;
+    };
+    QTreeWidgetItem* preview = folder(Sections::kPreview, Shown(kPreview));
+    auto* picture = new QTreeWidgetItem(preview);
+    picture->setFlags(Qt::ItemIsEnabled);
+    for (const MetadataSection& section : info_->Sections(hideUnknown)) {
+      QTreeWidgetItem* item = folder(section.Is, ToQString(section.Label));
+      for (const MetadataRow& row : section.Rows) {
+        auto* line = new QTreeWidgetItem(
+            item, {ToQString(EnsureUTF8(row.Label)), ToQString(EnsureUTF8(row.Value))});
+        line->setData(0, kTagRole, ToQString(row.Tag));
+        line->setData(0, kIndexRole, row.Index);
+        line->setData(0, kTextRole, row.Text);
+        line->setData(0, kMappedRole, row.Mapped);
+        if (row.Text) line->setFlags(line->flags() | Qt::ItemIsEditable);
+        QString tip = line->text(1);
+        if (row.Mapped) tip += QLatin1Char('\n') + Shown(kFromPacket);
+        if (!row.Differs.empty()) {
+          tip += QLatin1Char('\n') +
+                 ToQString(WithPlaceholders(kPacketDiffers.Text(), {{"<text>", row.Differs}}));
+          line->setText(1, line->text(1) + QStringLiteral("  \u2260"));
+          // What is edited is the text alone.
+          line->setData(1, Qt::UserRole, ToQString(EnsureUTF8(row.Value)));
+        }
+        line->setToolTip(1, tip);
+      }
+    }
+    addTopLevelItems(all);
+    for (QTreeWidgetItem* item : all) {
+      setFirstColumnSpanned(indexOfTopLevelItem(item), {}, true);
+      item->setExpanded(Visible(item->data(0, kSectionRole).toInt()));
+    }
+    preview->setHidden(preview_.isNull());
+    setFirstColumnSpanned(0, indexFromItem(preview), true);
+  }
+  ApplyFilter();
+  if (QTreeWidgetItem* item = ItemOf(key)) setCurrentItem(item, 1);
+  verticalScrollBar()->setValue(scrolled);
+  setUpdatesEnabled(true);
+  filling_ = false;
+}
+
+void MetaDataBrowser::Filter(const QString& text) {
+  filter_ = text.trimmed();
+  filling_ = true;
+  ApplyFilter();
+  filling_ = false;
+}
+
+void MetaDataBrowser::ApplyFilter() {
+  for (int i = 0; i < topLevelItemCount(); ++i) {
+    QTreeWidgetItem* section = topLevelItem(i);
+    const int number = section->data(0, kSectionRole).toInt();
+    bool any = filter_.isEmpty();
+    for (int j = 0; j < section->childCount(); ++j) {
+      QTreeWidgetItem* row = section->child(j);
+      const bool shown = filter_.isEmpty() || row->text(0).contains(filter_, Qt::CaseInsensitive) ||
+                         row->text(1).contains(filter_, Qt::CaseInsensitive);
+      row->setHidden(!shown);
+      any = any || shown;
+    }
+    const bool picture = number == Sections::kPreview;
+    section->setHidden(!any || (picture && (preview_.isNull() || !filter_.isEmpty())));
+    section->setExpanded(!filter_.isEmpty() || Visible(number));
+  }
+}
+
+bool MetaDataBrowser::Visible(int section) const {
+  const auto found = open_.find(section);
+  return found != open_.end() && found->second;
+}
+
+void MetaDataBrowser::Visible(int section, bool visible) {
+  open_[section] = visible;
+  if (QTreeWidgetItem* item = Section(section)) item->setExpanded(visible);
+}
+
+std::string MetaDataBrowser::Settings() const {
+  std::string settings;
+  for (const int section : kStored) settings += static_cast<char>(Visible(section) ? 1 : 0);
+  return settings;
+}
+
+void MetaDataBrowser::Settings(const std::string& settings) {
+  if (settings.empty()) return;
+  if (settings.size() != kStored.size()) {
+    return log_.Write("metaDataControl.Settings length is incorrect");
+  }
+  for (std::size_t i = 0; i < kStored.size(); ++i) Visible(kStored.at(i), settings[i] != 0);
+}
+
+QTreeWidgetItem* MetaDataBrowser::Section(int number) const {
+  for (int i = 0; i < topLevelItemCount(); ++i) {
+    if (topLevelItem(i)->data(0, kSectionRole).toInt() == number) return topLevelItem(i);
+  }
+  return nullptr;
+}
+
+MetaDataBrowser::Key MetaDataBrowser::KeyOf(const QTreeWidgetItem& item) const {
+  const QTreeWidgetItem* section = item.parent() == nullptr ? &item : item.parent();
+  return {section->data(0, kSectionRole).toInt(), item.data(0, kTagRole).toString().toStdString(),
+          item.data(0, kIndexRole).toInt()};
+}
+
+QTreeWidgetItem* MetaDataBrowser::ItemOf(const Key& key) const {
+  QTreeWidgetItem* section = Section(key.Section);
+  if (section == nullptr || key.Tag.empty()) return section;
+  QTreeWidgetItem* found = nullptr;
+  for (int i = 0; i < section->childCount(); ++i) {
+    const Key other = KeyOf(*section->child(i));
+    if (other.Tag == key.Tag && other.Index <= std::max(key.Index, 1)) found = section->child(i);
+  }
+  return found == nullptr ? section : found;
+}
+
+void MetaDataBrowser::EditedSoon(const QTreeWidgetItem& item, const QString& text) {
+  typed_ = Typed{KeyOf(item), item.text(0), text};
+  QMetaObject::invokeMethod(
+      this, [this] { FinishEdit(); }, Qt::QueuedConnection);
+}
+
+void MetaDataBrowser::FinishEdit() {
+  if (state() == EditingState) {
+    if (auto* edit = viewport()->findChild<QLineEdit*>()) {
+      commitData(edit);
+      closeEditor(edit, QAbstractItemDelegate::NoHint);
+    }
+  }
+  if (const auto typed = std::exchange(typed_, std::nullopt)) {
+    Edited(typed->Row, typed->Name, typed->Text);
+  }
+}
+
+void MetaDataBrowser::Edited(const Key& key, const QString& name, const QString& text) {
+  const auto block = BlockOfSection(key.Section);
+  if (!info_ || !block) return;
+  // A packet may have other prefixes than edits.
+  const std::string tag =
+      *block == MetadataBlock::kXmp ? info_->Draft().UsualName(key.Tag) : key.Tag;
+  if (info_->Draft().Edit(*block, tag, key.Index, text.toStdString())) return;
+  // A row that was to be added is none yet.
+  Fill();
+  QString shown = name;
+  while (shown.endsWith(QLatin1Char(':'))) shown.chop(1);
+  if (Rejected) {
+    Rejected(WithPlaceholders(kNotTaken.Text(),
+                              {{"<text>", text.toStdString()}, {"<name>", shown.toStdString()}}));
+  }
+}
+
+std::vector<MenuItem> MetaDataBrowser::CreateItemsMenu() const {
+  std::vector<MenuItem> items;
+  if (!info_ || info_->KeptIn() != FileInfo::Keeps::kInFile) return items;
+  const auto add = [&](const std::string& text, const std::string& tag) {
+    MenuItem item;
+    item.Text = text;
+    item.Tag = tag;
+    item.Enabled = !tag.empty();
+    items.push_back(std::move(item));
+  };
+  const auto offer = [&](MetadataBlock block, int section, const LocalizedText& heading,
+                         const LocalizedText& make, const char* makeTag, std::string_view mark,
+                         std::span<const Offered> offers) {
+    if (Section(section) == nullptr) return add(make.Text(), makeTag);
+    add(heading.Text(), {});
+    for (const Offered& offered : offers) {
+      const std::string_view tag = offered.Tag;
+      const bool repeats = block == MetadataBlock::kIptc && (tag == "20" || tag == "25");
+      if (!repeats && !info_->Draft().Texts(block, offered.Tag).empty()) continue;
+      add(offered.Name, std::string(mark) + offered.Tag);
+    }
+  };
+  offer(MetadataBlock::kTiff, Sections::kTiff, kTiffTags, kAddTiff, "AddTIFF", kTiffMark,
+        kTiffOffers);
+  add("-", {});
+  offer(MetadataBlock::kIptc, Sections::kIptc, kIptcTags, kAddIptc, "AddIPTC", kIptcMark,
+        kIptcOffers);
+  add("-", {});
+  return items;
+}
+
+void MetaDataBrowser::handleItemsMenu(const std::string& tag) {
+  if (!info_) return;
+  const auto block = [&](MetadataBlock which) {
+    const MetadataSection empty = EmptySection(which);
+    if (Section(empty.Is) != nullptr) return;
+    auto* item = new QTreeWidgetItem({ToQString(empty.Label)});
+    item->setData(0, kSectionRole, empty.Is);
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    addTopLevelItem(item);
+    setFirstColumnSpanned(topLevelItemCount() - 1, {}, true);
+    item->setExpanded(Visible(empty.Is));
+  };
+  if (tag == "AddTIFF") return block(MetadataBlock::kTiff);
+  if (tag == "AddIPTC") return block(MetadataBlock::kIptc);
+  const bool tiff = tag.starts_with(kTiffMark);
+  if (!tiff && !tag.starts_with(kIptcMark)) return;
+  const std::string own = tag.substr(kTiffMark.size());
+  const MetadataSection empty = EmptySection(tiff ? MetadataBlock::kTiff : MetadataBlock::kIptc);
+  QTreeWidgetItem* section = Section(empty.Is);
+  if (section == nullptr) return;
+  // Nothing is said until something is typed.
+  const auto held = info_->Draft().Texts(*empty.Block, own);
+  auto* line =
+      new QTreeWidgetItem(section, {ToQString(NameOfTag(*empty.Block, own) + ":"), QString()});
+  line->setData(0, kTagRole, ToQString(own));
+  line->setData(0, kIndexRole, static_cast<int>(held.size()) + 1);
+  line->setData(0, kTextRole, true);
+  line->setFlags(line->flags() | Qt::ItemIsEditable);
+  section->setExpanded(true);
+  setCurrentItem(line, 1);
+  scrollToItem(line);
+  editItem(line, 1);
+}
+
+void MetaDataBrowser::CopyValue(bool withName) {
+  QStringList lines;
+  for (const QTreeWidgetItem* item : selectedItems()) {
+    if (item->parent() == nullptr) continue;
+    const QVariant plain = item->data(1, Qt::UserRole);
+    const QString value = plain.isValid() ? plain.toString() : item->text(1);
+    lines << (withName ? item->text(0) + QLatin1Char(' ') + value : value);
+  }
+  if (!lines.isEmpty()) QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
+}
+
+bool MetaDataBrowser::CanEdit() const {
+  return Editable(currentItem());
+}
+
+void MetaDataBrowser::EditCurrent() {
+  if (CanEdit()) editItem(currentItem(), 1);
+}
+
+void MetaDataBrowser::RemoveCurrent() {
+  if (CanEdit()) Edited(KeyOf(*currentItem()), currentItem()->text(0), {});
+}
+
+void MetaDataBrowser::FillMenu(QMenu& menu) {
+  const auto add = [&](const LocalizedText& text, bool enabled, std::function<void()> act) {
+    QAction* action = menu.addAction(Shown(text), this, std::move(act));
+    action->setEnabled(enabled);
+  };
+  const QTreeWidgetItem* item = currentItem();
+  const bool row = item != nullptr && item->parent() != nullptr;
+  add(kCopyValue, row, [this] { CopyValue(); });
+  add(kCopyRow, row, [this] { CopyValue(true); });
+  menu.addSeparator();
+  add(kEdit, CanEdit(), [this] { EditCurrent(); });
+  add(kRemove, CanEdit(), [this] { RemoveCurrent(); });
+  if (info_ && info_->Facts().Where && OpenAddress) {
+    menu.addSeparator();
+    add(kShowOnMap, true, [this] { OpenAddress(MapAddress(*info_->Facts().Where)); });
+  }
+}
+
+void MetaDataBrowser::contextMenuEvent(QContextMenuEvent* event) {
+  if (!info_) return;
+  QMenu menu(this);
+  FillMenu(menu);
+  const bool keys = event->reason() == QContextMenuEvent::Keyboard && currentItem() != nullptr;
+  menu.exec(keys ? viewport()->mapToGlobal(visualItemRect(currentItem()).center())
+                 : event->globalPos());
+}
+
+void MetaDataBrowser::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) return CopyValue();
+  if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace) return RemoveCurrent();
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  QTreeWidgetItem* item = currentItem();
+  if (enter && item != nullptr && state() != EditingState) {
+    if (item->parent() == nullptr) return item->setExpanded(!item->isExpanded());
+    return Open(*item);
+  }
+  QTreeWidget::keyPressEvent(event);
+}
+
+void MetaDataBrowser::PlaceColumns() {
+  const int width = viewport()->width();
+  setColumnWidth(0, width * kLabelShare / 100);
+  setColumnWidth(1, width - width * kLabelShare / 100);
+}
+
+void MetaDataBrowser::resizeEvent(QResizeEvent* event) {
+  QTreeWidget::resizeEvent(event);
+  PlaceColumns();
+}
+
+void MetaDataBrowser::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const {
+  QTreeWidget::drawRow(painter, option, index);
+  const QTreeWidgetItem* item = itemFromIndex(index);
+  if (item->parent() == nullptr) {
+    if (index.row() > 0) {
+      painter->setPen(ifkColors::FrameInactive());
+      painter->drawLine(option.rect.topLeft(), option.rect.topRight());
+    }
+    return;
+  }
+  if (item->parent()->data(0, kSectionRole).toInt() != Sections::kPreview || preview_.isNull()) {
+    return;
+  }
+  const QRect room = option.rect.adjusted(0, kPreviewMargin, 0, -kPreviewMargin);
+  const QSize size = preview_.size().scaled(room.size(), Qt::KeepAspectRatio);
+  const QRect place(room.center() - QPoint(size.width() / 2, size.height() / 2), size);
+  painter->save();
+  painter->setRenderHint(QPainter::SmoothPixmapTransform);
+  painter->drawImage(place, preview_);
+  painter->restore();
+}
+
+}  // namespace brivolant

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "app/session/ManyInfos.h"
+
+#include <algorithm>
+
+namespace brivolant {
+namespace {
+
+using enum MetadataField;
+
+/// The moment that a draft says, as fields take it.
+std::optional<Date> TakenIn(const MetadataDraft& draft) {
+  for (const std::string& text : draft.Texts(kTaken)) {
+    if (const auto date = DateFromExif(text)) return date;
+  }
+  return {};
+}
+
+/// Null if it was given up: its disk may be away.
+std::shared_ptr<FileInfo> ReadApart(const FolderItem& file, const Jobs::Control& control) {
+  const auto info = std::make_shared<std::shared_ptr<FileInfo>>();
+  const bool done = control.Apart([file, info] { *info = FileInfo::Read(file); });
+  return done ? *info : nullptr;
+}
+
+bool Apply(const ManyInfos::Order& order, MetadataDraft& draft) {
+  bool done = true;
+  for (const ManyInfos::Field& field : order.Fields) {
+    if (draft.Texts(field.Which) != field.Texts) done = draft.Set(field.Which, field.Texts) && done;
+  }
+  const std::vector<std::string> words = draft.Texts(kKeywords);
+  const auto has = [&](const std::string& word) {
+    return std::ranges::find(words, word) != words.end();
+  };
+  for (const std::string& word : order.GoneWords) {
+    if (has(word)) done = draft.EditKeyword(word, {}) && done;
+  }
+  for (const std::string& word : order.NewWords) {
+    if (!has(word)) done = draft.EditKeyword({}, word) && done;
+  }
+  if (order.Shift == 0) return done;
+  if (const auto taken = TakenIn(draft)) {
+    const Date moved = Date::FromTotalSeconds(taken->TotalSeconds() + order.Shift);
+    done = draft.Set(kTaken, {moved.Text()}) && done;
+  }
+  return done;
+}
+
+}  // namespace
+
+const std::vector<MetadataField>& ManyInfos::Offered() {
+  static const std::vector<MetadataField> kOffered{kTitle,  kDescription, kCreator, kCopyright,
+                                                   kRating, kCity,        kState,   kCountry};
+  return kOffered;
+}
+
+std::optional<ManyInfos::Common> ManyInfos::Read(const std::vector<FolderItem>& files,
+                                                 Jobs::Control& control) {
+  Common common;
+  bool first = true;
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    if (!control.Progress(static_cast<double>(i) / static_cast<double>(files.size()))) return {};
+    const auto info = ReadApart(files[i], control);
+    if (!info) return {};
+    if (info->KeptIn() == FileInfo::Keeps::kNowhere) continue;
+    if (info->KeptIn() == FileInfo::Keeps::kBeside) ++common.Beside;
+    const MetadataDraft& draft = info->Draft();
+    std::vector<std::string> words = draft.Texts(kKeywords);
+    if (first) {
+      common.Words = std::move(words);
+      for (const MetadataField field : Offered())
+        common.Said.emplace_back(field, draft.Texts(field));
+      const auto where = info->Facts().Where;
+      common.Said.emplace_back(kPosition,
+                               where ? std::vector{TextOf(*where)} : std::vector<std::string>());
+      common.FirstTaken = info->Facts().Taken;
+      first = false;
+      continue;
+    }
+    std::erase_if(common.Words, [&](const std::string& word) {
+      return std::ranges::find(words, word) == words.end();
+    });
+    for (auto& [field, texts] : common.Said) {
+      std::vector<std::string> said = draft.Texts(field);
+      if (field == kPosition) {
+        const auto where = info->Facts().Where;
+        said = where ? std::vector{TextOf(*where)} : std::vector<std::string>();
+      }
+      if (said == texts) continue;
+      texts.clear();
+      if (std::ranges::find(common.Differing, field) == common.Differing.end()) {
+        common.Differing.push_back(field);
+      }
+    }
+  }
+  return common;
+}
+
+void ManyInfos::Give(const std::vector<FolderItem>& files, const Order& order, Result& result,
+                     Jobs::Control& control) {
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    if (!control.Progress(static_cast<double>(i) / static_cast<double>(files.size()))) return;
+    const auto info = ReadApart(files[i], control);
+    if (!info) return;
+    const auto refuse = [&](const LocalizedText& text) {
+      result.Failed.push_back(
+          WithPlaceholders(text.Text(), {{"<filename>", files[i].DisplayName()}}));
+    };
+    if (info->KeptIn() == FileInfo::Keeps::kNowhere) {
+      refuse(kNothingKept);
+      continue;
+    }
+    MetadataDraft& draft = info->Draft();
+    if (!Apply(order, draft) && !draft.Dirty()) {
+      refuse(kNothingKept);
+      continue;
+    }
+    const std::vector<MetadataChange> changes = draft.Pending();
+    if (changes.empty()) continue;
+    if (std::string why = info->Write(changes); !why.empty()) {
+      result.Failed.push_back(std::move(why));
+      continue;
+    }
+    draft.Saved();
+    while (draft.CanUndo()) draft.Undo();
+    result.Given.push_back({info, draft.Pending()});
+  }
+}
+
+std::vector<std::string> ManyInfos::TakeBack(const std::vector<Done>& given) {
+  std::vector<std::string> failed;
+  for (const Done& done : given) {
+    if (std::string why = done.Info->Write(done.Back); !why.empty())
+      failed.push_back(std::move(why));
+  }
+  return failed;
+}
+
+}  // namespace brivolant

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "metadata/MetadataChange.h"
+#include "platform/files/FolderItem.h"
+#include "platform/values/Text.h"
+
+namespace brivolant {
+
+class ImageMetaData;
+
+/// Packets beside photos: what is said of files that are never written themselves. A sidecar is
+/// called "name.ext.xmp", as photo programs of Linux write it, or "name.xmp", as others do.
+namespace Sidecar {
+
+inline constexpr LocalizedText kDamaged{
+    "Sidecar.kDamaged",
+    "The file \"<filename>\" was not changed: what it holds is no metadata that can be read."};
+inline constexpr LocalizedText kFailed{"Sidecar.kFailed",
+                                       "The file \"<filename>\" could not be written: <reason>."};
+
+/// Files that say their metadata themselves when it is changed: JPEG, TIFF and Photoshop files that
+/// are not raw.
+bool WrittenInPlace(const FolderItem& photo);
+/// The sidecar that is there; nil for none. "name.xmp" counts for photos that are never written.
+FolderItem Of(const FolderItem& photo);
+/// Where what is said of a photo is kept: the sidecar that is there, or a new one.
+FolderItem For(const FolderItem& photo);
+/// A packet from a file of its own; empty if it is missing or far too long.
+std::string Read(const FolderItem& file);
+/// Takes the sidecar of what was read: in place of the packet of a file that is never written, and
+/// of another where it holds none.
+void ReadInto(ImageMetaData& data);
+/// Makes changes of XMP properties in a packet, and writes it as a file of its own, whole or not at
+/// all. Without a file there the packet begins as `otherwise`. Empty if it is done, or else one
+/// sentence that names the file, which is then as it was.
+[[nodiscard]] std::string Write(const FolderItem& file, std::span<const MetadataChange> changes,
+                                const std::string& otherwise);
+
+}  // namespace Sidecar
+
+}  // namespace brivolant

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+// What photos tell, kept between runs.
+#include <sys/stat.h>
+
+#include "MetadataWriting.h"
+#include "browser/FolderLister.h"
+#include "browser/PhotoFactsCache.h"
+#include "metadata/Sidecar.h"
+
+namespace brivolant::test {
+namespace {
+
+struct Kept : Writing {
+  FolderItem Photo(const std::string& name, const std::vector<MetadataChange>& changes) {
+    const FolderItem file = folder.Write("photos/" + name, "\xFF\xD8" + Jfif() + Rest());
+    Change(file, changes);
+    return file;
+  }
+  std::vector<std::string> ListedByTaken(const std::shared_ptr<PhotoFactsCache>& facts) {
+    std::vector<std::string> names;
+    FolderLister::Order order;
+    order.column = BrowserRows::kTakenColumn;
+    order.facts = facts;
+    FolderLister::Read(photos, order, [&](std::vector<BrowserRows::Row> rows, bool) {
+      for (const auto& row : rows) names.push_back(BrowserRows::NameOf(row.tag));
+      return true;
+    });
+    return names;
+  }
+  Kept() { EXPECT_FALSE(photos.CreateAsFolder()); }
+  FolderItem photos = folder.Child("photos");
+  FolderItem file = folder.Child("cache/facts.sqlite");
+};
+
+TEST_F(Kept, FoldersAreSortedByTheMomentsThatPhotosTell) {
+  Photo("a.jpg", {{Act::kSet, kExif, "9003", "2009:03:04 14:05:06"}});
+  Photo("b.jpg", {{Act::kSet, kExif, "9003", "2001:03:04 14:05:06"}});
+  const FolderItem c = Photo("c.jpg", {{Act::kSet, kExif, "9003", "2005:03:04 14:05:06"}});
+  folder.Write("photos/d.txt", "changed just now");
+  {
+    const auto facts = std::make_shared<PhotoFactsCache>(file);
+    EXPECT_THAT(ListedByTaken(facts), ElementsAre("b.jpg", "c.jpg", "a.jpg", "d.txt"));
+    EXPECT_EQ(facts->Reads(), 3);
+  }
+  const auto again = std::make_shared<PhotoFactsCache>(file);
+  EXPECT_THAT(ListedByTaken(again), ElementsAre("b.jpg", "c.jpg", "a.jpg", "d.txt"));
+  EXPECT_EQ(again->Reads(), 0) << "known since the last run";
+  // What was changed is read again, also beside a photo.
+  Change(c, {{Act::kSet, kExif, "9003", "2015:03:04 14:05:06"}, kArtist});
+  EXPECT_THAT(ListedByTaken(again), ElementsAre("b.jpg", "a.jpg", "c.jpg", "d.txt"));
+  EXPECT_EQ(again->Reads(), 1);
+  EXPECT_THAT(folder.Names(), ElementsAre("cache", "photos")) << "nothing lies beside photos";
+}
+
+TEST_F(Kept, TitlesAndKeywordsOfWhatWasReadAreFound) {
+  const FolderItem a = Photo("a.jpg", {{Act::kSet, kXmp, "dc:title",
+                                        "\xC3\x9C"
+                                        "bersee"}});
+  const FolderItem b = Photo("b.jpg", {{Act::kAdd, kIptc, "25", "Boat"},
+                                       {Act::kSet, kTiff, "0110", "Model 7"},
+                                       {Act::kSet, kExif, "8827", "200"}});
+  PhotoFactsCache facts(file);
+  EXPECT_TRUE(facts.Find("boat").empty()) << "nobody has read it";
+  EXPECT_EQ(facts.Of(b).Shot, "Model 7\nISO 200");
+  (void)facts.Of(a);
+  EXPECT_THAT(facts.Find("boat"), ElementsAre(b));
+  EXPECT_THAT(facts.Find("\xC3\xBC"
+                         "bers"),
+              ElementsAre(a));
+  EXPECT_TRUE(facts.Find("").empty());
+  EXPECT_EQ(Sidecar::Write(folder.Child("photos/b.jpg.xmp"),
+                           std::vector<MetadataChange>{{Act::kSet, kXmp, "dc:title", "Sail"}}, {}),
+            "");
+  EXPECT_EQ(facts.Of(b).Title, "Sail");
+}
+
+TEST_F(Kept, WhatIsNoDatabaseIsMadeAnew) {
+  const FolderItem a = Photo("a.jpg", {{Act::kSet, kXmp, "dc:title", "T"}});
+  EXPECT_FALSE(folder.Child("cache").CreateAsFolder());
+  folder.Write("cache/facts.sqlite", std::string(5000, 'x'));
+  PhotoFactsCache facts(file);
+  EXPECT_EQ(facts.Of(a).Title, "T");
+  EXPECT_THAT(facts.Find("t"), ElementsAre(a));
+  // Where none can be, every photo is read.
+  PhotoFactsCache nowhere(folder.Child("photos/a.jpg/facts.sqlite"));
+  EXPECT_EQ(nowhere.Of(a).Title, "T");
+  EXPECT_EQ(nowhere.Of(a).Title, "T");
+  EXPECT_EQ(nowhere.Reads(), 2);
+}
+
+}  // namespace
+}  // namespace brivolant::test
