@@ -18,7 +18,10 @@
 #include "app/core/GlobalApplicationSpecificProperties.h"
 #include "app/core/WorkerServices.h"
 #include "app/info/InfoWindows.h"
+#include "browser/DiskThreads.h"
+#include "browser/PhotoFactsCache.h"
 #include "browser/SideBarItem.h"
+#include "browser/ui/multiViewFileBrowser.h"
 #include "engine/ui/EffectStackEditor.h"
 #include "files/FolderitemExtensions.h"
 #include "formats/BrivolantDocument.h"
@@ -104,6 +107,10 @@ bool App::Open(bool openingScreen) {
   MakeDesk();
   window_ = std::make_unique<MainWindow>(*this);
   info_ = std::make_unique<InfoWindows>(*desk_, NewFilePreviewer(), *window_);
+  info_->Written = [this](const FolderItem& file) {
+    DiskThreads::Run(file, [file, facts = window_->imageBrowser->Facts] { (void)facts->Of(file); });
+    window_->imageBrowser->ReloadCurrentView();
+  };
   recent_->UpdateRecentMenu = [this] { window_->UpdateRecentMenu(); };
   ownDialogs_.Window(window_.get());
   ownFileDialogs_.Window(window_.get());

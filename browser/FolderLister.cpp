@@ -135,14 +135,18 @@ void FolderLister::Read(
     const std::function<bool(std::vector<BrowserRows::Row> rows, bool done)>& part) {
   const std::unique_ptr<DIR, CloseFolder> open(opendir(folder.Path().c_str()));
   std::vector<BrowserRows::Row> rows;
+  std::optional<PhotoFactsCache::Folder> facts;
+  if (order.facts && open) facts.emplace(*order.facts, folder);
+  // What is known of photos, and then the order; false once the listing is given up.
   const auto sort = [&] {
-    if (order.column == BrowserRows::kTakenColumn && order.facts) {
+    if (facts) {
       std::vector<std::shared_ptr<browserItem>> items;
       items.reserve(rows.size());
       for (const auto& row : rows) items.push_back(std::get<std::shared_ptr<browserItem>>(row.tag));
-      order.facts->FillTaken(folder, items, [&] { return part({}, false); });
+      if (!facts->Fill(items, [&] { return part({}, false); })) return false;
     }
     BrowserRows::Sort(rows, order.column, order.descending);
+    return true;
   };
   if (open) {
     const NaturalOrder natural;
@@ -162,13 +166,13 @@ void FolderLister::Read(
       rows.push_back({std::move(item), false, std::move(key)});
       if (rows.size() % kLook == 0 && !part({}, false)) return;
       if (since.elapsed() < kPart) continue;
-      sort();
+      if (!sort()) return;
       if (!part(std::exchange(rows, {}), false)) return;
       since.restart();
     }
   }
-  sort();
-  (void)part(std::move(rows), true);
+  if (!sort()) return;
+  if (part(std::move(rows), true) && facts) facts->ForgetOthers();
 }
 
 void FolderLister::List(const FolderItem& folder, const Order& order, int patience) {

@@ -26,7 +26,7 @@ class FolderLister final : public QObject {
     bool hiddenToo = false;
     /// Files of the program's own kind that are folders.
     std::string documentExtension;
-    /// What photos tell, for an order by the moments at which they were taken.
+    /// What is known of photos goes along with their rows; null for nothing.
     std::shared_ptr<PhotoFactsCache> facts = nullptr;
   };
   /// Lists, after whatever was being listed is given up. Waits at most `patience` milliseconds

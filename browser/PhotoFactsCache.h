@@ -6,8 +6,12 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <span>
 #include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "browser/browserItem.h"
@@ -32,6 +36,10 @@ class PhotoFactsCache {
     /// Camera, lens and exposure, one in each line.
     std::string Shot;
   };
+  /// A file as it was: times and sizes, of what is kept beside it too. Empty for none.
+  using Stamp = std::string;
+  static Stamp StampOf(const FolderItem& photo);
+  static Stamp StampOf(std::string path);
 
   /// The database is opened by the first who asks.
   explicit PhotoFactsCache(FolderItem file) : file_(std::move(file)) {}
@@ -42,32 +50,51 @@ class PhotoFactsCache {
 
   /// Of one photo, read if it must be.
   Facts Of(const FolderItem& photo);
-  /// Gives files of one folder the moments at which they were taken. `goOn` is asked now and then,
-  /// and ends it with false.
-  void FillTaken(const FolderItem& folder, std::span<const std::shared_ptr<browserItem>> items,
-                 const std::function<bool()>& goOn);
-  /// Photos that were read, as they were then, of which title or keywords hold the text.
-  std::vector<FolderItem> Find(const std::string& text);
+  /// Photos that were read, with what they were then, of which title or keywords hold the text.
+  /// `goOn` is asked now and then, and ends it with false.
+  std::vector<std::pair<FolderItem, Stamp>> Find(const std::string& text,
+                                                 const std::function<bool()>& goOn);
   /// How many photos have been read, rather than known.
   int Reads() const { return reads_; }
 
- private:
-  struct Stamp {
-    std::int64_t Modified = 0;
-    std::int64_t Size = 0;
-    friend bool operator==(const Stamp&, const Stamp&) = default;
+  /// What is known of a folder's photos, for a listing of it.
+  class Folder {
+   public:
+    Folder(PhotoFactsCache& cache, const FolderItem& folder);
+    /// Gives items what is known of them; reads none. False if `goOn` ended it.
+    bool Fill(std::span<const std::shared_ptr<browserItem>> items,
+              const std::function<bool()>& goOn);
+    /// The listing was whole: what else is kept of the folder is of photos that are gone.
+    void ForgetOthers();
+
+   private:
+    struct Known {
+      Stamp At;
+      std::int64_t Taken = 0;
+      std::string Said;
+    };
+    PhotoFactsCache& cache_;
+    std::string path_;
+    std::unordered_map<std::string, Known> known_;
+    std::unordered_set<std::string> seen_;
   };
+
+ private:
   class Statement;
-  static Stamp StampOf(const FolderItem& photo);
-  Facts Read(const FolderItem& photo);
+  std::optional<Facts> Read(const FolderItem& photo);
   void Keep(const FolderItem& photo, const Stamp& stamp, const Facts& facts);
-  bool Run(const char* sql);
+  int Run(const char* sql);
   /// Opens the database, once; under the mutex.
   void Open();
+  bool OpenFile();
+  /// What is no database any more is made anew, once; nothing in it was the user's.
+  void Broken();
+  void Close();
 
   FolderItem file_;
   std::mutex mutex_;
   bool opened_ = false;
+  bool renewed_ = false;
   sqlite3* database_ = nullptr;
   std::atomic<int> reads_ = 0;
 };

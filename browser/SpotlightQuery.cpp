@@ -315,7 +315,8 @@ void SpotlightQuery::Report(std::vector<SpotlightItem> hits, bool last) {
 }
 
 void SpotlightQuery::AskIndexes(const std::shared_ptr<Work>& work) {
-  const auto look = [](Work& of, const FolderItem& file) {
+  const auto look = [](Work& of, const FolderItem& file, const PhotoFactsCache::Stamp& stamp) {
+    if (!stamp.empty() && PhotoFactsCache::StampOf(file) != stamp) return;
     const FileFacts facts =
         FolderLister::FactsOf(AT_FDCWD, file.Path().c_str(), of.documentExtension);
     // What has gone since it was indexed is no hit.
@@ -326,17 +327,19 @@ void SpotlightQuery::AskIndexes(const std::shared_ptr<Work>& work) {
     --of.asking;
     of.changed.notify_all();
   };
-  const auto add = [&](const std::vector<FolderItem>& files, bool byName = true) {
-    for (const FolderItem& file : files) {
+  using Stamp = PhotoFactsCache::Stamp;
+  // With a stamp it is no hit by its name, but by what it told when it was that.
+  const auto add = [&](const std::vector<std::pair<FolderItem, Stamp>>& files) {
+    for (const auto& [file, stamp] : files) {
       if (!work->Wanted()) return;
       const std::string path = file.ShellPath();
       const std::string name = file.Name();
       const bool within = std::any_of(work->roots.begin(), work->roots.end(),
                                       [&](const auto& root) { return Within(path, root); });
-      if (!within || (byName && !work->text.In(name))) continue;
+      if (!within || (stamp.empty() && !work->text.In(name))) continue;
       const Mount* mount = work->table.Of(file);
       if (mount == nullptr || !mount->Apart()) {
-        look(*work, file);
+        look(*work, file, stamp);
         continue;
       }
       // A share that is silent keeps back its own hits alone.
@@ -344,15 +347,20 @@ void SpotlightQuery::AskIndexes(const std::shared_ptr<Work>& work) {
         const std::lock_guard lock(work->mutex);
         ++work->asking;
       }
-      DiskThreads::For(file, work->table).start([work, file, look, end] {
-        if (work->Wanted()) look(*work, file);
+      DiskThreads::For(file, work->table).start([work, file = file, stamp = stamp, look, end] {
+        if (work->Wanted()) look(*work, file, stamp);
         end(*work);
       });
     }
   };
-  if (work->facts) add(work->facts->Find(work->query), false);
-  if (const auto files = SearchIndex::AskLocalSearch(work->query, work->ended)) add(*files);
-  if (work->Wanted()) add(SearchIndex::AskBaloo(work->query));
+  const auto plain = [](const std::vector<FolderItem>& files) {
+    std::vector<std::pair<FolderItem, Stamp>> all;
+    for (const FolderItem& file : files) all.emplace_back(file, Stamp());
+    return all;
+  };
+  if (work->facts) add(work->facts->Find(work->query, [&] { return work->Wanted(); }));
+  if (const auto files = SearchIndex::AskLocalSearch(work->query, work->ended)) add(plain(*files));
+  if (work->Wanted()) add(plain(SearchIndex::AskBaloo(work->query)));
   end(*work);
 }
 

@@ -67,6 +67,8 @@ class browserItem {
   /// When the photo was taken, in seconds of the Unix epoch; 0 if it does not tell, nothing as long
   /// as nobody asked.
   std::optional<std::int64_t> Taken;
+  /// Its title and keywords, as far as they are known, for a search.
+  std::string Said;
   /// Camera, lens and exposure; nothing as long as nobody asked. Only the main thread writes it.
   std::optional<std::string> Shot;
   /// Of a volume.

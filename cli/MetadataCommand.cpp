@@ -290,6 +290,7 @@ int RunMetadata(const MetadataOptions& options) {
     std::string error;
     const bool done = Guarded(file, error, [&] {
       data.ReadFile(file);
+      if (!options.json) Print(input);
       return true;
     });
     if (!done || data.ErrorID >= 0) {
@@ -297,11 +298,7 @@ int RunMetadata(const MetadataOptions& options) {
       if (error.empty()) error = "\"" + file.DisplayName() + "\": " + data.ErrorMessage;
       PrintError(error);
     }
-    if (options.json) {
-      all.append(ToJson(input, data));
-    } else if (done) {
-      Print(input);
-    }
+    if (options.json) all.append(ToJson(input, data));
   }
   if (options.json) PrintJson(all, true);
   return code;

@@ -9,6 +9,7 @@
 #include "formats/DocumentParts.h"
 #include "formats/ImageFile.h"
 #include "formats/PictureStrings.h"
+#include "metadata/Sidecar.h"
 #include "platform/values/SharedComponents.h"
 
 namespace brivolant {
@@ -100,6 +101,8 @@ bool BrivolantDocument::ReadImage(const FolderItem& file) {
   if (!ReadOriginal(file)) return false;
   Name = EnsureUTF8(FolderitemExtensions::FileNameWithoutExtension(file));
   originalImageFile = file;
+  // What is said beside the photo goes along.
+  if (!Sidecar::WrittenInPlace(file)) heldPacket_ = Sidecar::Read(Sidecar::Of(file));
   return true;
 }
 
@@ -127,9 +130,10 @@ FolderItem BrivolantDocument::OriginalFile() const {
 std::string BrivolantDocument::MetadataPacket() const {
   // The window of a file's data writes it while the document is open.
   for (const FolderItem& package : {File, tFile}) {
-    if (!package.IsNil() && package.Exists()) {
-      constexpr std::uint64_t kMost = std::uint64_t{1} << 24;
-      return ReadFile(package.Child(kMetadataName), kMost).value_or(std::string());
+    if (package.IsNil()) continue;
+    if (std::string packet = Sidecar::Read(package.Child(kMetadataName)); !packet.empty()) {
+      heldPacket_ = packet;
+      return packet;
     }
   }
   return heldPacket_;

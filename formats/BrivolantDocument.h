@@ -225,7 +225,7 @@ class BrivolantDocument {
   /// What originalImageFile was when it was read.
   std::string originalState_;
   /// The packet as the package held it when it was last within reach.
-  std::string heldPacket_;
+  mutable std::string heldPacket_;
   /// What a package's folder held.
   struct Listing {
     FolderItem File;

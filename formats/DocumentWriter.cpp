@@ -102,7 +102,8 @@ bool BrivolantDocument::Save(const FolderItem& file) {
       Dirty = true;
       return false;
     }
-  } else if (!KnowOriginal(target) || (lost && !WriteOriginal(target)) || !WritePictures(target)) {
+  } else if (!KnowOriginal(target) || (lost && !WriteOriginal(target)) || !WriteMetadata(target) ||
+             !WritePictures(target)) {
     services_.Dialogs.Message(kPicturesNotSaved.Text(), target.DisplayName());
     Dirty = true;
     return false;
@@ -213,7 +214,9 @@ bool BrivolantDocument::FillPackage(const FolderItem& package) {
 
 bool BrivolantDocument::WriteMetadata(const FolderItem& package) const {
   const std::string packet = MetadataPacket();
-  return packet.empty() || !WriteFileAtomically(package.Child(kMetadataName), packet);
+  // One that stands there may be newer by now.
+  return packet.empty() || package.Child(kMetadataName).Exists() ||
+         !WriteFileAtomically(package.Child(kMetadataName), packet);
 }
 
 bool BrivolantDocument::KnowOriginal(const FolderItem& package) {

@@ -107,8 +107,11 @@ class ImageMetaData {
   std::unique_ptr<DCTProfileObject> DCT;
   /// The packet as it stands in the file.
   std::string XMP;
-  /// The packet is kept beside the file, and newer than what the file says.
-  bool PacketFirst = false;
+  /// Properties, by their usual names, that the owner says beside a file that is never written:
+  /// newer than what the file says. One that is empty was taken out.
+  std::set<std::string, std::less<>> SaidBeside;
+  /// The packet is no longer that of the file alone.
+  bool Merged = false;
   /// A tag for which the packet has texts, whether or not its block holds it: what is shown and
   /// found, but no part of the block.
   struct MappedText {

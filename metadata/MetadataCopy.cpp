@@ -63,8 +63,7 @@ struct MetadataCopy::Photo {
     if (packet.empty()) {
       Sidecar::ReadInto(told);
     } else {
-      told.ProcessXMPData(packet);
-      told.PacketFirst = true;
+      Sidecar::MergeInto(told, packet, true);
     }
     if (!stream.IsOpen()) return;
     parts = MetadataParts::Of(stream);
@@ -79,13 +78,19 @@ struct MetadataCopy::Photo {
     if (tiff != nullptr) return;
     // Of other formats what their codecs hand over.
     embedded = told.Embedded;
+    if (embedded && !embedded->Preview.empty()) {
+      structure = std::make_unique<MetadataStream>(embedded->Preview);
+      parts = MetadataParts::Of(*structure);
+      if (parts) tiff = parts->Held();
+      return;
+    }
     if (!embedded || embedded->Exif.empty()) return;
     structure = std::make_unique<MetadataStream>(embedded->Exif);
     raw = std::make_unique<DirectoryEditor>(*structure, true);
     if (raw->Good()) tiff = raw.get();
   }
   std::string XMP() const {
-    if (parts && !told.PacketFirst && !parts->XMP().empty()) return parts->XMP();
+    if (parts && !told.Merged) return parts->XMP();
     return told.XMP;
   }
   std::string IPTC() const {
@@ -108,7 +113,7 @@ struct MetadataCopy::Photo {
 std::vector<MetadataChange> MetadataCopy::Photo::Said(Rule rule) const {
   using enum MetadataField;
   std::vector<MetadataChange> all;
-  if (!told.PacketFirst) return all;
+  if (told.SaidBeside.empty()) return all;
   const MetadataDraft draft(told, true);
   const PhotoFacts facts = PhotoFacts::Of(told);
   for (const MetadataField field : {kTitle, kDescription, kCreator, kCopyright, kKeywords, kRating,
@@ -116,14 +121,26 @@ std::vector<MetadataChange> MetadataCopy::Photo::Said(Rule rule) const {
     const bool place = field == kCity || field == kState || field == kCountry || field == kPosition;
     if (place && rule == Rule::kWithoutPlace) continue;
     std::vector<std::string> texts;
+    bool said = false;
     for (const auto& [block, tag] : PlacesOf(field)) {
-      if (block == MetadataBlock::kXmp && texts.empty()) texts = draft.Texts(block, tag);
+      if (block != MetadataBlock::kXmp || !told.SaidBeside.contains(tag)) continue;
+      said = true;
+      if (texts.empty()) texts = draft.Texts(block, tag);
     }
-    if (texts.empty()) continue;
-    if (field == kTaken && facts.Taken) texts = {facts.Taken->Text()};
-    if (field == kPosition) texts = {facts.Where ? TextOf(*facts.Where) : std::string()};
+    if (!said) continue;
+    std::erase_if(texts, [](const std::string& text) { return Trim(text).empty(); });
+    if (field == kTaken && !texts.empty()) {
+      // A day alone says less than the photo may.
+      constexpr std::size_t kMoment = 19;
+      if (texts.front().size() < kMoment || !facts.Taken) continue;
+      texts = {facts.Taken->Text()};
+    }
+    if (field == kPosition) {
+      texts.clear();
+      if (facts.Where) texts.push_back(TextOf(*facts.Where));
+    }
     const bool list = field == kCreator || field == kKeywords;
-    if (!list) texts.resize(1);
+    if (!list && texts.size() > 1) texts.resize(1);
     const auto changes = ChangesOf(field, texts, told);
     if (!changes) continue;
     std::ranges::copy_if(*changes, std::back_inserter(all), [](const MetadataChange& change) {
@@ -259,7 +276,6 @@ std::string Records(const std::string& bytes, MetadataCopy::Rule rule,
 
 std::string MetadataCopy::Into(const FolderItem& file, const Facts& facts) const {
   if (rule_ == Rule::kNone) return {};
-  static const std::vector<MetadataChange> kNothing;
   const auto write = [&](const Facts& said, bool note, bool packet) {
     CarriedData data;
     data.Tiff = Structure(photo_->tiff, rule_, said, note);
@@ -270,7 +286,7 @@ std::string MetadataCopy::Into(const FolderItem& file, const Facts& facts) const
     if (packet) data.XMP = Packet(photo_->XMP(), rule_, said);
     data.IPTC = Records(photo_->IPTC(), rule_, said);
     if (photo_->parts) data.Comment = photo_->parts->Comment();
-    return MetadataWriter::Take(file, std::move(data), packet ? photo_->Said(rule_) : kNothing);
+    return MetadataWriter::Take(file, std::move(data), photo_->Said(rule_));
   };
   if (write(facts, true, true).empty()) return {};
   // The rest may fit where a maker's note, a small picture and a long packet do not.

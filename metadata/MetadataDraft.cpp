@@ -6,6 +6,8 @@
 
 #include "metadata/ImageMetaData.h"
 #include "metadata/PhotoFacts.h"
+#include "metadata/XMPEditor.h"
+#include "platform/values/Numbers.h"
 
 namespace brivolant {
 namespace {
@@ -43,6 +45,23 @@ void Follow(std::vector<std::string>& texts, const MetadataChange& change) {
   if (change.What != Act::kRemove && change.Text) texts.push_back(*change.Text);
 }
 
+/// Numbers and bytes as edits write them: what is taken back says exactly what was there.
+std::string Written(const TiffDataCoreClass& data, const std::string& tag) {
+  std::string text;
+  for (int i = 1; i <= data.ValueCount(tag); ++i) {
+    const TagValue value = data.Value(tag, i);
+    if (i > 1) text += ' ';
+    if (const auto* rational = std::get_if<Rational>(&value)) {
+      text += FixedNumber(rational->numerator, 0) + "/" + FixedNumber(rational->denominator, 0);
+    } else if (std::holds_alternative<std::string>(value)) {
+      text += AsHex(BytesOf(value));
+    } else {
+      text += TextOf(value);
+    }
+  }
+  return text;
+}
+
 /// As Exif writes a moment; what is none stays as it is.
 std::string AsMoment(const std::string& text) {
   const auto date = DateFromExif(Trim(text));
@@ -56,6 +75,10 @@ MetadataDraft::MetadataDraft(const ImageMetaData& held, bool packetOnly)
   XMPProperties properties;
   if (!held.XMP.empty() && ReadXMP(held.XMP, properties, XMPNames::kUsual)) {
     packet_ = std::move(properties);
+    for (auto& [name, texts] : packet_) {
+      // Of several languages the first is everybody's, and alone is edited.
+      if (XMPEditor::InLanguages(name) && texts.size() > 1) texts.resize(1);
+    }
     properties.clear();
     (void)ReadXMP(held.XMP, properties);
     // The same properties in the same order, if none stands under two prefixes.
@@ -90,7 +113,9 @@ std::vector<std::string> MetadataDraft::Held(const Place& place) const {
   const TiffDataCoreClass* data = BlockIn(held_, block);
   if (data == nullptr || !data->hasKey(tag)) return texts;
   const bool typed = data->TagType(tag) == kAsciiType || block == MetadataBlock::kIptc;
-  if (!typed) return {data->StringValue(tag)};
+  const bool windows = block == MetadataBlock::kTiff && tag.starts_with("9C9");
+  if (windows) return {data->StringValue(tag)};
+  if (!typed) return {Written(*data, tag)};
   for (int i = 1; i <= data->ValueCount(tag); ++i) {
     texts.push_back(PlainText(BytesOf(data->Value(tag, i))));
   }
@@ -103,6 +128,16 @@ std::vector<std::string> MetadataDraft::Texts(MetadataBlock block, const std::st
 }
 
 std::vector<std::string> MetadataDraft::Texts(MetadataField field) const {
+  if (packetOnly_) {
+    // What is said beside the file goes before what it says.
+    for (const auto& [block, tag] : PlacesOf(field)) {
+      const bool said = held_.SaidBeside.contains(tag) || now_.contains({block, tag});
+      if (block != MetadataBlock::kXmp || !said) continue;
+      std::vector<std::string> texts = Texts(block, tag);
+      std::erase_if(texts, [](const std::string& text) { return Trim(text).empty(); });
+      return texts;
+    }
+  }
   if (field == MetadataField::kKeywords) {
     std::vector<std::string> words;
     for (const auto& [block, tag] : PlacesOf(field)) {
@@ -134,6 +169,9 @@ bool MetadataDraft::Edit(MetadataBlock block, const std::string& tag, int index,
   if (before == text) return true;
   const auto field = FieldOf(block, tag);
   if (field == MetadataField::kKeywords) return EditKeyword(before, text, {block, tag});
+  if (field == MetadataField::kCreator && block != MetadataBlock::kTiff) {
+    return EditName(*field, before, text, {block, tag});
+  }
   const bool list = !field || field == MetadataField::kCreator;
   if (!list) {
     // Of several languages the first.
@@ -166,37 +204,44 @@ bool MetadataDraft::EditKeyword(const std::string& from, const std::string& to) 
 }
 
 bool MetadataDraft::EditKeyword(const std::string& from, const std::string& to, const Place& own) {
-  const auto edited = [&](std::vector<std::string> words) {
-    const auto known = std::ranges::find(words, from);
-    if (from.empty() || known == words.end()) {
-      const bool there = std::ranges::find(words, to) != words.end();
-      if (!to.empty() && !there) words.push_back(to);
-    } else if (to.empty()) {
-      words.erase(known);
+  return EditName(MetadataField::kKeywords, from, to, own);
+}
+
+bool MetadataDraft::EditName(MetadataField field, const std::string& from, const std::string& to,
+                             const Place& own) {
+  const auto edited = [&](std::vector<std::string> names) {
+    const auto known = from.empty() ? names.end() : std::ranges::find(names, from);
+    const bool there = std::ranges::find(names, to) != names.end();
+    if (known == names.end()) {
+      if (!to.empty() && !there) names.push_back(to);
+    } else if (to.empty() || there) {
+      std::erase(names, from);
     } else {
       *known = to;
+      std::erase(names, from);
     }
-    return words;
+    return names;
   };
-  const std::vector<std::string> all = edited(Texts(MetadataField::kKeywords));
+  const std::vector<std::string> all = edited(Texts(field));
+  const char* between = field == MetadataField::kCreator ? "; " : ";";
   std::vector<MetadataChange> changes;
   // Each place keeps what the others do not say.
-  for (const auto& [block, tag] : PlacesOf(MetadataField::kKeywords)) {
+  for (const auto& [block, tag] : PlacesOf(field)) {
     if (packetOnly_ && block != MetadataBlock::kXmp) continue;
     const std::vector<std::string> held = Texts(block, tag);
     // A packet has them always, another place where it had some.
     if (held.empty() && Place(block, tag) != own && block != MetadataBlock::kXmp) continue;
     if (block == MetadataBlock::kTiff) {
       std::string joined;
-      for (const std::string& word : edited(SplitAt(held.empty() ? "" : held.front(), ';'))) {
-        joined += (joined.empty() ? "" : ";") + word;
+      for (const std::string& name : edited(SplitAt(held.empty() ? "" : held.front(), ';'))) {
+        joined += (joined.empty() ? "" : between) + name;
       }
       changes.push_back({joined.empty() ? Act::kRemove : Act::kSet, block, tag, joined});
       continue;
     }
     changes.push_back({Act::kRemove, block, tag});
-    for (const std::string& word : held.empty() ? all : edited(held)) {
-      changes.push_back({Act::kAdd, block, tag, word});
+    for (const std::string& name : held.empty() || packetOnly_ ? all : edited(held)) {
+      changes.push_back({Act::kAdd, block, tag, name});
     }
   }
   return Take(std::move(changes));
@@ -221,6 +266,14 @@ bool MetadataDraft::Take(std::vector<MetadataChange> changes) {
   if (packetOnly_) {
     std::erase_if(changes,
                   [](const MetadataChange& change) { return change.Block != MetadataBlock::kXmp; });
+    // What is taken out is said too: the file may go on saying it.
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+      const bool list = i + 1 < changes.size() && changes[i + 1].What == Act::kAdd &&
+                        changes[i + 1].Tag == changes[i].Tag;
+      if (changes[i].What == Act::kRemove && !list) {
+        changes[i] = {Act::kSet, changes[i].Block, changes[i].Tag, std::string()};
+      }
+    }
   }
   if (changes.empty()) return false;
   steps_.resize(done_);
@@ -271,9 +324,23 @@ std::vector<MetadataChange> MetadataDraft::Pending() const {
   return changes;
 }
 
-void MetadataDraft::Saved() {
-  for (const auto& [place, texts] : now_) saved_[place] = texts;
+void MetadataDraft::Saved(const std::vector<MetadataChange>& written, const State& reads) {
+  for (const auto& [place, texts] : reads) reads_[place] = texts;
+  State state;
+  for (const MetadataChange& change : written) Follow(state[{change.Block, change.Tag}], change);
+  for (auto& [place, texts] : state) saved_[place] = std::move(texts);
   if (Changed) Changed();
+}
+
+std::map<MetadataDraft::Place, std::vector<std::string>> MetadataDraft::Before(
+    const std::vector<MetadataChange>& changes) const {
+  State state;
+  for (const MetadataChange& change : changes) {
+    const Place place{change.Block, change.Tag};
+    const auto read = reads_.find(place);
+    state[place] = read == reads_.end() ? Held(place) : read->second;
+  }
+  return state;
 }
 
 std::vector<MetadataSection> MetadataDraft::Sections(bool hideUnknown) const {
@@ -287,6 +354,10 @@ std::vector<MetadataSection> MetadataDraft::Sections(bool hideUnknown) const {
     // Said by the block itself now.
     std::erase_if(section.Rows,
                   [](const MetadataRow& row) { return row.Mapped && row.Tag.empty(); });
+  }
+  const int xmp = MetadataSection::kXmp;
+  if (packetOnly_ && std::ranges::find(sections, xmp, &MetadataSection::Is) == sections.end()) {
+    sections.push_back(EmptySection(MetadataBlock::kXmp));
   }
   for (const auto& [place, texts] : now_) {
     const auto& [block, tag] = place;

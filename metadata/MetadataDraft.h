@@ -51,8 +51,13 @@ class MetadataDraft {
   bool Dirty() const { return !Pending().empty(); }
   /// What has to be written so that a file says what the draft does.
   std::vector<MetadataChange> Pending() const;
-  /// It has been written.
-  void Saved();
+  /// These have been written; what was edited meanwhile has not.
+  /// `reads` is what their places say when they are read again: numbers are written in other words.
+  void Saved(const std::vector<MetadataChange>& written,
+             const std::map<Place, std::vector<std::string>>& reads);
+  /// What the places of changes said in the file when it was last read or written.
+  std::map<Place, std::vector<std::string>> Before(
+      const std::vector<MetadataChange>& changes) const;
   bool PacketOnly() const { return packetOnly_; }
   /// The name of a property as edits know it, of one as the packet writes it.
   std::string UsualName(const std::string& written) const;
@@ -69,6 +74,9 @@ class MetadataDraft {
   /// With the place that the user edits, which says something from now on.
   bool Set(MetadataField field, const std::vector<std::string>& texts, const Place& own);
   bool EditKeyword(const std::string& from, const std::string& to, const Place& own);
+  /// The same of any field that is a list of names.
+  bool EditName(MetadataField field, const std::string& from, const std::string& to,
+                const Place& own);
   /// The file's own texts.
   std::vector<std::string> Held(const Place& place) const;
   bool Says(const Place& place) const { return !Texts(place.first, place.second).empty(); }
@@ -84,6 +92,8 @@ class MetadataDraft {
   /// Places that were edited, as they are now, and as they were when they were last written.
   State now_;
   State saved_;
+  /// What the file says in them since.
+  State reads_;
 };
 
 }  // namespace brivolant

@@ -29,7 +29,9 @@ enum class Form {
   kEast,
   kLongitude,
   kPacketLatitude,
-  kPacketLongitude
+  kPacketLongitude,
+  /// Of the old place: it goes with it.
+  kGone
 };
 
 struct Place {
@@ -77,6 +79,24 @@ constexpr std::array kPlaces{
     Place{kPosition, MetadataBlock::kGps, "0002", true, Form::kLatitude},
     Place{kPosition, MetadataBlock::kGps, "0003", true, Form::kEast},
     Place{kPosition, MetadataBlock::kGps, "0004", true, Form::kLongitude},
+    Place{kPosition, MetadataBlock::kGps, "0005", false, Form::kGone},
+    Place{kPosition, MetadataBlock::kGps, "0006", false, Form::kGone},
+    Place{kPosition, MetadataBlock::kGps, "0007", false, Form::kGone},
+    Place{kPosition, MetadataBlock::kGps, "0013", false, Form::kGone},
+    Place{kPosition, MetadataBlock::kGps, "0014", false, Form::kGone},
+    Place{kPosition, MetadataBlock::kGps, "0015", false, Form::kGone},
+    Place{kPosition, MetadataBlock::kGps, "0016", false, Form::kGone},
+    Place{kPosition, MetadataBlock::kGps, "0017", false, Form::kGone},
+    Place{kPosition, MetadataBlock::kGps, "0018", false, Form::kGone},
+    Place{kPosition, MetadataBlock::kGps, "0019", false, Form::kGone},
+    Place{kPosition, MetadataBlock::kGps, "001A", false, Form::kGone},
+    Place{kPosition, MetadataBlock::kGps, "001B", false, Form::kGone},
+    Place{kPosition, MetadataBlock::kGps, "001C", false, Form::kGone},
+    Place{kPosition, MetadataBlock::kGps, "001D", false, Form::kGone},
+    Place{kPosition, MetadataBlock::kXmp, "exif:GPSAltitude", false, Form::kGone},
+    Place{kPosition, MetadataBlock::kXmp, "exif:GPSAltitudeRef", false, Form::kGone},
+    Place{kPosition, MetadataBlock::kXmp, "exif:GPSTimeStamp", false, Form::kGone},
+    Place{kPosition, MetadataBlock::kXmp, "exif:GPSAreaInformation", false, Form::kGone},
     Place{kPosition, MetadataBlock::kXmp, "exif:GPSLatitude", false, Form::kPacketLatitude},
     Place{kPosition, MetadataBlock::kXmp, "exif:GPSLongitude", false, Form::kPacketLongitude}};
 
@@ -151,7 +171,7 @@ std::string PositionAs(Form form, const Position& position) {
 
 /// One field's texts as a place writes them.
 std::vector<std::string> Written(const Place& place, const std::vector<std::string>& texts) {
-  if (texts.empty()) return {};
+  if (texts.empty() || place.As == Form::kGone) return {};
   if (place.As == Form::kJoined) return {Joined(texts, place)};
   if (place.Field == kPosition) {
     return {PositionAs(place.As, PositionFromText(texts.front()).value_or(Position()))};

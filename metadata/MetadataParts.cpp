@@ -246,7 +246,7 @@ bool MetadataParts::ApplyToXMP(const MetadataChange& change) {
   std::vector<std::string> texts;
   if (change.What == MetadataChange::Act::kAdd) {
     XMPProperties properties;
-    if (!xmp_.empty() && !ReadXMP(xmp_, properties)) return false;
+    if (!xmp_.empty() && !ReadXMP(xmp_, properties, XMPNames::kUsual)) return false;
     for (const auto& [name, held] : properties) {
       if (name == change.Tag) texts = held;
     }

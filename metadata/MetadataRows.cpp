@@ -6,6 +6,7 @@
 
 #include "metadata/ImageMetaData.h"
 #include "metadata/TagCatalog.h"
+#include "metadata/XMPEditor.h"
 #include "platform/values/Numbers.h"
 
 namespace brivolant {
@@ -124,7 +125,8 @@ void AddMapped(const ImageMetaData& data, MetadataBlock block, Section& section)
       int index = 0;
       for (const std::string& text : mapped.Texts) {
         MetadataRow row{NameOfTag(block, mapped.Tag) + ":", EnsureUTF8(text), mapped.Tag, ++index};
-        row.Text = row.Mapped = true;
+        // It is changed where it is said.
+        row.Mapped = true;
         section.Rows.push_back(std::move(row));
       }
       continue;
@@ -178,7 +180,7 @@ Section Xmp(const std::string& packet) {
   for (const auto& [name, texts] : properties) {
     const bool plain = IsPlainProperty(name);
     // Of texts in several languages the first is everybody's.
-    const bool languages = name == "dc:title" || name == "dc:description" || name == "dc:rights";
+    const bool languages = XMPEditor::InLanguages(name);
     int index = 0;
     for (const std::string& text : texts) {
       MetadataRow row{name + ":", EnsureUTF8(text), name, ++index};

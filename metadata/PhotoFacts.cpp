@@ -87,7 +87,8 @@ std::optional<Position> PositionIn(const TiffDataCoreClass* gps) {
 /// "51,30.44N" or "51,30,26N", as packets say it.
 std::optional<double> AngleFromText(std::string text, double most) {
   if (text.empty()) return {};
-  const char letter = text.back();
+  const char letter = static_cast<char>(text.back() & ~0x20);
+  if (std::string_view("NSEW").find(letter) == std::string_view::npos) return {};
   text.pop_back();
   double degrees = 0;
   double unit = 1;
@@ -117,8 +118,10 @@ std::optional<Date> DateFromExif(std::string_view text) {
     }
     return value;
   };
+  // A zone may stand in their place.
+  const bool seconds = text.size() > 16 && text[16] == ':';
   const Date date{number(0, 4),  number(5, 2),  number(8, 2),
-                  number(11, 2), number(14, 2), number(17, 2)};
+                  number(11, 2), number(14, 2), seconds ? number(17, 2) : 0};
   if (!whole || date.Year == 0 || date.Normalized() != date) return {};
   return date;
 }
@@ -132,12 +135,14 @@ PhotoFacts PhotoFacts::Of(const ImageMetaData& data) {
   const IPTCDataObject* iptc = data.IPTCData.get();
   // What an owner has said beside the file is newer than what the file says.
   const auto first = [&](std::initializer_list<std::string> held, const char* property) {
-    const std::string said = TextIn(xmp, property);
-    const std::string told = First(held);
-    return data.PacketFirst ? First({said, told}) : First({told, said});
+    std::string said = TextIn(xmp, property);
+    if (data.SaidBeside.contains(property)) return said;
+    std::string told = First(held);
+    return told.empty() ? said : told;
   };
   facts.Title = first({TextIn(iptc, "5")}, "dc:title");
-  if (facts.Title.empty()) facts.Title = TextIn(tiff, "010D");
+  if (facts.Title.empty() && !data.SaidBeside.contains("dc:title"))
+    facts.Title = TextIn(tiff, "010D");
   facts.Caption = first({TextIn(tiff, "010E"), TextIn(iptc, "120")}, "dc:description");
   facts.Creator = first({TextIn(tiff, "013B"), TextIn(iptc, "80")}, "dc:creator");
   facts.Copyright = first({TextIn(iptc, "116"), TextIn(tiff, "8298")}, "dc:rights");
@@ -145,7 +150,9 @@ PhotoFacts PhotoFacts::Of(const ImageMetaData& data) {
   for (const auto& [name, texts] : xmp) {
     if (name == "dc:subject") words = texts;
   }
-  if (iptc != nullptr && (words.empty() || !data.PacketFirst)) {
+  const bool saidWords = data.SaidBeside.contains("dc:subject");
+  std::erase_if(words, [](const std::string& word) { return Trim(word).empty(); });
+  if (iptc != nullptr && !saidWords) {
     std::vector<std::string> held;
     for (int i = 1; i <= iptc->ValueCount("25"); ++i) held.push_back(TextOf(iptc->Value("25", i)));
     if (!held.empty()) words = std::move(held);
@@ -156,13 +163,19 @@ PhotoFacts PhotoFacts::Of(const ImageMetaData& data) {
       First({TextIn(exif, "A434"), TextIn(xmp, "aux:Lens"), TextIn(xmp, "exifEX:LensModel")});
   facts.Exposure = ExposureOf(exif);
   const std::string created = TextIn(xmp, "photoshop:DateCreated");
+  // A day alone says less than a moment.
+  constexpr std::size_t kMoment = 19;
+  const bool saidMoment =
+      data.SaidBeside.contains("photoshop:DateCreated") && created.size() >= kMoment;
   for (const auto& text :
-       {data.PacketFirst ? created : std::string(), TextIn(exif, "9003"), TextIn(exif, "9004"),
-        created, TextIn(xmp, "xmp:CreateDate"), TextIn(tiff, "0132")}) {
+       {saidMoment ? created : std::string(), TextIn(exif, "9003"), TextIn(exif, "9004"), created,
+        TextIn(xmp, "xmp:CreateDate"), TextIn(tiff, "0132")}) {
     if (!facts.Taken) facts.Taken = DateFromExif(text);
   }
   facts.Where = PositionIn(data.GPSData.get());
-  if (!facts.Where || data.PacketFirst) {
+  const bool saidPlace = data.SaidBeside.contains("exif:GPSLatitude");
+  if (saidPlace) facts.Where.reset();
+  if (!facts.Where) {
     const auto north = AngleFromText(TextIn(xmp, "exif:GPSLatitude"), 90);
     const auto east = AngleFromText(TextIn(xmp, "exif:GPSLongitude"), 180);
     if (north && east) facts.Where = Position{*north, *east};

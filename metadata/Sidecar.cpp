@@ -5,9 +5,12 @@
 #include <vector>
 
 #include "metadata/ImageMetaData.h"
+#include "metadata/MetadataFields.h"
+#include "metadata/MetadataRows.h"
 #include "metadata/MetadataStream.h"
 #include "metadata/MetadataWriter.h"
 #include "metadata/XMPEditor.h"
+#include "platform/codecs/RawExtensions.h"
 #include "platform/files/AtomicFile.h"
 
 namespace brivolant::Sidecar {
@@ -37,9 +40,12 @@ bool WrittenInPlace(const FolderItem& photo) {
 FolderItem Of(const FolderItem& photo) {
   if (photo.IsNil()) return {};
   if (const FolderItem beside = Long(photo); beside && beside.Exists()) return beside;
+  // The short name is the raw file's, whatever else has its stem.
+  const std::string name = LowerCase(photo.Name());
+  const std::string extension = name.substr(std::min(name.rfind('.'), name.size() - 1) + 1);
+  if (std::ranges::find(kRawExtensions, extension) == kRawExtensions.end()) return {};
   const FolderItem shorter = Short(photo);
-  if (shorter.IsNil() || !shorter.Exists() || WrittenInPlace(photo)) return {};
-  return shorter;
+  return shorter.IsNil() || !shorter.Exists() ? FolderItem() : shorter;
 }
 
 FolderItem For(const FolderItem& photo) {
@@ -54,13 +60,31 @@ std::string Read(const FolderItem& file) {
 void ReadInto(ImageMetaData& data) {
   if (data.MyFile.IsNil()) return;
   const std::string packet = Read(Of(data.MyFile));
-  if (packet.empty()) return;
-  const bool first = !WrittenInPlace(data.MyFile);
-  if (!first && !data.XMP.empty()) return;
-  XMPProperties properties;
-  if (!ReadXMP(packet, properties)) return;
-  data.ProcessXMPData(packet);
-  data.PacketFirst = first;
+  if (!packet.empty()) MergeInto(data, packet, !WrittenInPlace(data.MyFile));
+}
+
+void MergeInto(ImageMetaData& data, const std::string& packet, bool newer) {
+  XMPProperties said;
+  if (!ReadXMP(packet, said, XMPNames::kUsual)) return;
+  XMPProperties held;
+  std::string merged = data.XMP;
+  if (merged.empty() || !ReadXMP(merged, held, XMPNames::kUsual)) {
+    merged = packet;
+  } else {
+    for (const auto& [name, texts] : said) {
+      const bool known =
+          std::ranges::any_of(held, [&](const auto& property) { return property.first == name; });
+      if (known && !newer) continue;
+      // What nobody knows the namespace of, and what has fields, stays in its own packet.
+      if (!known || IsPlainProperty(name) || name.starts_with("exif:GPS")) {
+        (void)XMPEditor::Set(merged, name, texts);
+      }
+    }
+  }
+  data.ProcessXMPData(merged);
+  data.Merged = true;
+  if (!newer) return;
+  for (const auto& [name, texts] : said) data.SaidBeside.insert(name);
 }
 
 std::string Write(const FolderItem& file, std::span<const MetadataChange> changes,
@@ -86,8 +110,14 @@ std::string Write(const FolderItem& file, std::span<const MetadataChange> change
     using Act = MetadataChange::Act;
     if (change.What == Act::kAdd && known != properties.end()) texts = known->second;
     if (change.What != Act::kRemove && change.Text) texts.push_back(*change.Text);
+    if (texts.empty() &&
+        (FieldOf(MetadataBlock::kXmp, change.Tag) || change.Tag.starts_with("exif:GPS"))) {
+      texts = {""};
+    }
     if (!XMPEditor::Set(packet, change.Tag, texts)) return told(kDamaged);
     if (known == properties.end()) known = properties.insert(known, {change.Tag, {}});
+    // An empty one is the begin of a list that follows.
+    if (texts.size() == 1 && texts.front().empty()) texts.clear();
     known->second = std::move(texts);
   }
   if (const std::error_code error = WriteFileAtomically(file, packet)) {

@@ -31,12 +31,15 @@ FolderItem Of(const FolderItem& photo);
 FolderItem For(const FolderItem& photo);
 /// A packet from a file of its own; empty if it is missing or far too long.
 std::string Read(const FolderItem& file);
-/// Takes the sidecar of what was read: in place of the packet of a file that is never written, and
-/// of another where it holds none.
+/// Takes what a packet says into what was read. With `newer` it goes before what the file says,
+/// else it only adds what the file's own packet does not say.
+void MergeInto(ImageMetaData& data, const std::string& packet, bool newer);
+/// The same of the sidecar of what was read; it is newer beside a file that is never written.
 void ReadInto(ImageMetaData& data);
 /// Makes changes of XMP properties in a packet, and writes it as a file of its own, whole or not at
 /// all. Without a file there the packet begins as `otherwise`. Empty if it is done, or else one
-/// sentence that names the file, which is then as it was.
+/// sentence that names the file, which is then as it was. What is taken out stays as an empty
+/// property: the photo may say it too.
 [[nodiscard]] std::string Write(const FolderItem& file, std::span<const MetadataChange> changes,
                                 const std::string& otherwise);
 

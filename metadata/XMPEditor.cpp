@@ -72,7 +72,13 @@ struct Writer final : pugi::xml_writer {
   }
 };
 
-std::string Saved(const pugi::xml_document& document) {
+std::string Saved(pugi::xml_document& document) {
+  // What is written is UTF-8, whatever was said of what was read.
+  for (auto child = document.first_child(); child;) {
+    const auto next = child.next_sibling();
+    if (child.type() == pugi::node_declaration) document.remove_child(child);
+    child = next;
+  }
   Writer writer;
   document.save(writer, "", pugi::format_raw | pugi::format_no_declaration, pugi::encoding_utf8);
   return std::move(writer.text);
@@ -267,6 +273,14 @@ bool Set(std::string& packet, std::string_view property, const std::vector<std::
   }
   packet = Saved(document);
   return true;
+}
+
+bool InLanguages(std::string_view property) {
+  const std::size_t colon = property.find(':');
+  if (colon == std::string_view::npos) return false;
+  const char* container =
+      ContainerOf(NamespaceOfPrefix(property.substr(0, colon)), property.substr(colon + 1));
+  return container != nullptr && std::string_view(container) == "Alt";
 }
 
 bool RemoveLike(std::string& packet, const std::vector<std::string_view>& beginnings) {

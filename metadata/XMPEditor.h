@@ -15,6 +15,8 @@ namespace XMPEditor {
 /// what the prefix stands for.
 [[nodiscard]] bool Set(std::string& packet, std::string_view property,
                        const std::vector<std::string>& texts);
+/// A property that holds one text in several languages.
+bool InLanguages(std::string_view property);
 /// Takes out all properties of which the local name begins so, such as "GPS", in capitals or not,
 /// of known and unknown namespaces, also within structures; with a colon at its end, all of a
 /// prefix.

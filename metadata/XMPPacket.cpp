@@ -4,6 +4,7 @@
 #include <array>
 #include <pugixml.hpp>
 #include <string_view>
+#include <unordered_map>
 
 #include "metadata/MetadataBlocks.h"
 #include "metadata/XMPNodes.h"
@@ -124,14 +125,32 @@ void TextsOf(pugi::xml_node item, int depth, std::vector<std::string>& texts) {
   if (!fields) texts.emplace_back(item.text().get());
 }
 
-void Keep(XMPProperties& properties, std::string_view name, std::vector<std::string> texts) {
-  const auto known = std::find_if(properties.begin(), properties.end(),
-                                  [&](const auto& property) { return property.first == name; });
-  if (known == properties.end()) {
-    properties.emplace_back(name, std::move(texts));
-  } else {
-    known->second.insert(known->second.end(), texts.begin(), texts.end());
+/// No packet of a photo has more; hostile ones are read no further.
+constexpr std::size_t kMostProperties = 10000;
+
+/// Properties in order, each name once.
+class Collected {
+ public:
+  explicit Collected(XMPProperties& properties) : properties_(properties) {}
+  bool Full() const { return properties_.size() >= kMostProperties; }
+  void Keep(const std::string& name, std::vector<std::string> texts) {
+    const auto [known, fresh] = places_.try_emplace(name, properties_.size());
+    if (fresh) {
+      properties_.emplace_back(name, std::move(texts));
+      return;
+    }
+    auto& held = properties_[known->second].second;
+    held.insert(held.end(), texts.begin(), texts.end());
   }
+
+ private:
+  XMPProperties& properties_;
+  std::unordered_map<std::string, std::size_t> places_;
+};
+
+/// Texts in several languages begin with the one for everybody.
+bool ForEverybody(pugi::xml_node item) {
+  return std::string_view(item.attribute("xml:lang").value()) == "x-default";
 }
 
 }  // namespace
@@ -148,26 +167,33 @@ bool ReadXMP(std::string_view packet, XMPProperties& properties, XMPNames names)
   }
   const pugi::xml_node rdf = XMPNodes::FindRdf(document);
   if (!rdf) return false;
+  Collected collected(properties);
   for (const pugi::xml_node description : rdf.children()) {
     if (description.type() != pugi::node_element) continue;
     for (const pugi::xml_attribute attribute : description.attributes()) {
+      if (collected.Full()) return true;
       if (IsProperty(description, attribute.name())) {
-        Keep(properties, named(description, attribute.name()), {attribute.value()});
+        collected.Keep(named(description, attribute.name()), {attribute.value()});
       }
     }
     for (const pugi::xml_node property : description.children()) {
+      if (collected.Full()) return true;
       if (property.type() != pugi::node_element || !IsProperty(property, property.name())) continue;
       const pugi::xml_node list = property.find_child(
           [](pugi::xml_node child) { return child.type() == pugi::node_element; });
       std::vector<std::string> texts;
       if (list && (IsRdf(list, "Bag") || IsRdf(list, "Seq") || IsRdf(list, "Alt"))) {
-        for (const pugi::xml_node item : list.children()) {
-          if (item.type() == pugi::node_element) TextsOf(item, 0, texts);
+        const bool languages = IsRdf(list, "Alt");
+        for (const bool everybody : {true, false}) {
+          for (const pugi::xml_node item : list.children()) {
+            if (item.type() != pugi::node_element) continue;
+            if ((languages && ForEverybody(item)) == everybody) TextsOf(item, 0, texts);
+          }
         }
       } else {
         TextsOf(property, 0, texts);
       }
-      Keep(properties, named(property, property.name()), std::move(texts));
+      collected.Keep(named(property, property.name()), std::move(texts));
     }
   }
   return true;

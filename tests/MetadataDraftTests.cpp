@@ -45,6 +45,9 @@ std::string PacketOf(const std::string& properties) {
          "xmlns:e='http://ns.adobe.com/exif/1.0/'>" +
          properties + "</r:Description></r:RDF></x:xmpmeta>";
 }
+const std::string kLanguages =
+    "<d:title><r:Alt><r:li xml:lang='de'>Ein Titel</r:li>"
+    "<r:li xml:lang='x-default'>A title</r:li></r:Alt></d:title>";
 const std::string kWords = "<d:subject><r:Bag><r:li>sea</r:li><r:li>sky</r:li></r:Bag></d:subject>";
 
 struct Drafts : Writing {
@@ -69,6 +72,13 @@ struct Drafts : Writing {
       words.push_back(TextOf(data->IPTCData->Value("25", i)));
     }
     return words;
+  }
+  static void Save(FileInfo& info) {
+    MetadataDraft& draft = info.Draft();
+    const auto changes = draft.Pending();
+    FileInfo::Said after;
+    ASSERT_EQ(FileInfo::Write(info.Keeping(), changes, draft.Before(changes), after), "");
+    draft.Saved(changes, after);
   }
   std::shared_ptr<FileInfo> Info(const FolderItem& file) { return FileInfo::Read(file); }
 };
@@ -152,15 +162,14 @@ TEST_F(Drafts, AnEditChangesAllPlacesOfAFieldAndNoOther) {
   EXPECT_TRUE(draft.Dirty());
   EXPECT_EQ(Words(file), std::vector<std::string>({"sea", "sky", "only here"}))
       << "nothing is written unasked";
-  ASSERT_EQ(info->Write(draft.Pending()), "");
-  draft.Saved();
+  Save(*info);
   EXPECT_FALSE(draft.Dirty());
   EXPECT_EQ(Words(file), std::vector<std::string>({"heaven", "only here"}));
   EXPECT_EQ(Read(file)->TIFFData->StringValue("013B"), "Ben Muster");
   // Undo goes back behind what was written.
   while (draft.CanUndo()) draft.Undo();
   EXPECT_TRUE(draft.Dirty());
-  ASSERT_EQ(info->Write(draft.Pending()), "");
+  Save(*info);
   EXPECT_EQ(Words(file), std::vector<std::string>({"sea", "sky", "only here"}));
   EXPECT_EQ(Read(file)->TIFFData->StringValue("013B"), "Anna Beispiel");
   draft.Redo();
@@ -205,8 +214,7 @@ TEST_F(Drafts, APositionIsWrittenWithItsLettersAndReadAgain) {
   for (const auto& [text, north, east] : {std::tuple("-33.856784, 151.215297", "S", "E"),
                                           std::tuple("59.999999999, -0.5", "N", "W")}) {
     ASSERT_TRUE(info->Draft().Set(kPosition, {text}));
-    ASSERT_EQ(info->Write(info->Draft().Pending()), "");
-    info->Draft().Saved();
+    Save(*info);
     const auto data = Read(file);
     EXPECT_EQ(TextOf(data->GPSData->Value("0001", 1)), north);
     EXPECT_EQ(TextOf(data->GPSData->Value("0003", 1)), east);
@@ -232,7 +240,7 @@ TEST_F(Drafts, FilesThatAreNeverWrittenGetAPacketBesideThem) {
   ASSERT_TRUE(info->Draft().Set(kTitle, {"A title"}));
   ASSERT_TRUE(info->Draft().Set(kCreator, {"Ben"}));
   ASSERT_TRUE(info->Draft().Set(kPosition, {"10, 20"}));
-  ASSERT_EQ(info->Write(info->Draft().Pending()), "");
+  Save(*info);
   EXPECT_EQ(Content(raw), bytes);
   const PhotoFacts facts = PhotoFacts::Of(raw);
   EXPECT_EQ(facts.Title, "A title");
@@ -246,6 +254,76 @@ TEST_F(Drafts, FilesThatAreNeverWrittenGetAPacketBesideThem) {
   EXPECT_EQ(Read(copy)->GPSData, nullptr);
   EXPECT_EQ(PhotoFacts::Of(copy).Title, "A title");
   EXPECT_FALSE(PhotoFacts::Of(copy).Where);
+}
+
+TEST_F(Drafts, UndoBringsBackExactlyWhatWasThere) {
+  const FolderItem file =
+      Jpeg(Files::Segment(0xE1, std::string(kExifMark) + Files{true}.Tiff()) +
+           Files::Segment(
+               0xE1, std::string("http://ns.adobe.com/xap/1.0/\0", 29) + PacketOf(kLanguages)));
+  Change(file, {{Act::kSet, kGps, "0003", "W"},
+                {Act::kSet, kGps, "0004", "0 7 39.99"},
+                {Act::kSet, kGps, "0006", "35/2"}});
+  const std::string place = Read(file)->GPSData->StringValue("0004");
+  const auto info = Info(file);
+  MetadataDraft& draft = info->Draft();
+  ASSERT_TRUE(draft.Set(kPosition, {"10, 20"}));
+  EXPECT_THAT(draft.Texts(kGps, "0006"), IsEmpty()) << "the height of another place";
+  ASSERT_TRUE(draft.Set(kTitle, {"Another"}));
+  const auto changes = draft.Pending();
+  FileInfo::Said after;
+  ASSERT_EQ(FileInfo::Write(info->Keeping(), changes, draft.Before(changes), after), "");
+  // What is edited while it is written is not written.
+  ASSERT_TRUE(draft.Set(kTitle, {"A third"}));
+  draft.Saved(changes, after);
+  EXPECT_TRUE(draft.Dirty());
+  while (draft.CanUndo()) draft.Undo();
+  Save(*info);
+  const auto data = Read(file);
+  EXPECT_EQ(data->GPSData->StringValue("0004"), place);
+  EXPECT_EQ(NumberOf(data->GPSData->Value("0006", 1)), 17.5);
+  EXPECT_THAT(data->XMP, HasSubstr("de\">Ein Titel"));
+  EXPECT_THAT(data->XMP, HasSubstr("A title"));
+  EXPECT_EQ(PhotoFacts::Of(*data).Title, "A title") << "the one for everybody";
+  // Somebody else writes a place that is to change.
+  ASSERT_TRUE(draft.Set(kTitle, {"Mine"}));
+  Change(file, {{Act::kSet, kXmp, "dc:title", "Theirs"}});
+  const auto mine = draft.Pending();
+  EXPECT_THAT(FileInfo::Write(info->Keeping(), mine, draft.Before(mine), after),
+              HasSubstr("a.jpg"));
+  EXPECT_EQ(PhotoFacts::Of(file).Title, "Theirs");
+}
+
+TEST_F(Drafts, WhatIsTakenOutBesideAPhotoStaysOutOfItsCopies) {
+  const FolderItem raw = folder.Write("a.nef", Files{true}.Tiff());
+  const auto info = Info(raw);
+  EXPECT_EQ(info->Facts().Creator, "J\xC3\xBCrgen");
+  ASSERT_TRUE(info->Draft().Set(kCreator, {}));
+  ASSERT_TRUE(info->Draft().Set(kPosition, {}));
+  Save(*info);
+  EXPECT_EQ(PhotoFacts::Of(raw).Creator, "");
+  EXPECT_FALSE(PhotoFacts::Of(raw).Where);
+  EXPECT_THAT(Info(raw)->Draft().Texts(kCreator), IsEmpty());
+  const FolderItem copy = Jpeg(Jfif());
+  ASSERT_EQ(MetadataCopy(raw, MetadataCopy::Rule::kAll).Into(copy, {40, 30}), "");
+  EXPECT_EQ(PhotoFacts::Of(copy).Creator, "");
+  EXPECT_FALSE(PhotoFacts::Of(copy).Where);
+  EXPECT_EQ(PhotoFacts::Of(copy).Camera, "Maker") << "what nobody spoke of";
+}
+
+TEST_F(Drafts, ASidecarGoesAlongIntoADocument) {
+  TestServices services;
+  const FolderItem photo = folder.Write("photo.png", "");
+  const std::array<EncodeImage, 1> images{{{TestPicture(64, 48), 1.0}}};
+  ASSERT_EQ(EncodeImageFile(photo, "public.png", images), "");
+  const auto info = Info(photo);
+  EXPECT_EQ(info->KeptIn(), FileInfo::Keeps::kBeside);
+  ASSERT_TRUE(info->Draft().Set(kTitle, {"A title"}));
+  Save(*info);
+  BrivolantDocument document(services.services);
+  ASSERT_TRUE(document.CreateFromFile(photo));
+  ASSERT_TRUE(document.Save(folder.Child("photo.brvPhoto")));
+  EXPECT_EQ(Info(folder.Child("photo.brvPhoto"))->Facts().Title, "A title");
 }
 
 TEST_F(Drafts, SidecarsOfBothNamesAreRead) {
@@ -288,7 +366,7 @@ TEST_F(Drafts, ADocumentKeepsWhatIsSaidOfItsPhoto) {
               testing::Contains(Pair("Artist:", "Anna Beispiel")));
   EXPECT_EQ(info->Sections(false).front().Is, MetadataSection::kProgram);
   ASSERT_TRUE(info->Draft().Set(kTitle, {"A title"}));
-  ASSERT_EQ(info->Write(info->Draft().Pending()), "");
+  Save(*info);
   EXPECT_EQ(Content(document.OriginalSource()), original);
   // It was open meanwhile, and is saved again, and elsewhere.
   ASSERT_TRUE(document.Save(FolderItem()));
@@ -336,7 +414,7 @@ TEST_F(Drafts, ManyPhotosGetTheSameAndKeepTheirOwn) {
   EXPECT_THAT(PhotoFacts::Of(b).Keywords, ElementsAre("boat", "sun"));
   EXPECT_EQ(PhotoFacts::Of(b).Taken->Text(), "2009-03-05 00:30:00");
   EXPECT_FALSE(PhotoFacts::Of(a).Taken) << "a moment that nobody told is not shifted";
-  EXPECT_THAT(ManyInfos::TakeBack(result.Given), IsEmpty());
+  EXPECT_THAT(ManyInfos::TakeBack(result.Given, control), IsEmpty());
   EXPECT_EQ(PhotoFacts::Of(a).Title, "");
   EXPECT_THAT(PhotoFacts::Of(b).Keywords, ElementsAre("sea", "boat"));
   EXPECT_EQ(PhotoFacts::Of(b).Taken->Text(), "2009-03-04 23:30:00");

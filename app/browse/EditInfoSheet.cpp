@@ -25,23 +25,25 @@ constexpr int kMargin = 24;
 constexpr int kGap = 8;
 constexpr int kWidth = 480;
 constexpr int kDescriptionLines = 3;
+/// Names hold commas.
+constexpr QChar kBetweenNames = QLatin1Char(';');
 enum TakenChoice { kLeave, kSetMoment, kShiftMoment };
 /// Rejected, none, one to five stars.
 constexpr int kFirstRating = -1;
 constexpr int kLastRating = 5;
 
-std::vector<std::string> Words(const QString& text) {
+std::vector<std::string> Words(const QString& text, QChar between) {
   std::vector<std::string> words;
-  for (const QString& word : text.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
+  for (const QString& word : text.split(between, Qt::SkipEmptyParts)) {
     if (!word.trimmed().isEmpty()) words.push_back(word.trimmed().toStdString());
   }
   return words;
 }
 
-QString Joined(const std::vector<std::string>& words) {
+QString Joined(const std::vector<std::string>& words, QChar between) {
   QStringList all;
   for (const std::string& word : words) all << ToQString(word);
-  return all.join(QStringLiteral(", "));
+  return all.join(between + QStringLiteral(" "));
 }
 
 QSpinBox* Number(int most, const LocalizedText& unit) {
@@ -88,6 +90,7 @@ EditInfoSheet::EditInfoSheet(QWidget& window, const std::vector<FolderItem>& fil
     auto* edit = new QLineEdit(ToQString(Said(field)));
     if (Differs(field)) edit->setPlaceholderText(Shown(kDiffering));
     fields_[field] = edit;
+    shown_[field] = edit->text();
     form->addRow(Shown(label), edit);
   };
   line(MetadataField::kTitle, kTitle);
@@ -96,7 +99,12 @@ EditInfoSheet::EditInfoSheet(QWidget& window, const std::vector<FolderItem>& fil
   description_->setTabChangesFocus(true);
   description_->setFixedHeight(description_->fontMetrics().lineSpacing() * kDescriptionLines + 12);
   form->addRow(Shown(kDescription), description_);
-  keywords_->setText(Joined(common_.Words));
+  shown_[MetadataField::kDescription] = description_->toPlainText();
+  const bool commas = std::ranges::any_of(
+      common_.Words, [](const std::string& word) { return word.find(',') != std::string::npos; });
+  if (commas) between_ = QLatin1Char(';');
+  shownWords_ = Joined(common_.Words, between_);
+  keywords_->setText(shownWords_);
   keywords_->setToolTip(Shown(kWordsHelp));
   keywords_->setPlaceholderText(Shown(kWordsHelp));
   form->addRow(Shown(kKeywords), keywords_);
@@ -119,6 +127,7 @@ EditInfoSheet::EditInfoSheet(QWidget& window, const std::vector<FolderItem>& fil
   line(MetadataField::kState, kState);
   line(MetadataField::kCountry, kCountry);
   position_->setText(ToQString(Said(MetadataField::kPosition)));
+  shown_[MetadataField::kPosition] = position_->text();
   position_->setPlaceholderText(
       Shown(Differs(MetadataField::kPosition) ? kDiffering : kPositionHelp));
   position_->setToolTip(Shown(kPositionHelp));
@@ -128,11 +137,15 @@ EditInfoSheet::EditInfoSheet(QWidget& window, const std::vector<FolderItem>& fil
   }
   form->addRow(Shown(kTaken), taken_);
   moment_->setCalendarPopup(true);
-  moment_->setDisplayFormat(locale().dateFormat(QLocale::ShortFormat) +
-                            QStringLiteral(" HH:mm:ss"));
+  // Whole years, and no hour that a clock leaves out in spring.
+  QString day = locale().dateFormat(QLocale::ShortFormat);
+  if (!day.contains(QStringLiteral("yyyy")))
+    day.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
+  moment_->setTimeSpec(Qt::UTC);
+  moment_->setDisplayFormat(day + QStringLiteral(" HH:mm:ss"));
   const Date first = common_.FirstTaken.value_or(Date::Now());
   moment_->setDateTime(QDateTime(QDate(first.Year, first.Month, first.Day),
-                                 QTime(first.Hour, first.Minute, first.Second)));
+                                 QTime(first.Hour, first.Minute, first.Second), Qt::UTC));
   form->addRow(QString(), moment_);
   auto* row = new QHBoxLayout(shift_);
   row->setContentsMargins(0, 0, 0, 0);
@@ -171,24 +184,30 @@ bool EditInfoSheet::Differs(MetadataField field) const {
 std::string EditInfoSheet::Said(MetadataField field) const {
   for (const auto& [known, texts] : common_.Said) {
     if (known != field || texts.empty()) continue;
-    return field == MetadataField::kCreator ? Joined(texts).toStdString() : texts.front();
+    return field == MetadataField::kCreator ? Joined(texts, kBetweenNames).toStdString()
+                                            : texts.front();
   }
   return {};
 }
 
 ManyInfos::Order EditInfoSheet::Order() const {
   ManyInfos::Order order;
-  const auto give = [&](MetadataField field, const QString& text) {
+  const auto give = [&](MetadataField field, const QString& text, bool typed) {
+    // What differs stays until something is typed, if only to be taken out again.
+    if (text == shown_.at(field) && !(typed && Differs(field))) return;
     const std::string said = text.trimmed().toStdString();
-    // What differs stays until something is typed.
-    if (said == Said(field)) return;
     std::vector<std::string> texts;
-    if (!said.empty()) texts = field == MetadataField::kCreator ? Words(text) : std::vector{said};
+    if (!said.empty()) {
+      texts = field == MetadataField::kCreator ? Words(text, kBetweenNames) : std::vector{said};
+    }
     order.Fields.push_back({field, std::move(texts)});
   };
-  for (const auto& [field, edit] : fields_) give(field, edit->text());
-  give(MetadataField::kDescription, description_->toPlainText());
-  give(MetadataField::kPosition, position_->text());
+  for (const auto& [field, edit] : fields_) {
+    give(field, edit->text(), edit->isModified());
+  }
+  give(MetadataField::kDescription, description_->toPlainText(),
+       description_->document()->isModified());
+  give(MetadataField::kPosition, position_->text(), position_->isModified());
   if (const QVariant stars = rating_->currentData(); stars.isValid()) {
     const auto said = NumberFromText(Said(MetadataField::kRating));
     const bool same =
@@ -199,7 +218,8 @@ ManyInfos::Order EditInfoSheet::Order() const {
       order.Fields.push_back({MetadataField::kRating, std::move(texts)});
     }
   }
-  const std::vector<std::string> words = Words(keywords_->text());
+  const std::vector<std::string> words =
+      keywords_->text() == shownWords_ ? common_.Words : Words(keywords_->text(), between_);
   const auto missing = [](const std::vector<std::string>& all, const std::vector<std::string>& in) {
     std::vector<std::string> gone;
     std::ranges::copy_if(all, std::back_inserter(gone), [&](const std::string& word) {

@@ -87,6 +87,11 @@ class EditInfoSheet final : public QDialog {
   void ShowTaken();
 
   ManyInfos::Common common_;
+  /// What a field showed first.
+  std::map<MetadataField, QString> shown_;
+  QString shownWords_;
+  /// Between keywords; a comma may be a part of one.
+  QChar between_ = QLatin1Char(',');
   std::map<MetadataField, QLineEdit*> fields_;
   QPlainTextEdit* description_;
   QLineEdit* keywords_;

@@ -9,6 +9,7 @@
 #include "app/browse/FileHistory.h"
 #include "app/commands/Commands.h"
 #include "app/commands/Menus.h"
+#include "browser/PhotoFactsCache.h"
 #include "kit/InterfaceKitSupport.h"
 
 namespace brivolant {
@@ -74,30 +75,39 @@ void InfoController::Ask(const std::vector<FolderItem>& files) {
 
 void InfoController::Give(const std::vector<FolderItem>& files, const ManyInfos::Order& order) {
   const auto result = std::make_shared<ManyInfos::Result>();
-  history_.Work().Start({ManyInfos::kWriting.Text(), true,
-                         [files, order, result](Jobs::Control& control) {
-                           ManyInfos::Give(files, order, *result, control);
-                         },
-                         [this, result](Jobs::End end, const std::string& why) {
-                           if (end == Jobs::End::kFailed) result->Failed.push_back(why);
-                           if (!result->Given.empty()) {
-                             history_.AddStep(kEditInfo,
-                                              [this, given = result->Given] { TakeBack(given); });
-                             pane_.imageBrowser->ReloadCurrentView();
-                           }
-                           Tell(kNotGiven, result->Failed);
-                         }});
+  history_.Work().Start(
+      {ManyInfos::kWriting.Text(), true,
+       [files, order, result, facts = pane_.imageBrowser->Facts](Jobs::Control& control) {
+         ManyInfos::Give(files, order, *result, control);
+         // What has just been said is found at once.
+         for (const auto& given : result->Given) (void)facts->Of(given.Keeper.File);
+       },
+       [this, result](Jobs::End end, const std::string& why) {
+         if (end == Jobs::End::kFailed) result->Failed.push_back(why);
+         AddStep(std::move(result->Given));
+         pane_.imageBrowser->ReloadCurrentView();
+         Tell(kNotGiven, result->Failed);
+       }});
 }
 
-void InfoController::TakeBack(const std::vector<ManyInfos::Done>& given) {
+void InfoController::AddStep(std::vector<ManyInfos::Done> given) {
+  if (given.empty()) return;
+  history_.AddStep(kEditInfo, [this, given = std::move(given)] { TakeBack(given); });
+}
+
+void InfoController::TakeBack(std::vector<ManyInfos::Done> given) {
+  const auto left = std::make_shared<std::vector<ManyInfos::Done>>(std::move(given));
   const auto failed = std::make_shared<std::vector<std::string>>();
-  history_.Work().Start({FileHistory::kTakingBack.Text(), false,
-                         [given, failed](Jobs::Control&) { *failed = ManyInfos::TakeBack(given); },
-                         [this, failed](Jobs::End end, const std::string& why) {
-                           if (end == Jobs::End::kFailed) failed->push_back(why);
-                           pane_.imageBrowser->ReloadCurrentView();
-                           Tell(kNotTakenBack, *failed);
-                         }});
+  history_.Work().Start(
+      {FileHistory::kTakingBack.Text(), true,
+       [left, failed](Jobs::Control& control) { *failed = ManyInfos::TakeBack(*left, control); },
+       [this, left, failed](Jobs::End end, const std::string& why) {
+         if (end == Jobs::End::kFailed) failed->push_back(why);
+         // What was not taken back can be tried again.
+         AddStep(std::move(*left));
+         pane_.imageBrowser->ReloadCurrentView();
+         Tell(kNotTakenBack, *failed);
+       }});
 }
 
 void InfoController::Tell(const LocalizedText& text, const std::vector<std::string>& sentences) {

@@ -46,7 +46,9 @@ class InfoController {
  private:
   void Ask(const std::vector<FolderItem>& files);
   void Give(const std::vector<FolderItem>& files, const ManyInfos::Order& order);
-  void TakeBack(const std::vector<ManyInfos::Done>& given);
+  void TakeBack(std::vector<ManyInfos::Done> given);
+  /// What can be taken back, if there is anything.
+  void AddStep(std::vector<ManyInfos::Done> given);
   void Tell(const LocalizedText& text, const std::vector<std::string>& sentences);
 
   Desk desk_;

@@ -155,7 +155,8 @@ void FloatingMetaData::Display(const FolderItem& file) {
                    *read = *found;
                },
                [this, read](Jobs::End, const std::string&) {
-                 if (*read) Take(*read);
+                 if (*read) return Take(*read);
+                 words_->setText(Shown(kNotRead));
                }});
   show();
 }
@@ -170,10 +171,11 @@ void FloatingMetaData::Take(const std::shared_ptr<FileInfo>& info) {
   };
   using Keeps = FileInfo::Keeps;
   const bool beside = info_->KeptIn() == Keeps::kBeside;
-  words_->setVisible(beside || info_->KeptIn() == Keeps::kInDocument);
-  words_->setText(beside ? ToQString(WithPlaceholders(
-                               kBeside.Text(), {{"<filename>", info_->Target().DisplayName()}}))
-                         : Shown(kInDocument));
+  words_->setVisible(beside || info_->KeptIn() == Keeps::kInDocument || info_->Locked());
+  words_->setText(info_->Locked() ? Shown(kLocked)
+                  : beside        ? ToQString(WithPlaceholders(
+                                        kBeside.Text(), {{"<filename>", info_->Target().DisplayName()}}))
+                                  : Shown(kInDocument));
   if (info_->KeptIn() != Keeps::kNowhere || info_->Sections(false).size() > 1) {
     preview_.Load(file_, kPreviewSide, false);
   }
@@ -182,11 +184,12 @@ void FloatingMetaData::Take(const std::shared_ptr<FileInfo>& info) {
 
 void FloatingMetaData::Refresh() {
   const bool edits = info_ && info_->KeptIn() != FileInfo::Keeps::kNowhere;
-  add_->setVisible(edits && info_->KeptIn() == FileInfo::Keeps::kInFile);
+  add_->setVisible(edits);
   for (QPushButton* button : {undo_, redo_, save_}) button->setVisible(edits);
-  undo_->setEnabled(edits && info_->Draft().CanUndo() && !work_.Busy());
-  redo_->setEnabled(edits && info_->Draft().CanRedo() && !work_.Busy());
-  save_->setEnabled(Dirty() && !work_.Busy());
+  undo_->setEnabled(edits && info_->Draft().CanUndo());
+  redo_->setEnabled(edits && info_->Draft().CanRedo());
+  // What is being typed may be saved too.
+  save_->setEnabled(edits && !writing_);
   Modified(Dirty());
 }
 
@@ -203,12 +206,17 @@ void FloatingMetaData::Save(std::function<void(bool)> then) {
   }
   const auto why = std::make_shared<std::string>();
   const auto changes = info_->Draft().Pending();
+  const auto after = std::make_shared<FileInfo::Said>();
+  writing_ = true;
   work_.Start({kSaving.Text(), false,
-               [info = info_, why, changes](Jobs::Control&) { *why = info->Write(changes); },
-               [this, why, then = std::move(then)](Jobs::End end, const std::string& thrown) {
+               [keeper = info_->Keeping(), before = info_->Draft().Before(changes), why, changes,
+                after](Jobs::Control&) { *why = FileInfo::Write(keeper, changes, before, *after); },
+               [this, why, changes, after, then = std::move(then)](Jobs::End end,
+                                                                   const std::string& thrown) {
+                 writing_ = false;
                  if (end == Jobs::End::kFailed) *why = thrown;
                  if (why->empty()) {
-                   info_->Draft().Saved();
+                   info_->Draft().Saved(changes, *after);
                    if (Written) Written(file_);
                  }
                  Refresh();
@@ -220,7 +228,8 @@ void FloatingMetaData::Save(std::function<void(bool)> then) {
 
 std::string FloatingMetaData::Settings() const {
   std::string settings;
-  for (const int value : {x(), y(), width(), height()}) {
+  const QRect frame = geometry();
+  for (const int value : {frame.x(), frame.y(), frame.width(), frame.height()}) {
     settings += static_cast<char>(value & 0xFF);
     settings += static_cast<char>((value >> 8) & 0xFF);
   }
@@ -259,6 +268,11 @@ void FloatingMetaData::showEvent(QShowEvent* event) {
 
 void FloatingMetaData::closeEvent(QCloseEvent* event) {
   if (!closing_) mdc->FinishEdit();
+  if (writing_) {
+    event->ignore();
+    work_.WhenIdle([this] { close(); });
+    return;
+  }
   if (Dirty() && !closing_) {
     event->ignore();
     const Answer answer = desk_.Services.Dialogs.Ask(
@@ -269,20 +283,20 @@ void FloatingMetaData::closeEvent(QCloseEvent* event) {
       if (Kept) Kept();
       return;
     }
-    const auto end = [this] {
+    if (answer == Answer::kAlternate) {
       closing_ = true;
-      close();
-    };
-    if (answer == Answer::kAlternate) return end();
-    Save([this, end](bool saved) {
-      // What cannot be saved stays open: closing would lose it.
-      if (saved) {
-        end();
-      } else if (Kept) {
-        Kept();
-      }
-    });
-    return;
+      event->accept();
+    }
+    if (answer == Answer::kAction) {
+      Save([this](bool saved) {
+        // What cannot be saved stays open: closing would lose it.
+        if (!saved && Kept) Kept();
+        if (saved)
+          QMetaObject::invokeMethod(
+              this, [this] { close(); }, Qt::QueuedConnection);
+      });
+      return;
+    }
   }
   StorePreferences();
   preview_.Stop();

@@ -38,6 +38,10 @@ class FloatingMetaData final : public ifkWindow {
       "FloatingMetaData.kInDocument",
       "The original photo stays as it is. What you enter is kept in the document, and goes along "
       "with every copy."};
+  static constexpr LocalizedText kLocked{
+      "FloatingMetaData.kLocked", "The file or its folder is locked: its data cannot be changed."};
+  static constexpr LocalizedText kNotRead{"FloatingMetaData.kNotRead",
+                                          "The file could not be read."};
   static constexpr LocalizedText kReading{"FloatingMetaData.kReading", "Reading..."};
   static constexpr LocalizedText kSaving{"FloatingMetaData.kSaving", "Saving the data..."};
   static constexpr LocalizedText kAsk{
@@ -53,6 +57,8 @@ class FloatingMetaData final : public ifkWindow {
   /// Writes what was changed; `then` gets whether nothing is left to write.
   void Save(std::function<void(bool)> then = {});
   bool Dirty() const { return info_ && info_->Draft().Dirty(); }
+  /// A change is on its way into the file.
+  bool Writing() const { return writing_; }
   /// Frame, as four 16-bit numbers, and the open sections.
   std::string Settings() const;
   void Settings(const std::string& settings);
@@ -90,6 +96,7 @@ class FloatingMetaData final : public ifkWindow {
   QPushButton* redo_ = nullptr;
   QPushButton* save_ = nullptr;
   bool closing_ = false;
+  bool writing_ = false;
 };
 
 }  // namespace brivolant

@@ -60,16 +60,12 @@ void InfoWindows::Show(const std::vector<FolderItem>& files) {
 
 bool InfoWindows::MustWait(const std::function<void()>& then) {
   for (FloatingMetaData* window : Open()) {
-    if (!window->Dirty() && !window->Work().Busy()) continue;
+    // What is being typed counts as well.
+    window->mdc->FinishEdit();
+    if (!window->Dirty() && !window->Writing()) continue;
     ending_ = then;
-    if (window->Dirty()) {
-      window->raise();
-      window->close();
-    } else {
-      window->Work().WhenIdle([this] {
-        if (ending_ && !MustWait(ending_)) std::exchange(ending_, nullptr)();
-      });
-    }
+    window->raise();
+    window->close();
     return true;
   }
   return false;

@@ -126,6 +126,19 @@ std::optional<MetadataBlock> BlockOfSection(int section) {
   return {};
 }
 
+/// What is said of photos that are never written.
+constexpr std::array kXmpOffers{Offered{"dc:title", "Title"},
+                                Offered{"dc:description", "Description"},
+                                Offered{"dc:creator", "Creator"},
+                                Offered{"dc:rights", "Copyright"},
+                                Offered{"dc:subject", "Keywords"},
+                                Offered{"xmp:Rating", "Rating"},
+                                Offered{"photoshop:Headline", "Headline"},
+                                Offered{"photoshop:City", "City"},
+                                Offered{"photoshop:State", "Province/State"},
+                                Offered{"photoshop:Country", "Country Name"}};
+
+constexpr std::string_view kXmpMark = "XMP";
 constexpr std::string_view kTiffMark = "TIF";
 constexpr std::string_view kIptcMark = "IPT";
 
@@ -271,10 +284,61 @@ void MetaDataBrowser::Preview(const QImage& picture) {
   viewport()->update();
 }
 
+void MetaDataBrowser::SetRow(QTreeWidgetItem& line, const MetadataRow& row) {
+  QString value = ToQString(EnsureUTF8(row.Value));
+  QString tip = value;
+  if (row.Mapped) tip += QLatin1Char('\n') + Shown(kFromPacket);
+  QVariant plain;
+  if (!row.Differs.empty()) {
+    tip += QLatin1Char('\n') +
+           ToQString(WithPlaceholders(kPacketDiffers.Text(), {{"<text>", row.Differs}}));
+    // What is edited is the text alone.
+    plain = value;
+    value += QStringLiteral("  \u2260");
+  }
+  line.setText(0, ToQString(EnsureUTF8(row.Label)));
+  if (line.text(1) != value) line.setText(1, value);
+  line.setData(0, kTagRole, ToQString(row.Tag));
+  line.setData(0, kIndexRole, row.Index);
+  line.setData(0, kTextRole, row.Text);
+  line.setData(0, kMappedRole, row.Mapped);
+  line.setData(1, Qt::UserRole, plain);
+  line.setFlags(row.Text ? line.flags() | Qt::ItemIsEditable : line.flags() & ~Qt::ItemIsEditable);
+  line.setToolTip(1, tip);
+}
+
+bool MetaDataBrowser::FillInPlace(const std::vector<MetadataSection>& sections) {
+  // The first is the picture's.
+  if (topLevelItemCount() != static_cast<int>(sections.size()) + 1) return false;
+  for (std::size_t i = 0; i < sections.size(); ++i) {
+    const QTreeWidgetItem* item = topLevelItem(static_cast<int>(i) + 1);
+    if (item->data(0, kSectionRole).toInt() != sections[i].Is ||
+        item->childCount() != static_cast<int>(sections[i].Rows.size())) {
+      return false;
+    }
+  }
+  for (std::size_t i = 0; i < sections.size(); ++i) {
+    QTreeWidgetItem* item = topLevelItem(static_cast<int>(i) + 1);
+    int line = 0;
+    for (const MetadataRow& row : sections[i].Rows) SetRow(*item->child(line++), row);
+  }
+  return true;
+}
+
 void MetaDataBrowser::Fill() {
-  const Key key = currentItem() == nullptr ? Key() : KeyOf(*currentItem());
-  const int scrolled = verticalScrollBar()->value();
   filling_ = true;
+  const auto sections = info_ ? info_->Sections(hideUnknown) : std::vector<MetadataSection>();
+  // Who has gone on to the next row with mouse or keys is not thrown out of it.
+  if (!info_ || !FillInPlace(sections)) FillAnew(sections);
+  ApplyFilter();
+  filling_ = false;
+}
+
+void MetaDataBrowser::FillAnew(const std::vector<MetadataSection>& sections) {
+  const Key key = currentItem() == nullptr ? Key() : KeyOf(*currentItem());
+  const QLineEdit* edit = Editor();
+  const QString typing = edit == nullptr ? QString() : edit->text();
+  const int scrolled = verticalScrollBar()->value();
   setUpdatesEnabled(false);
   clear();
   if (info_) {
@@ -289,27 +353,9 @@ void MetaDataBrowser::Fill() {
     QTreeWidgetItem* preview = folder(Sections::kPreview, Shown(kPreview));
     auto* picture = new QTreeWidgetItem(preview);
     picture->setFlags(Qt::ItemIsEnabled);
-    for (const MetadataSection& section : info_->Sections(hideUnknown)) {
+    for (const MetadataSection& section : sections) {
       QTreeWidgetItem* item = folder(section.Is, ToQString(section.Label));
-      for (const MetadataRow& row : section.Rows) {
-        auto* line = new QTreeWidgetItem(
-            item, {ToQString(EnsureUTF8(row.Label)), ToQString(EnsureUTF8(row.Value))});
-        line->setData(0, kTagRole, ToQString(row.Tag));
-        line->setData(0, kIndexRole, row.Index);
-        line->setData(0, kTextRole, row.Text);
-        line->setData(0, kMappedRole, row.Mapped);
-        if (row.Text) line->setFlags(line->flags() | Qt::ItemIsEditable);
-        QString tip = line->text(1);
-        if (row.Mapped) tip += QLatin1Char('\n') + Shown(kFromPacket);
-        if (!row.Differs.empty()) {
-          tip += QLatin1Char('\n') +
-                 ToQString(WithPlaceholders(kPacketDiffers.Text(), {{"<text>", row.Differs}}));
-          line->setText(1, line->text(1) + QStringLiteral("  \u2260"));
-          // What is edited is the text alone.
-          line->setData(1, Qt::UserRole, ToQString(EnsureUTF8(row.Value)));
-        }
-        line->setToolTip(1, tip);
-      }
+      for (const MetadataRow& row : section.Rows) SetRow(*new QTreeWidgetItem(item), row);
     }
     addTopLevelItems(all);
     for (QTreeWidgetItem* item : all) {
@@ -319,11 +365,14 @@ void MetaDataBrowser::Fill() {
     preview->setHidden(preview_.isNull());
     setFirstColumnSpanned(0, indexFromItem(preview), true);
   }
-  ApplyFilter();
-  if (QTreeWidgetItem* item = ItemOf(key)) setCurrentItem(item, 1);
+  QTreeWidgetItem* current = ItemOf(key);
+  if (current != nullptr) setCurrentItem(current, 1);
   verticalScrollBar()->setValue(scrolled);
   setUpdatesEnabled(true);
-  filling_ = false;
+  if (edit != nullptr && Editable(current)) {
+    editItem(current, 1);
+    if (QLineEdit* again = Editor()) again->setText(typing);
+  }
 }
 
 void MetaDataBrowser::Filter(const QString& text) {
@@ -402,19 +451,46 @@ QTreeWidgetItem* MetaDataBrowser::ItemOf(const Key& key) const {
 void MetaDataBrowser::EditedSoon(const QTreeWidgetItem& item, const QString& text) {
   typed_ = Typed{KeyOf(item), item.text(0), text};
   QMetaObject::invokeMethod(
-      this, [this] { FinishEdit(); }, Qt::QueuedConnection);
+      this, [this] { TakeTyped(); }, Qt::QueuedConnection);
 }
 
-void MetaDataBrowser::FinishEdit() {
-  if (state() == EditingState) {
-    if (auto* edit = viewport()->findChild<QLineEdit*>()) {
-      commitData(edit);
-      closeEditor(edit, QAbstractItemDelegate::NoHint);
-    }
+void MetaDataBrowser::mousePressEvent(QMouseEvent* event) {
+  pressed_ = true;
+  QTreeWidget::mousePressEvent(event);
+}
+
+void MetaDataBrowser::mouseReleaseEvent(QMouseEvent* event) {
+  QTreeWidget::mouseReleaseEvent(event);
+  pressed_ = false;
+  QMetaObject::invokeMethod(
+      this, [this] { TakeTyped(); }, Qt::QueuedConnection);
+}
+
+QLineEdit* MetaDataBrowser::Editor() const {
+  if (state() != EditingState) return nullptr;
+  QLineEdit* found = nullptr;
+  // One that is closed goes a little later.
+  for (auto* edit : viewport()->findChildren<QLineEdit*>()) {
+    if (found == nullptr || edit->hasFocus()) found = edit;
   }
+  return found;
+}
+
+void MetaDataBrowser::TakeTyped() {
+  // The row that is being pressed must be there when the button goes up.
+  if (pressed_) return;
   if (const auto typed = std::exchange(typed_, std::nullopt)) {
     Edited(typed->Row, typed->Name, typed->Text);
   }
+}
+
+void MetaDataBrowser::FinishEdit() {
+  if (QLineEdit* edit = Editor()) {
+    commitData(edit);
+    closeEditor(edit, QAbstractItemDelegate::NoHint);
+  }
+  pressed_ = false;
+  TakeTyped();
 }
 
 void MetaDataBrowser::Edited(const Key& key, const QString& name, const QString& text) {
@@ -436,7 +512,7 @@ void MetaDataBrowser::Edited(const Key& key, const QString& name, const QString&
 
 std::vector<MenuItem> MetaDataBrowser::CreateItemsMenu() const {
   std::vector<MenuItem> items;
-  if (!info_ || info_->KeptIn() != FileInfo::Keeps::kInFile) return items;
+  if (!info_ || info_->KeptIn() == FileInfo::Keeps::kNowhere) return items;
   const auto add = [&](const std::string& text, const std::string& tag) {
     MenuItem item;
     item.Text = text;
@@ -456,6 +532,15 @@ std::vector<MenuItem> MetaDataBrowser::CreateItemsMenu() const {
       add(offered.Name, std::string(mark) + offered.Tag);
     }
   };
+  if (info_->Draft().PacketOnly()) {
+    add(EmptySection(MetadataBlock::kXmp).Label, {});
+    for (const Offered& offered : kXmpOffers) {
+      const bool repeats = std::string_view(offered.Tag) == "dc:subject";
+      if (!repeats && !info_->Draft().Texts(MetadataBlock::kXmp, offered.Tag).empty()) continue;
+      add(offered.Name, std::string(kXmpMark) + offered.Tag);
+    }
+    return items;
+  }
   offer(MetadataBlock::kTiff, Sections::kTiff, kTiffTags, kAddTiff, "AddTIFF", kTiffMark,
         kTiffOffers);
   add("-", {});
@@ -480,9 +565,14 @@ void MetaDataBrowser::handleItemsMenu(const std::string& tag) {
   if (tag == "AddTIFF") return block(MetadataBlock::kTiff);
   if (tag == "AddIPTC") return block(MetadataBlock::kIptc);
   const bool tiff = tag.starts_with(kTiffMark);
-  if (!tiff && !tag.starts_with(kIptcMark)) return;
+  const bool xmp = tag.starts_with(kXmpMark);
+  if (!tiff && !xmp && !tag.starts_with(kIptcMark)) return;
+  // What is added must be seen.
+  if (!filter_.isEmpty()) Filter({});
   const std::string own = tag.substr(kTiffMark.size());
-  const MetadataSection empty = EmptySection(tiff ? MetadataBlock::kTiff : MetadataBlock::kIptc);
+  const MetadataSection empty = EmptySection(xmp    ? MetadataBlock::kXmp
+                                             : tiff ? MetadataBlock::kTiff
+                                                    : MetadataBlock::kIptc);
   QTreeWidgetItem* section = Section(empty.Is);
   if (section == nullptr) return;
   // Nothing is said until something is typed.

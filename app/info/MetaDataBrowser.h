@@ -15,6 +15,8 @@
 #include "platform/values/Menu.h"
 #include "platform/values/Text.h"
 
+class QLineEdit;
+
 namespace brivolant {
 
 /// Everything that is known of one file, section by section; texts are edited in place.
@@ -75,6 +77,8 @@ class MetaDataBrowser final : public QTreeWidget {
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -87,11 +91,19 @@ class MetaDataBrowser final : public QTreeWidget {
     int Index = 1;
   };
   void Fill();
+  /// Where rows came or went; what is being typed goes on.
+  void FillAnew(const std::vector<MetadataSection>& sections);
+  /// False if rows came or went.
+  bool FillInPlace(const std::vector<MetadataSection>& sections);
+  static void SetRow(QTreeWidgetItem& line, const MetadataRow& row);
   void ApplyFilter();
   void PlaceColumns();
   void FillMenu(QMenu& menu);
   /// Takes what was typed once the field is gone: rows are made anew then.
   void EditedSoon(const QTreeWidgetItem& item, const QString& text);
+  void TakeTyped();
+  /// The field that is open; null for none.
+  QLineEdit* Editor() const;
   void Edited(const Key& key, const QString& name, const QString& text);
   Key KeyOf(const QTreeWidgetItem& item) const;
   QTreeWidgetItem* ItemOf(const Key& key) const;
@@ -112,6 +124,7 @@ class MetaDataBrowser final : public QTreeWidget {
   };
   std::optional<Typed> typed_;
   bool filling_ = false;
+  bool pressed_ = false;
 };
 
 }  // namespace brivolant

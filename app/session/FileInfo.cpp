@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QDateTime>
 #include <QLocale>
@@ -79,6 +80,12 @@ Section FileSection(const FolderItem& file) {
   return section;
 }
 
+/// A file is exchanged, so its folder counts as well.
+bool Writable(const FolderItem& file) {
+  const bool folder = access(file.Path().parent_path().c_str(), W_OK) == 0;
+  return folder && (!file.Exists() || access(file.Path().c_str(), W_OK) == 0);
+}
+
 struct Maker {
   std::string Name;
   std::string Creator;
@@ -116,8 +123,13 @@ std::shared_ptr<FileInfo> FileInfo::Read(const FolderItem& file) {
   } else if (!target.Directory()) {
     info->ReadFacts();
   }
+  if (info->keeps_ != Keeps::kNowhere && !Writable(info->target_)) {
+    info->keeps_ = Keeps::kNowhere;
+    info->locked_ = true;
+  }
   info->facts_ = PhotoFacts::Of(info->data_);
-  info->draft_ = std::make_unique<MetadataDraft>(info->data_, info->keeps_ != Keeps::kInFile);
+  const bool inFile = info->keeps_ == Keeps::kInFile || info->keeps_ == Keeps::kNowhere;
+  info->draft_ = std::make_unique<MetadataDraft>(info->data_, !inFile);
   return info;
 }
 
@@ -132,14 +144,12 @@ void FileInfo::ReadDocument() {
   const FolderItem original = document.OriginalSource();
   if (original.IsNil()) return;
   data_.ReadFile(original);
-  packet_ = data_.XMP;
   // An older document, which is one file, has no room for edits.
   if (!package.Directory()) return;
   keeps_ = Keeps::kInDocument;
   target_ = package.Child(BrivolantDocument::kMetadataName);
   if (const std::string packet = Sidecar::Read(target_); !packet.empty()) {
-    data_.ProcessXMPData(packet);
-    data_.PacketFirst = true;
+    Sidecar::MergeInto(data_, packet, true);
   }
 }
 
@@ -166,7 +176,6 @@ void FileInfo::ReadOwn() {
 void FileInfo::ReadFacts() {
   const FolderItem photo = FolderitemExtensions::OriginalFile(file_);
   data_.ReadFile(photo);
-  packet_ = data_.XMP;
   if (Sidecar::WrittenInPlace(photo)) {
     keeps_ = Keeps::kInFile;
     target_ = photo;
@@ -198,9 +207,24 @@ std::vector<MetadataSection> FileInfo::Sections(bool hideUnknown) const {
   return sections;
 }
 
-std::string FileInfo::Write(const std::vector<MetadataChange>& changes) const {
-  return keeps_ == Keeps::kInFile ? MetadataWriter::Write(target_, changes)
-                                  : Sidecar::Write(target_, changes, packet_);
+std::string FileInfo::Write(const Keeper& keeper, const std::vector<MetadataChange>& changes,
+                            const Said& before, Said& after) {
+  const auto told = [&](const LocalizedText& text) {
+    return WithPlaceholders(text.Text(), {{"<filename>", keeper.File.DisplayName()}});
+  };
+  if (!keeper.File.Exists()) return told(kGone);
+  const auto now = Read(keeper.File);
+  for (const auto& [place, texts] : before) {
+    if (now->Draft().Texts(place.first, place.second) != texts) return told(kChangedSince);
+  }
+  std::string why = keeper.In == Keeps::kInFile ? MetadataWriter::Write(keeper.Target, changes)
+                                                : Sidecar::Write(keeper.Target, changes, {});
+  if (!why.empty()) return why;
+  const auto written = Read(keeper.File);
+  for (const auto& [place, texts] : before) {
+    after[place] = written->Draft().Texts(place.first, place.second);
+  }
+  return {};
 }
 
 std::string MapAddress(const Position& position) {

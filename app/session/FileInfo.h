@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -35,6 +36,12 @@ class FileInfo {
   static constexpr LocalizedText kContactLink{"MetaDataBrowser.kContactLink", "Contact Link:"};
   static constexpr LocalizedText kCopyright{"MetaDataBrowser.kCopyright", "Copyright:"};
   static constexpr LocalizedText kSoftware{"MetaDataBrowser.kSoftware", "Software: "};
+  static constexpr LocalizedText kChangedSince{"FileInfo.kChangedSince",
+                                               "The data of \"<filename>\" was not changed: "
+                                               "another program has written it meanwhile. Please "
+                                               "open it again."};
+  static constexpr LocalizedText kGone{
+      "FileInfo.kGone", "The data of \"<filename>\" was not changed: the file is gone."};
   static constexpr LocalizedText kPosition{"MetaDataBrowser.kPosition", "Position:"};
 
   /// Where edits are kept.
@@ -62,9 +69,22 @@ class FileInfo {
   const ImageMetaData& Data() const { return data_; }
   /// What is shown, in order, with the edits.
   std::vector<MetadataSection> Sections(bool hideUnknown) const;
-  /// Writes changes, as Draft().Pending gives them; on any thread, since it reads nothing of the
-  /// draft. Empty if it is done, or else one sentence.
-  [[nodiscard]] std::string Write(const std::vector<MetadataChange>& changes) const;
+  /// It would be written, if it were not locked.
+  bool Locked() const { return locked_; }
+  /// What a change needs, without all that was read.
+  struct Keeper {
+    FolderItem File;
+    FolderItem Target;
+    Keeps In = Keeps::kNowhere;
+  };
+  using Said = std::map<MetadataDraft::Place, std::vector<std::string>>;
+  Keeper Keeping() const { return {file_, target_, keeps_}; }
+  /// Writes changes, as Draft().Pending gives them; on any thread. Refused if places that are to
+  /// change no longer say what they said: somebody else has written meanwhile. `after` gets what
+  /// they say now. Empty if it is done, or else one sentence.
+  [[nodiscard]] static std::string Write(const Keeper& keeper,
+                                         const std::vector<MetadataChange>& changes,
+                                         const Said& before, Said& after);
 
  private:
   explicit FileInfo(FolderItem file) : file_(std::move(file)) {}
@@ -75,9 +95,8 @@ class FileInfo {
   FolderItem file_;
   FolderItem target_;
   Keeps keeps_ = Keeps::kNowhere;
+  bool locked_ = false;
   ImageMetaData data_;
-  /// What a new packet begins as.
-  std::string packet_;
   PhotoFacts facts_;
   MetadataSection fileSection_;
   std::optional<MetadataSection> programSection_;

@@ -63,6 +63,7 @@ std::optional<ManyInfos::Common> ManyInfos::Read(const std::vector<FolderItem>& 
     const auto info = ReadApart(files[i], control);
     if (!info) return {};
     if (info->KeptIn() == FileInfo::Keeps::kNowhere) continue;
+    common.Photos.push_back(files[i]);
     if (info->KeptIn() == FileInfo::Keeps::kBeside) ++common.Beside;
     const MetadataDraft& draft = info->Draft();
     std::vector<std::string> words = draft.Texts(kKeywords);
@@ -111,28 +112,39 @@ void ManyInfos::Give(const std::vector<FolderItem>& files, const Order& order, R
       continue;
     }
     MetadataDraft& draft = info->Draft();
-    if (!Apply(order, draft) && !draft.Dirty()) {
-      refuse(kNothingKept);
+    if (!Apply(order, draft)) {
+      refuse(kNotFit);
       continue;
     }
     const std::vector<MetadataChange> changes = draft.Pending();
     if (changes.empty()) continue;
-    if (std::string why = info->Write(changes); !why.empty()) {
+    FileInfo::Said after;
+    if (std::string why = FileInfo::Write(info->Keeping(), changes, draft.Before(changes), after);
+        !why.empty()) {
       result.Failed.push_back(std::move(why));
       continue;
     }
-    draft.Saved();
+    draft.Saved(changes, after);
     while (draft.CanUndo()) draft.Undo();
-    result.Given.push_back({info, draft.Pending()});
+    const std::vector<MetadataChange> back = draft.Pending();
+    result.Given.push_back({info->Keeping(), back, draft.Before(back)});
   }
 }
 
-std::vector<std::string> ManyInfos::TakeBack(const std::vector<Done>& given) {
+std::vector<std::string> ManyInfos::TakeBack(std::vector<Done>& given, Jobs::Control& control) {
   std::vector<std::string> failed;
-  for (const Done& done : given) {
-    if (std::string why = done.Info->Write(done.Back); !why.empty())
-      failed.push_back(std::move(why));
+  std::vector<Done> left;
+  for (std::size_t i = 0; i < given.size(); ++i) {
+    const Done& done = given[i];
+    const bool goOn = control.Progress(static_cast<double>(i) / static_cast<double>(given.size()));
+    FileInfo::Said after;
+    std::string why =
+        goOn ? FileInfo::Write(done.Keeper, done.Back, done.Given, after) : std::string();
+    if (goOn && why.empty()) continue;
+    if (!why.empty()) failed.push_back(std::move(why));
+    left.push_back(done);
   }
+  given = std::move(left);
   return failed;
 }
 

@@ -20,7 +20,11 @@ class ManyInfos {
   static constexpr LocalizedText kWriting{"ManyInfos.kWriting",
                                           "Writing the data of the photos..."};
   static constexpr LocalizedText kNothingKept{
-      "ManyInfos.kNothingKept", "The data of \"<filename>\" cannot be changed: it is no photo."};
+      "ManyInfos.kNothingKept",
+      "The data of \"<filename>\" cannot be changed: it is no photo, or it is locked."};
+  static constexpr LocalizedText kNotFit{
+      "ManyInfos.kNotFit",
+      "The data of \"<filename>\" was not changed: not all of it can stand there."};
 
   /// A field gets these texts, or none; fields that are not named stay as they are.
   struct Field {
@@ -47,11 +51,15 @@ class ManyInfos {
     /// Kinds that are never written: what is said of them is kept beside them.
     int Beside = 0;
     std::optional<Date> FirstTaken;
+    /// Those of the files of which something can be said.
+    std::vector<FolderItem> Photos;
   };
   /// What was done, to be taken back.
   struct Done {
-    std::shared_ptr<FileInfo> Info;
+    FileInfo::Keeper Keeper;
     std::vector<MetadataChange> Back;
+    /// What was said, which must still stand there.
+    FileInfo::Said Given;
   };
   struct Result {
     std::vector<Done> Given;
@@ -65,8 +73,8 @@ class ManyInfos {
   static std::optional<Common> Read(const std::vector<FolderItem>& files, Jobs::Control& control);
   static void Give(const std::vector<FolderItem>& files, const Order& order, Result& result,
                    Jobs::Control& control);
-  /// Takes all of it back; a sentence for each file of which it cannot be.
-  static std::vector<std::string> TakeBack(const std::vector<Done>& given);
+  /// Takes all of it back; what could not be stays in `given`, with a sentence for each.
+  static std::vector<std::string> TakeBack(std::vector<Done>& given, Jobs::Control& control);
 };
 
 }  // namespace brivolant

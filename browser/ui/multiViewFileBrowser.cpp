@@ -71,6 +71,7 @@ multiViewFileBrowser::multiViewFileBrowser(std::shared_ptr<const ThumbnailMaker>
     if (OpenItem) OpenItem(payload);
   };
   setFocusProxy(icons_);
+  moments_.Known = [this](const std::vector<MomentReader::Told>& told) { TakeMoments(told); };
   lister_.Listed = [this](std::vector<BrowserRows::Row> rows, bool done) {
     TakeListed(std::move(rows), done);
   };
@@ -200,6 +201,7 @@ void multiViewFileBrowser::DisplayItem(const Container& value,
   getter_.Kill();
   getter_.item.clear();
   lister_.Stop();
+  moments_.Stop();
   slowReload_ = false;
   reload_.stop();
   Container container = value;
@@ -226,6 +228,7 @@ void multiViewFileBrowser::DisplayItem(const Container& value,
   // A slow folder that is read again is watched already.
   if (found || !reloading_) Watch(found ? folder : FolderItem());
   if (folder) {
+    listed_ = {rows_.SortColumn(), rows_.Descending()};
     // What was silent once is not waited for again.
     lister_.List(folder,
                  {rows_.SortColumn(), rows_.Descending(), showInvisibles, DocumentExtension, Facts},
@@ -245,7 +248,36 @@ void multiViewFileBrowser::DisplayItem(const Container& value,
   }
   Lay();
   RunGetter();
+  ReadMoments();
   if (ListChanged) ListChanged();
+  Update();
+}
+
+void multiViewFileBrowser::ReadMoments() {
+  if (rows_.SortColumn() != BrowserRows::kTakenColumn || Listing()) return;
+  std::vector<FolderItem> photos;
+  for (int i = 0; i < rows_.Count(); ++i) {
+    const auto item = rows_.Item(i);
+    const bool plain = item && item->Facts && item->Facts->Is == FileFacts::kPlain;
+    if (!plain || item->Taken) continue;
+    const FolderItem file = item->File();
+    if (FolderitemExtensions::NamesPicture(file.Name())) photos.push_back(file);
+  }
+  moments_.Read(std::move(photos), Facts);
+}
+
+void multiViewFileBrowser::TakeMoments(const std::vector<MomentReader::Told>& told) {
+  std::unordered_map<std::string, const PhotoFactsCache::Facts*> known;
+  for (const MomentReader::Told& photo : told) known[photo.Photo.ShellPath()] = &photo.Facts;
+  for (int i = 0; i < rows_.Count(); ++i) {
+    const auto item = rows_.Item(i);
+    const auto found = item ? known.find(item->File().ShellPath()) : known.end();
+    if (found == known.end()) continue;
+    item->Taken = found->second->Taken;
+    item->Said = found->second->Title + "\n" + found->second->Words;
+  }
+  if (rows_.SortColumn() != BrowserRows::kTakenColumn) return;
+  rows_.Sort(rows_.SortColumn(), rows_.Descending());
   Update();
 }
 
@@ -301,7 +333,18 @@ void multiViewFileBrowser::TakeListed(std::vector<BrowserRows::Row> rows, bool d
     if (known == before_.end()) continue;
     const auto& old = std::get<std::shared_ptr<browserItem>>(known->second.tag);
     if (wanted_.empty()) row.selected = known->second.selected;
-    if (old->Facts == item->Facts) row.tag = old;
+    if (old->Facts != item->Facts) continue;
+    if (item->Taken) {
+      old->Taken = item->Taken;
+      old->Said = item->Said;
+    }
+    row.tag = old;
+  }
+  // The order may be another than the listing began with; and moments are known of old rows.
+  const int column = rows_.SortColumn();
+  if (column != listed_.first || rows_.Descending() != listed_.second ||
+      column == BrowserRows::kTakenColumn) {
+    BrowserRows::Sort(rows, column, rows_.Descending());
   }
   rows_.Merge(std::move(rows));
   if (rows_.ListIndex() < 0 && rows_.SelectedCount() > 0) {
@@ -319,6 +362,7 @@ void multiViewFileBrowser::TakeListed(std::vector<BrowserRows::Row> rows, bool d
   }
   const bool selects = !std::exchange(wanted_, {}).empty();
   RunGetter();
+  ReadMoments();
   const bool slow = std::exchange(slowReload_, false);
   if (slow || selects) {
     if (selects && ListIndex() >= 0) ScrollTo(ListIndex());
@@ -453,7 +497,9 @@ void multiViewFileBrowser::HighLightItem(const std::string& text, bool partial) 
   const SearchText part(text);
   for (int i = 0; i < rows_.Count(); ++i) {
     const std::string name = rows_.Name(i);
-    const bool match = partial ? part.In(name) : name == text;
+    const auto item = rows_.Item(i);
+    const bool said = item && !item->Said.empty() && part.In(item->Said);
+    const bool match = partial ? part.In(name) || said : name == text;
     rows_.Select(i, match);
     if (match && first < 0) first = i;
   }
@@ -520,10 +566,8 @@ void multiViewFileBrowser::Sort(int column, bool descending) {
   const bool changed = column != rows_.SortColumn() || descending != rows_.Descending();
   EndRename(false);
   rows_.Sort(column, descending);
-  // The moments are read beside the window, with the folder.
-  if (changed && column == BrowserRows::kTakenColumn && !CurrentFolder().IsNil()) {
-    ReloadCurrentView();
-  }
+  // What is not known is read beside the window.
+  if (changed) ReadMoments();
   list_->ShowOrder(column, descending);
   if (ListIndex() >= 0) ScrollTo(ListIndex());
   Update();

@@ -15,6 +15,7 @@
 #include "browser/BrowserRows.h"
 #include "browser/FolderLister.h"
 #include "browser/IconGrid.h"
+#include "browser/MomentReader.h"
 #include "browser/browserThumbnailGetter.h"
 #include "kit/AccessibleItems.h"
 #include "platform/values/Text.h"
@@ -186,6 +187,9 @@ class multiViewFileBrowser final : public QWidget {
   /// What a tool tip says of a row: the whole name, where it is, and its facts.
   QString TipOf(int row);
   void AskShot(const std::shared_ptr<browserItem>& item);
+  /// Reads the moments of photos that are needed and not known.
+  void ReadMoments();
+  void TakeMoments(const std::vector<MomentReader::Told>& told);
   /// The rows that a view shows now: their thumbnails come first.
   void RowsInView(int first, int end);
   /// Where a drop at a row goes: its folder, else the folder on show; nil if it cannot take any.
@@ -232,6 +236,9 @@ class multiViewFileBrowser final : public QWidget {
   Container currentView_;
   BrowserRows rows_;
   FolderLister lister_;
+  /// The order with which it began.
+  std::pair<int, bool> listed_{BrowserRows::kNameColumn, false};
+  MomentReader moments_;
   browserThumbnailGetter getter_;
   BrowserIconView* icons_;
   BrowserListView* list_;

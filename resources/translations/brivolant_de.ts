@@ -324,6 +324,14 @@
         <source>Their edits are replaced. Undo brings them back.</source>
         <translation>Ihre Bearbeitung wird ersetzt. Mit „Rückgängig“ kommt sie zurück.</translation>
     </message>
+    <message id="FileInfo.kChangedSince">
+        <source>The data of "&lt;filename&gt;" was not changed: another program has written it meanwhile. Please open it again.</source>
+        <translation>Die Daten von „&lt;filename&gt;“ wurden nicht geändert: Ein anderes Programm hat sie inzwischen geschrieben. Bitte öffnen Sie sie noch einmal.</translation>
+    </message>
+    <message id="FileInfo.kGone">
+        <source>The data of "&lt;filename&gt;" was not changed: the file is gone.</source>
+        <translation>Die Daten von „&lt;filename&gt;“ wurden nicht geändert: Die Datei ist nicht mehr da.</translation>
+    </message>
     <message id="FloatingMetaData.kAdd">
         <source>Add</source>
         <translation>Hinzufügen</translation>
@@ -351,6 +359,14 @@
     <message id="FloatingMetaData.kInDocument">
         <source>The original photo stays as it is. What you enter is kept in the document, and goes along with every copy.</source>
         <translation>Das Originalfoto bleibt, wie es ist. Was Sie eingeben, steht im Dokument und geht mit jeder Kopie mit.</translation>
+    </message>
+    <message id="FloatingMetaData.kLocked">
+        <source>The file or its folder is locked: its data cannot be changed.</source>
+        <translation>Die Datei oder ihr Ordner ist gesperrt: Ihre Daten lassen sich nicht ändern.</translation>
+    </message>
+    <message id="FloatingMetaData.kNotRead">
+        <source>The file could not be read.</source>
+        <translation>Die Datei konnte nicht gelesen werden.</translation>
     </message>
     <message id="FloatingMetaData.kReading">
         <source>Reading...</source>
@@ -1664,9 +1680,13 @@
         <source>A picture that lies over the photo "&lt;filename&gt;" could not be copied.</source>
         <translation>Ein Bild, das über dem Foto „&lt;filename&gt;“ liegt, ließ sich nicht kopieren.</translation>
     </message>
+    <message id="ManyInfos.kNotFit">
+        <source>The data of "&lt;filename&gt;" was not changed: not all of it can stand there.</source>
+        <translation>Die Daten von „&lt;filename&gt;“ wurden nicht geändert: Nicht alles kann dort stehen.</translation>
+    </message>
     <message id="ManyInfos.kNothingKept">
-        <source>The data of "&lt;filename&gt;" cannot be changed: it is no photo.</source>
-        <translation>Die Daten von „&lt;filename&gt;“ lassen sich nicht ändern: Es ist kein Foto.</translation>
+        <source>The data of "&lt;filename&gt;" cannot be changed: it is no photo, or it is locked.</source>
+        <translation>Die Daten von „&lt;filename&gt;“ lassen sich nicht ändern: Es ist kein Foto, oder es ist gesperrt.</translation>
     </message>
     <message id="ManyInfos.kWriting">
         <source>Writing the data of the photos...</source>

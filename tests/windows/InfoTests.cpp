@@ -82,7 +82,7 @@ struct Informing : Browsing {
     window.mdc->scrollToItem(row);
     const QRect place = window.mdc->visualItemRect(row);
     Click(*window.mdc->viewport(), {window.mdc->columnWidth(0) + 20, place.center().y()});
-    auto* edit = window.mdc->findChild<QLineEdit*>();
+    auto* edit = qobject_cast<QLineEdit*>(window.focusWidget());
     ASSERT_NE(edit, nullptr) << "the row is not edited";
     edit->selectAll();
     Type(window, text);
@@ -164,6 +164,26 @@ TEST(Info, AsksBeforeEditsAreLost) {
   EXPECT_TRUE(Until([&] { return !program.Window().isVisible(); }));
   EXPECT_EQ(PhotoFacts::Of(program.a).Creator, "Ben");
   EXPECT_EQ(program.dialogs.questions.size(), 3U);
+}
+
+TEST(Info, ClosesWithoutSavingWhenToldSo) {
+  Informing program;
+  FloatingMetaData& window = program.Info(program.a);
+  Informing::EditRow(window, Informing::Row(window, "Artist:"), "Ben");
+  program.dialogs.answers = {Answer::kAlternate};
+  window.close();
+  ExpectSoon([&] { return program.Windows().size(); }, 0U);
+  EXPECT_EQ(PhotoFacts::Of(program.a).Creator, "Anna Beispiel");
+  EXPECT_TRUE(program.Window().isVisible());
+  // The next field is edited by the click that ends the one before.
+  FloatingMetaData& again = program.Info(program.a);
+  QTreeWidgetItem* artist = Informing::Row(again, "Artist:");
+  again.mdc->setCurrentItem(artist, 1);
+  again.mdc->EditCurrent();
+  Type(again, "Carla");
+  Informing::EditRow(again, Informing::Row(again, "Keywords:", "sea"), "lake");
+  EXPECT_NE(Informing::Row(again, "Artist:", "Carla"), nullptr);
+  EXPECT_NE(Informing::Row(again, "Keywords:", "lake"), nullptr);
 }
 
 TEST(Info, IsFilteredCopiedAndKeepsItsSections) {

@@ -10,11 +10,14 @@
 #include "WindowHelpers.h"
 #include "app/AboutBox.h"
 #include "app/PreferencesWindow.h"
+#include "app/browse/EditInfoSheet.h"
 #include "app/browse/PasteEditsSheet.h"
 #include "app/browse/QuickLookWindow.h"
 #include "app/commands/ToolButtons.h"
 #include "app/edit/CropEditor.h"
 #include "app/edit/OneClickEditor.h"
+#include "app/info/FloatingMetaData.h"
+#include "app/info/InfoWindows.h"
 #include "browser/ui/ColumnPreview.h"
 #include "browser/ui/multiViewFileBrowser.h"
 #include "effects/text/EffectModuleText.h"
@@ -22,6 +25,7 @@
 #include "kit/ifkColors.h"
 #include "kit/ifkFontComboBox.h"
 #include "kit/templateSelector.h"
+#include "metadata/MetadataWriter.h"
 
 namespace brivolant::test {
 namespace {
@@ -189,6 +193,51 @@ TEST(WindowPictures, OfTheSheetForPastedEdits) {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&sheet));
     Take(sheet, QStringLiteral("paste-edits") +
                     (scheme == Appearance::kDark ? QStringLiteral("-dark") : QString()));
+  }
+  program.app->AppearanceChoice(Appearance::kLight);
+}
+
+TEST(WindowPictures, OfWhatIsKnownOfAFile) {
+  Program program;
+  const FolderItem photo = Sample(program);
+  using Act = MetadataChange::Act;
+  ASSERT_EQ(
+      MetadataWriter::Write(photo,
+                            std::vector<MetadataChange>{
+                                {Act::kSet, MetadataBlock::kTiff, "010F", "A maker"},
+                                {Act::kSet, MetadataBlock::kTiff, "013B", "Anna Beispiel"},
+                                {Act::kSet, MetadataBlock::kExif, "829A", "1/250"},
+                                {Act::kSet, MetadataBlock::kExif, "9003", "2009:03:04 14:05:06"},
+                                {Act::kSet, MetadataBlock::kGps, "0002", "51 30 26.4"},
+                                {Act::kSet, MetadataBlock::kGps, "0004", "0 7 39.9"},
+                                {Act::kAdd, MetadataBlock::kIptc, "25", "sea"},
+                                {Act::kAdd, MetadataBlock::kIptc, "25", "sky"},
+                                {Act::kSet, MetadataBlock::kXmp, "dc:title", "A title"}}),
+      "");
+  for (const Appearance::Scheme scheme : {Appearance::kLight, Appearance::kDark}) {
+    program.app->AppearanceChoice(scheme);
+    program.app->Desk().ShowInfo({photo});
+    FloatingMetaData& window = *program.app->Info()->Open().front();
+    ASSERT_TRUE(Until([&] {
+      const QTreeWidgetItem* first = window.mdc->topLevelItem(0);
+      return first != nullptr && !first->isHidden();
+    }));
+    const QString mode = scheme == Appearance::kDark ? QStringLiteral("-dark") : QString();
+    Take(window, QStringLiteral("get-info") + mode);
+    window.close();
+    Settle();
+    ManyInfos::Common common;
+    common.Said = {{MetadataField::kTitle, {"A title"}}, {MetadataField::kCreator, {}}};
+    common.Differing = {MetadataField::kCreator};
+    common.Words = {"sea", "sky"};
+    common.Beside = 1;
+    common.Photos = {photo, photo};
+    EditInfoSheet sheet(program.Window(), common.Photos, common);
+    sheet.setAttribute(Qt::WA_DeleteOnClose, false);
+    sheet.Taken().setCurrentIndex(2);
+    sheet.open();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&sheet));
+    Take(sheet, QStringLiteral("edit-info") + mode);
   }
   program.app->AppearanceChoice(Appearance::kLight);
 }
