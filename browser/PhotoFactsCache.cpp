@@ -107,12 +107,12 @@ bool PhotoFactsCache::OpenFile() {
     return true;
   }
   sqlite3_busy_timeout(database_, kPatience);
-  int version = 0;
-  const auto read = [](void* to, int, char** values, char**) {
-    *static_cast<int*>(to) = values[0] == nullptr ? 0 : std::atoi(values[0]);
-    return 0;
-  };
-  const int result = sqlite3_exec(database_, "PRAGMA user_version", read, &version, nullptr);
+  std::int64_t version = 0;
+  sqlite3_stmt* asked = nullptr;
+  int result = sqlite3_prepare_v2(database_, "PRAGMA user_version", -1, &asked, nullptr);
+  if (result == SQLITE_OK) result = sqlite3_step(asked);
+  if (result == SQLITE_ROW) version = sqlite3_column_int64(asked, 0);
+  sqlite3_finalize(asked);
   if (IsBroken(result)) return false;
   // What is lost with the power is read again.
   for (const char* setting :

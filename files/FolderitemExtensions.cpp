@@ -275,6 +275,14 @@ std::string RelativeDateTime(const Date& date, const Date& now) {
       {{"<date>", word}, {"<time>", locale.toString(time, QLocale::ShortFormat).toStdString()}});
 }
 
+std::string ShortDateTime(const Date& date) {
+  const QLocale locale;
+  return (locale.toString(QDate(date.Year, date.Month, date.Day), QLocale::ShortFormat) +
+          QLatin1Char(' ') +
+          locale.toString(QTime(date.Hour, date.Minute, date.Second), QLocale::ShortFormat))
+      .toStdString();
+}
+
 std::string AsFileSize(double bytes, std::string_view suffix) {
   constexpr double kKilo = 1024;
   constexpr double kMega = kKilo * 1024;

@@ -91,6 +91,8 @@ std::string ReadShortText(BinaryStream& stream);
 std::string ReadAsHex(BinaryStream& stream, int count);
 /// "Today at 14:05": a word or weekday for days near `now`, else the short date.
 std::string RelativeDateTime(const Date& date, const Date& now);
+/// The short date and time as the user's locale has them.
+std::string ShortDateTime(const Date& date);
 /// "1.50 MB": `suffix` is the mask of the decimals, such as ".00", for megabytes and more.
 std::string AsFileSize(double bytes, std::string_view suffix);
 

@@ -137,8 +137,9 @@ EditInfoSheet::EditInfoSheet(QWidget& window, const std::vector<FolderItem>& fil
   }
   form->addRow(Shown(kTaken), taken_);
   moment_->setCalendarPopup(true);
-  // Whole years, and no hour that a clock leaves out in spring.
-  QString day = locale().dateFormat(QLocale::ShortFormat);
+  // As the user's locale writes it, but with whole years, and no hour that a clock leaves out in
+  // spring.
+  QString day = moment_->displayFormat().section(QLatin1Char(' '), 0, 0);
   if (!day.contains(QStringLiteral("yyyy")))
     day.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
   moment_->setTimeSpec(Qt::UTC);

@@ -84,6 +84,14 @@ class MetaDataBrowser final : public QTreeWidget {
                const QModelIndex& index) const override;
 
  private:
+  /// What rows hold; the section's number is its own row's.
+  enum Role : int {
+    kTagRole = Qt::UserRole,
+    kIndexRole = Qt::UserRole + 1,
+    kTextRole = Qt::UserRole + 2,
+    kSectionRole = Qt::UserRole + 3,
+    kMappedRole = Qt::UserRole + 4
+  };
   class Delegate;
   struct Key {
     int Section = 0;

@@ -5,8 +5,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QDateTime>
-#include <QLocale>
 #include <algorithm>
 
 #include "app/core/ApplicationServices.h"
@@ -27,13 +25,8 @@ using Section = MetadataSection;
 using FolderitemExtensions::isFileType;
 using namespace InternalFileTypes;
 
-/// The desktop's short date and time.
 std::string Moment(std::int64_t seconds) {
-  const QLocale locale;
-  const QDateTime moment = QDateTime::fromSecsSinceEpoch(seconds);
-  return (locale.toString(moment.date(), QLocale::ShortFormat) + QLatin1Char(' ') +
-          locale.toString(moment.time(), QLocale::ShortFormat))
-      .toStdString();
+  return FolderitemExtensions::ShortDateTime(Date::FromUnixTime(seconds));
 }
 
 /// All files of a package count.
