@@ -147,7 +147,7 @@ void Sorting(const FolderItem& scratch, const FolderItem& photo) {
   std::size_t known = 0;
   const auto list = [&] {
     std::vector<FolderItem> unknown;
-    FolderLister::Read(folder, order, [&](std::vector<BrowserRows::Row> rows, bool) {
+    FolderLister::Read(folder, order, [&](const std::vector<BrowserRows::Row>& rows, bool) {
       for (const auto& row : rows) {
         const auto& item = std::get<std::shared_ptr<browserItem>>(row.tag);
         item->Taken ? (void)++known : unknown.push_back(item->File());

@@ -33,7 +33,8 @@ void MomentReader::Stop() {
   work_.reset();
 }
 
-void MomentReader::Read(std::vector<FolderItem> photos, std::shared_ptr<PhotoFactsCache> facts) {
+void MomentReader::Read(std::vector<FolderItem> photos,
+                        const std::shared_ptr<PhotoFactsCache>& facts) {
   Stop();
   if (photos.empty() || !facts) return;
   work_ = std::make_shared<Work>();

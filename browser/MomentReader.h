@@ -22,7 +22,7 @@ class MomentReader final : public QObject {
     PhotoFactsCache::Facts Facts;
   };
   /// Reads these photos; what was being read is given up.
-  void Read(std::vector<FolderItem> photos, std::shared_ptr<PhotoFactsCache> facts);
+  void Read(std::vector<FolderItem> photos, const std::shared_ptr<PhotoFactsCache>& facts);
   void Stop();
   bool Running() const { return work_ != nullptr; }
   /// Raised on the thread of the object.

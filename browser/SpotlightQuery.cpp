@@ -355,6 +355,7 @@ void SpotlightQuery::AskIndexes(const std::shared_ptr<Work>& work) {
   };
   const auto plain = [](const std::vector<FolderItem>& files) {
     std::vector<std::pair<FolderItem, Stamp>> all;
+    all.reserve(files.size());
     for (const FolderItem& file : files) all.emplace_back(file, Stamp());
     return all;
   };

@@ -151,8 +151,8 @@ std::string Angle(double degrees, bool packet) {
 }
 
 std::string PositionAs(Form form, const Position& position) {
-  const std::string north = position.Latitude < 0 ? "S" : "N";
-  const std::string east = position.Longitude < 0 ? "W" : "E";
+  std::string north = position.Latitude < 0 ? "S" : "N";
+  std::string east = position.Longitude < 0 ? "W" : "E";
   switch (form) {
     case Form::kNorth:
       return north;

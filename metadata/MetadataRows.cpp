@@ -60,8 +60,9 @@ std::string AspectRatio(std::uint32_t width, std::uint32_t height) {
   std::uint32_t b = height;
   while (b != 0) a = std::exchange(b, a % b);
   constexpr std::uint32_t kMost = 32;
-  if (width / a <= kMost && height / a <= kMost)
-    return Whole(width / a) + " : " + Whole(height / a);
+  const std::uint32_t across = width / a;
+  const std::uint32_t down = height / a;
+  if (across <= kMost && down <= kMost) return Whole(across) + " : " + Whole(down);
   const bool wide = width >= height;
   const double ratio = static_cast<double>(std::max(width, height)) / std::min(width, height);
   return wide ? Decimals(ratio, 2) + " : 1" : "1 : " + Decimals(ratio, 2);

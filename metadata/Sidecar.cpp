@@ -39,7 +39,7 @@ bool WrittenInPlace(const FolderItem& photo) {
 
 FolderItem Of(const FolderItem& photo) {
   if (photo.IsNil()) return {};
-  if (const FolderItem beside = Long(photo); beside && beside.Exists()) return beside;
+  if (FolderItem beside = Long(photo); beside && beside.Exists()) return beside;
   // The short name is the raw file's, whatever else has its stem.
   const std::string name = LowerCase(photo.Name());
   const std::string extension = name.substr(std::min(name.rfind('.'), name.size() - 1) + 1);
@@ -71,13 +71,14 @@ void MergeInto(ImageMetaData& data, const std::string& packet, bool newer) {
   if (merged.empty() || !ReadXMP(merged, held, XMPNames::kUsual)) {
     merged = packet;
   } else {
-    for (const auto& [name, texts] : said) {
+    for (const auto& property : said) {
+      const std::string& name = property.first;
       const bool known =
-          std::ranges::any_of(held, [&](const auto& property) { return property.first == name; });
+          std::ranges::any_of(held, [&](const auto& other) { return other.first == name; });
       if (known && !newer) continue;
       // What nobody knows the namespace of, and what has fields, stays in its own packet.
       if (!known || IsPlainProperty(name) || name.starts_with("exif:GPS")) {
-        (void)XMPEditor::Set(merged, name, texts);
+        (void)XMPEditor::Set(merged, name, property.second);
       }
     }
   }

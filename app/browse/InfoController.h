@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QPointer>
+#include <QWidget>
 #include <string>
 #include <vector>
 

@@ -105,7 +105,7 @@ Section ProgramSection(const Maker& maker) {
 }  // namespace
 
 std::shared_ptr<FileInfo> FileInfo::Read(const FolderItem& file) {
-  const std::shared_ptr<FileInfo> info(new FileInfo(file));
+  std::shared_ptr<FileInfo> info(new FileInfo(file));
   info->fileSection_ = FileSection(file);
   const FolderItem target = FolderitemExtensions::OriginalFile(file);
   if (isFileType(target, &BrivolantPhotosDocument)) {
