@@ -24,7 +24,6 @@ class MomentReader final : public QObject {
   /// Reads these photos; what was being read is given up.
   void Read(std::vector<FolderItem> photos, const std::shared_ptr<PhotoFactsCache>& facts);
   void Stop();
-  bool Running() const { return work_ != nullptr; }
   /// Raised on the thread of the object.
   std::function<void(const std::vector<Told>& told)> Known;
 

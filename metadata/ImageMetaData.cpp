@@ -39,6 +39,23 @@ std::vector<ImageMetaData::NamedBlock> ImageMetaData::Blocks() const {
       {"ICC", ColorProfile.get()}};
 }
 
+const TiffDataCoreClass* ImageMetaData::BlockOf(MetadataBlock block) const {
+  switch (block) {
+    case MetadataBlock::kTiff:
+      return TIFFData.get();
+    case MetadataBlock::kExif:
+      return ExifData.get();
+    case MetadataBlock::kGps:
+      return GPSData.get();
+    case MetadataBlock::kInterop:
+      return Interoperability.get();
+    case MetadataBlock::kIptc:
+      return IPTCData.get();
+    default:
+      return nullptr;
+  }
+}
+
 void ImageMetaData::ErrorOccured(int id, const LocalizedText& message) {
   ErrorID = id;
   ErrorMessage = message.Text();

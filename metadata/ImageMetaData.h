@@ -88,6 +88,8 @@ class ImageMetaData {
     const TiffDataCoreClass* Data;
   };
   std::vector<NamedBlock> Blocks() const;
+  /// The block whose tags are written under that name; null where it has none, or is not there.
+  const TiffDataCoreClass* BlockOf(MetadataBlock block) const;
 
   FolderItem MyFile;
   int ErrorID = -1;

@@ -140,6 +140,16 @@ std::optional<MetadataBlock> MetadataBlockNamed(std::string_view name) {
   return {};
 }
 
+void AppendChanges(std::vector<MetadataChange>& changes, MetadataBlock block,
+                   const std::string& tag, const std::vector<std::string>& texts) {
+  using Act = MetadataChange::Act;
+  // A list is emptied first, and then filled in order.
+  if (texts.size() != 1) changes.push_back({Act::kRemove, block, tag});
+  for (const std::string& text : texts) {
+    changes.push_back({texts.size() == 1 ? Act::kSet : Act::kAdd, block, tag, text});
+  }
+}
+
 std::optional<std::string> TagBytesFromText(int tag, int type, std::string_view text,
                                             bool littleEndian) {
   constexpr int kUserComment = 0x9286;

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace brivolant {
 
@@ -25,6 +26,10 @@ struct MetadataChange {
   /// to remove.
   std::optional<std::string> Text{};
 };
+
+/// Adds the changes that give a tag these texts, or take it out.
+void AppendChanges(std::vector<MetadataChange>& changes, MetadataBlock block,
+                   const std::string& tag, const std::vector<std::string>& texts);
 
 /// Bytes of a tag of a directory, as its type keeps what a user wrote; nothing if it is none, or
 /// not within the type.

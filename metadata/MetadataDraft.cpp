@@ -14,23 +14,6 @@ namespace {
 
 using Act = MetadataChange::Act;
 
-const TiffDataCoreClass* BlockIn(const ImageMetaData& data, MetadataBlock block) {
-  switch (block) {
-    case MetadataBlock::kTiff:
-      return data.TIFFData.get();
-    case MetadataBlock::kExif:
-      return data.ExifData.get();
-    case MetadataBlock::kGps:
-      return data.GPSData.get();
-    case MetadataBlock::kInterop:
-      return data.Interoperability.get();
-    case MetadataBlock::kIptc:
-      return data.IPTCData.get();
-    default:
-      return nullptr;
-  }
-}
-
 /// Lists of names in one text.
 std::vector<std::string> SplitAt(const std::string& text, char separator) {
   std::vector<std::string> parts;
@@ -110,7 +93,7 @@ std::vector<std::string> MetadataDraft::Held(const Place& place) const {
     }
     return texts;
   }
-  const TiffDataCoreClass* data = BlockIn(held_, block);
+  const TiffDataCoreClass* data = held_.BlockOf(block);
   if (data == nullptr || !data->hasKey(tag)) return texts;
   const bool typed = data->TagType(tag) == kAsciiType || block == MetadataBlock::kIptc;
   const bool windows = block == MetadataBlock::kTiff && tag.starts_with("9C9");
@@ -168,8 +151,8 @@ bool MetadataDraft::Edit(MetadataBlock block, const std::string& tag, int index,
   const std::string before = at < texts.size() ? texts[at] : std::string();
   if (before == text) return true;
   const auto field = FieldOf(block, tag);
-  if (field == MetadataField::kKeywords) return EditKeyword(before, text, {block, tag});
-  if (field == MetadataField::kCreator && block != MetadataBlock::kTiff) {
+  const bool names = field == MetadataField::kCreator && block != MetadataBlock::kTiff;
+  if (names || field == MetadataField::kKeywords) {
     return EditName(*field, before, text, {block, tag});
   }
   const bool list = !field || field == MetadataField::kCreator;
@@ -192,19 +175,13 @@ bool MetadataDraft::Edit(MetadataBlock block, const std::string& tag, int index,
   }
   if (field) return Set(*field, texts, {block, tag});
   std::vector<MetadataChange> changes;
-  if (texts.size() != 1) changes.push_back({Act::kRemove, block, tag});
-  for (const std::string& value : texts) {
-    changes.push_back({texts.size() == 1 ? Act::kSet : Act::kAdd, block, tag, value});
-  }
+  AppendChanges(changes, block, tag, texts);
   return Take(std::move(changes));
 }
 
 bool MetadataDraft::EditKeyword(const std::string& from, const std::string& to) {
-  return EditKeyword(from, to, PlacesOf(MetadataField::kKeywords).front());
-}
-
-bool MetadataDraft::EditKeyword(const std::string& from, const std::string& to, const Place& own) {
-  return EditName(MetadataField::kKeywords, from, to, own);
+  constexpr auto kKeywords = MetadataField::kKeywords;
+  return EditName(kKeywords, from, to, PlacesOf(kKeywords).front());
 }
 
 bool MetadataDraft::EditName(MetadataField field, const std::string& from, const std::string& to,
@@ -315,11 +292,7 @@ std::vector<MetadataChange> MetadataDraft::Pending() const {
   for (const auto& [place, texts] : now_) {
     const auto written = saved_.find(place);
     if (texts == (written == saved_.end() ? Held(place) : written->second)) continue;
-    if (texts.size() != 1) changes.push_back({Act::kRemove, place.first, place.second});
-    for (const std::string& text : texts) {
-      changes.push_back(
-          {texts.size() == 1 ? Act::kSet : Act::kAdd, place.first, place.second, text});
-    }
+    AppendChanges(changes, place.first, place.second, texts);
   }
   return changes;
 }

@@ -73,8 +73,7 @@ class MetadataDraft {
   bool Take(std::vector<MetadataChange> changes);
   /// With the place that the user edits, which says something from now on.
   bool Set(MetadataField field, const std::vector<std::string>& texts, const Place& own);
-  bool EditKeyword(const std::string& from, const std::string& to, const Place& own);
-  /// The same of any field that is a list of names.
+  /// What EditKeyword does, of any field that is a list of names.
   bool EditName(MetadataField field, const std::string& from, const std::string& to,
                 const Place& own);
   /// The file's own texts.

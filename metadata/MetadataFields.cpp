@@ -101,26 +101,13 @@ constexpr std::array kPlaces{
     Place{kPosition, MetadataBlock::kXmp, "exif:GPSLongitude", false, Form::kPacketLongitude}};
 
 bool Says(const ImageMetaData& held, MetadataBlock block, const std::string& tag) {
-  const auto has = [&](const TiffDataCoreClass* data) {
-    return data != nullptr && data->hasKey(tag);
-  };
-  switch (block) {
-    case MetadataBlock::kTiff:
-      return has(held.TIFFData.get());
-    case MetadataBlock::kExif:
-      return has(held.ExifData.get());
-    case MetadataBlock::kGps:
-      return has(held.GPSData.get());
-    case MetadataBlock::kIptc:
-      return has(held.IPTCData.get());
-    case MetadataBlock::kXmp: {
-      XMPProperties properties;
-      return !held.XMP.empty() && ReadXMP(held.XMP, properties, XMPNames::kUsual) &&
-             std::ranges::any_of(properties, [&](const auto& said) { return said.first == tag; });
-    }
-    default:
-      return false;
+  if (block == MetadataBlock::kXmp) {
+    XMPProperties properties;
+    return !held.XMP.empty() && ReadXMP(held.XMP, properties, XMPNames::kUsual) &&
+           std::ranges::any_of(properties, [&](const auto& said) { return said.first == tag; });
   }
+  const TiffDataCoreClass* data = held.BlockOf(block);
+  return data != nullptr && data->hasKey(tag);
 }
 
 /// Windows has no blanks between its keywords.
@@ -323,12 +310,7 @@ std::optional<std::vector<MetadataChange>> ChangesOf(MetadataField field,
         texts.front().starts_with('-')) {
       written.clear();
     }
-    // A list is emptied first, and then filled in order.
-    if (written.size() != 1) changes.push_back({Act::kRemove, place.Block, place.Tag});
-    for (const std::string& text : written) {
-      changes.push_back(
-          {written.size() == 1 ? Act::kSet : Act::kAdd, place.Block, place.Tag, text});
-    }
+    AppendChanges(changes, place.Block, place.Tag, written);
   }
   return changes;
 }

@@ -109,9 +109,6 @@ Section Dct(const DCTProfileObject& dct) {
 }
 
 bool Editable(MetadataBlock block, const TiffDataCoreClass& data, const std::string& tag) {
-  // Names of profiles and documents that other programs have left; everything else is typed.
-  constexpr std::array kOfFiles{"0131"};
-  if (block == MetadataBlock::kTiff && tag == kOfFiles.front()) return true;
   return data.TagType(tag) == kAsciiType || OfWindows(block, tag);
 }
 

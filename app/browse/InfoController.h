@@ -41,8 +41,6 @@ class InfoController {
   void EditInfo();
   /// While it is asked what is wanted; else null.
   EditInfoSheet* Sheet() const;
-  /// What was read of the photos that are asked about.
-  Jobs& Reading() { return reading_; }
 
  private:
   void Ask(const std::vector<FolderItem>& files);

@@ -66,7 +66,6 @@ class FileInfo {
   const FolderItem& Target() const { return target_; }
   const PhotoFacts& Facts() const { return facts_; }
   MetadataDraft& Draft() { return *draft_; }
-  const ImageMetaData& Data() const { return data_; }
   /// What is shown, in order, with the edits.
   std::vector<MetadataSection> Sections(bool hideUnknown) const;
   /// It would be written, if it were not locked.

@@ -23,6 +23,13 @@ std::shared_ptr<FileInfo> ReadApart(const FolderItem& file, const Jobs::Control&
   return done ? *info : nullptr;
 }
 
+/// What a file says in a field, as the sheet shows it.
+std::vector<std::string> SaidIn(FileInfo& info, MetadataField field) {
+  if (field != kPosition) return info.Draft().Texts(field);
+  const auto where = info.Facts().Where;
+  return where ? std::vector{TextOf(*where)} : std::vector<std::string>();
+}
+
 bool Apply(const ManyInfos::Order& order, MetadataDraft& draft) {
   bool done = true;
   for (const ManyInfos::Field& field : order.Fields) {
@@ -49,8 +56,8 @@ bool Apply(const ManyInfos::Order& order, MetadataDraft& draft) {
 }  // namespace
 
 const std::vector<MetadataField>& ManyInfos::Offered() {
-  static const std::vector<MetadataField> kOffered{kTitle,  kDescription, kCreator, kCopyright,
-                                                   kRating, kCity,        kState,   kCountry};
+  static const std::vector<MetadataField> kOffered{
+      kTitle, kDescription, kCreator, kCopyright, kRating, kCity, kState, kCountry, kPosition};
   return kOffered;
 }
 
@@ -65,15 +72,12 @@ std::optional<ManyInfos::Common> ManyInfos::Read(const std::vector<FolderItem>& 
     if (info->KeptIn() == FileInfo::Keeps::kNowhere) continue;
     common.Photos.push_back(files[i]);
     if (info->KeptIn() == FileInfo::Keeps::kBeside) ++common.Beside;
-    const MetadataDraft& draft = info->Draft();
-    std::vector<std::string> words = draft.Texts(kKeywords);
+    std::vector<std::string> words = info->Draft().Texts(kKeywords);
     if (first) {
       common.Words = std::move(words);
-      for (const MetadataField field : Offered())
-        common.Said.emplace_back(field, draft.Texts(field));
-      const auto where = info->Facts().Where;
-      common.Said.emplace_back(kPosition,
-                               where ? std::vector{TextOf(*where)} : std::vector<std::string>());
+      for (const MetadataField field : Offered()) {
+        common.Said.emplace_back(field, SaidIn(*info, field));
+      }
       common.FirstTaken = info->Facts().Taken;
       first = false;
       continue;
@@ -82,12 +86,7 @@ std::optional<ManyInfos::Common> ManyInfos::Read(const std::vector<FolderItem>& 
       return std::ranges::find(words, word) == words.end();
     });
     for (auto& [field, texts] : common.Said) {
-      std::vector<std::string> said = draft.Texts(field);
-      if (field == kPosition) {
-        const auto where = info->Facts().Where;
-        said = where ? std::vector{TextOf(*where)} : std::vector<std::string>();
-      }
-      if (said == texts) continue;
+      if (SaidIn(*info, field) == texts) continue;
       texts.clear();
       if (std::ranges::find(common.Differing, field) == common.Differing.end()) {
         common.Differing.push_back(field);
