@@ -106,7 +106,9 @@ bool App::Open(bool openingScreen) {
   if (!SendViaEmail) SendViaEmail = brivolant::SendViaEmail;
   MakeDesk();
   window_ = std::make_unique<MainWindow>(*this);
-  info_ = std::make_unique<InfoWindows>(*desk_, NewFilePreviewer(), *window_);
+  info_ = std::make_unique<InfoWindows>(
+      *desk_, NewFilePreviewer(), *window_,
+      DataFolder().Child("brivolant-photos").Child("Unsaved Information"));
   info_->Written = [this](const FolderItem& file) {
     DiskThreads::Run(file, [file, facts = window_->imageBrowser->Facts] { (void)facts->Of(file); });
     window_->imageBrowser->ReloadCurrentView();
@@ -148,6 +150,9 @@ void App::MakeDesk() {
       [this] { return myComputer(); }, [this](bool open) { QuickLookOpen = open; },
       [this](const std::vector<FolderItem>& files) {
         if (info_) info_->Show(files);
+      },
+      [this](const FileMoves& moves) {
+        if (info_) info_->Follow(moves);
       }});
 }
 
@@ -191,6 +196,7 @@ void App::KeepEdits() {
   if (!window_) return;
   window_->Session().Settling();
   window_->Session().KeepEditsNow();
+  if (info_) info_->KeepUnsaved();
 }
 
 void App::KeepForNextStart() {
@@ -394,6 +400,7 @@ void App::ReadPhotoLibrary() {
 }
 
 bool App::OfferRecovery() {
+  if (info_) info_->BringBack();
   // One document is open at a time: what is not brought back now is offered at the next start.
   for (const RecoveredEdits& left : recovery_->Left()) {
     // What arrives meanwhile must not come between.

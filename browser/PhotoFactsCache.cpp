@@ -13,6 +13,7 @@
 
 #include "browser/SearchText.h"
 #include "files/FolderitemExtensions.h"
+#include "formats/BrivolantDocument.h"
 #include "metadata/ImageMetaData.h"
 #include "metadata/PhotoFacts.h"
 #include "metadata/Sidecar.h"
@@ -22,7 +23,7 @@ namespace brivolant {
 namespace {
 
 /// Raised when what is kept becomes another.
-constexpr int kVersion = 2;
+constexpr int kVersion = 3;
 /// Milliseconds that another start of the program may hold the database.
 constexpr int kPatience = 2000;
 /// Said by photos that tell no moment.
@@ -192,11 +193,17 @@ PhotoFactsCache::Stamp PhotoFactsCache::StampOf(std::string path) {
 std::optional<PhotoFactsCache::Facts> PhotoFactsCache::Read(const FolderItem& photo) {
   ++reads_;
   ImageMetaData data;
-  data.ReadFile(photo);
+  const bool document = photo.Directory();
+  data.ReadFile(document ? BrivolantDocument::OriginalIn(photo) : photo);
   // One that could not be opened may be, later.
   constexpr int kNotOpened = 0;
   if (data.ErrorID == kNotOpened) return {};
-  Sidecar::ReadInto(data);
+  if (document) {
+    const std::string packet = Sidecar::Read(photo.Child(BrivolantDocument::kMetadataName));
+    if (!packet.empty()) Sidecar::MergeInto(data, packet, true);
+  } else {
+    Sidecar::ReadInto(data);
+  }
   const PhotoFacts told = PhotoFacts::Of(data);
   Facts facts;
   facts.Taken = kNoMoment;

@@ -13,6 +13,7 @@
 #include "metadata/MetadataCopy.h"
 #include "metadata/MetadataFields.h"
 #include "metadata/MetadataWriter.h"
+#include "metadata/Sidecar.h"
 #include "platform/codecs/ImageCodecs.h"
 #include "platform/values/Numbers.h"
 #include "platform/values/Text.h"
@@ -267,6 +268,8 @@ int WriteMetadata(const MetadataOptions& options) {
       if (!options.strip.empty()) {
         error = MetadataWriter::Write(file, options.strip == "all" ? MetadataWriter::Strip::kAll
                                                                    : MetadataWriter::Strip::kPlace);
+        // What is kept beside the photo goes along into every copy.
+        if (error.empty() && options.strip == "gps") error = Sidecar::StripPlace(file);
       }
       if (error.empty() && !options.from.empty()) error = CopyInto(file, FolderItem(options.from));
       if (error.empty() && !fields.empty()) error = SetFields(file, fields);

@@ -98,11 +98,12 @@ bool RenderFile(const FolderItem& input, const FolderItem& output, const EditOpt
   }
   const bool saved = file.SaveUnderThisName();
   error = file.LastError;
-  if (saved &&
-      !CarryMetadata(document.OriginalSource(), output, file.FileType, options.metadata,
-                     file.FirstImage()->Picture(), worker.services.UserDetails.CreatedWith(),
-                     document.MetadataPacket())) {
-    PrintError(texts::Of(kDataLeftBehind, output.DisplayName()));
+  if (saved) {
+    const std::string left =
+        CarryMetadata({document.OriginalSource(), document.MetadataPacket(), options.metadata,
+                       worker.services.UserDetails.CreatedWith()},
+                      file.FirstImage()->Picture(), output, file.FileType, output.DisplayName());
+    if (!left.empty()) PrintError(left);
   }
   times.encode = Since(clock);
   return saved;

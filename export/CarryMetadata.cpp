@@ -6,24 +6,29 @@
 
 namespace brivolant {
 
-bool CarryMetadata(const FolderItem& photo, const FolderItem& file, std::string_view type,
-                   MetadataCopy::Rule rule, const Picture& picture, const std::string& software,
-                   const std::string& packet) {
+std::string CarryMetadata(const Carried& carried, const Picture& picture, const FolderItem& file,
+                          std::string_view type, const std::string& named) {
   // What Exif's own small pictures are.
   constexpr int kLongest = 160;
-  if (rule == MetadataCopy::Rule::kNone || !MetadataCopy::Takes(type)) return true;
+  if (carried.Rule == MetadataCopy::Rule::kNone) return {};
+  const MetadataCopy copy(carried.Photo, carried.Rule, carried.Packet);
+  const auto told = [&](const LocalizedText& text) {
+    return WithPlaceholders(text.Text(), {{"<filename>", named}});
+  };
+  if (!MetadataCopy::Takes(type)) return copy.Tells() ? told(kNoPlaceForData) : std::string();
   MetadataCopy::Facts facts;
   facts.Width = picture.Width();
   facts.Height = picture.Height();
-  facts.Software = software;
+  facts.Software = carried.Software;
+  facts.Creator = carried.Creator;
+  facts.Copyright = carried.Copyright;
   if (type == "public.jpeg" && (picture.Width() > kLongest || picture.Height() > kLongest)) {
     facts.Thumbnail = EncodeJpegBytes({SharedPictureEffects::Scale(
         picture, kLongest, kLongest, SharedPictureEffects::kScaleToFit)});
   }
-  const MetadataCopy copy(photo, rule, packet);
   // One whose data nobody here can read leaves it behind.
-  const bool told = photo.IsNil() || copy.Good();
-  return copy.Into(file, facts).empty() && told;
+  const bool read = carried.Photo.IsNil() || copy.Good();
+  return copy.Into(file, facts).empty() && read ? std::string() : told(kDataLeftBehind);
 }
 
 }  // namespace brivolant

@@ -46,12 +46,12 @@ Outcome Run(const Job& job, const Services& services, const std::function<bool(d
   const std::array<EncodeImage, 1> images{{{result, job.Quality}}};
   error = EncodeImageFile(working, job.Type, images);
   if (!error.empty()) return Outcome::kFailed;
-  const bool carried = CarryMetadata(job.Photo, working, job.Type, job.Metadata, result,
-                                     services.UserDetails.CreatedWith(), job.Packet);
+  Carried carried = job.Data;
+  carried.Software = services.UserDetails.CreatedWith();
+  const std::string left =
+      CarryMetadata(carried, result, working, job.Type, job.File.DisplayName());
   const auto lacks = [&] {
-    if (!carried) {
-      error = WithPlaceholders(kDataLeftBehind.Text(), {{"<filename>", job.File.DisplayName()}});
-    }
+    error = left;
     for (const std::string& warning : processor.Warnings()) {
       error += (error.empty() ? "" : " ") + warning;
     }

@@ -4,8 +4,8 @@
 #include <functional>
 #include <string>
 
+#include "export/CarryMetadata.h"
 #include "formats/PastedFiles.h"
-#include "metadata/MetadataCopy.h"
 #include "platform/files/FolderItem.h"
 #include "platform/pictures/Picture.h"
 #include "platform/services/Services.h"
@@ -29,11 +29,8 @@ struct Job {
   std::string Type;
   /// 0 to 1.
   double Quality = 0.75;
-  /// The photo whose data goes along; nil for none.
-  FolderItem Photo{};
-  /// What its owner says of it in the document.
-  std::string Packet{};
-  MetadataCopy::Rule Metadata = MetadataCopy::Rule::kAll;
+  /// What goes along. Copies that are handed on can be stamped with their maker.
+  Carried Data{};
 };
 
 enum class Outcome { kDone, kCancelled, kFailed };

@@ -106,6 +106,12 @@ bool AddState(const fs::path& path, const std::string& name, const std::function
   return true;
 }
 
+FolderItem NumberedPlace(const FolderItem& folder, const FolderItem& file, int number) {
+  const std::string extension = FolderitemExtensions::FileExtension(file);
+  return folder.Child(NumberedName(FolderitemExtensions::FileNameWithoutExtension(file), number,
+                                   extension.empty() ? "" : "." + extension));
+}
+
 /// One part of a file; gives the number of bytes, 0 at its end, less than 0 after an error.
 ssize_t CopyPart(int from, int to, std::vector<char>& buffer) {
   if (buffer.empty()) {
@@ -132,11 +138,7 @@ ssize_t CopyPart(int from, int to, std::vector<char>& buffer) {
 
 FolderItem FileCopier::FreeName(const FolderItem& folder, const FolderItem& file) {
   FolderItem target = folder.Child(file.Name());
-  const std::string base = FolderitemExtensions::FileNameWithoutExtension(file);
-  const std::string extension = FolderitemExtensions::FileExtension(file);
-  for (int n = 1; EntryExists(target); ++n) {
-    target = folder.Child(NumberedName(base, n, extension.empty() ? "" : "." + extension));
-  }
+  for (int n = 1; EntryExists(target); ++n) target = NumberedPlace(folder, file, n);
   return target;
 }
 
@@ -186,13 +188,27 @@ void FileCopier::WriteOut(const FolderItem& folder) {
   }
 }
 
+FolderItem FileCopier::CompanionOf(const FolderItem& file) const {
+  return companions_.Of ? companions_.Of(file) : FolderItem();
+}
+
 void FileCopier::CopyInto(const std::vector<FolderItem>& files, const FolderItem& folder) {
+  // What goes along with another goes once.
+  std::vector<FolderItem> along;
   for (const FolderItem& file : files) {
+    if (const FolderItem companion = CompanionOf(file)) along.push_back(companion);
+  }
+  std::vector<FolderItem> wanted;
+  for (const FolderItem& file : files) {
+    if (std::find(along.begin(), along.end(), file) == along.end()) wanted.push_back(file);
+  }
+  along.insert(along.end(), wanted.begin(), wanted.end());
+  for (const FolderItem& file : along) {
     if (!AddCost(file.Path())) return;
   }
   {
     const GrowingFolder growing(folder.Child("copies"));
-    for (const FolderItem& file : files) {
+    for (const FolderItem& file : wanted) {
       const std::error_code error = growing.Folder()
                                         ? CopyOne(file, growing.Folder(), folder)
                                         : std::make_error_code(std::errc::permission_denied);
@@ -205,37 +221,59 @@ void FileCopier::CopyInto(const std::vector<FolderItem>& files, const FolderItem
   if (!made_.empty()) WriteOut(folder);
 }
 
-std::error_code FileCopier::CopyOne(const FolderItem& file, const FolderItem& working,
-                                    const FolderItem& folder) {
+std::error_code FileCopier::Grow(const FolderItem& file, const FolderItem& grown,
+                                 std::string& state) {
   root_ = WithoutLinks(file.Path());
-  std::error_code error;
-  if (!file.Alias() && Inside(fs::canonical(folder.Path(), error), root_)) {
-    return std::make_error_code(std::errc::invalid_argument);
-  }
-  const FolderItem grown = working.Child(file.Name());
-  error = CopyEntry(file.Path(), grown.Path());
+  if (const std::error_code error = CopyEntry(file.Path(), grown.Path())) return error;
   // Going through a folder may take its time. Its own dates are no part of its state, so that it is
   // the same when it has its name.
-  std::string state;
-  const bool whole = !error && !grown.Alias() && grown.Directory();
-  if (whole) {
-    state = StateOf(grown, [this] { return Tell(0); });
-    if (state.empty()) error = std::make_error_code(std::errc::operation_canceled);
+  if (grown.Alias() || !grown.Directory()) return {};
+  state = StateOf(grown, [this] { return Tell(0); });
+  return state.empty() ? std::make_error_code(std::errc::operation_canceled) : std::error_code();
+}
+
+std::error_code FileCopier::CopyOne(const FolderItem& file, const FolderItem& working,
+                                    const FolderItem& folder) {
+  std::error_code error;
+  const fs::path root = WithoutLinks(file.Path());
+  if (!file.Alias() && Inside(fs::canonical(folder.Path(), error), root)) {
+    return std::make_error_code(std::errc::invalid_argument);
   }
+  const FolderItem companion = CompanionOf(file);
+  const FolderItem grown = working.Child(file.Name());
+  const FolderItem grownToo = companion ? working.Child(companion.Name()) : FolderItem();
+  std::string state;
+  std::string stateToo;
+  error = Grow(file, grown, state);
+  if (!error && companion) error = Grow(companion, grownToo, stateToo);
   FolderItem target;
+  FolderItem targetToo;
   while (!error) {
+    // A name that both can have.
     target = FreeName(folder, file);
-    error = MoveExclusively(grown, target);
-    if (!error) break;
+    for (int n = 1; companion; ++n) {
+      targetToo = companions_.Place(companion, file, target);
+      if (!EntryExists(target) && !EntryExists(targetToo)) break;
+      target = NumberedPlace(folder, file, n);
+    }
+    // What follows goes first: a photo never stands there without it.
+    if (companion) error = MoveExclusively(grownToo, targetToo);
+    if (!error) {
+      error = MoveExclusively(grown, target);
+      if (!error) break;
+      if (companion && MoveExclusively(targetToo, grownToo)) break;
+    }
     // Somebody took the name meanwhile: the next one.
     if (error == std::errc::file_exists) error.clear();
   }
   if (error) {
     std::error_code ignored;
     fs::remove_all(grown.Path(), ignored);
+    if (companion) fs::remove_all(grownToo.Path(), ignored);
     return error;
   }
-  made_.push_back({target, whole ? std::move(state) : StateOf(target)});
+  made_.push_back({target, state.empty() ? StateOf(target) : std::move(state)});
+  if (companion) made_.push_back({targetToo, StateOf(targetToo)});
   return {};
 }
 

@@ -24,8 +24,18 @@ class FileCopier {
     std::string State;
   };
 
+  /// A file that goes where another goes, under a name that follows the other's.
+  struct Companions {
+    /// Nil for none.
+    std::function<FolderItem(const FolderItem& file)> Of;
+    std::function<FolderItem(const FolderItem& companion, const FolderItem& file,
+                             const FolderItem& copy)>
+        Place;
+  };
+
   /// `goOn` gets the part that is done, 0 to 1; false ends the copying.
-  explicit FileCopier(std::function<bool(double done)> goOn) : goOn_(std::move(goOn)) {}
+  explicit FileCopier(std::function<bool(double done)> goOn, Companions companions = {})
+      : goOn_(std::move(goOn)), companions_(std::move(companions)) {}
 
   /// Whole copies alone stay, also when it is ended. One that fails stops no other, but for a disk
   /// that is full.
@@ -44,6 +54,9 @@ class FileCopier {
   using Path = std::filesystem::path;
   std::error_code CopyOne(const FolderItem& file, const FolderItem& working,
                           const FolderItem& folder);
+  /// Grows a copy beside its place; `state` is what it then looks like.
+  std::error_code Grow(const FolderItem& file, const FolderItem& grown, std::string& state);
+  FolderItem CompanionOf(const FolderItem& file) const;
   std::error_code CopyEntry(const Path& from, const Path& to);
   std::error_code CopyFile(const Path& from, const Path& to);
   std::error_code CopyLink(const Path& from, const Path& to) const;
@@ -54,6 +67,7 @@ class FileCopier {
   void WriteOut(const FolderItem& folder);
 
   std::function<bool(double)> goOn_;
+  Companions companions_;
   std::vector<Copy> made_;
   std::vector<FolderItem> failed_;
   /// What is copied at present, without links in its path.

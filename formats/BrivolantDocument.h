@@ -70,6 +70,8 @@ class BrivolantDocument {
   void Relocate(const FolderItem& from, const FolderItem& to);
   /// True if a file or package is of the documents' kind, by its extension or its type code.
   static bool IsDocument(const FolderItem& file);
+  /// The original within a package, without opening it; nil if there is none.
+  static FolderItem OriginalIn(const FolderItem& package);
   /// The name that Save gives to a package.
   static FolderItem PackageFor(const FolderItem& file);
 

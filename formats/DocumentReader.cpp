@@ -83,6 +83,25 @@ bool BrivolantDocument::LoadPackage(const FolderItem& file) {
   return true;
 }
 
+FolderItem BrivolantDocument::OriginalIn(const FolderItem& package) {
+  constexpr std::uint64_t kMost = std::uint64_t{1} << 26;
+  const auto bytes = ReadFile(package.Child(kSettingsName), kMost);
+  if (!bytes) return {};
+  BinaryStream stream(*bytes);
+  stream.LittleEndian = true;
+  (void)stream.ReadUInt16();
+  const std::uint32_t size = stream.ReadUInt32();
+  IFFData data;
+  if (!data.Data(stream.ReadUpTo(size))) return {};
+  for (int i = 0; i < data.Count(); ++i) {
+    if (data.ID(i) != kItemOriginalImageID) continue;
+    const std::string name = data.Value(i).ToText();
+    const FolderItem original = IsPlainName(name) ? package.Child(name) : FolderItem();
+    return original.Exists() ? original : FolderItem();
+  }
+  return {};
+}
+
 bool BrivolantDocument::LoadOneFile(const FolderItem& file) {
   constexpr std::uint64_t kTrailer = 12;
   constexpr std::uint64_t kLongestBody = std::uint64_t{1} << 30;

@@ -96,7 +96,7 @@ std::string ExposureText(const TagValue& value) {
 // TIFF.
 
 std::string TIFFDataObject::handleStringValue(const std::string& tag, const TagValue& value) const {
-  const int number = static_cast<int>(NumberOf(value));
+  const int number = WholeNumberOf(value);
   if (tag == "02BC") return "True";
   if (tag == "4747" || tag.starts_with("9C9")) {
     if (!BytesOf(value).empty()) return UTF16Text(BytesOf(value), true);
@@ -129,7 +129,7 @@ std::string EXIFDataObject::handleStringValue(const std::string& tag, const TagV
   }
   if (tag == "9101") return OrUnknown(ComponentsText(value), value);
   if (tag == "9286") return OrUnknown(CommentText(value), value);
-  const int number = static_cast<int>(NumberOf(value));
+  const int number = WholeNumberOf(value);
   if (tag == "9209") return OrUnknown(FlashText(number), value);
   if (tag == "9206") return PlainStringValue(tag, value) + " meters";
   if (tag == "920A") return PlainStringValue(tag, value) + " mm";

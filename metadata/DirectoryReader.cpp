@@ -184,11 +184,13 @@ bool ImageMetaData::TakeLink(MetadataStream& stream, Block block, const std::str
                              std::uint64_t bytes,
                              std::vector<std::pair<Block, std::uint64_t>>& links) {
   const auto link = [&](Block to) {
-    if (to == block || values.empty()) {
+    constexpr double kMost = 4294967295.0;
+    const double place = values.empty() ? 0 : NumberOf(values.front());
+    if (to == block || !(place > 0 && place <= kMost)) {
       AppendToStringResult("A directory leads to itself.");
     } else if (block != kThumbnailBlock) {
       // What a thumbnail leads to is not the picture's.
-      links.emplace_back(to, static_cast<std::uint64_t>(NumberOf(values.front())));
+      links.emplace_back(to, static_cast<std::uint64_t>(place));
     }
     return true;
   };

@@ -191,7 +191,9 @@ bool DirectoryEditor::TakeOut(const Range& range) {
 void DirectoryEditor::Reclaim() {
   // More than an edit leaves behind may be somebody's after all.
   constexpr std::uint64_t kMostZeros = 1024;
-  while (stream_ != nullptr && allKnown_) {
+  // No edit leaves more behind; a hostile structure has tens of thousands.
+  constexpr int kMostTaken = 1000;
+  for (int taken = 0; stream_ != nullptr && allKnown_ && taken < kMostTaken; ++taken) {
     const auto end = [](const Range& range) { return range.at + range.length; };
     const auto last = std::ranges::max_element(known_, {}, end);
     if (last == known_.end() || end(*last) > length_ || length_ - end(*last) > kMostZeros) return;

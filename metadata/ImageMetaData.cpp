@@ -88,6 +88,7 @@ void ImageMetaData::ReadFile(const FolderItem& file, bool stopAfterTIFF) {
   if (XMP.empty() && TIFFData && TIFFData->hasKey("02BC")) {
     XMP = std::string(BytesOf(TIFFData->Value("02BC", 1)));
   }
+  XMP = further_.Joined(XMP);
   if (!stopAfterTIFF) ProcessXMPData();
 }
 
@@ -144,7 +145,7 @@ void ImageMetaData::ReadJPEG(MetadataStream& stream, bool stopAfterTIFF) {
         DCT->fromRawData(stream.Read(payload));
         break;
       case 0xFE:
-        JPEGComment = PlainText(stream.Read(payload));
+        JPEGComment = JpegCommentText(stream.Read(payload));
         break;
       default:
         if (marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 &&
@@ -169,6 +170,12 @@ void ImageMetaData::ReadAPP1(MetadataStream& stream, std::uint64_t length) {
     TIFFHeaderOffSet = begin + kExifMark.size();
   } else if (head == kXmpMark && XMP.empty()) {
     XMP = stream.Read(length - kXmpMark.size());
+  } else if (head == kXmpFurtherMark.substr(0, head.size())) {
+    stream.Position(begin);
+    const std::string bytes = stream.Read(length);
+    if (bytes.starts_with(kXmpFurtherMark)) {
+      further_.Take(std::string_view(bytes).substr(kXmpFurtherMark.size()));
+    }
   }
 }
 
@@ -337,9 +344,16 @@ void ImageMetaData::Summarize() {
   };
   const bool reduced = SubIFD && number(*TIFFData, "00FE") == 1 && number(*SubIFD, "00FE") == 0;
   const TIFFDataObject& block = reduced ? *SubIFD : *TIFFData;
-  ImageSummary->Width = static_cast<std::uint32_t>(number(block, "0100"));
-  ImageSummary->Height = static_cast<std::uint32_t>(number(block, "0101"));
-  ImageSummary->Depth = static_cast<int>(number(block, "0102"));
+  // Files tell what they like, as numbers of any type.
+  const auto whole = [&](const char* tag, double most) {
+    const double told = number(block, tag);
+    return told > 0 ? std::min(told, most) : 0;
+  };
+  constexpr double kMostPixels = 4294967295.0;
+  constexpr double kMostBits = 65535;
+  ImageSummary->Width = static_cast<std::uint32_t>(whole("0100", kMostPixels));
+  ImageSummary->Height = static_cast<std::uint32_t>(whole("0101", kMostPixels));
+  ImageSummary->Depth = static_cast<int>(whole("0102", kMostBits));
   const double resolution = number(block, "011A");
   // What this kind of resolution has always been multiplied with here; prints use 2.54.
   constexpr double kCentimetre = 2.45;

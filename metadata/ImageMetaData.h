@@ -10,6 +10,7 @@
 
 #include "metadata/MetadataBlocks.h"
 #include "metadata/MetadataChange.h"
+#include "metadata/XMPExtension.h"
 #include "platform/files/FolderItem.h"
 #include "platform/values/Text.h"
 
@@ -107,7 +108,7 @@ class ImageMetaData {
   std::unique_ptr<PhotoshopDataObject> Photoshop;
   std::unique_ptr<ColorProfileObject> ColorProfile;
   std::unique_ptr<DCTProfileObject> DCT;
-  /// The packet as it stands in the file.
+  /// The packet as it stands in the file, with what of it stands in further segments of a JPEG.
   std::string XMP;
   /// Properties, by their usual names, that the owner says beside a file that is never written:
   /// newer than what the file says. One that is empty was taken out.
@@ -163,6 +164,10 @@ class ImageMetaData {
   /// Parts of a profile by their number, and of Photoshop's resources in order.
   std::vector<std::pair<int, std::string>> profileParts_;
   std::string resources_;
+  XMPExtension further_;
 };
+
+/// A packet that says too what records of IPTC alone say, for files that have no place for these.
+std::string WithRecords(const std::string& packet, const IPTCDataObject& records);
 
 }  // namespace brivolant

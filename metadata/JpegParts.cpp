@@ -7,6 +7,7 @@
 #include "metadata/BigEndian.h"
 #include "metadata/JpegMarks.h"
 #include "metadata/TagValue.h"
+#include "metadata/XMPExtension.h"
 #include "platform/values/Text.h"
 
 namespace brivolant {
@@ -37,7 +38,7 @@ std::string Segments(int marker, std::string_view mark, std::string_view bytes) 
 }  // namespace
 
 JpegParts::JpegParts(MetadataStream& stream) : MetadataParts(stream) {
-  constexpr std::size_t kHead = 32;
+  constexpr std::size_t kHead = 40;
   stream.Position(2);
   while (true) {
     Part segment;
@@ -82,7 +83,8 @@ JpegParts::Kind JpegParts::KindOf(int marker, std::string_view head) {
     xmpThere_ = true;
     return Kind::kXmp;
   }
-  // Second ones, and what of a packet did not fit into the first.
+  if (marker == 0xE1 && head.starts_with(kXmpFurtherMark)) return Kind::kXmpFurther;
+  // Second ones.
   if (marker == 0xE1 && (head.starts_with("http://ns.adobe.com/x") ||
                          EqualIgnoringCase(head.substr(0, 4), kExifMark.substr(0, 4)))) {
     return Kind::kFurther;
@@ -102,6 +104,7 @@ std::string JpegParts::PayloadOf(const Part& part, std::size_t skipped) {
 
 void JpegParts::ReadBlocks() {
   std::string resources;
+  XMPExtension further;
   for (const Part& part : segments_) {
     if (part.Is == Kind::kExif) {
       structure_ = PayloadOf(part, kExifMark.size());
@@ -110,11 +113,15 @@ void JpegParts::ReadBlocks() {
       good_ = good_ && tiff_->Good();
     } else if (part.Is == Kind::kXmp) {
       xmp_ = PayloadOf(part, kXmpMark.size());
+    } else if (part.Is == Kind::kXmpFurther && part.Length > kXmpFurtherMark.size()) {
+      further.Take(PayloadOf(part, kXmpFurtherMark.size()));
     } else if (part.Is == Kind::kPhotoshop) {
       resources += PayloadOf(part, kPhotoshopMark.size());
     }
   }
   resources_ = ImageResources(resources);
+  xmp_ = further.Joined(xmp_);
+  xmpJoined_ = further.Whole();
 }
 
 bool JpegParts::ApplyToComment(const MetadataChange& change) {
@@ -151,7 +158,7 @@ bool JpegParts::StripAll() {
 std::string JpegParts::Comment() {
   std::string comment;
   for (const Part& part : segments_) {
-    if (part.Is == Kind::kComment) comment = PlainText(PayloadOf(part, 0));
+    if (part.Is == Kind::kComment) comment = JpegCommentText(PayloadOf(part, 0));
   }
   return comment;
 }
@@ -191,8 +198,17 @@ std::string JpegParts::NewOf(Kind kind) {
       const std::string bytes = Structure(newStructure_ ? std::string() : structure_);
       return Segment(0xE1, std::string(kExifMark) + bytes);
     }
-    case Kind::kXmp:
-      return xmp_.empty() ? std::string() : Segment(0xE1, std::string(kXmpMark) + xmp_);
+    case Kind::kXmp: {
+      if (xmp_.empty()) return {};
+      // What goes on elsewhere, and is not understood, stays, and so does the name of it.
+      const bool fits = kXmpMark.size() + xmp_.size() <= kMostPayload;
+      if (fits && !xmpJoined_) return Segment(0xE1, std::string(kXmpMark) + xmp_);
+      const auto parts = XMPExtension::Split(xmp_, kMostPayload - kXmpMark.size());
+      if (!parts) return {};
+      std::string segments = Segment(0xE1, std::string(kXmpMark) + parts->Packet);
+      for (const std::string& payload : parts->Further) segments += Segment(0xE1, payload);
+      return segments;
+    }
     case Kind::kPhotoshop:
       return Segments(0xED, kPhotoshopMark, resources_.Bytes());
     case Kind::kComment:
@@ -212,6 +228,8 @@ bool JpegParts::Changed(Kind kind) const {
       return resourcesChanged_ || stripped_;
     case Kind::kComment:
       return comment_.has_value() || stripped_;
+    case Kind::kXmpFurther:
+      return stripped_ || (xmpJoined_ ? xmpChanged_ : placeStripped_);
     case Kind::kFurther:
       return stripped_ || placeStripped_;
     default:
@@ -227,7 +245,9 @@ std::optional<FilePlan> JpegParts::Plan() {
   for (const Kind kind : {Kind::kExif, Kind::kXmp, Kind::kPhotoshop, Kind::kComment}) {
     if (!Changed(kind)) continue;
     fresh[kind] = NewOf(kind);
-    if (kind != Kind::kPhotoshop && fresh[kind].size() > kMostPayload + 4) return std::nullopt;
+    const bool several = kind == Kind::kPhotoshop || kind == Kind::kXmp;
+    if (!several && fresh[kind].size() > kMostPayload + 4) return std::nullopt;
+    if (kind == Kind::kXmp && !xmp_.empty() && fresh[kind].empty()) return std::nullopt;
   }
   // What changes stands where the first of its kind stood, of comments the last, which is the one
   // that is shown.

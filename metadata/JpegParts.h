@@ -42,6 +42,7 @@ class JpegParts final : public MetadataParts {
     kMpf,
     kProfile,
     kAdobe,
+    kXmpFurther,
     kFurther,
     kOtherApp,
     kPicture
@@ -69,6 +70,8 @@ class JpegParts final : public MetadataParts {
   bool placeStripped_ = false;
   bool exif_ = false;
   bool xmpThere_ = false;
+  /// The packet goes on in further segments, which are written with it.
+  bool xmpJoined_ = false;
   std::vector<Part> segments_;
   /// Where the first scan begins.
   std::uint64_t rest_ = 0;

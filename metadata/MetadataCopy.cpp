@@ -164,8 +164,17 @@ bool MetadataCopy::Good() const {
   return mark == "\x89PNG" || mark == "GIF8" || mark.starts_with("BM");
 }
 
+bool MetadataCopy::Tells() const {
+  const ImageMetaData& told = photo_->told;
+  return !photo_->XMP().empty() || told.IPTCData || told.GPSData || told.ExifData ||
+         !told.JPEGComment.empty() ||
+         (told.TIFFData && (told.TIFFData->hasKey("010F") || told.TIFFData->hasKey("010E")));
+}
+
 bool MetadataCopy::Takes(std::string_view type) {
-  return type == "public.jpeg" || type == "public.tiff" || type == "com.adobe.photoshop-image";
+  constexpr std::array<std::string_view, 5> kTypes{"public.jpeg", "public.tiff", "public.png",
+                                                   "public.jpeg-2000", "com.adobe.photoshop-image"};
+  return std::ranges::find(kTypes, type) != kTypes.end();
 }
 
 namespace {
@@ -231,13 +240,34 @@ std::unique_ptr<DirectoryEditor> Structure(const DirectoryEditor* held, Metadata
 /// The packet without what describes the photo's own pixels.
 std::string Packet(std::string packet, MetadataCopy::Rule rule, const MetadataCopy::Facts& facts) {
   if (packet.empty()) return {};
-  std::vector<std::string_view> gone{
-      "ImageWidth",      "ImageLength",     "BitsPerSample",       "Compression",
-      "Photometric",     "SamplesPerPixel", "PlanarConfiguration", "PixelXDimension",
-      "PixelYDimension", "Thumbnails",      "HasExtendedXMP",      "MotionPhoto",
-      "MicroVideo",      "Regions",         "CFAPattern",          "XResolution",
-      "YResolution",     "ResolutionUnit",  "ICCProfile",          "ColorSpace",
-      "GPano:",          "hdrgm:",          "Container:",          "crs:"};
+  std::vector<std::string_view> gone{"ImageWidth",
+                                     "ImageLength",
+                                     "BitsPerSample",
+                                     "Compression",
+                                     "Photometric",
+                                     "SamplesPerPixel",
+                                     "PlanarConfiguration",
+                                     "PixelXDimension",
+                                     "PixelYDimension",
+                                     "Thumbnails",
+                                     "HasExtendedXMP",
+                                     "MotionPhoto",
+                                     "MicroVideo",
+                                     "Regions",
+                                     "CFAPattern",
+                                     "XResolution",
+                                     "YResolution",
+                                     "ResolutionUnit",
+                                     "ICCProfile",
+                                     "ColorSpace",
+                                     "GPano:",
+                                     "hdrgm:",
+                                     "Container:",
+                                     "crs:",
+                                     "GImage:",
+                                     "GDepth:",
+                                     "GAudio:",
+                                     "HDRGainMap:"};
   if (rule == MetadataCopy::Rule::kWithoutPlace) {
     gone.insert(gone.end(), MetadataParts::kPlaces.begin(), MetadataParts::kPlaces.end());
   }
@@ -276,24 +306,24 @@ std::string Records(const std::string& bytes, MetadataCopy::Rule rule,
 
 std::string MetadataCopy::Into(const FolderItem& file, const Facts& facts) const {
   if (rule_ == Rule::kNone) return {};
+  const std::string tooLong =
+      WithPlaceholders(MetadataWriter::kTooLong.Text(), {{"<filename>", file.DisplayName()}});
   const auto write = [&](const Facts& said, bool note, bool packet) {
     CarriedData data;
     data.Tiff = Structure(photo_->tiff, rule_, said, note);
-    if (!data.Tiff) {
-      return WithPlaceholders(MetadataWriter::kTooLong.Text(),
-                              {{"<filename>", file.DisplayName()}});
-    }
+    if (!data.Tiff) return tooLong;
     if (packet) data.XMP = Packet(photo_->XMP(), rule_, said);
     data.IPTC = Records(photo_->IPTC(), rule_, said);
     if (photo_->parts) data.Comment = photo_->parts->Comment();
     return MetadataWriter::Take(file, std::move(data), photo_->Said(rule_));
   };
-  if (write(facts, true, true).empty()) return {};
+  std::string why = write(facts, true, true);
+  if (why != tooLong) return why;
   // The rest may fit where a maker's note, a small picture and a long packet do not.
   Facts less = facts;
   less.Thumbnail.clear();
-  if (write(less, false, true).empty()) return {};
-  return write(less, false, false);
+  why = write(less, false, true);
+  return why == tooLong ? write(less, false, false) : why;
 }
 
 }  // namespace brivolant

@@ -48,8 +48,11 @@ class MetadataCopy {
   /// There was something to read. Pictures of formats that tell nothing here count as well, as long
   /// as they usually have nothing to tell.
   bool Good() const;
-  /// Writes it into a JPEG, a TIFF or a Photoshop file; what the photo does not tell stays. Empty
-  /// if it is done, or else one sentence that names the file, which is then as it was.
+  /// The photo says more than how its pixels are shown.
+  bool Tells() const;
+  /// Writes it into a JPEG, a TIFF, a PNG, a JPEG 2000 or a Photoshop file; what the photo does not
+  /// tell stays. Empty if it is done, or else one sentence that names the file, which is then as it
+  /// was.
   [[nodiscard]] std::string Into(const FolderItem& file, const Facts& facts) const;
   /// A type of file that can take it, by its identifier, such as "public.jpeg".
   static bool Takes(std::string_view type);

@@ -45,10 +45,15 @@ std::string Written(const TiffDataCoreClass& data, const std::string& tag) {
   return text;
 }
 
-/// As Exif writes a moment; what is none stays as it is.
+/// As Exif writes a moment, with the zone that is told; what is none stays as it is.
 std::string AsMoment(const std::string& text) {
-  const auto date = DateFromExif(Trim(text));
-  return date ? date->Text() : text;
+  const std::string_view trimmed = Trim(text);
+  const auto date = DateFromExif(trimmed);
+  if (!date) return text;
+  constexpr std::size_t kMinutes = 16;
+  const std::size_t zone = trimmed.find_first_of("+-Z", kMinutes);
+  return date->Text() +
+         std::string(zone == std::string_view::npos ? std::string_view() : trimmed.substr(zone));
 }
 
 }  // namespace
@@ -116,6 +121,7 @@ std::vector<std::string> MetadataDraft::Texts(MetadataField field) const {
     for (const auto& [block, tag] : PlacesOf(field)) {
       const bool said = held_.SaidBeside.contains(tag) || now_.contains({block, tag});
       if (block != MetadataBlock::kXmp || !said) continue;
+      if (field != MetadataField::kPosition && !FieldOf(block, tag)) continue;
       std::vector<std::string> texts = Texts(block, tag);
       std::erase_if(texts, [](const std::string& text) { return Trim(text).empty(); });
       return texts;
@@ -134,12 +140,12 @@ std::vector<std::string> MetadataDraft::Texts(MetadataField field) const {
     return words;
   }
   for (const auto& [block, tag] : PlacesOf(field)) {
+    // A part alone is no text of the field.
+    if (field != MetadataField::kPosition && !FieldOf(block, tag)) continue;
     std::vector<std::string> texts = Texts(block, tag);
     std::erase_if(texts, [](const std::string& text) { return Trim(text).empty(); });
     if (texts.empty()) continue;
-    const bool names = field == MetadataField::kCreator;
-    return names && texts.size() == 1 && block == MetadataBlock::kTiff ? SplitAt(texts[0], ';')
-                                                                       : texts;
+    return texts.size() == 1 && IsJoined(block, tag) ? SplitAt(texts[0], ';') : texts;
   }
   return {};
 }
@@ -151,7 +157,7 @@ bool MetadataDraft::Edit(MetadataBlock block, const std::string& tag, int index,
   const std::string before = at < texts.size() ? texts[at] : std::string();
   if (before == text) return true;
   const auto field = FieldOf(block, tag);
-  const bool names = field == MetadataField::kCreator && block != MetadataBlock::kTiff;
+  const bool names = field == MetadataField::kCreator && !IsJoined(block, tag);
   if (names || field == MetadataField::kKeywords) {
     return EditName(*field, before, text, {block, tag});
   }
@@ -166,7 +172,7 @@ bool MetadataDraft::Edit(MetadataBlock block, const std::string& tag, int index,
   } else {
     texts[at] = text;
   }
-  if (field == MetadataField::kCreator && block == MetadataBlock::kTiff && texts.size() == 1) {
+  if (field == MetadataField::kCreator && IsJoined(block, tag) && texts.size() == 1) {
     texts = SplitAt(texts[0], ';');
   }
   if (field == MetadataField::kTaken && !texts.empty()) {
@@ -207,8 +213,9 @@ bool MetadataDraft::EditName(MetadataField field, const std::string& from, const
     if (packetOnly_ && block != MetadataBlock::kXmp) continue;
     const std::vector<std::string> held = Texts(block, tag);
     // A packet has them always, another place where it had some.
-    if (held.empty() && Place(block, tag) != own && block != MetadataBlock::kXmp) continue;
-    if (block == MetadataBlock::kTiff) {
+    const bool always = block == MetadataBlock::kXmp && IsAlwaysSaid(block, tag);
+    if (held.empty() && Place(block, tag) != own && !always) continue;
+    if (IsJoined(block, tag)) {
       std::string joined;
       for (const std::string& name : edited(SplitAt(held.empty() ? "" : held.front(), ';'))) {
         joined += (joined.empty() ? "" : between) + name;
@@ -230,11 +237,17 @@ bool MetadataDraft::Set(MetadataField field, const std::vector<std::string>& tex
 
 bool MetadataDraft::Set(MetadataField field, const std::vector<std::string>& texts,
                         const Place& own) {
-  auto changes = ChangesOf(field, texts, [&](MetadataBlock block, const std::string& tag) {
-    // A packet alone holds what a file would say elsewhere.
-    if (packetOnly_) return block == MetadataBlock::kXmp;
-    return Place(block, tag) == own || Says({block, tag});
-  });
+  auto changes = ChangesOf(
+      field, texts,
+      [&](MetadataBlock block, const std::string& tag) {
+        // A packet alone holds what a file would say elsewhere.
+        if (packetOnly_ && tag.starts_with("exif:GPS")) return true;
+        return Place(block, tag) == own || Says({block, tag});
+      },
+      [&](MetadataBlock block, const std::string& tag) {
+        const std::vector<std::string> said = Texts(block, tag);
+        return said.empty() ? std::string() : said.front();
+      });
   if (!changes) return false;
   return Take(std::move(*changes));
 }

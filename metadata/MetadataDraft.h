@@ -43,6 +43,11 @@ class MetadataDraft {
   /// of all places.
   std::vector<std::string> Texts(MetadataField field) const;
 
+  /// Makes changes that another draft of the same file had pending, as one step.
+  [[nodiscard]] bool Restore(std::vector<MetadataChange> changes) {
+    return Take(std::move(changes));
+  }
+
   bool CanUndo() const { return done_ > 0; }
   bool CanRedo() const { return done_ < steps_.size(); }
   void Undo();

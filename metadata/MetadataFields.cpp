@@ -23,6 +23,8 @@ enum class Form {
   kJoined,
   kDay,
   kTime,
+  kZone,
+  kPercent,
   kPacket,
   kNorth,
   kLatitude,
@@ -53,22 +55,29 @@ constexpr std::array kPlaces{
     Place{kDescription, MetadataBlock::kXmp, "dc:description", true},
     Place{kDescription, MetadataBlock::kIptc, "120", false},
     Place{kDescription, MetadataBlock::kTiff, "9C9C", false},
+    Place{kDescription, MetadataBlock::kXmp, "tiff:ImageDescription", false},
     Place{kCreator, MetadataBlock::kTiff, "013B", true, Form::kJoined},
     Place{kCreator, MetadataBlock::kXmp, "dc:creator", true},
     Place{kCreator, MetadataBlock::kIptc, "80", false},
     Place{kCreator, MetadataBlock::kTiff, "9C9D", false, Form::kJoined},
+    Place{kCreator, MetadataBlock::kXmp, "tiff:Artist", false, Form::kJoined},
     Place{kCopyright, MetadataBlock::kTiff, "8298", true},
     Place{kCopyright, MetadataBlock::kXmp, "dc:rights", true},
     Place{kCopyright, MetadataBlock::kIptc, "116", false},
+    Place{kCopyright, MetadataBlock::kXmp, "tiff:Copyright", false},
     Place{kKeywords, MetadataBlock::kXmp, "dc:subject", true},
     Place{kKeywords, MetadataBlock::kIptc, "25", false},
     Place{kKeywords, MetadataBlock::kTiff, "9C9E", false, Form::kJoined},
     Place{kRating, MetadataBlock::kXmp, "xmp:Rating", true},
     Place{kRating, MetadataBlock::kTiff, "4746", false},
+    Place{kRating, MetadataBlock::kTiff, "4749", false, Form::kPercent},
+    Place{kRating, MetadataBlock::kXmp, "MicrosoftPhoto:Rating", false, Form::kPercent},
     Place{kTaken, MetadataBlock::kExif, "9003", true},
     Place{kTaken, MetadataBlock::kXmp, "photoshop:DateCreated", true, Form::kPacket},
     Place{kTaken, MetadataBlock::kIptc, "55", false, Form::kDay},
     Place{kTaken, MetadataBlock::kIptc, "60", false, Form::kTime},
+    Place{kTaken, MetadataBlock::kExif, "9011", false, Form::kZone},
+    Place{kTaken, MetadataBlock::kXmp, "exif:DateTimeOriginal", false, Form::kPacket},
     Place{kCity, MetadataBlock::kXmp, "photoshop:City", true},
     Place{kCity, MetadataBlock::kIptc, "90", false},
     Place{kState, MetadataBlock::kXmp, "photoshop:State", true},
@@ -108,6 +117,20 @@ bool Says(const ImageMetaData& held, MetadataBlock block, const std::string& tag
   }
   const TiffDataCoreClass* data = held.BlockOf(block);
   return data != nullptr && data->hasKey(tag);
+}
+
+std::string FirstOf(const ImageMetaData& held, MetadataBlock block, const std::string& tag) {
+  if (block == MetadataBlock::kXmp) {
+    XMPProperties properties;
+    if (!held.XMP.empty()) (void)ReadXMP(held.XMP, properties, XMPNames::kUsual);
+    for (const auto& [name, texts] : properties) {
+      if (name == tag && !texts.empty()) return texts.front();
+    }
+    return {};
+  }
+  const TiffDataCoreClass* data = held.BlockOf(block);
+  if (data == nullptr || !data->hasKey(tag)) return {};
+  return TextOf(data->Value(tag, 1));
 }
 
 /// Windows has no blanks between its keywords.
@@ -156,12 +179,58 @@ std::string PositionAs(Form form, const Position& position) {
   }
 }
 
+/// "+02:00", "-0930" or "Z" at the end of a time, as Exif writes it; empty if there is none.
+std::string ZoneOf(std::string_view text) {
+  if (text.ends_with('Z')) return "+00:00";
+  const std::size_t sign = text.find_last_of("+-");
+  if (sign == std::string_view::npos) return {};
+  std::string digits;
+  for (const char c : text.substr(sign + 1)) {
+    if (c != ':') digits += c;
+  }
+  constexpr std::size_t kDigits = 4;
+  const bool plain = digits.size() == kDigits &&
+                     std::ranges::all_of(digits, [](char c) { return c >= '0' && c <= '9'; });
+  if (!plain) return {};
+  return text[sign] + digits.substr(0, 2) + ":" + digits.substr(2);
+}
+
+/// The zone of the moment at which a photo was taken, where some place says it.
+std::string ZoneIn(const SaidFirst& said) {
+  struct Zone {
+    MetadataBlock Block;
+    const char* Tag;
+    /// What stands before the zone.
+    std::size_t Before;
+  };
+  // Hyphens stand in days too.
+  static constexpr std::array kZones{
+      Zone{MetadataBlock::kExif, "9011", 0}, Zone{MetadataBlock::kXmp, "photoshop:DateCreated", 11},
+      Zone{MetadataBlock::kIptc, "60", 6}, Zone{MetadataBlock::kExif, "9010", 0}};
+  for (const Zone& zone : kZones) {
+    const std::string text = said(zone.Block, zone.Tag);
+    if (text.size() <= zone.Before) continue;
+    if (std::string found = ZoneOf(Trim(std::string_view(text).substr(zone.Before)));
+        !found.empty()) {
+      return found;
+    }
+  }
+  return {};
+}
+
 /// One field's texts as a place writes them.
-std::vector<std::string> Written(const Place& place, const std::vector<std::string>& texts) {
+std::vector<std::string> Written(const Place& place, const std::vector<std::string>& texts,
+                                 const std::string& zone) {
   if (texts.empty() || place.As == Form::kGone) return {};
   if (place.As == Form::kJoined) return {Joined(texts, place)};
   if (place.Field == kPosition) {
     return {PositionAs(place.As, PositionFromText(texts.front()).value_or(Position()))};
+  }
+  if (place.As == Form::kPercent) {
+    // What Windows shows as so many stars.
+    static constexpr std::array kPercents{"0", "1", "25", "50", "75", "99"};
+    const double stars = NumberFromText(texts.front()).value_or(0);
+    return {kPercents.at(static_cast<std::size_t>(std::clamp(stars, 0.0, 5.0)))};
   }
   if (place.Field != kTaken) return texts;
   const Date date = DateFromExif(texts.front()).value_or(Date());
@@ -175,10 +244,15 @@ std::vector<std::string> Written(const Place& place, const std::vector<std::stri
   switch (place.As) {
     case Form::kDay:
       return {day("")};
-    case Form::kTime:
-      return {time("")};
+    case Form::kTime: {
+      std::string plain = zone;
+      std::erase(plain, ':');
+      return {time("") + plain};
+    }
+    case Form::kZone:
+      return {zone};
     case Form::kPacket:
-      return {day("-") + "T" + time(":")};
+      return {day("-") + "T" + time(":") + zone};
     default:
       return {day(":") + " " + time(":")};
   }
@@ -209,10 +283,31 @@ std::optional<MetadataField> FieldOf(MetadataBlock block, std::string_view tag) 
   for (const Place& place : kPlaces) {
     if (place.Block != block || place.Tag != tag || place.Field == kPosition) continue;
     const bool part = place.As == Form::kDay || place.As == Form::kTime ||
+                      place.As == Form::kZone || place.As == Form::kPercent ||
                       (place.As == Form::kJoined && place.Field == kKeywords);
     if (!part) return place.Field;
   }
   return {};
+}
+
+namespace {
+
+const Place* PlaceAt(MetadataBlock block, std::string_view tag) {
+  const auto* const found = std::ranges::find_if(
+      kPlaces, [&](const Place& place) { return place.Block == block && place.Tag == tag; });
+  return found == kPlaces.end() ? nullptr : found;
+}
+
+}  // namespace
+
+bool IsJoined(MetadataBlock block, std::string_view tag) {
+  const Place* place = PlaceAt(block, tag);
+  return place != nullptr && place->As == Form::kJoined;
+}
+
+bool IsAlwaysSaid(MetadataBlock block, std::string_view tag) {
+  const Place* place = PlaceAt(block, tag);
+  return place != nullptr && place->Always;
 }
 
 std::vector<std::pair<MetadataBlock, std::string>> PlacesOf(MetadataField field) {
@@ -284,17 +379,24 @@ std::string TextOf(const Position& position) {
 std::optional<std::vector<MetadataChange>> ChangesOf(MetadataField field,
                                                      const std::vector<std::string>& texts,
                                                      const ImageMetaData& held) {
-  return ChangesOf(field, texts, [&held](MetadataBlock block, const std::string& tag) {
-    return Says(held, block, tag);
-  });
+  return ChangesOf(
+      field, texts,
+      [&held](MetadataBlock block, const std::string& tag) { return Says(held, block, tag); },
+      [&held](MetadataBlock block, const std::string& tag) { return FirstOf(held, block, tag); });
 }
 
 std::optional<std::vector<MetadataChange>> ChangesOf(MetadataField field,
                                                      const std::vector<std::string>& texts,
-                                                     const SaysSomething& says) {
+                                                     const SaysSomething& says,
+                                                     const SaidFirst& said) {
   constexpr std::size_t kMoment = 19;
+  std::string zone;
   if (field == kTaken && !texts.empty()) {
-    if (texts.front().size() != kMoment || !DateFromExif(texts.front())) return {};
+    const std::string& moment = texts.front();
+    if (moment.size() < kMoment || !DateFromExif(moment)) return {};
+    const std::string behind = moment.substr(kMoment);
+    zone = behind.empty() ? ZoneIn(said) : ZoneOf(behind);
+    if (!behind.empty() && zone.empty()) return {};
   }
   if (field == kRating && !texts.empty()) {
     const auto rating = NumberFromText(texts.front());
@@ -304,7 +406,9 @@ std::optional<std::vector<MetadataChange>> ChangesOf(MetadataField field,
   std::vector<MetadataChange> changes;
   for (const Place& place : kPlaces) {
     if (place.Field != field || (!place.Always && !says(place.Block, place.Tag))) continue;
-    std::vector<std::string> written = Written(place, texts);
+    std::vector<std::string> written = Written(place, texts, zone);
+    // No zone is said that nobody knows.
+    if (place.As == Form::kZone && !texts.empty() && zone.empty()) continue;
     // Windows knows no rejected photos.
     if (field == kRating && place.Block == MetadataBlock::kTiff && !texts.empty() &&
         texts.front().starts_with('-')) {

@@ -14,6 +14,7 @@
 #include <set>
 #include <system_error>
 
+#include "metadata/ContainerParts.h"
 #include "metadata/ImageMetaData.h"
 #include "metadata/JpegParts.h"
 #include "metadata/TiffParts.h"
@@ -123,6 +124,8 @@ std::string Lost(const ImageMetaData& before, const ImageMetaData& after,
       });
     };
     for (const auto& property : held) {
+      // What names the segments in which a packet goes on follows what stands there.
+      if (local(property.first) == "HasExtendedXMP") continue;
       if (wanted(property.first) || std::ranges::find(holds, property) != holds.end()) continue;
       return "XMP." + property.first;
     }
@@ -230,9 +233,16 @@ void KeepOwner(int from, int to, const struct stat& status) {
 
 using Change = std::function<std::string(MetadataParts&)>;
 
-/// `lost` says what of the old file the new one does not hold.
+/// More kinds take what another file tells than are changed; null for all others.
+std::unique_ptr<MetadataParts> PartsOfCopy(MetadataStream& stream) {
+  auto container = std::make_unique<ContainerParts>(stream);
+  if (!container->Good()) return nullptr;
+  return container;
+}
+
+/// `takes` what another file tells; `lost` says what of the old file the new one does not hold.
 std::string Rewrite(
-    const FolderItem& file, const Change& change,
+    const FolderItem& file, bool takes, const Change& change,
     const std::function<std::string(const ImageMetaData&, const ImageMetaData&)>& lost) {
   // Once and for all: what is read, copied and replaced is this file, or nothing is replaced.
   const int from = open(file.Path().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
@@ -245,8 +255,11 @@ std::string Rewrite(
   before.ReadFile(file);
   MetadataStream stream(file);
   if (!stream.IsOpen() || !before.ImageSummary) return Told(kNotWritten, file);
-  if (std::string refusal = Refusal(file, stream); !refusal.empty()) return refusal;
-  const auto parts = MetadataParts::Of(stream);
+  auto parts = takes ? PartsOfCopy(stream) : nullptr;
+  if (!parts) {
+    if (std::string refusal = Refusal(file, stream); !refusal.empty()) return refusal;
+    parts = MetadataParts::Of(stream);
+  }
   if (!parts) {
     const bool raw = before.TIFFData && before.TIFFData->hasKey("C612");
     return Told(raw ? kRawNotWritten : kDamaged, file);
@@ -322,7 +335,7 @@ std::string Write(const FolderItem& file, std::span<const MetadataChange> change
     asked.insert(std::string(NameOf(change.Block)) + "." + tag);
   }
   return Rewrite(
-      file,
+      file, false,
       [&](MetadataParts& parts) {
         for (const MetadataChange& change : changes) {
           if (parts.Apply(change)) continue;
@@ -350,7 +363,7 @@ std::string LostPicture(const ImageMetaData& before, const ImageMetaData& after)
 std::string Take(const FolderItem& file, CarriedData data,
                  std::span<const MetadataChange> changes) {
   return Rewrite(
-      file,
+      file, true,
       [&](MetadataParts& parts) {
         if (!parts.Take(std::move(data))) return Told(kDamaged, file);
         // What one place cannot take is still said by the others.
@@ -362,7 +375,7 @@ std::string Take(const FolderItem& file, CarriedData data,
 
 std::string Write(const FolderItem& file, Strip strip) {
   return Rewrite(
-      file,
+      file, false,
       [&](MetadataParts& parts) {
         if (strip == Strip::kPlace && parts.HoldsMorePictures()) return Told(kMorePictures, file);
         const bool done = strip == Strip::kAll ? parts.StripAll() : parts.StripPlace();

@@ -165,11 +165,15 @@ PhotoFacts PhotoFacts::Of(const ImageMetaData& data) {
   const std::string created = TextIn(xmp, "photoshop:DateCreated");
   // A day alone says less than a moment.
   constexpr std::size_t kMoment = 19;
-  const bool saidMoment =
-      data.SaidBeside.contains("photoshop:DateCreated") && created.size() >= kMoment;
-  for (const auto& text :
-       {saidMoment ? created : std::string(), TextIn(exif, "9003"), TextIn(exif, "9004"), created,
-        TextIn(xmp, "xmp:CreateDate"), TextIn(tiff, "0132")}) {
+  const std::string original = TextIn(xmp, "exif:DateTimeOriginal");
+  std::string said;
+  for (const auto& [property, text] : {std::pair("photoshop:DateCreated", &created),
+                                       std::pair("exif:DateTimeOriginal", &original)}) {
+    const bool moment = data.SaidBeside.contains(property) && text->size() >= kMoment;
+    if (moment && said.empty()) said = *text;
+  }
+  for (const auto& text : {said, TextIn(exif, "9003"), TextIn(exif, "9004"), original, created,
+                           TextIn(xmp, "xmp:CreateDate"), TextIn(tiff, "0132")}) {
     if (!facts.Taken) facts.Taken = DateFromExif(text);
   }
   facts.Where = PositionIn(data.GPSData.get());

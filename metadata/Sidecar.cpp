@@ -6,6 +6,7 @@
 
 #include "metadata/ImageMetaData.h"
 #include "metadata/MetadataFields.h"
+#include "metadata/MetadataParts.h"
 #include "metadata/MetadataRows.h"
 #include "metadata/MetadataStream.h"
 #include "metadata/MetadataWriter.h"
@@ -51,6 +52,26 @@ FolderItem Of(const FolderItem& photo) {
 FolderItem For(const FolderItem& photo) {
   const FolderItem there = Of(photo);
   return there ? there : Long(photo);
+}
+
+FolderItem Following(const FolderItem& photo) {
+  if (photo.IsNil() || (!photo.Alias() && photo.Directory())) return {};
+  const FolderItem sidecar = Of(photo);
+  if (sidecar.IsNil() || sidecar == Long(photo)) return sidecar;
+  const std::string stem = photo.Name().substr(0, photo.Name().rfind('.'));
+  for (const FolderItem& other : photo.Parent().Children()) {
+    const std::string name = other.Name();
+    if (name == photo.Name() || !name.starts_with(stem + ".")) continue;
+    const std::string extension = LowerCase(name.substr(stem.size() + 1));
+    if (std::ranges::find(kRawExtensions, extension) != kRawExtensions.end()) return {};
+  }
+  return sidecar;
+}
+
+FolderItem BesideMoved(const FolderItem& sidecar, const FolderItem& photo,
+                       const FolderItem& moved) {
+  const FolderItem shorter = sidecar == Long(photo) ? FolderItem() : Short(moved);
+  return shorter ? shorter : Long(moved);
 }
 
 std::string Read(const FolderItem& file) {
@@ -125,6 +146,23 @@ std::string Write(const FolderItem& file, std::span<const MetadataChange> change
     return told(kFailed, error.message());
   }
   return {};
+}
+
+std::string StripPlace(const FolderItem& photo) {
+  const FolderItem file = Of(photo);
+  if (file.IsNil()) return {};
+  const auto told = [&](const LocalizedText& text, const std::string& reason = {}) {
+    return WithPlaceholders(text.Text(),
+                            {{"<filename>", file.DisplayName()}, {"<reason>", reason}});
+  };
+  const auto held = ReadFile(file, kMost);
+  std::string packet = held.value_or(std::string());
+  if (!held || !XMPEditor::RemoveLike(
+                   packet, {MetadataParts::kPlaces.begin(), MetadataParts::kPlaces.end()})) {
+    return told(kDamaged);
+  }
+  const std::error_code error = WriteFileAtomically(file, packet);
+  return error ? told(kFailed, error.message()) : std::string();
 }
 
 }  // namespace brivolant::Sidecar

@@ -29,6 +29,11 @@ bool WrittenInPlace(const FolderItem& photo);
 FolderItem Of(const FolderItem& photo);
 /// Where what is said of a photo is kept: the sidecar that is there, or a new one.
 FolderItem For(const FolderItem& photo);
+/// What goes where its photo goes, and nil for none: folders have none, and the short one of two
+/// raw files belongs to the other too.
+FolderItem Following(const FolderItem& photo);
+/// The place of a photo's sidecar beside another place of the photo.
+FolderItem BesideMoved(const FolderItem& sidecar, const FolderItem& photo, const FolderItem& moved);
 /// A packet from a file of its own; empty if it is missing or far too long.
 std::string Read(const FolderItem& file);
 /// Takes what a packet says into what was read. With `newer` it goes before what the file says,
@@ -42,6 +47,10 @@ void ReadInto(ImageMetaData& data);
 /// property: the photo may say it too.
 [[nodiscard]] std::string Write(const FolderItem& file, std::span<const MetadataChange> changes,
                                 const std::string& otherwise);
+
+/// Takes out of a photo's sidecar where it was taken. Empty if it is done, or there is none, or
+/// else one sentence that names the sidecar, which is then as it was.
+[[nodiscard]] std::string StripPlace(const FolderItem& photo);
 
 }  // namespace Sidecar
 

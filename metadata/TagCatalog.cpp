@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "platform/values/Text.h"
+
 namespace brivolant::TagCatalog {
 namespace {
 
@@ -520,9 +522,15 @@ std::span<const CatalogTag> Profile() {
   return kProfile;
 }
 
+std::string Shown(std::string_view text) {
+  const std::string english(text);
+  const std::string key = "TagCatalog." + english;
+  return LocalizedText{key.c_str(), english.c_str()}.Text();
+}
+
 std::string NameOf(std::span<const CatalogTag> catalog, std::string_view tag) {
   const CatalogTag* row = Find(catalog, tag);
-  return row == nullptr ? std::string() : std::string(row->Name);
+  return row == nullptr ? std::string() : Shown(row->Name);
 }
 
 int TypeOf(std::span<const CatalogTag> catalog, std::string_view tag) {

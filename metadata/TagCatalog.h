@@ -35,6 +35,8 @@ std::span<const CatalogTag> Profile();
 std::span<const CatalogValue> ExifValues();
 std::span<const CatalogValue> TiffValues();
 
+/// A name or a meaning in the language of the program; as it is, where that has none.
+std::string Shown(std::string_view text);
 /// Empty, or 0, for what is not in it.
 std::string NameOf(std::span<const CatalogTag> catalog, std::string_view tag);
 int TypeOf(std::span<const CatalogTag> catalog, std::string_view tag);

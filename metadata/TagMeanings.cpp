@@ -166,7 +166,7 @@ std::string MeaningOf(std::span<const CatalogValue> values, std::string_view tag
   const auto found = std::find_if(values.begin(), values.end(), [&](const CatalogValue& row) {
     return row.Tag == tag && row.Number == number;
   });
-  return found == values.end() ? std::string() : std::string(found->Text);
+  return found == values.end() ? std::string() : Shown(found->Text);
 }
 
 bool HasMeanings(std::span<const CatalogValue> values, std::string_view tag) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "metadata/TagValue.h"
 
+#include <iconv.h>
+
 #include <array>
 #include <cmath>
 #include <limits>
@@ -31,18 +33,18 @@ void AppendUTF8(std::string& text, char32_t code) {
   }
 }
 
+std::int32_t Truncated(double value) {
+  if (std::isnan(value)) return 0;
+  using Limits = std::numeric_limits<std::int32_t>;
+  if (value >= Limits::max()) return Limits::max();
+  if (value <= Limits::min()) return Limits::min();
+  return static_cast<std::int32_t>(value);
+}
+
 }  // namespace
 
 std::int32_t Rational::ToInt() const {
-  const double value = Value();
-  if (std::isnan(value)) return 0;
-  if (value >= std::numeric_limits<std::int32_t>::max()) {
-    return std::numeric_limits<std::int32_t>::max();
-  }
-  if (value <= std::numeric_limits<std::int32_t>::min()) {
-    return std::numeric_limits<std::int32_t>::min();
-  }
-  return static_cast<std::int32_t>(value);
+  return Truncated(Value());
 }
 
 std::string Rational::StringValue() const {
@@ -63,6 +65,10 @@ double NumberOf(const TagValue& value) {
   if (const auto* number = std::get_if<double>(&value)) return *number;
   if (const auto* number = std::get_if<Rational>(&value)) return number->Value();
   return 0;
+}
+
+int WholeNumberOf(const TagValue& value) {
+  return Truncated(NumberOf(value));
 }
 
 std::string TextOf(const TagValue& value) {
@@ -124,6 +130,25 @@ std::string PlainText(std::string_view bytes) {
     AppendUTF8(text, code);
   }
   return text;
+}
+
+std::string JpegCommentText(std::string_view bytes) {
+  while (!bytes.empty() && bytes.back() == '\0') bytes.remove_suffix(1);
+  if (IsUTF8(bytes)) return std::string(bytes);
+  const iconv_t converter = iconv_open("UTF-8", "MACINTOSH");
+  // The C library may have come without its tables.
+  if (converter == iconv_t(-1)) return PlainText(bytes);  // NOLINT: what it gives for none.
+  std::string from(bytes);
+  // No character has more bytes.
+  std::string to(3 * from.size(), '\0');
+  char* in = from.data();
+  char* out = to.data();
+  std::size_t left = from.size();
+  std::size_t room = to.size();
+  const bool done = iconv(converter, &in, &left, &out, &room) != std::size_t(-1);
+  iconv_close(converter);
+  to.resize(to.size() - room);
+  return done ? to : PlainText(bytes);
 }
 
 std::string TextOfUTF16(std::u16string_view text) {

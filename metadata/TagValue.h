@@ -59,6 +59,8 @@ int SizeOfType(int type);
 
 /// The value as a number; 0 for what is none.
 double NumberOf(const TagValue& value);
+/// The same truncated toward zero and limited to 32 bits.
+int WholeNumberOf(const TagValue& value);
 /// The value as plain text: numbers in the shortest form, texts as UTF-8.
 std::string TextOf(const TagValue& value);
 /// The bytes of a text; empty for anything else.
@@ -71,6 +73,8 @@ std::string Decimals(double value, int decimals);
 /// Bytes that say nothing of their encoding: UTF-8 if they can be that, else Windows-1252. What
 /// follows a zero byte at the end is not part of a text.
 std::string PlainText(std::string_view bytes);
+/// The same of a JPEG's comment, which is else in the Roman encoding of older Macs.
+std::string JpegCommentText(std::string_view bytes);
 /// As UTF-8; halves of pairs that stand alone become replacement characters.
 std::string TextOfUTF16(std::u16string_view text);
 

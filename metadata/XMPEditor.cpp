@@ -12,9 +12,11 @@ namespace brivolant::XMPEditor {
 namespace {
 
 using XMPNodes::IsRdf;
+using XMPNodes::Load;
 using XMPNodes::Local;
 using XMPNodes::NamespaceOf;
 using XMPNodes::NamespaceOfPrefix;
+using XMPNodes::Saved;
 
 constexpr std::string_view kEmpty =
     "<?xpacket begin=\"\xEF\xBB\xBF\" id=\"W5M0MpCehiHzreSzNTczkc9d\"?>\n"
@@ -56,32 +58,6 @@ const char* ContainerOf(std::string_view space, std::string_view local) {
     if (NamespaceOfPrefix(row.Prefix) == space) return row.Container;
   }
   return nullptr;
-}
-
-bool Load(pugi::xml_document& document, std::string_view packet) {
-  packet = XMPNodes::WithoutZeros(packet);
-  // All of it stays, also the blanks that pad the packet.
-  return document.load_buffer(packet.data(), packet.size(),
-                              pugi::parse_full | pugi::parse_ws_pcdata | pugi::parse_fragment);
-}
-
-struct Writer final : pugi::xml_writer {
-  std::string text;
-  void write(const void* data, std::size_t size) override {
-    text.append(static_cast<const char*>(data), size);
-  }
-};
-
-std::string Saved(pugi::xml_document& document) {
-  // What is written is UTF-8, whatever was said of what was read.
-  for (auto child = document.first_child(); child;) {
-    const auto next = child.next_sibling();
-    if (child.type() == pugi::node_declaration) document.remove_child(child);
-    child = next;
-  }
-  Writer writer;
-  document.save(writer, "", pugi::format_raw | pugi::format_no_declaration, pugi::encoding_utf8);
-  return std::move(writer.text);
 }
 
 bool Is(pugi::xml_node node, std::string_view name, std::string_view space,

@@ -23,6 +23,10 @@ std::string_view NamespaceOfPrefix(std::string_view prefix);
 std::string UsualName(pugi::xml_node node, std::string_view name);
 /// The RDF of a document; null if there is none.
 pugi::xml_node FindRdf(pugi::xml_node document);
+/// Reads a packet with all that is in it, also the blanks that pad it. False if it is no XML.
+[[nodiscard]] bool Load(pugi::xml_document& document, std::string_view packet);
+/// The packet again, in UTF-8, whatever was said of what was read.
+std::string Saved(pugi::xml_document& document);
 
 }  // namespace XMPNodes
 

@@ -38,6 +38,7 @@ constexpr std::array kNamespaces{
     Namespace{"aux", "http://ns.adobe.com/exif/1.0/aux/"},
     Namespace{"Iptc4xmpCore", "http://iptc.org/std/Iptc4xmpCore/1.0/xmlns/"},
     Namespace{"Iptc4xmpExt", "http://iptc.org/std/Iptc4xmpExt/2008-02-29/"},
+    Namespace{"MicrosoftPhoto", "http://ns.microsoft.com/photo/1.0/"},
     Namespace{"lr", "http://ns.adobe.com/lightroom/1.0/"}};
 
 pugi::xml_node FindRdfBelow(pugi::xml_node node, int depth) {
@@ -92,6 +93,29 @@ std::string XMPNodes::UsualName(pugi::xml_node node, std::string_view name) {
 
 pugi::xml_node XMPNodes::FindRdf(pugi::xml_node document) {
   return FindRdfBelow(document, 0);
+}
+
+bool XMPNodes::Load(pugi::xml_document& document, std::string_view packet) {
+  packet = WithoutZeros(packet);
+  return document.load_buffer(packet.data(), packet.size(),
+                              pugi::parse_full | pugi::parse_ws_pcdata | pugi::parse_fragment);
+}
+
+std::string XMPNodes::Saved(pugi::xml_document& document) {
+  struct Writer final : pugi::xml_writer {
+    std::string text;
+    void write(const void* data, std::size_t size) override {
+      text.append(static_cast<const char*>(data), size);
+    }
+  };
+  for (auto child = document.first_child(); child;) {
+    const auto next = child.next_sibling();
+    if (child.type() == pugi::node_declaration) document.remove_child(child);
+    child = next;
+  }
+  Writer writer;
+  document.save(writer, "", pugi::format_raw | pugi::format_no_declaration, pugi::encoding_utf8);
+  return std::move(writer.text);
 }
 
 namespace {

@@ -7,7 +7,7 @@ build_packages=(
   g++ cmake ninja-build ccache pkg-config
   qt6-base-dev qt6-svg-dev qt6-l10n-tools fonts-dejavu-core libgl-dev libvips-dev libraw-dev
   libhwy-dev libtbb-dev liblcms2-dev libpugixml-dev libexif-dev libjpeg-dev libpng-dev libtiff-dev
-  libwebp-dev libopenjp2-7-dev libgif-dev libmagickcore-dev libcli11-dev libsqlite3-dev
+  libwebp-dev libopenjp2-7-dev libgif-dev libmagickcore-dev libcli11-dev libsqlite3-dev zlib1g-dev
 )
 test_packages=(
   libgtest-dev libgmock-dev locales dbus-daemon shared-mime-info xvfb xauth desktop-file-utils

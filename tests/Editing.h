@@ -166,6 +166,7 @@ struct Editing {
       {},
       {},
       {},
+      {},
       {}};
   Recovery recovery{folder.Child("data"), services.log};
   RecentItems recent{preferences};

@@ -14,6 +14,7 @@
 #include "browser/browserItem.h"
 #include "files/FileCopier.h"
 #include "files/FolderitemExtensions.h"
+#include "metadata/Sidecar.h"
 #include "platform/files/ExclusiveMove.h"
 #include "platform/files/FileAddress.h"
 
@@ -219,6 +220,32 @@ TEST(FileCopier, FreeNamesAndWhatCannotBeCopiedStopsNoOther) {
   into.CopyInto({folder.Child("there")}, folder.Child("road"));
   EXPECT_THAT(into.Made(), IsEmpty());
   EXPECT_FALSE(folder.Child("there/there").Exists());
+}
+
+TEST(Sidecars, GoWherePhotosGo) {
+  const TemporaryFolder folder;
+  ASSERT_FALSE(folder.Child("there").CreateAsFolder());
+  const FolderItem a = folder.Write("a.jpg", "photo");
+  const FolderItem said = folder.Write("a.jpg.xmp", "said");
+  const FolderItem raw = folder.Write("b.CR2", "raw");
+  folder.Write("b.xmp", "of the raw file");
+  const FolderItem pair = folder.Write("b.jpg", "its picture");
+  // One of the two places is taken: both get the next.
+  folder.Write("there/a-1.jpg.xmp", "another's");
+  folder.Write("there/a.jpg", "another");
+  FileCopier copier(nullptr, {Sidecar::Following, Sidecar::BesideMoved});
+  copier.CopyInto({said, a, raw, pair}, folder.Child("there"));
+  EXPECT_THAT(CopiesOf(copier),
+              ElementsAre(folder.Child("there/a-2.jpg"), folder.Child("there/a-2.jpg.xmp"),
+                          folder.Child("there/b.CR2"), folder.Child("there/b.xmp"),
+                          folder.Child("there/b.jpg")));
+  EXPECT_EQ(ReadFile(folder.Child("there/a-2.jpg.xmp")), "said");
+  EXPECT_EQ(ReadFile(folder.Child("there/a-1.jpg.xmp")), "another's");
+  // What is said of two raw files goes with neither.
+  folder.Write("b.dng", "raw too");
+  EXPECT_TRUE(Sidecar::Following(raw).IsNil());
+  folder.Write("there.xmp", "no photo's");
+  EXPECT_TRUE(Sidecar::Following(folder.Child("there")).IsNil());
 }
 
 TEST(FileCopier, EndedAnywhereItLeavesWholeCopiesAndNothingElse) {

@@ -156,11 +156,109 @@ TEST_F(Writing, OneValueIsOneTruthInEveryPlaceThatTellsIt) {
             "20081022162839");
   EXPECT_THAT(xmp, testing::Contains(
                        testing::Pair("photoshop:DateCreated", ElementsAre("2008-10-22T16:28:39"))));
+  // Also what older programs say in the packet, and Windows in its own way.
+  Change(file, {{Act::kSet, kXmp, "tiff:Artist", "old"},
+                {Act::kSet, kXmp, "exif:DateTimeOriginal", "2001-01-01T00:00:00"},
+                {Act::kSet, kXmp, "MicrosoftPhoto:Rating", "99"},
+                {Act::kSet, kTiff, "4749", "99"}});
+  set(MetadataField::kCreator, {"Ada", "Ben"});
+  set(MetadataField::kTaken, {"2008-10-22 16:28:40"});
+  set(MetadataField::kRating, {"2"});
+  const auto mirrored = Read(file);
+  xmp.clear();
+  ASSERT_TRUE(ReadXMP(mirrored->XMP, xmp));
+  EXPECT_THAT(xmp, testing::Contains(testing::Pair("tiff:Artist", ElementsAre("Ada; Ben"))));
+  EXPECT_THAT(xmp, testing::Contains(
+                       testing::Pair("exif:DateTimeOriginal", ElementsAre("2008-10-22T16:28:40"))));
+  EXPECT_THAT(xmp, testing::Contains(testing::Pair("MicrosoftPhoto:Rating", ElementsAre("25"))));
+  EXPECT_EQ(NumberOf(mirrored->TIFFData->Value("4749", 1)), 25);
   set(MetadataField::kKeywords, {});
   EXPECT_FALSE(Read(file)->IPTCData->hasKey("25"));
   EXPECT_THAT(PhotoFacts::Of(file).Keywords, testing::IsEmpty());
   EXPECT_FALSE(ChangesOf(MetadataField::kTaken, {"2008-13-22 16:28:39"}, *data));
   EXPECT_FALSE(ChangesOf(MetadataField::kRating, {"6"}, *data));
+}
+
+TEST_F(Writing, AMomentKeepsItsZoneInEveryPlace) {
+  const FolderItem file = Jpeg(Jfif());
+  Change(file, {{Act::kSet, kExif, "9003", "2008:10:22 16:28:39"},
+                {Act::kSet, kIptc, "55", "20081022"},
+                {Act::kSet, kIptc, "60", "162839-0930"},
+                {Act::kSet, kXmp, "photoshop:DateCreated", "2008-10-22T16:28:39-09:30"}});
+  const auto told = [&] {
+    const auto data = Read(file);
+    XMPProperties xmp;
+    EXPECT_TRUE(ReadXMP(data->XMP, xmp));
+    std::string all = data->ExifData->StringValue("9003") + "|" +
+                      data->ExifData->StringValue("9011") + "|" + data->IPTCData->StringValue("60");
+    for (const auto& [name, texts] : xmp) {
+      if (name == "photoshop:DateCreated") all += "|" + texts.front();
+    }
+    return all;
+  };
+  const auto set = [&](const std::string& moment) {
+    const auto changes = ChangesOf(MetadataField::kTaken, {moment}, *Read(file));
+    ASSERT_TRUE(changes);
+    Change(file, *changes);
+  };
+  set("2009-01-02 03:04:05");
+  EXPECT_EQ(told(), "2009:01:02 03:04:05||030405-0930|2009-01-02T03:04:05-09:30");
+  // Exif's own goes before, and a new one changes them all.
+  Change(file, {{Act::kSet, kExif, "9011", "+02:00"}});
+  set("2009-01-02 03:04:06");
+  EXPECT_EQ(told(), "2009:01:02 03:04:06|+02:00|030406+0200|2009-01-02T03:04:06+02:00");
+  set("2009-01-02 03:04:07Z");
+  EXPECT_EQ(told(), "2009:01:02 03:04:07|+00:00|030407+0000|2009-01-02T03:04:07+00:00");
+  EXPECT_FALSE(ChangesOf(MetadataField::kTaken, {"2009-01-02 03:04:05 noon"}, *Read(file)));
+}
+
+TEST_F(CommandLine, PngAndJpeg2000TellItTooAndOthersSaySo) {
+  const std::string photo = Path("told.jpg");
+  std::string error;
+  ASSERT_TRUE(ImageIO::SaveAsJPEG(FolderItem(photo), TestPicture(300, 200, 1), 1, error));
+  ASSERT_EQ(Cli({"metadata", "--set", "EXIF.8827=200", "--set", "TIFF.0112=6", "--set",
+                 "GPS.0002=51 30 26.4", "--add", "IPTC.25=only one", "--add", "IPTC.25=and two",
+                 "--set", "IPTC.90=Gotham", photo})
+                .code,
+            0);
+  for (const char* name : {"out.png", "out.jp2"}) {
+    const std::string out = Path(name);
+    ASSERT_EQ(Cli({"metadata", "--set", "title=A title", photo}).code, 0);
+    ASSERT_EQ(Cli({"render", photo, "-o", out}).err, "");
+    const Picture plain = Open(name);
+    const std::string told = Cli({"metadata", out}).out;
+    EXPECT_THAT(told, HasSubstr("ISO Speed Ratings: 200"));
+    EXPECT_THAT(told, HasSubstr("Latitude: [51, 30, 26.4]"));
+    EXPECT_THAT(told, HasSubstr("dc:title: A title"));
+    // What has no place in such a file is said by its packet.
+    EXPECT_THAT(told, HasSubstr("and two"));
+    EXPECT_THAT(told, Not(HasSubstr("90 deg"))) << "it was turned upright";
+    // In place of what was there, not beside it, and never harming the picture.
+    ASSERT_EQ(Cli({"metadata", "--set", "title=Another", photo}).code, 0);
+    ASSERT_EQ(Cli({"metadata", "--copy-from", photo, out}).err, "");
+    const std::string again = Cli({"metadata", out}).out;
+    EXPECT_THAT(again, HasSubstr("dc:title: Another"));
+    EXPECT_EQ(LargestDifference(Open(name), plain), 0);
+    // The field's own reader finds it, and nothing to complain about.
+    QProcess reader;
+    reader.start(QStringLiteral("exiftool"),
+                 {QStringLiteral("-validate"), QStringLiteral("-warning"), QStringLiteral("-a"),
+                  QStringLiteral("-ISO"), QStringLiteral("-Subject"), QStringLiteral("-City"),
+                  QString::fromStdString(out)});
+    ASSERT_TRUE(reader.waitForFinished());
+    const std::string read = reader.readAllStandardOutput().toStdString();
+    EXPECT_THAT(read, HasSubstr(": OK"));
+    EXPECT_THAT(read, HasSubstr(": 200"));
+    EXPECT_THAT(read, HasSubstr("only one, and two"));
+    EXPECT_THAT(read, HasSubstr("Gotham"));
+    ASSERT_EQ(Cli({"render", "--metadata", "without-place", photo, "-o", out}).err, "");
+    EXPECT_THAT(Cli({"metadata", out}).out, Not(testing::ContainsRegex("Latitude|Gotham")));
+  }
+  Outcome run = Cli({"render", photo, "-o", Path("out.gif")});
+  EXPECT_EQ(run.code, 0);
+  EXPECT_THAT(run.err, HasSubstr("\"out.gif\" says nothing"));
+  EXPECT_EQ(Cli({"render", "--metadata", "none", photo, "-o", Path("out.gif")}).err, "");
+  EXPECT_EQ(Cli({"render", image.ShellPath(), "-o", Path("out.gif")}).err, "");
 }
 
 TEST_F(CommandLine, WhatIsRenderedTellsWhatThePhotoTold) {

@@ -246,6 +246,45 @@ TEST_F(Metadata, WhatIsDamagedOrLeadsInCirclesIsReadAsFarAsItGoes) {
   EXPECT_EQ(far->TIFFData->StringValue("0112"), "90 deg CCW");
   EXPECT_THAT(far->StringResult, HasSubstr("99"));
   (void)Read(files.Header() + files.Number(0xFFFF, 2), "many.tif");
+
+  // Numbers of a type that nobody expects there, beyond all bounds.
+  const auto real = [&](int tag, std::uint64_t bits) {
+    return Files::Tag{tag, 12, 1, files.Number(bits, 8)};
+  };
+  constexpr std::uint64_t kHuge = 0x7E37E43C8800759C;
+  constexpr std::uint64_t kNegative = 0xFE37E43C8800759C;
+  constexpr std::uint64_t kNone = 0x7FF8000000000000;
+  const auto odd =
+      Read(files.Header() + files.Directory(8, {real(0x0100, kHuge), real(0x0101, kNegative),
+                                                real(0x0102, kNone), real(0x0112, kHuge),
+                                                real(0x8769, kNegative)}),
+           "odd.tif");
+  EXPECT_EQ(odd->ImageSummary->Width, 0xFFFFFFFFU);
+  EXPECT_EQ(odd->ImageSummary->Height, 0U);
+  EXPECT_EQ(odd->ImageSummary->Depth, 0);
+  EXPECT_EQ(odd->TIFFData->StringValue("0112").find("deg"), std::string::npos);
+  EXPECT_EQ(odd->ExifData, nullptr);
+}
+
+TEST_F(Metadata, TextsWithoutAnEncodingAreReadAsWhoeverWroteThemMeant) {
+  const auto comment = [&](const std::string& bytes) {
+    return Read(Jpeg(Files::Segment(0xFE, bytes)))->JPEGComment;
+  };
+  EXPECT_EQ(comment("Gr\xC3\xBC\xC3\x9F"
+                    "e"),
+            "Gr\xC3\xBC\xC3\x9F"
+            "e");
+  EXPECT_EQ(comment("Gr\x9F\xA7"
+                    "e \xD2\xA9\xD3"),
+            "Gr\xC3\xBC\xC3\x9F"
+            "e \xE2\x80\x9C\xC2\xA9\xE2\x80\x9D")
+      << "of an older Mac";
+  const Files files;
+  const auto artist =
+      Read(files.Header() + files.Directory(8, {{0x013B, 2, 6, std::string("Gr\xFC\xDF e\0", 7)}}),
+           "a.tif");
+  EXPECT_THAT(artist->TIFFData->StringValue("013B"), HasSubstr("Gr\xC3\xBC\xC3\x9F"))
+      << "of Windows";
 }
 
 TEST_F(CommandLine, MetadataIsPrintedForPeopleAndPrograms) {

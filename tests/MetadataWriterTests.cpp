@@ -8,6 +8,7 @@
 
 #include "CommandLine.h"
 #include "MetadataWriting.h"
+#include "metadata/MetadataCopy.h"
 #include "metadata/XMPEditor.h"
 
 namespace brivolant::test {
@@ -256,6 +257,55 @@ TEST_F(Writing, ChangesOnePropertyOfAPacketAndNoOther) {
   EXPECT_EQ(none, "no XML <");
 }
 
+TEST_F(Writing, PartsAPacketThatIsTooLongForASegment) {
+  const auto further = [&](const FolderItem& file) {
+    int count = 0;
+    const std::string bytes = Content(file);
+    for (std::size_t at = 0; (at = bytes.find("/xmp/extension/", at)) != std::string::npos; ++at) {
+      ++count;
+    }
+    return count;
+  };
+  const auto texts = [&](const FolderItem& file, std::string_view name) {
+    XMPProperties properties;
+    EXPECT_TRUE(ReadXMP(Read(file)->XMP, properties));
+    for (const auto& [known, said] : properties) {
+      if (known == name) return said;
+    }
+    return std::vector<std::string>();
+  };
+  const FolderItem file = Jpeg(Jfif());
+  std::string story;
+  for (int i = 0; i < 20000; ++i) story += "word " + std::to_string(i) + (i % 7 == 0 ? " & " : " ");
+  Change(file, {{Act::kSet, kXmp, "dc:description", story},
+                {Act::kSet, kXmp, "photoshop:City", "Gotham"},
+                {Act::kSet, kXmp, "dc:title", "short"}});
+  EXPECT_EQ(further(file), static_cast<int>(story.size() / 65400 + 1));
+  EXPECT_THAT(texts(file, "dc:description"), ElementsAre(story));
+  EXPECT_TRUE(Content(file).ends_with(Rest()));
+  // What is changed, or not, is parted anew, and what belongs together stays together.
+  Change(file, {{Act::kSet, kXmp, "dc:title", "other"}});
+  EXPECT_THAT(texts(file, "dc:description"), ElementsAre(story));
+  EXPECT_EQ(MetadataWriter::Write(file, MetadataWriter::Strip::kPlace), "");
+  EXPECT_THAT(texts(file, "photoshop:City"), testing::IsEmpty());
+  EXPECT_THAT(texts(file, "dc:description"), ElementsAre(story));
+  const FolderItem copy = folder.Write("copy.jpg", "\xFF\xD8" + Jfif() + Rest());
+  EXPECT_EQ(MetadataCopy(file, MetadataCopy::Rule::kAll).Into(copy, {40, 30}), "");
+  EXPECT_THAT(texts(copy, "dc:description"), ElementsAre(story));
+  // A part that is missing says nothing, and stays where it is.
+  std::string damaged = Content(file);
+  const std::size_t second = damaged.find("/xmp/extension/", damaged.find("/xmp/extension/") + 1);
+  damaged[second + 20] ^= 1;
+  const FolderItem partly = folder.Write("partly.jpg", damaged);
+  EXPECT_THAT(texts(partly, "dc:description"), testing::IsEmpty());
+  Change(partly, {{Act::kSet, kXmp, "dc:title", "third"}});
+  EXPECT_EQ(further(partly), further(file));
+  Change(file, {{Act::kRemove, kXmp, "dc:description"}});
+  EXPECT_EQ(further(file), 0);
+  EXPECT_THAT(texts(file, "xmpNote:HasExtendedXMP"), testing::IsEmpty());
+  EXPECT_THAT(texts(file, "dc:title"), ElementsAre("other"));
+}
+
 TEST_F(Writing, TakesThePlaceOutWhereverItIsTold) {
   const FolderItem file = Jpeg(Files::Segment(0xE1, std::string(kExifMark) + Files{true}.Tiff()));
   Change(file, {{Act::kSet, kIptc, "90", "Gotham"},
@@ -386,8 +436,14 @@ TEST_F(CommandLine, MetadataIsChangedInPlace) {
   run = Cli({"metadata", "--set", "taken=yesterday", photo});
   EXPECT_EQ(run.code, 1);
   EXPECT_THAT(run.err, HasSubstr("photo.tif"));
+  std::string packet;
+  ASSERT_TRUE(XMPEditor::Set(packet, "photoshop:City", {"Gotham"}));
+  ASSERT_TRUE(XMPEditor::Set(packet, "dc:title", {"stays"}));
+  const FolderItem sidecar = folder.Write("photo.tif.xmp", packet);
   EXPECT_EQ(Cli({"metadata", "--strip", "gps", photo}).code, 0);
   EXPECT_THAT(Cli({"metadata", photo}).out, Not(HasSubstr("GPS\n")));
+  EXPECT_THAT(ReadFile(sidecar).value(), Not(HasSubstr("Gotham"))) << "it goes into every copy";
+  EXPECT_THAT(ReadFile(sidecar).value(), HasSubstr("stays"));
   for (const std::vector<std::string>& wrong : {std::vector<std::string>{"--set", "TIFF.013B"},
                                                 {"--set", "Nothing.1=a"},
                                                 {"--strip", "some"}}) {

@@ -5,6 +5,8 @@
 #include "MetadataWriting.h"
 #include "browser/FolderLister.h"
 #include "browser/PhotoFactsCache.h"
+#include "formats/BrivolantDocument.h"
+#include "formats/ImageFile.h"
 #include "metadata/Sidecar.h"
 
 namespace brivolant::test {
@@ -68,6 +70,34 @@ TEST_F(Kept, FoldersAreSortedByTheMomentsThatPhotosTell) {
   (void)ListedByTaken(again);
   EXPECT_EQ(ReadFile(file).value().find("c.jpg"), std::string::npos);
   EXPECT_THAT(folder.Names(), ElementsAre("cache", "photos")) << "nothing lies beside photos";
+}
+
+TEST_F(Kept, DocumentsAndLinksTellWhatTheirPhotosDo) {
+  const FolderItem a = Photo("a.jpg", {{Act::kSet, kExif, "9003", "2009:03:04 14:05:06"},
+                                       {Act::kSet, kTiff, "010F", "Maker"}});
+  std::filesystem::create_symlink(a.Path(), photos.Child("link.jpg").Path());
+  std::string error;
+  const FolderItem real = photos.Child("real.jpg");
+  ASSERT_TRUE(ImageIO::SaveAsJPEG(real, TestPicture(30, 20), 1, error));
+  Change(real,
+         {{Act::kSet, kExif, "9003", "2002:03:04 14:05:06"}, {Act::kSet, kTiff, "010F", "Other"}});
+  const FolderItem package = photos.Child("edited.brvPhoto");
+  {
+    TestServices services;
+    BrivolantDocument document(services.services);
+    ASSERT_TRUE(document.CreateFromFile(real));
+    ASSERT_TRUE(document.SaveAs(package));
+  }
+  PhotoFactsCache facts(file);
+  EXPECT_EQ(facts.Of(photos.Child("link.jpg")).Taken, facts.Of(a).Taken);
+  EXPECT_EQ(facts.Of(package).Taken, facts.Of(real).Taken);
+  EXPECT_EQ(facts.Of(package).Shot, "Other");
+  // What its owner says of it goes before.
+  const FolderItem packet = package.Child(BrivolantDocument::kMetadataName);
+  ASSERT_EQ(
+      Sidecar::Write(packet, std::vector{MetadataChange{Act::kSet, kXmp, "dc:title", "Mine"}}, {}),
+      "");
+  EXPECT_EQ(facts.Of(package).Title, "Mine");
 }
 
 TEST_F(Kept, TitlesAndKeywordsOfWhatWasReadAreFound) {

@@ -45,8 +45,10 @@ void BrowserParts::Wire() {
       [this](const std::vector<FolderItem>& files, const FolderItem& folder) {
         Copies.DropFilesInto(files, folder);
       }));
-  listening_.push_back(
-      History.Moved.Listen([this](const FileMoves& moves) { Search.Follow(moves); }));
+  listening_.push_back(History.Moved.Listen([this](const FileMoves& moves) {
+    Search.Follow(moves);
+    Info.Follow(moves);
+  }));
   listening_.push_back(
       Library.Changed.Listen([this] { Sections.ShowAlbums(Library.iPhotolibrary); }));
   listening_.push_back(

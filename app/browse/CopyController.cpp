@@ -5,6 +5,7 @@
 #include "app/browse/FileHistory.h"
 #include "app/commands/Commands.h"
 #include "app/commands/Menus.h"
+#include "metadata/Sidecar.h"
 #include "platform/files/FileAddress.h"
 
 namespace brivolant {
@@ -100,7 +101,8 @@ void CopyController::Copy(const std::vector<FolderItem>& files, const FolderItem
     if (thoseElsewhere) {
       std::erase_if(wanted, [&](const FolderItem& file) { return LiesIn(file, folder); });
     }
-    FileCopier copier([&](double done) { return control.Progress(done); });
+    FileCopier copier([&](double done) { return control.Progress(done); },
+                      {Sidecar::Following, Sidecar::BesideMoved});
     copier.CopyInto(wanted, folder);
     step->copies = copier.Made();
     if (!copier.Failed().empty()) *failed = copier.Failed().front();

@@ -115,7 +115,8 @@ EditInfoSheet::EditInfoSheet(QWidget& window, const std::vector<FolderItem>& fil
                      stars);
   }
   const auto stars = NumberFromText(Said(MetadataField::kRating));
-  rating_->setCurrentIndex(rating_->findData(stars ? static_cast<int>(*stars) : 0));
+  const double rated = stars ? std::clamp<double>(*stars, kFirstRating, kLastRating) : 0;
+  rating_->setCurrentIndex(rating_->findData(static_cast<int>(rated)));
   if (Differs(MetadataField::kRating)) {
     rating_->insertItem(0, Shown(kDiffering));
     rating_->setCurrentIndex(0);

@@ -10,6 +10,7 @@
 #include "app/commands/Menus.h"
 #include "app/session/EditSession.h"
 #include "browser/SideBarItem.h"
+#include "metadata/Sidecar.h"
 #include "platform/files/ExclusiveMove.h"
 #include "platform/files/FileNames.h"
 
@@ -82,8 +83,13 @@ void FileController::Trash(const std::vector<FolderItem>& files) {
       [files, step, failed](Jobs::Control& control) {
         for (std::size_t i = 0; i < files.size(); ++i) {
           if (!control.Progress(static_cast<double>(i) / static_cast<double>(files.size()))) return;
+          const FolderItem sidecar = Sidecar::Following(files[i]);
           if (auto trashed = FolderitemExtensions::PutInTrash(files[i])) {
             step->trashed.push_back(std::move(*trashed));
+            if (!sidecar) continue;
+            if (auto along = FolderitemExtensions::PutInTrash(sidecar)) {
+              step->trashed.push_back(std::move(*along));
+            }
           } else if (EntryExists(files[i])) {
             *failed = files[i];
           }

@@ -9,10 +9,25 @@
 #include "app/commands/Menus.h"
 #include "app/session/EditSession.h"
 #include "formats/BrivolantDocument.h"
+#include "metadata/Sidecar.h"
 #include "platform/files/ExclusiveMove.h"
 #include "platform/values/Captions.h"
 
 namespace brivolant {
+namespace {
+
+/// With what is kept beside it: both, or neither.
+std::error_code MoveWithSidecar(const FolderItem& from, const FolderItem& to) {
+  const FolderItem sidecar = Sidecar::Following(from);
+  if (!sidecar) return MoveExclusively(from, to);
+  const FolderItem place = Sidecar::BesideMoved(sidecar, from, to);
+  if (const std::error_code error = MoveExclusively(sidecar, place)) return error;
+  const std::error_code error = MoveExclusively(from, to);
+  if (error) (void)MoveExclusively(place, sidecar);
+  return error;
+}
+
+}  // namespace
 
 FileHistory::FileHistory(const Desk& desk, EditSession& session, Commands& commands,
                          BrowserPane& pane)
@@ -183,7 +198,7 @@ void FileHistory::MoveFile(const FolderItem& from, const FolderItem& to,
   // Behind what is being copied or trashed, which would lose its way.
   jobs_.Start({{},
                false,
-               [=](Jobs::Control&) { *error = MoveExclusively(from, to); },
+               [=](Jobs::Control&) { *error = MoveWithSidecar(from, to); },
                [this, from, to, error, then](Jobs::End, const std::string&) {
                  if (!*error) {
                    // The open document goes on where it now is.

@@ -54,6 +54,10 @@ void InfoController::EditInfo() {
   if (!files.empty() && !sheet_) Ask(files);
 }
 
+void InfoController::Follow(const FileMoves& moves) const {
+  if (desk_.InfoFollows) desk_.InfoFollows(moves);
+}
+
 void InfoController::Ask(const std::vector<FolderItem>& files) {
   const auto common = std::make_shared<std::optional<ManyInfos::Common>>();
   reading_.Cancel();

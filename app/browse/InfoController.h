@@ -9,6 +9,7 @@
 #include "app/core/Desk.h"
 #include "app/core/Jobs.h"
 #include "app/session/ManyInfos.h"
+#include "browser/browserItem.h"
 #include "platform/files/FolderItem.h"
 #include "platform/values/Text.h"
 
@@ -39,6 +40,8 @@ class InfoController {
   void GetInfoMethod();
   /// Asks what is to be said of what is selected.
   void EditInfo();
+  /// Files have other places now.
+  void Follow(const FileMoves& moves) const;
   /// While it is asked what is wanted; else null.
   EditInfoSheet* Sheet() const;
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/services/Preferences.h"
@@ -39,6 +40,8 @@ struct Desk {
   std::function<void(bool open)> QuickLookOpen;
   /// Opens a window for each file, which shows what is known of it.
   std::function<void(const std::vector<FolderItem>& files)> ShowInfo;
+  /// Files or folders have other places now, in order: what shows them follows.
+  std::function<void(const std::vector<std::pair<FolderItem, FolderItem>>& moves)> InfoFollows;
 };
 
 }  // namespace brivolant

@@ -26,6 +26,8 @@ constexpr QSize kFirstSize{420, 620};
 constexpr QSize kSmallest{300, 260};
 constexpr int kMargin = 8;
 constexpr int kPreviewSide = 512;
+/// Milliseconds after a change.
+constexpr int kKeepAfter = 700;
 constexpr const char* kSettingsKey = "FloatingMetaData";
 /// The section that the settings of old have no place for.
 constexpr const char* kXmpKey = "FloatingMetaData.xmp";
@@ -44,12 +46,17 @@ std::string InLines(const QByteArray& bytes) {
 
 }  // namespace
 
-FloatingMetaData::FloatingMetaData(const Desk& desk, std::shared_ptr<const FilePreviewer> previewer)
+FloatingMetaData::FloatingMetaData(const Desk& desk, std::shared_ptr<const FilePreviewer> previewer,
+                                   UnsavedInfos& unsaved)
     : ifkWindow(nullptr, Qt::Window),
       mdc(new MetaDataBrowser(desk.Services.Log, nullptr)),
       Field(new ifkSearchField),
       desk_(desk),
+      unsaved_(unsaved),
       preview_(std::move(previewer)) {
+  keep_.setSingleShot(true);
+  keep_.setInterval(kKeepAfter);
+  connect(&keep_, &QTimer::timeout, this, [this] { Keep(); });
   // The program ends with its main window.
   setAttribute(Qt::WA_QuitOnClose, false);
   setMinimumSize(kSmallest);
@@ -136,9 +143,7 @@ void FloatingMetaData::Build() {
 
 void FloatingMetaData::Display(const FolderItem& file) {
   file_ = file;
-  setWindowTitle(
-      ToQString(WithPlaceholders(kWindowTitle.Text(), {{"<fileName>", file.DisplayName()}})) +
-      QStringLiteral("[*]"));
+  ShowTitle();
   Modified(false);
   info_.reset();
   mdc->Display(nullptr);
@@ -161,21 +166,42 @@ void FloatingMetaData::Display(const FolderItem& file) {
   show();
 }
 
+void FloatingMetaData::ShowTitle() {
+  setWindowTitle(
+      ToQString(WithPlaceholders(kWindowTitle.Text(), {{"<fileName>", file_.DisplayName()}})) +
+      QStringLiteral("[*]"));
+}
+
+QString FloatingMetaData::Words() const {
+  using Keeps = FileInfo::Keeps;
+  if (info_->Locked()) return Shown(kLocked);
+  QString words;
+  if (info_->KeptIn() == Keeps::kBeside) {
+    words = ToQString(
+        WithPlaceholders(kBeside.Text(), {{"<filename>", info_->Target().DisplayName()}}));
+  } else if (info_->KeptIn() == Keeps::kInDocument) {
+    words = Shown(kInDocument);
+  }
+  if (!broughtBack_) return words;
+  return Shown(kBroughtBack) + (words.isEmpty() ? QString() : QStringLiteral("\n")) + words;
+}
+
 void FloatingMetaData::Take(const std::shared_ptr<FileInfo>& info) {
   info_ = info;
   mdc->Display(info_);
   // The list is told first, and the window with it.
   info_->Draft().Changed = [this, list = info_->Draft().Changed] {
     list();
+    keep_.start();
     Refresh();
   };
   using Keeps = FileInfo::Keeps;
-  const bool beside = info_->KeptIn() == Keeps::kBeside;
-  words_->setVisible(beside || info_->KeptIn() == Keeps::kInDocument || info_->Locked());
-  words_->setText(info_->Locked() ? Shown(kLocked)
-                  : beside        ? ToQString(WithPlaceholders(
-                                        kBeside.Text(), {{"<filename>", info_->Target().DisplayName()}}))
-                                  : Shown(kInDocument));
+  const auto left = unsaved_.Of(file_);
+  broughtBack_ =
+      !left.empty() && info_->KeptIn() != Keeps::kNowhere && info_->Draft().Restore(left);
+  const QString words = Words();
+  words_->setText(words);
+  words_->setVisible(!words.isEmpty());
   if (info_->KeptIn() != Keeps::kNowhere || info_->Sections(false).size() > 1) {
     preview_.Load(file_, kPreviewSide, false);
   }
@@ -191,6 +217,36 @@ void FloatingMetaData::Refresh() {
   // What is being typed may be saved too.
   save_->setEnabled(edits && !writing_);
   Modified(Dirty());
+}
+
+void FloatingMetaData::Keep() {
+  keep_.stop();
+  // What could not be read, or cannot be written at present, is kept as it was.
+  if (!info_ || info_->KeptIn() == FileInfo::Keeps::kNowhere) return;
+  unsaved_.Keep(file_, info_->Draft().Pending());
+}
+
+void FloatingMetaData::KeepUnsaved() {
+  if (!info_) return;
+  // Nobody is there to read why something cannot stand.
+  const auto rejected = std::exchange(mdc->Rejected, nullptr);
+  mdc->FinishEdit();
+  mdc->Rejected = rejected;
+  Keep();
+}
+
+void FloatingMetaData::Follow(const FolderItem& file) {
+  // What is on its way goes to the old place, and fails in words.
+  if (work_.Busy()) return work_.WhenIdle([this, file] { Follow(file); });
+  if (keep_.isActive() || Dirty()) Keep();
+  const auto changes = unsaved_.Of(file_);
+  unsaved_.Forget(file_);
+  file_ = file;
+  unsaved_.Keep(file_, changes);
+  ShowTitle();
+  if (!info_) return;
+  info_->Follow(file);
+  words_->setText(Words());
 }
 
 void FloatingMetaData::Save(std::function<void(bool)> then) {
@@ -217,6 +273,7 @@ void FloatingMetaData::Save(std::function<void(bool)> then) {
                  if (end == Jobs::End::kFailed) *why = thrown;
                  if (why->empty()) {
                    info_->Draft().Saved(changes, *after);
+                   Keep();
                    if (Written) Written(file_);
                  }
                  Refresh();
@@ -285,6 +342,8 @@ void FloatingMetaData::closeEvent(QCloseEvent* event) {
     }
     if (answer == Answer::kAlternate) {
       closing_ = true;
+      keep_.stop();
+      unsaved_.Forget(file_);
       event->accept();
     }
     if (answer == Answer::kAction) {
@@ -298,6 +357,7 @@ void FloatingMetaData::closeEvent(QCloseEvent* event) {
       return;
     }
   }
+  if (keep_.isActive() && !closing_) Keep();
   StorePreferences();
   preview_.Stop();
   ifkWindow::closeEvent(event);

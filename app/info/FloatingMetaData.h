@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <string>
@@ -8,6 +9,7 @@
 #include "app/core/Desk.h"
 #include "app/core/Jobs.h"
 #include "app/info/MetaDataBrowser.h"
+#include "app/info/UnsavedInfos.h"
 #include "browser/FilePreview.h"
 #include "kit/ifkWindow.h"
 #include "platform/values/Text.h"
@@ -49,11 +51,21 @@ class FloatingMetaData final : public ifkWindow {
   static constexpr LocalizedText kAskExplanation{"FloatingMetaData.kAskExplanation",
                                                  "Otherwise your changes are lost."};
 
-  FloatingMetaData(const Desk& desk, std::shared_ptr<const FilePreviewer> previewer);
+  static constexpr LocalizedText kBroughtBack{
+      "FloatingMetaData.kBroughtBack",
+      "What you had entered when the program ended is here again, and not saved yet."};
+
+  /// What is entered and not saved is kept in `unsaved`, which must outlive the window.
+  FloatingMetaData(const Desk& desk, std::shared_ptr<const FilePreviewer> previewer,
+                   UnsavedInfos& unsaved);
   ~FloatingMetaData() override;
 
   void Display(const FolderItem& file);
   const FolderItem& File() const { return file_; }
+  /// The file has another place now.
+  void Follow(const FolderItem& file);
+  /// Keeps at once what is not saved, with what is being typed.
+  void KeepUnsaved();
   /// Writes what was changed; `then` gets whether nothing is left to write.
   void Save(std::function<void(bool)> then = {});
   bool Dirty() const { return info_ && info_->Draft().Dirty(); }
@@ -84,8 +96,14 @@ class FloatingMetaData final : public ifkWindow {
   void Take(const std::shared_ptr<FileInfo>& info);
   void Refresh();
   void StorePreferences();
+  void Keep();
+  void ShowTitle();
+  QString Words() const;
 
   Desk desk_;
+  UnsavedInfos& unsaved_;
+  /// Restarted by each change: what is kept is a moment old at most.
+  QTimer keep_;
   FolderItem file_;
   std::shared_ptr<FileInfo> info_;
   PreviewLoader preview_;
@@ -95,6 +113,7 @@ class FloatingMetaData final : public ifkWindow {
   QPushButton* undo_ = nullptr;
   QPushButton* redo_ = nullptr;
   QPushButton* save_ = nullptr;
+  bool broughtBack_ = false;
   bool closing_ = false;
   bool writing_ = false;
 };

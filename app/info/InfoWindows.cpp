@@ -8,12 +8,17 @@ namespace brivolant {
 namespace {
 
 constexpr int kStep = 10;
+/// Windows that are opened at once; what is beyond waits for the next start.
+constexpr std::size_t kMost = 10;
 
 }  // namespace
 
 InfoWindows::InfoWindows(const Desk& desk, std::shared_ptr<const FilePreviewer> previewer,
-                         QWidget& over)
-    : desk_(desk), previewer_(std::move(previewer)), over_(over) {}
+                         QWidget& over, const FolderItem& unsaved)
+    : desk_(desk),
+      previewer_(std::move(previewer)),
+      over_(over),
+      unsaved_(unsaved, desk.Services.Log) {}
 
 InfoWindows::~InfoWindows() = default;
 
@@ -36,7 +41,7 @@ void InfoWindows::Show(const std::vector<FolderItem>& files) {
       (*known)->activateWindow();
       continue;
     }
-    auto made = std::make_unique<FloatingMetaData>(desk_, previewer_);
+    auto made = std::make_unique<FloatingMetaData>(desk_, previewer_, unsaved_);
     FloatingMetaData* window = made.get();
     // It floats over the main window, and is gone with it.
     window->setParent(&over_, Qt::Window);
@@ -56,6 +61,43 @@ void InfoWindows::Show(const std::vector<FolderItem>& files) {
     window->Display(file);
     before = window;
   }
+}
+
+void InfoWindows::Follow(const FileMoves& moves) {
+  for (const auto& [before, after] : moves) {
+    // What went to the trash has no place; what came back has its own again.
+    if (before.IsNil() || after.IsNil()) continue;
+    for (FloatingMetaData* window : Open()) {
+      const std::string path = window->File().ShellPath();
+      const std::string from = before.ShellPath();
+      if (path == from) {
+        window->Follow(after);
+      } else if (path.starts_with(from + "/")) {
+        window->Follow(FolderItem(after.ShellPath() + path.substr(from.size())));
+      }
+    }
+  }
+}
+
+void InfoWindows::KeepUnsaved() {
+  for (FloatingMetaData* window : Open()) window->KeepUnsaved();
+}
+
+void InfoWindows::BringBack() {
+  const std::vector<FolderItem> kept = unsaved_.Files();
+  if (kept.empty()) return;
+  const auto there = std::make_shared<std::vector<FolderItem>>();
+  work_.Start({{},
+               true,
+               [kept, there](Jobs::Control& control) {
+                 for (const FolderItem& file : kept) {
+                   // Its disk may be away.
+                   const auto found = std::make_shared<bool>(false);
+                   if (!control.Apart([file, found] { *found = file.Exists(); })) return;
+                   if (*found && there->size() < kMost) there->push_back(file);
+                 }
+               },
+               [this, there](Jobs::End, const std::string&) { Show(*there); }});
 }
 
 bool InfoWindows::MustWait(const std::function<void()>& then) {

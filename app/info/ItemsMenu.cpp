@@ -5,6 +5,7 @@
 
 #include "app/info/MetaDataBrowser.h"
 #include "kit/InterfaceKitSupport.h"
+#include "metadata/TagCatalog.h"
 
 namespace brivolant {
 namespace {
@@ -125,7 +126,7 @@ std::vector<MenuItem> MetaDataBrowser::CreateItemsMenu() const {
       const std::string_view tag = offered.Tag;
       const bool repeats = block == MetadataBlock::kIptc && (tag == "20" || tag == "25");
       if (!repeats && !info_->Draft().Texts(block, offered.Tag).empty()) continue;
-      add(offered.Name, std::string(mark) + offered.Tag);
+      add(TagCatalog::Shown(offered.Name), std::string(mark) + offered.Tag);
     }
   };
   if (info_->Draft().PacketOnly()) {
@@ -133,7 +134,7 @@ std::vector<MenuItem> MetaDataBrowser::CreateItemsMenu() const {
     for (const Offered& offered : kXmpOffers) {
       const bool repeats = std::string_view(offered.Tag) == "dc:subject";
       if (!repeats && !info_->Draft().Texts(MetadataBlock::kXmp, offered.Tag).empty()) continue;
-      add(offered.Name, std::string(kXmpMark) + offered.Tag);
+      add(TagCatalog::Shown(offered.Name), std::string(kXmpMark) + offered.Tag);
     }
     return items;
   }

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "app/core/ApplicationServices.h"
 #include "app/core/GlobalApplicationSpecificProperties.h"
@@ -198,6 +199,19 @@ std::vector<MetadataSection> FileInfo::Sections(bool hideUnknown) const {
   sections.insert(summary == sections.end() ? sections.begin() : std::next(summary), fileSection_);
   if (programSection_) sections.insert(sections.begin(), *programSection_);
   return sections;
+}
+
+void FileInfo::Follow(const FolderItem& file) {
+  const FolderItem before = std::exchange(file_, file);
+  fileSection_ = FileSection(file_);
+  // Through a link nothing has moved.
+  if (keeps_ == Keeps::kInFile && target_ == before) target_ = file;
+  if (keeps_ == Keeps::kInDocument && target_.Parent() == before) {
+    target_ = file.Child(BrivolantDocument::kMetadataName);
+  }
+  if (keeps_ == Keeps::kBeside && target_.Parent() == before.Parent()) {
+    target_ = Sidecar::BesideMoved(target_, before, file);
+  }
 }
 
 std::string FileInfo::Write(const Keeper& keeper, const std::vector<MetadataChange>& changes,

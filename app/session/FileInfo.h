@@ -68,6 +68,8 @@ class FileInfo {
   MetadataDraft& Draft() { return *draft_; }
   /// What is shown, in order, with the edits.
   std::vector<MetadataSection> Sections(bool hideUnknown) const;
+  /// The file has another place now, and what is kept beside it with it.
+  void Follow(const FolderItem& file);
   /// It would be written, if it were not locked.
   bool Locked() const { return locked_; }
   /// What a change needs, without all that was read.

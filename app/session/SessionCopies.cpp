@@ -19,7 +19,7 @@ void EditSession::SaveCopy(const FolderItem& file, const std::string& type, doub
   copy->Quality = quality;
   const int rule = desk_.Preferences.Value(kCopiesCarry, 0).ToInt();
   using enum MetadataCopy::Rule;
-  copy->Metadata = rule == 1 ? kWithoutPlace : rule == 2 ? kNone : kAll;
+  copy->Data.Rule = rule == 1 ? kWithoutPlace : rule == 2 ? kNone : kAll;
   const auto error = std::make_shared<std::string>();
   const auto outcome = std::make_shared<SaveAsCopy::Outcome>(SaveAsCopy::Outcome::kFailed);
   jobs_.Start(
@@ -34,8 +34,8 @@ void EditSession::SaveCopy(const FolderItem& file, const std::string& type, doub
          if (!error->empty()) return;
          copy->Source = source->Image();
          copy->Pasted = source->PastedImages();
-         copy->Photo = source->OriginalSource();
-         copy->Packet = source->MetadataPacket();
+         copy->Data.Photo = source->OriginalSource();
+         copy->Data.Packet = source->MetadataPacket();
          *outcome = SaveAsCopy::Run(
              *copy, worker_->All(), [&](double done) { return control.Progress(done); }, *error);
        },

@@ -253,15 +253,20 @@ void multiViewFileBrowser::DisplayItem(const Container& value,
   Update();
 }
 
+bool multiViewFileBrowser::MayTell(const browserItem& item) {
+  if (!item.Facts) return false;
+  if (item.Facts->Is == FileFacts::kDocument) return true;
+  // A link tells what its photo does.
+  const bool file = item.Facts->Is == FileFacts::kPlain || item.Facts->Is == FileFacts::kAlias;
+  return file && FolderitemExtensions::NamesPicture(item.File().Name());
+}
+
 void multiViewFileBrowser::ReadMoments() {
   if (rows_.SortColumn() != BrowserRows::kTakenColumn || Listing()) return;
   std::vector<FolderItem> photos;
   for (int i = 0; i < rows_.Count(); ++i) {
     const auto item = rows_.Item(i);
-    const bool plain = item && item->Facts && item->Facts->Is == FileFacts::kPlain;
-    if (!plain || item->Taken) continue;
-    const FolderItem file = item->File();
-    if (FolderitemExtensions::NamesPicture(file.Name())) photos.push_back(file);
+    if (item && !item->Taken && MayTell(*item)) photos.push_back(item->File());
   }
   moments_.Read(std::move(photos), Facts);
 }
@@ -421,8 +426,7 @@ std::string multiViewFileBrowser::TextOfNothing() const {
 }
 
 void multiViewFileBrowser::AskShot(const std::shared_ptr<browserItem>& item) {
-  const bool plain = item->Facts && item->Facts->Is == FileFacts::kPlain;
-  if (!Facts || !plain || !FolderitemExtensions::NamesPicture(item->File().Name())) return;
+  if (!Facts || !MayTell(*item)) return;
   // Once, whatever comes of it: a disk that is away is not asked at every move of the mouse.
   item->Shot = std::string();
   const auto told = std::make_shared<std::string>();

@@ -189,6 +189,8 @@ class multiViewFileBrowser final : public QWidget {
   void AskShot(const std::shared_ptr<browserItem>& item);
   /// Reads the moments of photos that are needed and not known.
   void ReadMoments();
+  /// A photo or a document, which may tell when it was taken.
+  static bool MayTell(const browserItem& item);
   void TakeMoments(const std::vector<MomentReader::Told>& told);
   /// The rows that a view shows now: their thumbnails come first.
   void RowsInView(int first, int end);

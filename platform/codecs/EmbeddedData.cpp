@@ -57,6 +57,49 @@ std::string Blob(VipsImage* image, const char* name) {
   return {static_cast<const char*>(data), size};
 }
 
+/// The library leaves the boxes of a JPEG 2000 file aside.
+void ReadBoxes(const FolderItem& file, EmbeddedData& data) {
+  constexpr std::uint64_t kHead = 8;
+  constexpr std::size_t kIdentifier = 16;
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> opened(
+      std::fopen(file.Path().c_str(), "rbe"), std::fclose);
+  if (!opened) return;
+  const auto read = [&](std::size_t count) {
+    std::string bytes(count, '\0');
+    bytes.resize(std::fread(bytes.data(), 1, count, opened.get()));
+    return bytes;
+  };
+  const auto number = [](std::string_view bytes) {
+    std::uint64_t value = 0;
+    for (const char c : bytes) value = value << 8 | static_cast<unsigned char>(c);
+    return value;
+  };
+  const std::uint64_t size = file.Length();
+  std::uint64_t at = 0;
+  // No file of a camera or of a program has more.
+  for (int count = 0; count < 1000 && at + kHead <= size; ++count) {
+    if (fseeko(opened.get(), static_cast<off_t>(at), SEEK_SET) != 0) return;
+    const std::string head = read(kHead);
+    if (head.size() < kHead) return;
+    std::uint64_t length = number(std::string_view(head).substr(0, 4));
+    std::uint64_t behind = kHead;
+    if (length == 1) {
+      length = number(read(kHead));
+      behind += kHead;
+    }
+    // The last one may have none.
+    if (length == 0) length = size - at;
+    if (length < behind || length > size - at) return;
+    if (head.ends_with("uuid") && length >= behind + kIdentifier && length <= kMost) {
+      const std::string identifier = read(kIdentifier);
+      const std::size_t rest = length - behind - kIdentifier;
+      if (identifier == kJpeg2000Exif && data.Exif.empty()) data.Exif = read(rest);
+      if (identifier == kJpeg2000XMP && data.XMP.empty()) data.XMP = read(rest);
+    }
+    at += length;
+  }
+}
+
 std::shared_ptr<const EmbeddedData> ReadRaw(const FolderItem& file) {
   const auto raw = std::make_unique<LibRaw>();
   if (raw->open_file(file.Path().c_str()) != LIBRAW_SUCCESS) return nullptr;
@@ -98,9 +141,10 @@ std::shared_ptr<const EmbeddedData> ReadEmbeddedData(const FolderItem& file) {
                    : space == VIPS_INTERPRETATION_B_W || space == VIPS_INTERPRETATION_GREY16 ? 1
                                                                                              : 3;
   data->Exif = Blob(image.get(), VIPS_META_EXIF_NAME);
+  if (format == "JPEG 2000") ReadBoxes(file, *data);
   constexpr std::string_view kExifMark("Exif\0\0", 6);
   if (data->Exif.starts_with(kExifMark)) data->Exif.erase(0, kExifMark.size());
-  data->XMP = Blob(image.get(), VIPS_META_XMP_NAME);
+  if (data->XMP.empty()) data->XMP = Blob(image.get(), VIPS_META_XMP_NAME);
   data->IPTC = Blob(image.get(), VIPS_META_IPTC_NAME);
   data->Profile = Blob(image.get(), VIPS_META_ICC_NAME);
   return data;

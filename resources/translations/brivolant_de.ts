@@ -144,6 +144,10 @@
         <source>Save</source>
         <translation>Sichern</translation>
     </message>
+    <message id="CarryMetadata.kNoPlaceForData">
+        <source>The copy "&lt;filename&gt;" says nothing of the photo: files of its kind have no place for that.</source>
+        <translation>Die Kopie „&lt;filename&gt;“ sagt nichts über das Foto: In Dateien dieser Art ist dafür kein Platz.</translation>
+    </message>
     <message id="ColorPanel.kTitle">
         <source>Colors</source>
         <translation>Farben</translation>
@@ -351,6 +355,10 @@
     <message id="FloatingMetaData.kBeside">
         <source>This kind of file is never written. What you enter is kept beside it, in "&lt;filename&gt;".</source>
         <translation>Dateien dieser Art werden nie geschrieben. Was Sie eingeben, steht daneben in „&lt;filename&gt;“.</translation>
+    </message>
+    <message id="FloatingMetaData.kBroughtBack">
+        <source>What you had entered when the program ended is here again, and not saved yet.</source>
+        <translation>Was Sie eingegeben hatten, als das Programm endete, ist wieder da und noch nicht gesichert.</translation>
     </message>
     <message id="FloatingMetaData.kFilter">
         <source>Filter</source>
@@ -2375,6 +2383,2314 @@
     <message id="SingleInstance.kDoesNotAnswer">
         <source>Brivolant Photos is running already and does not answer (process &lt;process&gt;).</source>
         <translation>Brivolant Photos läuft bereits und antwortet nicht (Prozess &lt;process&gt;).</translation>
+    </message>
+    <message id="TagCatalog.1976 CIE L*a*b*">
+        <source>1976 CIE L*a*b*</source>
+        <translation>CIE L*a*b* 1976</translation>
+    </message>
+    <message id="TagCatalog.35mm Focal Length">
+        <source>35mm Focal Length</source>
+        <translation>Kleinbildbrennweite</translation>
+    </message>
+    <message id="TagCatalog.90 deg CCW">
+        <source>90 deg CCW</source>
+        <translation>90° gegen den Uhrzeigersinn</translation>
+    </message>
+    <message id="TagCatalog.90 deg CCW Mirrored">
+        <source>90 deg CCW Mirrored</source>
+        <translation>90° gegen den Uhrzeigersinn, gespiegelt</translation>
+    </message>
+    <message id="TagCatalog.90 deg CW">
+        <source>90 deg CW</source>
+        <translation>90° im Uhrzeigersinn</translation>
+    </message>
+    <message id="TagCatalog.90 deg CW Mirrored">
+        <source>90 deg CW Mirrored</source>
+        <translation>90° im Uhrzeigersinn, gespiegelt</translation>
+    </message>
+    <message id="TagCatalog.A randomized process">
+        <source>A randomized process</source>
+        <translation>Zufallsverfahren</translation>
+    </message>
+    <message id="TagCatalog.A single page of a multi-page image">
+        <source>A single page of a multi-page image</source>
+        <translation>Einzelne Seite eines mehrseitigen Bildes</translation>
+    </message>
+    <message id="TagCatalog.AToB0">
+        <source>AToB0</source>
+        <translation>AToB0</translation>
+    </message>
+    <message id="TagCatalog.AToB1">
+        <source>AToB1</source>
+        <translation>AToB1</translation>
+    </message>
+    <message id="TagCatalog.AToB2">
+        <source>AToB2</source>
+        <translation>AToB2</translation>
+    </message>
+    <message id="TagCatalog.Action Advised">
+        <source>Action Advised</source>
+        <translation>Empfohlene Maßnahme</translation>
+    </message>
+    <message id="TagCatalog.Action program (biased toward fast shutter speed)">
+        <source>Action program (biased toward fast shutter speed)</source>
+        <translation>Actionprogramm (bevorzugt kurze Verschlusszeiten)</translation>
+    </message>
+    <message id="TagCatalog.ActiveArea">
+        <source>ActiveArea</source>
+        <translation>Aktiver Bereich</translation>
+    </message>
+    <message id="TagCatalog.Alpha Channel Names">
+        <source>Alpha Channel Names</source>
+        <translation>Alphakanalnamen</translation>
+    </message>
+    <message id="TagCatalog.Alpha Identifiers">
+        <source>Alpha Identifiers</source>
+        <translation>Alphakanalkennungen</translation>
+    </message>
+    <message id="TagCatalog.Altitude">
+        <source>Altitude</source>
+        <translation>Höhe</translation>
+    </message>
+    <message id="TagCatalog.Altitude Reference">
+        <source>Altitude Reference</source>
+        <translation>Bezug der Höhe</translation>
+    </message>
+    <message id="TagCatalog.An Ordered dither or halftone">
+        <source>An Ordered dither or halftone</source>
+        <translation>Geordnetes Dithering oder Rasterung</translation>
+    </message>
+    <message id="TagCatalog.AnalogBalance">
+        <source>AnalogBalance</source>
+        <translation>Analogabgleich</translation>
+    </message>
+    <message id="TagCatalog.AntiAliasStrength">
+        <source>AntiAliasStrength</source>
+        <translation>Stärke des Tiefpassfilters</translation>
+    </message>
+    <message id="TagCatalog.Aperture">
+        <source>Aperture</source>
+        <translation>Blendenwert</translation>
+    </message>
+    <message id="TagCatalog.Aperture priority">
+        <source>Aperture priority</source>
+        <translation>Blendenvorwahl (Zeitautomatik)</translation>
+    </message>
+    <message id="TagCatalog.Artist">
+        <source>Artist</source>
+        <translation>Künstler</translation>
+    </message>
+    <message id="TagCatalog.AsShotICCProfile">
+        <source>AsShotICCProfile</source>
+        <translation>ICC-Profil der Aufnahme</translation>
+    </message>
+    <message id="TagCatalog.AsShotNeutral">
+        <source>AsShotNeutral</source>
+        <translation>Neutralpunkt der Aufnahme</translation>
+    </message>
+    <message id="TagCatalog.AsShotPreProfileMatrix">
+        <source>AsShotPreProfileMatrix</source>
+        <translation>Vorprofilmatrix der Aufnahme</translation>
+    </message>
+    <message id="TagCatalog.AsShotWhiteXY">
+        <source>AsShotWhiteXY</source>
+        <translation>Weißpunkt der Aufnahme (xy)</translation>
+    </message>
+    <message id="TagCatalog.Associated alpha data (with pre-multiplied color)">
+        <source>Associated alpha data (with pre-multiplied color)</source>
+        <translation>Zugeordnete Alphadaten (mit vormultiplizierter Farbe)</translation>
+    </message>
+    <message id="TagCatalog.Audio Duration">
+        <source>Audio Duration</source>
+        <translation>Audiodauer</translation>
+    </message>
+    <message id="TagCatalog.Audio Outcue">
+        <source>Audio Outcue</source>
+        <translation>Audio-Schlussworte</translation>
+    </message>
+    <message id="TagCatalog.Audio Sampling Rate">
+        <source>Audio Sampling Rate</source>
+        <translation>Audio-Abtastrate</translation>
+    </message>
+    <message id="TagCatalog.Audio Sampling Resolution">
+        <source>Audio Sampling Resolution</source>
+        <translation>Audio-Abtasttiefe</translation>
+    </message>
+    <message id="TagCatalog.Auto Exposure">
+        <source>Auto Exposure</source>
+        <translation>Belichtungsautomatik</translation>
+    </message>
+    <message id="TagCatalog.Auto bracket">
+        <source>Auto bracket</source>
+        <translation>Automatische Belichtungsreihe</translation>
+    </message>
+    <message id="TagCatalog.Auto white balance">
+        <source>Auto white balance</source>
+        <translation>Automatischer Weißabgleich</translation>
+    </message>
+    <message id="TagCatalog.Average">
+        <source>Average</source>
+        <translation>Mittelwert</translation>
+    </message>
+    <message id="TagCatalog.BToA0">
+        <source>BToA0</source>
+        <translation>BToA0</translation>
+    </message>
+    <message id="TagCatalog.BToA1">
+        <source>BToA1</source>
+        <translation>BToA1</translation>
+    </message>
+    <message id="TagCatalog.BToA2">
+        <source>BToA2</source>
+        <translation>BToA2</translation>
+    </message>
+    <message id="TagCatalog.Background Color">
+        <source>Background Color</source>
+        <translation>Hintergrundfarbe</translation>
+    </message>
+    <message id="TagCatalog.Background Color Indicator">
+        <source>Background Color Indicator</source>
+        <translation>Kennzeichen der Hintergrundfarbe</translation>
+    </message>
+    <message id="TagCatalog.Background Color Value">
+        <source>Background Color Value</source>
+        <translation>Wert der Hintergrundfarbe</translation>
+    </message>
+    <message id="TagCatalog.Baseline sequential process">
+        <source>Baseline sequential process</source>
+        <translation>Sequenzielles Baseline-Verfahren</translation>
+    </message>
+    <message id="TagCatalog.BaselineExposure">
+        <source>BaselineExposure</source>
+        <translation>Grundbelichtung</translation>
+    </message>
+    <message id="TagCatalog.BaselineNoise">
+        <source>BaselineNoise</source>
+        <translation>Grundrauschen</translation>
+    </message>
+    <message id="TagCatalog.BaselineSharpness">
+        <source>BaselineSharpness</source>
+        <translation>Grundschärfe</translation>
+    </message>
+    <message id="TagCatalog.Battery Level">
+        <source>Battery Level</source>
+        <translation>Batterieladestand</translation>
+    </message>
+    <message id="TagCatalog.BayerGreenSplit">
+        <source>BayerGreenSplit</source>
+        <translation>Bayer-Grünabweichung</translation>
+    </message>
+    <message id="TagCatalog.Bearing of destination">
+        <source>Bearing of destination</source>
+        <translation>Peilung zum Ziel</translation>
+    </message>
+    <message id="TagCatalog.BestQualityScale">
+        <source>BestQualityScale</source>
+        <translation>Skalierung für beste Qualität</translation>
+    </message>
+    <message id="TagCatalog.Bits Per Extended Run Length">
+        <source>Bits Per Extended Run Length</source>
+        <translation>Bits pro erweiterter Lauflänge</translation>
+    </message>
+    <message id="TagCatalog.Bits Per Run length">
+        <source>Bits Per Run length</source>
+        <translation>Bits pro Lauflänge</translation>
+    </message>
+    <message id="TagCatalog.Bits Per Sample">
+        <source>Bits Per Sample</source>
+        <translation>Bits pro Kanal</translation>
+    </message>
+    <message id="TagCatalog.Black and white values">
+        <source>Black and white values</source>
+        <translation>Schwarz- und Weißwerte</translation>
+    </message>
+    <message id="TagCatalog.Black is Zero">
+        <source>Black is Zero</source>
+        <translation>Schwarz ist null</translation>
+    </message>
+    <message id="TagCatalog.BlackLevelDeltaH">
+        <source>BlackLevelDeltaH</source>
+        <translation>Horizontale Schwarzpegeldifferenz</translation>
+    </message>
+    <message id="TagCatalog.BlackLevelDeltaV">
+        <source>BlackLevelDeltaV</source>
+        <translation>Vertikale Schwarzpegeldifferenz</translation>
+    </message>
+    <message id="TagCatalog.BlackLevelRepeatCols">
+        <source>BlackLevelRepeatCols</source>
+        <translation>BlackLevelRepeatCols</translation>
+    </message>
+    <message id="TagCatalog.BlackLevelRepeatDim">
+        <source>BlackLevelRepeatDim</source>
+        <translation>Wiederholungsmaße des Schwarzpegels</translation>
+    </message>
+    <message id="TagCatalog.Border information">
+        <source>Border information</source>
+        <translation>Randinformationen</translation>
+    </message>
+    <message id="TagCatalog.Brightness">
+        <source>Brightness</source>
+        <translation>Helligkeit</translation>
+    </message>
+    <message id="TagCatalog.Byline">
+        <source>Byline</source>
+        <translation>Urheber</translation>
+    </message>
+    <message id="TagCatalog.Byline Title">
+        <source>Byline Title</source>
+        <translation>Berufsbezeichnung des Urhebers</translation>
+    </message>
+    <message id="TagCatalog.CCITT Group 3 1-Dimensional Modified Huffman run length encoding.">
+        <source>CCITT Group 3 1-Dimensional Modified Huffman run length encoding.</source>
+        <translation>CCITT Gruppe 3, eindimensionale modifizierte Huffman-Lauflängenkodierung</translation>
+    </message>
+    <message id="TagCatalog.CFA (Color Filter Array).">
+        <source>CFA (Color Filter Array).</source>
+        <translation>CFA (Farbfiltermatrix)</translation>
+    </message>
+    <message id="TagCatalog.CFA Pattern">
+        <source>CFA Pattern</source>
+        <translation>CFA-Muster</translation>
+    </message>
+    <message id="TagCatalog.CFA Repeat Pattern Dim">
+        <source>CFA Repeat Pattern Dim</source>
+        <translation>Maße des CFA-Musters</translation>
+    </message>
+    <message id="TagCatalog.CFALayout">
+        <source>CFALayout</source>
+        <translation>CFA-Anordnung</translation>
+    </message>
+    <message id="TagCatalog.CFAPlaneColor">
+        <source>CFAPlaneColor</source>
+        <translation>CFA-Ebenenfarben</translation>
+    </message>
+    <message id="TagCatalog.CMYK">
+        <source>CMYK</source>
+        <translation>CMYK</translation>
+    </message>
+    <message id="TagCatalog.CMYK Equivalent">
+        <source>CMYK Equivalent</source>
+        <translation>CMYK-Entsprechung</translation>
+    </message>
+    <message id="TagCatalog.CalibrationIlluminant1">
+        <source>CalibrationIlluminant1</source>
+        <translation>Kalibrierungslichtart 1</translation>
+    </message>
+    <message id="TagCatalog.CalibrationIlluminant2">
+        <source>CalibrationIlluminant2</source>
+        <translation>Kalibrierungslichtart 2</translation>
+    </message>
+    <message id="TagCatalog.CameraCalibration1">
+        <source>CameraCalibration1</source>
+        <translation>Kamerakalibrierung 1</translation>
+    </message>
+    <message id="TagCatalog.CameraCalibration2">
+        <source>CameraCalibration2</source>
+        <translation>Kamerakalibrierung 2</translation>
+    </message>
+    <message id="TagCatalog.CameraSerialNumber">
+        <source>CameraSerialNumber</source>
+        <translation>Seriennummer der Kamera</translation>
+    </message>
+    <message id="TagCatalog.Caption">
+        <source>Caption</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message id="TagCatalog.Caption Writer">
+        <source>Caption Writer</source>
+        <translation>Verfasser der Beschreibung</translation>
+    </message>
+    <message id="TagCatalog.Category">
+        <source>Category</source>
+        <translation>Kategorie</translation>
+    </message>
+    <message id="TagCatalog.Cell Length">
+        <source>Cell Length</source>
+        <translation>Zellenhöhe</translation>
+    </message>
+    <message id="TagCatalog.Cell Width">
+        <source>Cell Width</source>
+        <translation>Zellenbreite</translation>
+    </message>
+    <message id="TagCatalog.Center Weighted Average">
+        <source>Center Weighted Average</source>
+        <translation>Mittenbetont</translation>
+    </message>
+    <message id="TagCatalog.Centimeter">
+        <source>Centimeter</source>
+        <translation>Zentimeter</translation>
+    </message>
+    <message id="TagCatalog.ChromaBlurRadius">
+        <source>ChromaBlurRadius</source>
+        <translation>Radius der Farbweichzeichnung</translation>
+    </message>
+    <message id="TagCatalog.City">
+        <source>City</source>
+        <translation>Ort</translation>
+    </message>
+    <message id="TagCatalog.Classify State">
+        <source>Classify State</source>
+        <translation>Klassifizierungsstatus</translation>
+    </message>
+    <message id="TagCatalog.Close View">
+        <source>Close View</source>
+        <translation>Nahbereich</translation>
+    </message>
+    <message id="TagCatalog.Cloudy Weather">
+        <source>Cloudy Weather</source>
+        <translation>Bewölkt</translation>
+    </message>
+    <message id="TagCatalog.Color Characterization">
+        <source>Color Characterization</source>
+        <translation>Farbcharakterisierung</translation>
+    </message>
+    <message id="TagCatalog.Color Map">
+        <source>Color Map</source>
+        <translation>Farbpalette</translation>
+    </message>
+    <message id="TagCatalog.Color Sequence">
+        <source>Color Sequence</source>
+        <translation>Farbreihenfolge</translation>
+    </message>
+    <message id="TagCatalog.Color Space">
+        <source>Color Space</source>
+        <translation>Farbraum</translation>
+    </message>
+    <message id="TagCatalog.Color Table">
+        <source>Color Table</source>
+        <translation>Farbtabelle</translation>
+    </message>
+    <message id="TagCatalog.Color halftoning information">
+        <source>Color halftoning information</source>
+        <translation>Rasterung für Farbe</translation>
+    </message>
+    <message id="TagCatalog.Color samplers resource">
+        <source>Color samplers resource</source>
+        <translation>Farbaufnahmepunkte</translation>
+    </message>
+    <message id="TagCatalog.Color sequential area sensor">
+        <source>Color sequential area sensor</source>
+        <translation>Farbsequenzieller Flächensensor</translation>
+    </message>
+    <message id="TagCatalog.Color sequential linear sensor">
+        <source>Color sequential linear sensor</source>
+        <translation>Farbsequenzieller Zeilensensor</translation>
+    </message>
+    <message id="TagCatalog.Color transfer functions">
+        <source>Color transfer functions</source>
+        <translation>Übertragungsfunktionen für Farbe</translation>
+    </message>
+    <message id="TagCatalog.ColorMatrix1">
+        <source>ColorMatrix1</source>
+        <translation>Farbmatrix 1</translation>
+    </message>
+    <message id="TagCatalog.ColorMatrix2">
+        <source>ColorMatrix2</source>
+        <translation>Farbmatrix 2</translation>
+    </message>
+    <message id="TagCatalog.Components Confirguration">
+        <source>Components Confirguration</source>
+        <translation>Komponentenkonfiguration</translation>
+    </message>
+    <message id="TagCatalog.Compressed Bits Per Pixel">
+        <source>Compressed Bits Per Pixel</source>
+        <translation>Komprimierte Bits pro Pixel</translation>
+    </message>
+    <message id="TagCatalog.Compression">
+        <source>Compression</source>
+        <translation>Komprimierung</translation>
+    </message>
+    <message id="TagCatalog.Contact">
+        <source>Contact</source>
+        <translation>Kontakt</translation>
+    </message>
+    <message id="TagCatalog.Content Location Code">
+        <source>Content Location Code</source>
+        <translation>Ortscode des Inhalts</translation>
+    </message>
+    <message id="TagCatalog.Content Location Name">
+        <source>Content Location Name</source>
+        <translation>Ortsname des Inhalts</translation>
+    </message>
+    <message id="TagCatalog.Content Preview">
+        <source>Content Preview</source>
+        <translation>Inhaltsvorschau</translation>
+    </message>
+    <message id="TagCatalog.Contrast">
+        <source>Contrast</source>
+        <translation>Kontrast</translation>
+    </message>
+    <message id="TagCatalog.Cool white fluorescent (W 3900 - 4500K)">
+        <source>Cool white fluorescent (W 3900 - 4500K)</source>
+        <translation>Kaltweiße Leuchtstofflampe (W 3900–4500 K)</translation>
+    </message>
+    <message id="TagCatalog.Copyright">
+        <source>Copyright</source>
+        <translation>Copyright</translation>
+    </message>
+    <message id="TagCatalog.Copyright String">
+        <source>Copyright String</source>
+        <translation>Copyright-Vermerk</translation>
+    </message>
+    <message id="TagCatalog.Country Code">
+        <source>Country Code</source>
+        <translation>Ländercode</translation>
+    </message>
+    <message id="TagCatalog.Country Name">
+        <source>Country Name</source>
+        <translation>Land</translation>
+    </message>
+    <message id="TagCatalog.Created Date">
+        <source>Created Date</source>
+        <translation>Erstellungsdatum</translation>
+    </message>
+    <message id="TagCatalog.Created Time">
+        <source>Created Time</source>
+        <translation>Erstellungszeit</translation>
+    </message>
+    <message id="TagCatalog.Creative program (biased toward depth of field)">
+        <source>Creative program (biased toward depth of field)</source>
+        <translation>Kreativprogramm (bevorzugt Schärfentiefe)</translation>
+    </message>
+    <message id="TagCatalog.Creator">
+        <source>Creator</source>
+        <translation>Urheber</translation>
+    </message>
+    <message id="TagCatalog.Credit">
+        <source>Credit</source>
+        <translation>Bildnachweis</translation>
+    </message>
+    <message id="TagCatalog.CurrentICCProfile">
+        <source>CurrentICCProfile</source>
+        <translation>Aktuelles ICC-Profil</translation>
+    </message>
+    <message id="TagCatalog.CurrentPreProfileMatrix">
+        <source>CurrentPreProfileMatrix</source>
+        <translation>Aktuelle Vorprofilmatrix</translation>
+    </message>
+    <message id="TagCatalog.Custom process">
+        <source>Custom process</source>
+        <translation>Benutzerdefinierte Verarbeitung</translation>
+    </message>
+    <message id="TagCatalog.D50">
+        <source>D50</source>
+        <translation>D50</translation>
+    </message>
+    <message id="TagCatalog.D55">
+        <source>D55</source>
+        <translation>D55</translation>
+    </message>
+    <message id="TagCatalog.D65">
+        <source>D65</source>
+        <translation>D65</translation>
+    </message>
+    <message id="TagCatalog.D75">
+        <source>D75</source>
+        <translation>D75</translation>
+    </message>
+    <message id="TagCatalog.DCS Hue Shift Values">
+        <source>DCS Hue Shift Values</source>
+        <translation>DCS-Farbtonverschiebung</translation>
+    </message>
+    <message id="TagCatalog.DNGBackwardVersion">
+        <source>DNGBackwardVersion</source>
+        <translation>DNG-Kompatibilitätsversion</translation>
+    </message>
+    <message id="TagCatalog.DNGPrivateData">
+        <source>DNGPrivateData</source>
+        <translation>Private DNG-Daten</translation>
+    </message>
+    <message id="TagCatalog.DNGVersion">
+        <source>DNGVersion</source>
+        <translation>DNG-Version</translation>
+    </message>
+    <message id="TagCatalog.Data Type">
+        <source>Data Type</source>
+        <translation>Datentyp</translation>
+    </message>
+    <message id="TagCatalog.Date &amp; Time">
+        <source>Date &amp; Time</source>
+        <translation>Datum &amp; Uhrzeit</translation>
+    </message>
+    <message id="TagCatalog.Day white fluorescent (N 4600 - 5400K)">
+        <source>Day white fluorescent (N 4600 - 5400K)</source>
+        <translation>Tagesweiße Leuchtstofflampe (N 4600–5400 K)</translation>
+    </message>
+    <message id="TagCatalog.Daylight">
+        <source>Daylight</source>
+        <translation>Tageslicht</translation>
+    </message>
+    <message id="TagCatalog.Daylight Fluorescent (D 5700 - 7100K)">
+        <source>Daylight Fluorescent (D 5700 - 7100K)</source>
+        <translation>Tageslicht-Leuchtstofflampe (D 5700–7100 K)</translation>
+    </message>
+    <message id="TagCatalog.DefaultCropOrigin">
+        <source>DefaultCropOrigin</source>
+        <translation>Ursprung des Standardzuschnitts</translation>
+    </message>
+    <message id="TagCatalog.DefaultCropSize">
+        <source>DefaultCropSize</source>
+        <translation>Größe des Standardzuschnitts</translation>
+    </message>
+    <message id="TagCatalog.DefaultScale">
+        <source>DefaultScale</source>
+        <translation>Standardskalierung</translation>
+    </message>
+    <message id="TagCatalog.Description">
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message id="TagCatalog.Device Make">
+        <source>Device Make</source>
+        <translation>Gerätehersteller</translation>
+    </message>
+    <message id="TagCatalog.Device Model">
+        <source>Device Model</source>
+        <translation>Gerätemodell</translation>
+    </message>
+    <message id="TagCatalog.Device Setting Description">
+        <source>Device Setting Description</source>
+        <translation>Beschreibung der Geräteeinstellungen</translation>
+    </message>
+    <message id="TagCatalog.Digital Creation Date">
+        <source>Digital Creation Date</source>
+        <translation>Digitalisierungsdatum</translation>
+    </message>
+    <message id="TagCatalog.Digital Creation Time">
+        <source>Digital Creation Time</source>
+        <translation>Digitalisierungszeit</translation>
+    </message>
+    <message id="TagCatalog.Digital Zoom Ratio">
+        <source>Digital Zoom Ratio</source>
+        <translation>Digitalzoomfaktor</translation>
+    </message>
+    <message id="TagCatalog.Digitized Date">
+        <source>Digitized Date</source>
+        <translation>Digitalisierungsdatum</translation>
+    </message>
+    <message id="TagCatalog.Digitized Sub Seconds of Time">
+        <source>Digitized Sub Seconds of Time</source>
+        <translation>Sekundenbruchteile der Digitalisierung</translation>
+    </message>
+    <message id="TagCatalog.Direction of Image">
+        <source>Direction of Image</source>
+        <translation>Aufnahmerichtung</translation>
+    </message>
+    <message id="TagCatalog.Direction of movement">
+        <source>Direction of movement</source>
+        <translation>Bewegungsrichtung</translation>
+    </message>
+    <message id="TagCatalog.Display Info">
+        <source>Display Info</source>
+        <translation>Anzeigeinformationen</translation>
+    </message>
+    <message id="TagCatalog.Distance to destination">
+        <source>Distance to destination</source>
+        <translation>Entfernung zum Ziel</translation>
+    </message>
+    <message id="TagCatalog.Distant View">
+        <source>Distant View</source>
+        <translation>Fernbereich</translation>
+    </message>
+    <message id="TagCatalog.Document History">
+        <source>Document History</source>
+        <translation>Dokumentverlauf</translation>
+    </message>
+    <message id="TagCatalog.Document Name">
+        <source>Document Name</source>
+        <translation>Dokumentname</translation>
+    </message>
+    <message id="TagCatalog.Document Notes">
+        <source>Document Notes</source>
+        <translation>Dokumentnotizen</translation>
+    </message>
+    <message id="TagCatalog.Document specific IDs, layer IDs">
+        <source>Document specific IDs, layer IDs</source>
+        <translation>Dokumentspezifische Kennungen, Ebenenkennungen</translation>
+    </message>
+    <message id="TagCatalog.Dot Range">
+        <source>Dot Range</source>
+        <translation>Rasterpunktbereich</translation>
+    </message>
+    <message id="TagCatalog.Duotone halftoning information">
+        <source>Duotone halftoning information</source>
+        <translation>Rasterung für Duplex</translation>
+    </message>
+    <message id="TagCatalog.Duotone image information">
+        <source>Duotone image information</source>
+        <translation>Duplexbild-Informationen</translation>
+    </message>
+    <message id="TagCatalog.Duotone transfer functions">
+        <source>Duotone transfer functions</source>
+        <translation>Übertragungsfunktionen für Duplex</translation>
+    </message>
+    <message id="TagCatalog.EPS options">
+        <source>EPS options</source>
+        <translation>EPS-Optionen</translation>
+    </message>
+    <message id="TagCatalog.EXIF Camera Info">
+        <source>EXIF Camera Info</source>
+        <translation>EXIF-Kameradaten</translation>
+    </message>
+    <message id="TagCatalog.East or West Longitude">
+        <source>East or West Longitude</source>
+        <translation>Östliche oder westliche Länge</translation>
+    </message>
+    <message id="TagCatalog.Edit Status">
+        <source>Edit Status</source>
+        <translation>Bearbeitungsstatus</translation>
+    </message>
+    <message id="TagCatalog.Editorial Update">
+        <source>Editorial Update</source>
+        <translation>Redaktionelle Aktualisierung</translation>
+    </message>
+    <message id="TagCatalog.Effects visible">
+        <source>Effects visible</source>
+        <translation>Sichtbarkeit der Effekte</translation>
+    </message>
+    <message id="TagCatalog.Exif IFD Pointer">
+        <source>Exif IFD Pointer</source>
+        <translation>Exif-IFD-Zeiger</translation>
+    </message>
+    <message id="TagCatalog.Exif Version">
+        <source>Exif Version</source>
+        <translation>Exif-Version</translation>
+    </message>
+    <message id="TagCatalog.Expiration Date">
+        <source>Expiration Date</source>
+        <translation>Ablaufdatum</translation>
+    </message>
+    <message id="TagCatalog.Expiration Time">
+        <source>Expiration Time</source>
+        <translation>Ablaufzeit</translation>
+    </message>
+    <message id="TagCatalog.Exposure Bias">
+        <source>Exposure Bias</source>
+        <translation>Belichtungskorrektur</translation>
+    </message>
+    <message id="TagCatalog.Exposure Index">
+        <source>Exposure Index</source>
+        <translation>Belichtungsindex</translation>
+    </message>
+    <message id="TagCatalog.Exposure Mode">
+        <source>Exposure Mode</source>
+        <translation>Belichtungsmodus</translation>
+    </message>
+    <message id="TagCatalog.Exposure Program">
+        <source>Exposure Program</source>
+        <translation>Belichtungsprogramm</translation>
+    </message>
+    <message id="TagCatalog.Exposure Time">
+        <source>Exposure Time</source>
+        <translation>Belichtungszeit</translation>
+    </message>
+    <message id="TagCatalog.Extra Samples">
+        <source>Extra Samples</source>
+        <translation>Zusätzliche Kanäle</translation>
+    </message>
+    <message id="TagCatalog.F Number">
+        <source>F Number</source>
+        <translation>Blende</translation>
+    </message>
+    <message id="TagCatalog.Fax Rec Params">
+        <source>Fax Rec Params</source>
+        <translation>Fax-Empfangsparameter</translation>
+    </message>
+    <message id="TagCatalog.Fax Recv Time">
+        <source>Fax Recv Time</source>
+        <translation>Fax-Empfangszeit</translation>
+    </message>
+    <message id="TagCatalog.Fax Sub Address">
+        <source>Fax Sub Address</source>
+        <translation>Fax-Unteradresse</translation>
+    </message>
+    <message id="TagCatalog.FedEx EDR">
+        <source>FedEx EDR</source>
+        <translation>FedEx EDR</translation>
+    </message>
+    <message id="TagCatalog.File Source">
+        <source>File Source</source>
+        <translation>Dateiquelle</translation>
+    </message>
+    <message id="TagCatalog.Fill Order">
+        <source>Fill Order</source>
+        <translation>Füllreihenfolge</translation>
+    </message>
+    <message id="TagCatalog.Fine Weather">
+        <source>Fine Weather</source>
+        <translation>Schönes Wetter</translation>
+    </message>
+    <message id="TagCatalog.Fixture Identifier">
+        <source>Fixture Identifier</source>
+        <translation>Rubrikkennung</translation>
+    </message>
+    <message id="TagCatalog.Flash">
+        <source>Flash</source>
+        <translation>Blitz</translation>
+    </message>
+    <message id="TagCatalog.Flash Energy">
+        <source>Flash Energy</source>
+        <translation>Blitzenergie</translation>
+    </message>
+    <message id="TagCatalog.Flashpix Version">
+        <source>Flashpix Version</source>
+        <translation>Flashpix-Version</translation>
+    </message>
+    <message id="TagCatalog.Fluorescent">
+        <source>Fluorescent</source>
+        <translation>Leuchtstofflampe</translation>
+    </message>
+    <message id="TagCatalog.Focal Length">
+        <source>Focal Length</source>
+        <translation>Brennweite</translation>
+    </message>
+    <message id="TagCatalog.Focal Plane Resolution Unit">
+        <source>Focal Plane Resolution Unit</source>
+        <translation>Auflösungseinheit der Brennebene</translation>
+    </message>
+    <message id="TagCatalog.Focal Plane X Resolution">
+        <source>Focal Plane X Resolution</source>
+        <translation>X-Auflösung der Brennebene</translation>
+    </message>
+    <message id="TagCatalog.Focal Plane Y Resolution">
+        <source>Focal Plane Y Resolution</source>
+        <translation>Y-Auflösung der Brennebene</translation>
+    </message>
+    <message id="TagCatalog.FovCot">
+        <source>FovCot</source>
+        <translation>FovCot</translation>
+    </message>
+    <message id="TagCatalog.Frame Count">
+        <source>Frame Count</source>
+        <translation>Anzahl der Einzelbilder</translation>
+    </message>
+    <message id="TagCatalog.Free Byte Counts">
+        <source>Free Byte Counts</source>
+        <translation>Freie Bytes</translation>
+    </message>
+    <message id="TagCatalog.Free Offsets">
+        <source>Free Offsets</source>
+        <translation>Freie Offsets</translation>
+    </message>
+    <message id="TagCatalog.Full-Resolution Image">
+        <source>Full-Resolution Image</source>
+        <translation>Bild in voller Auflösung</translation>
+    </message>
+    <message id="TagCatalog.GPS Date">
+        <source>GPS Date</source>
+        <translation>GPS-Datum</translation>
+    </message>
+    <message id="TagCatalog.GPS IFD Pointer">
+        <source>GPS IFD Pointer</source>
+        <translation>GPS-IFD-Zeiger</translation>
+    </message>
+    <message id="TagCatalog.GPS Tag Version">
+        <source>GPS Tag Version</source>
+        <translation>Version der GPS-Felder</translation>
+    </message>
+    <message id="TagCatalog.GPS differential correction">
+        <source>GPS differential correction</source>
+        <translation>GPS-Differenzialkorrektur</translation>
+    </message>
+    <message id="TagCatalog.GPS measurement mode">
+        <source>GPS measurement mode</source>
+        <translation>GPS-Messmodus</translation>
+    </message>
+    <message id="TagCatalog.GPS receiver status">
+        <source>GPS receiver status</source>
+        <translation>Status des GPS-Empfängers</translation>
+    </message>
+    <message id="TagCatalog.GPS satelites used for measurement">
+        <source>GPS satelites used for measurement</source>
+        <translation>Zur Messung genutzte GPS-Satelliten</translation>
+    </message>
+    <message id="TagCatalog.GPS time (atomic clock)">
+        <source>GPS time (atomic clock)</source>
+        <translation>GPS-Zeit (Atomuhr)</translation>
+    </message>
+    <message id="TagCatalog.Gain Control">
+        <source>Gain Control</source>
+        <translation>Verstärkungsregelung</translation>
+    </message>
+    <message id="TagCatalog.Geo ASCII Params Tag">
+        <source>Geo ASCII Params Tag</source>
+        <translation>Geo-Parameter (ASCII)</translation>
+    </message>
+    <message id="TagCatalog.Geo Double Params Tag">
+        <source>Geo Double Params Tag</source>
+        <translation>Geo-Parameter (Double)</translation>
+    </message>
+    <message id="TagCatalog.Geo Key Directory Tag">
+        <source>Geo Key Directory Tag</source>
+        <translation>GeoKey-Verzeichnis</translation>
+    </message>
+    <message id="TagCatalog.Geodetic survey data used">
+        <source>Geodetic survey data used</source>
+        <translation>Geodätisches Bezugssystem</translation>
+    </message>
+    <message id="TagCatalog.Global Altitude">
+        <source>Global Altitude</source>
+        <translation>Globale Höhe</translation>
+    </message>
+    <message id="TagCatalog.Global Angle">
+        <source>Global Angle</source>
+        <translation>Globaler Winkel</translation>
+    </message>
+    <message id="TagCatalog.Gray Response Curve">
+        <source>Gray Response Curve</source>
+        <translation>Grauwertkurve</translation>
+    </message>
+    <message id="TagCatalog.Gray Response Unit">
+        <source>Gray Response Unit</source>
+        <translation>Einheit der Grauwertkurve</translation>
+    </message>
+    <message id="TagCatalog.Grayscale and multichannel halftoning information">
+        <source>Grayscale and multichannel halftoning information</source>
+        <translation>Rasterung für Graustufen und Mehrkanal</translation>
+    </message>
+    <message id="TagCatalog.Grayscale and multichannel transfer function">
+        <source>Grayscale and multichannel transfer function</source>
+        <translation>Übertragungsfunktion für Graustufen und Mehrkanal</translation>
+    </message>
+    <message id="TagCatalog.Grid and guides information">
+        <source>Grid and guides information</source>
+        <translation>Raster und Hilfslinien</translation>
+    </message>
+    <message id="TagCatalog.HC Usage">
+        <source>HC Usage</source>
+        <translation>HC-Verwendung</translation>
+    </message>
+    <message id="TagCatalog.Halftone Hints">
+        <source>Halftone Hints</source>
+        <translation>Rasterungshinweise</translation>
+    </message>
+    <message id="TagCatalog.Hard">
+        <source>Hard</source>
+        <translation>Hart</translation>
+    </message>
+    <message id="TagCatalog.Headline">
+        <source>Headline</source>
+        <translation>Überschrift</translation>
+    </message>
+    <message id="TagCatalog.Height">
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message id="TagCatalog.High gain down">
+        <source>High gain down</source>
+        <translation>Hohe Abschwächung</translation>
+    </message>
+    <message id="TagCatalog.High gain up">
+        <source>High gain up</source>
+        <translation>Hohe Verstärkung</translation>
+    </message>
+    <message id="TagCatalog.High saturation">
+        <source>High saturation</source>
+        <translation>Hohe Sättigung</translation>
+    </message>
+    <message id="TagCatalog.High-order">
+        <source>High-order</source>
+        <translation>Höchstwertiges Bit zuerst</translation>
+    </message>
+    <message id="TagCatalog.Host Computer">
+        <source>Host Computer</source>
+        <translation>Hostcomputer</translation>
+    </message>
+    <message id="TagCatalog.ICC Profile">
+        <source>ICC Profile</source>
+        <translation>ICC-Profil</translation>
+    </message>
+    <message id="TagCatalog.ICC Untagged">
+        <source>ICC Untagged</source>
+        <translation>Ohne ICC-Profil</translation>
+    </message>
+    <message id="TagCatalog.IEEE floating point data (IEEE)">
+        <source>IEEE floating point data (IEEE)</source>
+        <translation>Gleitkommazahlen (IEEE)</translation>
+    </message>
+    <message id="TagCatalog.IPTC-NAA">
+        <source>IPTC-NAA</source>
+        <translation>IPTC-NAA</translation>
+    </message>
+    <message id="TagCatalog.IPTC/NAA">
+        <source>IPTC/NAA</source>
+        <translation>IPTC/NAA</translation>
+    </message>
+    <message id="TagCatalog.ISO Speed Ratings">
+        <source>ISO Speed Ratings</source>
+        <translation>ISO-Empfindlichkeit</translation>
+    </message>
+    <message id="TagCatalog.ISO studio tungsten">
+        <source>ISO studio tungsten</source>
+        <translation>ISO-Studiokunstlicht</translation>
+    </message>
+    <message id="TagCatalog.IT8 Header">
+        <source>IT8 Header</source>
+        <translation>IT8-Header</translation>
+    </message>
+    <message id="TagCatalog.Image Color Indicator">
+        <source>Image Color Indicator</source>
+        <translation>Kennzeichen der Bildfarbe</translation>
+    </message>
+    <message id="TagCatalog.Image Color Value">
+        <source>Image Color Value</source>
+        <translation>Wert der Bildfarbe</translation>
+    </message>
+    <message id="TagCatalog.Image Depth">
+        <source>Image Depth</source>
+        <translation>Bildtiefe</translation>
+    </message>
+    <message id="TagCatalog.Image File Format">
+        <source>Image File Format</source>
+        <translation>Bilddateiformat</translation>
+    </message>
+    <message id="TagCatalog.Image Full Length">
+        <source>Image Full Length</source>
+        <translation>Volle Bildhöhe</translation>
+    </message>
+    <message id="TagCatalog.Image Full Width">
+        <source>Image Full Width</source>
+        <translation>Volle Bildbreite</translation>
+    </message>
+    <message id="TagCatalog.Image Height">
+        <source>Image Height</source>
+        <translation>Bildhöhe</translation>
+    </message>
+    <message id="TagCatalog.Image History">
+        <source>Image History</source>
+        <translation>Bildverlauf</translation>
+    </message>
+    <message id="TagCatalog.Image ID">
+        <source>Image ID</source>
+        <translation>Bildkennung</translation>
+    </message>
+    <message id="TagCatalog.Image Length">
+        <source>Image Length</source>
+        <translation>Bildhöhe</translation>
+    </message>
+    <message id="TagCatalog.Image Number">
+        <source>Image Number</source>
+        <translation>Bildnummer</translation>
+    </message>
+    <message id="TagCatalog.Image Orientation">
+        <source>Image Orientation</source>
+        <translation>Bildausrichtung</translation>
+    </message>
+    <message id="TagCatalog.Image Source Data">
+        <source>Image Source Data</source>
+        <translation>Bildquelldaten</translation>
+    </message>
+    <message id="TagCatalog.Image Type">
+        <source>Image Type</source>
+        <translation>Bildtyp</translation>
+    </message>
+    <message id="TagCatalog.Image Unique ID">
+        <source>Image Unique ID</source>
+        <translation>Eindeutige Bildkennung</translation>
+    </message>
+    <message id="TagCatalog.Image Width">
+        <source>Image Width</source>
+        <translation>Bildbreite</translation>
+    </message>
+    <message id="TagCatalog.Image mode for raw format files">
+        <source>Image mode for raw format files</source>
+        <translation>Bildmodus für Raw-Dateien</translation>
+    </message>
+    <message id="TagCatalog.Inch">
+        <source>Inch</source>
+        <translation>Zoll</translation>
+    </message>
+    <message id="TagCatalog.Index">
+        <source>Index</source>
+        <translation>Index</translation>
+    </message>
+    <message id="TagCatalog.Indexed Color Table Count">
+        <source>Indexed Color Table Count</source>
+        <translation>Anzahl der indizierten Farben</translation>
+    </message>
+    <message id="TagCatalog.Indexed color table">
+        <source>Indexed color table</source>
+        <translation>Tabelle der indizierten Farben</translation>
+    </message>
+    <message id="TagCatalog.Ink Names">
+        <source>Ink Names</source>
+        <translation>Namen der Druckfarben</translation>
+    </message>
+    <message id="TagCatalog.Ink Set">
+        <source>Ink Set</source>
+        <translation>Druckfarbensatz</translation>
+    </message>
+    <message id="TagCatalog.Intergraph Matrix Tag">
+        <source>Intergraph Matrix Tag</source>
+        <translation>Intergraph-Matrix</translation>
+    </message>
+    <message id="TagCatalog.Interlace">
+        <source>Interlace</source>
+        <translation>Zeilensprung</translation>
+    </message>
+    <message id="TagCatalog.Interoperability Offset">
+        <source>Interoperability Offset</source>
+        <translation>Interoperabilitäts-Offset</translation>
+    </message>
+    <message id="TagCatalog.JBIG Options">
+        <source>JBIG Options</source>
+        <translation>JBIG-Optionen</translation>
+    </message>
+    <message id="TagCatalog.JPEG">
+        <source>JPEG</source>
+        <translation>JPEG</translation>
+    </message>
+    <message id="TagCatalog.JPEG AC Tables">
+        <source>JPEG AC Tables</source>
+        <translation>JPEG-AC-Tabellen</translation>
+    </message>
+    <message id="TagCatalog.JPEG DC Tables">
+        <source>JPEG DC Tables</source>
+        <translation>JPEG-DC-Tabellen</translation>
+    </message>
+    <message id="TagCatalog.JPEG Interchange Format">
+        <source>JPEG Interchange Format</source>
+        <translation>JPEG-Austauschformat</translation>
+    </message>
+    <message id="TagCatalog.JPEG Interchange Format Length">
+        <source>JPEG Interchange Format Length</source>
+        <translation>Länge des JPEG-Austauschformats</translation>
+    </message>
+    <message id="TagCatalog.JPEG Lossless Predictors">
+        <source>JPEG Lossless Predictors</source>
+        <translation>Verlustfreie JPEG-Prädiktoren</translation>
+    </message>
+    <message id="TagCatalog.JPEG Point Transforms">
+        <source>JPEG Point Transforms</source>
+        <translation>JPEG-Punkttransformationen</translation>
+    </message>
+    <message id="TagCatalog.JPEG Proc">
+        <source>JPEG Proc</source>
+        <translation>JPEG-Verfahren</translation>
+    </message>
+    <message id="TagCatalog.JPEG Q Tables">
+        <source>JPEG Q Tables</source>
+        <translation>JPEG-Q-Tabellen</translation>
+    </message>
+    <message id="TagCatalog.JPEG Restat Interval">
+        <source>JPEG Restat Interval</source>
+        <translation>JPEG-Restart-Intervall</translation>
+    </message>
+    <message id="TagCatalog.JPEG quality">
+        <source>JPEG quality</source>
+        <translation>JPEG-Qualität</translation>
+    </message>
+    <message id="TagCatalog.Job ID">
+        <source>Job ID</source>
+        <translation>Auftragskennung</translation>
+    </message>
+    <message id="TagCatalog.Jump To XPEP">
+        <source>Jump To XPEP</source>
+        <translation>Sprung zu XPEP</translation>
+    </message>
+    <message id="TagCatalog.Keywords">
+        <source>Keywords</source>
+        <translation>Schlagwörter</translation>
+    </message>
+    <message id="TagCatalog.LZW">
+        <source>LZW</source>
+        <translation>LZW</translation>
+    </message>
+    <message id="TagCatalog.Landscape">
+        <source>Landscape</source>
+        <translation>Landschaft</translation>
+    </message>
+    <message id="TagCatalog.Landscape mode (for landscape photos with the background in focus)">
+        <source>Landscape mode (for landscape photos with the background in focus)</source>
+        <translation>Landschaftsmodus (für Landschaften mit scharfem Hintergrund)</translation>
+    </message>
+    <message id="TagCatalog.Language Identifier">
+        <source>Language Identifier</source>
+        <translation>Sprachkennung</translation>
+    </message>
+    <message id="TagCatalog.Latitude">
+        <source>Latitude</source>
+        <translation>Geografische Breite</translation>
+    </message>
+    <message id="TagCatalog.Latitude of destination">
+        <source>Latitude of destination</source>
+        <translation>Breite des Ziels</translation>
+    </message>
+    <message id="TagCatalog.Layer state information">
+        <source>Layer state information</source>
+        <translation>Ebenenstatus</translation>
+    </message>
+    <message id="TagCatalog.Layers group information">
+        <source>Layers group information</source>
+        <translation>Ebenengruppen</translation>
+    </message>
+    <message id="TagCatalog.Light Source">
+        <source>Light Source</source>
+        <translation>Lichtquelle</translation>
+    </message>
+    <message id="TagCatalog.LinearRaw">
+        <source>LinearRaw</source>
+        <translation>LinearRaw</translation>
+    </message>
+    <message id="TagCatalog.LinearResponseLimit">
+        <source>LinearResponseLimit</source>
+        <translation>Grenze des linearen Bereichs</translation>
+    </message>
+    <message id="TagCatalog.LinerizationTable">
+        <source>LinerizationTable</source>
+        <translation>Linearisierungstabelle</translation>
+    </message>
+    <message id="TagCatalog.Local Caption">
+        <source>Local Caption</source>
+        <translation>Lokale Beschreibung</translation>
+    </message>
+    <message id="TagCatalog.LocalizedCameraModel">
+        <source>LocalizedCameraModel</source>
+        <translation>Lokalisiertes Kameramodell</translation>
+    </message>
+    <message id="TagCatalog.Longitude">
+        <source>Longitude</source>
+        <translation>Geografische Länge</translation>
+    </message>
+    <message id="TagCatalog.Longitude of destination">
+        <source>Longitude of destination</source>
+        <translation>Länge des Ziels</translation>
+    </message>
+    <message id="TagCatalog.Lossless process with Huffman coding">
+        <source>Lossless process with Huffman coding</source>
+        <translation>Verlustfreies Verfahren mit Huffman-Kodierung</translation>
+    </message>
+    <message id="TagCatalog.Low Resolution Version">
+        <source>Low Resolution Version</source>
+        <translation>Version mit niedriger Auflösung</translation>
+    </message>
+    <message id="TagCatalog.Low gain down">
+        <source>Low gain down</source>
+        <translation>Geringe Abschwächung</translation>
+    </message>
+    <message id="TagCatalog.Low gain up">
+        <source>Low gain up</source>
+        <translation>Geringe Verstärkung</translation>
+    </message>
+    <message id="TagCatalog.Low saturation">
+        <source>Low saturation</source>
+        <translation>Geringe Sättigung</translation>
+    </message>
+    <message id="TagCatalog.Low-order">
+        <source>Low-order</source>
+        <translation>Niederwertigstes Bit zuerst</translation>
+    </message>
+    <message id="TagCatalog.Macintosh print manager">
+        <source>Macintosh print manager</source>
+        <translation>Macintosh-Druckmanager</translation>
+    </message>
+    <message id="TagCatalog.Macro">
+        <source>Macro</source>
+        <translation>Makro</translation>
+    </message>
+    <message id="TagCatalog.Maker Note">
+        <source>Maker Note</source>
+        <translation>Herstellernotiz</translation>
+    </message>
+    <message id="TagCatalog.MakerNoteSafety">
+        <source>MakerNoteSafety</source>
+        <translation>Sicherheit der Herstellernotiz</translation>
+    </message>
+    <message id="TagCatalog.Manual">
+        <source>Manual</source>
+        <translation>Manuell</translation>
+    </message>
+    <message id="TagCatalog.Manual Exposure">
+        <source>Manual Exposure</source>
+        <translation>Manuelle Belichtung</translation>
+    </message>
+    <message id="TagCatalog.Manual white balance">
+        <source>Manual white balance</source>
+        <translation>Manueller Weißabgleich</translation>
+    </message>
+    <message id="TagCatalog.MaskedAreas">
+        <source>MaskedAreas</source>
+        <translation>Maskierte Bereiche</translation>
+    </message>
+    <message id="TagCatalog.Master Document ID">
+        <source>Master Document ID</source>
+        <translation>Kennung des Hauptdokuments</translation>
+    </message>
+    <message id="TagCatalog.Matrix World To Camera">
+        <source>Matrix World To Camera</source>
+        <translation>Matrix Welt zu Kamera</translation>
+    </message>
+    <message id="TagCatalog.Matrix World To Screen">
+        <source>Matrix World To Screen</source>
+        <translation>Matrix Welt zu Bildschirm</translation>
+    </message>
+    <message id="TagCatalog.Matteing">
+        <source>Matteing</source>
+        <translation>Matteing</translation>
+    </message>
+    <message id="TagCatalog.Max Aperture">
+        <source>Max Aperture</source>
+        <translation>Größte Blendenöffnung</translation>
+    </message>
+    <message id="TagCatalog.Max Sample Value">
+        <source>Max Sample Value</source>
+        <translation>Größter Kanalwert</translation>
+    </message>
+    <message id="TagCatalog.Measurement precision">
+        <source>Measurement precision</source>
+        <translation>Messgenauigkeit</translation>
+    </message>
+    <message id="TagCatalog.Metering Mode">
+        <source>Metering Mode</source>
+        <translation>Belichtungsmessung</translation>
+    </message>
+    <message id="TagCatalog.Microsoft® Digital Image Pro Tags">
+        <source>Microsoft® Digital Image Pro Tags</source>
+        <translation>Felder von Microsoft Digital Image Pro</translation>
+    </message>
+    <message id="TagCatalog.Min Sample Value">
+        <source>Min Sample Value</source>
+        <translation>Kleinster Kanalwert</translation>
+    </message>
+    <message id="TagCatalog.Mirrored">
+        <source>Mirrored</source>
+        <translation>Gespiegelt</translation>
+    </message>
+    <message id="TagCatalog.Model Pixel Scale Tag">
+        <source>Model Pixel Scale Tag</source>
+        <translation>Pixelmaßstab des Modells</translation>
+    </message>
+    <message id="TagCatalog.Model Tiepoint Tag">
+        <source>Model Tiepoint Tag</source>
+        <translation>Passpunkte des Modells</translation>
+    </message>
+    <message id="TagCatalog.Model Transformation Tag">
+        <source>Model Transformation Tag</source>
+        <translation>Transformation des Modells</translation>
+    </message>
+    <message id="TagCatalog.Multi Spot">
+        <source>Multi Spot</source>
+        <translation>Multispot</translation>
+    </message>
+    <message id="TagCatalog.Name of GPS area">
+        <source>Name of GPS area</source>
+        <translation>Name des GPS-Gebiets</translation>
+    </message>
+    <message id="TagCatalog.Name of GPS processing method">
+        <source>Name of GPS processing method</source>
+        <translation>Name des GPS-Verfahrens</translation>
+    </message>
+    <message id="TagCatalog.Name of clipping path">
+        <source>Name of clipping path</source>
+        <translation>Name des Beschneidungspfads</translation>
+    </message>
+    <message id="TagCatalog.New Subfile Type">
+        <source>New Subfile Type</source>
+        <translation>Neuer Unterdateityp</translation>
+    </message>
+    <message id="TagCatalog.Night Scene">
+        <source>Night Scene</source>
+        <translation>Nachtaufnahme</translation>
+    </message>
+    <message id="TagCatalog.No absolute unit">
+        <source>No absolute unit</source>
+        <translation>Keine absolute Einheit</translation>
+    </message>
+    <message id="TagCatalog.No compression">
+        <source>No compression</source>
+        <translation>Keine Komprimierung</translation>
+    </message>
+    <message id="TagCatalog.No dithering">
+        <source>No dithering</source>
+        <translation>Kein Dithering</translation>
+    </message>
+    <message id="TagCatalog.Normal">
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message id="TagCatalog.Normal (0 deg)">
+        <source>Normal (0 deg)</source>
+        <translation>Normal (0°)</translation>
+    </message>
+    <message id="TagCatalog.Normal Process">
+        <source>Normal Process</source>
+        <translation>Normale Verarbeitung</translation>
+    </message>
+    <message id="TagCatalog.Normal Program">
+        <source>Normal Program</source>
+        <translation>Programmautomatik</translation>
+    </message>
+    <message id="TagCatalog.North or South Latitude">
+        <source>North or South Latitude</source>
+        <translation>Nördliche oder südliche Breite</translation>
+    </message>
+    <message id="TagCatalog.Not Defined">
+        <source>Not Defined</source>
+        <translation>Nicht definiert</translation>
+    </message>
+    <message id="TagCatalog.Number Of Inks">
+        <source>Number Of Inks</source>
+        <translation>Anzahl der Druckfarben</translation>
+    </message>
+    <message id="TagCatalog.Number represents hundred-thousandths of a unit">
+        <source>Number represents hundred-thousandths of a unit</source>
+        <translation>Angabe in Hunderttausendsteln einer Einheit</translation>
+    </message>
+    <message id="TagCatalog.Number represents hundreths of a unit">
+        <source>Number represents hundreths of a unit</source>
+        <translation>Angabe in Hundertsteln einer Einheit</translation>
+    </message>
+    <message id="TagCatalog.Number represents ten-thousandths of a unit">
+        <source>Number represents ten-thousandths of a unit</source>
+        <translation>Angabe in Zehntausendsteln einer Einheit</translation>
+    </message>
+    <message id="TagCatalog.Number represents tenths of a unit">
+        <source>Number represents tenths of a unit</source>
+        <translation>Angabe in Zehnteln einer Einheit</translation>
+    </message>
+    <message id="TagCatalog.Number represents thousandths of a unit">
+        <source>Number represents thousandths of a unit</source>
+        <translation>Angabe in Tausendsteln einer Einheit</translation>
+    </message>
+    <message id="TagCatalog.OECF">
+        <source>OECF</source>
+        <translation>OECF</translation>
+    </message>
+    <message id="TagCatalog.Obj Data Preview Data">
+        <source>Obj Data Preview Data</source>
+        <translation>Daten der Objektvorschau</translation>
+    </message>
+    <message id="TagCatalog.Obj Data Preview File Format">
+        <source>Obj Data Preview File Format</source>
+        <translation>Dateiformat der Objektvorschau</translation>
+    </message>
+    <message id="TagCatalog.Obj Data Preview File Format Ver">
+        <source>Obj Data Preview File Format Ver</source>
+        <translation>Dateiformatversion der Objektvorschau</translation>
+    </message>
+    <message id="TagCatalog.Object Attribute Reference">
+        <source>Object Attribute Reference</source>
+        <translation>Objektattribut-Referenz</translation>
+    </message>
+    <message id="TagCatalog.Object Cycle">
+        <source>Object Cycle</source>
+        <translation>Objektzyklus</translation>
+    </message>
+    <message id="TagCatalog.Object Name">
+        <source>Object Name</source>
+        <translation>Objektname</translation>
+    </message>
+    <message id="TagCatalog.Object TypeReference">
+        <source>Object TypeReference</source>
+        <translation>Objekttyp-Referenz</translation>
+    </message>
+    <message id="TagCatalog.Obsolete">
+        <source>Obsolete</source>
+        <translation>Veraltet</translation>
+    </message>
+    <message id="TagCatalog.One-chip color area sensor">
+        <source>One-chip color area sensor</source>
+        <translation>Ein-Chip-Farbflächensensor</translation>
+    </message>
+    <message id="TagCatalog.Orientation">
+        <source>Orientation</source>
+        <translation>Ausrichtung</translation>
+    </message>
+    <message id="TagCatalog.Original Date">
+        <source>Original Date</source>
+        <translation>Aufnahmedatum</translation>
+    </message>
+    <message id="TagCatalog.Original Sub Seconds of Time">
+        <source>Original Sub Seconds of Time</source>
+        <translation>Sekundenbruchteile der Aufnahme</translation>
+    </message>
+    <message id="TagCatalog.Original Transmission reference">
+        <source>Original Transmission reference</source>
+        <translation>Ursprüngliche Übertragungsreferenz</translation>
+    </message>
+    <message id="TagCatalog.OriginalRawFileData">
+        <source>OriginalRawFileData</source>
+        <translation>Daten der Original-Rohdatei</translation>
+    </message>
+    <message id="TagCatalog.OriginalRawFileName">
+        <source>OriginalRawFileName</source>
+        <translation>Name der Original-Rohdatei</translation>
+    </message>
+    <message id="TagCatalog.Originating Program">
+        <source>Originating Program</source>
+        <translation>Ursprungsprogramm</translation>
+    </message>
+    <message id="TagCatalog.Originating URL">
+        <source>Originating URL</source>
+        <translation>Ursprungs-URL</translation>
+    </message>
+    <message id="TagCatalog.Other">
+        <source>Other</source>
+        <translation>Andere</translation>
+    </message>
+    <message id="TagCatalog.Owner ID">
+        <source>Owner ID</source>
+        <translation>Besitzerkennung</translation>
+    </message>
+    <message id="TagCatalog.PackBits compression, a simple byte-oriented run length scheme.">
+        <source>PackBits compression, a simple byte-oriented run length scheme.</source>
+        <translation>PackBits-Komprimierung, eine einfache byteweise Lauflängenkodierung</translation>
+    </message>
+    <message id="TagCatalog.Page Name">
+        <source>Page Name</source>
+        <translation>Seitenname</translation>
+    </message>
+    <message id="TagCatalog.Page Number">
+        <source>Page Number</source>
+        <translation>Seitennummer</translation>
+    </message>
+    <message id="TagCatalog.Partial">
+        <source>Partial</source>
+        <translation>Selektiv</translation>
+    </message>
+    <message id="TagCatalog.Pattern">
+        <source>Pattern</source>
+        <translation>Mehrfeld</translation>
+    </message>
+    <message id="TagCatalog.Photometric Interpretation">
+        <source>Photometric Interpretation</source>
+        <translation>Fotometrische Interpretation</translation>
+    </message>
+    <message id="TagCatalog.Photoshop Annotations">
+        <source>Photoshop Annotations</source>
+        <translation>Photoshop-Anmerkungen</translation>
+    </message>
+    <message id="TagCatalog.Photoshop Image Resources">
+        <source>Photoshop Image Resources</source>
+        <translation>Photoshop-Bildressourcen</translation>
+    </message>
+    <message id="TagCatalog.Picture Information">
+        <source>Picture Information</source>
+        <translation>Bildinformationen</translation>
+    </message>
+    <message id="TagCatalog.Pixel Intensity Range">
+        <source>Pixel Intensity Range</source>
+        <translation>Bereich der Pixelintensität</translation>
+    </message>
+    <message id="TagCatalog.Planar Configuration">
+        <source>Planar Configuration</source>
+        <translation>Planarkonfiguration</translation>
+    </message>
+    <message id="TagCatalog.Portrait">
+        <source>Portrait</source>
+        <translation>Porträt</translation>
+    </message>
+    <message id="TagCatalog.Portrait mode (for closeup photos with the background out of focus)">
+        <source>Portrait mode (for closeup photos with the background out of focus)</source>
+        <translation>Porträtmodus (für Nahaufnahmen mit unscharfem Hintergrund)</translation>
+    </message>
+    <message id="TagCatalog.Predictor">
+        <source>Predictor</source>
+        <translation>Prädiktor</translation>
+    </message>
+    <message id="TagCatalog.Primary Chromaticities">
+        <source>Primary Chromaticities</source>
+        <translation>Chromatizität der Primärfarben</translation>
+    </message>
+    <message id="TagCatalog.Print Flags">
+        <source>Print Flags</source>
+        <translation>Druckmerkmale</translation>
+    </message>
+    <message id="TagCatalog.Print IM Data">
+        <source>Print IM Data</source>
+        <translation>PrintIM-Daten</translation>
+    </message>
+    <message id="TagCatalog.Print flags information">
+        <source>Print flags information</source>
+        <translation>Informationen zu Druckmerkmalen</translation>
+    </message>
+    <message id="TagCatalog.Priority">
+        <source>Priority</source>
+        <translation>Dringlichkeit</translation>
+    </message>
+    <message id="TagCatalog.Program Version">
+        <source>Program Version</source>
+        <translation>Programmversion</translation>
+    </message>
+    <message id="TagCatalog.Province/State">
+        <source>Province/State</source>
+        <translation>Bundesland/Provinz</translation>
+    </message>
+    <message id="TagCatalog.Quick Mask">
+        <source>Quick Mask</source>
+        <translation>Maskierungsmodus</translation>
+    </message>
+    <message id="TagCatalog.RGB">
+        <source>RGB</source>
+        <translation>RGB</translation>
+    </message>
+    <message id="TagCatalog.RGB Palette Color">
+        <source>RGB Palette Color</source>
+        <translation>RGB-Farbpalette</translation>
+    </message>
+    <message id="TagCatalog.Raster Padding">
+        <source>Raster Padding</source>
+        <translation>Rasterauffüllung</translation>
+    </message>
+    <message id="TagCatalog.Rasterized Caption">
+        <source>Rasterized Caption</source>
+        <translation>Gerasterte Beschreibung</translation>
+    </message>
+    <message id="TagCatalog.Rating">
+        <source>Rating</source>
+        <translation>Bewertung</translation>
+    </message>
+    <message id="TagCatalog.RawDataUniqueID">
+        <source>RawDataUniqueID</source>
+        <translation>Eindeutige Rohdatenkennung</translation>
+    </message>
+    <message id="TagCatalog.Record Version">
+        <source>Record Version</source>
+        <translation>Datensatzversion</translation>
+    </message>
+    <message id="TagCatalog.Rectangular (or square) layout">
+        <source>Rectangular (or square) layout</source>
+        <translation>Rechteckige (oder quadratische) Anordnung</translation>
+    </message>
+    <message id="TagCatalog.Reduced-resolution Image">
+        <source>Reduced-resolution Image</source>
+        <translation>Bild in verringerter Auflösung</translation>
+    </message>
+    <message id="TagCatalog.ReductionMatrix1">
+        <source>ReductionMatrix1</source>
+        <translation>Reduktionsmatrix 1</translation>
+    </message>
+    <message id="TagCatalog.ReductionMatrix2">
+        <source>ReductionMatrix2</source>
+        <translation>Reduktionsmatrix 2</translation>
+    </message>
+    <message id="TagCatalog.Ref Pts">
+        <source>Ref Pts</source>
+        <translation>Referenzpunkte</translation>
+    </message>
+    <message id="TagCatalog.Reference Black White">
+        <source>Reference Black White</source>
+        <translation>Schwarz-Weiß-Referenz</translation>
+    </message>
+    <message id="TagCatalog.Reference Date">
+        <source>Reference Date</source>
+        <translation>Referenzdatum</translation>
+    </message>
+    <message id="TagCatalog.Reference Number">
+        <source>Reference Number</source>
+        <translation>Referenznummer</translation>
+    </message>
+    <message id="TagCatalog.Reference Service">
+        <source>Reference Service</source>
+        <translation>Referenzdienst</translation>
+    </message>
+    <message id="TagCatalog.Reference for bearing to destination">
+        <source>Reference for bearing to destination</source>
+        <translation>Bezug der Peilung zum Ziel</translation>
+    </message>
+    <message id="TagCatalog.Reference for direction of image">
+        <source>Reference for direction of image</source>
+        <translation>Bezug der Aufnahmerichtung</translation>
+    </message>
+    <message id="TagCatalog.Reference for direction of movement">
+        <source>Reference for direction of movement</source>
+        <translation>Bezug der Bewegungsrichtung</translation>
+    </message>
+    <message id="TagCatalog.Reference for distance to destination">
+        <source>Reference for distance to destination</source>
+        <translation>Einheit der Entfernung zum Ziel</translation>
+    </message>
+    <message id="TagCatalog.Reference for latitude of destination">
+        <source>Reference for latitude of destination</source>
+        <translation>Bezug der Breite des Ziels</translation>
+    </message>
+    <message id="TagCatalog.Reference for longitude of destination">
+        <source>Reference for longitude of destination</source>
+        <translation>Bezug der Länge des Ziels</translation>
+    </message>
+    <message id="TagCatalog.Region Affine">
+        <source>Region Affine</source>
+        <translation>Affine Transformation des Bereichs</translation>
+    </message>
+    <message id="TagCatalog.Region Track Point">
+        <source>Region Track Point</source>
+        <translation>Verfolgungspunkt des Bereichs</translation>
+    </message>
+    <message id="TagCatalog.Region Warp Corners">
+        <source>Region Warp Corners</source>
+        <translation>Verzerrungsecken des Bereichs</translation>
+    </message>
+    <message id="TagCatalog.Related Sound File">
+        <source>Related Sound File</source>
+        <translation>Zugehörige Audiodatei</translation>
+    </message>
+    <message id="TagCatalog.Release Date">
+        <source>Release Date</source>
+        <translation>Freigabedatum</translation>
+    </message>
+    <message id="TagCatalog.Release Time">
+        <source>Release Time</source>
+        <translation>Freigabezeit</translation>
+    </message>
+    <message id="TagCatalog.Rendered">
+        <source>Rendered</source>
+        <translation>Bildverarbeitung</translation>
+    </message>
+    <message id="TagCatalog.Reserved_TIFF_IT_1">
+        <source>Reserved_TIFF_IT_1</source>
+        <translation>Reserviert TIFF/IT 1</translation>
+    </message>
+    <message id="TagCatalog.Reserved_TIFF_IT_2">
+        <source>Reserved_TIFF_IT_2</source>
+        <translation>Reserviert TIFF/IT 2</translation>
+    </message>
+    <message id="TagCatalog.Reserved_TIFF_IT_3">
+        <source>Reserved_TIFF_IT_3</source>
+        <translation>Reserviert TIFF/IT 3</translation>
+    </message>
+    <message id="TagCatalog.Resolution Info">
+        <source>Resolution Info</source>
+        <translation>Auflösungsinformationen</translation>
+    </message>
+    <message id="TagCatalog.Resolution Unit">
+        <source>Resolution Unit</source>
+        <translation>Auflösungseinheit</translation>
+    </message>
+    <message id="TagCatalog.Rows Per Strip">
+        <source>Rows Per Strip</source>
+        <translation>Zeilen pro Streifen</translation>
+    </message>
+    <message id="TagCatalog.SMax Sample Value">
+        <source>SMax Sample Value</source>
+        <translation>Größter Kanalwert (SMax)</translation>
+    </message>
+    <message id="TagCatalog.SMin Sample Value">
+        <source>SMin Sample Value</source>
+        <translation>Kleinster Kanalwert (SMin)</translation>
+    </message>
+    <message id="TagCatalog.Safe">
+        <source>Safe</source>
+        <translation>Sicher</translation>
+    </message>
+    <message id="TagCatalog.Sample Format">
+        <source>Sample Format</source>
+        <translation>Kanalformat</translation>
+    </message>
+    <message id="TagCatalog.Samples Per Pixel">
+        <source>Samples Per Pixel</source>
+        <translation>Kanäle pro Pixel</translation>
+    </message>
+    <message id="TagCatalog.Saturation">
+        <source>Saturation</source>
+        <translation>Sättigung</translation>
+    </message>
+    <message id="TagCatalog.Scene Capture Type">
+        <source>Scene Capture Type</source>
+        <translation>Motivprogramm</translation>
+    </message>
+    <message id="TagCatalog.Scene Type">
+        <source>Scene Type</source>
+        <translation>Szenentyp</translation>
+    </message>
+    <message id="TagCatalog.Security Classification">
+        <source>Security Classification</source>
+        <translation>Sicherheitseinstufung</translation>
+    </message>
+    <message id="TagCatalog.Self Timer Mode">
+        <source>Self Timer Mode</source>
+        <translation>Selbstauslösermodus</translation>
+    </message>
+    <message id="TagCatalog.Sensing Method">
+        <source>Sensing Method</source>
+        <translation>Sensortyp</translation>
+    </message>
+    <message id="TagCatalog.Shade">
+        <source>Shade</source>
+        <translation>Schatten</translation>
+    </message>
+    <message id="TagCatalog.ShadowScale">
+        <source>ShadowScale</source>
+        <translation>Schattenskalierung</translation>
+    </message>
+    <message id="TagCatalog.Sharpness">
+        <source>Sharpness</source>
+        <translation>Schärfe</translation>
+    </message>
+    <message id="TagCatalog.Short Document ID">
+        <source>Short Document ID</source>
+        <translation>Kurze Dokumentkennung</translation>
+    </message>
+    <message id="TagCatalog.Shutter Speed">
+        <source>Shutter Speed</source>
+        <translation>Verschlusszeit</translation>
+    </message>
+    <message id="TagCatalog.Shutter priority">
+        <source>Shutter priority</source>
+        <translation>Zeitvorwahl (Blendenautomatik)</translation>
+    </message>
+    <message id="TagCatalog.Similarity Index">
+        <source>Similarity Index</source>
+        <translation>Ähnlichkeitsindex</translation>
+    </message>
+    <message id="TagCatalog.Site">
+        <source>Site</source>
+        <translation>Standort</translation>
+    </message>
+    <message id="TagCatalog.Slices">
+        <source>Slices</source>
+        <translation>Slices</translation>
+    </message>
+    <message id="TagCatalog.Soft">
+        <source>Soft</source>
+        <translation>Weich</translation>
+    </message>
+    <message id="TagCatalog.Software">
+        <source>Software</source>
+        <translation>Software</translation>
+    </message>
+    <message id="TagCatalog.Source">
+        <source>Source</source>
+        <translation>Quelle</translation>
+    </message>
+    <message id="TagCatalog.Spatial Frequency Response">
+        <source>Spatial Frequency Response</source>
+        <translation>Ortsfrequenzgang</translation>
+    </message>
+    <message id="TagCatalog.Special Instructions">
+        <source>Special Instructions</source>
+        <translation>Besondere Anweisungen</translation>
+    </message>
+    <message id="TagCatalog.Spectral Sensitivity">
+        <source>Spectral Sensitivity</source>
+        <translation>Spektrale Empfindlichkeit</translation>
+    </message>
+    <message id="TagCatalog.Speed Unit">
+        <source>Speed Unit</source>
+        <translation>Geschwindigkeitseinheit</translation>
+    </message>
+    <message id="TagCatalog.Speed of GPS receiver">
+        <source>Speed of GPS receiver</source>
+        <translation>Geschwindigkeit des GPS-Empfängers</translation>
+    </message>
+    <message id="TagCatalog.Spot">
+        <source>Spot</source>
+        <translation>Spot</translation>
+    </message>
+    <message id="TagCatalog.Spot Halftone">
+        <source>Spot Halftone</source>
+        <translation>Rasterung für Volltonfarben</translation>
+    </message>
+    <message id="TagCatalog.Staggered layout A">
+        <source>Staggered layout A</source>
+        <translation>Versetzte Anordnung A</translation>
+    </message>
+    <message id="TagCatalog.Staggered layout B">
+        <source>Staggered layout B</source>
+        <translation>Versetzte Anordnung B</translation>
+    </message>
+    <message id="TagCatalog.Staggered layout C">
+        <source>Staggered layout C</source>
+        <translation>Versetzte Anordnung C</translation>
+    </message>
+    <message id="TagCatalog.Staggered layout D">
+        <source>Staggered layout D</source>
+        <translation>Versetzte Anordnung D</translation>
+    </message>
+    <message id="TagCatalog.Standard">
+        <source>Standard</source>
+        <translation>Standard</translation>
+    </message>
+    <message id="TagCatalog.Standard Light A">
+        <source>Standard Light A</source>
+        <translation>Normlicht A</translation>
+    </message>
+    <message id="TagCatalog.Standard Light B">
+        <source>Standard Light B</source>
+        <translation>Normlicht B</translation>
+    </message>
+    <message id="TagCatalog.Standard Light C">
+        <source>Standard Light C</source>
+        <translation>Normlicht C</translation>
+    </message>
+    <message id="TagCatalog.StoNits">
+        <source>StoNits</source>
+        <translation>StoNits</translation>
+    </message>
+    <message id="TagCatalog.Strip Byte Counts">
+        <source>Strip Byte Counts</source>
+        <translation>Bytes pro Streifen</translation>
+    </message>
+    <message id="TagCatalog.Strip OffSets">
+        <source>Strip OffSets</source>
+        <translation>Streifen-Offsets</translation>
+    </message>
+    <message id="TagCatalog.Sub File Type">
+        <source>Sub File Type</source>
+        <translation>Unterdateityp</translation>
+    </message>
+    <message id="TagCatalog.Sub Location">
+        <source>Sub Location</source>
+        <translation>Ortsdetail</translation>
+    </message>
+    <message id="TagCatalog.Sub Seconds of Time">
+        <source>Sub Seconds of Time</source>
+        <translation>Sekundenbruchteile</translation>
+    </message>
+    <message id="TagCatalog.SubIFDs">
+        <source>SubIFDs</source>
+        <translation>Sub-IFDs</translation>
+    </message>
+    <message id="TagCatalog.Subject Area">
+        <source>Subject Area</source>
+        <translation>Motivbereich</translation>
+    </message>
+    <message id="TagCatalog.Subject Distance">
+        <source>Subject Distance</source>
+        <translation>Motiventfernung</translation>
+    </message>
+    <message id="TagCatalog.Subject Distance Range">
+        <source>Subject Distance Range</source>
+        <translation>Motiventfernungsbereich</translation>
+    </message>
+    <message id="TagCatalog.Subject Location">
+        <source>Subject Location</source>
+        <translation>Motivposition</translation>
+    </message>
+    <message id="TagCatalog.Subject Reference">
+        <source>Subject Reference</source>
+        <translation>Themenreferenz</translation>
+    </message>
+    <message id="TagCatalog.Supplemental Category">
+        <source>Supplemental Category</source>
+        <translation>Zusatzkategorie</translation>
+    </message>
+    <message id="TagCatalog.T4-encoding: CCITT T.4 bi-level encoding.">
+        <source>T4-encoding: CCITT T.4 bi-level encoding.</source>
+        <translation>T4-Kodierung: CCITT T.4 für Schwarzweißbilder</translation>
+    </message>
+    <message id="TagCatalog.T6-encoding: CCITT T.6 bi-level encoding.">
+        <source>T6-encoding: CCITT T.6 bi-level encoding.</source>
+        <translation>T6-Kodierung: CCITT T.6 für Schwarzweißbilder</translation>
+    </message>
+    <message id="TagCatalog.TIFF/EPS Standard ID">
+        <source>TIFF/EPS Standard ID</source>
+        <translation>TIFF/EP-Standardkennung</translation>
+    </message>
+    <message id="TagCatalog.Tansparent Index">
+        <source>Tansparent Index</source>
+        <translation>Transparenzindex</translation>
+    </message>
+    <message id="TagCatalog.Target Printer">
+        <source>Target Printer</source>
+        <translation>Zieldrucker</translation>
+    </message>
+    <message id="TagCatalog.Three-chip color area sensor">
+        <source>Three-chip color area sensor</source>
+        <translation>Drei-Chip-Farbflächensensor</translation>
+    </message>
+    <message id="TagCatalog.Threshholding">
+        <source>Threshholding</source>
+        <translation>Schwellenwertverfahren</translation>
+    </message>
+    <message id="TagCatalog.Thumbnail resource">
+        <source>Thumbnail resource</source>
+        <translation>Vorschaubild</translation>
+    </message>
+    <message id="TagCatalog.Tile Byte Counts">
+        <source>Tile Byte Counts</source>
+        <translation>Bytes pro Kachel</translation>
+    </message>
+    <message id="TagCatalog.Tile Depth">
+        <source>Tile Depth</source>
+        <translation>Kacheltiefe</translation>
+    </message>
+    <message id="TagCatalog.Tile Length">
+        <source>Tile Length</source>
+        <translation>Kachelhöhe</translation>
+    </message>
+    <message id="TagCatalog.Tile Offsets">
+        <source>Tile Offsets</source>
+        <translation>Kachel-Offsets</translation>
+    </message>
+    <message id="TagCatalog.Tile Width">
+        <source>Tile Width</source>
+        <translation>Kachelbreite</translation>
+    </message>
+    <message id="TagCatalog.Time Zone Offset">
+        <source>Time Zone Offset</source>
+        <translation>Zeitzonenverschiebung</translation>
+    </message>
+    <message id="TagCatalog.Title">
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message id="TagCatalog.Transfer Function">
+        <source>Transfer Function</source>
+        <translation>Übertragungsfunktion</translation>
+    </message>
+    <message id="TagCatalog.Transfer Range">
+        <source>Transfer Range</source>
+        <translation>Übertragungsbereich</translation>
+    </message>
+    <message id="TagCatalog.Transparency Indicator">
+        <source>Transparency Indicator</source>
+        <translation>Kennzeichen der Transparenz</translation>
+    </message>
+    <message id="TagCatalog.Transparency Mask">
+        <source>Transparency Mask</source>
+        <translation>Transparenzmaske</translation>
+    </message>
+    <message id="TagCatalog.Trap Indicator">
+        <source>Trap Indicator</source>
+        <translation>Kennzeichen der Überfüllung</translation>
+    </message>
+    <message id="TagCatalog.Trilinear Sensor">
+        <source>Trilinear Sensor</source>
+        <translation>Trilinearer Sensor</translation>
+    </message>
+    <message id="TagCatalog.Tungsten (incandescent light)">
+        <source>Tungsten (incandescent light)</source>
+        <translation>Kunstlicht (Glühlampe)</translation>
+    </message>
+    <message id="TagCatalog.Two-chip color area sensor">
+        <source>Two-chip color area sensor</source>
+        <translation>Zwei-Chip-Farbflächensensor</translation>
+    </message>
+    <message id="TagCatalog.URL">
+        <source>URL</source>
+        <translation>URL</translation>
+    </message>
+    <message id="TagCatalog.URL List">
+        <source>URL List</source>
+        <translation>URL-Liste</translation>
+    </message>
+    <message id="TagCatalog.Unassociated alpha data">
+        <source>Unassociated alpha data</source>
+        <translation>Nicht zugeordnete Alphadaten</translation>
+    </message>
+    <message id="TagCatalog.Uncalibrated">
+        <source>Uncalibrated</source>
+        <translation>Nicht kalibriert</translation>
+    </message>
+    <message id="TagCatalog.Unicode Alpha Names">
+        <source>Unicode Alpha Names</source>
+        <translation>Unicode-Alphakanalnamen</translation>
+    </message>
+    <message id="TagCatalog.Unique Document ID">
+        <source>Unique Document ID</source>
+        <translation>Eindeutige Dokumentkennung</translation>
+    </message>
+    <message id="TagCatalog.UniqueCameraModel">
+        <source>UniqueCameraModel</source>
+        <translation>Eindeutiges Kameramodell</translation>
+    </message>
+    <message id="TagCatalog.Unknown">
+        <source>Unknown</source>
+        <translation>Unbekannt</translation>
+    </message>
+    <message id="TagCatalog.Unspecified Data">
+        <source>Unspecified Data</source>
+        <translation>Nicht näher bestimmte Daten</translation>
+    </message>
+    <message id="TagCatalog.Upsidedown">
+        <source>Upsidedown</source>
+        <translation>Auf dem Kopf</translation>
+    </message>
+    <message id="TagCatalog.Upsidedown Mirrored">
+        <source>Upsidedown Mirrored</source>
+        <translation>Auf dem Kopf, gespiegelt</translation>
+    </message>
+    <message id="TagCatalog.User Comment">
+        <source>User Comment</source>
+        <translation>Benutzerkommentar</translation>
+    </message>
+    <message id="TagCatalog.Version">
+        <source>Version</source>
+        <translation>Version</translation>
+    </message>
+    <message id="TagCatalog.Version Info">
+        <source>Version Info</source>
+        <translation>Versionsinformationen</translation>
+    </message>
+    <message id="TagCatalog.ViewingConditions">
+        <source>ViewingConditions</source>
+        <translation>Betrachtungsbedingungen</translation>
+    </message>
+    <message id="TagCatalog.Watermark">
+        <source>Watermark</source>
+        <translation>Wasserzeichen</translation>
+    </message>
+    <message id="TagCatalog.White Balance">
+        <source>White Balance</source>
+        <translation>Weißabgleich</translation>
+    </message>
+    <message id="TagCatalog.White Point">
+        <source>White Point</source>
+        <translation>Weißpunkt</translation>
+    </message>
+    <message id="TagCatalog.White fluorescent (WW 3200 – 3700K)">
+        <source>White fluorescent (WW 3200 – 3700K)</source>
+        <translation>Weiße Leuchtstofflampe (WW 3200–3700 K)</translation>
+    </message>
+    <message id="TagCatalog.White is Zero">
+        <source>White is Zero</source>
+        <translation>Weiß ist null</translation>
+    </message>
+    <message id="TagCatalog.WhiteLevel">
+        <source>WhiteLevel</source>
+        <translation>Weißpegel</translation>
+    </message>
+    <message id="TagCatalog.Width">
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+    <message id="TagCatalog.Windows® Author">
+        <source>Windows® Author</source>
+        <translation>Windows-Autor</translation>
+    </message>
+    <message id="TagCatalog.Windows® Comment">
+        <source>Windows® Comment</source>
+        <translation>Windows-Kommentar</translation>
+    </message>
+    <message id="TagCatalog.Windows® Keywords">
+        <source>Windows® Keywords</source>
+        <translation>Windows-Schlagwörter</translation>
+    </message>
+    <message id="TagCatalog.Windows® Rating">
+        <source>Windows® Rating</source>
+        <translation>Windows-Bewertung</translation>
+    </message>
+    <message id="TagCatalog.Windows® Subject">
+        <source>Windows® Subject</source>
+        <translation>Windows-Thema</translation>
+    </message>
+    <message id="TagCatalog.Windows® Title">
+        <source>Windows® Title</source>
+        <translation>Windows-Titel</translation>
+    </message>
+    <message id="TagCatalog.Workflow URL">
+        <source>Workflow URL</source>
+        <translation>Workflow-URL</translation>
+    </message>
+    <message id="TagCatalog.Working path">
+        <source>Working path</source>
+        <translation>Arbeitspfad</translation>
+    </message>
+    <message id="TagCatalog.Wrap Modes">
+        <source>Wrap Modes</source>
+        <translation>Wrap-Modi</translation>
+    </message>
+    <message id="TagCatalog.Writer Serial Number">
+        <source>Writer Serial Number</source>
+        <translation>Seriennummer des Schreibgeräts</translation>
+    </message>
+    <message id="TagCatalog.X Position">
+        <source>X Position</source>
+        <translation>X-Position</translation>
+    </message>
+    <message id="TagCatalog.X Resolution">
+        <source>X Resolution</source>
+        <translation>X-Auflösung</translation>
+    </message>
+    <message id="TagCatalog.XMP">
+        <source>XMP</source>
+        <translation>XMP</translation>
+    </message>
+    <message id="TagCatalog.Y Position">
+        <source>Y Position</source>
+        <translation>Y-Position</translation>
+    </message>
+    <message id="TagCatalog.Y Resolution">
+        <source>Y Resolution</source>
+        <translation>Y-Auflösung</translation>
+    </message>
+    <message id="TagCatalog.YCBCR Coefficients">
+        <source>YCBCR Coefficients</source>
+        <translation>YCbCr-Koeffizienten</translation>
+    </message>
+    <message id="TagCatalog.YCBCR Positioning">
+        <source>YCBCR Positioning</source>
+        <translation>YCbCr-Positionierung</translation>
+    </message>
+    <message id="TagCatalog.YCBCR SubSampling">
+        <source>YCBCR SubSampling</source>
+        <translation>YCbCr-Unterabtastung</translation>
+    </message>
+    <message id="TagCatalog.YCbCr">
+        <source>YCbCr</source>
+        <translation>YCbCr</translation>
+    </message>
+    <message id="TagCatalog.blueMatrixColumn">
+        <source>blueMatrixColumn</source>
+        <translation>Blaue Matrixspalte</translation>
+    </message>
+    <message id="TagCatalog.blueTRC">
+        <source>blueTRC</source>
+        <translation>Blaue Tonwertkurve</translation>
+    </message>
+    <message id="TagCatalog.calibrationDateTime">
+        <source>calibrationDateTime</source>
+        <translation>Kalibrierungszeitpunkt</translation>
+    </message>
+    <message id="TagCatalog.centered">
+        <source>centered</source>
+        <translation>Zentriert</translation>
+    </message>
+    <message id="TagCatalog.charTarget">
+        <source>charTarget</source>
+        <translation>Charakterisierungsvorlage</translation>
+    </message>
+    <message id="TagCatalog.chromaticAdaptation">
+        <source>chromaticAdaptation</source>
+        <translation>Chromatische Adaption</translation>
+    </message>
+    <message id="TagCatalog.chromaticity">
+        <source>chromaticity</source>
+        <translation>Chromatizität</translation>
+    </message>
+    <message id="TagCatalog.colorantOrderTag">
+        <source>colorantOrderTag</source>
+        <translation>Reihenfolge der Farbmittel</translation>
+    </message>
+    <message id="TagCatalog.colorantTable">
+        <source>colorantTable</source>
+        <translation>Farbmitteltabelle</translation>
+    </message>
+    <message id="TagCatalog.colorantTableOut">
+        <source>colorantTableOut</source>
+        <translation>Farbmitteltabelle (Ausgabe)</translation>
+    </message>
+    <message id="TagCatalog.com.apple.print.PageFormatTicket">
+        <source>com.apple.print.PageFormatTicket</source>
+        <translation>com.apple.print.PageFormatTicket</translation>
+    </message>
+    <message id="TagCatalog.copyright">
+        <source>copyright</source>
+        <translation>Copyright</translation>
+    </message>
+    <message id="TagCatalog.cosited">
+        <source>cosited</source>
+        <translation>Deckungsgleich</translation>
+    </message>
+    <message id="TagCatalog.deviceMfgDesc">
+        <source>deviceMfgDesc</source>
+        <translation>Beschreibung des Geräteherstellers</translation>
+    </message>
+    <message id="TagCatalog.deviceModelDesc">
+        <source>deviceModelDesc</source>
+        <translation>Beschreibung des Gerätemodells</translation>
+    </message>
+    <message id="TagCatalog.gamut">
+        <source>gamut</source>
+        <translation>Farbumfang</translation>
+    </message>
+    <message id="TagCatalog.grayTRC">
+        <source>grayTRC</source>
+        <translation>Graue Tonwertkurve</translation>
+    </message>
+    <message id="TagCatalog.greenMatrixColumn">
+        <source>greenMatrixColumn</source>
+        <translation>Grüne Matrixspalte</translation>
+    </message>
+    <message id="TagCatalog.greenTRC">
+        <source>greenTRC</source>
+        <translation>Grüne Tonwertkurve</translation>
+    </message>
+    <message id="TagCatalog.lensInfo">
+        <source>lensInfo</source>
+        <translation>Objektivdaten</translation>
+    </message>
+    <message id="TagCatalog.luminance">
+        <source>luminance</source>
+        <translation>Leuchtdichte</translation>
+    </message>
+    <message id="TagCatalog.measurement">
+        <source>measurement</source>
+        <translation>Messung</translation>
+    </message>
+    <message id="TagCatalog.mediaBlackPoint">
+        <source>mediaBlackPoint</source>
+        <translation>Medienschwarzpunkt</translation>
+    </message>
+    <message id="TagCatalog.mediaWhitePoint">
+        <source>mediaWhitePoint</source>
+        <translation>Medienweißpunkt</translation>
+    </message>
+    <message id="TagCatalog.namedColor2">
+        <source>namedColor2</source>
+        <translation>Benannte Farben 2</translation>
+    </message>
+    <message id="TagCatalog.none">
+        <source>none</source>
+        <translation>Keine</translation>
+    </message>
+    <message id="TagCatalog.not CMYK">
+        <source>not CMYK</source>
+        <translation>Nicht CMYK</translation>
+    </message>
+    <message id="TagCatalog.other light source">
+        <source>other light source</source>
+        <translation>Andere Lichtquelle</translation>
+    </message>
+    <message id="TagCatalog.outputResponse">
+        <source>outputResponse</source>
+        <translation>Ausgabeverhalten</translation>
+    </message>
+    <message id="TagCatalog.preview0">
+        <source>preview0</source>
+        <translation>Vorschau 0</translation>
+    </message>
+    <message id="TagCatalog.preview1">
+        <source>preview1</source>
+        <translation>Vorschau 1</translation>
+    </message>
+    <message id="TagCatalog.preview2">
+        <source>preview2</source>
+        <translation>Vorschau 2</translation>
+    </message>
+    <message id="TagCatalog.profileDescription">
+        <source>profileDescription</source>
+        <translation>Profilbeschreibung</translation>
+    </message>
+    <message id="TagCatalog.profileSequenceDesc">
+        <source>profileSequenceDesc</source>
+        <translation>Beschreibung der Profilfolge</translation>
+    </message>
+    <message id="TagCatalog.redTRC">
+        <source>redTRC</source>
+        <translation>Rote Tonwertkurve</translation>
+    </message>
+    <message id="TagCatalog.redmatrixColumn">
+        <source>redmatrixColumn</source>
+        <translation>Rote Matrixspalte</translation>
+    </message>
+    <message id="TagCatalog.sRGB">
+        <source>sRGB</source>
+        <translation>sRGB</translation>
+    </message>
+    <message id="TagCatalog.technology">
+        <source>technology</source>
+        <translation>Technologie</translation>
+    </message>
+    <message id="TagCatalog.two's complement signed integer data">
+        <source>two's complement signed integer data</source>
+        <translation>Ganzzahlen mit Vorzeichen (Zweierkomplement)</translation>
+    </message>
+    <message id="TagCatalog.undefined data format">
+        <source>undefined data format</source>
+        <translation>Undefiniertes Datenformat</translation>
+    </message>
+    <message id="TagCatalog.unknown">
+        <source>unknown</source>
+        <translation>Unbekannt</translation>
+    </message>
+    <message id="TagCatalog.unsigned integer data">
+        <source>unsigned integer data</source>
+        <translation>Ganzzahlen ohne Vorzeichen</translation>
+    </message>
+    <message id="TagCatalog.viewingCondDesc">
+        <source>viewingCondDesc</source>
+        <translation>Beschreibung der Betrachtungsbedingungen</translation>
     </message>
     <message id="ToolButtons.kBeforeAfter">
         <source>Before</source>

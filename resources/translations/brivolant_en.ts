@@ -165,6 +165,86 @@
         <source>e-mail application:</source>
         <translation>E-mail application:</translation>
     </message>
+    <message id="TagCatalog.Bits Per Run length">
+        <source>Bits Per Run length</source>
+        <translation>Bits Per Run Length</translation>
+    </message>
+    <message id="TagCatalog.Components Confirguration">
+        <source>Components Confirguration</source>
+        <translation>Components Configuration</translation>
+    </message>
+    <message id="TagCatalog.GPS satelites used for measurement">
+        <source>GPS satelites used for measurement</source>
+        <translation>GPS satellites used for measurement</translation>
+    </message>
+    <message id="TagCatalog.JPEG Restat Interval">
+        <source>JPEG Restat Interval</source>
+        <translation>JPEG Restart Interval</translation>
+    </message>
+    <message id="TagCatalog.LinerizationTable">
+        <source>LinerizationTable</source>
+        <translation>LinearizationTable</translation>
+    </message>
+    <message id="TagCatalog.Number represents hundreths of a unit">
+        <source>Number represents hundreths of a unit</source>
+        <translation>Number represents hundredths of a unit</translation>
+    </message>
+    <message id="TagCatalog.Object TypeReference">
+        <source>Object TypeReference</source>
+        <translation>Object Type Reference</translation>
+    </message>
+    <message id="TagCatalog.Original Transmission reference">
+        <source>Original Transmission reference</source>
+        <translation>Original Transmission Reference</translation>
+    </message>
+    <message id="TagCatalog.Strip OffSets">
+        <source>Strip OffSets</source>
+        <translation>Strip Offsets</translation>
+    </message>
+    <message id="TagCatalog.TIFF/EPS Standard ID">
+        <source>TIFF/EPS Standard ID</source>
+        <translation>TIFF/EP Standard ID</translation>
+    </message>
+    <message id="TagCatalog.Tansparent Index">
+        <source>Tansparent Index</source>
+        <translation>Transparent Index</translation>
+    </message>
+    <message id="TagCatalog.Threshholding">
+        <source>Threshholding</source>
+        <translation>Thresholding</translation>
+    </message>
+    <message id="TagCatalog.Upsidedown">
+        <source>Upsidedown</source>
+        <translation>Upside Down</translation>
+    </message>
+    <message id="TagCatalog.Upsidedown Mirrored">
+        <source>Upsidedown Mirrored</source>
+        <translation>Upside Down Mirrored</translation>
+    </message>
+    <message id="TagCatalog.ViewingConditions">
+        <source>ViewingConditions</source>
+        <translation>viewingConditions</translation>
+    </message>
+    <message id="TagCatalog.YCBCR Coefficients">
+        <source>YCBCR Coefficients</source>
+        <translation>YCbCr Coefficients</translation>
+    </message>
+    <message id="TagCatalog.YCBCR Positioning">
+        <source>YCBCR Positioning</source>
+        <translation>YCbCr Positioning</translation>
+    </message>
+    <message id="TagCatalog.YCBCR SubSampling">
+        <source>YCBCR SubSampling</source>
+        <translation>YCbCr Subsampling</translation>
+    </message>
+    <message id="TagCatalog.lensInfo">
+        <source>lensInfo</source>
+        <translation>LensInfo</translation>
+    </message>
+    <message id="TagCatalog.redmatrixColumn">
+        <source>redmatrixColumn</source>
+        <translation>redMatrixColumn</translation>
+    </message>
     <message id="ToolButtons.kBrowserHelp">
         <source>Return to browser to find images</source>
         <translation>Return to the browser to find images.</translation>

@@ -5,12 +5,20 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <map>
 #include <optional>
+#include <set>
 #include <string>
+#include <vector>
 
+#include "metadata/ContainerParts.h"
 #include "metadata/ImageMetaData.h"
+#include "metadata/JpegMarks.h"
 #include "metadata/MetadataParts.h"
 #include "metadata/MetadataWriter.h"
+#include "metadata/XMPExtension.h"
+#include "platform/files/AtomicFile.h"
 
 namespace {
 
@@ -80,6 +88,79 @@ void Write(const std::string& old, std::optional<brivolant::MetadataWriter::Stri
   }
 }
 
+/// What is told of a file, but for what was asked to change or follows from that.
+std::map<std::string, std::string> Told(const brivolant::ImageMetaData& data) {
+  static const std::set<std::string> kFollow{"TIFF.013B",      "TIFF.02BC",      "TIFF.8769",
+                                             "Photoshop.0424", "Photoshop.0425", "IPTC.25"};
+  std::map<std::string, std::string> told;
+  for (const auto& [name, block] : data.Blocks()) {
+    if (block == nullptr) continue;
+    for (const auto& entry : block->AllData()) {
+      const std::string tag = std::string(name) + "." + entry.Tag;
+      if (kFollow.contains(tag)) continue;
+      // Records may have become UTF-8.
+      for (const brivolant::TagValue& value : entry.Values) told[tag] += TextOf(value) + "|";
+    }
+  }
+  return told;
+}
+
+struct Scratch {
+  Scratch() {
+    if (mkdtemp(Path.data()) == nullptr) Fail("There is no folder to write in.\n");
+  }
+  ~Scratch() {
+    std::error_code error;
+    std::filesystem::remove_all(Path, error);
+  }
+  Scratch(const Scratch&) = delete;
+  Scratch& operator=(const Scratch&) = delete;
+  std::string Path =
+      std::filesystem::exists("/dev/shm") ? "/dev/shm/written.XXXXXX" : "/tmp/written.XXXXXX";
+};
+
+/// What is written as a whole tells what it told, in every block, or is as it was.
+void WriteWhole(const std::string& old, const brivolant::ImageMetaData& before) {
+  using brivolant::MetadataBlock;
+  using Act = brivolant::MetadataChange::Act;
+  // In memory, where there is such a place.
+  static const Scratch scratch;
+  const brivolant::FolderItem file(scratch.Path + "/photo");
+  if (brivolant::WriteFileAtomically(file, old)) std::abort();
+  const std::vector<brivolant::MetadataChange> changes{
+      {Act::kSet, MetadataBlock::kTiff, "013B", "Anna Beispiel"},
+      {Act::kAdd, MetadataBlock::kIptc, "25", "one"}};
+  const bool done = brivolant::MetadataWriter::Write(file, changes).empty();
+  const std::string now = brivolant::ReadFile(file).value_or("");
+  if (!done && now != old) Fail("What was refused has changed.\n");
+  if (!done) return;
+  brivolant::ImageMetaData after;
+  after.ReadFile(file);
+  const auto told = Told(after);
+  for (const auto& [tag, values] : Told(before)) {
+    const auto found = told.find(tag);
+    if (found == told.end() || found->second != values) {
+      Fail((tag + " tells something else.\n").c_str());
+    }
+  }
+}
+
+/// A copy of another kind stays within its file too.
+void Carry(const std::string& old) {
+  brivolant::MetadataStream stream(old);
+  brivolant::ContainerParts parts(stream);
+  if (!parts.Good()) return;
+  brivolant::CarriedData data;
+  data.Tiff = std::make_unique<brivolant::DirectoryEditor>(true);
+  if (!data.Tiff->Set(brivolant::DirectoryEditor::kFirst, 0x010F, 2, std::string("Maker\0", 6))) {
+    std::abort();
+  }
+  data.XMP = "<packet/>";
+  data.IPTC = old.substr(old.size() / 2);
+  if (!parts.Take(std::move(data))) return;
+  if (const auto plan = parts.Plan()) (void)Made(old, *plan);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -106,6 +187,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const auto& entry : block->AllData()) (void)block->StringValue(entry.Tag);
   }
   const std::string old(reinterpret_cast<const char*>(data), size);
+  WriteWhole(old, metadata);
+  Carry(old);
+  // A packet that is parted is the same again.
+  constexpr std::size_t kRoom = 1200;
+  if (const auto split = brivolant::XMPExtension::Split(metadata.XMP, kRoom)) {
+    brivolant::XMPExtension further;
+    for (const std::string& payload : split->Further) {
+      further.Take(std::string_view(payload).substr(brivolant::JpegMarks::kXmpFurtherMark.size()));
+    }
+    brivolant::XMPProperties joined;
+    const bool read = brivolant::ReadXMP(further.Joined(split->Packet), joined);
+    if (!split->Further.empty() && (!read || joined.size() < properties.size())) {
+      Fail("A packet was not the same again.\n");
+    }
+  }
   Write(old, {}, metadata);
   Write(old, brivolant::MetadataWriter::Strip::kPlace, metadata);
   Write(old, brivolant::MetadataWriter::Strip::kAll, metadata);

@@ -13,7 +13,6 @@
 #include <atomic>
 #include <csignal>
 #include <map>
-#include <set>
 #include <thread>
 
 #include "WindowHelpers.h"
@@ -31,6 +30,7 @@
 #include "kit/Appearance.h"
 #include "kit/SvgIcon.h"
 #include "kit/ifkSegmentView.h"
+#include "metadata/TagCatalog.h"
 #include "platform/codecs/ImageCodecs.h"
 #include "platform/services/SharedFolders.h"
 #include "support/LanguageTools.h"
@@ -362,6 +362,18 @@ std::map<std::string, QString> TextsOfTheSources() {
       }
     }
   }
+  // What standards call their tags, and what numbers mean in them.
+  const auto add = [&](std::string_view name) {
+    texts["TagCatalog." + std::string(name)] = QString::fromStdString(std::string(name));
+  };
+  for (const auto catalog :
+       {TagCatalog::Exif(), TagCatalog::Interoperability(), TagCatalog::Gps(), TagCatalog::Tiff(),
+        TagCatalog::Iptc(), TagCatalog::Photoshop(), TagCatalog::Profile()}) {
+    for (const CatalogTag& tag : catalog) add(tag.Name);
+  }
+  for (const auto values : {TagCatalog::ExifValues(), TagCatalog::TiffValues()}) {
+    for (const CatalogValue& value : values) add(value.Text);
+  }
   return texts;
 }
 
@@ -420,6 +432,7 @@ TEST(Languages, GermanTranslatesEveryTextOfTheProgram) {
   }
   InstallTranslations(nullptr);
   EXPECT_EQ(Menus::kFileOpen.Text(), "&Open...");
+  EXPECT_EQ(TagCatalog::NameOf(TagCatalog::Exif(), "829A"), "Exposure Time");
 }
 
 TEST(Languages, EnglishAndGermanSayWhatThisDesktopSays) {

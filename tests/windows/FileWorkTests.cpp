@@ -105,6 +105,32 @@ TEST(FileWork, ASlipWithinTheFolderCopiesNothing) {
   EXPECT_TRUE(program.Shows({"a-1.jpg", "a.jpg", "b.jpg", "c.jpg"}));
 }
 
+TEST(FileWork, WhatIsSaidBesideAPhotoGoesWithIt) {
+  Browsing program({"a.jpg", "b.jpg"});
+  const auto there = [&](const char* name) { return program.Pictures().Child(name).Exists(); };
+  program.home.Write("Pictures/a.jpg.xmp", "said of a");
+  Rename(program, "a.jpg", "c.jpg");
+  program.Finish();
+  EXPECT_TRUE(there("c.jpg") && there("c.jpg.xmp") && !there("a.jpg.xmp"));
+  program.Choose("EditUndo");
+  program.Finish();
+  EXPECT_TRUE(there("a.jpg") && there("a.jpg.xmp"));
+  // Somebody else's is never replaced, nor left with a stranger.
+  program.home.Write("Pictures/d.jpg.xmp", "of nobody");
+  Rename(program, "a.jpg", "d.jpg");
+  program.Finish();
+  EXPECT_EQ(program.dialogs.messages.size(), 1U);
+  EXPECT_TRUE(there("a.jpg") && there("a.jpg.xmp") && !there("d.jpg"));
+  program.Browser().HighLightItem("a.jpg", false);
+  program.Choose("FileMoveToTrash");
+  program.Finish();
+  EXPECT_FALSE(there("a.jpg") || there("a.jpg.xmp"));
+  program.Choose("EditUndo");
+  program.Finish();
+  EXPECT_EQ(ReadFile(program.Pictures().Child("a.jpg.xmp")), "said of a");
+  EXPECT_TRUE(there("a.jpg"));
+}
+
 TEST(FileWork, CopiesAreTakenBackUnlessTheyWereChanged) {
   Browsing program({"a.jpg"});
   const FolderItem one = program.Photo("one.jpg", 64, 48);

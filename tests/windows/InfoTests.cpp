@@ -186,6 +186,55 @@ TEST(Info, ClosesWithoutSavingWhenToldSo) {
   EXPECT_NE(Informing::Row(again, "Keywords:", "lake"), nullptr);
 }
 
+TEST(Info, WhatIsNotSavedOutlivesAnEndFromOutside) {
+  Informing program;
+  {
+    FloatingMetaData& window = program.Info(program.a);
+    Informing::EditRow(window, Informing::Row(window, "Artist:"), "Ben");
+    // What is being typed counts too.
+    window.mdc->setCurrentItem(Informing::Row(window, "Keywords:", "sea"), 1);
+    window.mdc->EditCurrent();
+    Type(window, "lake");
+  }
+  program.app->KeepForNextStart();
+  program.Start();
+  EXPECT_EQ(PhotoFacts::Of(program.a).Creator, "Anna Beispiel");
+  (void)program.app->OfferRecovery();
+  ASSERT_TRUE(
+      Until([&] { return program.Windows().size() == 1 && program.Windows()[0]->Dirty(); }));
+  FloatingMetaData& window = *program.Windows()[0];
+  EXPECT_EQ(window.File(), program.a);
+  EXPECT_NE(Informing::Row(window, "Artist:", "Ben"), nullptr);
+  EXPECT_NE(Informing::Row(window, "Keywords:", "lake"), nullptr);
+  EXPECT_NE(Informing::Row(window, "Keywords:", "sky"), nullptr);
+  // The photo may have another name by then.
+  program.Select({program.a});
+  const FolderItem c = program.Pictures().Child("c.jpg");
+  program.Browser().BeginRename();
+  program.Browser().RenameField()->setText(QStringLiteral("c.jpg"));
+  Key(program.Window(), Qt::Key_Return);
+  ASSERT_TRUE(Until([&] { return window.File() == c; }));
+  EXPECT_EQ(window.windowTitle(), QStringLiteral("c.jpg Info[*]"));
+  window.Save();
+  ASSERT_TRUE(Until([&] { return !window.Dirty() && !window.Writing(); }));
+  EXPECT_EQ(PhotoFacts::Of(c).Creator, "Ben");
+  EXPECT_THAT(PhotoFacts::Of(c).Keywords, ElementsAre("lake", "sky"));
+  program.Start();
+  (void)program.app->OfferRecovery();
+  Settle();
+  EXPECT_THAT(program.Windows(), IsEmpty()) << "nothing is left";
+  // Given up is given up.
+  FloatingMetaData& last = program.Info(c);
+  Informing::EditRow(last, Informing::Row(last, "Artist:"), "Carla");
+  program.dialogs.answers = {Answer::kAlternate};
+  last.close();
+  ExpectSoon([&] { return program.Windows().size(); }, 0U);
+  program.Start();
+  (void)program.app->OfferRecovery();
+  Settle();
+  EXPECT_THAT(program.Windows(), IsEmpty());
+}
+
 TEST(Info, IsFilteredCopiedAndKeepsItsSections) {
   Informing program;
   FloatingMetaData& window = program.Info(program.a);
