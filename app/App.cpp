@@ -153,7 +153,8 @@ void App::MakeDesk() {
       },
       [this](const FileMoves& moves) {
         if (info_) info_->Follow(moves);
-      }});
+      },
+      [this](const std::function<void()>& then) { info_ ? info_->WhenWritten(then) : then(); }});
 }
 
 void App::ReadUserDetails() {

@@ -17,7 +17,6 @@
 #include "metadata/ImageMetaData.h"
 #include "metadata/PhotoFacts.h"
 #include "metadata/Sidecar.h"
-#include "platform/codecs/RawExtensions.h"
 
 namespace brivolant {
 namespace {
@@ -167,8 +166,15 @@ PhotoFactsCache::Stamp PhotoFactsCache::StampOf(const FolderItem& photo) {
 
 PhotoFactsCache::Stamp PhotoFactsCache::StampOf(std::string path) {
   Stamp stamp;
+  struct stat status {};
+  if (lstat(path.c_str(), &status) != 0) return {};
+  if (S_ISLNK(status.st_mode)) {
+    // A link tells what its photo does, and has its sidecar.
+    std::error_code error;
+    path = std::filesystem::canonical(path, error).native();
+    if (error) return {};
+  }
   const auto add = [&] {
-    struct stat status {};
     if (stat(path.c_str(), &status) != 0) return false;
     const std::array<std::int64_t, 3> parts{status.st_mtim.tv_sec, status.st_mtim.tv_nsec,
                                             status.st_size};
@@ -177,13 +183,13 @@ PhotoFactsCache::Stamp PhotoFactsCache::StampOf(std::string path) {
   };
   if (!add()) return {};
   // What is said beside it counts as well, of raw files under either name.
-  const std::size_t dot = path.rfind('.');
   const std::size_t length = path.size();
+  const std::size_t dot = path.rfind('.');
   path += ".xmp";
   (void)add();
-  if (dot == std::string::npos || dot + 1 >= length) return stamp;
-  const std::string extension = LowerCase(path.substr(dot + 1, length - dot - 1));
-  if (std::ranges::find(kRawExtensions, extension) == kRawExtensions.end()) return stamp;
+  const std::size_t name = path.rfind('/') + 1;
+  if (dot == std::string::npos || dot < name || dot + 1 >= length) return stamp;
+  if (!Sidecar::TakesShortName(std::string_view(path).substr(name, length - name))) return stamp;
   path.replace(dot, std::string::npos, ".xmp");
   stamp += '|';
   (void)add();
@@ -194,7 +200,8 @@ std::optional<PhotoFactsCache::Facts> PhotoFactsCache::Read(const FolderItem& ph
   ++reads_;
   ImageMetaData data;
   const bool document = photo.Directory();
-  data.ReadFile(document ? BrivolantDocument::OriginalIn(photo) : photo);
+  data.ReadFile(document ? BrivolantDocument::OriginalIn(photo)
+                         : FolderitemExtensions::OriginalFile(photo));
   // One that could not be opened may be, later.
   constexpr int kNotOpened = 0;
   if (data.ErrorID == kNotOpened) return {};

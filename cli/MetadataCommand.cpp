@@ -9,6 +9,7 @@
 #include "cli/Commands.h"
 #include "cli/Support.h"
 #include "cli/Texts.h"
+#include "formats/BrivolantDocument.h"
 #include "metadata/ImageMetaData.h"
 #include "metadata/MetadataCopy.h"
 #include "metadata/MetadataFields.h"
@@ -126,16 +127,14 @@ QJsonObject ToJson(const std::string& file, const ImageMetaData& data) {
   QJsonObject result{{ToQt("file"), ToQt(file)}};
   result.insert(ToQt("error"),
                 data.ErrorID < 0 ? QJsonValue() : QJsonValue(ToQt(data.ErrorMessage)));
-  if (data.ImageSummary) {
-    const ImageSummaryObject& summary = *data.ImageSummary;
-    result.insert(ToQt("summary"),
-                  QJsonObject{{ToQt("format"), ToQt(summary.FileFormat)},
-                              {ToQt("width"), static_cast<double>(summary.Width)},
-                              {ToQt("height"), static_cast<double>(summary.Height)},
-                              {ToQt("depth"), summary.Depth},
-                              {ToQt("colorSpace"), ToQt(summary.ColorSpace)},
-                              {ToQt("dpi"), summary.DPI}});
-  }
+  const ImageSummaryObject nothing;
+  const ImageSummaryObject& summary = data.ImageSummary ? *data.ImageSummary : nothing;
+  result.insert(ToQt("summary"), QJsonObject{{ToQt("format"), ToQt(summary.FileFormat)},
+                                             {ToQt("width"), static_cast<double>(summary.Width)},
+                                             {ToQt("height"), static_cast<double>(summary.Height)},
+                                             {ToQt("depth"), summary.Depth},
+                                             {ToQt("colorSpace"), ToQt(summary.ColorSpace)},
+                                             {ToQt("dpi"), summary.DPI}});
   QJsonObject blocks;
   for (const Listed& block : Blocks(data)) {
     if (block.Data == nullptr) continue;
@@ -150,6 +149,17 @@ QJsonObject ToJson(const std::string& file, const ImageMetaData& data) {
   }
   result.insert(ToQt("blocks"), blocks);
   return result;
+}
+
+/// A file, or the original of a document with what its owner says of it.
+void ReadPhoto(const FolderItem& file, ImageMetaData& data) {
+  const FolderItem original = file.Directory() && BrivolantDocument::IsDocument(file)
+                                  ? BrivolantDocument::OriginalIn(file)
+                                  : FolderItem();
+  data.ReadFile(original ? original : file);
+  if (original.IsNil()) return;
+  const std::string packet = Sidecar::Read(file.Child(BrivolantDocument::kMetadataName));
+  if (!packet.empty()) Sidecar::MergeInto(data, packet, true);
 }
 
 /// What the window of a file shows.
@@ -193,7 +203,12 @@ std::string CopyInto(const FolderItem& file, const FolderItem& from) {
       data.TIFFData ? NumberOf(data.TIFFData->Lookup("0112", TagValue(1U), 1)) : 1;
   if (turned >= 1 && turned <= 8) facts.Orientation = static_cast<int>(turned);
   facts.SRGB = false;
-  const MetadataCopy copy(from, MetadataCopy::Rule::kAll);
+  facts.Keeps = true;
+  const bool document = from.Directory() && BrivolantDocument::IsDocument(from);
+  const FolderItem photo = document ? BrivolantDocument::OriginalIn(from) : from;
+  const MetadataCopy copy(
+      photo, MetadataCopy::Rule::kAll,
+      document ? Sidecar::Read(from.Child(BrivolantDocument::kMetadataName)) : std::string());
   if (!copy.Good()) return texts::Of(codecTexts::kUnreadable, from.DisplayName());
   return copy.Into(file, facts);
 }
@@ -269,7 +284,13 @@ int WriteMetadata(const MetadataOptions& options) {
         error = MetadataWriter::Write(file, options.strip == "all" ? MetadataWriter::Strip::kAll
                                                                    : MetadataWriter::Strip::kPlace);
         // What is kept beside the photo goes along into every copy.
-        if (error.empty() && options.strip == "gps") error = Sidecar::StripPlace(file);
+        const std::string beside =
+            options.strip == "gps" ? Sidecar::StripPlace(file) : std::string();
+        if (error.empty()) error = beside;
+        const FolderItem sidecar = Sidecar::Of(file);
+        if (options.strip == "all" && error.empty() && sidecar) {
+          PrintError(texts::Of(texts::kSidecarStays, sidecar.DisplayName()));
+        }
       }
       if (error.empty() && !options.from.empty()) error = CopyInto(file, FolderItem(options.from));
       if (error.empty() && !fields.empty()) error = SetFields(file, fields);
@@ -292,7 +313,7 @@ int RunMetadata(const MetadataOptions& options) {
     ImageMetaData data;
     std::string error;
     const bool done = Guarded(file, error, [&] {
-      data.ReadFile(file);
+      ReadPhoto(file, data);
       if (!options.json) Print(input);
       return true;
     });

@@ -42,7 +42,8 @@ inline constexpr LocalizedText kMetadata{"cli.kMetadata",
 inline constexpr LocalizedText kMetadataSet{
     "cli.kMetadataSet",
     "Set a tag of the files, \"Block.Tag=Value\", or what stands in several places: title, "
-    "description, creator, copyright, keywords, rating, taken, city, state, country (repeatable)"};
+    "description, creator, copyright, keywords, rating, taken, city, state, country, position. A "
+    "block's tag is changed alone, a name in every place that says it (repeatable)"};
 inline constexpr LocalizedText kMetadataAdd{
     "cli.kMetadataAdd", "Add a value to the list of a tag, \"Block.Tag=Value\" (repeatable)"};
 inline constexpr LocalizedText kMetadataRemove{"cli.kMetadataRemove",
@@ -51,6 +52,9 @@ inline constexpr LocalizedText kMetadataStrip{
     "cli.kMetadataStrip", "Remove where the photo was taken, or everything: gps or all"};
 inline constexpr LocalizedText kMetadataFrom{
     "cli.kMetadataFrom", "Take what this photo tells of itself; what it does not tell stays"};
+inline constexpr LocalizedText kSidecarStays{
+    "cli.kSidecarStays",
+    "The file \"<filename>\" beside the photo stays, and goes along into copies."};
 inline constexpr LocalizedText kCarried{
     "cli.kCarried", "What of the photo's own data goes along: all, without-place or none"};
 inline constexpr LocalizedText kBadTag{

@@ -22,7 +22,8 @@ std::string CarryMetadata(const Carried& carried, const Picture& picture, const 
   facts.Software = carried.Software;
   facts.Creator = carried.Creator;
   facts.Copyright = carried.Copyright;
-  if (type == "public.jpeg" && (picture.Width() > kLongest || picture.Height() > kLongest)) {
+  const bool small = type == "public.jpeg" || type == "public.png" || type == "public.jpeg-2000";
+  if (small && (picture.Width() > kLongest || picture.Height() > kLongest)) {
     facts.Thumbnail = EncodeJpegBytes({SharedPictureEffects::Scale(
         picture, kLongest, kLongest, SharedPictureEffects::kScaleToFit)});
   }

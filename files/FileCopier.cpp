@@ -14,6 +14,7 @@
 #include <future>
 #include <memory>
 #include <thread>
+#include <unordered_set>
 #include <utility>
 
 #include "files/FolderitemExtensions.h"
@@ -188,33 +189,33 @@ void FileCopier::WriteOut(const FolderItem& folder) {
   }
 }
 
-FolderItem FileCopier::CompanionOf(const FolderItem& file) const {
-  return companions_.Of ? companions_.Of(file) : FolderItem();
-}
-
 void FileCopier::CopyInto(const std::vector<FolderItem>& files, const FolderItem& folder) {
   // What goes along with another goes once.
-  std::vector<FolderItem> along;
+  struct Wanted {
+    FolderItem File;
+    FolderItem Companion;
+  };
+  std::vector<Wanted> wanted;
+  std::unordered_set<std::string> along;
   for (const FolderItem& file : files) {
-    if (const FolderItem companion = CompanionOf(file)) along.push_back(companion);
+    if (goOn_ && !goOn_(0)) return;
+    wanted.push_back({file, companions_.Of ? companions_.Of(file) : FolderItem()});
+    if (wanted.back().Companion) along.insert(wanted.back().Companion.ShellPath());
   }
-  std::vector<FolderItem> wanted;
-  for (const FolderItem& file : files) {
-    if (std::find(along.begin(), along.end(), file) == along.end()) wanted.push_back(file);
-  }
-  along.insert(along.end(), wanted.begin(), wanted.end());
-  for (const FolderItem& file : along) {
-    if (!AddCost(file.Path())) return;
+  std::erase_if(wanted, [&](const Wanted& one) { return along.contains(one.File.ShellPath()); });
+  for (const Wanted& one : wanted) {
+    if (!AddCost(one.File.Path())) return;
+    if (one.Companion && !AddCost(one.Companion.Path())) return;
   }
   {
     const GrowingFolder growing(folder.Child("copies"));
-    for (const FolderItem& file : wanted) {
+    for (const Wanted& one : wanted) {
       const std::error_code error = growing.Folder()
-                                        ? CopyOne(file, growing.Folder(), folder)
+                                        ? CopyOne(one.File, one.Companion, growing.Folder(), folder)
                                         : std::make_error_code(std::errc::permission_denied);
       if (error == std::errc::operation_canceled) return;
       if (!error) continue;
-      failed_.push_back(file);
+      failed_.push_back(one.File);
       if (error == std::errc::no_space_on_device) break;
     }
   }
@@ -232,20 +233,27 @@ std::error_code FileCopier::Grow(const FolderItem& file, const FolderItem& grown
   return state.empty() ? std::make_error_code(std::errc::operation_canceled) : std::error_code();
 }
 
-std::error_code FileCopier::CopyOne(const FolderItem& file, const FolderItem& working,
-                                    const FolderItem& folder) {
+std::error_code FileCopier::CopyOne(const FolderItem& file, FolderItem companion,
+                                    const FolderItem& working, const FolderItem& folder) {
   std::error_code error;
   const fs::path root = WithoutLinks(file.Path());
   if (!file.Alias() && Inside(fs::canonical(folder.Path(), error), root)) {
     return std::make_error_code(std::errc::invalid_argument);
   }
-  const FolderItem companion = CompanionOf(file);
   const FolderItem grown = working.Child(file.Name());
   const FolderItem grownToo = companion ? working.Child(companion.Name()) : FolderItem();
   std::string state;
   std::string stateToo;
   error = Grow(file, grown, state);
-  if (!error && companion) error = Grow(companion, grownToo, stateToo);
+  if (!error && companion) {
+    const std::error_code failure = Grow(companion, grownToo, stateToo);
+    if (failure == std::errc::operation_canceled) error = failure;
+    // The photo can be had all the same; that something is missing is told.
+    if (failure && !error) {
+      failed_.push_back(companion);
+      companion = {};
+    }
+  }
   FolderItem target;
   FolderItem targetToo;
   while (!error) {
@@ -269,11 +277,15 @@ std::error_code FileCopier::CopyOne(const FolderItem& file, const FolderItem& wo
   if (error) {
     std::error_code ignored;
     fs::remove_all(grown.Path(), ignored);
-    if (companion) fs::remove_all(grownToo.Path(), ignored);
+    if (grownToo) fs::remove_all(grownToo.Path(), ignored);
     return error;
   }
-  made_.push_back({target, state.empty() ? StateOf(target) : std::move(state)});
-  if (companion) made_.push_back({targetToo, StateOf(targetToo)});
+  Copy made{target, state.empty() ? StateOf(target) : std::move(state)};
+  if (companion) {
+    made.Companion = targetToo;
+    made.CompanionState = StateOf(targetToo);
+  }
+  made_.push_back(std::move(made));
   return {};
 }
 

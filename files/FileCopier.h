@@ -18,10 +18,12 @@ namespace brivolant {
 /// the copy, else to the original. Works on one thread.
 class FileCopier {
  public:
-  /// One copy that was made, and what it looked like then.
+  /// One copy that was made, with what follows it, nil for nothing; and what both looked like then.
   struct Copy {
     FolderItem Item;
     std::string State;
+    FolderItem Companion{};
+    std::string CompanionState{};
   };
 
   /// A file that goes where another goes, under a name that follows the other's.
@@ -52,11 +54,10 @@ class FileCopier {
 
  private:
   using Path = std::filesystem::path;
-  std::error_code CopyOne(const FolderItem& file, const FolderItem& working,
+  std::error_code CopyOne(const FolderItem& file, FolderItem companion, const FolderItem& working,
                           const FolderItem& folder);
   /// Grows a copy beside its place; `state` is what it then looks like.
   std::error_code Grow(const FolderItem& file, const FolderItem& grown, std::string& state);
-  FolderItem CompanionOf(const FolderItem& file) const;
   std::error_code CopyEntry(const Path& from, const Path& to);
   std::error_code CopyFile(const Path& from, const Path& to);
   std::error_code CopyLink(const Path& from, const Path& to) const;

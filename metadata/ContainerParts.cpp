@@ -34,49 +34,72 @@ std::string Box(std::string_view identifier, const std::string& data) {
 
 }  // namespace
 
-ContainerParts::ContainerParts(MetadataStream& stream) : MetadataParts(stream) {
+ContainerParts::ContainerParts(MetadataStream& stream, const EmbeddedData* held)
+    : MetadataParts(stream) {
   stream.Position(0);
   const std::string mark = stream.Read(kJpeg2000Mark.size());
   png_ = mark.starts_with(kPngMark);
   if (png_) ReadPng();
   if (mark == kJpeg2000Mark) ReadJpeg2000();
+  if (!good_ || held == nullptr) return;
+  xmp_ = held->XMP;
+  if (held->Exif.empty()) return;
+  structure_ = held->Exif;
+  structureStream_ = std::make_unique<MetadataStream>(structure_);
+  tiff_ = std::make_unique<DirectoryEditor>(*structureStream_);
+  if (!tiff_->Good()) tiff_.reset();
 }
 
 void ContainerParts::Keep(Run::Kind kind, std::uint64_t at, std::uint64_t end) {
-  if (!before_.empty() && before_.back().Is == kind) {
-    before_.back().End = end;
+  if (!runs_.empty() && runs_.size() != place_ && runs_.back().Is == kind) {
+    runs_.back().End = end;
   } else {
-    before_.push_back({kind, at, end});
+    runs_.push_back({kind, at, end});
   }
 }
 
+ContainerParts::Run::Kind ContainerParts::KindOf(const std::string& type, const std::string& head) {
+  using enum Run::Kind;
+  if (type == "eXIf") return kExif;
+  if (type != "iTXt" && type != "zTXt" && type != "tEXt") return kOther;
+  if (head.starts_with(kXmpKeyword)) return kXmp;
+  // As older programs put them into texts.
+  constexpr std::string_view kRaw = "Raw profile type ";
+  if (!head.starts_with(kRaw)) return kOther;
+  const std::string_view profile = std::string_view(head).substr(kRaw.size());
+  if (profile.starts_with("exif") || profile.starts_with("APP1")) return kExif;
+  return profile.starts_with("xmp") ? kXmp : kOther;
+}
+
 void ContainerParts::ReadPng() {
+  constexpr std::size_t kHead = 32;
+  constexpr std::size_t kResolution = 9;
   Keep(Run::Kind::kOther, 0, kPngMark.size());
   stream_.Position(kPngMark.size());
   while (stream_.Remaining() >= kChunkFrame) {
     const std::uint64_t at = stream_.Position();
     const std::uint64_t length = stream_.ReadUInt32();
     const std::string type = stream_.Read(4);
-    if (length + 4 > stream_.Remaining()) return;
-    if (type == "IDAT") {
-      behind_.push_back({Run::Kind::kOther, at, stream_.Length()});
-      good_ = true;
+    if (length + 4 > stream_.Remaining()) {
+      good_ = false;
       return;
     }
+    if (type == "IDAT" && !good_) {
+      good_ = true;
+      place_ = runs_.size();
+    }
     const std::uint64_t data = stream_.Position();
-    const std::string head = stream_.Read(std::min<std::uint64_t>(length, kXmpKeyword.size()));
-    constexpr std::size_t kResolution = 9;
+    const std::string head = stream_.Read(std::min<std::uint64_t>(length, kHead));
     if (type == "pHYs" && length == kResolution && head.back() == 1) {
       stream_.Position(data);
       perMetre_ = {stream_.ReadUInt32(), stream_.ReadUInt32()};
     }
     const std::uint64_t end = at + length + kChunkFrame;
-    Keep(type == "eXIf"                          ? Run::Kind::kExif
-         : type == "iTXt" && head == kXmpKeyword ? Run::Kind::kXmp
-                                                 : Run::Kind::kOther,
-         at, end);
+    Keep(KindOf(type, head), at, end);
     stream_.Position(end);
   }
+  // Whatever stands behind the last chunk stays.
+  if (stream_.Remaining() > 0) Keep(Run::Kind::kOther, stream_.Position(), stream_.Length());
 }
 
 void ContainerParts::ReadJpeg2000() {
@@ -98,6 +121,7 @@ void ContainerParts::ReadJpeg2000() {
     stream_.Position(at + length);
   }
   good_ = good_ && stream_.EndOfFile();
+  place_ = runs_.size();
 }
 
 bool ContainerParts::Take(CarriedData data) {
@@ -124,27 +148,33 @@ bool ContainerParts::Take(CarriedData data) {
     data.XMP = WithRecords(data.XMP, records);
   }
   data.IPTC.clear();
-  return TakeStructure(std::move(data.Tiff)) && TakeTexts(data);
+  data.Resources.clear();
+  return TakeStructure(std::move(data.Tiff), data.Keeps) && TakeTexts(data);
 }
 
 std::optional<FilePlan> ContainerParts::Plan() {
   FilePlan plan;
-  for (const Run& run : before_) {
-    const bool replaced =
-        (run.Is == Run::Kind::kExif && tiff_) || (run.Is == Run::Kind::kXmp && !xmp_.empty());
+  const std::string structure =
+      tiffChanged_ ? Structure(newStructure_ ? std::string() : structure_) : std::string();
+  const std::string packet = xmpChanged_ ? xmp_ : std::string();
+  if (structure.size() > kMostChunk || packet.size() + kXmpKeyword.size() + 4 > kMostChunk) {
+    return {};
+  }
+  for (std::size_t i = 0; i <= runs_.size(); ++i) {
+    if (i == place_ && !structure.empty()) {
+      plan.Take(png_ ? Chunk("eXIf", structure) : Box(kJpeg2000Exif, structure));
+    }
+    if (i == place_ && !packet.empty()) {
+      // Not compressed, in no language.
+      plan.Take(png_ ? Chunk("iTXt", std::string(kXmpKeyword) + std::string(4, '\0') + packet)
+                     : Box(kJpeg2000XMP, packet));
+    }
+    if (i == runs_.size()) break;
+    const Run& run = runs_[i];
+    const bool replaced = (run.Is == Run::Kind::kExif && !structure.empty()) ||
+                          (run.Is == Run::Kind::kXmp && !packet.empty());
     if (!replaced) plan.Take(run.At, run.End - run.At);
   }
-  const std::string structure = tiff_ ? Structure({}) : std::string();
-  if (structure.size() > kMostChunk || xmp_.size() + kXmpKeyword.size() + 4 > kMostChunk) return {};
-  if (!structure.empty()) {
-    plan.Take(png_ ? Chunk("eXIf", structure) : Box(kJpeg2000Exif, structure));
-  }
-  if (!xmp_.empty()) {
-    // Not compressed, in no language.
-    plan.Take(png_ ? Chunk("iTXt", std::string(kXmpKeyword) + std::string(4, '\0') + xmp_)
-                   : Box(kJpeg2000XMP, xmp_));
-  }
-  for (const Run& run : behind_) plan.Take(run.At, run.End - run.At);
   return plan;
 }
 

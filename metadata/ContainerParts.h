@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,12 +11,15 @@
 
 namespace brivolant {
 
+struct EmbeddedData;
+
 /// A PNG or a JPEG 2000 file that takes what a photo tells: Exif and the packet, in chunks before
 /// the pixels or boxes behind them. It has no place for records of IPTC: what these alone say goes
-/// into the packet. Only finished copies are written so.
+/// into the packet. Only copies are written so.
 class ContainerParts final : public MetadataParts {
  public:
-  explicit ContainerParts(MetadataStream& stream);
+  /// `held` is what the file tells already; null for nothing.
+  ContainerParts(MetadataStream& stream, const EmbeddedData* held);
 
   /// The file is one of these, and makes sense.
   bool Good() const { return good_; }
@@ -32,14 +36,19 @@ class ContainerParts final : public MetadataParts {
   };
   void ReadPng();
   void ReadJpeg2000();
+  /// The kind of a chunk, by its type and what its data begin with.
+  static Run::Kind KindOf(const std::string& type, const std::string& head);
   void Keep(Run::Kind kind, std::uint64_t at, std::uint64_t end);
 
   bool png_ = false;
   /// Dots of a PNG, across and down; empty where it does not say.
   std::vector<std::uint32_t> perMetre_;
   bool good_ = false;
-  std::vector<Run> before_;
-  std::vector<Run> behind_;
+  std::vector<Run> runs_;
+  /// What is new stands before this run.
+  std::size_t place_ = 0;
+  std::string structure_;
+  std::unique_ptr<MetadataStream> structureStream_;
 };
 
 }  // namespace brivolant

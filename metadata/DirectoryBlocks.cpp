@@ -61,9 +61,8 @@ std::string CommentText(const TagValue& value) {
     }
     return UTF16Text(rest, low > high);
   }
-  if (code == "4153434949000000" || code == "0000000000000000" || code == "4A49530000000000") {
-    return PlainText(rest);
-  }
+  if (code == "4A49530000000000") return JapaneseText(rest);
+  if (code == "4153434949000000" || code == "0000000000000000") return PlainText(rest);
   return {};
 }
 

@@ -191,8 +191,10 @@ void DirectoryEditor::KnowPictures(MetadataStream& stream, const Listing& listin
     // Pixels of an unknown length may lie anywhere.
     if (places.size() != sizes.size()) allKnown_ = false;
     for (std::size_t i = 0; i < places.size() && i < sizes.size(); ++i) {
-      if (sizes[i] == 0) allKnown_ = false;
-      Know(places[i], sizes[i]);
+      // A small picture without bytes is none.
+      const bool none = sizes[i] == 0 && offsets == 0x0201;
+      if (sizes[i] == 0 && !none) allKnown_ = false;
+      if (!none) Know(places[i], sizes[i]);
     }
   }
 }

@@ -88,8 +88,9 @@ void ImageMetaData::ReadFile(const FolderItem& file, bool stopAfterTIFF) {
   if (XMP.empty() && TIFFData && TIFFData->hasKey("02BC")) {
     XMP = std::string(BytesOf(TIFFData->Value("02BC", 1)));
   }
+  if (stopAfterTIFF) return;
   XMP = further_.Joined(XMP);
-  if (!stopAfterTIFF) ProcessXMPData();
+  ProcessXMPData();
 }
 
 // JPEG.

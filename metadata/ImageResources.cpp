@@ -27,7 +27,7 @@ ImageResources::ImageResources(std::string_view bytes) {
     (void)stream.ReadUpTo(length + (length + 1) % 2);
     resource.name = bytes.substr(name, stream.Position() - name);
     const std::size_t size = stream.ReadUInt32();
-    whole_ = size <= stream.Remaining();
+    whole_ = !stream.Failed() && size <= stream.Remaining();
     if (!whole_) return;
     resource.data = stream.Read(size);
     if (size % 2 == 1) (void)stream.ReadUpTo(1);

@@ -8,6 +8,7 @@
 #include "metadata/JpegMarks.h"
 #include "metadata/TagValue.h"
 #include "metadata/XMPExtension.h"
+#include "platform/files/FileNames.h"
 #include "platform/values/Text.h"
 
 namespace brivolant {
@@ -140,7 +141,8 @@ bool JpegParts::StripAll() {
   static constexpr std::array kKept{
       Kept{DirectoryEditor::kFirst, 0x0112}, Kept{DirectoryEditor::kFirst, 0x011A},
       Kept{DirectoryEditor::kFirst, 0x011B}, Kept{DirectoryEditor::kFirst, 0x0128},
-      Kept{DirectoryEditor::kExif, 0xA001},  Kept{DirectoryEditor::kInterop, 0x0001}};
+      Kept{DirectoryEditor::kExif, 0xA001},  Kept{DirectoryEditor::kExif, 0xA002},
+      Kept{DirectoryEditor::kExif, 0xA003},  Kept{DirectoryEditor::kInterop, 0x0001}};
   const auto old = std::move(tiff_);
   stripped_ = true;
   resources_ = {};
@@ -186,8 +188,9 @@ bool JpegParts::Take(CarriedData data) {
     }
     break;
   }
-  if (!TakeStructure(std::move(data.Tiff))) return false;
-  if (!data.Comment.empty()) comment_ = std::move(data.Comment);
+  if (!TakeStructure(std::move(data.Tiff), data.Keeps)) return false;
+  // In another encoding it may have become longer than a segment.
+  if (!data.Comment.empty()) comment_ = CutAtCharacter(data.Comment, kMostPayload);
   return TakeTexts(data);
 }
 

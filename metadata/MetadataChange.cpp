@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "metadata/DirectoryEditor.h"
+#include "metadata/PhotoFacts.h"
 #include "metadata/TagValue.h"
 #include "platform/values/Numbers.h"
 #include "platform/values/Text.h"
@@ -119,6 +120,10 @@ std::optional<std::string> DateText(std::string_view text, bool withTime) {
     if (form[i] == '0' ? !digit && !unknown : digit) return {};
     if (form[i] == '0') date[i] = text[i];
   }
+  // Zeros and blanks say that it is not known; a month 13 is none.
+  const bool known = std::ranges::count(date, ' ') == std::ranges::count(form, ' ') &&
+                     date.find_first_of("123456789") != std::string::npos;
+  if (known && !DateFromExif(date)) return {};
   return date;
 }
 

@@ -36,10 +36,11 @@ constexpr std::uint64_t kMostStructure = 60000;
 /// A tag of the first directory that describes pixels, or leads to other data. What cameras and
 /// surveyors add to it is of the sensor, or of the grid of pixels.
 bool OfPixels(int tag) {
-  constexpr std::array kTags{0x011A, 0x011B, 0x0128, 0x02BC, 0x0153, 0x013D, 0x013E,
-                             0x013F, 0x015B, 0x828D, 0x828E, 0x828F, 0x830E, 0x83BB,
-                             0x8480, 0x8482, 0x85D8, 0x8649, 0x8769, 0x8773, 0x87AF,
-                             0x87B0, 0x87B1, 0x8825, 0x9216, 0x9217, 0xA005};
+  constexpr std::array kTags{0x011A, 0x011B, 0x0128, 0x02BC, 0x0153, 0x013D, 0x013E, 0x013F,
+                             0x015B, 0x828D, 0x828E, 0x828F, 0x830E, 0x83BB, 0x8480, 0x8482,
+                             0x85D8, 0x8649, 0x8769, 0x8773, 0x87AF, 0x87B0, 0x87B1, 0x8825,
+                             0x9216, 0x9217, 0xA005, 0x80E3, 0x80E4, 0x80E5, 0x80E6, 0x8214,
+                             0x8215, 0x8216, 0x8217, 0x8218, 0x8219, 0xA480, 0xA481};
   const auto within = [tag](int first, int last) { return tag >= first && tag <= last; };
   // Titles, what made it, when and by whom.
   if (within(0x010D, 0x0110) || within(0x0131, 0x0132) || within(0x013B, 0x013C)) return false;
@@ -49,8 +50,8 @@ bool OfPixels(int tag) {
 
 /// Of the Exif directory: compression, mosaic, the size, and places on the sensor.
 bool OfExifPixels(int tag) {
-  constexpr std::array kTags{0x9102, 0x9214, 0xA002, 0xA003, 0xA005, 0xA20B,
-                             0xA20C, 0xA20E, 0xA20F, 0xA210, 0xA214, 0xA302};
+  constexpr std::array kTags{0x9102, 0x9214, 0xA002, 0xA003, 0xA005, 0xA20C,
+                             0xA20E, 0xA20F, 0xA210, 0xA214, 0xA302};
   return std::ranges::find(kTags, tag) != kTags.end();
 }
 
@@ -124,8 +125,14 @@ std::vector<MetadataChange> MetadataCopy::Photo::Said(Rule rule) const {
     bool said = false;
     for (const auto& [block, tag] : PlacesOf(field)) {
       if (block != MetadataBlock::kXmp || !told.SaidBeside.contains(tag)) continue;
+      if (!place && !FieldOf(block, tag)) continue;
       said = true;
-      if (texts.empty()) texts = draft.Texts(block, tag);
+      if (!texts.empty()) continue;
+      texts = draft.Texts(block, tag);
+      if (texts.size() == 1 && IsJoined(block, tag)) {
+        const std::string joined = std::exchange(texts, {}).front();
+        for (const std::string_view name : Split(joined, ';')) texts.emplace_back(Trim(name));
+      }
     }
     if (!said) continue;
     std::erase_if(texts, [](const std::string& text) { return Trim(text).empty(); });
@@ -133,7 +140,11 @@ std::vector<MetadataChange> MetadataCopy::Photo::Said(Rule rule) const {
       // A day alone says less than the photo may.
       constexpr std::size_t kMoment = 19;
       if (texts.front().size() < kMoment || !facts.Taken) continue;
-      texts = {facts.Taken->Text()};
+      // In its own zone, whatever the photo was taken in.
+      const std::size_t zone = texts.front().find_first_of("+-Z", kMoment);
+      const std::string behind =
+          zone == std::string::npos ? std::string() : texts.front().substr(zone);
+      texts = {facts.Taken->Text() + behind};
     }
     if (field == kPosition) {
       texts.clear();
@@ -207,6 +218,8 @@ std::unique_ptr<DirectoryEditor> Structure(const DirectoryEditor* held, Metadata
         if (SizeOfType(type) == 0 || tag == kMakerNote) continue;
         if (directory == kFirst && OfPixels(tag)) continue;
         if (directory == kExif && OfExifPixels(tag)) continue;
+        // The size of the picture that it belongs to.
+        if (directory == kInterop && (tag == 0x1001 || tag == 0x1002)) continue;
         if (held->LengthOf(directory, tag) > kMostStructure / 2) continue;
         std::string bytes = held->BytesOf(directory, tag);
         // What lies beyond the end.
@@ -272,6 +285,11 @@ std::string Packet(std::string packet, MetadataCopy::Rule rule, const MetadataCo
     gone.insert(gone.end(), MetadataParts::kPlaces.begin(), MetadataParts::kPlaces.end());
   }
   if (!XMPEditor::RemoveLike(packet, gone)) return {};
+  // A sidecar may come without the mark by which a packet is found in a file.
+  if (packet.find("<?xpacket") == std::string::npos) {
+    packet = "<?xpacket begin=\"\xEF\xBB\xBF\" id=\"W5M0MpCehiHzreSzNTczkc9d\"?>\n" + packet +
+             "\n<?xpacket end=\"w\"?>";
+  }
   XMPProperties held;
   (void)ReadXMP(packet, held);
   const auto has = [&](std::string_view name) {
@@ -314,7 +332,11 @@ std::string MetadataCopy::Into(const FolderItem& file, const Facts& facts) const
     if (!data.Tiff) return tooLong;
     if (packet) data.XMP = Packet(photo_->XMP(), rule_, said);
     data.IPTC = Records(photo_->IPTC(), rule_, said);
-    if (photo_->parts) data.Comment = photo_->parts->Comment();
+    data.Keeps = said.Keeps;
+    if (photo_->parts) {
+      data.Comment = photo_->parts->Comment();
+      data.Resources = photo_->parts->Resources();
+    }
     return MetadataWriter::Take(file, std::move(data), photo_->Said(rule_));
   };
   std::string why = write(facts, true, true);

@@ -124,7 +124,7 @@ std::vector<std::string> MetadataDraft::Texts(MetadataField field) const {
       if (field != MetadataField::kPosition && !FieldOf(block, tag)) continue;
       std::vector<std::string> texts = Texts(block, tag);
       std::erase_if(texts, [](const std::string& text) { return Trim(text).empty(); });
-      return texts;
+      return texts.size() == 1 && IsJoined(block, tag) ? SplitAt(texts[0], ';') : texts;
     }
   }
   if (field == MetadataField::kKeywords) {

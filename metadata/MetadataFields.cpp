@@ -206,7 +206,8 @@ std::string ZoneIn(const SaidFirst& said) {
   // Hyphens stand in days too.
   static constexpr std::array kZones{
       Zone{MetadataBlock::kExif, "9011", 0}, Zone{MetadataBlock::kXmp, "photoshop:DateCreated", 11},
-      Zone{MetadataBlock::kIptc, "60", 6}, Zone{MetadataBlock::kExif, "9010", 0}};
+      Zone{MetadataBlock::kXmp, "exif:DateTimeOriginal", 11}, Zone{MetadataBlock::kIptc, "60", 6},
+      Zone{MetadataBlock::kExif, "9010", 0}};
   for (const Zone& zone : kZones) {
     const std::string text = said(zone.Block, zone.Tag);
     if (text.size() <= zone.Before) continue;
@@ -405,7 +406,10 @@ std::optional<std::vector<MetadataChange>> ChangesOf(MetadataField field,
   if (field == kPosition && !texts.empty() && !PositionFromText(texts.front())) return {};
   std::vector<MetadataChange> changes;
   for (const Place& place : kPlaces) {
-    if (place.Field != field || (!place.Always && !says(place.Block, place.Tag))) continue;
+    // A time without its zone says less than is known.
+    const bool told = place.As == Form::kZone && !zone.empty();
+    const bool always = place.Always || told;
+    if (place.Field != field || (!always && !says(place.Block, place.Tag))) continue;
     std::vector<std::string> written = Written(place, texts, zone);
     // No zone is said that nobody knows.
     if (place.As == Form::kZone && !texts.empty() && zone.empty()) continue;

@@ -4,10 +4,12 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <map>
 #include <utility>
 
 #include "metadata/IPTCRecords.h"
 #include "metadata/ImageMetaData.h"
+#include "metadata/MetadataRows.h"
 #include "metadata/TagCatalog.h"
 #include "metadata/XMPEditor.h"
 #include "platform/values/Text.h"
@@ -115,6 +117,18 @@ int CatalogType(Directory directory, int tag) {
   }
 }
 
+/// Tags that came with a later version of Exif belong into a file of that version.
+bool RaiseVersion(DirectoryEditor& editor, Directory directory, int tag) {
+  constexpr int kVersion = 0x9000;
+  const bool of23 = (tag >= 0x8830 && tag <= 0x8835) || (tag >= 0xA430 && tag <= 0xA435);
+  const bool of231 = tag >= 0x9010 && tag <= 0x9012;
+  if (directory != DirectoryEditor::kExif || (!of23 && !of231)) return true;
+  const std::string needed = of231 ? "0231" : "0230";
+  const std::string held = editor.BytesOf(directory, kVersion);
+  if (held.size() == needed.size() && held >= needed) return true;
+  return editor.Set(directory, kVersion, kUndefinedType, needed);
+}
+
 }  // namespace
 
 void FilePlan::Take(std::uint64_t from, std::uint64_t length) {
@@ -188,7 +202,8 @@ bool MetadataParts::ApplyToDirectory(const MetadataChange& change, Directory dir
   if (change.What == MetadataChange::Act::kAdd && editor.TypeOf(directory, *tag) == type) {
     *bytes = editor.BytesOf(directory, *tag) + *bytes;
   }
-  return editor.Set(directory, *tag, type, std::move(*bytes)) && Complete(directory, there);
+  return editor.Set(directory, *tag, type, std::move(*bytes)) && Complete(directory, there) &&
+         RaiseVersion(editor, directory, *tag);
 }
 
 bool MetadataParts::Complete(Directory directory, bool wasThere) {
@@ -279,13 +294,82 @@ bool MetadataParts::StripPlace() {
   return true;
 }
 
-bool MetadataParts::TakeTexts(CarriedData& data) {
-  if (!data.XMP.empty()) XMP(std::move(data.XMP));
-  return data.IPTC.empty() || IPTC(std::move(data.IPTC));
+namespace {
+
+constexpr std::array kCarriedResources{0x040A, 0x040B};
+
+/// A packet with the properties of another in place of its own.
+std::string MergedPacket(const std::string& held, const std::string& taken) {
+  XMPProperties properties;
+  if (held.empty() || !ReadXMP(taken, properties, XMPNames::kUsual)) return taken;
+  std::string merged = held;
+  for (const auto& [name, texts] : properties) {
+    // What has fields, or nobody knows the namespace of, stays as it is in the file.
+    if (IsPlainProperty(name) || name.starts_with("tiff:") || name.starts_with("exif:")) {
+      (void)XMPEditor::Set(merged, name, texts);
+    }
+  }
+  return merged;
 }
 
-bool MetadataParts::TakeStructure(std::unique_ptr<DirectoryEditor> structure) {
+/// Records with the datasets of others in place of their own.
+std::string MergedRecords(const std::string& held, const std::string& taken) {
+  IPTCRecords merged(held);
+  if (held.empty() || !merged.Whole()) return taken;
+  std::map<int, std::vector<std::string>> datasets;
+  const IPTCRecords records(taken);
+  for (const IPTCRecords::Dataset& dataset : records.Datasets()) {
+    if (dataset.record == 2 && dataset.number > 0) {
+      datasets[dataset.number].push_back(PlainText(dataset.value));
+    }
+  }
+  for (const auto& [number, texts] : datasets) merged.Set(number, texts);
+  return merged.Bytes();
+}
+
+}  // namespace
+
+std::vector<std::pair<int, std::string>> MetadataParts::Resources() const {
+  std::vector<std::pair<int, std::string>> held;
+  for (const int id : kCarriedResources) {
+    if (resources_.Has(id)) held.emplace_back(id, resources_.Data(id));
+  }
+  return held;
+}
+
+bool MetadataParts::TakeTexts(CarriedData& data) {
+  if (!data.XMP.empty()) XMP(data.Keeps ? MergedPacket(xmp_, data.XMP) : std::move(data.XMP));
+  if (resources_.Whole()) {
+    for (auto& [id, bytes] : data.Resources) {
+      resources_.Set(id, std::move(bytes));
+      resourcesChanged_ = true;
+    }
+  }
+  if (data.IPTC.empty()) return true;
+  return IPTC(data.Keeps ? MergedRecords(IPTC(), data.IPTC) : std::move(data.IPTC));
+}
+
+bool MetadataParts::TakeStructure(std::unique_ptr<DirectoryEditor> structure, bool keeps) {
   if (!structure || structure->Tags(DirectoryEditor::kFirst).empty()) return true;
+  if (keeps && tiff_) {
+    // The note of a maker stays the one whose places lie in this file.
+    constexpr int kMakerNote = 0x927C;
+    for (const Directory directory : {DirectoryEditor::kFirst, DirectoryEditor::kExif,
+                                      DirectoryEditor::kGps, DirectoryEditor::kInterop}) {
+      const bool there = tiff_->Has(directory);
+      for (const int tag : structure->Tags(directory)) {
+        const int type = structure->TypeOf(directory, tag);
+        if (tag == kMakerNote || Structural(directory, tag) || SizeOfType(type) == 0) continue;
+        std::string bytes = structure->BytesOf(directory, tag);
+        if (structure->LittleEndian() != tiff_->LittleEndian()) {
+          bytes = DirectoryEditor::Swapped(type, std::move(bytes));
+        }
+        if (!Directories().Set(directory, tag, type, std::move(bytes))) return false;
+      }
+      if (structure->Has(directory) && !Complete(directory, there)) return false;
+    }
+    return true;
+  }
   tiff_ = std::move(structure);
   tiffChanged_ = newStructure_ = true;
   return (!tiff_->Has(DirectoryEditor::kExif) || Complete(DirectoryEditor::kExif, false)) &&

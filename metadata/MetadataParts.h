@@ -40,6 +40,10 @@ struct CarriedData {
   std::string XMP;
   std::string IPTC;
   std::string Comment;
+  /// Photoshop's, by their numbers: whether it is anybody's, and where he is found.
+  std::vector<std::pair<int, std::string>> Resources{};
+  /// What the file told before and this does not tell stays.
+  bool Keeps = false;
 };
 
 /// What of a file can be changed, in the form in which it can. What a kind of file does not hold
@@ -49,8 +53,9 @@ class MetadataParts {
   virtual ~MetadataParts() = default;
 
   /// Beginnings of the names of XMP properties that say where, or a prefix.
-  static constexpr std::array<std::string_view, 8> kPlaces{
-      "GPS", "City", "State", "Country", "Location", "Sublocation", "Province", "geo:"};
+  static constexpr std::array<std::string_view, 11> kPlaces{
+      "GPS",      "City",     "State", "Country",          "Location",        "Sublocation",
+      "Province", "coverage", "geo:",  "AbsoluteAltitude", "RelativeAltitude"};
 
   /// By what the file begins with; null for a kind that is not written, or what makes no sense.
   static std::unique_ptr<MetadataParts> Of(MetadataStream& stream);
@@ -67,6 +72,8 @@ class MetadataParts {
   const DirectoryEditor* Held() const { return tiff_.get(); }
   const std::string& XMP() const { return xmp_; }
   virtual std::string IPTC() const { return std::string(resources_.Data(ImageResources::kIptc)); }
+  /// Of those resources that go along the ones that the file has.
+  std::vector<std::pair<int, std::string>> Resources() const;
   /// What a JPEG says beside.
   virtual std::string Comment() { return {}; }
   /// Takes all that another file tells of itself.
@@ -89,9 +96,10 @@ class MetadataParts {
   }
   /// What the standards want beside what was set. False if it cannot be.
   bool Complete(DirectoryEditor::Directory directory, bool wasThere);
-  /// What a structure of its own is made of; nothing changes if there is nothing in it.
-  bool TakeStructure(std::unique_ptr<DirectoryEditor> structure);
-  /// Packet and records; what is empty leaves what stands.
+  /// What a structure of its own is made of; nothing changes if there is nothing in it. With
+  /// `keeps` its tags go into the structure that is there.
+  bool TakeStructure(std::unique_ptr<DirectoryEditor> structure, bool keeps = false);
+  /// Packet, records and resources; what is empty leaves what stands.
   bool TakeTexts(CarriedData& data);
   /// The new structure; empty if it would not fit its offsets.
   std::string Structure(const std::string& old);

@@ -234,8 +234,8 @@ void KeepOwner(int from, int to, const struct stat& status) {
 using Change = std::function<std::string(MetadataParts&)>;
 
 /// More kinds take what another file tells than are changed; null for all others.
-std::unique_ptr<MetadataParts> PartsOfCopy(MetadataStream& stream) {
-  auto container = std::make_unique<ContainerParts>(stream);
+std::unique_ptr<MetadataParts> PartsOfCopy(MetadataStream& stream, const ImageMetaData& held) {
+  auto container = std::make_unique<ContainerParts>(stream, held.Embedded.get());
   if (!container->Good()) return nullptr;
   return container;
 }
@@ -255,7 +255,7 @@ std::string Rewrite(
   before.ReadFile(file);
   MetadataStream stream(file);
   if (!stream.IsOpen() || !before.ImageSummary) return Told(kNotWritten, file);
-  auto parts = takes ? PartsOfCopy(stream) : nullptr;
+  auto parts = takes ? PartsOfCopy(stream, before) : nullptr;
   if (!parts) {
     if (std::string refusal = Refusal(file, stream); !refusal.empty()) return refusal;
     parts = MetadataParts::Of(stream);
@@ -333,6 +333,9 @@ std::string Write(const FolderItem& file, std::span<const MetadataChange> change
       });
     }
     asked.insert(std::string(NameOf(change.Block)) + "." + tag);
+    // The version of the standard follows tags that it did not know.
+    const bool later = tag.starts_with("883") || tag.starts_with("901") || tag.starts_with("A43");
+    if (change.Block == MetadataBlock::kExif && later) asked.insert("EXIF.9000");
   }
   return Rewrite(
       file, false,

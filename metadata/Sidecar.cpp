@@ -2,6 +2,7 @@
 #include "metadata/Sidecar.h"
 
 #include <algorithm>
+#include <array>
 #include <vector>
 
 #include "metadata/ImageMetaData.h"
@@ -32,21 +33,71 @@ FolderItem Long(const FolderItem& photo) {
   return photo.Parent().Child(photo.Name() + std::string(kExtension));
 }
 
+std::string ExtensionOf(const std::string& name) {
+  const std::size_t dot = name.rfind('.');
+  return dot == std::string::npos || dot == 0 ? std::string() : LowerCase(name.substr(dot + 1));
+}
+
+/// Some property says where, itself or within its fields.
+bool SaysPlace(const XMPProperties& properties) {
+  return std::ranges::any_of(properties, [](const auto& property) {
+    const std::string& name = property.first;
+    // What has fields is looked into by whoever takes the place out.
+    if (!IsPlainProperty(name) && !name.starts_with("exif:")) return true;
+    const std::string_view local = std::string_view(name).substr(name.find(':') + 1);
+    return std::ranges::any_of(MetadataParts::kPlaces, [&](std::string_view start) {
+      const std::string_view compared = start.ends_with(':') ? std::string_view(name) : local;
+      return EqualIgnoringCase(compared.substr(0, start.size()), start);
+    });
+  });
+}
+
+bool IsRaw(const std::string& extension) {
+  return std::ranges::find(kRawExtensions, extension) != kRawExtensions.end();
+}
+
+/// A raw file with the stem of another file lies beside it.
+bool HasRawBeside(const FolderItem& photo) {
+  const std::string name = photo.Name();
+  const std::string stem = name.substr(0, name.rfind('.') + 1);
+  return std::ranges::any_of(kRawExtensions, [&](std::string_view extension) {
+    std::string capitals(extension);
+    for (char& c : capitals) {
+      if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    }
+    for (const std::string& other : {stem + std::string(extension), stem + capitals}) {
+      if (other != name && photo.Parent().Child(other).Exists()) return true;
+    }
+    return false;
+  });
+}
+
 }  // namespace
 
 bool WrittenInPlace(const FolderItem& photo) {
   return MetadataWriter::WhyNotWritten(photo).empty();
 }
 
+bool TakesShortName(std::string_view name) {
+  constexpr std::array<std::string_view, 7> kWritten{"",    "jpg",  "jpeg", "jpe",
+                                                     "tif", "tiff", "psd"};
+  const std::string extension = ExtensionOf(std::string(name));
+  return extension != kExtension.substr(1) &&
+         std::ranges::find(kWritten, extension) == kWritten.end();
+}
+
 FolderItem Of(const FolderItem& photo) {
   if (photo.IsNil()) return {};
   if (FolderItem beside = Long(photo); beside && beside.Exists()) return beside;
-  // The short name is the raw file's, whatever else has its stem.
-  const std::string name = LowerCase(photo.Name());
-  const std::string extension = name.substr(std::min(name.rfind('.'), name.size() - 1) + 1);
-  if (std::ranges::find(kRawExtensions, extension) == kRawExtensions.end()) return {};
+  // What is never written has it from other programs; where a raw file has the stem, it is its own.
+  if (!TakesShortName(photo.Name())) return {};
   const FolderItem shorter = Short(photo);
-  return shorter.IsNil() || !shorter.Exists() ? FolderItem() : shorter;
+  if (shorter.IsNil() || !shorter.Exists()) return {};
+  return IsRaw(ExtensionOf(photo.Name())) || !HasRawBeside(photo) ? shorter : FolderItem();
+}
+
+bool Shared(const FolderItem& sidecar, const FolderItem& photo) {
+  return !(sidecar == Long(photo)) && HasRawBeside(photo);
 }
 
 FolderItem For(const FolderItem& photo) {
@@ -55,17 +106,7 @@ FolderItem For(const FolderItem& photo) {
 }
 
 FolderItem Following(const FolderItem& photo) {
-  if (photo.IsNil() || (!photo.Alias() && photo.Directory())) return {};
-  const FolderItem sidecar = Of(photo);
-  if (sidecar.IsNil() || sidecar == Long(photo)) return sidecar;
-  const std::string stem = photo.Name().substr(0, photo.Name().rfind('.'));
-  for (const FolderItem& other : photo.Parent().Children()) {
-    const std::string name = other.Name();
-    if (name == photo.Name() || !name.starts_with(stem + ".")) continue;
-    const std::string extension = LowerCase(name.substr(stem.size() + 1));
-    if (std::ranges::find(kRawExtensions, extension) != kRawExtensions.end()) return {};
-  }
-  return sidecar;
+  return photo.IsNil() || (!photo.Alias() && photo.Directory()) ? FolderItem() : Of(photo);
 }
 
 FolderItem BesideMoved(const FolderItem& sidecar, const FolderItem& photo,
@@ -157,6 +198,8 @@ std::string StripPlace(const FolderItem& photo) {
   };
   const auto held = ReadFile(file, kMost);
   std::string packet = held.value_or(std::string());
+  XMPProperties properties;
+  if (held && ReadXMP(packet, properties) && !SaysPlace(properties)) return {};
   if (!held || !XMPEditor::RemoveLike(
                    packet, {MetadataParts::kPlaces.begin(), MetadataParts::kPlaces.end()})) {
     return told(kDamaged);

@@ -25,13 +25,16 @@ inline constexpr LocalizedText kFailed{"Sidecar.kFailed",
 /// Files that say their metadata themselves when it is changed: JPEG, TIFF and Photoshop files that
 /// are not raw.
 bool WrittenInPlace(const FolderItem& photo);
-/// The sidecar that is there; nil for none. "name.xmp" counts for photos that are never written.
+/// Kinds of files, by their names, beside which "name.xmp" counts: those that are never written.
+bool TakesShortName(std::string_view name);
+/// The sidecar that is there; nil for none. "name.xmp" is a raw file's where one has that name.
 FolderItem Of(const FolderItem& photo);
 /// Where what is said of a photo is kept: the sidecar that is there, or a new one.
 FolderItem For(const FolderItem& photo);
-/// What goes where its photo goes, and nil for none: folders have none, and the short one of two
-/// raw files belongs to the other too.
+/// What goes where its photo goes; nil for none, as folders have none.
 FolderItem Following(const FolderItem& photo);
+/// It belongs to another raw file too, and must stay for that.
+bool Shared(const FolderItem& sidecar, const FolderItem& photo);
 /// The place of a photo's sidecar beside another place of the photo.
 FolderItem BesideMoved(const FolderItem& sidecar, const FolderItem& photo, const FolderItem& moved);
 /// A packet from a file of its own; empty if it is missing or far too long.

@@ -132,10 +132,13 @@ std::string PlainText(std::string_view bytes) {
   return text;
 }
 
-std::string JpegCommentText(std::string_view bytes) {
+namespace {
+
+/// UTF-8 as it is; else from an encoding of the C library, or as PlainText has it.
+std::string TextOfEncoding(std::string_view bytes, const char* encoding) {
   while (!bytes.empty() && bytes.back() == '\0') bytes.remove_suffix(1);
   if (IsUTF8(bytes)) return std::string(bytes);
-  const iconv_t converter = iconv_open("UTF-8", "MACINTOSH");
+  const iconv_t converter = iconv_open("UTF-8", encoding);
   // The C library may have come without its tables.
   if (converter == iconv_t(-1)) return PlainText(bytes);  // NOLINT: what it gives for none.
   std::string from(bytes);
@@ -149,6 +152,16 @@ std::string JpegCommentText(std::string_view bytes) {
   iconv_close(converter);
   to.resize(to.size() - room);
   return done ? to : PlainText(bytes);
+}
+
+}  // namespace
+
+std::string JpegCommentText(std::string_view bytes) {
+  return TextOfEncoding(bytes, "MACINTOSH");
+}
+
+std::string JapaneseText(std::string_view bytes) {
+  return TextOfEncoding(bytes, "SHIFT_JIS");
 }
 
 std::string TextOfUTF16(std::u16string_view text) {

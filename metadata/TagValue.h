@@ -75,6 +75,8 @@ std::string Decimals(double value, int decimals);
 std::string PlainText(std::string_view bytes);
 /// The same of a JPEG's comment, which is else in the Roman encoding of older Macs.
 std::string JpegCommentText(std::string_view bytes);
+/// The same of a comment that says to be Japanese: Shift JIS.
+std::string JapaneseText(std::string_view bytes);
 /// As UTF-8; halves of pairs that stand alone become replacement characters.
 std::string TextOfUTF16(std::u16string_view text);
 

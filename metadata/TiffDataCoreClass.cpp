@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/values/Text.h"
+
 namespace brivolant {
 namespace {
 
@@ -140,6 +142,10 @@ std::string TiffDataCoreClass::PlainStringValue(const std::string& tag,
 
 std::string TiffDataCoreClass::OrUnknown(std::string text, const TagValue& value) {
   if (!text.empty()) return text;
+  if (!std::holds_alternative<std::string>(value)) {
+    const auto number = static_cast<std::uint32_t>(WholeNumberOf(value));
+    return "Unknown " + Hexadecimal(number, 2);
+  }
   return "Unknown " + AsHex(BytesOf(value).substr(0, kShownBytes));
 }
 

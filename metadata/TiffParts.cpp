@@ -162,7 +162,7 @@ bool PhotoshopParts::StripAll() {
 }
 
 bool PhotoshopParts::Take(CarriedData data) {
-  return TakeStructure(std::move(data.Tiff)) && TakeTexts(data);
+  return TakeStructure(std::move(data.Tiff), data.Keeps) && TakeTexts(data);
 }
 
 std::optional<FilePlan> PhotoshopParts::Plan() {

@@ -89,6 +89,21 @@ pugi::xml_node Clear(pugi::xml_node rdf, std::string_view space, std::string_vie
   return found;
 }
 
+/// A description has the property, as an attribute or an element.
+bool Holds(pugi::xml_node rdf, std::string_view space, std::string_view local) {
+  for (const pugi::xml_node description : rdf.children()) {
+    for (const pugi::xml_attribute attribute : description.attributes()) {
+      if (Is(description, attribute.name(), space, local)) return true;
+    }
+    for (const pugi::xml_node property : description.children()) {
+      if (property.type() == pugi::node_element && Is(property, property.name(), space, local)) {
+        return true;
+      }
+    }
+  }
+  return false;
+}
+
 /// The prefix under which a document writes names of a format.
 std::string RdfPrefix(pugi::xml_node rdf) {
   const std::string_view name = rdf.name();
@@ -223,6 +238,10 @@ bool Set(std::string& packet, std::string_view property, const std::vector<std::
   pugi::xml_node rdf = XMPNodes::FindRdf(document);
   if (!rdf) return false;
   std::string space(NamespaceOfPrefix(prefix));
+  // Some have been written in more than one way: the one that is there stays.
+  for (const std::string_view known : XMPNodes::NamespacesOfPrefix(prefix)) {
+    if (Holds(rdf, known, local)) space = known;
+  }
   if (space.empty()) {
     for (const pugi::xml_node description : rdf.children()) {
       if (space.empty()) space = NamespaceOf(description, property);

@@ -35,7 +35,7 @@ bool IsNote(pugi::xml_node node, std::string_view name) {
   return XMPNodes::Local(name) == kProperty && NamespaceOf(node, name) == kNote;
 }
 
-/// The digest that a packet names; with `remove` the packet names none afterwards.
+/// The digest that a packet names; with `remove` the packet names none afterwards, nor declares it.
 std::string Digest(pugi::xml_node rdf, bool remove) {
   std::string digest;
   for (pugi::xml_node description : rdf.children()) {
@@ -55,6 +55,8 @@ std::string Digest(pugi::xml_node rdf, bool remove) {
       }
       child = next;
     }
+    // Not before: without it nobody knows what the name stands for.
+    if (remove) description.remove_attribute("xmlns:xmpNote");
   }
   return digest;
 }
@@ -72,6 +74,48 @@ void Declare(pugi::xml_node from, pugi::xml_node to) {
       }
     }
   }
+}
+
+/// Takes out descriptions that say nothing, but for the first.
+void RemoveEmpty(pugi::xml_node rdf) {
+  bool first = true;
+  for (auto description = rdf.first_child(); description;) {
+    const auto next = description.next_sibling();
+    if (IsRdf(description, "Description")) {
+      bool says = static_cast<bool>(description.find_child(
+          [](pugi::xml_node child) { return child.type() == pugi::node_element; }));
+      for (const pugi::xml_attribute attribute : description.attributes()) {
+        const std::string_view name = attribute.name();
+        says = says || (!IsDeclaration(name) && XMPNodes::Local(name) != "about");
+      }
+      if (!says && !first) rdf.remove_child(description);
+      first = false;
+    }
+    description = next;
+  }
+}
+
+/// More than any program writes: putting it together would take long.
+bool IsTooMuch(std::string_view packet) {
+  constexpr std::ptrdiff_t kMostNodes = 100000;
+  return std::ranges::count(packet, '<') + std::ranges::count(packet, '=') > kMostNodes;
+}
+bool DeclaresTooMuch(pugi::xml_node rdf) {
+  constexpr std::ptrdiff_t kMostDeclared = 200;
+  constexpr std::ptrdiff_t kMostDescriptions = 200;
+  std::ptrdiff_t declared = 0;
+  std::ptrdiff_t descriptions = 0;
+  const auto count = [&](pugi::xml_node node) {
+    for (const pugi::xml_attribute attribute : node.attributes()) {
+      if (IsDeclaration(attribute.name())) ++declared;
+    }
+  };
+  for (pugi::xml_node node = rdf; node; node = node.parent()) count(node);
+  for (const pugi::xml_node description : rdf.children()) {
+    count(description);
+    ++descriptions;
+  }
+  return declared > kMostDeclared || descriptions > kMostDescriptions;
 }
 
 /// How long a node is when it is written.
@@ -136,7 +180,7 @@ void XMPExtension::Take(std::string_view payload) {
 
 std::string XMPExtension::Joined(const std::string& packet) {
   whole_ = false;
-  if (streams_.empty() || packet.empty()) return packet;
+  if (streams_.empty() || packet.empty() || IsTooMuch(packet)) return packet;
   pugi::xml_document document;
   if (!XMPNodes::Load(document, packet)) return packet;
   pugi::xml_node rdf = XMPNodes::FindRdf(document);
@@ -148,9 +192,11 @@ std::string XMPExtension::Joined(const std::string& packet) {
     bytes += piece;
   }
   pugi::xml_document further;
-  if (bytes.size() != found->second.Length || !XMPNodes::Load(further, bytes)) return packet;
+  if (bytes.size() != found->second.Length || IsTooMuch(bytes) || !XMPNodes::Load(further, bytes)) {
+    return packet;
+  }
   const pugi::xml_node more = XMPNodes::FindRdf(further);
-  if (!more) return packet;
+  if (!more || DeclaresTooMuch(more)) return packet;
   for (const pugi::xml_node description : more.children()) {
     if (description.type() != pugi::node_element) continue;
     Declare(description, rdf.append_copy(description));
@@ -163,10 +209,11 @@ std::optional<XMPExtension::Parts> XMPExtension::Split(const std::string& packet
                                                        std::size_t room) {
   Parts parts;
   pugi::xml_document document;
-  if (!XMPNodes::Load(document, packet)) return {};
+  if (IsTooMuch(packet) || !XMPNodes::Load(document, packet)) return {};
   pugi::xml_node rdf = XMPNodes::FindRdf(document);
-  if (!rdf) return {};
+  if (!rdf || DeclaresTooMuch(rdf)) return {};
   const bool named = !Digest(rdf, true).empty();
+  if (named) RemoveEmpty(rdf);
   parts.Packet = named ? XMPNodes::Saved(document) : packet;
   if (parts.Packet.size() <= room) return parts;
   RemovePadding(document);
@@ -205,6 +252,7 @@ std::optional<XMPExtension::Parts> XMPExtension::Split(const std::string& packet
     }
     length -= std::min(length, candidate.Length);
   }
+  RemoveEmpty(rdf);
   const std::string bytes = XMPNodes::Saved(further);
   if (bytes.size() > kMost) return {};
   const std::string digest =

@@ -53,12 +53,18 @@ constexpr std::array kFurther{Row{"Iptc4xmpCore:Location", kIptc, "92"},
 std::string MomentOf(const std::string& day, const std::string& time) {
   constexpr std::size_t kDay = 8;
   constexpr std::size_t kTime = 6;
-  if (day.size() != kDay) return {};
+  const auto digits = [](std::string_view text) {
+    return std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
+  };
+  if (day.size() != kDay || !digits(day)) return {};
+  // What is not known to the day is no moment.
+  if (day.substr(4, 2) == "00" || day.substr(6) == "00") return {};
   std::string moment = day.substr(0, 4) + "-" + day.substr(4, 2) + "-" + day.substr(6);
-  if (time.size() < kTime) return moment;
+  if (time.size() < kTime || !digits(std::string_view(time).substr(0, kTime))) return moment;
   moment += "T" + time.substr(0, 2) + ":" + time.substr(2, 2) + ":" + time.substr(4, 2);
   constexpr std::size_t kZone = 5;
-  if (time.size() == kTime + kZone) moment += time.substr(kTime, 3) + ":" + time.substr(kTime + 3);
+  if (time.size() == kTime + kZone && digits(std::string_view(time).substr(kTime + 1)))
+    moment += time.substr(kTime, 3) + ":" + time.substr(kTime + 3);
   return moment;
 }
 

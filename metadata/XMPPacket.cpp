@@ -39,7 +39,29 @@ constexpr std::array kNamespaces{
     Namespace{"Iptc4xmpCore", "http://iptc.org/std/Iptc4xmpCore/1.0/xmlns/"},
     Namespace{"Iptc4xmpExt", "http://iptc.org/std/Iptc4xmpExt/2008-02-29/"},
     Namespace{"MicrosoftPhoto", "http://ns.microsoft.com/photo/1.0/"},
+    Namespace{"MicrosoftPhoto", "http://ns.microsoft.com/photo/1.0"},
     Namespace{"lr", "http://ns.adobe.com/lightroom/1.0/"}};
+
+/// What changes a document goes down into it by recursion.
+bool IsTooDeep(pugi::xml_node document) {
+  int depth = 0;
+  pugi::xml_node node = document.first_child();
+  while (node) {
+    if (depth > kDeepest) return true;
+    if (node.first_child()) {
+      node = node.first_child();
+      ++depth;
+      continue;
+    }
+    while (node && node != document && !node.next_sibling()) {
+      node = node.parent();
+      --depth;
+    }
+    if (!node || node == document) break;
+    node = node.next_sibling();
+  }
+  return false;
+}
 
 pugi::xml_node FindRdfBelow(pugi::xml_node node, int depth) {
   if (XMPNodes::IsRdf(node, "RDF")) return node;
@@ -85,6 +107,14 @@ std::string_view XMPNodes::NamespaceOfPrefix(std::string_view prefix) {
   return known == kNamespaces.end() ? std::string_view() : known->Name;
 }
 
+std::vector<std::string_view> XMPNodes::NamespacesOfPrefix(std::string_view prefix) {
+  std::vector<std::string_view> names;
+  for (const Namespace& known : kNamespaces) {
+    if (known.Prefix == prefix) names.push_back(known.Name);
+  }
+  return names;
+}
+
 std::string XMPNodes::UsualName(pugi::xml_node node, std::string_view name) {
   const auto known = std::ranges::find(kNamespaces, NamespaceOf(node, name), &Namespace::Name);
   if (known == kNamespaces.end()) return std::string(name);
@@ -98,7 +128,8 @@ pugi::xml_node XMPNodes::FindRdf(pugi::xml_node document) {
 bool XMPNodes::Load(pugi::xml_document& document, std::string_view packet) {
   packet = WithoutZeros(packet);
   return document.load_buffer(packet.data(), packet.size(),
-                              pugi::parse_full | pugi::parse_ws_pcdata | pugi::parse_fragment);
+                              pugi::parse_full | pugi::parse_ws_pcdata | pugi::parse_fragment) &&
+         !IsTooDeep(document);
 }
 
 std::string XMPNodes::Saved(pugi::xml_document& document) {

@@ -167,6 +167,7 @@ struct Editing {
       {},
       {},
       {},
+      {},
       {}};
   Recovery recovery{folder.Child("data"), services.log};
   RecentItems recent{preferences};

@@ -236,14 +236,30 @@ TEST(Sidecars, GoWherePhotosGo) {
   FileCopier copier(nullptr, {Sidecar::Following, Sidecar::BesideMoved});
   copier.CopyInto({said, a, raw, pair}, folder.Child("there"));
   EXPECT_THAT(CopiesOf(copier),
-              ElementsAre(folder.Child("there/a-2.jpg"), folder.Child("there/a-2.jpg.xmp"),
-                          folder.Child("there/b.CR2"), folder.Child("there/b.xmp"),
+              ElementsAre(folder.Child("there/a-2.jpg"), folder.Child("there/b.CR2"),
                           folder.Child("there/b.jpg")));
+  EXPECT_EQ(copier.Made()[0].Companion, folder.Child("there/a-2.jpg.xmp"));
+  EXPECT_EQ(copier.Made()[1].Companion, folder.Child("there/b.xmp"));
+  EXPECT_TRUE(copier.Made()[2].Companion.IsNil());
   EXPECT_EQ(ReadFile(folder.Child("there/a-2.jpg.xmp")), "said");
   EXPECT_EQ(ReadFile(folder.Child("there/a-1.jpg.xmp")), "another's");
-  // What is said of two raw files goes with neither.
-  folder.Write("b.dng", "raw too");
-  EXPECT_TRUE(Sidecar::Following(raw).IsNil());
+  // What is said of two raw files belongs to both, and what is said of one to no other.
+  EXPECT_FALSE(Sidecar::Shared(folder.Child("b.xmp"), raw));
+  const FolderItem other = folder.Write("b.dng", "raw too");
+  EXPECT_TRUE(Sidecar::Shared(folder.Child("b.xmp"), raw));
+  EXPECT_EQ(Sidecar::Following(other), folder.Child("b.xmp"));
+  EXPECT_TRUE(Sidecar::Of(folder.Write("b.heic", "of a telephone")).IsNil());
+  folder.Write("c.xmp", "of no raw file");
+  EXPECT_EQ(Sidecar::Of(folder.Write("c.heic", "of a telephone")), folder.Child("c.xmp"));
+  EXPECT_TRUE(Sidecar::Of(folder.Write("c.jpg", "says it itself")).IsNil());
+  // One that cannot be read does not hold its photo back.
+  const FolderItem closed = folder.Write("d.jpg", "photo");
+  ASSERT_FALSE(folder.Child("d.jpg.xmp").CreateAsFolder());
+  ASSERT_EQ(mkfifo(folder.Child("d.jpg.xmp/pipe").Path().c_str(), 0600), 0);
+  FileCopier again(nullptr, {Sidecar::Following, Sidecar::BesideMoved});
+  again.CopyInto({closed}, folder.Child("there"));
+  EXPECT_THAT(CopiesOf(again), ElementsAre(folder.Child("there/d.jpg")));
+  EXPECT_THAT(again.Failed(), ElementsAre(folder.Child("d.jpg.xmp")));
   folder.Write("there.xmp", "no photo's");
   EXPECT_TRUE(Sidecar::Following(folder.Child("there")).IsNil());
 }

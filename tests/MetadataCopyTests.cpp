@@ -5,6 +5,7 @@
 #include "metadata/MetadataCopy.h"
 #include "metadata/MetadataFields.h"
 #include "metadata/PhotoFacts.h"
+#include "metadata/XMPEditor.h"
 
 namespace brivolant::test {
 namespace {
@@ -202,7 +203,7 @@ TEST_F(Writing, AMomentKeepsItsZoneInEveryPlace) {
     Change(file, *changes);
   };
   set("2009-01-02 03:04:05");
-  EXPECT_EQ(told(), "2009:01:02 03:04:05||030405-0930|2009-01-02T03:04:05-09:30");
+  EXPECT_EQ(told(), "2009:01:02 03:04:05|-09:30|030405-0930|2009-01-02T03:04:05-09:30");
   // Exif's own goes before, and a new one changes them all.
   Change(file, {{Act::kSet, kExif, "9011", "+02:00"}});
   set("2009-01-02 03:04:06");
@@ -210,6 +211,52 @@ TEST_F(Writing, AMomentKeepsItsZoneInEveryPlace) {
   set("2009-01-02 03:04:07Z");
   EXPECT_EQ(told(), "2009:01:02 03:04:07|+00:00|030407+0000|2009-01-02T03:04:07+00:00");
   EXPECT_FALSE(ChangesOf(MetadataField::kTaken, {"2009-01-02 03:04:05 noon"}, *Read(file)));
+  // What is said beside a photo is in the zone that is said there.
+  const FolderItem raw = folder.Write("a.dng", Files{true}.Tiff());
+  std::string packet;
+  ASSERT_TRUE(XMPEditor::Set(packet, "photoshop:DateCreated", {"2020-06-06T09:00:00-07:00"}));
+  folder.Write("a.dng.xmp", packet);
+  const FolderItem copy = folder.Write("copy.jpg", "\xFF\xD8" + Jfif() + Rest());
+  ASSERT_EQ(MetadataCopy(raw, MetadataCopy::Rule::kAll).Into(copy, {40, 30}), "");
+  const auto carried = Read(copy);
+  EXPECT_EQ(carried->ExifData->StringValue("9003") + carried->ExifData->StringValue("9011"),
+            "2020:06:06 09:00:00-07:00");
+}
+
+TEST_F(CommandLine, WhatAnotherPhotoDoesNotTellStays) {
+  std::string error;
+  const auto photo = [&](const char* name) {
+    EXPECT_TRUE(ImageIO::SaveAsJPEG(folder.Child(name), TestPicture(60, 40, 1), 1, error));
+    return Path(name);
+  };
+  const std::string from = photo("from.jpg");
+  const std::string to = photo("to.jpg");
+  ASSERT_EQ(Cli({"metadata", "--set", "TIFF.0110=Model", "--set", "XMP.dc:source=there", "--add",
+                 "IPTC.105=Headline", from})
+                .code,
+            0);
+  ASSERT_EQ(
+      Cli({"metadata", "--set", "TIFF.013B=Ada", "--set", "EXIF.829A=1/160", "--set",
+           "GPS.0002=51 30 26.4", "--set", "XMP.dc:title=A title", "--add", "IPTC.25=one", to})
+          .code,
+      0);
+  EXPECT_EQ(Cli({"metadata", "--copy-from", from, to}).err, "");
+  const std::string told = Cli({"metadata", to}).out;
+  for (const char* part :
+       {"Device Model: Model", "dc:source: there", "Headline: Headline", "Artist: Ada", "1/160",
+        "Latitude: [51, 30, 26.4]", "dc:title: A title", "Keywords: one"}) {
+    EXPECT_THAT(told, HasSubstr(part));
+  }
+  // A document tells what its photo does, and what its owner says of it.
+  const std::string package = Path("a.brvPhoto");
+  ASSERT_EQ(Cli({"document", "create", from, package}).code, 0);
+  EXPECT_THAT(Cli({"metadata", "--json", package}).out, HasSubstr("Headline"));
+  EXPECT_EQ(Cli({"metadata", "--copy-from", package, photo("third.jpg")}).err, "");
+  EXPECT_THAT(Cli({"metadata", Path("third.jpg")}).out, HasSubstr("Headline: Headline"));
+  // What makes no sense is not written.
+  for (const char* wrong : {"EXIF.9003=2020:13:45 99:99:99", "rating=9", "position=here"}) {
+    EXPECT_EQ(Cli({"metadata", "--set", wrong, to}).code, 1) << wrong;
+  }
 }
 
 TEST_F(CommandLine, PngAndJpeg2000TellItTooAndOthersSaySo) {

@@ -12,6 +12,7 @@
 #include "Helpers.h"
 #include "MetadataFiles.h"
 #include "metadata/ImageMetaData.h"
+#include "metadata/MetadataCopy.h"
 #include "metadata/MetadataStream.h"
 
 namespace brivolant::test {
@@ -87,7 +88,9 @@ TEST(Tags, ShowWhatTheyMean) {
         Case{"9286", 7, bytes(std::string_view("\0\0\0\0\0\0\0\0abc", 11)), "abc"},
         Case{"9286", 7, bytes(std::string_view("UNICODE\0\0g\0r\0\xFC", 14)), "gr\xC3\xBC"},
         Case{"9286", 7, bytes("neither"), "Unknown 6E656974686572"},
-        Case{"9208", 3, 5U, "Unknown "}, Case{"A001", 3, 7U, "Other (7)"},
+        Case{"9208", 3, 5U, "Unknown 05"}, Case{"A001", 3, 7U, "Other (7)"},
+        Case{"9286", 7, bytes(std::string_view("JIS\0\0\0\0\0\x93\xFA\x96\x7B", 12)),
+             "\xE6\x97\xA5\xE6\x9C\xAC"},
         Case{"920A", 5, Rational(50, 1), "50 mm"}}) {
     exif.AddData(c.tag, c.type, c.value);
     EXPECT_EQ(exif.StringValue(c.tag, c.value), c.text) << c.tag;
@@ -215,9 +218,30 @@ TEST_F(Metadata, WhatIsDamagedOrLeadsInCirclesIsReadAsFarAsItGoes) {
   // Every truncation of each kind.
   const std::string tiff = Files{true}.Tiff();
   const std::string jpeg = Jpeg(Files::Segment(0xE1, std::string("Exif\0\0", 6) + Files{}.Tiff()));
-  for (const std::string& whole : {tiff, jpeg}) {
-    for (std::size_t length = 1; length < whole.size(); length += 3) {
+  const std::string resources = Files::Resource(0x0422, Files{}.Tiff()) +
+                                Files::Resource(0x0404, Files::Dataset(2, 5, "Title"));
+  const std::string layers = "8BPS" + Files::Big(1, 2) + std::string(6, '\0') + Files::Big(3, 2) +
+                             Files::Big(30, 4) + Files::Big(40, 4) + Files::Big(8, 2) +
+                             Files::Big(4, 2) + Files::Big(0, 4) + Files::Big(resources.size(), 4) +
+                             resources;
+  for (const std::string& whole : {tiff, jpeg, layers}) {
+    for (std::size_t length = 1; length < whole.size(); ++length) {
       (void)Read(whole.substr(0, length), "cut");
+    }
+  }
+  // Those that a codec reads, with data of our own in them.
+  for (const char* name : {"out.png", "out.jp2"}) {
+    ImageFile image;
+    image.Folderitem = folder.Child(name);
+    image.FileType = std::string(name).ends_with("png") ? "public.png" : "public.jpeg-2000";
+    image.AddPicture(TestPicture(4, 3));
+    ASSERT_TRUE(image.SaveUnderThisName());
+    const FolderItem photo = folder.Write("told.jpg", jpeg);
+    ASSERT_EQ(MetadataCopy(photo, MetadataCopy::Rule::kAll).Into(image.Folderitem, {4, 3}), "");
+    const std::string whole = ReadFile(image.Folderitem).value();
+    EXPECT_NE(Read(whole, name)->ExifData, nullptr);
+    for (std::size_t length = 1; length < whole.size(); length += 3) {
+      (void)Read(whole.substr(0, length), std::string("cut-") + name);
     }
   }
 

@@ -9,6 +9,7 @@
 #include "CommandLine.h"
 #include "MetadataWriting.h"
 #include "metadata/MetadataCopy.h"
+#include "metadata/PhotoFacts.h"
 #include "metadata/XMPEditor.h"
 
 namespace brivolant::test {
@@ -292,6 +293,12 @@ TEST_F(Writing, PartsAPacketThatIsTooLongForASegment) {
   const FolderItem copy = folder.Write("copy.jpg", "\xFF\xD8" + Jfif() + Rest());
   EXPECT_EQ(MetadataCopy(file, MetadataCopy::Rule::kAll).Into(copy, {40, 30}), "");
   EXPECT_THAT(texts(copy, "dc:description"), ElementsAre(story));
+  // However often it is changed, nothing is left behind.
+  const auto size = Content(file).size();
+  for (const char* title : {"one", "two", "six"})
+    Change(file, {{Act::kSet, kXmp, "dc:title", title}});
+  Change(file, {{Act::kSet, kXmp, "dc:title", "other"}});
+  EXPECT_EQ(Content(file).size(), size);
   // A part that is missing says nothing, and stays where it is.
   std::string damaged = Content(file);
   const std::size_t second = damaged.find("/xmp/extension/", damaged.find("/xmp/extension/") + 1);
@@ -304,6 +311,60 @@ TEST_F(Writing, PartsAPacketThatIsTooLongForASegment) {
   EXPECT_EQ(further(file), 0);
   EXPECT_THAT(texts(file, "xmpNote:HasExtendedXMP"), testing::IsEmpty());
   EXPECT_THAT(texts(file, "dc:title"), ElementsAre("other"));
+}
+
+TEST_F(Writing, PacketsOfNobodyTakeNeitherTimeNorMemory) {
+  const auto packet = [](const std::string& declared, const std::string& inside) {
+    return "<x:xmpmeta xmlns:x='adobe:ns:meta/'><r:RDF "
+           "xmlns:r='http://www.w3.org/1999/02/22-rdf-syntax-ns#'" +
+           declared + ">" + inside + "</r:RDF></x:xmpmeta>";
+  };
+  const std::string digest(32, 'A');
+  const auto photo = [&](const std::string& further) {
+    std::string segments = Files::Segment(
+        0xE1, std::string("http://ns.adobe.com/xap/1.0/\0", 29) +
+                  packet(" xmlns:n='http://ns.adobe.com/xmp/note/'",
+                         "<r:Description r:about='' n:HasExtendedXMP='" + digest + "'/>"));
+    constexpr std::size_t kPart = 60000;
+    for (std::size_t at = 0; at < further.size(); at += kPart) {
+      segments += Files::Segment(0xE1, std::string("http://ns.adobe.com/xmp/extension/\0", 35) +
+                                           digest + Files::Big(further.size(), 4) +
+                                           Files::Big(at, 4) + further.substr(at, kPart));
+    }
+    return Jpeg(segments);
+  };
+  std::string deep;
+  for (int i = 0; i < 200000; ++i) deep += "<a>";
+  for (int i = 0; i < 200000; ++i) deep += "</a>";
+  std::string declared;
+  std::string many;
+  for (int i = 0; i < 3000; ++i) {
+    declared += " xmlns:n" + std::to_string(i) + "='urn:" + std::to_string(i) + "'";
+    many += "<r:Description/>";
+  }
+  for (const std::string& further :
+       {packet("", "<r:Description xmlns:t='urn:t' r:about=''><t:ImageWidth>" + deep +
+                       "</t:ImageWidth></r:Description>"),
+        packet(declared, many)}) {
+    const FolderItem file = photo(further);
+    Change(file, {{Act::kSet, kXmp, "dc:title", "A title"}});
+    EXPECT_EQ(PhotoFacts::Of(file).Title, "A title");
+    const FolderItem copy = folder.Write("copy.jpg", "\xFF\xD8" + Jfif() + Rest());
+    EXPECT_EQ(MetadataCopy(file, MetadataCopy::Rule::kAll).Into(copy, {40, 30}), "");
+  }
+  // In one piece such a packet is not changed.
+  std::string held = packet("", "<r:Description r:about=''>" + deep + "</r:Description>");
+  EXPECT_FALSE(XMPEditor::Set(held, "dc:title", {"a"}));
+  EXPECT_FALSE(XMPEditor::RemoveLike(held, {"GPS"}));
+  // One namespace has been written in two ways: the one that is there is meant.
+  std::string stars = packet("",
+                             "<r:Description r:about='' "
+                             "xmlns:m='http://ns.microsoft.com/photo/1.0' m:Rating='25'/>");
+  EXPECT_TRUE(XMPEditor::Set(stars, "MicrosoftPhoto:Rating", {"99"}));
+  XMPProperties properties;
+  ASSERT_TRUE(ReadXMP(stars, properties));
+  ASSERT_EQ(properties.size(), 1U);
+  EXPECT_THAT(properties[0].second, ElementsAre("99"));
 }
 
 TEST_F(Writing, TakesThePlaceOutWhereverItIsTold) {

@@ -84,12 +84,12 @@ void FileController::Trash(const std::vector<FolderItem>& files) {
         for (std::size_t i = 0; i < files.size(); ++i) {
           if (!control.Progress(static_cast<double>(i) / static_cast<double>(files.size()))) return;
           const FolderItem sidecar = Sidecar::Following(files[i]);
+          const bool along = sidecar && !Sidecar::Shared(sidecar, files[i]);
           if (auto trashed = FolderitemExtensions::PutInTrash(files[i])) {
-            step->trashed.push_back(std::move(*trashed));
-            if (!sidecar) continue;
-            if (auto along = FolderitemExtensions::PutInTrash(sidecar)) {
-              step->trashed.push_back(std::move(*along));
-            }
+            step->trashed.push_back({std::move(*trashed)});
+            if (!along) continue;
+            step->trashed.back().Sidecar = FolderitemExtensions::PutInTrash(sidecar);
+            if (!step->trashed.back().Sidecar) *failed = sidecar;
           } else if (EntryExists(files[i])) {
             *failed = files[i];
           }
@@ -98,7 +98,7 @@ void FileController::Trash(const std::vector<FolderItem>& files) {
       [this, step, failed] {
         FileMoves moves;
         for (const auto& trashed : step->trashed)
-          moves.emplace_back(trashed.Original, FolderItem());
+          moves.emplace_back(trashed.File.Original, FolderItem());
         history_.Moved(moves);
         pane_.imageBrowser->ReloadCurrentView();
         if (*failed) history_.Tell(FileHistory::kNotTrashed, *failed);

@@ -10,6 +10,7 @@
 #include "app/session/EditSession.h"
 #include "formats/BrivolantDocument.h"
 #include "metadata/Sidecar.h"
+#include "platform/files/AtomicFile.h"
 #include "platform/files/ExclusiveMove.h"
 #include "platform/values/Captions.h"
 
@@ -21,10 +22,32 @@ std::error_code MoveWithSidecar(const FolderItem& from, const FolderItem& to) {
   const FolderItem sidecar = Sidecar::Following(from);
   if (!sidecar) return MoveExclusively(from, to);
   const FolderItem place = Sidecar::BesideMoved(sidecar, from, to);
-  if (const std::error_code error = MoveExclusively(sidecar, place)) return error;
-  const std::error_code error = MoveExclusively(from, to);
+  // What belongs to another photo too stays there, and this one gets a copy. The copy of an earlier
+  // time may be there already.
+  const bool stays = Sidecar::Shared(sidecar, from);
+  const bool same = EntryExists(place) && ReadFile(place) == ReadFile(sidecar);
+  std::error_code error;
+  if (same || stays) {
+    if (!same && EntryExists(place)) return std::make_error_code(std::errc::file_exists);
+    if (!same) error = CopyFileAtomically(sidecar, place);
+    if (!error) error = MoveExclusively(from, to);
+    if (error && !same) (void)place.Delete();
+    if (!error && !stays) (void)sidecar.Delete();
+    return error;
+  }
+  error = MoveExclusively(sidecar, place);
+  if (error) return error;
+  error = MoveExclusively(from, to);
   if (error) (void)MoveExclusively(place, sidecar);
   return error;
+}
+
+/// A copy as it was made, with what follows it: nothing has been said of it since.
+bool Untouched(const FileCopier::Copy& copy) {
+  if (FileCopier::StateOf(copy.Item) != copy.State) return false;
+  const FolderItem sidecar = Sidecar::Following(copy.Item);
+  if (copy.Companion.IsNil()) return sidecar.IsNil() || Sidecar::Shared(sidecar, copy.Item);
+  return FileCopier::StateOf(copy.Companion) == copy.CompanionState;
 }
 
 }  // namespace
@@ -135,14 +158,18 @@ void FileHistory::PutBack(const StepPointer& step) {
   jobs_.Start(
       {kTakingBack.Text(), false,
        [step, back, failed](Jobs::Control&) {
-         // The last first, so that each finds things as it left them.
-         std::vector<FolderitemExtensions::TrashedFile> left;
-         for (auto file = step->trashed.rbegin(); file != step->trashed.rend(); ++file) {
-           if (FolderitemExtensions::PutBack(*file)) {
-             back->push_back(file->Original);
-           } else {
-             *failed = file->Original;
-             left.insert(left.begin(), *file);
+         // The last first, so that each finds things as it left them. What is kept beside a photo
+         // comes back with it, and never beside another that has its name now.
+         std::vector<Step::Trashed> left;
+         for (auto one = step->trashed.rbegin(); one != step->trashed.rend(); ++one) {
+           if (!FolderitemExtensions::PutBack(one->File)) {
+             *failed = one->File.Original;
+             left.insert(left.begin(), *one);
+             continue;
+           }
+           back->push_back(one->File.Original);
+           if (one->Sidecar && !FolderitemExtensions::PutBack(*one->Sidecar)) {
+             *failed = one->Sidecar->Original;
            }
          }
          step->trashed = std::move(left);
@@ -169,10 +196,11 @@ void FileHistory::TakeBackCopies(const StepPointer& step) {
   const auto work = [step, outcome](Jobs::Control&) {
     for (const FileCopier::Copy& copy : step->copies) {
       if (!EntryExists(copy.Item)) continue;
-      if (FileCopier::StateOf(copy.Item) != copy.State) {
+      if (!Untouched(copy)) {
         outcome->changed = copy.Item;
       } else if (FolderitemExtensions::MoveToTrash(copy.Item)) {
         outcome->gone.push_back(copy.Item);
+        if (copy.Companion) (void)FolderitemExtensions::MoveToTrash(copy.Companion);
       } else {
         outcome->failed = copy.Item;
         outcome->left.push_back(copy);
@@ -194,19 +222,23 @@ void FileHistory::TakeBackCopies(const StepPointer& step) {
 
 void FileHistory::MoveFile(const FolderItem& from, const FolderItem& to,
                            const std::function<void(std::error_code)>& then) {
-  const auto error = std::make_shared<std::error_code>();
-  // Behind what is being copied or trashed, which would lose its way.
-  jobs_.Start({{},
-               false,
-               [=](Jobs::Control&) { *error = MoveWithSidecar(from, to); },
-               [this, from, to, error, then](Jobs::End, const std::string&) {
-                 if (!*error) {
-                   // The open document goes on where it now is.
-                   session_.Relocate(from, to);
-                   Moved({{from, to}});
-                 }
-                 then(*error);
-               }});
+  const auto move = [this, from, to, then] {
+    const auto error = std::make_shared<std::error_code>();
+    // Behind what is being copied or trashed, which would lose its way.
+    jobs_.Start({{},
+                 false,
+                 [=](Jobs::Control&) { *error = MoveWithSidecar(from, to); },
+                 [this, from, to, error, then](Jobs::End, const std::string&) {
+                   if (!*error) {
+                     // The open document goes on where it now is.
+                     session_.Relocate(from, to);
+                     Moved({{from, to}});
+                   }
+                   then(*error);
+                 }});
+  };
+  // And behind what is being written into it, which would come back under the old name.
+  desk_.WhenInfoIsWritten ? desk_.WhenInfoIsWritten(move) : move();
 }
 
 }  // namespace brivolant

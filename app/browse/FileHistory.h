@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -45,7 +46,12 @@ class FileHistory {
   /// of a job, which fills it in.
   struct Step {
     enum Kind { kTrash, kRename, kCopy, kOther } Is = kTrash;
-    std::vector<FolderitemExtensions::TrashedFile> trashed;
+    struct Trashed {
+      FolderitemExtensions::TrashedFile File;
+      /// What was kept beside it.
+      std::optional<FolderitemExtensions::TrashedFile> Sidecar{};
+    };
+    std::vector<Trashed> trashed;
     FolderItem before;
     FolderItem after;
     std::vector<FileCopier::Copy> copies;

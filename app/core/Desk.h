@@ -42,6 +42,8 @@ struct Desk {
   std::function<void(const std::vector<FolderItem>& files)> ShowInfo;
   /// Files or folders have other places now, in order: what shows them follows.
   std::function<void(const std::vector<std::pair<FolderItem, FolderItem>>& moves)> InfoFollows;
+  /// Calls when no window is writing what it shows: files can be moved then.
+  std::function<void(const std::function<void()>& then)> WhenInfoIsWritten;
 };
 
 }  // namespace brivolant

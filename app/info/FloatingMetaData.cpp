@@ -172,18 +172,22 @@ void FloatingMetaData::ShowTitle() {
       QStringLiteral("[*]"));
 }
 
-QString FloatingMetaData::Words() const {
+void FloatingMetaData::ShowWords() {
   using Keeps = FileInfo::Keeps;
-  if (info_->Locked()) return Shown(kLocked);
-  QString words;
+  QStringList words;
+  if (gone_)
+    words << ToQString(
+        WithPlaceholders(FileInfo::kGone.Text(), {{"<filename>", file_.DisplayName()}}));
+  if (broughtBack_) words << Shown(kBroughtBack);
+  if (notBroughtBack_) words << Shown(kNotBroughtBack);
+  if (info_->Locked()) words << Shown(kLocked);
   if (info_->KeptIn() == Keeps::kBeside) {
-    words = ToQString(
+    words << ToQString(
         WithPlaceholders(kBeside.Text(), {{"<filename>", info_->Target().DisplayName()}}));
-  } else if (info_->KeptIn() == Keeps::kInDocument) {
-    words = Shown(kInDocument);
   }
-  if (!broughtBack_) return words;
-  return Shown(kBroughtBack) + (words.isEmpty() ? QString() : QStringLiteral("\n")) + words;
+  if (info_->KeptIn() == Keeps::kInDocument) words << Shown(kInDocument);
+  words_->setText(words.join(QLatin1Char('\n')));
+  words_->setVisible(!words.isEmpty());
 }
 
 void FloatingMetaData::Take(const std::shared_ptr<FileInfo>& info) {
@@ -193,15 +197,22 @@ void FloatingMetaData::Take(const std::shared_ptr<FileInfo>& info) {
   info_->Draft().Changed = [this, list = info_->Draft().Changed] {
     list();
     keep_.start();
+    if (broughtBack_ && !Dirty()) {
+      broughtBack_ = false;
+      ShowWords();
+    }
     Refresh();
   };
   using Keeps = FileInfo::Keeps;
-  const auto left = unsaved_.Of(file_);
-  broughtBack_ =
-      !left.empty() && info_->KeptIn() != Keeps::kNowhere && info_->Draft().Restore(left);
-  const QString words = Words();
-  words_->setText(words);
-  words_->setVisible(!words.isEmpty());
+  // What a locked file cannot take at present waits until it can.
+  if (const auto left = info_->Locked() ? std::nullopt : unsaved_.Of(file_)) {
+    const bool fits =
+        info_->KeptIn() != Keeps::kNowhere && info_->Draft().Before(left->Changes) == left->Before;
+    broughtBack_ = fits && info_->Draft().Restore(left->Changes);
+    notBroughtBack_ = !broughtBack_;
+    if (notBroughtBack_) unsaved_.Forget(file_);
+  }
+  ShowWords();
   if (info_->KeptIn() != Keeps::kNowhere || info_->Sections(false).size() > 1) {
     preview_.Load(file_, kPreviewSide, false);
   }
@@ -222,8 +233,10 @@ void FloatingMetaData::Refresh() {
 void FloatingMetaData::Keep() {
   keep_.stop();
   // What could not be read, or cannot be written at present, is kept as it was.
-  if (!info_ || info_->KeptIn() == FileInfo::Keeps::kNowhere) return;
-  unsaved_.Keep(file_, info_->Draft().Pending());
+  if (!info_ || gone_ || info_->KeptIn() == FileInfo::Keeps::kNowhere) return;
+  MetadataDraft& draft = info_->Draft();
+  const auto changes = draft.Pending();
+  unsaved_.Keep(file_, {changes, draft.Before(changes)});
 }
 
 void FloatingMetaData::KeepUnsaved() {
@@ -235,18 +248,27 @@ void FloatingMetaData::KeepUnsaved() {
   Keep();
 }
 
-void FloatingMetaData::Follow(const FolderItem& file) {
-  // What is on its way goes to the old place, and fails in words.
-  if (work_.Busy()) return work_.WhenIdle([this, file] { Follow(file); });
-  if (keep_.isActive() || Dirty()) Keep();
-  const auto changes = unsaved_.Of(file_);
-  unsaved_.Forget(file_);
-  file_ = file;
-  unsaved_.Keep(file_, changes);
+void FloatingMetaData::Follow(const FolderItem& before, const FolderItem& after) {
+  // What is being read or written is that of the old place; moves wait for it in their order.
+  if (work_.Busy()) return work_.WhenIdle([this, before, after] { Follow(before, after); });
+  const FolderItem now = PlaceAfter(file_, before, after);
+  if (info_ && !gone_) info_->Follow(before, after);
+  if (now.IsNil() || gone_) return;
+  file_ = now;
   ShowTitle();
   if (!info_) return;
-  info_->Follow(file);
-  words_->setText(Words());
+  ShowWords();
+  // The rows tell name and place.
+  if (info_->Draft().Changed) info_->Draft().Changed();
+}
+
+void FloatingMetaData::Gone(bool gone) {
+  if (work_.Busy()) return work_.WhenIdle([this, gone] { Gone(gone); });
+  // Another file may get the name meanwhile.
+  if (gone && !gone_) unsaved_.Forget(file_);
+  gone_ = gone;
+  Keep();
+  if (info_) ShowWords();
 }
 
 void FloatingMetaData::Save(std::function<void(bool)> then) {
@@ -254,6 +276,12 @@ void FloatingMetaData::Save(std::function<void(bool)> then) {
   mdc->FinishEdit();
   if (!Dirty()) {
     if (then) then(true);
+    return;
+  }
+  if (gone_) {
+    desk_.Services.Dialogs.Message(
+        WithPlaceholders(FileInfo::kGone.Text(), {{"<filename>", file_.DisplayName()}}), {});
+    if (then) then(false);
     return;
   }
   if (work_.Busy()) {
@@ -343,7 +371,7 @@ void FloatingMetaData::closeEvent(QCloseEvent* event) {
     if (answer == Answer::kAlternate) {
       closing_ = true;
       keep_.stop();
-      unsaved_.Forget(file_);
+      if (!gone_) unsaved_.Forget(file_);
       event->accept();
     }
     if (answer == Answer::kAction) {

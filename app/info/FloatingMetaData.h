@@ -51,6 +51,10 @@ class FloatingMetaData final : public ifkWindow {
   static constexpr LocalizedText kAskExplanation{"FloatingMetaData.kAskExplanation",
                                                  "Otherwise your changes are lost."};
 
+  static constexpr LocalizedText kNotBroughtBack{
+      "FloatingMetaData.kNotBroughtBack",
+      "What you had entered when the program ended does not fit any more: the file says something "
+      "else now."};
   static constexpr LocalizedText kBroughtBack{
       "FloatingMetaData.kBroughtBack",
       "What you had entered when the program ended is here again, and not saved yet."};
@@ -62,8 +66,11 @@ class FloatingMetaData final : public ifkWindow {
 
   void Display(const FolderItem& file);
   const FolderItem& File() const { return file_; }
-  /// The file has another place now.
-  void Follow(const FolderItem& file);
+  /// A file or a folder has another place now, which may be this one's.
+  void Follow(const FolderItem& before, const FolderItem& after);
+  /// The file is in the trash, or back from there.
+  void Gone(bool gone);
+  bool IsGone() const { return gone_; }
   /// Keeps at once what is not saved, with what is being typed.
   void KeepUnsaved();
   /// Writes what was changed; `then` gets whether nothing is left to write.
@@ -98,7 +105,7 @@ class FloatingMetaData final : public ifkWindow {
   void StorePreferences();
   void Keep();
   void ShowTitle();
-  QString Words() const;
+  void ShowWords();
 
   Desk desk_;
   UnsavedInfos& unsaved_;
@@ -114,6 +121,8 @@ class FloatingMetaData final : public ifkWindow {
   QPushButton* redo_ = nullptr;
   QPushButton* save_ = nullptr;
   bool broughtBack_ = false;
+  bool notBroughtBack_ = false;
+  bool gone_ = false;
   bool closing_ = false;
   bool writing_ = false;
 };

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/info/InfoWindows.h"
 
+#include <QApplication>
 #include <QTimer>
 #include <algorithm>
+
+#include "browser/DiskThreads.h"
 
 namespace brivolant {
 namespace {
@@ -34,7 +37,7 @@ void InfoWindows::Show(const std::vector<FolderItem>& files) {
   const FloatingMetaData* before = windows_.empty() ? nullptr : windows_.back().get();
   for (const FolderItem& file : files) {
     const auto known = std::ranges::find_if(windows_, [&](const auto& window) {
-      return window->File() == file && window->isVisible();
+      return window->File() == file && window->isVisible() && !window->IsGone();
     });
     if (known != windows_.end()) {
       (*known)->raise();
@@ -65,18 +68,26 @@ void InfoWindows::Show(const std::vector<FolderItem>& files) {
 
 void InfoWindows::Follow(const FileMoves& moves) {
   for (const auto& [before, after] : moves) {
-    // What went to the trash has no place; what came back has its own again.
-    if (before.IsNil() || after.IsNil()) continue;
+    const bool moved = before && after;
+    if (moved) unsaved_.Follow(before, after);
     for (FloatingMetaData* window : Open()) {
-      const std::string path = window->File().ShellPath();
-      const std::string from = before.ShellPath();
-      if (path == from) {
-        window->Follow(after);
-      } else if (path.starts_with(from + "/")) {
-        window->Follow(FolderItem(after.ShellPath() + path.substr(from.size())));
+      if (moved) {
+        window->Follow(before, after);
+      } else {
+        // To the trash, or back from there; folders take what is in them along.
+        const FolderItem& place = before ? before : after;
+        if (!PlaceAfter(window->File(), place, place).IsNil()) window->Gone(after.IsNil());
       }
     }
   }
+}
+
+void InfoWindows::WhenWritten(const std::function<void()>& then) {
+  for (FloatingMetaData* window : Open()) {
+    if (!window->Writing()) continue;
+    return window->Work().WhenIdle([this, then] { WhenWritten(then); });
+  }
+  then();
 }
 
 void InfoWindows::KeepUnsaved() {
@@ -84,20 +95,20 @@ void InfoWindows::KeepUnsaved() {
 }
 
 void InfoWindows::BringBack() {
-  const std::vector<FolderItem> kept = unsaved_.Files();
-  if (kept.empty()) return;
-  const auto there = std::make_shared<std::vector<FolderItem>>();
-  work_.Start({{},
-               true,
-               [kept, there](Jobs::Control& control) {
-                 for (const FolderItem& file : kept) {
-                   // Its disk may be away.
-                   const auto found = std::make_shared<bool>(false);
-                   if (!control.Apart([file, found] { *found = file.Exists(); })) return;
-                   if (*found && there->size() < kMost) there->push_back(file);
-                 }
-               },
-               [this, there](Jobs::End, const std::string&) { Show(*there); }});
+  std::vector<FolderItem> files = unsaved_.Files();
+  if (files.size() > kMost) files.resize(kMost);
+  for (const FolderItem& file : files) {
+    // Each by itself: the disk of one may be away.
+    DiskThreads::Run(file, [this, file, alive = std::weak_ptr<int>(alive_)] {
+      if (!file.Exists()) return;
+      QMetaObject::invokeMethod(
+          qApp,
+          [this, file, alive] {
+            if (!alive.expired()) Show({file});
+          },
+          Qt::QueuedConnection);
+    });
+  }
 }
 
 bool InfoWindows::MustWait(const std::function<void()>& then) {

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "app/core/Desk.h"
-#include "app/core/Jobs.h"
 #include "app/info/FloatingMetaData.h"
 #include "browser/browserItem.h"
 
@@ -33,6 +32,8 @@ class InfoWindows {
   bool MustWait(const std::function<void()>& then);
   /// Files have other places now.
   void Follow(const FileMoves& moves);
+  /// Calls when nothing is on its way into a file.
+  void WhenWritten(const std::function<void()>& then);
   /// Keeps what is not saved, for the next start.
   void KeepUnsaved();
   /// Shows again what an end from outside left unsaved; files that are away come another time.
@@ -46,7 +47,8 @@ class InfoWindows {
   std::shared_ptr<const FilePreviewer> previewer_;
   QWidget& over_;
   UnsavedInfos unsaved_;
-  Jobs work_;
+  /// Gone with the object: what was asked of a disk may answer later.
+  std::shared_ptr<int> alive_ = std::make_shared<int>();
   std::vector<std::unique_ptr<FloatingMetaData>> windows_;
   /// What ends the program once all of them are closed.
   std::function<void()> ending_;

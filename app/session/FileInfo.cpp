@@ -109,6 +109,7 @@ std::shared_ptr<FileInfo> FileInfo::Read(const FolderItem& file) {
   std::shared_ptr<FileInfo> info(new FileInfo(file));
   info->fileSection_ = FileSection(file);
   const FolderItem target = FolderitemExtensions::OriginalFile(file);
+  info->photo_ = target;
   if (isFileType(target, &BrivolantPhotosDocument)) {
     info->ReadDocument();
   } else if (isFileType(target, &BrivolantPhotosOneClickWonder) ||
@@ -201,16 +202,26 @@ std::vector<MetadataSection> FileInfo::Sections(bool hideUnknown) const {
   return sections;
 }
 
-void FileInfo::Follow(const FolderItem& file) {
-  const FolderItem before = std::exchange(file_, file);
-  fileSection_ = FileSection(file_);
-  // Through a link nothing has moved.
-  if (keeps_ == Keeps::kInFile && target_ == before) target_ = file;
-  if (keeps_ == Keeps::kInDocument && target_.Parent() == before) {
-    target_ = file.Child(BrivolantDocument::kMetadataName);
+void FileInfo::Follow(const FolderItem& before, const FolderItem& after) {
+  const std::string from = before.ShellPath();
+  const auto follow = [&](FolderItem& item) {
+    const std::string path = item.ShellPath();
+    if (path == from) item = after;
+    if (path.starts_with(from + "/")) {
+      item = FolderItem(after.ShellPath() + path.substr(from.size()));
+    }
+  };
+  // What is kept beside a photo has its name from the photo, not from a link to it.
+  if (keeps_ == Keeps::kBeside && photo_ == before) {
+    target_ = Sidecar::BesideMoved(target_, before, after);
+  } else {
+    follow(target_);
   }
-  if (keeps_ == Keeps::kBeside && target_.Parent() == before.Parent()) {
-    target_ = Sidecar::BesideMoved(target_, before, file);
+  follow(photo_);
+  follow(file_);
+  for (MetadataRow& row : fileSection_.Rows) {
+    if (row.Label == kFullName.Text()) row.Value = file_.DisplayName();
+    if (row.Label == kWhere.Text()) row.Value = EnsureUTF8(FolderitemExtensions::UnixPath(file_));
   }
 }
 

@@ -68,8 +68,9 @@ class FileInfo {
   MetadataDraft& Draft() { return *draft_; }
   /// What is shown, in order, with the edits.
   std::vector<MetadataSection> Sections(bool hideUnknown) const;
-  /// The file has another place now, and what is kept beside it with it.
-  void Follow(const FolderItem& file);
+  /// A file or a folder has another place now: the file, what it leads to as a link, and what is
+  /// kept beside it follow. Looks at no disk.
+  void Follow(const FolderItem& before, const FolderItem& after);
   /// It would be written, if it were not locked.
   bool Locked() const { return locked_; }
   /// What a change needs, without all that was read.
@@ -94,6 +95,8 @@ class FileInfo {
   void ReadFacts();
 
   FolderItem file_;
+  /// What a link leads to, else the file.
+  FolderItem photo_;
   FolderItem target_;
   Keeps keeps_ = Keeps::kNowhere;
   bool locked_ = false;

@@ -256,7 +256,9 @@ void multiViewFileBrowser::DisplayItem(const Container& value,
 bool multiViewFileBrowser::MayTell(const browserItem& item) {
   if (!item.Facts) return false;
   if (item.Facts->Is == FileFacts::kDocument) return true;
-  // A link tells what its photo does.
+  // A link tells what its photo or its document does.
+  const std::string document = LowerCase(item.File().Name());
+  if (item.Facts->Is == FileFacts::kAlias && document.ends_with(".brvphoto")) return true;
   const bool file = item.Facts->Is == FileFacts::kPlain || item.Facts->Is == FileFacts::kAlias;
   return file && FolderitemExtensions::NamesPicture(item.File().Name());
 }

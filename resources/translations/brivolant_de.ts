@@ -372,6 +372,10 @@
         <source>The file or its folder is locked: its data cannot be changed.</source>
         <translation>Die Datei oder ihr Ordner ist gesperrt: Ihre Daten lassen sich nicht ändern.</translation>
     </message>
+    <message id="FloatingMetaData.kNotBroughtBack">
+        <source>What you had entered when the program ended does not fit any more: the file says something else now.</source>
+        <translation>Was Sie eingegeben hatten, als das Programm endete, passt nicht mehr: Die Datei sagt inzwischen etwas anderes.</translation>
+    </message>
     <message id="FloatingMetaData.kNotRead">
         <source>The file could not be read.</source>
         <translation>Die Datei konnte nicht gelesen werden.</translation>
@@ -2694,7 +2698,7 @@
     </message>
     <message id="TagCatalog.Caption">
         <source>Caption</source>
-        <translation>Beschreibung</translation>
+        <translation>Bildunterschrift</translation>
     </message>
     <message id="TagCatalog.Caption Writer">
         <source>Caption Writer</source>
@@ -2954,7 +2958,7 @@
     </message>
     <message id="TagCatalog.Digital Creation Date">
         <source>Digital Creation Date</source>
-        <translation>Digitalisierungsdatum</translation>
+        <translation>Digitales Erstellungsdatum</translation>
     </message>
     <message id="TagCatalog.Digital Creation Time">
         <source>Digital Creation Time</source>
@@ -2971,6 +2975,10 @@
     <message id="TagCatalog.Digitized Sub Seconds of Time">
         <source>Digitized Sub Seconds of Time</source>
         <translation>Sekundenbruchteile der Digitalisierung</translation>
+    </message>
+    <message id="TagCatalog.Digitized Time Zone">
+        <source>Digitized Time Zone</source>
+        <translation>Zeitzone der Digitalisierung</translation>
     </message>
     <message id="TagCatalog.Direction of Image">
         <source>Direction of Image</source>
@@ -3804,6 +3812,10 @@
         <source>Original Sub Seconds of Time</source>
         <translation>Sekundenbruchteile der Aufnahme</translation>
     </message>
+    <message id="TagCatalog.Original Time Zone">
+        <source>Original Time Zone</source>
+        <translation>Zeitzone der Aufnahme</translation>
+    </message>
     <message id="TagCatalog.Original Transmission reference">
         <source>Original Transmission reference</source>
         <translation>Ursprüngliche Übertragungsreferenz</translation>
@@ -4315,6 +4327,10 @@
     <message id="TagCatalog.Tile Width">
         <source>Tile Width</source>
         <translation>Kachelbreite</translation>
+    </message>
+    <message id="TagCatalog.Time Zone">
+        <source>Time Zone</source>
+        <translation>Zeitzone</translation>
     </message>
     <message id="TagCatalog.Time Zone Offset">
         <source>Time Zone Offset</source>

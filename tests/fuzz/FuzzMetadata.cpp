@@ -146,9 +146,9 @@ void WriteWhole(const std::string& old, const brivolant::ImageMetaData& before) 
 }
 
 /// A copy of another kind stays within its file too.
-void Carry(const std::string& old) {
+void Carry(const std::string& old, const brivolant::ImageMetaData& before) {
   brivolant::MetadataStream stream(old);
-  brivolant::ContainerParts parts(stream);
+  brivolant::ContainerParts parts(stream, before.Embedded.get());
   if (!parts.Good()) return;
   brivolant::CarriedData data;
   data.Tiff = std::make_unique<brivolant::DirectoryEditor>(true);
@@ -157,6 +157,7 @@ void Carry(const std::string& old) {
   }
   data.XMP = "<packet/>";
   data.IPTC = old.substr(old.size() / 2);
+  data.Keeps = old.size() % 2 == 0;
   if (!parts.Take(std::move(data))) return;
   if (const auto plan = parts.Plan()) (void)Made(old, *plan);
 }
@@ -188,7 +189,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   const std::string old(reinterpret_cast<const char*>(data), size);
   WriteWhole(old, metadata);
-  Carry(old);
+  Carry(old, metadata);
   // A packet that is parted is the same again.
   constexpr std::size_t kRoom = 1200;
   if (const auto split = brivolant::XMPExtension::Split(metadata.XMP, kRoom)) {

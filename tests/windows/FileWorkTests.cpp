@@ -129,6 +129,35 @@ TEST(FileWork, WhatIsSaidBesideAPhotoGoesWithIt) {
   program.Finish();
   EXPECT_EQ(ReadFile(program.Pictures().Child("a.jpg.xmp")), "said of a");
   EXPECT_TRUE(there("a.jpg"));
+  // Another photo has the name when it is to come back: what is said of the first stays with it.
+  program.Browser().HighLightItem("a.jpg", false);
+  program.Choose("FileMoveToTrash");
+  program.Finish();
+  program.Photo("Pictures/a.jpg", 64, 48);
+  ASSERT_TRUE(program.Shows({"a.jpg", "b.jpg", "d.jpg.xmp"}) || there("a.jpg"));
+  program.Choose("EditUndo");
+  program.Finish();
+  EXPECT_FALSE(there("a.jpg.xmp"));
+}
+
+TEST(FileWork, ACopyOfWhichSomethingWasSaidSinceStaysWithIt) {
+  Browsing program({"a.jpg"});
+  const auto there = [&](const char* name) { return program.Pictures().Child(name).Exists(); };
+  const FolderItem one = program.Photo("one.jpg", 64, 48);
+  const FolderItem two = program.Photo("two.jpg", 64, 48);
+  const FolderItem three = program.Photo("three.jpg", 64, 48);
+  program.home.Write("one.jpg.xmp", "said");
+  program.home.Write("two.jpg.xmp", "said");
+  program.Window().CopyFilesInto({one, two, three}, program.Pictures());
+  program.Finish();
+  ASSERT_TRUE(Until([&] { return there("one.jpg.xmp") && there("two.jpg.xmp"); }));
+  program.home.Write("Pictures/two.jpg.xmp", "said since");
+  program.home.Write("Pictures/three.jpg.xmp", "said since");
+  program.Choose("EditUndo");
+  program.Finish();
+  EXPECT_FALSE(there("one.jpg") || there("one.jpg.xmp"));
+  EXPECT_TRUE(there("two.jpg") && there("two.jpg.xmp"));
+  EXPECT_TRUE(there("three.jpg") && there("three.jpg.xmp"));
 }
 
 TEST(FileWork, CopiesAreTakenBackUnlessTheyWereChanged) {

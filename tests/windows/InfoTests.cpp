@@ -50,6 +50,9 @@ struct Informing : Browsing {
   FloatingMetaData& Info(const FolderItem& file) {
     Select({file});
     Choose("FileGetInfo");
+    return Filled(file);
+  }
+  FloatingMetaData& Filled(const FolderItem& file) {
     FloatingMetaData* found = nullptr;
     // Its picture comes last.
     EXPECT_TRUE(Until([&] {
@@ -233,6 +236,42 @@ TEST(Info, WhatIsNotSavedOutlivesAnEndFromOutside) {
   (void)program.app->OfferRecovery();
   Settle();
   EXPECT_THAT(program.Windows(), IsEmpty());
+}
+
+TEST(Info, KeepsToItsFileWhateverBecomesOfIt) {
+  Informing program;
+  ASSERT_FALSE(program.Pictures().Child("in").CreateAsFolder());
+  const FolderItem inside = program.Photo("Pictures/in/c.jpg", 64, 48);
+  Informing::Say(inside, {{Act::kSet, MetadataBlock::kTiff, "013B", "Anna"}});
+  program.app->Info()->Show({inside});
+  FloatingMetaData& window = program.Filled(inside);
+  Informing::EditRow(window, Informing::Row(window, "Artist:"), "Ben");
+  // The folder has another name.
+  const FolderItem folder = program.Pictures().Child("in");
+  const FolderItem renamed = program.Pictures().Child("out");
+  std::filesystem::rename(folder.Path(), renamed.Path());
+  program.app->Info()->Follow({{folder, renamed}});
+  EXPECT_EQ(window.File(), renamed.Child("c.jpg"));
+  EXPECT_NE(Informing::Row(window, "Full Name:", "c.jpg"), nullptr);
+  EXPECT_NE(Informing::Row(window, "Where:", window.File().ShellPath()), nullptr);
+  // In the trash it takes no edits, and nobody else's name is its own.
+  program.app->Info()->Follow({{window.File(), FolderItem()}});
+  program.dialogs.messages.clear();
+  window.Save();
+  EXPECT_EQ(program.dialogs.messages.size(), 1U);
+  EXPECT_TRUE(window.Dirty());
+  EXPECT_EQ(PhotoFacts::Of(renamed.Child("c.jpg")).Creator, "Anna");
+  program.app->Info()->Follow({{FolderItem(), window.File()}});
+  program.app->KeepForNextStart();
+  // Meanwhile another program says something else.
+  Informing::Say(renamed.Child("c.jpg"), {{Act::kSet, MetadataBlock::kTiff, "013B", "Other"}});
+  program.Start();
+  (void)program.app->OfferRecovery();
+  ASSERT_TRUE(Until([&] {
+    return program.Windows().size() == 1 &&
+           Informing::Row(*program.Windows()[0], "Artist:", "Other") != nullptr;
+  }));
+  EXPECT_FALSE(program.Windows()[0]->Dirty()) << "nothing is laid over what is newer";
 }
 
 TEST(Info, IsFilteredCopiedAndKeepsItsSections) {
