@@ -9,6 +9,7 @@
 #include "cli/Commands.h"
 #include "cli/Support.h"
 #include "cli/Texts.h"
+#include "files/FolderitemExtensions.h"
 #include "formats/BrivolantDocument.h"
 #include "metadata/ImageMetaData.h"
 #include "metadata/MetadataCopy.h"
@@ -203,7 +204,6 @@ std::string CopyInto(const FolderItem& file, const FolderItem& from) {
       data.TIFFData ? NumberOf(data.TIFFData->Lookup("0112", TagValue(1U), 1)) : 1;
   if (turned >= 1 && turned <= 8) facts.Orientation = static_cast<int>(turned);
   facts.SRGB = false;
-  facts.Keeps = true;
   const bool document = from.Directory() && BrivolantDocument::IsDocument(from);
   const FolderItem photo = document ? BrivolantDocument::OriginalIn(from) : from;
   const MetadataCopy copy(
@@ -284,8 +284,9 @@ int WriteMetadata(const MetadataOptions& options) {
         error = MetadataWriter::Write(file, options.strip == "all" ? MetadataWriter::Strip::kAll
                                                                    : MetadataWriter::Strip::kPlace);
         // What is kept beside the photo goes along into every copy.
+        const bool photo = FolderitemExtensions::NamesPicture(file.Name());
         const std::string beside =
-            options.strip == "gps" ? Sidecar::StripPlace(file) : std::string();
+            options.strip == "gps" && photo ? Sidecar::StripPlace(file) : std::string();
         if (error.empty()) error = beside;
         const FolderItem sidecar = Sidecar::Of(file);
         if (options.strip == "all" && error.empty() && sidecar) {

@@ -51,7 +51,8 @@ inline constexpr LocalizedText kMetadataRemove{"cli.kMetadataRemove",
 inline constexpr LocalizedText kMetadataStrip{
     "cli.kMetadataStrip", "Remove where the photo was taken, or everything: gps or all"};
 inline constexpr LocalizedText kMetadataFrom{
-    "cli.kMetadataFrom", "Take what this photo tells of itself; what it does not tell stays"};
+    "cli.kMetadataFrom",
+    "Take what this photo tells of itself in place of all that the files tell"};
 inline constexpr LocalizedText kSidecarStays{
     "cli.kSidecarStays",
     "The file \"<filename>\" beside the photo stays, and goes along into copies."};

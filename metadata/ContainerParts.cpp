@@ -34,20 +34,12 @@ std::string Box(std::string_view identifier, const std::string& data) {
 
 }  // namespace
 
-ContainerParts::ContainerParts(MetadataStream& stream, const EmbeddedData* held)
-    : MetadataParts(stream) {
+ContainerParts::ContainerParts(MetadataStream& stream) : MetadataParts(stream) {
   stream.Position(0);
   const std::string mark = stream.Read(kJpeg2000Mark.size());
   png_ = mark.starts_with(kPngMark);
   if (png_) ReadPng();
   if (mark == kJpeg2000Mark) ReadJpeg2000();
-  if (!good_ || held == nullptr) return;
-  xmp_ = held->XMP;
-  if (held->Exif.empty()) return;
-  structure_ = held->Exif;
-  structureStream_ = std::make_unique<MetadataStream>(structure_);
-  tiff_ = std::make_unique<DirectoryEditor>(*structureStream_);
-  if (!tiff_->Good()) tiff_.reset();
 }
 
 void ContainerParts::Keep(Run::Kind kind, std::uint64_t at, std::uint64_t end) {
@@ -149,14 +141,13 @@ bool ContainerParts::Take(CarriedData data) {
   }
   data.IPTC.clear();
   data.Resources.clear();
-  return TakeStructure(std::move(data.Tiff), data.Keeps) && TakeTexts(data);
+  return TakeStructure(std::move(data.Tiff)) && TakeTexts(data);
 }
 
 std::optional<FilePlan> ContainerParts::Plan() {
   FilePlan plan;
-  const std::string structure =
-      tiffChanged_ ? Structure(newStructure_ ? std::string() : structure_) : std::string();
-  const std::string packet = xmpChanged_ ? xmp_ : std::string();
+  const std::string structure = tiff_ ? Structure({}) : std::string();
+  const std::string& packet = xmp_;
   if (structure.size() > kMostChunk || packet.size() + kXmpKeyword.size() + 4 > kMostChunk) {
     return {};
   }
@@ -171,9 +162,8 @@ std::optional<FilePlan> ContainerParts::Plan() {
     }
     if (i == runs_.size()) break;
     const Run& run = runs_[i];
-    const bool replaced = (run.Is == Run::Kind::kExif && !structure.empty()) ||
-                          (run.Is == Run::Kind::kXmp && !packet.empty());
-    if (!replaced) plan.Take(run.At, run.End - run.At);
+    // What the file said before is said no more.
+    if (run.Is == Run::Kind::kOther) plan.Take(run.At, run.End - run.At);
   }
   return plan;
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,15 +10,12 @@
 
 namespace brivolant {
 
-struct EmbeddedData;
-
 /// A PNG or a JPEG 2000 file that takes what a photo tells: Exif and the packet, in chunks before
 /// the pixels or boxes behind them. It has no place for records of IPTC: what these alone say goes
 /// into the packet. Only copies are written so.
 class ContainerParts final : public MetadataParts {
  public:
-  /// `held` is what the file tells already; null for nothing.
-  ContainerParts(MetadataStream& stream, const EmbeddedData* held);
+  explicit ContainerParts(MetadataStream& stream);
 
   /// The file is one of these, and makes sense.
   bool Good() const { return good_; }
@@ -47,8 +43,6 @@ class ContainerParts final : public MetadataParts {
   std::vector<Run> runs_;
   /// What is new stands before this run.
   std::size_t place_ = 0;
-  std::string structure_;
-  std::unique_ptr<MetadataStream> structureStream_;
 };
 
 }  // namespace brivolant

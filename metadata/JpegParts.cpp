@@ -188,9 +188,9 @@ bool JpegParts::Take(CarriedData data) {
     }
     break;
   }
-  if (!TakeStructure(std::move(data.Tiff), data.Keeps)) return false;
+  if (!TakeStructure(std::move(data.Tiff))) return false;
   // In another encoding it may have become longer than a segment.
-  if (!data.Comment.empty()) comment_ = CutAtCharacter(data.Comment, kMostPayload);
+  if (data.Comment != Comment()) comment_ = CutAtCharacter(data.Comment, kMostPayload);
   return TakeTexts(data);
 }
 

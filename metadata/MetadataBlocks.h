@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "metadata/TiffDataCoreClass.h"
+#include "platform/values/Date.h"
 
 namespace brivolant {
 
@@ -101,6 +103,8 @@ class ColorProfileObject final : public TiffDataCoreClass {
   std::string ColorSpace;
   std::string PCS;
   std::string PrimaryPlatform;
+  /// Nothing for numbers that are no date.
+  std::optional<Date> CreatedDate;
 
  protected:
   std::string handleStringValue(const std::string& tag, const TagValue& value) const override;

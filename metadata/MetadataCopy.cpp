@@ -332,7 +332,6 @@ std::string MetadataCopy::Into(const FolderItem& file, const Facts& facts) const
     if (!data.Tiff) return tooLong;
     if (packet) data.XMP = Packet(photo_->XMP(), rule_, said);
     data.IPTC = Records(photo_->IPTC(), rule_, said);
-    data.Keeps = said.Keeps;
     if (photo_->parts) {
       data.Comment = photo_->parts->Comment();
       data.Resources = photo_->parts->Resources();

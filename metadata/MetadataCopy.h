@@ -36,8 +36,6 @@ class MetadataCopy {
     std::string Thumbnail{};
     /// The colours are sRGB's.
     bool SRGB = true;
-    /// The file is no new copy: what it told before and the photo does not tell stays.
-    bool Keeps = false;
   };
 
   /// Reads what the photo tells. One that cannot be read, or tells nothing, carries nothing. What

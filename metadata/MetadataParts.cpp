@@ -4,12 +4,10 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <map>
 #include <utility>
 
 #include "metadata/IPTCRecords.h"
 #include "metadata/ImageMetaData.h"
-#include "metadata/MetadataRows.h"
 #include "metadata/TagCatalog.h"
 #include "metadata/XMPEditor.h"
 #include "platform/values/Text.h"
@@ -298,35 +296,6 @@ namespace {
 
 constexpr std::array kCarriedResources{0x040A, 0x040B};
 
-/// A packet with the properties of another in place of its own.
-std::string MergedPacket(const std::string& held, const std::string& taken) {
-  XMPProperties properties;
-  if (held.empty() || !ReadXMP(taken, properties, XMPNames::kUsual)) return taken;
-  std::string merged = held;
-  for (const auto& [name, texts] : properties) {
-    // What has fields, or nobody knows the namespace of, stays as it is in the file.
-    if (IsPlainProperty(name) || name.starts_with("tiff:") || name.starts_with("exif:")) {
-      (void)XMPEditor::Set(merged, name, texts);
-    }
-  }
-  return merged;
-}
-
-/// Records with the datasets of others in place of their own.
-std::string MergedRecords(const std::string& held, const std::string& taken) {
-  IPTCRecords merged(held);
-  if (held.empty() || !merged.Whole()) return taken;
-  std::map<int, std::vector<std::string>> datasets;
-  const IPTCRecords records(taken);
-  for (const IPTCRecords::Dataset& dataset : records.Datasets()) {
-    if (dataset.record == 2 && dataset.number > 0) {
-      datasets[dataset.number].push_back(PlainText(dataset.value));
-    }
-  }
-  for (const auto& [number, texts] : datasets) merged.Set(number, texts);
-  return merged.Bytes();
-}
-
 }  // namespace
 
 std::vector<std::pair<int, std::string>> MetadataParts::Resources() const {
@@ -338,38 +307,19 @@ std::vector<std::pair<int, std::string>> MetadataParts::Resources() const {
 }
 
 bool MetadataParts::TakeTexts(CarriedData& data) {
-  if (!data.XMP.empty()) XMP(data.Keeps ? MergedPacket(xmp_, data.XMP) : std::move(data.XMP));
+  // What the file said before is said no more: half of it beside half of another would be no truth.
+  if (data.XMP != xmp_) XMP(std::move(data.XMP));
   if (resources_.Whole()) {
     for (auto& [id, bytes] : data.Resources) {
       resources_.Set(id, std::move(bytes));
       resourcesChanged_ = true;
     }
   }
-  if (data.IPTC.empty()) return true;
-  return IPTC(data.Keeps ? MergedRecords(IPTC(), data.IPTC) : std::move(data.IPTC));
+  return data.IPTC == IPTC() || IPTC(std::move(data.IPTC));
 }
 
-bool MetadataParts::TakeStructure(std::unique_ptr<DirectoryEditor> structure, bool keeps) {
+bool MetadataParts::TakeStructure(std::unique_ptr<DirectoryEditor> structure) {
   if (!structure || structure->Tags(DirectoryEditor::kFirst).empty()) return true;
-  if (keeps && tiff_) {
-    // The note of a maker stays the one whose places lie in this file.
-    constexpr int kMakerNote = 0x927C;
-    for (const Directory directory : {DirectoryEditor::kFirst, DirectoryEditor::kExif,
-                                      DirectoryEditor::kGps, DirectoryEditor::kInterop}) {
-      const bool there = tiff_->Has(directory);
-      for (const int tag : structure->Tags(directory)) {
-        const int type = structure->TypeOf(directory, tag);
-        if (tag == kMakerNote || Structural(directory, tag) || SizeOfType(type) == 0) continue;
-        std::string bytes = structure->BytesOf(directory, tag);
-        if (structure->LittleEndian() != tiff_->LittleEndian()) {
-          bytes = DirectoryEditor::Swapped(type, std::move(bytes));
-        }
-        if (!Directories().Set(directory, tag, type, std::move(bytes))) return false;
-      }
-      if (structure->Has(directory) && !Complete(directory, there)) return false;
-    }
-    return true;
-  }
   tiff_ = std::move(structure);
   tiffChanged_ = newStructure_ = true;
   return (!tiff_->Has(DirectoryEditor::kExif) || Complete(DirectoryEditor::kExif, false)) &&

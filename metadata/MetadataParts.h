@@ -42,8 +42,6 @@ struct CarriedData {
   std::string Comment;
   /// Photoshop's, by their numbers: whether it is anybody's, and where he is found.
   std::vector<std::pair<int, std::string>> Resources{};
-  /// What the file told before and this does not tell stays.
-  bool Keeps = false;
 };
 
 /// What of a file can be changed, in the form in which it can. What a kind of file does not hold
@@ -96,10 +94,9 @@ class MetadataParts {
   }
   /// What the standards want beside what was set. False if it cannot be.
   bool Complete(DirectoryEditor::Directory directory, bool wasThere);
-  /// What a structure of its own is made of; nothing changes if there is nothing in it. With
-  /// `keeps` its tags go into the structure that is there.
-  bool TakeStructure(std::unique_ptr<DirectoryEditor> structure, bool keeps = false);
-  /// Packet, records and resources; what is empty leaves what stands.
+  /// What a structure of its own is made of; nothing changes if there is nothing in it.
+  bool TakeStructure(std::unique_ptr<DirectoryEditor> structure);
+  /// Packet, records and resources, in place of those that are there.
   bool TakeTexts(CarriedData& data);
   /// The new structure; empty if it would not fit its offsets.
   std::string Structure(const std::string& old);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "metadata/ImageMetaData.h"
 #include "metadata/TagCatalog.h"
@@ -54,18 +55,21 @@ bool OfWindows(MetadataBlock block, std::string_view tag) {
   return block == MetadataBlock::kTiff && tag.size() == 4 && tag >= "9C9B" && tag <= "9C9F";
 }
 
-/// "3 : 2", or one decimal where the numbers would say nothing.
+/// "3:2": exact where the numbers are small, else the nearest whole ones of which the larger
+/// differs by one, or of long pictures by seven.
 std::string AspectRatio(std::uint32_t width, std::uint32_t height) {
   std::uint32_t a = width;
   std::uint32_t b = height;
   while (b != 0) a = std::exchange(b, a % b);
   constexpr std::uint32_t kMost = 32;
-  const std::uint32_t across = width / a;
-  const std::uint32_t down = height / a;
-  if (across <= kMost && down <= kMost) return Whole(across) + " : " + Whole(down);
-  const bool wide = width >= height;
-  const double ratio = static_cast<double>(std::max(width, height)) / std::min(width, height);
-  return wide ? Decimals(ratio, 2) + " : 1" : "1 : " + Decimals(ratio, 2);
+  if (width / a <= kMost && height / a <= kMost) return Whole(width / a) + ":" + Whole(height / a);
+  const double longer = std::max(width, height);
+  const double shorter = std::min(width, height);
+  constexpr double kLong = 0.6;
+  double unit = longer - shorter;
+  if (shorter / longer < kLong) unit = std::floor(unit / 7);
+  const auto side = [unit](double pixels) { return FixedNumber(std::max(1.0, pixels / unit), 0); };
+  return side(width) + ":" + side(height);
 }
 
 Section Summary(const ImageSummaryObject& summary) {

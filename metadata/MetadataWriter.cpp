@@ -234,8 +234,8 @@ void KeepOwner(int from, int to, const struct stat& status) {
 using Change = std::function<std::string(MetadataParts&)>;
 
 /// More kinds take what another file tells than are changed; null for all others.
-std::unique_ptr<MetadataParts> PartsOfCopy(MetadataStream& stream, const ImageMetaData& held) {
-  auto container = std::make_unique<ContainerParts>(stream, held.Embedded.get());
+std::unique_ptr<MetadataParts> PartsOfCopy(MetadataStream& stream) {
+  auto container = std::make_unique<ContainerParts>(stream);
   if (!container->Good()) return nullptr;
   return container;
 }
@@ -255,7 +255,7 @@ std::string Rewrite(
   before.ReadFile(file);
   MetadataStream stream(file);
   if (!stream.IsOpen() || !before.ImageSummary) return Told(kNotWritten, file);
-  auto parts = takes ? PartsOfCopy(stream, before) : nullptr;
+  auto parts = takes ? PartsOfCopy(stream) : nullptr;
   if (!parts) {
     if (std::string refusal = Refusal(file, stream); !refusal.empty()) return refusal;
     parts = MetadataParts::Of(stream);

@@ -119,6 +119,11 @@ void ColorProfileObject::ProcessColorProfile() {
   ColorSpace = four(16);
   PCS = four(20);
   PrimaryPlatform = Meaning(kPlatforms, bytes.substr(40, 4));
+  const auto two = [&](std::size_t at) {
+    return static_cast<unsigned char>(bytes[at]) << 8 | static_cast<unsigned char>(bytes[at + 1]);
+  };
+  const Date created{two(24), two(26), two(28), two(30), two(32), two(34)};
+  if (created.Year > 0 && created.Normalized() == created) CreatedDate = created;
   AddData("dmnd", kAsciiType, TagValue(four(48)));
   AddData("dmdd", kAsciiType, TagValue(four(52)));
   BinaryStream stream(bytes);

@@ -56,11 +56,18 @@ bool IsRaw(const std::string& extension) {
   return std::ranges::find(kRawExtensions, extension) != kRawExtensions.end();
 }
 
-/// A raw file with the stem of another file lies beside it.
-bool HasRawBeside(const FolderItem& photo) {
+/// Kinds of pictures that are never written and are no raw files.
+constexpr std::array<std::string_view, 9> kPictures{"heic", "heif", "avif", "png", "webp",
+                                                    "jp2",  "jxl",  "gif",  "bmp"};
+/// What else may have been meant by a name without an extension.
+constexpr std::array<std::string_view, 8> kOthers{"jpg",  "jpeg", "jpe", "tif",
+                                                  "tiff", "psd",  "mov", "mp4"};
+
+/// Another file with the stem lies beside it; with `raw`, a raw one.
+bool HasOther(const FolderItem& photo, bool raw) {
   const std::string name = photo.Name();
   const std::string stem = name.substr(0, name.rfind('.') + 1);
-  return std::ranges::any_of(kRawExtensions, [&](std::string_view extension) {
+  const auto has = [&](std::string_view extension) {
     std::string capitals(extension);
     for (char& c : capitals) {
       if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
@@ -69,7 +76,9 @@ bool HasRawBeside(const FolderItem& photo) {
       if (other != name && photo.Parent().Child(other).Exists()) return true;
     }
     return false;
-  });
+  };
+  if (std::ranges::any_of(kRawExtensions, has)) return true;
+  return !raw && (std::ranges::any_of(kPictures, has) || std::ranges::any_of(kOthers, has));
 }
 
 }  // namespace
@@ -79,25 +88,23 @@ bool WrittenInPlace(const FolderItem& photo) {
 }
 
 bool TakesShortName(std::string_view name) {
-  constexpr std::array<std::string_view, 7> kWritten{"",    "jpg",  "jpeg", "jpe",
-                                                     "tif", "tiff", "psd"};
   const std::string extension = ExtensionOf(std::string(name));
-  return extension != kExtension.substr(1) &&
-         std::ranges::find(kWritten, extension) == kWritten.end();
+  return IsRaw(extension) || std::ranges::find(kPictures, extension) != kPictures.end();
 }
 
 FolderItem Of(const FolderItem& photo) {
   if (photo.IsNil()) return {};
   if (FolderItem beside = Long(photo); beside && beside.Exists()) return beside;
-  // What is never written has it from other programs; where a raw file has the stem, it is its own.
+  // What is never written has it from other programs. It is a raw file's where one has the stem,
+  // and nobody's where several others have.
   if (!TakesShortName(photo.Name())) return {};
   const FolderItem shorter = Short(photo);
   if (shorter.IsNil() || !shorter.Exists()) return {};
-  return IsRaw(ExtensionOf(photo.Name())) || !HasRawBeside(photo) ? shorter : FolderItem();
+  return IsRaw(ExtensionOf(photo.Name())) || !HasOther(photo, false) ? shorter : FolderItem();
 }
 
 bool Shared(const FolderItem& sidecar, const FolderItem& photo) {
-  return !(sidecar == Long(photo)) && HasRawBeside(photo);
+  return !(sidecar == Long(photo)) && HasOther(photo, true);
 }
 
 FolderItem For(const FolderItem& photo) {

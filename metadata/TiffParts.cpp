@@ -78,6 +78,16 @@ bool TiffParts::StripAll() {
 bool TiffParts::Take(CarriedData data) {
   // A maker's note counts from a place that the pixels have here.
   if (data.Tiff) {
+    // Titles, what made it, when and by whom; and all that Exif says. What describes the pixels
+    // stays.
+    for (const int tag : {0x010D, 0x010E, 0x010F, 0x0110, 0x0131, 0x0132, 0x013B, 0x013C, 0x4746,
+                          0x4749, 0x8298, 0x9C9B, 0x9C9C, 0x9C9D, 0x9C9E, 0x9C9F}) {
+      if (!tiff_->Remove(kFirst, tag)) return false;
+    }
+    for (const auto directory :
+         {DirectoryEditor::kInterop, DirectoryEditor::kExif, DirectoryEditor::kGps}) {
+      if (!tiff_->Drop(directory)) return false;
+    }
     const bool swap = data.Tiff->LittleEndian() != tiff_->LittleEndian();
     for (const auto directory :
          {kFirst, DirectoryEditor::kExif, DirectoryEditor::kGps, DirectoryEditor::kInterop}) {
@@ -162,7 +172,7 @@ bool PhotoshopParts::StripAll() {
 }
 
 bool PhotoshopParts::Take(CarriedData data) {
-  return TakeStructure(std::move(data.Tiff), data.Keeps) && TakeTexts(data);
+  return TakeStructure(std::move(data.Tiff)) && TakeTexts(data);
 }
 
 std::optional<FilePlan> PhotoshopParts::Plan() {

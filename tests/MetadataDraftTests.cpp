@@ -100,7 +100,7 @@ TEST_F(Drafts, SectionsShowWhatAFileTells) {
                                              S::kGps, S::kDct, S::kComment));
   EXPECT_THAT(Lines(sections, S::kSummary),
               ElementsAre(Pair("Format:", "JPEG"), Pair("Dimensions:", "40 x 30 at 72 DPI"),
-                          Pair("", "0 Megapixels"), Pair("Aspect Ratio:", "4 : 3"),
+                          Pair("", "0 Megapixels"), Pair("Aspect Ratio:", "4:3"),
                           Pair("Colors:", "8-Bit RGB")));
   EXPECT_THAT(Lines(sections, S::kDct),
               ElementsAre(Pair("Kind:", "Adobe"), Pair("Version:", "100"), Pair("Encoder:", "2"),

@@ -150,6 +150,9 @@ TEST_F(Metadata, OfAJpegAndNothingBehindItsScan) {
       "</dc:subject></rdf:Description></rdf:RDF></x:xmpmeta><?xpacket end='w'?>";
   std::string profile(128, '\0');
   profile.replace(16, 4, "RGB ");
+  profile.replace(24, 12,
+                  Files::Big(2009, 2) + Files::Big(3, 2) + Files::Big(4, 2) + Files::Big(5, 2) +
+                      Files::Big(6, 2) + Files::Big(7, 2));
   profile += Files::Big(1, 4) + "cprt" + Files::Big(144, 4) + Files::Big(11, 4);
   profile += std::string("text\0\0\0\0", 8) + "fre";
   const auto part = [&](int number, std::size_t from, std::size_t length) {
@@ -179,6 +182,7 @@ TEST_F(Metadata, OfAJpegAndNothingBehindItsScan) {
   EXPECT_EQ(data->IPTCData->OtherRecords().size(), 2U);
   EXPECT_EQ(data->Photoshop->StringValue("0406"), "12 (Maximum)");
   EXPECT_EQ(data->ColorProfile->RawData, profile);
+  EXPECT_EQ(data->ColorProfile->CreatedDate, (Date{2009, 3, 4, 5, 6, 7}));
   EXPECT_EQ(data->ColorProfile->StringValue("cprt"), "fre");
   EXPECT_EQ(data->JPEGComment, "a comment");
   XMPProperties properties;

@@ -11,6 +11,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -23,7 +24,7 @@ namespace {
 
 constexpr int kMargin = 24;
 constexpr int kGap = 8;
-constexpr int kWidth = 480;
+constexpr int kFieldWidth = 340;
 constexpr int kDescriptionLines = 3;
 /// Names hold commas.
 constexpr QChar kBetweenNames = QLatin1Char(';');
@@ -66,6 +67,7 @@ EditInfoSheet::EditInfoSheet(QWidget& window, const std::vector<FolderItem>& fil
       taken_(new QComboBox),
       moment_(new QDateTimeEdit),
       shift_(new QWidget),
+      asked_(new QStackedWidget),
       days_(Number(36500, kDays)),
       hours_(Number(23, kHours)),
       minutes_(Number(59, kMinutes)),
@@ -77,7 +79,6 @@ EditInfoSheet::EditInfoSheet(QWidget& window, const std::vector<FolderItem>& fil
                              {{"<count>", ReadableNumber(static_cast<double>(files.size()), 0)}})));
   setWindowModality(Qt::WindowModal);
   setAttribute(Qt::WA_DeleteOnClose);
-  setMinimumWidth(kWidth);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   column->setSpacing(2 * kGap);
@@ -96,6 +97,8 @@ EditInfoSheet::EditInfoSheet(QWidget& window, const std::vector<FolderItem>& fil
   line(MetadataField::kTitle, kTitle);
   description_->setPlainText(ToQString(Said(MetadataField::kDescription)));
   if (Differs(MetadataField::kDescription)) description_->setPlaceholderText(Shown(kDiffering));
+  // The sheet itself is as wide as its widest row wants.
+  description_->setMinimumWidth(kFieldWidth);
   description_->setTabChangesFocus(true);
   description_->setFixedHeight(description_->fontMetrics().lineSpacing() * kDescriptionLines + 12);
   form->addRow(Shown(kDescription), description_);
@@ -148,11 +151,18 @@ EditInfoSheet::EditInfoSheet(QWidget& window, const std::vector<FolderItem>& fil
   const Date first = common_.FirstTaken.value_or(Date::Now());
   moment_->setDateTime(QDateTime(QDate(first.Year, first.Month, first.Day),
                                  QTime(first.Hour, first.Minute, first.Second), Qt::UTC));
-  form->addRow(QString(), moment_);
   auto* row = new QHBoxLayout(shift_);
   row->setContentsMargins(0, 0, 0, 0);
-  for (QSpinBox* box : {days_, hours_, minutes_, seconds_}) row->addWidget(box);
-  form->addRow(QString(), shift_);
+  for (QSpinBox* box : {days_, hours_, minutes_, seconds_}) {
+    // Its unit is to be read too, in a language with longer words as well.
+    box->setMinimumWidth(box->sizeHint().width());
+    row->addWidget(box);
+  }
+  // As wide as the widest, and the sheet does not jump.
+  for (QWidget* page : {new QWidget, static_cast<QWidget*>(moment_), shift_})
+    asked_->addWidget(page);
+  asked_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  form->addRow(QString(), asked_);
   if (common_.Beside > 0) {
     auto* words = new QLabel(Shown(kBeside));
     words->setWordWrap(true);
@@ -161,6 +171,7 @@ EditInfoSheet::EditInfoSheet(QWidget& window, const std::vector<FolderItem>& fil
   }
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
   buttons->button(QDialogButtonBox::Save)->setText(Shown(Captions::kSave));
+  buttons->button(QDialogButtonBox::Cancel)->setText(Shown(Captions::kCancel));
   column->addWidget(buttons);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -169,14 +180,7 @@ EditInfoSheet::EditInfoSheet(QWidget& window, const std::vector<FolderItem>& fil
 }
 
 void EditInfoSheet::ShowTaken() {
-  // Both keep their place, so that the sheet does not jump.
-  for (QWidget* widget : {static_cast<QWidget*>(moment_), shift_}) {
-    QSizePolicy policy = widget->sizePolicy();
-    policy.setRetainSizeWhenHidden(false);
-    widget->setSizePolicy(policy);
-  }
-  moment_->setVisible(taken_->currentIndex() == kSetMoment);
-  shift_->setVisible(taken_->currentIndex() == kShiftMoment);
+  asked_->setCurrentIndex(taken_->currentIndex());
 }
 
 bool EditInfoSheet::Differs(MetadataField field) const {

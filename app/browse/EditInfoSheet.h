@@ -17,6 +17,7 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QSpinBox;
+class QStackedWidget;
 
 namespace brivolant {
 
@@ -100,6 +101,8 @@ class EditInfoSheet final : public QDialog {
   QComboBox* taken_;
   QDateTimeEdit* moment_;
   QWidget* shift_;
+  /// What is asked of the moment: nothing, a new one, or a distance.
+  QStackedWidget* asked_;
   QSpinBox* days_;
   QSpinBox* hours_;
   QSpinBox* minutes_;

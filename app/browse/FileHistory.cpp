@@ -22,10 +22,16 @@ std::error_code MoveWithSidecar(const FolderItem& from, const FolderItem& to) {
   const FolderItem sidecar = Sidecar::Following(from);
   if (!sidecar) return MoveExclusively(from, to);
   const FolderItem place = Sidecar::BesideMoved(sidecar, from, to);
+  // Under another extension the photo may keep the name that they share.
+  std::error_code unknown;
+  if (place == sidecar || std::filesystem::equivalent(place.Path(), sidecar.Path(), unknown)) {
+    return MoveExclusively(from, to);
+  }
   // What belongs to another photo too stays there, and this one gets a copy. The copy of an earlier
   // time may be there already.
   const bool stays = Sidecar::Shared(sidecar, from);
-  const bool same = EntryExists(place) && ReadFile(place) == ReadFile(sidecar);
+  const auto there = EntryExists(place) ? ReadFile(place) : std::nullopt;
+  const bool same = there && there == ReadFile(sidecar);
   std::error_code error;
   if (same || stays) {
     if (!same && EntryExists(place)) return std::make_error_code(std::errc::file_exists);
@@ -45,8 +51,11 @@ std::error_code MoveWithSidecar(const FolderItem& from, const FolderItem& to) {
 /// A copy as it was made, with what follows it: nothing has been said of it since.
 bool Untouched(const FileCopier::Copy& copy) {
   if (FileCopier::StateOf(copy.Item) != copy.State) return false;
-  const FolderItem sidecar = Sidecar::Following(copy.Item);
-  if (copy.Companion.IsNil()) return sidecar.IsNil() || Sidecar::Shared(sidecar, copy.Item);
+  // What we keep beside a photo has its whole name; a shorter one may be anybody's.
+  if (copy.Companion.IsNil()) {
+    const FolderItem sidecar = Sidecar::Following(copy.Item);
+    return sidecar.IsNil() || sidecar.Name() != copy.Item.Name() + ".xmp";
+  }
   return FileCopier::StateOf(copy.Companion) == copy.CompanionState;
 }
 

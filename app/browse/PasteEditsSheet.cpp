@@ -11,6 +11,7 @@
 
 #include "kit/InterfaceKitSupport.h"
 #include "platform/services/SharedFolders.h"
+#include "platform/values/Captions.h"
 #include "platform/values/Numbers.h"
 
 namespace brivolant {
@@ -61,6 +62,7 @@ PasteEditsSheet::PasteEditsSheet(QWidget& window, ManyEdits::Order order, Prefer
   form->addRow(Shown(kPlace), place_);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
   buttons->button(QDialogButtonBox::Ok)->setText(Shown(kPaste));
+  buttons->button(QDialogButtonBox::Cancel)->setText(Shown(Captions::kCancel));
   column->addWidget(buttons);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -206,11 +206,13 @@ void FloatingMetaData::Take(const std::shared_ptr<FileInfo>& info) {
   using Keeps = FileInfo::Keeps;
   // What a locked file cannot take at present waits until it can.
   if (const auto left = info_->Locked() ? std::nullopt : unsaved_.Of(file_)) {
-    const bool fits =
-        info_->KeptIn() != Keeps::kNowhere && info_->Draft().Before(left->Changes) == left->Before;
-    broughtBack_ = fits && info_->Draft().Restore(left->Changes);
-    notBroughtBack_ = !broughtBack_;
-    if (notBroughtBack_) unsaved_.Forget(file_);
+    // What cannot be read just now may be another time.
+    if (info_->KeptIn() != Keeps::kNowhere) {
+      broughtBack_ = info_->Draft().Before(left->Changes) == left->Before &&
+                     info_->Draft().Restore(left->Changes);
+      notBroughtBack_ = !broughtBack_;
+      if (notBroughtBack_) unsaved_.Forget(file_);
+    }
   }
   ShowWords();
   if (info_->KeptIn() != Keeps::kNowhere || info_->Sections(false).size() > 1) {
@@ -257,8 +259,9 @@ void FloatingMetaData::Follow(const FolderItem& before, const FolderItem& after)
   file_ = now;
   ShowTitle();
   if (!info_) return;
+  // The rows tell name and place; and what is kept of it may have come to its new place before.
+  if (!Dirty()) return Take(info_);
   ShowWords();
-  // The rows tell name and place.
   if (info_->Draft().Changed) info_->Draft().Changed();
 }
 

@@ -146,9 +146,9 @@ void WriteWhole(const std::string& old, const brivolant::ImageMetaData& before) 
 }
 
 /// A copy of another kind stays within its file too.
-void Carry(const std::string& old, const brivolant::ImageMetaData& before) {
+void Carry(const std::string& old) {
   brivolant::MetadataStream stream(old);
-  brivolant::ContainerParts parts(stream, before.Embedded.get());
+  brivolant::ContainerParts parts(stream);
   if (!parts.Good()) return;
   brivolant::CarriedData data;
   data.Tiff = std::make_unique<brivolant::DirectoryEditor>(true);
@@ -157,7 +157,6 @@ void Carry(const std::string& old, const brivolant::ImageMetaData& before) {
   }
   data.XMP = "<packet/>";
   data.IPTC = old.substr(old.size() / 2);
-  data.Keeps = old.size() % 2 == 0;
   if (!parts.Take(std::move(data))) return;
   if (const auto plan = parts.Plan()) (void)Made(old, *plan);
 }
@@ -189,7 +188,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   const std::string old(reinterpret_cast<const char*>(data), size);
   WriteWhole(old, metadata);
-  Carry(old, metadata);
+  Carry(old);
   // A packet that is parted is the same again.
   constexpr std::size_t kRoom = 1200;
   if (const auto split = brivolant::XMPExtension::Split(metadata.XMP, kRoom)) {

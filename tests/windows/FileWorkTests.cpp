@@ -129,6 +129,17 @@ TEST(FileWork, WhatIsSaidBesideAPhotoGoesWithIt) {
   program.Finish();
   EXPECT_EQ(ReadFile(program.Pictures().Child("a.jpg.xmp")), "said of a");
   EXPECT_TRUE(there("a.jpg"));
+  // Another extension leaves the short name of a raw file as it is.
+  program.Photo("Pictures/e.cr2", 64, 48);
+  program.home.Write("Pictures/e.xmp", "said of e");
+  ASSERT_TRUE(Until([&] {
+    const auto names = program.Names();
+    return std::find(names.begin(), names.end(), "e.cr2") != names.end();
+  }));
+  Rename(program, "e.cr2", "e.CR2");
+  program.Finish();
+  EXPECT_TRUE(there("e.CR2"));
+  EXPECT_EQ(ReadFile(program.Pictures().Child("e.xmp")), "said of e");
   // Another photo has the name when it is to come back: what is said of the first stays with it.
   program.Browser().HighLightItem("a.jpg", false);
   program.Choose("FileMoveToTrash");

@@ -14,6 +14,7 @@
 #include "app/browse/PasteEditsSheet.h"
 #include "app/browse/QuickLookWindow.h"
 #include "app/commands/ToolButtons.h"
+#include "app/core/Translations.h"
 #include "app/edit/CropEditor.h"
 #include "app/edit/OneClickEditor.h"
 #include "app/info/FloatingMetaData.h"
@@ -26,6 +27,7 @@
 #include "kit/ifkFontComboBox.h"
 #include "kit/templateSelector.h"
 #include "metadata/MetadataWriter.h"
+#include "platform/services/SharedFolders.h"
 
 namespace brivolant::test {
 namespace {
@@ -240,6 +242,26 @@ TEST(WindowPictures, OfWhatIsKnownOfAFile) {
     Take(sheet, QStringLiteral("edit-info") + mode);
   }
   program.app->AppearanceChoice(Appearance::kLight);
+  // In the language whose words are longest.
+  ASSERT_TRUE(
+      LoadTranslations(otherSharedComponents::ResourcesFolder().Child("translations"), "de"));
+  program.app->Desk().ShowInfo({photo});
+  FloatingMetaData& window = *program.app->Info()->Open().front();
+  ASSERT_TRUE(Until([&] {
+    const QTreeWidgetItem* first = window.mdc->topLevelItem(0);
+    return first != nullptr && !first->isHidden();
+  }));
+  Take(window, QStringLiteral("get-info-german"));
+  ManyInfos::Common common;
+  common.Words = {"sea"};
+  common.Photos = {photo};
+  EditInfoSheet sheet(program.Window(), common.Photos, common);
+  sheet.setAttribute(Qt::WA_DeleteOnClose, false);
+  sheet.Taken().setCurrentIndex(2);
+  sheet.open();
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(&sheet));
+  Take(sheet, QStringLiteral("edit-info-german"));
+  InstallTranslations(nullptr);
 }
 
 TEST(WindowPictures, OfTheBrowserAndTheSmallWindows) {
