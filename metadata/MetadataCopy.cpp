@@ -329,7 +329,7 @@ std::string MetadataCopy::Into(const FolderItem& file, const Facts& facts) const
   const auto write = [&](const Facts& said, bool note, bool packet) {
     CarriedData data;
     data.Tiff = Structure(photo_->tiff, rule_, said, note);
-    if (!data.Tiff) return tooLong;
+    if (!data.Tiff) return std::string(tooLong);
     if (packet) data.XMP = Packet(photo_->XMP(), rule_, said);
     data.IPTC = Records(photo_->IPTC(), rule_, said);
     if (photo_->parts) {

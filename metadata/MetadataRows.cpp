@@ -62,7 +62,9 @@ std::string AspectRatio(std::uint32_t width, std::uint32_t height) {
   std::uint32_t b = height;
   while (b != 0) a = std::exchange(b, a % b);
   constexpr std::uint32_t kMost = 32;
-  if (width / a <= kMost && height / a <= kMost) return Whole(width / a) + ":" + Whole(height / a);
+  const std::uint32_t across = width / a;
+  const std::uint32_t down = height / a;
+  if (across <= kMost && down <= kMost) return Whole(across) + ":" + Whole(down);
   const double longer = std::max(width, height);
   const double shorter = std::min(width, height);
   constexpr double kLong = 0.6;

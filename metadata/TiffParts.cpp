@@ -94,6 +94,11 @@ bool TiffParts::Take(CarriedData data) {
       for (const int tag : data.Tiff->Tags(directory)) {
         if (tag == kMakerNote || tag == kExifLink || tag == kGpsLink || tag == kInteropLink)
           continue;
+        // What a TIFF says in its first directory.
+        if (directory == DirectoryEditor::kExif &&
+            (tag == 0x9101 || tag == 0xA002 || tag == 0xA003)) {
+          continue;
+        }
         const int type = data.Tiff->TypeOf(directory, tag);
         std::string bytes = data.Tiff->BytesOf(directory, tag);
         if (swap) bytes = DirectoryEditor::Swapped(type, std::move(bytes));
