@@ -172,27 +172,28 @@ PhotoFactsCache::Stamp PhotoFactsCache::StampOf(std::string path) {
     // A link tells what its photo does, and has its sidecar.
     std::error_code error;
     path = std::filesystem::canonical(path, error).native();
-    if (error) return {};
+    if (error || stat(path.c_str(), &status) != 0) return {};
   }
   const auto add = [&] {
-    if (stat(path.c_str(), &status) != 0) return false;
     const std::array<std::int64_t, 3> parts{status.st_mtim.tv_sec, status.st_mtim.tv_nsec,
                                             status.st_size};
     stamp.append(reinterpret_cast<const char*>(parts.data()), sizeof(parts));
-    return true;
   };
-  if (!add()) return {};
+  const auto addBeside = [&] {
+    if (stat(path.c_str(), &status) == 0) add();
+  };
+  add();
   // What is said beside it counts as well, of raw files under either name.
   const std::size_t length = path.size();
   const std::size_t dot = path.rfind('.');
   path += ".xmp";
-  (void)add();
+  addBeside();
   const std::size_t name = path.rfind('/') + 1;
   if (dot == std::string::npos || dot < name || dot + 1 >= length) return stamp;
   if (!Sidecar::TakesShortName(std::string_view(path).substr(name, length - name))) return stamp;
   path.replace(dot, std::string::npos, ".xmp");
   stamp += '|';
-  (void)add();
+  addBeside();
   return stamp;
 }
 
