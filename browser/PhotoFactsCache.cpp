@@ -13,7 +13,7 @@
 
 #include "browser/SearchText.h"
 #include "files/FolderitemExtensions.h"
-#include "formats/BrivolantDocument.h"
+#include "formats/DocumentMetadata.h"
 #include "metadata/ImageMetaData.h"
 #include "metadata/PhotoFacts.h"
 #include "metadata/Sidecar.h"
@@ -201,17 +201,15 @@ std::optional<PhotoFactsCache::Facts> PhotoFactsCache::Read(const FolderItem& ph
   ++reads_;
   ImageMetaData data;
   const bool document = photo.Directory();
-  data.ReadFile(document ? BrivolantDocument::OriginalIn(photo)
-                         : FolderitemExtensions::OriginalFile(photo));
+  if (document) {
+    (void)ReadDocumentMetadata(photo, data);
+  } else {
+    data.ReadFile(FolderitemExtensions::OriginalFile(photo));
+  }
   // One that could not be opened may be, later.
   constexpr int kNotOpened = 0;
   if (data.ErrorID == kNotOpened) return {};
-  if (document) {
-    const std::string packet = Sidecar::Read(photo.Child(BrivolantDocument::kMetadataName));
-    if (!packet.empty()) Sidecar::MergeInto(data, packet, true);
-  } else {
-    Sidecar::ReadInto(data);
-  }
+  if (!document) Sidecar::ReadInto(data);
   const PhotoFacts told = PhotoFacts::Of(data);
   Facts facts;
   facts.Taken = kNoMoment;

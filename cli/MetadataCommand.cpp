@@ -11,6 +11,7 @@
 #include "cli/Texts.h"
 #include "files/FolderitemExtensions.h"
 #include "formats/BrivolantDocument.h"
+#include "formats/DocumentMetadata.h"
 #include "metadata/ImageMetaData.h"
 #include "metadata/MetadataCopy.h"
 #include "metadata/MetadataFields.h"
@@ -154,13 +155,8 @@ QJsonObject ToJson(const std::string& file, const ImageMetaData& data) {
 
 /// A file, or the original of a document with what its owner says of it.
 void ReadPhoto(const FolderItem& file, ImageMetaData& data) {
-  const FolderItem original = file.Directory() && BrivolantDocument::IsDocument(file)
-                                  ? BrivolantDocument::OriginalIn(file)
-                                  : FolderItem();
-  data.ReadFile(original ? original : file);
-  if (original.IsNil()) return;
-  const std::string packet = Sidecar::Read(file.Child(BrivolantDocument::kMetadataName));
-  if (!packet.empty()) Sidecar::MergeInto(data, packet, true);
+  const bool document = file.Directory() && BrivolantDocument::IsDocument(file);
+  if (!document || !ReadDocumentMetadata(file, data)) data.ReadFile(file);
 }
 
 /// What the window of a file shows.
@@ -206,9 +202,8 @@ std::string CopyInto(const FolderItem& file, const FolderItem& from) {
   facts.SRGB = false;
   const bool document = from.Directory() && BrivolantDocument::IsDocument(from);
   const FolderItem photo = document ? BrivolantDocument::OriginalIn(from) : from;
-  const MetadataCopy copy(
-      photo, MetadataCopy::Rule::kAll,
-      document ? Sidecar::Read(from.Child(BrivolantDocument::kMetadataName)) : std::string());
+  const MetadataCopy copy(photo, MetadataCopy::Rule::kAll,
+                          document ? PacketIn(from) : std::string());
   if (!copy.Good()) return texts::Of(codecTexts::kUnreadable, from.DisplayName());
   return copy.Into(file, facts);
 }

@@ -85,14 +85,8 @@ void BrivolantDocument::TakeOver(const BrivolantDocument& saved) {
 }
 
 void BrivolantDocument::Relocate(const FolderItem& from, const FolderItem& to) {
-  const std::string inside = from.ShellPath() + "/";
   for (FolderItem* own : {&File, &originalImageFile}) {
-    const std::string path = own->ShellPath();
-    if (*own == from) {
-      *own = to;
-    } else if (path.starts_with(inside)) {
-      *own = FolderItem(to.Path() / path.substr(inside.size()));
-    }
+    if (const FolderItem now = PlaceAfter(*own, from, to)) *own = now;
   }
 }
 

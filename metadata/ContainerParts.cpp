@@ -42,31 +42,29 @@ ContainerParts::ContainerParts(MetadataStream& stream) : MetadataParts(stream) {
   if (mark == kJpeg2000Mark) ReadJpeg2000();
 }
 
-void ContainerParts::Keep(Run::Kind kind, std::uint64_t at, std::uint64_t end) {
-  if (!runs_.empty() && runs_.size() != place_ && runs_.back().Is == kind) {
+void ContainerParts::Keep(bool tells, std::uint64_t at, std::uint64_t end) {
+  if (!runs_.empty() && runs_.size() != place_ && runs_.back().Tells == tells) {
     runs_.back().End = end;
   } else {
-    runs_.push_back({kind, at, end});
+    runs_.push_back({tells, at, end});
   }
 }
 
-ContainerParts::Run::Kind ContainerParts::KindOf(const std::string& type, const std::string& head) {
-  using enum Run::Kind;
-  if (type == "eXIf") return kExif;
-  if (type != "iTXt" && type != "zTXt" && type != "tEXt") return kOther;
-  if (head.starts_with(kXmpKeyword)) return kXmp;
+bool ContainerParts::Tells(const std::string& type, const std::string& head) {
+  if (type == "eXIf") return true;
+  if (type != "iTXt" && type != "zTXt" && type != "tEXt") return false;
+  if (head.starts_with(kXmpKeyword)) return true;
   // As older programs put them into texts.
   constexpr std::string_view kRaw = "Raw profile type ";
-  if (!head.starts_with(kRaw)) return kOther;
+  if (!head.starts_with(kRaw)) return false;
   const std::string_view profile = std::string_view(head).substr(kRaw.size());
-  if (profile.starts_with("exif") || profile.starts_with("APP1")) return kExif;
-  return profile.starts_with("xmp") ? kXmp : kOther;
+  return profile.starts_with("exif") || profile.starts_with("APP1") || profile.starts_with("xmp");
 }
 
 void ContainerParts::ReadPng() {
   constexpr std::size_t kHead = 32;
   constexpr std::size_t kResolution = 9;
-  Keep(Run::Kind::kOther, 0, kPngMark.size());
+  Keep(false, 0, kPngMark.size());
   stream_.Position(kPngMark.size());
   while (stream_.Remaining() >= kChunkFrame) {
     const std::uint64_t at = stream_.Position();
@@ -87,11 +85,11 @@ void ContainerParts::ReadPng() {
       perMetre_ = {stream_.ReadUInt32(), stream_.ReadUInt32()};
     }
     const std::uint64_t end = at + length + kChunkFrame;
-    Keep(KindOf(type, head), at, end);
+    Keep(Tells(type, head), at, end);
     stream_.Position(end);
   }
   // Whatever stands behind the last chunk stays.
-  if (stream_.Remaining() > 0) Keep(Run::Kind::kOther, stream_.Position(), stream_.Length());
+  if (stream_.Remaining() > 0) Keep(false, stream_.Position(), stream_.Length());
 }
 
 void ContainerParts::ReadJpeg2000() {
@@ -104,11 +102,8 @@ void ContainerParts::ReadJpeg2000() {
     // Of the longest, and of a last one without a length, no copy of ours is made.
     if (length < 8 || at + length > stream_.Length()) return;
     const std::string head = stream_.Read(std::min<std::uint64_t>(length - 8, kIdentifier));
-    Keep(type != "uuid"          ? Run::Kind::kOther
-         : head == kJpeg2000Exif ? Run::Kind::kExif
-         : head == kJpeg2000XMP  ? Run::Kind::kXmp
-                                 : Run::Kind::kOther,
-         at, at + length);
+    const bool tells = head == kJpeg2000Exif || head == kJpeg2000XMP;
+    Keep(type == "uuid" && tells, at, at + length);
     good_ = good_ || type == "jp2c";
     stream_.Position(at + length);
   }
@@ -163,7 +158,7 @@ std::optional<FilePlan> ContainerParts::Plan() {
     if (i == runs_.size()) break;
     const Run& run = runs_[i];
     // What the file said before is said no more.
-    if (run.Is == Run::Kind::kOther) plan.Take(run.At, run.End - run.At);
+    if (!run.Tells) plan.Take(run.At, run.End - run.At);
   }
   return plan;
 }

@@ -24,17 +24,17 @@ class ContainerParts final : public MetadataParts {
   std::optional<FilePlan> Plan() override;
 
  private:
-  /// Chunks or boxes; those of a kind make room for what is taken of that kind.
+  /// Chunks or boxes. Those that tell something of the photo make room for what is taken.
   struct Run {
-    enum class Kind { kOther, kExif, kXmp } Is = Kind::kOther;
+    bool Tells = false;
     std::uint64_t At = 0;
     std::uint64_t End = 0;
   };
   void ReadPng();
   void ReadJpeg2000();
-  /// The kind of a chunk, by its type and what its data begin with.
-  static Run::Kind KindOf(const std::string& type, const std::string& head);
-  void Keep(Run::Kind kind, std::uint64_t at, std::uint64_t end);
+  /// A chunk of that type, whose data begin so, tells of the photo.
+  static bool Tells(const std::string& type, const std::string& head);
+  void Keep(bool tells, std::uint64_t at, std::uint64_t end);
 
   bool png_ = false;
   /// Dots of a PNG, across and down; empty where it does not say.

@@ -109,30 +109,6 @@ constexpr std::array kPlaces{
     Place{kPosition, MetadataBlock::kXmp, "exif:GPSLatitude", false, Form::kPacketLatitude},
     Place{kPosition, MetadataBlock::kXmp, "exif:GPSLongitude", false, Form::kPacketLongitude}};
 
-bool Says(const ImageMetaData& held, MetadataBlock block, const std::string& tag) {
-  if (block == MetadataBlock::kXmp) {
-    XMPProperties properties;
-    return !held.XMP.empty() && ReadXMP(held.XMP, properties, XMPNames::kUsual) &&
-           std::ranges::any_of(properties, [&](const auto& said) { return said.first == tag; });
-  }
-  const TiffDataCoreClass* data = held.BlockOf(block);
-  return data != nullptr && data->hasKey(tag);
-}
-
-std::string FirstOf(const ImageMetaData& held, MetadataBlock block, const std::string& tag) {
-  if (block == MetadataBlock::kXmp) {
-    XMPProperties properties;
-    if (!held.XMP.empty()) (void)ReadXMP(held.XMP, properties, XMPNames::kUsual);
-    for (const auto& [name, texts] : properties) {
-      if (name == tag && !texts.empty()) return texts.front();
-    }
-    return {};
-  }
-  const TiffDataCoreClass* data = held.BlockOf(block);
-  if (data == nullptr || !data->hasKey(tag)) return {};
-  return TextOf(data->Value(tag, 1));
-}
-
 /// Windows has no blanks between its keywords.
 std::string Joined(const std::vector<std::string>& texts, const Place& place) {
   const char* between = place.Field == kCreator ? "; " : ";";
@@ -380,10 +356,23 @@ std::string TextOf(const Position& position) {
 std::optional<std::vector<MetadataChange>> ChangesOf(MetadataField field,
                                                      const std::vector<std::string>& texts,
                                                      const ImageMetaData& held) {
-  return ChangesOf(
-      field, texts,
-      [&held](MetadataBlock block, const std::string& tag) { return Says(held, block, tag); },
-      [&held](MetadataBlock block, const std::string& tag) { return FirstOf(held, block, tag); });
+  XMPProperties packet;
+  if (!held.XMP.empty() && !ReadXMP(held.XMP, packet, XMPNames::kUsual)) packet.clear();
+  const auto find = [&packet](const std::string& name) {
+    return std::ranges::find(packet, name, [](const auto& property) { return property.first; });
+  };
+  const auto says = [&](MetadataBlock block, const std::string& tag) {
+    if (block == MetadataBlock::kXmp) return find(tag) != packet.end();
+    const TiffDataCoreClass* data = held.BlockOf(block);
+    return data != nullptr && data->hasKey(tag);
+  };
+  const auto first = [&](MetadataBlock block, const std::string& tag) {
+    if (!says(block, tag)) return std::string();
+    if (block != MetadataBlock::kXmp) return TextOf(held.BlockOf(block)->Value(tag, 1));
+    const std::vector<std::string>& said = find(tag)->second;
+    return said.empty() ? std::string() : said.front();
+  };
+  return ChangesOf(field, texts, says, first);
 }
 
 std::optional<std::vector<MetadataChange>> ChangesOf(MetadataField field,

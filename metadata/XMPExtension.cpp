@@ -8,6 +8,7 @@
 #include "metadata/BigEndian.h"
 #include "metadata/JpegMarks.h"
 #include "metadata/XMPNodes.h"
+#include "platform/files/BinaryStream.h"
 
 namespace brivolant {
 namespace {
@@ -24,12 +25,6 @@ constexpr std::size_t kHead = kDigest + 8;
 constexpr std::uint64_t kMost = std::uint64_t{1} << 26;
 /// What a segment of a JPEG holds behind mark and head.
 constexpr std::size_t kPiece = 65400;
-
-std::uint64_t Number(std::string_view bytes) {
-  std::uint64_t value = 0;
-  for (const char c : bytes) value = value << 8 | static_cast<unsigned char>(c);
-  return value;
-}
 
 bool IsNote(pugi::xml_node node, std::string_view name) {
   return XMPNodes::Local(name) == kProperty && NamespaceOf(node, name) == kNote;
@@ -173,9 +168,10 @@ void RemovePadding(pugi::xml_document& document) {
 void XMPExtension::Take(std::string_view payload) {
   if (payload.size() <= kHead || taken_ + payload.size() > kMost) return;
   taken_ += payload.size();
-  Stream& stream = streams_[std::string(payload.substr(0, kDigest))];
-  stream.Length = Number(payload.substr(kDigest, 4));
-  stream.Pieces.try_emplace(Number(payload.substr(kDigest + 4, 4)), payload.substr(kHead));
+  BinaryStream head(payload);
+  Stream& stream = streams_[std::string(head.Read(kDigest))];
+  stream.Length = head.ReadUInt32();
+  stream.Pieces.try_emplace(head.ReadUInt32(), payload.substr(kHead));
 }
 
 std::string XMPExtension::Joined(const std::string& packet) {

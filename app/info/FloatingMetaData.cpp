@@ -17,6 +17,7 @@
 #include "kit/InterfaceKitSupport.h"
 #include "kit/SvgIcon.h"
 #include "kit/ifkSearchField.h"
+#include "platform/files/FileNames.h"
 #include "platform/values/Captions.h"
 
 namespace brivolant {

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "browser/DiskThreads.h"
+#include "platform/files/FileNames.h"
 
 namespace brivolant {
 namespace {

@@ -11,6 +11,7 @@
 
 #include "formats/BinaryDictionary.h"
 #include "platform/files/AtomicFile.h"
+#include "platform/files/FileNames.h"
 
 namespace brivolant {
 namespace {
@@ -88,14 +89,6 @@ std::optional<Dictionary> ReadKept(const FolderItem& place) {
 }
 
 }  // namespace
-
-FolderItem PlaceAfter(const FolderItem& item, const FolderItem& before, const FolderItem& after) {
-  const std::string path = item.ShellPath();
-  const std::string from = before.ShellPath();
-  if (path == from) return after;
-  if (!path.starts_with(from + "/")) return {};
-  return FolderItem(after.ShellPath() + path.substr(from.size()));
-}
 
 FolderItem UnsavedInfos::Place(const FolderItem& file) const {
   const QByteArray path = QByteArray::fromStdString(file.ShellPath());

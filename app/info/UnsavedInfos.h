@@ -41,7 +41,4 @@ class UnsavedInfos {
   Log& log_;
 };
 
-/// Where something lies after a file or a folder has got another place; nil for what did not move.
-FolderItem PlaceAfter(const FolderItem& item, const FolderItem& before, const FolderItem& after);
-
 }  // namespace brivolant

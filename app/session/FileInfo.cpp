@@ -17,6 +17,7 @@
 #include "formats/FileTypes.h"
 #include "metadata/MetadataWriter.h"
 #include "metadata/Sidecar.h"
+#include "platform/files/FileNames.h"
 #include "platform/values/Numbers.h"
 
 namespace brivolant {
@@ -203,13 +204,8 @@ std::vector<MetadataSection> FileInfo::Sections(bool hideUnknown) const {
 }
 
 void FileInfo::Follow(const FolderItem& before, const FolderItem& after) {
-  const std::string from = before.ShellPath();
   const auto follow = [&](FolderItem& item) {
-    const std::string path = item.ShellPath();
-    if (path == from) item = after;
-    if (path.starts_with(from + "/")) {
-      item = FolderItem(after.ShellPath() + path.substr(from.size()));
-    }
+    if (const FolderItem now = PlaceAfter(item, before, after)) item = now;
   };
   // What is kept beside a photo has its name from the photo, not from a link to it.
   if (keeps_ == Keeps::kBeside && photo_ == before) {

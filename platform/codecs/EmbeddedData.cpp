@@ -9,6 +9,7 @@
 
 #include "platform/codecs/CodecDetail.h"
 #include "platform/codecs/VipsSupport.h"
+#include "platform/files/BinaryStream.h"
 
 namespace brivolant {
 namespace {
@@ -69,11 +70,6 @@ void ReadBoxes(const FolderItem& file, EmbeddedData& data) {
     bytes.resize(std::fread(bytes.data(), 1, count, opened.get()));
     return bytes;
   };
-  const auto number = [](std::string_view bytes) {
-    std::uint64_t value = 0;
-    for (const char c : bytes) value = value << 8 | static_cast<unsigned char>(c);
-    return value;
-  };
   const std::uint64_t size = file.Length();
   std::uint64_t at = 0;
   // No file of a camera or of a program has more.
@@ -81,10 +77,11 @@ void ReadBoxes(const FolderItem& file, EmbeddedData& data) {
     if (fseeko(opened.get(), static_cast<off_t>(at), SEEK_SET) != 0) return;
     const std::string head = read(kHead);
     if (head.size() < kHead) return;
-    std::uint64_t length = number(std::string_view(head).substr(0, 4));
+    std::uint64_t length = BinaryStream(head).ReadUInt32();
     std::uint64_t behind = kHead;
     if (length == 1) {
-      length = number(read(kHead));
+      const std::string longer = read(kHead);
+      length = BinaryStream(longer).ReadUInt64();
       behind += kHead;
     }
     // The last one may have none.

@@ -69,4 +69,12 @@ std::string NumberedName(std::string_view stem, int number, std::string_view end
   return std::string(CutAtCharacter(stem, kLongestName - taken)).append(tail);
 }
 
+FolderItem PlaceAfter(const FolderItem& item, const FolderItem& before, const FolderItem& after) {
+  const std::string path = item.ShellPath();
+  const std::string from = before.ShellPath();
+  if (path == from) return after;
+  if (!path.starts_with(from + "/")) return {};
+  return FolderItem(after.ShellPath() + path.substr(from.size()));
+}
+
 }  // namespace brivolant

@@ -5,6 +5,8 @@
 #include <string_view>
 
 /// Names of files, made in one place from what users type.
+#include "platform/files/FolderItem.h"
+
 namespace brivolant {
 
 /// Bytes that a name may have on the file systems people use.
@@ -26,5 +28,8 @@ std::string SafeFileName(std::string_view text, std::string_view ending = {});
 /// name fits kLongestName less `reserved` bytes.
 std::string NumberedName(std::string_view stem, int number, std::string_view ending,
                          std::size_t reserved = 0);
+
+/// Where something lies after a file or a folder has got another place; nil for what did not move.
+FolderItem PlaceAfter(const FolderItem& item, const FolderItem& before, const FolderItem& after);
 
 }  // namespace brivolant
