@@ -253,34 +253,9 @@ std::unique_ptr<DirectoryEditor> Structure(const DirectoryEditor* held, Metadata
 /// The packet without what describes the photo's own pixels.
 std::string Packet(std::string packet, MetadataCopy::Rule rule, const MetadataCopy::Facts& facts) {
   if (packet.empty()) return {};
-  std::vector<std::string_view> gone{"ImageWidth",
-                                     "ImageLength",
-                                     "BitsPerSample",
-                                     "Compression",
-                                     "Photometric",
-                                     "SamplesPerPixel",
-                                     "PlanarConfiguration",
-                                     "PixelXDimension",
-                                     "PixelYDimension",
-                                     "Thumbnails",
-                                     "HasExtendedXMP",
-                                     "MotionPhoto",
-                                     "MicroVideo",
-                                     "Regions",
-                                     "CFAPattern",
-                                     "XResolution",
-                                     "YResolution",
-                                     "ResolutionUnit",
-                                     "ICCProfile",
-                                     "ColorSpace",
-                                     "GPano:",
-                                     "hdrgm:",
-                                     "Container:",
-                                     "crs:",
-                                     "GImage:",
-                                     "GDepth:",
-                                     "GAudio:",
-                                     "HDRGainMap:"};
+  std::vector<std::string_view> gone(MetadataParts::kOfPixels.begin(),
+                                     MetadataParts::kOfPixels.end());
+  gone.emplace_back("HasExtendedXMP");
   if (rule == MetadataCopy::Rule::kWithoutPlace) {
     gone.insert(gone.end(), MetadataParts::kPlaces.begin(), MetadataParts::kPlaces.end());
   }

@@ -308,6 +308,9 @@ std::vector<std::pair<int, std::string>> MetadataParts::Resources() const {
 
 bool MetadataParts::TakeTexts(CarriedData& data) {
   // What the file said before is said no more: half of it beside half of another would be no truth.
+  // Only what describes the pixels of this file stays, such as a panorama or a second picture.
+  // Of what cannot be read nothing does.
+  (void)XMPEditor::CarryLike(data.XMP, xmp_, {kOfPixels.begin(), kOfPixels.end()});
   if (data.XMP != xmp_) XMP(std::move(data.XMP));
   if (resources_.Whole()) {
     for (auto& [id, bytes] : data.Resources) {
@@ -318,8 +321,29 @@ bool MetadataParts::TakeTexts(CarriedData& data) {
   return data.IPTC == IPTC() || IPTC(std::move(data.IPTC));
 }
 
+bool MetadataParts::KeepColors(DirectoryEditor& structure) const {
+  constexpr int kColorSpace = 0xA001;
+  constexpr int kInteropIndex = 0x0001;
+  if (!tiff_ || !tiff_->Has(DirectoryEditor::kExif, kColorSpace)) return true;
+  const bool swap = structure.LittleEndian() != tiff_->LittleEndian();
+  for (const auto& [directory, tag] : {std::pair(DirectoryEditor::kExif, kColorSpace),
+                                       std::pair(DirectoryEditor::kInterop, kInteropIndex)}) {
+    if (!tiff_->Has(directory, tag)) {
+      if (structure.Has(directory, tag) && !structure.Remove(directory, tag)) return false;
+      continue;
+    }
+    const int type = tiff_->TypeOf(directory, tag);
+    if (SizeOfType(type) == 0) continue;
+    std::string bytes = tiff_->BytesOf(directory, tag);
+    if (swap) bytes = DirectoryEditor::Swapped(type, std::move(bytes));
+    if (!structure.Set(directory, tag, type, std::move(bytes))) return false;
+  }
+  return true;
+}
+
 bool MetadataParts::TakeStructure(std::unique_ptr<DirectoryEditor> structure) {
   if (!structure || structure->Tags(DirectoryEditor::kFirst).empty()) return true;
+  if (!KeepColors(*structure)) return false;
   tiff_ = std::move(structure);
   tiffChanged_ = newStructure_ = true;
   return (!tiff_->Has(DirectoryEditor::kExif) || Complete(DirectoryEditor::kExif, false)) &&

@@ -54,6 +54,34 @@ class MetadataParts {
   static constexpr std::array<std::string_view, 11> kPlaces{
       "GPS",      "City",     "State", "Country",          "Location",        "Sublocation",
       "Province", "coverage", "geo:",  "AbsoluteAltitude", "RelativeAltitude"};
+  /// The same of those that describe the pixels of the very file.
+  static constexpr std::array<std::string_view, 27> kOfPixels{"ImageWidth",
+                                                              "ImageLength",
+                                                              "BitsPerSample",
+                                                              "Compression",
+                                                              "Photometric",
+                                                              "SamplesPerPixel",
+                                                              "PlanarConfiguration",
+                                                              "PixelXDimension",
+                                                              "PixelYDimension",
+                                                              "Thumbnails",
+                                                              "MotionPhoto",
+                                                              "MicroVideo",
+                                                              "Regions",
+                                                              "CFAPattern",
+                                                              "XResolution",
+                                                              "YResolution",
+                                                              "ResolutionUnit",
+                                                              "ICCProfile",
+                                                              "ColorSpace",
+                                                              "GPano:",
+                                                              "hdrgm:",
+                                                              "Container:",
+                                                              "crs:",
+                                                              "GImage:",
+                                                              "GDepth:",
+                                                              "GAudio:",
+                                                              "HDRGainMap:"};
 
   /// By what the file begins with; null for a kind that is not written, or what makes no sense.
   static std::unique_ptr<MetadataParts> Of(MetadataStream& stream);
@@ -94,6 +122,9 @@ class MetadataParts {
   }
   /// What the standards want beside what was set. False if it cannot be.
   bool Complete(DirectoryEditor::Directory directory, bool wasThere);
+  /// How the file's own pixels are read where no profile says it: whatever it is told, that stays.
+  /// False if it cannot be.
+  [[nodiscard]] bool KeepColors(DirectoryEditor& structure) const;
   /// What a structure of its own is made of; nothing changes if there is nothing in it.
   bool TakeStructure(std::unique_ptr<DirectoryEditor> structure);
   /// Packet, records and resources, in place of those that are there.

@@ -78,6 +78,7 @@ bool TiffParts::StripAll() {
 bool TiffParts::Take(CarriedData data) {
   // A maker's note counts from a place that the pixels have here.
   if (data.Tiff) {
+    if (!KeepColors(*data.Tiff)) return false;
     // Titles, what made it, when and by whom; and all that Exif says. What describes the pixels
     // stays.
     for (const int tag : {0x010D, 0x010E, 0x010F, 0x0110, 0x0131, 0x0132, 0x013B, 0x013C, 0x4746,

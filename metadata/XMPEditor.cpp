@@ -289,4 +289,54 @@ bool RemoveLike(std::string& packet, const std::vector<std::string_view>& beginn
   return true;
 }
 
+bool CarryLike(std::string& packet, const std::string& from,
+               const std::vector<std::string_view>& beginnings) {
+  if (from.empty()) return true;
+  pugi::xml_document source;
+  pugi::xml_document document;
+  if (!Load(source, from) || !Load(document, packet.empty() ? kEmpty : std::string_view(packet))) {
+    return false;
+  }
+  const pugi::xml_node held = XMPNodes::FindRdf(source);
+  pugi::xml_node rdf = XMPNodes::FindRdf(document);
+  if (!held || !rdf) return false;
+  bool any = false;
+  for (const pugi::xml_node description : held.children()) {
+    if (!IsRdf(description, "Description")) continue;
+    pugi::xml_node copy = rdf.append_copy(description);
+    bool holds = false;
+    for (auto attribute = copy.first_attribute(); attribute;) {
+      const auto next = attribute.next_attribute();
+      const std::string_view name = attribute.name();
+      const bool like = !name.starts_with("xmlns") && Like(name, beginnings);
+      holds = holds || like;
+      if (!like && !name.starts_with("xmlns") && XMPNodes::Local(name) != "about") {
+        copy.remove_attribute(attribute);
+      }
+      attribute = next;
+    }
+    for (auto child = copy.first_child(); child;) {
+      const auto next = child.next_sibling();
+      const bool like = child.type() == pugi::node_element && Like(child.name(), beginnings);
+      holds = holds || like;
+      if (!like) copy.remove_child(child);
+      child = next;
+    }
+    if (!holds) {
+      rdf.remove_child(copy);
+      continue;
+    }
+    any = true;
+    // Its names may have been declared further out.
+    for (pugi::xml_node outer = held; outer; outer = outer.parent()) {
+      for (const pugi::xml_attribute space : outer.attributes()) {
+        const std::string_view name = space.name();
+        if (name.starts_with("xmlns") && !copy.attribute(space.name())) copy.append_copy(space);
+      }
+    }
+  }
+  if (any) packet = Saved(document);
+  return true;
+}
+
 }  // namespace brivolant::XMPEditor

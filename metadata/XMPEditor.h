@@ -21,6 +21,10 @@ bool InLanguages(std::string_view property);
 /// of known and unknown namespaces, also within structures; with a colon at its end, all of a
 /// prefix.
 [[nodiscard]] bool RemoveLike(std::string& packet, const std::vector<std::string_view>& beginnings);
+/// Puts into a packet what of another has such a name, whole, beside what it holds; an empty packet
+/// is made if there is any. False, and the packet is as it was, if one of them cannot be read.
+[[nodiscard]] bool CarryLike(std::string& packet, const std::string& from,
+                             const std::vector<std::string_view>& beginnings);
 
 }  // namespace XMPEditor
 

@@ -234,20 +234,25 @@ TEST_F(CommandLine, WhatAnotherPhotoTellsStandsInPlaceOfAllThatTheFileTold) {
     return Path(name);
   };
   const std::string from = photo("from.jpg");
-  ASSERT_EQ(Cli({"metadata", "--set", "TIFF.0110=Model", "--add", "IPTC.105=Headline", from}).code,
+  ASSERT_EQ(Cli({"metadata", "--set", "TIFF.0110=Model", "--set", "EXIF.A001=1", "--add",
+                 "IPTC.105=Headline", from})
+                .code,
             0);
   for (const char* name : {"to.jpg", "to.tif"}) {
     const std::string to = photo(name);
-    ASSERT_EQ(
-        Cli({"metadata", "--set", "TIFF.013B=Ada", "--set", "EXIF.829A=1/160", "--set",
-             "GPS.0002=51 30 26.4", "--set", "XMP.dc:title=A title", "--add", "IPTC.25=one", to})
-            .code,
-        0);
+    ASSERT_EQ(Cli({"metadata", "--set", "TIFF.013B=Ada", "--set", "EXIF.829A=1/160", "--set",
+                   "GPS.0002=51 30 26.4", "--set", "XMP.dc:title=A title", "--add", "IPTC.25=one",
+                   "--set", "EXIF.A001=65535", "--set", "XMP.photoshop:ICCProfile=My colors", to})
+                  .code,
+              0);
     const Picture before = Open(name);
     EXPECT_EQ(Cli({"metadata", "--copy-from", from, to}).err, "");
     const std::string told = Cli({"metadata", to}).out;
     EXPECT_THAT(told, HasSubstr("Device Model: Model"));
     EXPECT_THAT(told, HasSubstr("Headline: Headline"));
+    // What describes the pixels, which stay.
+    EXPECT_THAT(told, HasSubstr("Color Space: Uncalibrated"));
+    EXPECT_THAT(told, HasSubstr("My colors"));
     // Half of two truths would be none.
     EXPECT_THAT(told, Not(testing::ContainsRegex("Ada|1/160|Latitude|A title|Keywords")));
     EXPECT_EQ(LargestDifference(Open(name), before), 0);
