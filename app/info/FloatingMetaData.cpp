@@ -260,6 +260,8 @@ void FloatingMetaData::Follow(const FolderItem& before, const FolderItem& after)
   file_ = now;
   ShowTitle();
   if (!info_) return;
+  // What was just taken back shall not come again with what is kept.
+  if (keep_.isActive()) Keep();
   // The rows tell name and place; and what is kept of it may have come to its new place before.
   if (!Dirty()) return Take(info_);
   ShowWords();
